@@ -1,0 +1,113 @@
+// The stream in which objects are stored and from which they are read back.
+//
+// One archive goes one way: made over a byte string to store, over bytes to load. Exchange() writes
+// or reads its argument accordingly, so that a field order is written down once.
+//
+// Forms:
+//   32-bit value  four bytes, little-endian
+//   text          its length, then its bytes with no NUL. The length is one byte below 255;
+//                 otherwise the byte 255 and 16 bits below 65534; otherwise the byte 255, the
+//                 16-bit value 65535 and 32 bits
+//   object        its class name as a text, its class's schema as a 32-bit value, then what its
+//                 Serialize() writes. The empty class name stands for no object
+//   object list   its count as a 32-bit value, then each object
+//
+// Invariants while loading:
+//   1. Nothing is read past the end, and nothing is allocated for more than the bytes that are
+//   left.
+//   2. After the first thing that cannot be read, Failed() holds and stays: every later value loads
+//      as 0, every text as empty, every object as null, and a list ends.
+
+#ifndef QUILLKIT_BASE_ARCHIVE_H_
+#define QUILLKIT_BASE_ARCHIVE_H_
+
+#include <cstddef>
+#include <cstdint>
+#include <list>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "base/fixed_text.h"
+#include "base/root_object.h"
+
+namespace quillkit {
+
+class Archive {
+ public:
+  // Stores at the end of `sink`, which must outlive the archive.
+  explicit Archive(std::string* sink) : sink_(sink) {}
+
+  // Loads from `source`, whose bytes must outlive the archive.
+  explicit Archive(std::string_view source) : source_(source) {}
+
+  bool IsStoring() const { return sink_ != nullptr; }
+  bool Failed() const { return failed_; }
+
+  // Bytes not read yet; 0 while storing and after a failure.
+  std::size_t Remaining() const { return source_.size(); }
+
+  void Exchange(std::uint32_t& value);
+  void Exchange(std::int32_t& value);
+  void Exchange(std::string& text);
+
+  // Stores the field's text. Loads a text into the field, cut where the field ends.
+  template <std::size_t N>
+  void Exchange(FixedText<N>& field) {
+    if (IsStoring()) return StoreText(field.View());
+    field.Assign(LoadText());
+  }
+
+  // Stores the objects, which the list goes on owning. Loads objects of class `Object` or derived
+  // from it at the end of the list; anything else there, null included, fails the archive.
+  template <class Object>
+  void Exchange(std::list<Object*>& objects);
+
+  // Writes `text` in its stream form. REQUIRES: IsStoring().
+  void StoreText(std::string_view text);
+
+  // Writes an object, or null, with its class identity. REQUIRES: IsStoring().
+  void StoreObject(RootObject* object);
+
+  // The next text, a part of the source's bytes. REQUIRES: !IsStoring().
+  std::string_view LoadText();
+
+  // The next object, of class `Object` or derived from it. Null where null was stored. A class that
+  // is not registered, is of another schema or is not an `Object` is a failure and gives null; its
+  // content is not looked at, so that a stream cannot nest deeper than the classes do.
+  // REQUIRES: !IsStoring().
+  template <class Object>
+  std::unique_ptr<Object> LoadObject() {
+    return std::unique_ptr<Object>(static_cast<Object*>(LoadObjectOf(Object::kClass).release()));
+  }
+
+ private:
+  std::unique_ptr<RootObject> LoadObjectOf(const ClassRecord& expected);
+  void StoreNumber(std::uint32_t value, std::size_t bytes);
+  std::uint32_t LoadNumber(std::size_t bytes);
+  std::string_view LoadBytes(std::size_t count);
+  void Fail();
+
+  std::string* sink_ = nullptr;
+  std::string_view source_;
+  bool failed_ = false;
+};
+
+template <class Object>
+void Archive::Exchange(std::list<Object*>& objects) {
+  auto count = static_cast<std::uint32_t>(objects.size());
+  if (IsStoring()) {
+    Exchange(count);
+    for (Object* each : objects) StoreObject(each);
+    return;
+  }
+  for (Exchange(count); count > 0 && !failed_; --count) {
+    std::unique_ptr<Object> object = LoadObject<Object>();
+    if (object == nullptr) return Fail();
+    objects.push_back(object.release());
+  }
+}
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_BASE_ARCHIVE_H_

@@ -1,0 +1,152 @@
+// The allocated run of records behind soft keys, user lists, entry pages, fax entries and list
+// members.
+//
+// Invariants:
+//   1. data() is block() plus skip() records; both are null when there is no block.
+//   2. count() records from data() on are live, and lie inside the block.
+//   3. Records are trivially copyable: they are moved by block copies, and the block comes from the
+//      C allocator so that it grows and shrinks in place. New records are not initialised.
+//
+// Any call that is not const moves or overwrites records: addresses from data() and At() are good
+// only until then.
+
+#ifndef QUILLKIT_BASE_ENTRY_BLOCK_H_
+#define QUILLKIT_BASE_ENTRY_BLOCK_H_
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <type_traits>
+#include <utility>
+
+namespace quillkit {
+
+template <class Record>
+class EntryBlock {
+  static_assert(std::is_trivially_copyable_v<Record>);
+
+ public:
+  EntryBlock() = default;
+  ~EntryBlock() { std::free(block_); }
+
+  EntryBlock(EntryBlock&& other) noexcept { Swap(other); }
+  EntryBlock& operator=(EntryBlock&& other) noexcept {
+    EntryBlock(std::move(other)).Swap(*this);
+    return *this;
+  }
+  EntryBlock(const EntryBlock&) = delete;
+  EntryBlock& operator=(const EntryBlock&) = delete;
+
+  void Swap(EntryBlock& other) noexcept {
+    std::swap(block_, other.block_);
+    std::swap(count_, other.count_);
+    std::swap(skip_, other.skip_);
+  }
+
+  // Releases the block; everything is 0 afterwards.
+  void Free() {
+    std::free(block_);
+    block_ = nullptr;
+    count_ = 0;
+    skip_ = 0;
+  }
+
+  // Replaces the block by one of `count` records, all of them live. False, and no block, when
+  // `count` is not above 0 or the memory is refused.
+  bool Allocate(std::int32_t count) {
+    Free();
+    if (!Fits(count)) return false;
+    block_ = static_cast<Record*>(std::malloc(Bytes(count)));
+    if (block_ != nullptr) count_ = count;
+    return block_ != nullptr;
+  }
+
+  // Makes `count` records live, keeping skip() and the records that fit. False, and no change, when
+  // `count` is not above 0 or the memory is refused.
+  bool Resize(std::int32_t count) {
+    if (!Fits(count) || !Fits(skip_ + count) || !Reallocate(skip_ + count)) return false;
+    count_ = count;
+    return true;
+  }
+
+  // After a read that filled a part of the block: keeps `count` records. Direction 1 keeps the
+  // front and cuts the block to size; any other keeps the back, moves data() forward and keeps the
+  // block. 0 empties the run and keeps the block. False, and no change, below 0 or above count().
+  bool Shrink(std::int32_t count, std::int32_t direction) {
+    if (count < 0 || count > count_) return false;
+    if (count == count_) return true;
+    if (count != 0 && direction == 1) {
+      // A block that will not move to a smaller one stays as it is: the records are all there.
+      skip_ = 0;
+      Reallocate(count);
+    } else if (count != 0) {
+      skip_ = count_ - count;
+    }
+    count_ = count;
+    return true;
+  }
+
+  // Empties the run; the block stays.
+  void Clear() { count_ = 0; }
+
+  // Copies `record` behind the last one and returns the new count, or -1 when memory is refused.
+  // `record` may lie inside the block.
+  std::int32_t Append(const Record& record) {
+    const Record copy = record;
+    if (!Resize(count_ + 1)) return -1;
+    std::memcpy(static_cast<void*>(data() + count_ - 1), &copy, sizeof copy);
+    return count_;
+  }
+
+  // Moves the later records down by one. False, and no change, for an index out of range. The block
+  // keeps its size.
+  bool RemoveAt(std::int32_t index) {
+    if (!Holds(index)) return false;
+    Record* slot = data() + index;
+    std::memmove(static_cast<void*>(slot), slot + 1, Bytes(count_ - index - 1));
+    --count_;
+    return true;
+  }
+
+  // The record at `index`, or null out of range.
+  Record* At(std::int32_t index) { return Holds(index) ? data() + index : nullptr; }
+  const Record* At(std::int32_t index) const { return Holds(index) ? data() + index : nullptr; }
+
+  bool Holds(std::int32_t index) const { return index >= 0 && index < count_; }
+  bool IsEmpty() const { return count_ == 0; }
+  std::int32_t count() const { return count_; }
+  std::int32_t skip() const { return skip_; }
+  Record* block() { return block_; }
+  Record* data() { return block_ != nullptr ? block_ + skip_ : nullptr; }
+  const Record* data() const { return block_ != nullptr ? block_ + skip_ : nullptr; }
+
+  Record* begin() { return data(); }
+  Record* end() { return data() + count_; }
+  const Record* begin() const { return data(); }
+  const Record* end() const { return data() + count_; }
+
+ private:
+  static std::size_t Bytes(std::int32_t count) {
+    return static_cast<std::size_t>(count) * sizeof(Record);
+  }
+
+  static bool Fits(std::int32_t count) {
+    return count > 0 && static_cast<std::size_t>(count) <= PTRDIFF_MAX / sizeof(Record);
+  }
+
+  bool Reallocate(std::int32_t records) {
+    void* moved = std::realloc(static_cast<void*>(block_), Bytes(records));
+    if (moved == nullptr) return false;
+    block_ = static_cast<Record*>(moved);
+    return true;
+  }
+
+  Record* block_ = nullptr;
+  std::int32_t count_ = 0;
+  std::int32_t skip_ = 0;
+};
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_BASE_ENTRY_BLOCK_H_

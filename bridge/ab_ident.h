@@ -1,0 +1,73 @@
+// The name of one book on the server.
+
+#ifndef QUILLKIT_BRIDGE_AB_IDENT_H_
+#define QUILLKIT_BRIDGE_AB_IDENT_H_
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "base/fixed_text.h"
+
+namespace quillkit {
+
+// What sort of book. A plain value, not a mask: 768 is a kind of its own.
+enum class BookKind : std::uint32_t {
+  kNone = 0,
+  kEmail = 1,          // "EMAILAB"
+  kFax = 2,            // "FAXAB"
+  kUsers = 4,          // "USERSAB"
+  kPrinters = 8,       // "PRINTERSAB"
+  kPrivateEmail = 16,  // "PRIVATEAB", of the connected user
+  kPublicList = 64,    // the list's own name; an empty name enumerates
+  kPrivateList = 128,  // the same for the connected user's lists
+  kTop = 256,          // "TOPAB", the soft keys
+  kKeyItems = 512,     // the soft key's name
+  kFaxList = 768,      // the list's own name; an empty name enumerates
+  kLog = 1024,         // "LOGAB"
+  kModels = 2048,      // "MODELAB", the printer models
+};
+
+inline constexpr std::string_view kEmailBook = "EMAILAB";
+inline constexpr std::string_view kFaxBook = "FAXAB";
+inline constexpr std::string_view kUsersBook = "USERSAB";
+inline constexpr std::string_view kPrintersBook = "PRINTERSAB";
+inline constexpr std::string_view kPrivateBook = "PRIVATEAB";
+inline constexpr std::string_view kTopBook = "TOPAB";
+inline constexpr std::string_view kLogBook = "LOGAB";
+inline constexpr std::string_view kModelsBook = "MODELAB";
+
+struct ABIdent {
+  BookKind kind = BookKind::kNone;
+  FixedText<32> name;
+
+  ABIdent() = default;
+  ABIdent(BookKind bookKind, std::string_view bookName) : kind(bookKind), name(bookName) {}
+  ABIdent(const ABIdent&) = default;
+
+  // Copies the name's text alone: the kind stays, and so do the bytes behind the NUL.
+  ABIdent& operator=(const ABIdent& other) {
+    if (this != &other) name.Assign(other.name.View());
+    return *this;
+  }
+
+  // 1, or 0 and no change for a name of 32 or more characters.
+  int SetName(std::string_view text) { return name.Set(text); }
+
+  // Stores the kind unless it is 0. The result is 0 in both cases.
+  int SetKind(const BookKind* newKind) {
+    if (*newKind != BookKind::kNone) kind = *newKind;
+    return 0;
+  }
+
+  friend bool operator==(const ABIdent& a, const ABIdent& b) {
+    return a.kind == b.kind && a.name == b.name;
+  }
+};
+
+static_assert(sizeof(ABIdent) == 36);
+static_assert(offsetof(ABIdent, kind) == 0 && offsetof(ABIdent, name) == 4);
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_BRIDGE_AB_IDENT_H_

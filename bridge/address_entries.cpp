@@ -1,0 +1,59 @@
+#include "bridge/address_entries.h"
+
+#include <algorithm>
+
+#include "base/archive.h"
+
+namespace quillkit {
+
+int CEmailEntry::Set(const EntryKey& key, const char* newAddress) {
+  if (newAddress == nullptr || !key.name.IsTerminated() || SetAddress(newAddress) == 0) return 0;
+  name.Assign(key.name.View());
+  flags = 0;
+  return 1;
+}
+
+void CEmailEntry::Terminate() {
+  name.Terminate();
+  address.Terminate();
+}
+
+bool CEmailEntry::Matches(const CEmailEntry& a, const CEmailEntry& b) {
+  return !(a.name == b.name) && !(a.address == b.address) && a.flags == b.flags;
+}
+
+void CEmailEntry::Serialize(Archive& archive) {
+  archive.Exchange(name);
+  archive.Exchange(address);
+  archive.Exchange(flags);
+}
+
+int CFaxEntry::Set(const EntryKey& key, std::string_view newNumber, std::string_view newThird) {
+  const int numberStored = SetNumber(newNumber);
+  if (numberStored != 0) name.Assign(key.name.View());
+  const int thirdStored = SetThird(newThird);
+  return numberStored | thirdStored;
+}
+
+bool CFaxEntry::IsValid() const {
+  return name.IsTerminated() && number.IsTerminated() && third.IsTerminated();
+}
+
+void CFaxEntry::Terminate() {
+  name.Terminate();
+  number.Terminate();
+  third.Terminate();
+}
+
+int CFaxEntry::HasDigit() const {
+  const std::string_view text = number.View();
+  return std::any_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; }) ? 1 : 0;
+}
+
+void CFaxEntry::Serialize(Archive& archive) {
+  archive.Exchange(name);
+  archive.Exchange(number);
+  archive.Exchange(third);
+}
+
+}  // namespace quillkit

@@ -1,0 +1,77 @@
+// The small records that server calls take beside a book, a key and an entry.
+
+#ifndef QUILLKIT_BRIDGE_CALL_RECORDS_H_
+#define QUILLKIT_BRIDGE_CALL_RECORDS_H_
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "base/fixed_text.h"
+
+namespace quillkit {
+
+// A run of a book for the bulk reads.
+struct KeyRange {
+  FixedText<32> first;   // deliver what sorts behind this key (before it, reading back); empty: all
+  FixedText<32> filter;  // empty or "*": every entry; text and "*": names that begin with the text;
+                         // in LOGAB a user's name
+  std::int32_t skip = 0;  // matching entries to pass over before delivering
+
+  KeyRange() = default;
+  explicit KeyRange(std::string_view firstName, std::string_view filterText = "*",
+                    std::int32_t skipCount = 0)
+      : first(firstName), filter(filterText), skip(skipCount) {}
+};
+
+// One row of a book's letter census.
+struct PageBoundary {
+  char letter = '\0';
+  char reserved[3] = {};
+  std::int32_t count = 0;  // entries whose names begin with `letter`
+};
+
+// The credentials of a login.
+struct LoginRecord {
+  std::uint32_t address = 0;  // in the byte order of inet_addr
+  FixedText<32> user;
+  FixedText<16> password;
+};
+
+// The operations of IMSPIOCtl in use.
+enum class IOCtlCode : std::int32_t {
+  kSetTimeout = 1,       // value in: milliseconds
+  kGetTimeout = 2,       // value out: milliseconds
+  kGetWakeupPeriod = 6,  // value out: milliseconds that the server allows between signs of life
+  kDatabaseCommand = 7,  // value 0; text in: the command
+  kGetText = 12,         // text in: 400 bytes, the first NUL; text out: where the reply stands
+};
+
+// The one record whose size depends on the platform: 12 bytes with 32-bit pointers.
+struct IOCtlRecord {
+  IOCtlCode code = IOCtlCode::kGetTimeout;
+  std::uint32_t value = 0;
+  char* text = nullptr;
+};
+
+// One row of the log book. The library fetches, counts and hands it out, and reads nothing of it.
+struct LogRecord {
+  char bytes[200] = {};
+};
+
+static_assert(sizeof(KeyRange) == 68);
+static_assert(offsetof(KeyRange, first) == 0 && offsetof(KeyRange, filter) == 32 &&
+              offsetof(KeyRange, skip) == 64);
+static_assert(sizeof(PageBoundary) == 8);
+static_assert(offsetof(PageBoundary, letter) == 0 && offsetof(PageBoundary, count) == 4);
+static_assert(sizeof(LoginRecord) == 52);
+static_assert(offsetof(LoginRecord, address) == 0 && offsetof(LoginRecord, user) == 4 &&
+              offsetof(LoginRecord, password) == 36);
+static_assert(sizeof(IOCtlRecord) == 8 + sizeof(char*));
+static_assert(offsetof(IOCtlRecord, code) == 0 && offsetof(IOCtlRecord, value) == 4 &&
+              offsetof(IOCtlRecord, text) == 8);
+static_assert(sizeof(LogRecord) == 200);
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_BRIDGE_CALL_RECORDS_H_

@@ -1,0 +1,34 @@
+// The name of one entry in a book.
+
+#ifndef QUILLKIT_BRIDGE_ENTRY_KEY_H_
+#define QUILLKIT_BRIDGE_ENTRY_KEY_H_
+
+#include <cstddef>
+#include <string_view>
+
+#include "base/fixed_text.h"
+
+namespace quillkit {
+
+struct EntryKey {
+  FixedText<32> name;
+
+  EntryKey() = default;
+  explicit EntryKey(std::string_view text) : name(text) {}
+
+  // 1, or 0 and no change for a text of 32 or more characters.
+  int SetKey(std::string_view text) { return name.Set(text); }
+
+  // Below, at or above 0 as this key sorts before, with or after `other`: by unsigned bytes up to
+  // the first NUL.
+  int Compare(const EntryKey& other) const { return name.View().compare(other.name.View()); }
+
+  friend bool operator==(const EntryKey& a, const EntryKey& b) { return a.name == b.name; }
+  friend bool operator<(const EntryKey& a, const EntryKey& b) { return a.Compare(b) < 0; }
+};
+
+static_assert(sizeof(EntryKey) == 32 && offsetof(EntryKey, name) == 0);
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_BRIDGE_ENTRY_KEY_H_

@@ -1,0 +1,35 @@
+// The result of a server call, and the texts of its codes.
+
+#ifndef QUILLKIT_BRIDGE_STATUS_H_
+#define QUILLKIT_BRIDGE_STATUS_H_
+
+#include <cstdint>
+#include <string_view>
+
+namespace quillkit {
+
+// 0, a server code, or one of the local codes below 0.
+using Status = std::int32_t;
+
+// Server codes that the library itself tells apart or raises.
+inline constexpr Status kNoError = 0;
+inline constexpr Status kDataNotFound = 4;     // an empty result
+inline constexpr Status kNotInitialised = 20;  // the server library is not loaded
+inline constexpr Status kMoreData = 21;        // success with what fitted
+inline constexpr Status kBookFull = 24;        // a limit of the library or the server
+inline constexpr Status kInvalidHost = 25;     // a host name that does not resolve
+
+// Local codes. They are results only and are not recorded as the last error, with the one exception
+// that CAgent::BackupDatabase and RestoreDatabase tell.
+inline constexpr Status kRefused = -1;          // not connected, no such file, or a bad argument
+inline constexpr Status kUnusableInput = -2;    // a file that cannot be read, a text not accepted
+inline constexpr Status kMissingArgument = -3;  // an argument is absent, or not 7-bit
+inline constexpr Status kUnknownFormat = -11;
+
+// The text of a code. Codes 23 and 26 to 31 have none and give an empty text; a negative code or
+// one of 32 or more gives "Unknown Error Code !". Never null; lives as long as the library.
+std::string_view StatusText(Status code);
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_BRIDGE_STATUS_H_

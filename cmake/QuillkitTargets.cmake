@@ -1,0 +1,36 @@
+# What every target of the tree is built with.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+
+find_package(Threads REQUIRED)
+
+option(QUILLKIT_SANITIZE "Build with address and undefined-behaviour sanitizers" OFF)
+
+add_library(quillkit_options INTERFACE)
+target_compile_options(quillkit_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+                       -Werror)
+target_include_directories(quillkit_options INTERFACE ${PROJECT_SOURCE_DIR})
+if(QUILLKIT_SANITIZE)
+  target_compile_options(quillkit_options INTERFACE -fsanitize=address,undefined
+                         -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(quillkit_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# quillkit_library(name TYPE [sources]) and quillkit_executable(name [sources]): a target with the
+# project's options. Folders add their sources to quillkit_core with target_sources().
+function(quillkit_library name type)
+  add_library(${name} ${type} ${ARGN})
+  target_link_libraries(${name} PRIVATE quillkit_options)
+endfunction()
+
+function(quillkit_executable name)
+  add_executable(${name} ${ARGN})
+  target_link_libraries(${name} PRIVATE quillkit_options)
+endfunction()

@@ -1,0 +1,23 @@
+// Questions about files that the standard library has no portable answer to.
+
+#ifndef QUILLKIT_PLATFORM_FILES_H_
+#define QUILLKIT_PLATFORM_FILES_H_
+
+#include <string>
+
+namespace quillkit {
+
+// Whether anything has this path. "*" and "?" in the last component match any run of characters and
+// any one character; every other character stands for itself. A folder counts. False for null.
+bool MatchesAnyFile(const char* path);
+
+// Creates an empty file with a unique name that begins with `prefix` (three letters) in the folder
+// for temporary files, and gives its path; an empty text when that cannot be done.
+std::string CreateTemporaryFile(const char* prefix);
+
+// Deletes a file. A failure is ignored.
+void DeleteFileAt(const std::string& path);
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_PLATFORM_FILES_H_
