@@ -5,7 +5,8 @@
 //   1. data() is block() plus skip() records; both are null when there is no block.
 //   2. count() records from data() on are live, and lie inside the block.
 //   3. Records are trivially copyable: they are moved by block copies, and the block comes from the
-//      C allocator so that it grows and shrinks in place. New records are not initialised.
+//      C allocator so that it grows and shrinks in place. The records of a new block are zeroed, so
+//      that what a server claims to have delivered and did not is blank.
 //
 // Any call that is not const moves or overwrites records: addresses from data() and At() are good
 // only until then.
@@ -52,12 +53,12 @@ class EntryBlock {
     skip_ = 0;
   }
 
-  // Replaces the block by one of `count` records, all of them live. False, and no block, when
+  // Replaces the block by one of `count` zeroed records, all of them live. False, and no block, when
   // `count` is not above 0 or the memory is refused.
   bool Allocate(std::int32_t count) {
     Free();
     if (!Fits(count)) return false;
-    block_ = static_cast<Record*>(std::malloc(Bytes(count)));
+    block_ = static_cast<Record*>(std::calloc(static_cast<std::size_t>(count), sizeof(Record)));
     if (block_ != nullptr) count_ = count;
     return block_ != nullptr;
   }

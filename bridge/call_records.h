@@ -19,8 +19,7 @@ struct KeyRange {
   std::int32_t skip = 0;  // matching entries to pass over before delivering
 
   KeyRange() = default;
-  explicit KeyRange(std::string_view firstName, std::string_view filterText = "*",
-                    std::int32_t skipCount = 0)
+  KeyRange(std::string_view firstName, std::string_view filterText, std::int32_t skipCount = 0)
       : first(firstName), filter(filterText), skip(skipCount) {}
 };
 

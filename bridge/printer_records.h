@@ -16,6 +16,12 @@ struct PrinterModelRecord {
   FixedText<32> modelText;
   std::uint32_t modelWord1 = 0;
   std::uint32_t modelWord2 = 0;
+
+  // Ends the texts inside their fields: for records that a server filled in.
+  void Terminate() {
+    modelName.Terminate();
+    modelText.Terminate();
+  }
 };
 
 struct PrinterRecord {
@@ -27,6 +33,13 @@ struct PrinterRecord {
   // what comes back in them means nothing.
   std::uint32_t modelLink = 0;
   std::uint32_t owner = 0;
+
+  // Ends the texts inside their fields: for records that a server filled in.
+  void Terminate() {
+    printerName.Terminate();
+    description.Terminate();
+    printerModel.Terminate();
+  }
 };
 
 static_assert(sizeof(PrinterModelRecord) == 72 && std::is_trivially_copyable_v<PrinterModelRecord>);

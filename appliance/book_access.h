@@ -1,0 +1,144 @@
+// One book on the server, as CScanner's access methods reach it: what kind and name it has, the
+// record of its entries, and the server call that each operation ends in.
+//
+// A value that is made for a call or two and keeps no state. Every operation makes one server call,
+// except ModifyEach, and returns its status as it is: 21 ("More Data Available than request") and 4
+// ("Data Not Found") are the caller's to judge, who may have received records with either. Without
+// an agent every operation gives -1 and makes no call.
+//
+// Records and rows that a server delivered are ended inside their text fields, so that their texts
+// may be read as C strings. A record's first field is its name, and its key in the book.
+
+#ifndef QUILLKIT_APPLIANCE_BOOK_ACCESS_H_
+#define QUILLKIT_APPLIANCE_BOOK_ACCESS_H_
+
+#include <algorithm>
+#include <cstdint>
+#include <string_view>
+#include <type_traits>
+
+#include "bridge/agent.h"
+#include "bridge/records.h"
+
+namespace quillkit {
+
+template <class Entry>
+class BookAccess {
+  static_assert(std::is_standard_layout_v<Entry>, "the name is reached as the first field");
+
+ public:
+  BookAccess(CAgent* agent, BookKind kind, std::string_view name)
+      : agent_(agent), book_(kind, name) {}
+
+  // IMSPReadAB: up to `*count` records of the range into `records`; `*count` becomes the number
+  // delivered. -1 also for a null buffer or a count of 0.
+  Status Read(KeyRange* range, Entry* records, std::uint32_t* count, std::int32_t direction) {
+    if (agent_ == nullptr || records == nullptr || *count == 0) return kRefused;
+    const std::uint32_t capacity = *count;
+    const Status status = agent_->IMSPReadAB(&book_, range, records, count, direction);
+    TerminateAll(records + (direction == 1 ? 0 : capacity - *count), *count);
+    return status;
+  }
+
+  // IMSPReadAB of the whole book: a null range, direction 1. Buffer and count are not tested.
+  Status ReadAll(Entry* records, std::uint32_t* count) {
+    if (agent_ == nullptr) return kRefused;
+    const Status status = agent_->IMSPReadAB(&book_, nullptr, records, count, 1);
+    TerminateAll(records, *count);
+    return status;
+  }
+
+  // IMSPListABEntries: as Read, for the names alone.
+  Status List(KeyRange* range, EntryKey* rows, std::uint32_t* count, std::int32_t direction) {
+    if (rows == nullptr) return kRefused;
+    return ListRange(range, rows, count, direction);
+  }
+
+  // IMSPListABEntries from the beginning with the filter "*". -1 also for a count of 0; the buffer
+  // is not tested.
+  Status ListNames(EntryKey* rows, std::uint32_t* count) {
+    KeyRange range({}, "*");
+    return ListRange(&range, rows, count, 1);
+  }
+
+  // IMSPCreateEntry.
+  Status Create(Entry* entry) {
+    if (agent_ == nullptr) return kRefused;
+    return agent_->IMSPCreateEntry(&book_, entry);
+  }
+
+  // IMSPReadEntryProperties of the entry that the record names, into the record.
+  Status ReadOne(Entry* entry) {
+    if (agent_ == nullptr) return kRefused;
+    EntryKey key = KeyOf(*entry);
+    const Status status = agent_->IMSPReadEntryProperties(&book_, &key, entry);
+    entry->Terminate();
+    return status;
+  }
+
+  // IMSPModifyEntry of the entry that the record names.
+  Status Modify(Entry* entry) { return ModifyByKey(KeyOf(*entry), entry); }
+
+  // IMSPModifyEntry of the entry `oldName`; the record carries the new name.
+  Status Rename(std::string_view oldName, Entry* entry) {
+    return ModifyByKey(EntryKey(oldName), entry);
+  }
+
+  // IMSPDeleteEntry of the entry that the record names, or of the name.
+  Status Delete(const Entry& entry) { return DeleteByKey(KeyOf(entry)); }
+  Status Delete(std::string_view name) { return DeleteByKey(EntryKey(name)); }
+
+  // IMSPModifyEntry of each record in turn, by its own name. The first status that is not 0 ends the
+  // run and is the result: what was sent stays, the rest is not sent. `*count` is read anew at each
+  // step.
+  Status ModifyEach(Entry* entries, const std::uint32_t* count) {
+    if (agent_ == nullptr) return kRefused;
+    for (std::uint32_t i = 0; i < *count; ++i) {
+      const Status status = Modify(&entries[i]);
+      if (status != kNoError) return status;
+    }
+    return kNoError;
+  }
+
+  // IMSPCreateAB, IMSPDeleteAB, IMSPSizeofAB (no filter).
+  Status CreateBook() { return agent_ != nullptr ? agent_->IMSPCreateAB(&book_) : kRefused; }
+  Status DeleteBook() { return agent_ != nullptr ? agent_->IMSPDeleteAB(&book_) : kRefused; }
+  Status Size(std::uint32_t* count) {
+    return agent_ != nullptr ? agent_->IMSPSizeofAB(&book_, count) : kRefused;
+  }
+
+ private:
+  static EntryKey KeyOf(const Entry& entry) {
+    return EntryKey(reinterpret_cast<const FixedText<32>&>(entry).View());
+  }
+
+  static void TerminateAll(Entry* records, std::uint32_t count) {
+    std::for_each(records, records + count, [](Entry& each) { each.Terminate(); });
+  }
+
+  Status ListRange(KeyRange* range, EntryKey* rows, std::uint32_t* count, std::int32_t direction) {
+    if (agent_ == nullptr || *count == 0) return kRefused;
+    const std::uint32_t capacity = *count;
+    const Status status = agent_->IMSPListABEntries(&book_, range, rows, count, direction);
+    EntryKey* delivered = rows + (direction == 1 ? 0 : capacity - *count);
+    std::for_each(delivered, delivered + *count, [](EntryKey& each) { each.name.Terminate(); });
+    return status;
+  }
+
+  Status ModifyByKey(EntryKey key, Entry* entry) {
+    if (agent_ == nullptr) return kRefused;
+    return agent_->IMSPModifyEntry(&book_, &key, entry);
+  }
+
+  Status DeleteByKey(EntryKey key) {
+    if (agent_ == nullptr) return kRefused;
+    return agent_->IMSPDeleteEntry(&book_, &key);
+  }
+
+  CAgent* agent_;
+  ABIdent book_;
+};
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_APPLIANCE_BOOK_ACCESS_H_

@@ -1,0 +1,76 @@
+// The list of appliances, and the agent's place in the class library.
+
+#include <algorithm>
+#include <iterator>
+
+#include "appliance/scanner.h"
+#include "base/archive.h"
+#include "books/user_record.h"
+#include "bridge/agent.h"
+
+namespace quillkit {
+
+const ClassRecord CAgent::kClass = {"CAgent", sizeof(CAgent), 1, CreateObject<CAgent>, nullptr};
+
+CAgent::CAgent() : scanCursor(scanners.end()) {}
+
+CAgent::~CAgent() { Shutdown(); }
+
+void CAgent::Serialize(Archive& archive) {
+  if (!archive.IsStoring() && !scanners.empty()) DeleteScanners();
+  archive.Exchange(scanners);
+}
+
+int CAgent::AddScanner(CScanner* scanner) {
+  if (scanner == nullptr) return 0;
+  const auto old = Locate(scanner->Address());
+  if (old != scanners.end()) Erase(old);
+  scanners.push_back(scanner);
+  return 1;
+}
+
+CScanner* CAgent::FindScanner(const std::uint32_t* address) const {
+  const auto found = Locate(*address);
+  return found != scanners.end() ? *found : nullptr;
+}
+
+int CAgent::RemoveScanner(const std::uint32_t* address) {
+  const auto found = Locate(*address);
+  if (found == scanners.end()) return 0;
+  Erase(found);
+  return 1;
+}
+
+CScanner* CAgent::ScannerAt(std::int32_t index) const {
+  if (index < 0 || index >= ScannerCount()) return nullptr;
+  return *std::next(scanners.begin(), index);
+}
+
+CScanner* CAgent::FirstScanner() {
+  scanCursor = scanners.begin();
+  return NextScanner();
+}
+
+CScanner* CAgent::NextScanner() {
+  return scanCursor != scanners.end() ? *scanCursor++ : nullptr;
+}
+
+void CAgent::DeleteScanners() {
+  while (!scanners.empty()) Erase(scanners.begin());
+  FreeLogRecords();
+}
+
+CAgent::ScannerList::const_iterator CAgent::Locate(std::uint32_t address) const {
+  return std::find_if(scanners.begin(), scanners.end(),
+                      [&](const CScanner* each) { return each->Address() == address; });
+}
+
+// Takes the node out before its object goes, and moves a walk that stands on it to the next one.
+void CAgent::Erase(ScannerList::const_iterator position) {
+  const CScanner* scanner = *position;
+  if (scanCursor == position) ++scanCursor;
+  scanners.erase(position);
+  delete scanner;
+}
+
+}  // namespace quillkit

@@ -1,0 +1,170 @@
+// What the agent offers beside the session: long operations, the log book, checks and texts.
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <new>
+
+#include "bridge/agent.h"
+
+namespace quillkit {
+namespace {
+
+constexpr std::uint32_t kMillisecondsPerSecond = 1000;
+constexpr std::uint32_t kMaxLogRecords = 1'000'000;
+constexpr std::size_t kServerTextSize = 400;  // bytes
+constexpr std::size_t kCommandSize = 400;     // bytes
+constexpr std::size_t kCommandWordLength = 14;
+constexpr std::string_view kCommandWords[] = {"DBBACKUP......", "DBRESTORE.....", "DBCHECK......."};
+constexpr std::int32_t kBackup = 0;
+constexpr std::int32_t kRestore = 1;
+constexpr std::int32_t kCheck = 2;
+
+}  // namespace
+
+// Does `work` under the long time-out. The first status that is not 0 is the result, and ends it: a
+// failure of the work leaves the time-out long.
+template <class Work>
+Status CAgent::RunLong(Work work) {
+  std::uint32_t old = 0;
+  Status status = SetServerTimeout(kLongTimeout, &old);
+  if (status != kNoError) return status;
+  status = work();
+  if (status != kNoError) return status;
+  std::uint32_t raised = 0;
+  return SetServerTimeout(old, &raised);
+}
+
+Status CAgent::SetServerTimeout(std::uint32_t seconds, std::uint32_t* old) {
+  IOCtlRecord request;
+  request.code = IOCtlCode::kGetTimeout;
+  const Status status = IMSPIOCtl(&request);
+  if (status != kNoError) return status;
+  *old = request.value / kMillisecondsPerSecond;
+  request.code = IOCtlCode::kSetTimeout;
+  request.value = seconds * kMillisecondsPerSecond;
+  return IMSPIOCtl(&request);
+}
+
+Status CAgent::RunBatch(const std::string& path) {
+  return RunLong([&] { return IMSPBatchConfiguration(path); });
+}
+
+Status CAgent::BackupDatabase(const char* first, const char* second) {
+  return RunLong([&] { return RecordedCommand(kBackup, first, second); });
+}
+
+Status CAgent::RestoreDatabase(const char* first, const char* second) {
+  return RunLong([&] { return RecordedCommand(kRestore, first, second); });
+}
+
+Status CAgent::CheckDatabase() {
+  // Where the old time-out cannot be read, the long one is what the restoring call sets.
+  std::uint32_t old = kLongTimeout;
+  SetServerTimeout(kLongTimeout, &old);
+  const Status status = DatabaseCommand(kCheck, nullptr, nullptr);
+  std::uint32_t raised = 0;
+  SetServerTimeout(old, &raised);
+  return status;
+}
+
+// The one way by which a local code gets into the last error: -1 for texts that do not fit.
+Status CAgent::RecordedCommand(std::int32_t kind, const char* first, const char* second) {
+  lastError = DatabaseCommand(kind, first, second);
+  return lastError;
+}
+
+Status CAgent::DatabaseCommand(std::int32_t kind, const char* first, const char* second) {
+  char command[kCommandSize] = {};
+  if (kind >= kBackup && kind <= kCheck) {
+    std::memcpy(command, kCommandWords[kind].data(), kCommandWordLength);
+  }
+  if (first == nullptr && second != nullptr) return kRefused;
+  if (first != nullptr) {
+    const std::size_t length = kCommandWordLength + std::strlen(first);
+    if (length >= kCommandSize - 1) return kRefused;
+    std::memcpy(command + kCommandWordLength, first, length - kCommandWordLength);
+    command[length] = ',';
+    if (second != nullptr) {
+      const std::size_t secondLength = std::strlen(second);
+      if (secondLength >= kCommandSize - 2 - length) return kRefused;
+      std::memcpy(command + length + 1, second, secondLength);
+    }
+  }
+  IOCtlRecord request;
+  request.code = IOCtlCode::kDatabaseCommand;
+  request.text = command;
+  return IMSPIOCtl(&request);
+}
+
+Status CAgent::ReadLog(const std::string& user) {
+  ABIdent book(BookKind::kLog, kLogBook);
+  std::uint32_t count = 0;
+  const Status status = IMSPSizeofAB(&book, &count, user.c_str());
+  if (status != kNoError) return status;
+  FreeLogRecords();
+  logCount = 0;
+  if (count == 0) return kNoError;
+  count = std::min(count, kMaxLogRecords);
+  logRecords.reset(static_cast<LogRecord*>(std::calloc(count, sizeof(LogRecord))));
+  if (logRecords == nullptr) return kRefused;
+  KeyRange range({}, user);
+  const Status read = IMSPReadAB(&book, &range, logRecords.get(), &count, 1);
+  logCount = count;
+  return read;
+}
+
+Status CAgent::ClearLog(const std::string& filter) {
+  ABIdent book(BookKind::kLog, kLogBook);
+  return RunLong([&] {
+    const Status status = IMSPClearAB(&book, filter.c_str());
+    if (status == kNoError && logRecords != nullptr) {
+      FreeLogRecords();
+      logCount = 0;
+    }
+    return status;
+  });
+}
+
+Status CAgent::ClearLogExceptSystem() { return ClearLog("_!ADMINISTRATOR_!GUEST"); }
+
+const LogRecord* CAgent::LogRecordAt(std::int32_t index) const {
+  if (logRecords == nullptr || index < 0 || static_cast<std::uint32_t>(index) >= logCount) {
+    return nullptr;
+  }
+  return &logRecords[static_cast<std::size_t>(index)];
+}
+
+Status CAgent::ValidateString(const std::string& text, std::int32_t limit) {
+  if (static_cast<std::int64_t>(text.size()) >= limit) return kRefused;
+  if (text.find('*') != std::string::npos) return kUnusableInput;
+  if (IMSPCheckString(text.c_str(), limit) != kNoError) return kUnusableInput;
+  // The first character may be any: applications rely on names that begin with an 8-bit one.
+  const bool sevenBit = std::none_of(text.begin() + (text.empty() ? 0 : 1), text.end(),
+                                     [](char c) { return (c & 0x80) != 0; });
+  return sevenBit ? kNoError : kMissingArgument;
+}
+
+Status CAgent::ServerText(char* text) {
+  char reply[kServerTextSize] = {};
+  IOCtlRecord request;
+  request.code = IOCtlCode::kGetText;
+  request.text = reply;
+  const Status status = IMSPIOCtl(&request);
+  text[0] = '\0';
+  if (status != kNoError || request.text == nullptr) return status;
+  // The server may leave the reply anywhere; in our buffer it ends where the buffer ends.
+  reply[kServerTextSize - 1] = '\0';
+  const char* end = std::find(request.text, request.text + kServerTextSize - 1, '\0');
+  *std::copy(const_cast<const char*>(request.text), end, text) = '\0';
+  return status;
+}
+
+Status CAgent::ChangeIdentity(const std::string& user) {
+  EntryKey key(user);
+  return IMSPChangeIdentity(&key);
+}
+
+void CAgent::ErrorText(std::string& text) const { text = StatusText(lastError); }
+
+}  // namespace quillkit

@@ -1,0 +1,37 @@
+// The sign of life that keeps the server from dropping the session.
+
+#include "bridge/the_agent.h"
+
+namespace quillkit {
+namespace {
+
+// What the timer runs. Its result is discarded, so that a failing sign of life never changes the
+// last error.
+void SendSignOfLife() {
+  auto* wakeup =
+      reinterpret_cast<Status (*)()>(FindEntryPoint(TheAgent.ServerLibrary(), "IMSPWakeup"));
+  if (wakeup != nullptr) wakeup();
+}
+
+}  // namespace
+
+Status CAgent::StartWakeup() {
+  if (wakeupPeriod != 0) return kNoError;
+  IOCtlRecord request;
+  request.code = IOCtlCode::kGetWakeupPeriod;
+  const Status status = IMSPIOCtl(&request);
+  if (status != kNoError) return status;
+  wakeupPeriod = request.value >> 1;
+  wakeupTimer = StartThreadTimer(wakeupPeriod, SendSignOfLife);
+  return lastError;
+}
+
+void CAgent::StopWakeup() {
+  if (wakeupTimer == 0) return;
+  StopThreadTimer(wakeupTimer);
+  wakeupTimer = 0;
+}
+
+bool CAgent::EnsureWakeup() { return wakeupTimer != 0 || StartWakeup() == kNoError; }
+
+}  // namespace quillkit

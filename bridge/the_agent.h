@@ -1,0 +1,16 @@
+// The agent that the whole library works with.
+
+#ifndef QUILLKIT_BRIDGE_THE_AGENT_H_
+#define QUILLKIT_BRIDGE_THE_AGENT_H_
+
+#include "bridge/agent.h"
+
+namespace quillkit {
+
+// An inline variable, so that it is constructed before, and destroyed after, every static object
+// that is defined behind this header.
+inline CAgent TheAgent;
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_BRIDGE_THE_AGENT_H_

@@ -1,0 +1,34 @@
+// Turns a directory export into a script for the public e-mail book.
+//
+// A line that begins with "dn:" opens an entry. Of the lines in it the first that begins with "cn:"
+// gives the name and the first with "mail:" the address; once both are there the entry is written
+// and everything up to the next opening line is skipped. Before that, "dn:" anywhere in a line
+// drops what the entry had. Names of attributes are case-sensitive; no other syntax of such files
+// is understood.
+//
+// A value is what follows the colon, cut at 31 or 255 bytes, and then without its leading blanks.
+// Every line loses its last character: its newline, or where it has none, because it is the last
+// one of the file or a piece of a line of more than 4094 characters, a character of its text.
+
+#ifndef QUILLKIT_IMPORT_CONVERT_DIRECTORY_EXPORT_H_
+#define QUILLKIT_IMPORT_CONVERT_DIRECTORY_EXPORT_H_
+
+#include <cstdint>
+
+#include "platform/message_pump.h"
+
+namespace quillkit {
+
+// Writes the script at `scriptPath`, replacing what is there, from the file at `sourcePath`; entries
+// keep their order. `isAdmin` nonzero writes the administrator's lines, and before them, if
+// `clearFirst` is nonzero too, the line "CA %s" as it stands. The last two arguments go to
+// PumpPendingMessages once a line.
+// Gives 0; -2 when the source cannot be read; -1 when the script cannot be written. A file that
+// holds no entry is none of these. A null path cannot be read or written.
+std::int32_t ConvertDirectoryExport(const char* sourcePath, const char* scriptPath,
+                                    std::int32_t clearFirst, std::int32_t isAdmin,
+                                    WindowHandle pumpWindow, std::int32_t restoreCursor);
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_IMPORT_CONVERT_DIRECTORY_EXPORT_H_

@@ -1,0 +1,28 @@
+// Turns a mail server's comma-separated export into a script for the public e-mail book.
+//
+// A row counts if its first field is the bare word Mailbox, without quotes. Its name is the fourth
+// field where all fields before it are plain and not empty. The address follows the first "SMTP:"
+// behind the name, in that case only, up to the first percent sign, comma or double quote; an
+// address that none of these ends takes the rest of the line, its newline included.
+//
+// Where a field before the name is quoted or empty, the row is read as the walk below falls out,
+// and the server's files count on it: with an empty second field, or a quoted one, the name is the
+// third field. A row that ends before its name, or with it, gives no entry.
+
+#ifndef QUILLKIT_IMPORT_CONVERT_MAIL_SERVER_EXPORT_H_
+#define QUILLKIT_IMPORT_CONVERT_MAIL_SERVER_EXPORT_H_
+
+#include <cstdint>
+
+#include "platform/message_pump.h"
+
+namespace quillkit {
+
+// Arguments and results are those of ConvertDirectoryExport.
+std::int32_t ConvertMailServerExport(const char* sourcePath, const char* scriptPath,
+                                     std::int32_t clearFirst, std::int32_t isAdmin,
+                                     WindowHandle pumpWindow, std::int32_t restoreCursor);
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_IMPORT_CONVERT_MAIL_SERVER_EXPORT_H_

@@ -1,0 +1,57 @@
+// Reads a text file line by line through a fixed amount of memory.
+//
+// A line is what reading text into a buffer of 4095 bytes gives: at most 4094 characters, the
+// newline included where it is reached. A longer line arrives in pieces, each of them a line. A
+// carriage return right before a newline is folded away, on every system, before characters are
+// counted; any other stays. A NUL ends the text of its line: what follows it up to the line's end
+// is read and dropped. No other character is special.
+
+#ifndef QUILLKIT_IMPORT_LINE_READER_H_
+#define QUILLKIT_IMPORT_LINE_READER_H_
+
+#include <cstddef>
+#include <cstdio>
+#include <memory>
+
+#include "import/field_splitter.h"
+
+namespace quillkit {
+
+class LineReader {
+ public:
+  // The most characters of one line.
+  static constexpr std::size_t kMaxLine = 4094;
+
+  LineReader();
+  LineReader(const LineReader&) = delete;
+  LineReader& operator=(const LineReader&) = delete;
+  ~LineReader();
+
+  // Opens the file and reads its first block. False when either fails, as it does for a folder, or
+  // when `path` is null. Called once.
+  bool Open(const char* path);
+
+  // Stores the next line, with its newline if it has one; the text may be empty. It may be changed
+  // in place and is valid until the next call. False at the end of the file or after a failed read.
+  // REQUIRES: the file is open.
+  bool Next(TextSpan* line);
+
+  // Whether a read failed, so that the lines given are not all lines of the file.
+  bool HasFailed() const { return failed_; }
+
+ private:
+  void Refill();
+  TextSpan CutAtNul(char* begin, char* end);
+
+  std::unique_ptr<char[]> storage_;
+  std::FILE* file_ = nullptr;
+  char* next_ = nullptr;  // the first character that was not given yet
+  char* end_ = nullptr;   // behind the last character that was read
+  char* nul_ = nullptr;   // the first NUL at or behind next_, end_ when there is none
+  bool atEnd_ = false;    // nothing is left to read
+  bool failed_ = false;
+};
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_IMPORT_LINE_READER_H_

@@ -1,0 +1,170 @@
+#include "softkeys/soft_key.h"
+
+#include "base/archive.h"
+#include "base/name_search.h"
+#include "bridge/the_agent.h"
+#include "softkeys/top_level_ab.h"
+
+namespace quillkit {
+namespace {
+
+// The stream form of an item: four length bytes and two words at the least.
+constexpr std::size_t kSmallestStoredItem = 12;
+
+}  // namespace
+
+int CSoftKey::Init(const std::string& name, std::int32_t capacity, CTopLevelAB* newOwner) {
+  if (newOwner == nullptr) return 0;
+  findCursor = 0;
+  owner = newOwner;
+  keyName = name;
+  return items.Allocate(capacity) ? 1 : 0;
+}
+
+Status CSoftKey::Load(const std::string& name, CTopLevelAB* newOwner, std::string_view firstName,
+                      std::int32_t direction) {
+  if (Init(name, MaxKeyItems, newOwner) == 0) return kRefused;
+  KeyRange range(firstName, "*");
+  auto count = static_cast<std::uint32_t>(items.count());
+  const Status status = owner->ReadKeyItems(keyName, &range, items.data(), &count, direction);
+  if (count == 0 || status == kDataNotFound) {
+    items.Clear();
+    return kNoError;
+  }
+  items.Shrink(static_cast<std::int32_t>(count), direction);
+  return status;
+}
+
+void CSoftKey::TakeOver(CSoftKey& other) {
+  if (&other == this) return;
+  items = std::move(other.items);
+  owner = other.owner;
+  findCursor = other.findCursor;
+  findPattern = other.findPattern;
+  keyName = other.keyName;
+}
+
+int CSoftKey::SetKeyName(std::string_view name) {
+  if (name.size() > EntryKey().name.kMaxLength) return 0;
+  keyName = name;
+  return 1;
+}
+
+int CSoftKey::SetItemAt(std::int32_t index, const CMenuItem& item) {
+  CMenuItem* slot = items.At(index);
+  if (slot == nullptr) return 0;
+  return slot->SetAll(item.name.View(), item.path.View(), item.appTag.View(),
+                      item.ipAddress.View(), item.settings, item.fileFormat);
+}
+
+int CSoftKey::RemoveItemAt(std::int32_t index) { return items.RemoveAt(index) ? 1 : 0; }
+
+std::int32_t CSoftKey::FindFirstItem(const std::string& pattern, bool wholeName) {
+  findCursor = IndexOf(pattern, 0, wholeName);
+  if (findCursor >= 0) findPattern = pattern;
+  return findCursor;
+}
+
+std::int32_t CSoftKey::FindNextItem(bool wholeName) {
+  const std::int32_t hit = IndexOf(findPattern, findCursor + 1, wholeName);
+  if (hit >= 0) findCursor = hit;
+  return hit;
+}
+
+std::int32_t CSoftKey::FindMenuItemIndex(const CMenuItem& item) const {
+  return IndexOf(item.name.View(), 0, true);
+}
+
+std::int32_t CSoftKey::IndexOf(std::string_view name, std::int32_t start, bool wholeName) const {
+  return FindName(start, items.count(), name, wholeName,
+                  [&](std::int32_t i) { return items.At(i)->name.View(); });
+}
+
+Status CSoftKey::AddMenuItem(CMenuItem* item, bool reload) {
+  if (owner == nullptr) return kRefused;
+  return Reload(owner->CreateKeyItem(keyName, item), reload);
+}
+
+Status CSoftKey::ModifyMenuItem(CMenuItem* item, bool reload) {
+  if (owner == nullptr) return kRefused;
+  return Reload(owner->ModifyKeyItem(keyName, item), reload);
+}
+
+Status CSoftKey::RenameMenuItem(const std::string& oldName, CMenuItem* item, bool reload) {
+  if (owner == nullptr) return kRefused;
+  return Reload(owner->RenameKeyItem(keyName, oldName, item), reload);
+}
+
+Status CSoftKey::DeleteMenuItem(const std::string& name, bool reload) {
+  if (owner == nullptr) return kRefused;
+  CMenuItem item;
+  item.SetName(name);
+  return Reload(owner->DeleteKeyItem(keyName, item), reload);
+}
+
+// What a plain change ends in: its own status, or that of reading the key anew.
+Status CSoftKey::Reload(Status changed, bool reload) {
+  if (changed != kNoError || !reload) return changed;
+  return Load(keyName, owner, {}, 1);
+}
+
+std::int32_t CSoftKey::FastItemAdd(CMenuItem* item) {
+  if (items.count() >= MaxKeyItems) {
+    TheAgent.SetError(kBookFull);
+    return -1;
+  }
+  if (owner == nullptr || owner->CreateKeyItem(keyName, item) != kNoError) return -1;
+  return items.Append(*item);
+}
+
+std::int32_t CSoftKey::FastItemRemove(CMenuItem* item) {
+  if (owner == nullptr || owner->DeleteKeyItem(keyName, *item) != kNoError) return -1;
+  if (!items.RemoveAt(FindMenuItemIndex(*item))) return -1;
+  return items.count();
+}
+
+std::int32_t CSoftKey::FastItemModify(CMenuItem* item) {
+  if (owner == nullptr || owner->ModifyKeyItem(keyName, item) != kNoError) return 0;
+  const std::int32_t index = FindMenuItemIndex(*item);
+  if (index < 0) return 0;
+  SetItemAt(index, *item);
+  return 1;
+}
+
+std::int32_t CSoftKey::FastItemRename(const std::string& oldName, CMenuItem* item) {
+  if (owner == nullptr || owner->RenameKeyItem(keyName, oldName, item) != kNoError) return 0;
+  CMenuItem old;
+  old.SetName(oldName);
+  CMenuItem* slot = items.At(FindMenuItemIndex(old));
+  if (slot == nullptr) return 0;
+  *slot = *item;
+  return 1;
+}
+
+Status CSoftKey::GetDBItemCount(std::uint32_t* count) const {
+  if (owner != nullptr) return owner->SizeofKey(keyName, count);
+  ABIdent book(BookKind::kKeyItems, keyName);
+  return TheAgent.IMSPSizeofAB(&book, count);
+}
+
+Status CSoftKey::SaveAllItems() {
+  Status status = kRefused;
+  if (owner == nullptr) return status;
+  for (CMenuItem& each : items) status = owner->ModifyKeyItem(keyName, &each);
+  return status;
+}
+
+void CSoftKey::Serialize(Archive& archive) {
+  items.Free();
+  findCursor = 0;
+  std::int32_t count = 0;
+  archive.Exchange(count);
+  archive.Exchange(findPattern);
+  if (count < 0 || static_cast<std::size_t>(count) > archive.Remaining() / kSmallestStoredItem) {
+    return;
+  }
+  Init(keyName, count, owner);
+  for (CMenuItem& each : items) each.Serialize(archive);
+}
+
+}  // namespace quillkit
