@@ -19,7 +19,8 @@
 // Handles. Plain pointers to the library's objects, not checked: pass one that is alive. Where it
 // comes from says who owns it:
 //
-//   CScanner*     LogToQuillbox              the library's, until the next login to the same address
+//   CScanner*     LogToQuillbox              the library's, until the next login to the same
+//   address
 //                                            or Exit; it outlives Logout
 //   CTopLevelAB*  GetTopLevelAbook           the scanner's, and lives as long
 //   CSoftKey*     GetKeyAt, LoadItems        the top-level book's, until its next load; plain
@@ -44,10 +45,10 @@
 //   index    from 0, or -1
 //   1 or 0   1 is success
 //
-// Errors. GetLastToolkitError tells the status of the latest server call, or a code that the library
-// recorded itself. Local codes are results only. Every function that calls the server can give any
-// server code (TranslateToolkitError has their texts) and says which calls it makes; "no call" means
-// that the server hears nothing. Failures of the server library itself give code 20.
+// Errors. GetLastToolkitError tells the status of the latest server call, or a code that the
+// library recorded itself. Local codes are results only. Every function that calls the server can
+// give any server code (TranslateToolkitError has their texts) and says which calls it makes; "no
+// call" means that the server hears nothing. Failures of the server library itself give code 20.
 //
 //   -1   not connected, a bad argument, or no such file
 //   -2   the input file cannot be read
@@ -92,10 +93,10 @@ extern "C" {
 // top-level book, which is loaded with all items when `loadTopBook` is set; a failed load does not
 // stop the login.
 //
-// Name at most 31, password 15, `third` 255 characters: a longer one gives null with nothing changed
-// and no call. A host that does not resolve gives null and records 25. Host 0.0.0.0 gives null and
-// records nothing. In every other case of null the last error is the status of the call that failed,
-// and IMSPLogout has been sent, which also ends a session that was open before.
+// Name at most 31, password 15, `third` 255 characters: a longer one gives null with nothing
+// changed and no call. A host that does not resolve gives null and records 25. Host 0.0.0.0 gives
+// null and records nothing. In every other case of null the last error is the status of the call
+// that failed, and IMSPLogout has been sent, which also ends a session that was open before.
 //
 // Calls: IMSPLogin; IMSPIOCtl 6, unless the sign of life runs; IMSPReadEntryProperties on USERSAB;
 // then what LoadTopLevelAbook calls.
@@ -108,7 +109,8 @@ QUILLKIT_API CScanner* LogToQuillbox(const std::string& host, const std::string&
 QUILLKIT_API void Logout();
 
 // Frees everything and unloads the server library (IMSPTerminate). All handles are gone, and every
-// later call to the server gives 20: to log in again, unload and load this library. Sends no logout.
+// later call to the server gives 20: to log in again, unload and load this library. Sends no
+// logout.
 QUILLKIT_API void Exit();
 
 // The last recorded status. Reading does not clear it, and neither does a success without a call.
@@ -180,8 +182,8 @@ QUILLKIT_API CSoftKey* GetKeyAt(CTopLevelAB* book, std::int32_t index);
 // The lowest index of a key with exactly this name, or -1.
 QUILLKIT_API std::int32_t FindSoftKeyIndex(CTopLevelAB* book, const std::string& name);
 
-// Adds a key with the name of `key`, which stays the application's. The new count, or -1; at 11 keys
-// with nothing recorded and no call. Call: IMSPCreateEntry.
+// Adds a key with the name of `key`, which stays the application's. The new count, or -1; at 11
+// keys with nothing recorded and no call. Call: IMSPCreateEntry.
 QUILLKIT_API std::int32_t FastKeyAdd(CTopLevelAB* book, CSoftKey* key);
 
 // Removes the key with the name of `key`. The new count, or -1, also when the server removed a key
@@ -205,8 +207,7 @@ QUILLKIT_API std::int32_t FastKeyRename(CTopLevelAB* book, const std::string& ol
 // Makes a key that the application owns, to carry a name of any length. It counts 512 blank items
 // until a reload has replaced them. Nonzero, or 0 for a null book or when memory is refused; `*key`
 // receives an object in every case. No call.
-QUILLKIT_API std::int32_t CreateSoftKey(const std::string& name, CTopLevelAB* book,
-                                        CSoftKey** key);
+QUILLKIT_API std::int32_t CreateSoftKey(const std::string& name, CTopLevelAB* book, CSoftKey** key);
 
 // Null is ignored.
 QUILLKIT_API void DestroySoftKey(CSoftKey* key);
@@ -251,8 +252,8 @@ QUILLKIT_API std::int32_t FindMenuItemIndex(CSoftKey* key, CMenuItem* item);
 // -1 and no call on a key that was read without items.
 QUILLKIT_API std::int32_t AddMenuItem(CSoftKey* key, CMenuItem* item, std::int32_t reload);
 QUILLKIT_API std::int32_t ModifyMenuItem(CSoftKey* key, CMenuItem* item, std::int32_t reload);
-QUILLKIT_API std::int32_t RenameMenuItem(CSoftKey* key, const std::string& oldName,
-                                         CMenuItem* item, std::int32_t reload);
+QUILLKIT_API std::int32_t RenameMenuItem(CSoftKey* key, const std::string& oldName, CMenuItem* item,
+                                         std::int32_t reload);
 QUILLKIT_API std::int32_t DeleteMenuItem(CSoftKey* key, const std::string& name,
                                          std::int32_t reload);
 
@@ -260,12 +261,12 @@ QUILLKIT_API std::int32_t DeleteMenuItem(CSoftKey* key, const std::string& name,
 // 24 is recorded and there is no call. Call: IMSPCreateEntry.
 QUILLKIT_API std::int32_t FastItemAdd(CSoftKey* key, CMenuItem* item);
 
-// Deletes the item of the same name. The new count, or -1, also when the server deleted an item that
-// was not in memory. Call: IMSPDeleteEntry.
+// Deletes the item of the same name. The new count, or -1, also when the server deleted an item
+// that was not in memory. Call: IMSPDeleteEntry.
 QUILLKIT_API std::int32_t FastItemRemove(CSoftKey* key, CMenuItem* item);
 
-// Write the item of the same name; rename and write the item of the old name. 1, or 0, also when the
-// server changed an item that is not in memory. Call: IMSPModifyEntry.
+// Write the item of the same name; rename and write the item of the old name. 1, or 0, also when
+// the server changed an item that is not in memory. Call: IMSPModifyEntry.
 QUILLKIT_API std::int32_t FastItemModify(CSoftKey* key, CMenuItem* item);
 QUILLKIT_API std::int32_t FastItemRename(CSoftKey* key, const std::string& oldName,
                                          CMenuItem* item);
@@ -314,8 +315,8 @@ QUILLKIT_API std::int32_t SetSettings(CMenuItem* item, std::uint32_t value);
 // scanner is not connected; else the status of the server. A refused script stays carried out up to
 // the refusal, and the server's time-out then stays at an hour.
 //
-// The temporary file is deleted after the server has seen it, and stays behind after -11 and after a
-// failed conversion. Calls: IMSPIOCtl 2, IMSPIOCtl 1, IMSPBatchConfiguration, and after a success
+// The temporary file is deleted after the server has seen it, and stays behind after -11 and after
+// a failed conversion. Calls: IMSPIOCtl 2, IMSPIOCtl 1, IMSPBatchConfiguration, and after a success
 // IMSPIOCtl 2, IMSPIOCtl 1.
 QUILLKIT_API std::int32_t ImportAddressBook(CScanner* scanner, const char* path,
                                             const ImportOptions* options);

@@ -1,0 +1,53 @@
+// What the appliance is, and who is logged in to it.
+
+#include "appliance/scanner.h"
+#include "books/user_record.h"
+#include "bridge/the_agent.h"
+#include "softkeys/top_level_ab.h"
+#include "toolkit/call_frame.h"
+#include "toolkit/quillkit.h"
+#include "toolkit/session_entry.h"
+
+namespace quillkit {
+namespace {
+
+// An unbound scanner is answered for by the one agent there is.
+CUserRecord* CurrentUserOf(const CScanner& scanner) {
+  const CAgent* agent = scanner.Agent();
+  return (agent != nullptr ? *agent : TheAgent).CurrentUser();
+}
+
+}  // namespace
+
+const char* GetScannerName(CScanner* scanner) {
+  return InFrame([&] { return scanner->Name().c_str(); });
+}
+
+const char* GetScannerVersion(CScanner* scanner) {
+  return InFrame([&] { return scanner->Version().c_str(); });
+}
+
+const char* GetScannerModel(CScanner* scanner) {
+  return InFrame([&] { return scanner->Model().c_str(); });
+}
+
+std::uint32_t GetScannerAddress(CScanner* scanner) {
+  return InFrame([&] { return scanner->Address(); });
+}
+
+CUserRecord* GetCurrentConnectedUser(CScanner* scanner) {
+  return InFrame([&] { return CurrentUserOf(*scanner); });
+}
+
+std::int32_t IsAdminConnected(CScanner* scanner) {
+  return InFrame([&] {
+    const CUserRecord* user = CurrentUserOf(*scanner);
+    return user != nullptr && user->IsAdministrator() ? 1 : 0;
+  });
+}
+
+CTopLevelAB* GetTopLevelAbook(CScanner* scanner) {
+  return InFrame([&] { return SessionOpen != 0 ? scanner->TopBook() : nullptr; });
+}
+
+}  // namespace quillkit

@@ -1,0 +1,28 @@
+#include "toolkit/library.h"
+
+#include "bridge/the_agent.h"
+#include "platform/message_box.h"
+#include "platform/name_service.h"
+
+namespace quillkit {
+namespace {
+
+bool ReportFailure(unsigned resource) {
+  ShowMessageBox(LoadResourceText(resource).c_str());
+  return false;
+}
+
+}  // namespace
+
+bool StartLibrary() {
+  if (!StartSockets()) return ReportFailure(kSocketsFailedText);
+  if (TheAgent.LoadServerLibrary() != kNoError) return ReportFailure(kServerLibraryMissingText);
+  return true;
+}
+
+void StopLibrary() {
+  TheAgent.Shutdown();
+  StopSockets();
+}
+
+}  // namespace quillkit

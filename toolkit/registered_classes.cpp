@@ -1,0 +1,20 @@
+// Every class that can be made by its name.
+
+#include "appliance/scanner.h"
+#include "base/class_record.h"
+#include "bridge/agent.h"
+#include "softkeys/top_level_ab.h"
+
+namespace quillkit {
+namespace {
+
+constexpr const ClassRecord* kClasses[] = {&CAgent::kClass, &CScanner::kClass,
+                                           &CTopLevelAB::kClass};
+
+}  // namespace
+
+std::span<const ClassRecord* const> RegisteredClasses() {
+  return kClasses;
+}
+
+}  // namespace quillkit
