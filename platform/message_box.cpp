@@ -1,0 +1,22 @@
+#include "platform/message_box.h"
+
+#include <utility>
+
+#include "platform/system_message_box.h"
+
+namespace quillkit {
+namespace {
+
+MessageBoxHandler redirected = nullptr;
+
+}  // namespace
+
+int ShowMessageBox(const char* text) {
+  return redirected != nullptr ? redirected(text) : ShowSystemMessageBox(text);
+}
+
+MessageBoxHandler SetMessageBoxHandler(MessageBoxHandler handler) {
+  return std::exchange(redirected, handler);
+}
+
+}  // namespace quillkit

@@ -1,0 +1,11 @@
+#include "platform/call_scope.h"
+
+#include "platform/posix/due_timers.h"
+
+namespace quillkit {
+
+CallScope::CallScope() {
+  RunDueTimersInPassing();
+}
+
+}  // namespace quillkit

@@ -1,0 +1,81 @@
+#include "platform/files.h"
+
+#include <dirent.h>
+#include <stdlib.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <memory>
+#include <string_view>
+#include <system_error>
+
+namespace quillkit {
+namespace {
+
+// Whether the whole of `name` answers to `pattern`. After a mismatch the latest "*" takes one
+// character more; an earlier one never has to.
+bool Matches(std::string_view pattern, std::string_view name) {
+  constexpr std::size_t kNone = std::string_view::npos;
+  std::size_t at = 0;
+  std::size_t afterStar = kNone;
+  std::size_t retry = 0;
+  for (std::size_t i = 0; i < name.size();) {
+    if (at < pattern.size() && pattern[at] == '*') {
+      afterStar = ++at;
+      retry = i;
+    } else if (at < pattern.size() && (pattern[at] == '?' || pattern[at] == name[i])) {
+      ++at;
+      ++i;
+    } else if (afterStar != kNone) {
+      at = afterStar;
+      i = ++retry;
+    } else {
+      return false;
+    }
+  }
+  return pattern.find_first_not_of('*', at) == kNone;
+}
+
+bool FolderHolds(const std::string& folder, std::string_view pattern) {
+  struct Close {
+    void operator()(DIR* open) const { closedir(open); }
+  };
+  const std::unique_ptr<DIR, Close> open(opendir(folder.empty() ? "." : folder.c_str()));
+  if (open == nullptr) return false;
+  while (const dirent* entry = readdir(open.get())) {
+    if (Matches(pattern, entry->d_name)) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+bool MatchesAnyFile(const char* path) {
+  if (path == nullptr) return false;
+  const std::string whole = path;
+  const std::size_t split = whole.rfind('/') + 1;  // 0 without a folder
+  const std::string last = whole.substr(split);
+  if (last.find_first_of("*?") != std::string::npos) {
+    return FolderHolds(whole.substr(0, split), last);
+  }
+  struct stat found {};
+  return lstat(path, &found) == 0;
+}
+
+std::string CreateTemporaryFile(const char* prefix) {
+  std::error_code failure;
+  const std::filesystem::path folder = std::filesystem::temp_directory_path(failure);
+  if (failure) return {};
+  std::string path = (folder / prefix).string() + "XXXXXX";
+  const int file = mkstemp(path.data());
+  if (file == -1) return {};
+  close(file);
+  return path;
+}
+
+void DeleteFileAt(const std::string& path) {
+  unlink(path.c_str());
+}
+
+}  // namespace quillkit

@@ -1,0 +1,197 @@
+// A thread's timers are a list of due times and, once it was asked for, one kernel timer that is
+// set to the earliest of them.
+
+#include "platform/thread_timer.h"
+
+#include <pthread.h>
+#include <sys/timerfd.h>
+#include <time.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <atomic>
+#include <limits>
+#include <vector>
+
+#include "platform/posix/due_timers.h"
+
+namespace quillkit {
+namespace {
+
+using Nanoseconds = std::int64_t;  // of the monotonic clock
+
+constexpr Nanoseconds kNever = std::numeric_limits<Nanoseconds>::max();
+constexpr Nanoseconds kSecond = 1'000'000'000;
+constexpr Nanoseconds kMillisecond = 1'000'000;
+constexpr Nanoseconds kShortestPeriod = 10 * kMillisecond;
+
+Nanoseconds Now(clockid_t clock) {
+  timespec now{};
+  clock_gettime(clock, &now);
+  return now.tv_sec * kSecond + now.tv_nsec;
+}
+
+struct Timer {
+  TimerId id;
+  TimerRoutine routine;
+  Nanoseconds period;
+  Nanoseconds due;
+  bool pending;  // was due when the present run began, and has its turn still to come
+};
+
+class ThreadTimers {
+ public:
+  ThreadTimers() = default;
+  ThreadTimers(const ThreadTimers&) = delete;
+  ThreadTimers& operator=(const ThreadTimers&) = delete;
+  ~ThreadTimers();
+
+  TimerId Start(std::uint32_t period, TimerRoutine routine);
+  void Stop(TimerId id);
+  int RunDue();
+  int Descriptor();
+
+ private:
+  void Schedule();
+  void SetDescriptor() const;
+
+  std::vector<Timer> timers_;
+  int descriptor_ = -1;
+  bool running_ = false;
+};
+
+// What a thread keeps. Neither has a destructor, so both can be asked at any time of a thread's and
+// the process's life.
+constinit thread_local ThreadTimers* ownTimers = nullptr;  // null until the first is started
+constinit thread_local Nanoseconds firstDue = kNever;
+
+constinit std::atomic<TimerId> lastId = 0;
+
+ThreadTimers::~ThreadTimers() {
+  if (descriptor_ != -1) close(descriptor_);
+  firstDue = kNever;
+}
+
+TimerId ThreadTimers::Start(std::uint32_t period, TimerRoutine routine) {
+  const Nanoseconds length = std::max(period * kMillisecond, kShortestPeriod);
+  const TimerId id = ++lastId;
+  timers_.push_back({id, routine, length, Now(CLOCK_MONOTONIC) + length, false});
+  Schedule();
+  return id;
+}
+
+void ThreadTimers::Stop(TimerId id) {
+  if (std::erase_if(timers_, [id](const Timer& each) { return each.id == id; }) != 0) Schedule();
+}
+
+// Periods that passed unnoticed count as one; the next due time is the first ahead on the timer's
+// own grid. A routine may start and stop timers: after each the list is searched anew.
+int ThreadTimers::RunDue() {
+  const Nanoseconds now = Now(CLOCK_MONOTONIC);
+  if (running_ || now < firstDue) return 0;
+  for (Timer& each : timers_) {
+    each.pending = each.due <= now;
+    if (each.pending) each.due += ((now - each.due) / each.period + 1) * each.period;
+  }
+  Schedule();
+  running_ = true;
+  int count = 0;
+  const auto next = [this] {
+    return std::find_if(timers_.begin(), timers_.end(),
+                        [](const Timer& each) { return each.pending; });
+  };
+  for (auto timer = next(); timer != timers_.end(); timer = next()) {
+    timer->pending = false;
+    timer->routine();
+    ++count;
+  }
+  running_ = false;
+  return count;
+}
+
+int ThreadTimers::Descriptor() {
+  if (descriptor_ != -1) return descriptor_;
+  descriptor_ = timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK);
+  if (descriptor_ != -1) SetDescriptor();
+  return descriptor_;
+}
+
+void ThreadTimers::Schedule() {
+  firstDue = kNever;
+  for (const Timer& each : timers_) firstDue = std::min(firstDue, each.due);
+  if (descriptor_ != -1) SetDescriptor();
+}
+
+// Setting the kernel timer also makes the descriptor unreadable until then; a time of 0 is never.
+void ThreadTimers::SetDescriptor() const {
+  itimerspec expiry{};
+  if (firstDue != kNever) expiry.it_value = {firstDue / kSecond, firstDue % kSecond};
+  timerfd_settime(descriptor_, TFD_TIMER_ABSTIME, &expiry, nullptr);
+}
+
+void EndTimers(void* timers) {
+  delete static_cast<ThreadTimers*>(timers);
+  ownTimers = nullptr;
+}
+
+// Ends a thread's timers with the thread, and those of the unloading thread with the library. A
+// thread_local destructor would keep the library in memory until the thread ends. What another
+// thread still has at unloading is not reached.
+class ThreadEnd {
+ public:
+  ThreadEnd() { watching = pthread_key_create(&key, EndTimers) == 0; }
+  ThreadEnd(const ThreadEnd&) = delete;
+  ThreadEnd& operator=(const ThreadEnd&) = delete;
+  ~ThreadEnd() {
+    if (!watching) return;
+    watching = false;
+    pthread_key_delete(key);
+    EndTimers(ownTimers);
+  }
+
+  static bool Watch(ThreadTimers* timers) {
+    return watching && pthread_setspecific(key, timers) == 0;
+  }
+
+ private:
+  static inline constinit bool watching = false;
+  static inline constinit pthread_key_t key = 0;
+};
+
+const ThreadEnd threadEnd;
+
+// The calling thread's timers, made where there are none; null before and after the library's life.
+ThreadTimers* OwnTimers() {
+  if (ownTimers != nullptr) return ownTimers;
+  auto* timers = new ThreadTimers;
+  if (ThreadEnd::Watch(timers)) return ownTimers = timers;
+  delete timers;
+  return nullptr;
+}
+
+}  // namespace
+
+TimerId StartThreadTimer(std::uint32_t period, TimerRoutine routine) {
+  ThreadTimers* timers = OwnTimers();
+  return timers != nullptr ? timers->Start(period, routine) : 0;
+}
+
+void StopThreadTimer(TimerId timer) {
+  if (ownTimers != nullptr) ownTimers->Stop(timer);
+}
+
+int RunDueTimers() {
+  return ownTimers != nullptr ? ownTimers->RunDue() : 0;
+}
+
+void RunDueTimersInPassing() {
+  if (firstDue == kNever || Now(CLOCK_MONOTONIC_COARSE) < firstDue) return;
+  RunDueTimers();
+}
+
+int TimerDescriptor() {
+  ThreadTimers* timers = OwnTimers();
+  return timers != nullptr ? timers->Descriptor() : -1;
+}
+
+}  // namespace quillkit

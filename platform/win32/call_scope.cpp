@@ -1,0 +1,7 @@
+#include "platform/call_scope.h"
+
+namespace quillkit {
+
+CallScope::CallScope() = default;
+
+}  // namespace quillkit

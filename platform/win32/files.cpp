@@ -1,0 +1,32 @@
+#include "platform/files.h"
+
+#include <windows.h>
+
+#include <array>
+
+namespace quillkit {
+
+bool MatchesAnyFile(const char* path) {
+  if (path == nullptr) return false;
+  WIN32_FIND_DATAA found{};
+  const HANDLE search = FindFirstFileA(path, &found);
+  if (search == INVALID_HANDLE_VALUE) return false;
+  FindClose(search);
+  return true;
+}
+
+std::string CreateTemporaryFile(const char* prefix) {
+  constexpr DWORD kLongestFolder = MAX_PATH - 14;  // what a name of 8.3 characters leaves room for
+  std::array<char, MAX_PATH + 1> folder{};
+  const DWORD length = GetTempPathA(static_cast<DWORD>(folder.size()), folder.data());
+  if (length == 0 || length > kLongestFolder) return {};
+  std::array<char, MAX_PATH + 1> path{};
+  if (GetTempFileNameA(folder.data(), prefix, 0, path.data()) == 0) return {};
+  return path.data();
+}
+
+void DeleteFileAt(const std::string& path) {
+  DeleteFileA(path.c_str());
+}
+
+}  // namespace quillkit

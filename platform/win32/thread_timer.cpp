@@ -1,0 +1,88 @@
+#include "platform/thread_timer.h"
+
+#include <windows.h>
+
+#include <map>
+#include <mutex>
+#include <utility>
+
+namespace quillkit {
+namespace {
+
+// A timer without a window has an identifier that is unique within its thread.
+using ThreadAndTimer = std::pair<DWORD, UINT_PTR>;
+
+ThreadAndTimer OfThisThread(UINT_PTR timer) {
+  return {GetCurrentThreadId(), timer};
+}
+
+// What each running timer runs. The system's own timer procedure has no room for it.
+class Routines {
+ public:
+  Routines() = default;
+  Routines(const Routines&) = delete;
+  Routines& operator=(const Routines&) = delete;
+
+  // The code that the timers run goes with the library; another thread's cannot be stopped.
+  ~Routines() {
+    for (const auto& [timer, routine] : routines_) {
+      if (timer.first == GetCurrentThreadId()) KillTimer(nullptr, timer.second);
+    }
+  }
+
+  void Add(UINT_PTR timer, TimerRoutine routine) {
+    const std::lock_guard hold(lock_);
+    routines_[OfThisThread(timer)] = routine;
+  }
+
+  // False when the calling thread has no such timer.
+  bool Remove(UINT_PTR timer) {
+    const std::lock_guard hold(lock_);
+    return routines_.erase(OfThisThread(timer)) != 0;
+  }
+
+  void Run(UINT_PTR timer) {
+    TimerRoutine routine = nullptr;
+    {
+      const std::lock_guard hold(lock_);
+      const auto found = routines_.find(OfThisThread(timer));
+      if (found != routines_.end()) routine = found->second;
+    }
+    if (routine != nullptr) routine();
+  }
+
+ private:
+  std::mutex lock_;
+  std::map<ThreadAndTimer, TimerRoutine> routines_;
+};
+
+// Null after the library's life, when a static object may still stop its timer.
+constinit Routines* routines = nullptr;
+
+struct LibraryLife {
+  LibraryLife() { routines = new Routines; }
+  LibraryLife(const LibraryLife&) = delete;
+  LibraryLife& operator=(const LibraryLife&) = delete;
+  ~LibraryLife() { delete std::exchange(routines, nullptr); }
+};
+
+const LibraryLife libraryLife;
+
+void CALLBACK OnTimer(HWND /*window*/, UINT /*message*/, UINT_PTR timer, DWORD /*time*/) {
+  if (routines != nullptr) routines->Run(timer);
+}
+
+}  // namespace
+
+TimerId StartThreadTimer(std::uint32_t period, TimerRoutine routine) {
+  if (routines == nullptr) return 0;
+  const UINT_PTR timer = SetTimer(nullptr, 0, period, OnTimer);
+  if (timer != 0) routines->Add(timer, routine);
+  return timer;
+}
+
+void StopThreadTimer(TimerId timer) {
+  if (routines != nullptr && routines->Remove(timer)) KillTimer(nullptr, timer);
+}
+
+}  // namespace quillkit
