@@ -19,8 +19,8 @@
 
 namespace quillkit {
 
-// Writes the script at `scriptPath`, replacing what is there, from the file at `sourcePath`; entries
-// keep their order. `isAdmin` nonzero writes the administrator's lines, and before them, if
+// Writes the script at `scriptPath`, replacing what is there, from the file at `sourcePath`;
+// entries keep their order. `isAdmin` nonzero writes the administrator's lines, and before them, if
 // `clearFirst` is nonzero too, the line "CA %s" as it stands. The last two arguments go to
 // PumpPendingMessages once a line.
 // Gives 0; -2 when the source cannot be read; -1 when the script cannot be written. A file that

@@ -1,11 +1,9 @@
 #include "import/convert_mail_server_export.h"
 
-#include <algorithm>
-#include <cstddef>
+#include <cstring>
 #include <string_view>
 
 #include "import/conversion.h"
-#include "import/field_splitter.h"
 #include "import/script.h"
 #include "import/text_routines.h"
 
@@ -14,53 +12,59 @@ namespace {
 
 constexpr std::string_view kRowWord = "Mailbox";
 constexpr std::string_view kAddressMark = "SMTP:";
+constexpr const char* kAddressEnds = "%,\"";
 
-// The walk from behind the row word to the name: a cursor that three passes move on. A pass at a
-// comma steps the cursor over it and leaves the splitter where it stands; any other takes the next
-// field. Of a quoted field the cursor gets what the quotes hold, and the splitter goes on right
-// behind the closing one, so that the pass after it finds the empty field up to the comma.
-// False when the fields run out.
-bool FindName(FieldSplitter& fields, TextSpan* name) {
-  if (fields.IsUsedUp()) return false;
-  TextSpan cursor = fields.Rest();
-  for (int pass = 0; pass < 3; ++pass) {
-    if (!cursor.empty() && cursor.front() == ',') {
-      cursor = cursor.subspan(1);
-      continue;
-    }
-    if (!fields.Next(',', &cursor)) return false;
-    if (cursor.empty() || cursor.front() != '"') continue;
-    fields.MoveTo(cursor.data() + 1);
-    fields.Next('"', &cursor);
-  }
-  *name = cursor;
-  return true;
+// The text between the quotes of a field that NextQuotedField gave, and the splitting goes on right
+// behind the closing one: so the field after it is the empty one up to the separator.
+// `end` is the end of the field's line.
+char* SplitInsideQuotes(char* field, const char* end) {
+  char* const fieldEnd = field + std::strlen(field);
+  if (fieldEnd != end) *fieldEnd = ',';
+  return NextQuotedField(field + 1, '"');
 }
 
-// What stands between "SMTP:" in `text` and the end of the address. False when there is no address.
+// Splits a row and gives its name, or null when the row does not count or ends before its name.
+// Three passes move a cursor from behind the row word to the name. One that finds it at a comma
+// steps over that and leaves the splitting where it stands; any other takes the next field.
+char* FindName(TextSpan line) {
+  const char* const end = line.data() + line.size();
+  char* cursor = NextQuotedField(line.data(), ',');
+  if (cursor == nullptr || cursor != kRowWord) return nullptr;
+  cursor += kRowWord.size();
+  if (cursor == end) return nullptr;
+  ++cursor;
+  for (int pass = 0; pass < 3; ++pass) {
+    if (*cursor == ',') {
+      ++cursor;
+      continue;
+    }
+    cursor = NextQuotedField(nullptr, ',');
+    if (cursor == nullptr) return nullptr;
+    if (*cursor == '"') cursor = SplitInsideQuotes(cursor, end);
+  }
+  return cursor;
+}
+
+// Stores what follows the first "SMTP:" in `text`, up to where an address ends. False without one.
 bool FindAddress(std::string_view text, std::string_view* address) {
   const std::size_t mark = text.find(kAddressMark);
   if (mark == text.npos) return false;
   text.remove_prefix(mark + kAddressMark.size());
-  const auto end = std::find_if(text.begin(), text.end(),
-                                [](char c) { return c == '%' || c == ',' || c == '"'; });
-  *address = text.substr(0, static_cast<std::size_t>(end - text.begin()));
+  *address = text.substr(0, text.find_first_of(kAddressEnds));
   return true;
 }
 
 void TakeRow(TextSpan line, ScriptWriter& script, bool isAdmin) {
-  FieldSplitter fields(line);
-  TextSpan field;
-  if (!fields.Next(',', &field) || View(field) != kRowWord) return;
-  TextSpan name;
-  if (!FindName(fields, &name)) return;
-
-  // One character ends the name; nothing follows where that is the line's end.
-  const std::size_t nameEnd = static_cast<std::size_t>(name.data() - line.data()) + name.size();
-  if (nameEnd == line.size()) return;
+  const char* const found = FindName(line);
+  if (found == nullptr) return;
+  const std::string_view name = found;
+  // Behind the name's NUL; there is nothing where that is the line's own.
+  std::string_view rest = View(line).substr(static_cast<std::size_t>(name.end() - line.data()));
+  if (rest.empty()) return;
+  rest.remove_prefix(1);
   std::string_view address;
-  if (!FindAddress(View(line).substr(nameEnd + 1), &address)) return;
-  const std::string_view values[] = {View(name), address};
+  if (!FindAddress(rest, &address)) return;
+  const std::string_view values[] = {name, address};
   WriteEntry(script, EmailScriptBook(), isAdmin, values);
 }
 

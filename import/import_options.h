@@ -14,10 +14,11 @@
 namespace quillkit {
 
 // ImportOptions::format: what the file holds.
-inline constexpr std::uint32_t ImportFormatDelimited = 1;      // fields separated by commas
-inline constexpr std::uint32_t ImportFormatDirectory = 16;     // attribute lines under "dn:" lines
-inline constexpr std::uint32_t ImportFormatMailServer = 256;   // a mail server's comma-separated rows
-inline constexpr std::uint32_t ImportFormatScript = 4096;      // a ready-made import script
+inline constexpr std::uint32_t ImportFormatDelimited = 1;   // fields separated by commas
+inline constexpr std::uint32_t ImportFormatDirectory = 16;  // attribute lines under "dn:" lines
+inline constexpr std::uint32_t ImportFormatMailServer =
+    256;                                                   // a mail server's comma-separated rows
+inline constexpr std::uint32_t ImportFormatScript = 4096;  // a ready-made import script
 
 // ImportOptions::targetBook: the book that the rows of a delimited file are for. The directory and
 // mail-server formats always fill the public e-mail book.

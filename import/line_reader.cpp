@@ -8,8 +8,8 @@ namespace {
 
 constexpr std::size_t kBlockSize = std::size_t{128} * 1024;
 
-// A line can be told from what follows it when this much is at hand: its characters and the
-// carriage return that folding takes away.
+// Where a line ends can be told when this much is at hand: its characters and the carriage return
+// that folding takes away.
 constexpr std::size_t kLookAhead = LineReader::kMaxLine + 1;
 
 // What was not given yet moves in front of the block, so that every block is read whole and to the
@@ -17,14 +17,10 @@ constexpr std::size_t kLookAhead = LineReader::kMaxLine + 1;
 constexpr std::size_t kHeadRoom = 4096;
 static_assert(kHeadRoom >= kLookAhead);
 
-char* FindIn(char* begin, char* end, char wanted) {
-  void* found = std::memchr(begin, wanted, static_cast<std::size_t>(end - begin));
-  return found != nullptr ? static_cast<char*>(found) : end;
-}
-
 }  // namespace
 
-LineReader::LineReader() : storage_(new char[kHeadRoom + kBlockSize]) {}
+// One character more, for the NUL behind the last line.
+LineReader::LineReader() : storage_(std::make_unique<char[]>(kHeadRoom + kBlockSize + 1)) {}
 
 LineReader::~LineReader() {
   if (file_ != nullptr) std::fclose(file_);
@@ -36,36 +32,36 @@ bool LineReader::Open(const char* path) {
   if (file_ == nullptr) return false;
   next_ = end_ = storage_.get() + kHeadRoom;
   Refill();
+  lineEnd_ = next_;
+  covered_ = *next_;
   return !failed_;
 }
 
 bool LineReader::Next(TextSpan* line) {
+  *lineEnd_ = covered_;
   if (static_cast<std::size_t>(end_ - next_) < kLookAhead && !atEnd_) Refill();
   if (next_ == end_) return false;
 
   char* const begin = next_;
-  const std::size_t reach = std::min(static_cast<std::size_t>(end_ - begin), kLookAhead);
-  char* const newline = FindIn(begin, begin + reach, '\n');
-  if (newline != begin + reach) {
-    char* last = newline;
-    if (last != begin && last[-1] == '\r') *--last = '\n';
-    if (static_cast<std::size_t>(last - begin) < kMaxLine) {
-      next_ = newline + 1;
-      *line = CutAtNul(begin, last + 1);
-      return true;
-    }
-  }
-  next_ = begin + std::min(reach, kMaxLine);
-  *line = CutAtNul(begin, next_);
+  lineEnd_ = FindLineEnd();
+  covered_ = *lineEnd_;
+  *lineEnd_ = '\0';
+  *line = {begin, std::strlen(begin)};
   return true;
 }
 
-// REQUIRES: next_ has moved behind the line that runs from `begin` to `end`.
-TextSpan LineReader::CutAtNul(char* begin, char* end) {
-  if (nul_ >= end) return {begin, end};
-  end = nul_;
-  nul_ = FindIn(next_, end_, '\0');
-  return {begin, end};
+// Moves next_ behind the line that it is at, folds the line's carriage return, and gives its end.
+char* LineReader::FindLineEnd() {
+  char* const begin = next_;
+  const std::size_t reach = std::min(static_cast<std::size_t>(end_ - begin), kLookAhead);
+  auto* newline = static_cast<char*>(std::memchr(begin, '\n', reach));
+  if (newline != nullptr) {
+    next_ = newline + 1;
+    if (newline != begin && newline[-1] == '\r') *--newline = '\n';
+    if (static_cast<std::size_t>(newline - begin) < kMaxLine) return newline + 1;
+  }
+  next_ = begin + std::min(reach, kMaxLine);
+  return next_;
 }
 
 void LineReader::Refill() {
@@ -75,7 +71,6 @@ void LineReader::Refill() {
   const std::size_t read = std::fread(block, 1, kBlockSize, file_);
   next_ = block - kept;
   end_ = block + read;
-  nul_ = FindIn(next_, end_, '\0');
   atEnd_ = read < kBlockSize;
   failed_ = std::ferror(file_) != 0;
 }

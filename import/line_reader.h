@@ -12,10 +12,17 @@
 #include <cstddef>
 #include <cstdio>
 #include <memory>
-
-#include "import/field_splitter.h"
+#include <span>
+#include <string_view>
 
 namespace quillkit {
+
+// A run of characters that may be changed, with a NUL behind its last one.
+using TextSpan = std::span<char>;
+
+inline std::string_view View(TextSpan text) {
+  return {text.data(), text.size()};
+}
 
 class LineReader {
  public:
@@ -41,14 +48,15 @@ class LineReader {
 
  private:
   void Refill();
-  TextSpan CutAtNul(char* begin, char* end);
+  char* FindLineEnd();
 
   std::unique_ptr<char[]> storage_;
   std::FILE* file_ = nullptr;
-  char* next_ = nullptr;  // the first character that was not given yet
-  char* end_ = nullptr;   // behind the last character that was read
-  char* nul_ = nullptr;   // the first NUL at or behind next_, end_ when there is none
-  bool atEnd_ = false;    // nothing is left to read
+  char* next_ = nullptr;     // the first character that was not given yet
+  char* end_ = nullptr;      // behind the last character that was read
+  char* lineEnd_ = nullptr;  // the NUL behind the line that was given
+  char covered_ = '\0';      // the character of the file in its place
+  bool atEnd_ = false;       // nothing is left to read
   bool failed_ = false;
 };
 

@@ -21,7 +21,9 @@ const ScriptBook* FindScriptBook(std::int32_t target) {
   return nullptr;
 }
 
-const ScriptBook& EmailScriptBook() { return kScriptBooks[0]; }
+const ScriptBook& EmailScriptBook() {
+  return kScriptBooks[0];
+}
 
 void WriteClearLine(ScriptWriter& script, const ScriptBook& book) {
   script.Append("CA ");

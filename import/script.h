@@ -32,7 +32,7 @@ struct ScriptBook {
   std::size_t fieldCount;
   std::array<std::size_t, kMaxEntryFields> widths;  // bytes of each field
   std::string_view tail;                            // follows the last field of an entry line
-  bool hasPlainPair;                                // whether anybody but the administrator fills it
+  bool hasPlainPair;  // whether anybody but the administrator fills it
 };
 
 // The book for a targetBook, or null when it names none.

@@ -1,27 +1,26 @@
-// The text routines that converters share, on NUL-terminated text.
+// The routines that the converters share. Text is NUL-terminated and changed in place.
 
 #ifndef QUILLKIT_IMPORT_TEXT_ROUTINES_H_
 #define QUILLKIT_IMPORT_TEXT_ROUTINES_H_
 
 #include <cstdint>
 
-#include "import/field_splitter.h"
 #include "platform/message_pump.h"
 
 namespace quillkit {
 
-// Splits as FieldSplitter does, in the manner of a tokenizer: with a text the splitting begins at
-// its front, with null it goes on where the last call stopped. The separator behind the field is
-// overwritten with a NUL; quotes stay in the field. Null when there is no field; the calls after
-// that give null too. What is returned points into the text.
-// There is one position for the whole process, so splittings must not overlap.
+// Splits a text at a separator that does not count between double quotes, in the manner of a
+// tokenizer: with a text the splitting begins at its front, with null it goes on where the last
+// call stopped. A field runs to the next separator, which becomes a NUL, or to the end of the text;
+// two adjacent separators have an empty field between them. Quotes stay in the field. The separator
+// is looked for before the quote: a separator that is the double quote simply stops at the next
+// one. Null when there is no field: the last one was taken, or this one has a quote that is not
+// closed, which leaves the text as it was and ends the fields for good. There is one position for
+// the whole process, so splittings must not overlap.
 char* NextQuotedField(char* text, char separator);
 
-// Removes every occurrence of `removed` from `text`, in place. A null text is ignored.
+// Removes every occurrence of `removed`.
 void StripChar(char removed, char* text);
-
-// The same on a text with a known end; gives what is left, at the same place.
-TextSpan StripChar(char removed, TextSpan text);
 
 // Removes and handles the thread's pending messages for `window`, and afterwards restores the
 // application's wait cursor if `restoreCursor` is nonzero. Does nothing for a null window.

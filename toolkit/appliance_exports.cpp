@@ -2,22 +2,13 @@
 
 #include "appliance/scanner.h"
 #include "books/user_record.h"
-#include "bridge/the_agent.h"
+#include "import/connected_user.h"
 #include "softkeys/top_level_ab.h"
 #include "toolkit/call_frame.h"
 #include "toolkit/quillkit.h"
 #include "toolkit/session_entry.h"
 
 namespace quillkit {
-namespace {
-
-// An unbound scanner is answered for by the one agent there is.
-CUserRecord* CurrentUserOf(const CScanner& scanner) {
-  const CAgent* agent = scanner.Agent();
-  return (agent != nullptr ? *agent : TheAgent).CurrentUser();
-}
-
-}  // namespace
 
 const char* GetScannerName(CScanner* scanner) {
   return InFrame([&] { return scanner->Name().c_str(); });
@@ -36,12 +27,12 @@ std::uint32_t GetScannerAddress(CScanner* scanner) {
 }
 
 CUserRecord* GetCurrentConnectedUser(CScanner* scanner) {
-  return InFrame([&] { return CurrentUserOf(*scanner); });
+  return InFrame([&] { return ConnectedUser(scanner); });
 }
 
 std::int32_t IsAdminConnected(CScanner* scanner) {
   return InFrame([&] {
-    const CUserRecord* user = CurrentUserOf(*scanner);
+    const CUserRecord* user = ConnectedUser(scanner);
     return user != nullptr && user->IsAdministrator() ? 1 : 0;
   });
 }

@@ -1,0 +1,79 @@
+#include "import/import_address_book.h"
+
+#include <string>
+
+#include "appliance/scanner.h"
+#include "books/user_record.h"
+#include "import/connected_user.h"
+#include "import/conversion.h"
+#include "import/convert_delimited_text.h"
+#include "import/convert_directory_export.h"
+#include "import/convert_mail_server_export.h"
+#include "platform/files.h"
+#include "platform/message_pump.h"
+
+namespace quillkit {
+namespace {
+
+constexpr std::int32_t kNoSuchFile = -1;
+constexpr std::int32_t kNotConnected = -1;
+constexpr std::int32_t kNoOptions = -3;
+constexpr std::int32_t kUnknownFormat = -11;
+constexpr const char* kScriptPrefix = "QK7";
+
+// No window takes part in an import, so no messages are pumped.
+std::int32_t ConvertDelimited(const CScanner* scanner, const char* path, const char* script,
+                              const ImportOptions& options, std::int32_t isAdmin) {
+  char userName[32] = {};
+  GetConnectedUserName(scanner, userName, sizeof(userName));
+  return ConvertDelimitedText(path, options.targetBook, ColumnMapOf(options), script,
+                              options.skipHeader, ",", options.clearFirst, isAdmin, userName,
+                              nullptr, 0);
+}
+
+// Writes the script. What the converter gives.
+std::int32_t Convert(const CScanner* scanner, const char* path, const char* script,
+                     const ImportOptions& options) {
+  const CUserRecord* user = ConnectedUser(scanner);
+  const std::int32_t isAdmin = user != nullptr && user->IsAdministrator() ? 1 : 0;
+  switch (options.format) {
+    case ImportFormatDirectory:
+      return ConvertDirectoryExport(path, script, options.clearFirst, isAdmin, nullptr, 0);
+    case ImportFormatMailServer:
+      return ConvertMailServerExport(path, script, options.clearFirst, isAdmin, nullptr, 0);
+    case ImportFormatDelimited:
+      return ConvertDelimited(scanner, path, script, options, isAdmin);
+    default:
+      return kUnknownFormat;
+  }
+}
+
+// Lets the server run the script, under the wait cursor.
+std::int32_t SubmitImportScript(const CScanner* scanner, const std::string& script) {
+  BeginWaitCursor();
+  const std::int32_t result = scanner != nullptr ? scanner->RunBatch(script) : kNotConnected;
+  EndWaitCursor();
+  return result;
+}
+
+}  // namespace
+
+std::int32_t ImportAddressBookFile(const CScanner* scanner, const char* path,
+                                   const ImportOptions* options) {
+  if (options == nullptr) return kNoOptions;
+  if (!MatchesAnyFile(path)) return kNoSuchFile;
+
+  // Where no file can be created the path is empty: the converter cannot write there.
+  const std::string script = CreateTemporaryFile(kScriptPrefix);
+  if (options->format == ImportFormatScript) {
+    DeleteFileAt(script);
+    return SubmitImportScript(scanner, path);
+  }
+  const std::int32_t failure = Convert(scanner, path, script.c_str(), *options);
+  if (failure != kConverted) return failure;
+  const std::int32_t result = SubmitImportScript(scanner, script);
+  DeleteFileAt(script);
+  return result;
+}
+
+}  // namespace quillkit
