@@ -1,0 +1,31 @@
+# Building and running the tests; sourced by the scripts of this tree.
+# shellcheck shell=bash
+
+# step TEXT: a heading with the seconds since the script's start.
+step() { printf '\n== %s  [%d s]\n' "$1" "$SECONDS"; }
+
+# build PRESET FOLDER [options of cmake]: configures and builds, through ccache where there is one.
+build() {
+  local preset=$1 folder=$2 compiler
+  shift 2
+  if command -v ccache >/dev/null; then
+    for compiler in C CXX; do set -- -D CMAKE_${compiler}_COMPILER_LAUNCHER=ccache "$@"; done
+  fi
+  cmake --preset "$preset" -B "$folder" --log-level=WARNING "$@" >/dev/null
+  cmake --build "$folder"
+}
+
+# run_tests NAME COMMAND...: runs a GoogleTest program, prints its failures and its closing lines,
+# and one line with the counts. Fails when a test did, and when none ran.
+run_tests() {
+  local name=$1 log status=0 passed failed
+  shift
+  log=$(mktemp)
+  "$@" --gtest_brief=1 >"$log" 2>&1 || status=$?
+  cat "$log"
+  passed=$(tr -d '\r' <"$log" | sed -n 's/^\[  PASSED  \] \([0-9]*\) tests\{0,1\}\.$/\1/p')
+  failed=$(tr -d '\r' <"$log" | grep -c '^\[  FAILED  \] .* ms)$' || true)
+  rm -f "$log"
+  echo "$name: ${passed:-0} passed, $failed failed"
+  [ "$status" = 0 ] && [ "${passed:-0}" -gt 0 ]
+}

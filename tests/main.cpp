@@ -1,0 +1,15 @@
+// Runs every test of the tree in one program, which holds the library's objects themselves.
+
+#include <gmock/gmock.h>
+
+#include <cstdio>
+
+#include "platform/message_box.h"
+
+int main(int argc, char** argv) {
+  testing::InitGoogleMock(&argc, argv);
+  // No box may wait for somebody to press a button.
+  quillkit::SetMessageBoxHandler(
+      [](const char* text) { return std::fprintf(stderr, "%s\n", text); });
+  return RUN_ALL_TESTS();
+}
