@@ -88,9 +88,9 @@ class BookAccess {
   Status Delete(const Entry& entry) { return DeleteByKey(KeyOf(entry)); }
   Status Delete(std::string_view name) { return DeleteByKey(EntryKey(name)); }
 
-  // IMSPModifyEntry of each record in turn, by its own name. The first status that is not 0 ends the
-  // run and is the result: what was sent stays, the rest is not sent. `*count` is read anew at each
-  // step.
+  // IMSPModifyEntry of each record in turn, by its own name. The first status that is not 0 ends
+  // the run and is the result: what was sent stays, the rest is not sent. `*count` is read anew at
+  // each step.
   Status ModifyEach(Entry* entries, const std::uint32_t* count) {
     if (agent_ == nullptr) return kRefused;
     for (std::uint32_t i = 0; i < *count; ++i) {

@@ -45,7 +45,9 @@ void CScanner::GetAddress(std::uint32_t* value) const {
   if (IsBound()) *value = address;
 }
 
-CTopLevelAB* CScanner::DetachTopBook() { return IsBound() ? topBook.release() : nullptr; }
+CTopLevelAB* CScanner::DetachTopBook() {
+  return IsBound() ? topBook.release() : nullptr;
+}
 
 int CScanner::SetTopBook(CTopLevelAB* book) {
   if (!IsBound()) return 0;

@@ -41,8 +41,8 @@ class CScanner : public RootObject {
   // --- Identity ---
 
   // Sets the five fields and gives 1; 0 and no change for a null agent or an address of 0.
-  int Init(const std::string& newName, const std::uint32_t* newAddress,
-           const std::string& newModel, const std::string& newVersion, CAgent* newAgent);
+  int Init(const std::string& newName, const std::uint32_t* newAddress, const std::string& newModel,
+           const std::string& newVersion, CAgent* newAgent);
 
   bool IsBound() const { return address != 0 && agent != nullptr; }
 
@@ -78,12 +78,13 @@ class CScanner : public RootObject {
   // As above, and hands the book to the caller.
   CTopLevelAB* DetachTopBook();
 
-  // Deletes the present book and takes over `book` (1), or with null opens a new one on this scanner
-  // and loads it (what its Attach gives). 0 and no change on an unbound scanner.
+  // Deletes the present book and takes over `book` (1), or with null opens a new one on this
+  // scanner and loads it (what its Attach gives). 0 and no change on an unbound scanner.
   int SetTopBook(CTopLevelAB* book);
 
-  // Empty the book on the server under the long time-out, which is put back whatever happens. Calls:
-  // SetServerTimeout, IMSPClearAB, SetServerTimeout; the clear's status. An unbound scanner gives 0.
+  // Empty the book on the server under the long time-out, which is put back whatever happens.
+  // Calls: SetServerTimeout, IMSPClearAB, SetServerTimeout; the clear's status. An unbound scanner
+  // gives 0.
   Status ClearEmailBook();
   Status ClearFaxBook();
   Status ClearUsersBook();
@@ -142,8 +143,8 @@ class CScanner : public RootObject {
   BookAccess<CEmailEntry> PrivateList(std::string_view list) const;
   BookAccess<CFaxEntry> FaxList(std::string_view list) const;
 
-  // The names of the lists of a kind: IMSPListAB with an empty name and the filter "*" into `books`,
-  // an array of `*count` that becomes the number delivered. -1 also for a count of 0.
+  // The names of the lists of a kind: IMSPListAB with an empty name and the filter "*" into
+  // `books`, an array of `*count` that becomes the number delivered. -1 also for a count of 0.
   Status ListPublicLists(ABIdent* books, std::uint32_t* count) const;
   Status ListPrivateLists(ABIdent* books, std::uint32_t* count) const;
   Status ListFaxLists(ABIdent* books, std::uint32_t* count) const;
@@ -169,8 +170,8 @@ class CScanner : public RootObject {
   Status ModifyKeyEntry(std::string_view key, CMenuItem* record) const;
 
   // The items of one key: its book has the key's name.
-  Status ReadKeyItems(std::string_view key, KeyRange* range, CMenuItem* items,
-                      std::uint32_t* count, std::int32_t direction) const;
+  Status ReadKeyItems(std::string_view key, KeyRange* range, CMenuItem* items, std::uint32_t* count,
+                      std::int32_t direction) const;
   Status CreateKeyItem(std::string_view key, CMenuItem* item) const;
   Status ModifyKeyItem(std::string_view key, CMenuItem* item) const;
   Status RenameKeyItem(std::string_view key, std::string_view oldName, CMenuItem* item) const;

@@ -13,7 +13,9 @@ BookAccess<CEmailEntry> CScanner::PrivateEntries() const {
   return {agent, BookKind::kPrivateEmail, kPrivateBook};
 }
 
-BookAccess<CFaxEntry> CScanner::FaxEntries() const { return {agent, BookKind::kFax, kFaxBook}; }
+BookAccess<CFaxEntry> CScanner::FaxEntries() const {
+  return {agent, BookKind::kFax, kFaxBook};
+}
 
 BookAccess<CUserEntry> CScanner::UserEntries() const {
   return {agent, BookKind::kUsers, kUsersBook};
@@ -39,7 +41,9 @@ BookAccess<CFaxEntry> CScanner::FaxList(std::string_view list) const {
   return {agent, BookKind::kFaxList, list};
 }
 
-BookAccess<CMenuItem> CScanner::TopEntries() const { return {agent, BookKind::kTop, kTopBook}; }
+BookAccess<CMenuItem> CScanner::TopEntries() const {
+  return {agent, BookKind::kTop, kTopBook};
+}
 
 BookAccess<CMenuItem> CScanner::KeyItems(std::string_view key) const {
   return {agent, BookKind::kKeyItems, key};
@@ -93,7 +97,9 @@ Status CScanner::ListKeys(EntryKey* rows, std::uint32_t* count) const {
   return BookAccess<CMenuItem>(agent, BookKind::kTop, {}).ListNames(rows, count);
 }
 
-Status CScanner::CreateKeyEntry(CMenuItem* record) const { return TopEntries().Create(record); }
+Status CScanner::CreateKeyEntry(CMenuItem* record) const {
+  return TopEntries().Create(record);
+}
 
 Status CScanner::ModifyKeyEntry(std::string_view key, CMenuItem* record) const {
   return TopEntries().Rename(key, record);
@@ -121,6 +127,8 @@ Status CScanner::DeleteKeyItem(std::string_view key, const CMenuItem& item) cons
   return KeyItems(key).Delete(item);
 }
 
-Status CScanner::DeleteKeyBook(std::string_view key) const { return KeyItems(key).DeleteBook(); }
+Status CScanner::DeleteKeyBook(std::string_view key) const {
+  return KeyItems(key).DeleteBook();
+}
 
 }  // namespace quillkit

@@ -6,11 +6,21 @@
 
 namespace quillkit {
 
-Status CScanner::ClearEmailBook() { return Clear(BookKind::kEmail, kEmailBook); }
-Status CScanner::ClearFaxBook() { return Clear(BookKind::kFax, kFaxBook); }
-Status CScanner::ClearUsersBook() { return Clear(BookKind::kUsers, kUsersBook); }
-Status CScanner::ClearTopBook() { return Clear(BookKind::kTop, kTopBook); }
-Status CScanner::ClearPrintersBook() { return Clear(BookKind::kPrinters, kPrintersBook); }
+Status CScanner::ClearEmailBook() {
+  return Clear(BookKind::kEmail, kEmailBook);
+}
+Status CScanner::ClearFaxBook() {
+  return Clear(BookKind::kFax, kFaxBook);
+}
+Status CScanner::ClearUsersBook() {
+  return Clear(BookKind::kUsers, kUsersBook);
+}
+Status CScanner::ClearTopBook() {
+  return Clear(BookKind::kTop, kTopBook);
+}
+Status CScanner::ClearPrintersBook() {
+  return Clear(BookKind::kPrinters, kPrintersBook);
+}
 
 // Unlike a batch, a clear puts the time-out back also when it failed. Where the old one cannot be
 // read, the long one is what is put back.
@@ -97,11 +107,21 @@ Status CScanner::ProbeIdentity(std::string& third) {
   return IsBound() ? agent->ProbeIdentity(this, third) : kRefused;
 }
 
-Status CScanner::EnrolUser(CUserEntry* entry) const { return agent->EnrolUser(address, entry); }
-Status CScanner::ReadLog(const std::string& user) const { return agent->ReadLog(user); }
-Status CScanner::ClearLog(const std::string& filter) const { return agent->ClearLog(filter); }
-Status CScanner::ClearLogExceptSystem() const { return agent->ClearLogExceptSystem(); }
-std::uint32_t CScanner::LogCount() const { return agent->LogCount(); }
+Status CScanner::EnrolUser(CUserEntry* entry) const {
+  return agent->EnrolUser(address, entry);
+}
+Status CScanner::ReadLog(const std::string& user) const {
+  return agent->ReadLog(user);
+}
+Status CScanner::ClearLog(const std::string& filter) const {
+  return agent->ClearLog(filter);
+}
+Status CScanner::ClearLogExceptSystem() const {
+  return agent->ClearLogExceptSystem();
+}
+std::uint32_t CScanner::LogCount() const {
+  return agent->LogCount();
+}
 
 const LogRecord* CScanner::LogRecordAt(std::int32_t index) const {
   return agent->LogRecordAt(index);

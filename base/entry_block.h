@@ -53,8 +53,8 @@ class EntryBlock {
     skip_ = 0;
   }
 
-  // Replaces the block by one of `count` zeroed records, all of them live. False, and no block, when
-  // `count` is not above 0 or the memory is refused.
+  // Replaces the block by one of `count` zeroed records, all of them live. False, and no block,
+  // when `count` is not above 0 or the memory is refused.
   bool Allocate(std::int32_t count) {
     Free();
     if (!Fits(count)) return false;

@@ -53,7 +53,8 @@ class CAgent : public RootObject {
   Status LoadServerLibrary();
 
   // Releases user, server library (IMSPTerminate, recorded), timer and scanners, each where it is
-  // held: it can run any number of times. It sends no IMSPLogout and leaves IsConnected() as it was.
+  // held: it can run any number of times. It sends no IMSPLogout and leaves IsConnected() as it
+  // was.
   void Shutdown();
 
   // --- Status ---
@@ -72,12 +73,12 @@ class CAgent : public RootObject {
   CUserRecord* CurrentUser() const { return currentUser.get(); }
 
   // Logs `user` in at `target`'s address and reads the user's record. Calls: IMSPLogin; IMSPIOCtl 6
-  // unless the wake-up timer runs; IMSPReadEntryProperties on USERSAB. The first status that is not 0
-  // ends it and is the result.
+  // unless the wake-up timer runs; IMSPReadEntryProperties on USERSAB. The first status that is not
+  // 0 ends it and is the result.
   //   `third` takes the third identity word, also when the login is refused.
-  //   A refused login changes nothing else but IsConnected(), which is then 0. A later failure leaves
-  //   the session open, and the new scanner in the list once the timer runs: the caller logs out.
-  //   A scanner of the same address that was in the list is deleted.
+  //   A refused login changes nothing else but IsConnected(), which is then 0. A later failure
+  //   leaves the session open, and the new scanner in the list once the timer runs: the caller logs
+  //   out. A scanner of the same address that was in the list is deleted.
   // `loadPrivateBook` has no effect while the library has no private books.
   Status Login(CUserRecord* user, CScanner* target, std::string& third,
                std::int32_t loadPrivateBook);
@@ -95,8 +96,8 @@ class CAgent : public RootObject {
   Status Logout(std::int32_t deleteScanners);
 
   // Finds out the third identity word at `target`'s address through the toolkit's own account, in a
-  // session of its own, and logs that session out; the logout's status is recorded and returned. The
-  // wake-up timer it may have started runs on.
+  // session of its own, and logs that session out; the logout's status is recorded and returned.
+  // The wake-up timer it may have started runs on.
   Status ProbeIdentity(CScanner* target, std::string& third);
 
   // Adds `entry` to USERSAB through the guest account, in a session of its own. The status of the
@@ -137,7 +138,8 @@ class CAgent : public RootObject {
   // and starts the timer at half of it on the calling thread. The status recorded last.
   Status StartWakeup();
 
-  // Stops the timer. A later StartWakeup() takes it to be running all the same; Logout() resets that.
+  // Stops the timer. A later StartWakeup() takes it to be running all the same; Logout() resets
+  // that.
   void StopWakeup();
 
   // Starts the timer when none is set; whether that gave 0.
@@ -166,9 +168,9 @@ class CAgent : public RootObject {
   // sends the restoring call. The command's status.
   Status CheckDatabase();
 
-  // Sends kind 0 (back up), 1 (restore) or 2 (check), followed by `first`, a comma and `second`, each
-  // of which may be null, with IMSPIOCtl 7. -1 with nothing sent when the first text is over 384
-  // characters, the second does not fit behind it, or there is a second without a first.
+  // Sends kind 0 (back up), 1 (restore) or 2 (check), followed by `first`, a comma and `second`,
+  // each of which may be null, with IMSPIOCtl 7. -1 with nothing sent when the first text is over
+  // 384 characters, the second does not fit behind it, or there is a second without a first.
   Status DatabaseCommand(std::int32_t kind, const char* first, const char* second);
 
   // Replaces the log records by those of a user. Calls: IMSPSizeofAB and, when there are any,
@@ -185,9 +187,9 @@ class CAgent : public RootObject {
   // ClearLog or DeleteScanners.
   const LogRecord* LogRecordAt(std::int32_t index) const;
 
-  // Whether `text` may be given to the server: 0, or -1 for a text of `limit` characters or more, -2
-  // for one that holds "*" or that IMSPCheckString refuses, -3 for one that holds a byte of 128 or
-  // above behind its first character.
+  // Whether `text` may be given to the server: 0, or -1 for a text of `limit` characters or more,
+  // -2 for one that holds "*" or that IMSPCheckString refuses, -3 for one that holds a byte of 128
+  // or above behind its first character.
   Status ValidateString(const std::string& text, std::int32_t limit);
 
   // Copies a text of the server into `text`, a buffer of at least 400 bytes; an empty text when the
@@ -200,8 +202,8 @@ class CAgent : public RootObject {
   // --- Forwarding operations ---
   //
   // One per entry point, with its arguments (bridge/imsp_api.h). The status is recorded and
-  // returned; that of IMSPLogout is only returned. A delivered count above what was asked for is cut
-  // to it.
+  // returned; that of IMSPLogout is only returned. A delivered count above what was asked for is
+  // cut to it.
 
   Status IMSPInit();
   Status IMSPTerminate();
@@ -250,7 +252,6 @@ class CAgent : public RootObject {
   template <class Work>
   Status RunLong(Work work);
 
-  Status OpenSession(LoginRecord& login, std::string& identity);
   Status AdoptUser(const CUserRecord& user);
   void AddScannerFor(const CScanner* target, std::uint32_t address, const Identity& identity);
   Status RecordedCommand(std::int32_t kind, const char* first, const char* second);

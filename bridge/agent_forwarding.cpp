@@ -20,8 +20,8 @@ Status CAgent::Call(const char* name, Arguments... arguments) {
   return lastError;
 }
 
-// A call that delivers up to `*count` records: what the server says it delivered is believed only up
-// to that.
+// A call that delivers up to `*count` records: what the server says it delivered is believed only
+// up to that.
 template <class Entry, class... Arguments>
 Status CAgent::CallForCount(const char* name, std::uint32_t* count, Arguments... arguments) {
   const std::uint32_t capacity = *count;
@@ -30,19 +30,29 @@ Status CAgent::CallForCount(const char* name, std::uint32_t* count, Arguments...
   return status;
 }
 
-Status CAgent::IMSPInit() { return Call<decltype(quillkit::IMSPInit)>("IMSPInit"); }
+Status CAgent::IMSPInit() {
+  return Call<decltype(quillkit::IMSPInit)>("IMSPInit");
+}
 
-Status CAgent::IMSPTerminate() { return Call<decltype(quillkit::IMSPTerminate)>("IMSPTerminate"); }
+Status CAgent::IMSPTerminate() {
+  return Call<decltype(quillkit::IMSPTerminate)>("IMSPTerminate");
+}
 
 Status CAgent::IMSPLogin(LoginRecord* login, char* identity, std::uint32_t capacity) {
   return Call<decltype(quillkit::IMSPLogin)>("IMSPLogin", login, identity, capacity);
 }
 
-Status CAgent::IMSPLogout() { return Forward<decltype(quillkit::IMSPLogout)>("IMSPLogout"); }
+Status CAgent::IMSPLogout() {
+  return Forward<decltype(quillkit::IMSPLogout)>("IMSPLogout");
+}
 
-Status CAgent::IMSPWakeup() { return Call<decltype(quillkit::IMSPWakeup)>("IMSPWakeup"); }
+Status CAgent::IMSPWakeup() {
+  return Call<decltype(quillkit::IMSPWakeup)>("IMSPWakeup");
+}
 
-Status CAgent::IMSPAbort() { return Call<decltype(quillkit::IMSPAbort)>("IMSPAbort"); }
+Status CAgent::IMSPAbort() {
+  return Call<decltype(quillkit::IMSPAbort)>("IMSPAbort");
+}
 
 Status CAgent::IMSPIOCtl(IOCtlRecord* record) {
   return Call<decltype(quillkit::IMSPIOCtl)>("IMSPIOCtl", record);
@@ -88,8 +98,8 @@ Status CAgent::IMSPListABEntries(ABIdent* book, KeyRange* range, EntryKey* rows,
                                                              range, rows, count, direction);
 }
 
-Status CAgent::IMSPListAB(ABIdent* selector, KeyRange* range, ABIdent* books,
-                          std::uint32_t* count, std::int32_t direction) {
+Status CAgent::IMSPListAB(ABIdent* selector, KeyRange* range, ABIdent* books, std::uint32_t* count,
+                          std::int32_t direction) {
   // Without a buffer the count is only told: nothing bounds it.
   if (books == nullptr) {
     return Call<decltype(quillkit::IMSPListAB)>("IMSPListAB", selector, range, books, count,

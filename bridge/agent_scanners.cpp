@@ -14,7 +14,9 @@ const ClassRecord CAgent::kClass = {"CAgent", sizeof(CAgent), 1, CreateObject<CA
 
 CAgent::CAgent() : scanCursor(scanners.end()) {}
 
-CAgent::~CAgent() { Shutdown(); }
+CAgent::~CAgent() {
+  Shutdown();
+}
 
 void CAgent::Serialize(Archive& archive) {
   if (!archive.IsStoring() && !scanners.empty()) DeleteScanners();

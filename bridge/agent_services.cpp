@@ -126,7 +126,9 @@ Status CAgent::ClearLog(const std::string& filter) {
   });
 }
 
-Status CAgent::ClearLogExceptSystem() { return ClearLog("_!ADMINISTRATOR_!GUEST"); }
+Status CAgent::ClearLogExceptSystem() {
+  return ClearLog("_!ADMINISTRATOR_!GUEST");
+}
 
 const LogRecord* CAgent::LogRecordAt(std::int32_t index) const {
   if (logRecords == nullptr || index < 0 || static_cast<std::uint32_t>(index) >= logCount) {
@@ -165,6 +167,8 @@ Status CAgent::ChangeIdentity(const std::string& user) {
   return IMSPChangeIdentity(&key);
 }
 
-void CAgent::ErrorText(std::string& text) const { text = StatusText(lastError); }
+void CAgent::ErrorText(std::string& text) const {
+  text = StatusText(lastError);
+}
 
 }  // namespace quillkit

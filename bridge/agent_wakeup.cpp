@@ -32,6 +32,8 @@ void CAgent::StopWakeup() {
   wakeupTimer = 0;
 }
 
-bool CAgent::EnsureWakeup() { return wakeupTimer != 0 || StartWakeup() == kNoError; }
+bool CAgent::EnsureWakeup() {
+  return wakeupTimer != 0 || StartWakeup() == kNoError;
+}
 
 }  // namespace quillkit

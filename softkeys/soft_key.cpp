@@ -53,11 +53,13 @@ int CSoftKey::SetKeyName(std::string_view name) {
 int CSoftKey::SetItemAt(std::int32_t index, const CMenuItem& item) {
   CMenuItem* slot = items.At(index);
   if (slot == nullptr) return 0;
-  return slot->SetAll(item.name.View(), item.path.View(), item.appTag.View(),
-                      item.ipAddress.View(), item.settings, item.fileFormat);
+  return slot->SetAll(item.name.View(), item.path.View(), item.appTag.View(), item.ipAddress.View(),
+                      item.settings, item.fileFormat);
 }
 
-int CSoftKey::RemoveItemAt(std::int32_t index) { return items.RemoveAt(index) ? 1 : 0; }
+int CSoftKey::RemoveItemAt(std::int32_t index) {
+  return items.RemoveAt(index) ? 1 : 0;
+}
 
 std::int32_t CSoftKey::FindFirstItem(const std::string& pattern, bool wholeName) {
   findCursor = IndexOf(pattern, 0, wholeName);

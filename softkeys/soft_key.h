@@ -1,7 +1,7 @@
 // One soft key: a named button with an ordered list of up to 512 menu items, cached in one block.
 //
-// On the server a key is an entry of the top-level book, which CTopLevelAB looks after, and a book of
-// its own under the key's name, whose entries are the items. Two families change items:
+// On the server a key is an entry of the top-level book, which CTopLevelAB looks after, and a book
+// of its own under the key's name, whose entries are the items. Two families change items:
 //   plain  changes the server and, if asked, reads the whole key anew; a Status, 0 is good
 //   Fast   changes the server and then patches the cache in place; a count, or 1, or -1 or 0
 // In both the server comes first: a refusal leaves the cache as it was, and nothing is undone.

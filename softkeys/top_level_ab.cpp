@@ -46,7 +46,9 @@ CSoftKey* CTopLevelAB::KeyAt(std::int32_t index) const {
   return index >= 0 && index < Count() ? keys[static_cast<std::size_t>(index)].get() : nullptr;
 }
 
-std::int32_t CTopLevelAB::Find(std::string_view name) const { return IndexOf(name, 0, true); }
+std::int32_t CTopLevelAB::Find(std::string_view name) const {
+  return IndexOf(name, 0, true);
+}
 
 std::int32_t CTopLevelAB::FindFirstKey(const std::string& pattern, bool wholeName) {
   findCursor = IndexOf(pattern, 0, wholeName);
@@ -60,8 +62,7 @@ std::int32_t CTopLevelAB::FindNextKey(bool wholeName) {
   return findCursor;
 }
 
-std::int32_t CTopLevelAB::IndexOf(std::string_view name, std::int32_t start,
-                                  bool wholeName) const {
+std::int32_t CTopLevelAB::IndexOf(std::string_view name, std::int32_t start, bool wholeName) const {
   return FindName(start, Count(), name, wholeName, [&](std::int32_t i) -> std::string_view {
     return keys[static_cast<std::size_t>(i)]->KeyName();
   });

@@ -2,8 +2,8 @@
 // with the top-level book on the server.
 //
 // A key exists on the server as an entry of the top-level book and as a book of its own; the server
-// ties the two together. A new key is requested as an entry, and a key is removed by the deletion of
-// its book.
+// ties the two together. A new key is requested as an entry, and a key is removed by the deletion
+// of its book.
 //
 //   plain, with reload     the server changes, then the cache is rebuilt with items: every key
 //                          handle is gone
@@ -44,10 +44,10 @@ class CTopLevelAB : public RootObject {
   // outcome is dropped. Always 1.
   int Attach(CScanner* newScanner, std::int32_t load);
 
-  // Replaces the cache by the server's keys: IMSPListABEntries, and with items one IMSPReadAB a key,
-  // whose status is ignored. The status of the listing, with 4 (no keys) as 0. A failed listing
-  // leaves no keys; a server with more than 11 is one such case. A key read without items has no
-  // owner and can be asked for its name and its server's count alone.
+  // Replaces the cache by the server's keys: IMSPListABEntries, and with items one IMSPReadAB a
+  // key, whose status is ignored. The status of the listing, with 4 (no keys) as 0. A failed
+  // listing leaves no keys; a server with more than 11 is one such case. A key read without items
+  // has no owner and can be asked for its name and its server's count alone.
   Status Load(std::int32_t withItems);
 
   // Drops all cached keys.
@@ -114,8 +114,8 @@ class CTopLevelAB : public RootObject {
   Status ClearAll();
 
   // What CSoftKey asks of the scanner.
-  Status ReadKeyItems(std::string_view key, KeyRange* range, CMenuItem* items,
-                      std::uint32_t* count, std::int32_t direction) const;
+  Status ReadKeyItems(std::string_view key, KeyRange* range, CMenuItem* items, std::uint32_t* count,
+                      std::int32_t direction) const;
   Status CreateKeyItem(std::string_view key, CMenuItem* item) const;
   Status ModifyKeyItem(std::string_view key, CMenuItem* item) const;
   Status RenameKeyItem(std::string_view key, std::string_view oldName, CMenuItem* item) const;
