@@ -12,6 +12,21 @@
 // An account is a user's name. Books of the kinds kPrivateEmail and kPrivateList are each user's
 // own; functions that name a book take the user for those and ignore it, null included, for all
 // others. Fixed books may be named by their kind alone, with any name.
+//
+// What it settles where a client can only take what comes:
+//   - GUEST may create an entry in the users' book and nothing else. ADMINISTRATOR and TOOLKIT may
+//     do anything. Any other account may read every book and change its own private ones. Else 11.
+//   - Only who logged in as ADMINISTRATOR may change identity, and back; the rights are then those
+//     of the other user.
+//   - The three accounts stay: clearing the users' book leaves them; deleting or renaming one
+//     gives 11.
+//   - Deleting the e-mail, printer or private book empties it; any other fixed book gives 12.
+//   - A key book and its entry in the top-level book come, go and change their names together. The
+//     private books of a user do the same with the account.
+//   - A record is refused with 7 when its name is empty or a text has no NUL in its field.
+//   - LOGAB offers IMSPSizeofAB, IMSPReadAB and IMSPClearAB; other calls on it give 13. It has a
+//     record (32 bytes user, then a text) of each login, logout and batch, the last 65,536.
+//   - IMSPIOCtl 7 is for ADMINISTRATOR and TOOLKIT. A backup does not hold the log.
 
 #ifndef QUILLKIT_SIMULATOR_SIMULATOR_H_
 #define QUILLKIT_SIMULATOR_SIMULATOR_H_
@@ -24,20 +39,20 @@ namespace quillkit {
 
 // Ways in which a broken server lies, to be combined. None changes what is stored.
 enum SimulatorLie : std::uint32_t {
-  // Bulk reads and listings claim to have delivered 1000 more than the buffer holds; no record is
-  // written outside it.
+  // Bulk reads, listings and the census claim to have delivered 1000 more than the buffer holds,
+  // unless they give 4; no record is written outside it.
   kLieDeliveredCount = 1,
   // The text fields of delivered records, rows and census letters are filled to their ends, without
   // a NUL.
   kLieUnterminated = 2,
-  // A call that fails leaves the count as it came in; else it delivers 0.
+  // A call that fails, 4 and faults included, leaves the count as it came in; else it delivers 0.
   kLieFailedCount = 4,
   // Records and rows of one read stand in descending order.
   kLieUnsorted = 8,
   // The rows of a letter census tell one entry more than twice the number, every other one a
   // negative number.
   kLieCensus = 16,
-  // Sizes are off by 7 more at every call.
+  // Sizes, and the numbers of books, are off by 7 more at every call.
   kLieSize = 32,
 };
 
@@ -60,7 +75,8 @@ void SimulatorSetIdentity(const char* bytes, std::uint32_t size);
 
 // Milliseconds: the time-out of calls (30,000), and the period within which a session has to show a
 // sign of life (60,000), which is any call of it. A session that does not is dropped: later calls
-// give 10.
+// give 10. Real silence counts from a tenth of a second on. IMSPIOCtl 1 sets the time-out for the
+// session; a login sets it back to what was set here. SimulatorTimeout tells the present one.
 void SimulatorSetTimeout(std::uint32_t milliseconds);
 void SimulatorSetWakeupPeriod(std::uint32_t milliseconds);
 std::uint32_t SimulatorTimeout();
@@ -105,7 +121,8 @@ void SimulatorClearJournal();
 std::int32_t SimulatorCallCount();
 
 // The recorded call: its entry point's name and its arguments, separated by blanks, or null out of
-// range. Good until the journal changes.
+// range. Good until the journal changes. Buffers, records and counts that only come out are left
+// out; the count of an IMSPListAB that asks for the number alone stands as -.
 //   a book       kind:name, as 512:Scan
 //   a range      [first|filter|skip], as [|*|0]
 //   a count      what came in
@@ -124,7 +141,8 @@ Status SimulatorCallStatus(std::int32_t index);
 // --- Faults ---
 
 // Makes a later call of the entry point, or of any for null, do nothing but give `status`:
-// occurrence 1 is the next one, 2 the one after it; 0 is every one. Several faults may wait.
+// occurrence 1 is the next one, 2 the one after it; 0 is every one. Several faults may wait; where
+// two meet, the earlier one counts. The call is journaled, and is no sign of life.
 void SimulatorFail(const char* entry, std::int32_t occurrence, Status status);
 void SimulatorClearFaults();
 

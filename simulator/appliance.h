@@ -1,0 +1,68 @@
+// The simulated appliance: its books and log, its session, and what makes it answer other than it
+// should.
+
+#ifndef QUILLKIT_SIMULATOR_APPLIANCE_H_
+#define QUILLKIT_SIMULATOR_APPLIANCE_H_
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "simulator/faults.h"
+#include "simulator/journal.h"
+#include "simulator/lies.h"
+#include "simulator/log_book.h"
+#include "simulator/session.h"
+#include "simulator/store.h"
+
+namespace quillkit {
+
+// What SimulatorSet... functions set.
+struct Settings {
+  std::string identity = "Quillbox 40 - 3.1 - K7";
+  std::string serverText;
+  bool hasServerText = true;
+  std::uint32_t timeout = 30'000;  // of a new session; all times in milliseconds
+  std::uint32_t wakeupPeriod = 60'000;
+  std::uint32_t latency = 0;
+};
+
+class Appliance {
+ public:
+  Store store;
+  std::map<std::string, Store, std::less<>> backups;  // by their first text
+  LogBook log;
+  Session session;
+  Settings settings;
+  std::uint32_t timeout = settings.timeout;  // of calls, in milliseconds
+  Clock clock;
+  Journal journal;
+  Faults faults;
+  Lies lies;
+  bool isInitialised = false;  // between IMSPInit and IMSPTerminate
+
+  // As delivered, but for `isInitialised`.
+  void Reset();
+
+  // Whether the session is open, and drops it when it has been silent for too long.
+  bool HasSession() { return session.IsOpen(clock, settings.wakeupPeriod); }
+
+  // A book as the session names it.
+  BookPath PathOf(const ABIdent& book) const {
+    BookPath path{book.kind, {}, session.User()};
+    path.name.name = book.name;
+    return path;
+  }
+};
+
+// Fills an appliance as delivered with a small office.
+void Seed(Appliance& appliance);
+
+// The one of this process, seeded at first.
+Appliance& TheAppliance();
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_SIMULATOR_APPLIANCE_H_

@@ -1,0 +1,36 @@
+// The script language of IMSPBatchConfiguration.
+
+#ifndef QUILLKIT_SIMULATOR_BATCH_H_
+#define QUILLKIT_SIMULATOR_BATCH_H_
+
+#include <string_view>
+
+#include "bridge/status.h"
+#include "simulator/store.h"
+
+namespace quillkit {
+
+// Carries out a script file for a user, line by line. Lines end with LF or CR LF; blank ones are
+// passed over. The first line that fails ends it, and what was carried out before stays.
+//
+// For ADMINISTRATOR a line is one of these, each field a text in double quotes:
+//
+//   CA book                                                    clears the book
+//   SE emailab "name" "address"                                creates or replaces one entry
+//   SE faxab "name" "number" "third"
+//   SE printersab "name" "description" "model"
+//   SE usersab "name" "password" "third" "fourth" N N N N
+//
+// The four numbers of a user are its on-off state and its once-only mark (0 or 1), and its high and
+// its low nibble (0 to 15).
+//
+// For anybody else two lines are the name and the address of an entry of the user's private book,
+// created or replaced; the address may be blank.
+//
+// 17 for a file that cannot be read, a line that is none of these and a name without an address; 7
+// for an empty name, and for a text or number that does not fit its field.
+Status RunBatch(Store& store, std::string_view user, const char* path);
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_SIMULATOR_BATCH_H_

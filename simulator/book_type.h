@@ -1,0 +1,41 @@
+// What the appliance knows of each kind of book: its name, whose it is, and its record.
+
+#ifndef QUILLKIT_SIMULATOR_BOOK_TYPE_H_
+#define QUILLKIT_SIMULATOR_BOOK_TYPE_H_
+
+#include <cstddef>
+#include <span>
+#include <string_view>
+
+#include "bridge/records.h"
+
+namespace quillkit {
+
+// A text in a record: where its field begins and how many bytes that has.
+struct TextField {
+  std::size_t offset = 0;
+  std::size_t size = 0;
+};
+
+struct BookType {
+  BookKind kind = BookKind::kNone;
+  std::string_view fixedName;  // of the one book of its kind; empty: any number, each with a name
+  bool isPrivate = false;      // each user has books of his own
+  std::size_t recordSize = 0;
+  std::span<const TextField> texts;
+
+  bool IsFixed() const { return !fixedName.empty(); }
+};
+
+// Null for a kind that does not exist.
+const BookType* TypeOf(BookKind kind);
+
+// The name that a record carries in its first field, as it stands: without a NUL when it has none.
+EntryKey NameOf(const void* record);
+
+// Whether every text ends inside its field and the name is not empty.
+bool IsStorable(const BookType& type, const void* record);
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_SIMULATOR_BOOK_TYPE_H_

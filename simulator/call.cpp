@@ -1,0 +1,31 @@
+#include "simulator/call.h"
+
+#include <algorithm>
+#include <chrono>
+#include <thread>
+
+namespace quillkit {
+namespace {
+
+// Takes the latency, but never longer than the time-out. Whether the call was in time.
+bool WaitForAnswer(const Appliance& appliance) {
+  const std::uint32_t latency = appliance.settings.latency;
+  if (latency == 0) return true;
+  std::this_thread::sleep_for(std::chrono::milliseconds(std::min(latency, appliance.timeout)));
+  return latency <= appliance.timeout;
+}
+
+}  // namespace
+
+std::optional<Status> Refusal(Appliance& appliance, const EntryPoint& entry) {
+  if (const auto fault = appliance.faults.Take(entry.name)) return fault;
+  if (!WaitForAnswer(appliance)) return kTimeoutExpired;
+  if (entry.need == Need::kNothing) return std::nullopt;
+  if (!appliance.isInitialised) return kNotInitialised;
+  if (entry.need == Need::kLibrary) return std::nullopt;
+  if (!appliance.HasSession()) return kNotLoggedIn;
+  appliance.session.Wake(appliance.clock);
+  return std::nullopt;
+}
+
+}  // namespace quillkit

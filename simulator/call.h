@@ -1,0 +1,49 @@
+// The one way in which every entry point is served: journal, faults, latency, session, and then the
+// entry point's own work.
+
+#ifndef QUILLKIT_SIMULATOR_CALL_H_
+#define QUILLKIT_SIMULATOR_CALL_H_
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "simulator/appliance.h"
+#include "simulator/status_codes.h"
+
+namespace quillkit {
+
+// What a call has to find: nothing, the library between IMSPInit and IMSPTerminate (else 20), and
+// in that a session too (else 10).
+enum class Need { kNothing, kLibrary, kSession };
+
+struct EntryPoint {
+  const char* name = nullptr;
+  Need need = Need::kSession;
+  std::uint32_t* count = nullptr;  // a failed call sets it to 0; may be null
+};
+
+// Nothing when the call may run, which in a session is a sign of life. Else what it gives: the
+// status of a fault, 19 after waiting for the time-out, 20 or 10.
+std::optional<Status> Refusal(Appliance& appliance, const EntryPoint& entry);
+
+// Serves a call: `work` takes the appliance and gives the status. `arguments` are what the journal
+// shows.
+template <class Work, class... Arguments>
+Status Serve(const EntryPoint& entry, Work work, const Arguments&... arguments) {
+  Appliance& appliance = TheAppliance();
+  const bool isRecorded = appliance.journal.IsRecording();
+  std::string text;
+  if (isRecorded) text = CallText(entry.name, arguments...);
+  const std::optional<Status> refusal = Refusal(appliance, entry);
+  const Status status = refusal ? *refusal : work(appliance);
+  const bool isFailure = refusal || (status != kNoError && status != kMoreData);
+  if (isFailure && entry.count != nullptr && !appliance.lies.KeepsFailedCount()) *entry.count = 0;
+  if (isRecorded) appliance.journal.Add(std::move(text), status);
+  return status;
+}
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_SIMULATOR_CALL_H_

@@ -1,0 +1,35 @@
+#include "simulator/database.h"
+
+#include <algorithm>
+#include <string>
+
+#include "simulator/appliance.h"
+#include "simulator/status_codes.h"
+
+namespace quillkit {
+
+std::string_view CommandText(const char* text) {
+  constexpr std::size_t kCapacity = 400;
+  std::size_t length = 0;
+  while (length < kCapacity && text[length] != '\0') ++length;
+  return {text, length};
+}
+
+Status RunDatabaseCommand(Appliance& appliance, std::string_view command) {
+  constexpr std::size_t kWordLength = 14;
+  const std::string_view word = command.substr(0, kWordLength);
+  const std::string_view texts = command.substr(word.size());
+  const std::string name(texts.substr(0, texts.find(',')));
+  if (word == "DBCHECK.......") return kNoError;
+  if (word == "DBBACKUP......") {
+    appliance.backups.insert_or_assign(name, appliance.store);
+    return kNoError;
+  }
+  if (word != "DBRESTORE.....") return kBadCommand;
+  const auto backup = appliance.backups.find(name);
+  if (backup == appliance.backups.end()) return kDataNotFound;
+  appliance.store = backup->second;
+  return kNoError;
+}
+
+}  // namespace quillkit

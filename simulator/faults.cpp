@@ -1,0 +1,23 @@
+#include "simulator/faults.h"
+
+#include <algorithm>
+
+namespace quillkit {
+
+void Faults::Add(std::string_view entry, std::int32_t occurrence, Status status) {
+  waiting_.push_back({std::string(entry), std::max(occurrence, std::int32_t{0}), status});
+}
+
+std::optional<Status> Faults::Take(std::string_view entry) {
+  std::optional<Status> taken;
+  std::erase_if(waiting_, [&](Fault& fault) {
+    if (!fault.entry.empty() && fault.entry != entry) return false;
+    const bool isEach = fault.calls == 0;
+    if (!isEach && --fault.calls != 0) return false;
+    if (!taken) taken = fault.status;
+    return !isEach;
+  });
+  return taken;
+}
+
+}  // namespace quillkit

@@ -1,0 +1,67 @@
+// The journal of calls, and the form that a call's arguments take in it (simulator/simulator.h).
+
+#ifndef QUILLKIT_SIMULATOR_JOURNAL_H_
+#define QUILLKIT_SIMULATOR_JOURNAL_H_
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "bridge/records.h"
+
+namespace quillkit {
+
+class Journal {
+ public:
+  struct Call {
+    std::string text;
+    Status status = kNoError;
+  };
+
+  bool IsRecording() const { return isRecording_; }
+  void Record(bool record) { isRecording_ = record; }
+  void Clear() { calls_.clear(); }
+  void Add(std::string text, Status status) { calls_.push_back({std::move(text), status}); }
+
+  std::size_t Size() const { return calls_.size(); }
+
+  // Null out of range.
+  const Call* At(std::int32_t index) const;
+
+ private:
+  bool isRecording_ = false;
+  std::vector<Call> calls_;
+};
+
+// Arguments whose type does not tell what they are.
+struct CountArgument {
+  const std::uint32_t* count = nullptr;
+};
+struct RecordArgument {
+  const void* record = nullptr;
+};
+
+// Appends one argument. Nothing is read past a field, whatever it holds.
+void AppendArgument(std::string& line, const ABIdent* book);
+void AppendArgument(std::string& line, const KeyRange* range);
+void AppendArgument(std::string& line, const EntryKey* key);
+void AppendArgument(std::string& line, const LoginRecord* login);
+void AppendArgument(std::string& line, const IOCtlRecord* record);
+void AppendArgument(std::string& line, const char* text);
+void AppendArgument(std::string& line, CountArgument argument);
+void AppendArgument(std::string& line, RecordArgument argument);
+void AppendArgument(std::string& line, std::int32_t number);
+void AppendArgument(std::string& line, std::uint32_t number);
+
+template <class... Arguments>
+std::string CallText(std::string_view entry, const Arguments&... arguments) {
+  std::string line(entry);
+  ((line += ' ', AppendArgument(line, arguments)), ...);
+  return line;
+}
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_SIMULATOR_JOURNAL_H_

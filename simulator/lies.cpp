@@ -1,0 +1,37 @@
+#include "simulator/lies.h"
+
+#include <algorithm>
+
+namespace quillkit {
+
+void Lies::Set(std::uint32_t lies) {
+  lies_ = lies;
+  sizeError_ = 0;
+}
+
+std::uint32_t Lies::DeliveredCount(std::size_t delivered, std::uint32_t capacity) const {
+  return Tells(kLieDeliveredCount) ? capacity + 1000 : static_cast<std::uint32_t>(delivered);
+}
+
+void Lies::Fill(const BookType& type, void* record) const {
+  char* const bytes = static_cast<char*>(record);
+  for (const TextField& field : type.texts) FillText(bytes + field.offset, field.size);
+}
+
+void Lies::FillText(char* text, std::size_t size) const {
+  if (Tells(kLieUnterminated)) std::fill(std::find(text, text + size, '\0'), text + size, '~');
+}
+
+void Lies::Distort(PageBoundary* row, std::size_t index) const {
+  FillText(row->reserved, sizeof row->reserved);
+  if (!Tells(kLieCensus)) return;
+  row->count = 2 * row->count + 1;
+  if (index % 2 != 0) row->count = -row->count;
+}
+
+std::uint32_t Lies::Size(std::size_t size) {
+  if (Tells(kLieSize)) sizeError_ += 7;
+  return static_cast<std::uint32_t>(size) + sizeError_;
+}
+
+}  // namespace quillkit

@@ -1,0 +1,48 @@
+// How the appliance distorts what it delivers. Every member does nothing but while its lie is on.
+
+#ifndef QUILLKIT_SIMULATOR_LIES_H_
+#define QUILLKIT_SIMULATOR_LIES_H_
+
+#include <cstddef>
+#include <cstdint>
+
+#include "simulator/book_type.h"
+#include "simulator/simulator.h"
+
+namespace quillkit {
+
+class Lies {
+ public:
+  void Set(std::uint32_t lies);
+
+  // The count that a read claims to have delivered.
+  std::uint32_t DeliveredCount(std::size_t delivered, std::uint32_t capacity) const;
+
+  // Whether a call that fails leaves its count alone.
+  bool KeepsFailedCount() const { return Tells(kLieFailedCount); }
+
+  // Where the record at `index` of `count` goes.
+  std::size_t Place(std::size_t index, std::size_t count) const {
+    return Tells(kLieUnsorted) ? count - 1 - index : index;
+  }
+
+  // Fills the texts of a delivered record, or a text alone, to their ends.
+  void Fill(const BookType& type, void* record) const;
+  void FillText(char* text, std::size_t size) const;
+
+  // Distorts a row of the census.
+  void Distort(PageBoundary* row, std::size_t index) const;
+
+  // The size to tell.
+  std::uint32_t Size(std::size_t size);
+
+ private:
+  bool Tells(SimulatorLie lie) const { return (lies_ & lie) != 0; }
+
+  std::uint32_t lies_ = 0;
+  std::uint32_t sizeError_ = 0;
+};
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_SIMULATOR_LIES_H_

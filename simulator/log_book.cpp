@@ -1,0 +1,88 @@
+#include "simulator/log_book.h"
+
+#include <algorithm>
+#include <bit>
+
+namespace quillkit {
+namespace {
+
+// What this appliance writes into a record.
+struct LogLine {
+  FixedText<32> user;
+  FixedText<168> text;
+};
+static_assert(sizeof(LogLine) == sizeof(LogRecord));
+
+constexpr std::string_view kKept = "_!";  // stands before the name of a user whose records stay
+
+std::string_view UserOf(const LogRecord& record) {
+  const std::string_view field(record.bytes, sizeof(LogLine::user));
+  return field.substr(0, field.find('\0'));
+}
+
+bool IsWhole(std::string_view filter) {
+  return filter.empty() || filter == "*";
+}
+
+// Whether `filter`, which begins with kKept, holds this name.
+bool Keeps(std::string_view filter, std::string_view user) {
+  while (filter.starts_with(kKept)) {
+    filter.remove_prefix(kKept.size());
+    const std::string_view name = filter.substr(0, filter.find(kKept));
+    if (name == user) return true;
+    filter.remove_prefix(name.size());
+  }
+  return false;
+}
+
+bool IsCleared(std::string_view filter, std::string_view user) {
+  if (IsWhole(filter)) return true;
+  return filter.starts_with(kKept) ? !Keeps(filter, user) : user == filter;
+}
+
+}  // namespace
+
+void LogBook::Add(std::string_view user, std::string_view text) {
+  LogLine line;
+  line.user.Assign(user);
+  line.text.Assign(text);
+  Append(std::bit_cast<LogRecord>(line));
+}
+
+void LogBook::Append(const LogRecord& record) {
+  if (records_.size() == kCapacity) {
+    const auto oldest = byUser_.find(UserOf(records_.front()));
+    oldest->second.pop_front();
+    if (oldest->second.empty()) byUser_.erase(oldest);
+    records_.pop_front();
+    ++firstNumber_;
+  }
+  byUser_[std::string(UserOf(record))].push_back(firstNumber_ + records_.size());
+  records_.push_back(record);
+}
+
+std::size_t LogBook::Size(std::string_view filter) const {
+  if (IsWhole(filter)) return records_.size();
+  const Numbers* const numbers = NumbersOf(filter);
+  return numbers != nullptr ? numbers->size() : 0;
+}
+
+const LogRecord& LogBook::At(std::string_view filter, std::size_t index) const {
+  if (IsWhole(filter)) return records_[index];
+  return records_[static_cast<std::size_t>((*NumbersOf(filter))[index] - firstNumber_)];
+}
+
+void LogBook::Clear(std::string_view filter) {
+  LogBook kept;
+  for (const LogRecord& record : records_) {
+    if (!IsCleared(filter, UserOf(record))) kept.Append(record);
+  }
+  *this = std::move(kept);
+}
+
+const LogBook::Numbers* LogBook::NumbersOf(std::string_view user) const {
+  const auto found = byUser_.find(user);
+  return found != byUser_.end() ? &found->second : nullptr;
+}
+
+}  // namespace quillkit

@@ -1,0 +1,78 @@
+// Values by name, in the order of unsigned bytes, that can also be reached by their position.
+//
+// Every operation takes logarithmic time, copying apart. Pointers to values stay good until the
+// value is erased or renamed.
+
+#ifndef QUILLKIT_SIMULATOR_ORDERED_H_
+#define QUILLKIT_SIMULATOR_ORDERED_H_
+
+#include <ext/pb_ds/assoc_container.hpp>
+#include <ext/pb_ds/tree_policy.hpp>
+
+#include <cstddef>
+#include <functional>
+#include <utility>
+
+#include "bridge/entry_key.h"
+
+namespace quillkit {
+
+template <class Value>
+class Ordered {
+  using Tree = __gnu_pbds::tree<EntryKey, Value, std::less<EntryKey>, __gnu_pbds::rb_tree_tag,
+                                __gnu_pbds::tree_order_statistics_node_update>;
+
+ public:
+  using Iterator = typename Tree::const_iterator;
+
+  Ordered() = default;
+  Ordered(const Ordered&) = default;
+  Ordered& operator=(const Ordered&) = default;
+  Ordered(Ordered&& other) noexcept { tree_.swap(other.tree_); }
+  Ordered& operator=(Ordered&& other) noexcept {
+    tree_.swap(other.tree_);
+    return *this;
+  }
+  ~Ordered() = default;
+
+  std::size_t Size() const { return tree_.size(); }
+
+  // The value of this name, or null.
+  Value* Find(const EntryKey& key) {
+    const auto found = tree_.find(key);
+    return found == tree_.end() ? nullptr : &found->second;
+  }
+  const Value* Find(const EntryKey& key) const {
+    const auto found = tree_.find(key);
+    return found == tree_.end() ? nullptr : &found->second;
+  }
+
+  // How many names sort before this one, and how many before or with it.
+  std::size_t CountBefore(const EntryKey& key) const { return tree_.order_of_key(key); }
+  std::size_t CountThrough(const EntryKey& key) const {
+    return CountBefore(key) + (Find(key) != nullptr ? 1 : 0);
+  }
+
+  // The name and value at a position. REQUIRES: `index` is below Size().
+  Iterator At(std::size_t index) const { return tree_.find_by_order(index); }
+
+  // The value of this name, a new empty one when there was none.
+  Value& operator[](const EntryKey& key) { return tree_[key]; }
+
+  // Whether there was one.
+  bool Erase(const EntryKey& key) { return tree_.erase(key); }
+
+  // REQUIRES: `from` is there, and `to` is not. The value's new place.
+  Value& Rename(const EntryKey& from, const EntryKey& to) {
+    Value value = std::move(tree_[from]);
+    tree_.erase(from);
+    return tree_[to] = std::move(value);
+  }
+
+ private:
+  Tree tree_;
+};
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_SIMULATOR_ORDERED_H_

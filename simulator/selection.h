@@ -1,0 +1,85 @@
+// Which entries of a book a call means: the one implementation of filter, first key, skip and
+// direction, for all bulk reads, sizes and clearings.
+
+#ifndef QUILLKIT_SIMULATOR_SELECTION_H_
+#define QUILLKIT_SIMULATOR_SELECTION_H_
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "bridge/records.h"
+#include "simulator/ordered.h"
+
+namespace quillkit {
+
+// Positions from `begin` to before `end`.
+struct IndexRun {
+  std::size_t begin = 0;
+  std::size_t end = 0;
+
+  std::size_t Size() const { return end > begin ? end - begin : 0; }
+};
+
+// A run of names: all, those that begin with a text, or one. Empty and "*" mean all, a text and "*"
+// a beginning, anything else one name.
+class NameFilter {
+ public:
+  explicit NameFilter(std::string_view text);
+
+  // The names that begin with a text, whatever characters it holds.
+  static NameFilter Beginning(std::string_view text);
+
+  // The positions of the names that match; they are always neighbours.
+  template <class Value>
+  IndexRun Matches(const Ordered<Value>& values) const {
+    if (matchesNone_) return {};
+    const std::size_t begin = values.CountBefore(from_);
+    if (isName_) return {begin, values.CountThrough(from_)};
+    return {begin, hasEnd_ ? values.CountBefore(to_) : values.Size()};
+  }
+
+ private:
+  NameFilter(std::string_view text, bool isName);
+
+  EntryKey from_;  // the name, or the lowest name that matches
+  EntryKey to_;    // the lowest name above all that match
+  bool isName_ = false;
+  bool hasEnd_ = false;
+  bool matchesNone_ = false;  // longer than any name
+};
+
+// What one bulk read delivers.
+struct Delivery {
+  std::size_t begin = 0;  // the first position delivered
+  std::size_t count = 0;
+  std::size_t slot = 0;  // where in the buffer it goes: reading back, the last slot is always taken
+  Status status = kNoError;
+};
+
+// Of a run of matches, reading forward (`direction` 1) or back (anything else): passes over `skip`
+// of them, none for a negative number, and takes up to `capacity`. The status is 4 when none are
+// left, 21 when more are left than fit.
+Delivery Deliver(IndexRun matches, std::int32_t skip, std::size_t capacity, std::int32_t direction);
+
+// The matches of a range, which may be null for all, that lie behind its first key in the direction
+// of the read.
+template <class Value>
+IndexRun MatchesOf(const Ordered<Value>& values, const KeyRange* range, std::int32_t direction) {
+  if (range == nullptr) return {0, values.Size()};
+  IndexRun run = NameFilter(range->filter.View()).Matches(values);
+  if (range->first.IsEmpty()) return run;
+  EntryKey first;
+  first.name = range->first;  // also without a NUL: it then sorts as the longer text it is
+  if (direction == 1) {
+    run.begin = std::max(run.begin, values.CountThrough(first));
+  } else {
+    run.end = std::min(run.end, values.CountBefore(first));
+  }
+  return run;
+}
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_SIMULATOR_SELECTION_H_

@@ -1,0 +1,61 @@
+// The one session that the appliance's server library can have open, and the clock by which a
+// silent one is dropped.
+
+#ifndef QUILLKIT_SIMULATOR_SESSION_H_
+#define QUILLKIT_SIMULATOR_SESSION_H_
+
+#include <chrono>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace quillkit {
+
+// Real time, and what was put on top of it.
+class Clock {
+ public:
+  struct Moment {
+    std::chrono::steady_clock::time_point real;
+    std::chrono::milliseconds advanced{0};
+  };
+
+  Moment Now() const { return {std::chrono::steady_clock::now(), advanced_}; }
+  void Advance(std::uint32_t milliseconds) { advanced_ += std::chrono::milliseconds(milliseconds); }
+
+  // The time since a moment. Real time below a tenth of a second does not count, so that a short
+  // period measures what a client does and not how busy the machine is.
+  std::chrono::milliseconds Since(const Moment& moment) const;
+
+ private:
+  std::chrono::milliseconds advanced_{0};
+};
+
+class Session {
+ public:
+  // Opens it for an account, in the place of one that is open.
+  void Open(std::string_view account, const Clock& clock);
+  void Close();
+
+  // Closes it when it has been silent for the period, in milliseconds. Whether it is open.
+  bool IsOpen(const Clock& clock, std::uint32_t period);
+
+  // Takes a sign of life.
+  void Wake(const Clock& clock) { lastSign_ = clock.Now(); }
+
+  // Whose rights it has: the account that logged in, or the user it acts as since. "" when closed.
+  const std::string& User() const { return user_; }
+  void ActAs(std::string_view user) { user_ = user; }
+
+  // Who logged in. "" when closed.
+  const std::string& Account() const { return account_; }
+
+ private:
+  bool isOpen_ = false;
+  std::string account_;
+  std::string user_;
+  Clock::Moment lastSign_;
+};
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_SIMULATOR_SESSION_H_

@@ -1,0 +1,158 @@
+#include "simulator/simulator.h"
+
+#include <cstring>
+#include <string_view>
+
+#include "simulator/appliance.h"
+
+namespace quillkit {
+namespace {
+
+std::string_view TextOf(const char* text) {
+  return text != nullptr ? std::string_view(text) : std::string_view();
+}
+
+// Fixed books may be named by their kind alone, so that their name does not count.
+BookPath PathOf(BookKind kind, const char* book, const char* user) {
+  const BookType* const type = TypeOf(kind);
+  const bool isNamed = type != nullptr && !type->IsFixed();
+  return {kind, EntryKey(isNamed ? TextOf(book) : ""), TextOf(user)};
+}
+
+std::int32_t CopyLogRecord(const LogBook& log, std::string_view user, std::size_t index,
+                           void* record) {
+  if (index >= log.Size(user)) return 0;
+  std::memcpy(record, &log.At(user, index), sizeof(LogRecord));
+  return 1;
+}
+
+std::int32_t CopyRecord(const Record* found, void* record) {
+  if (found == nullptr) return 0;
+  std::memcpy(record, found->data(), found->size());
+  return 1;
+}
+
+}  // namespace
+
+extern "C" {
+
+void SimulatorReset() {
+  TheAppliance().Reset();
+}
+
+void SimulatorSeed() {
+  TheAppliance().Reset();
+  Seed(TheAppliance());
+}
+
+void SimulatorSetIdentity(const char* bytes, std::uint32_t size) {
+  TheAppliance().settings.identity = bytes != nullptr ? std::string(bytes, size) : std::string();
+}
+
+void SimulatorSetTimeout(std::uint32_t milliseconds) {
+  TheAppliance().settings.timeout = milliseconds;
+  TheAppliance().timeout = milliseconds;
+}
+
+void SimulatorSetWakeupPeriod(std::uint32_t milliseconds) {
+  TheAppliance().settings.wakeupPeriod = milliseconds;
+}
+
+std::uint32_t SimulatorTimeout() {
+  return TheAppliance().timeout;
+}
+
+void SimulatorAdvanceClock(std::uint32_t milliseconds) {
+  TheAppliance().clock.Advance(milliseconds);
+}
+
+void SimulatorSetLatency(std::uint32_t milliseconds) {
+  TheAppliance().settings.latency = milliseconds;
+}
+
+void SimulatorSetServerText(const char* text) {
+  TheAppliance().settings.serverText = TextOf(text);
+  TheAppliance().settings.hasServerText = text != nullptr;
+}
+
+const char* SimulatorSessionUser() {
+  return TheAppliance().HasSession() ? TheAppliance().session.User().c_str() : "";
+}
+
+std::int32_t SimulatorBookSize(BookKind kind, const char* book, const char* user) {
+  Appliance& appliance = TheAppliance();
+  if (kind == BookKind::kLog) return static_cast<std::int32_t>(appliance.log.Size({}));
+  const Book* const found = appliance.store.Find(PathOf(kind, book, user));
+  return found != nullptr ? static_cast<std::int32_t>(found->Size()) : -1;
+}
+
+std::int32_t SimulatorEntryAt(BookKind kind, const char* book, const char* user, std::int32_t index,
+                              void* record) {
+  Appliance& appliance = TheAppliance();
+  if (index < 0 || record == nullptr) return 0;
+  const auto place = static_cast<std::size_t>(index);
+  if (kind == BookKind::kLog) return CopyLogRecord(appliance.log, {}, place, record);
+  const Book* const found = appliance.store.Find(PathOf(kind, book, user));
+  if (found == nullptr || place >= found->Size()) return 0;
+  return CopyRecord(&found->At(place)->second, record);
+}
+
+std::int32_t SimulatorFindEntry(BookKind kind, const char* book, const char* user, const char* name,
+                                void* record) {
+  Appliance& appliance = TheAppliance();
+  if (name == nullptr || record == nullptr) return 0;
+  if (kind == BookKind::kLog) return CopyLogRecord(appliance.log, name, 0, record);
+  const Book* const found = appliance.store.Find(PathOf(kind, book, user));
+  return found != nullptr ? CopyRecord(found->Find(EntryKey(name)), record) : 0;
+}
+
+std::int32_t SimulatorPutEntry(BookKind kind, const char* book, const char* user,
+                               const void* record) {
+  Appliance& appliance = TheAppliance();
+  if (record == nullptr) return 0;
+  if (kind == BookKind::kLog) {
+    LogRecord line;
+    std::memcpy(&line, record, sizeof line);
+    appliance.log.Append(line);
+    return 1;
+  }
+  return appliance.store.Put(PathOf(kind, book, user), record) == kNoError ? 1 : 0;
+}
+
+void SimulatorRecordCalls(std::int32_t record) {
+  TheAppliance().journal.Record(record != 0);
+}
+
+void SimulatorClearJournal() {
+  TheAppliance().journal.Clear();
+}
+
+std::int32_t SimulatorCallCount() {
+  return static_cast<std::int32_t>(TheAppliance().journal.Size());
+}
+
+const char* SimulatorCallText(std::int32_t index) {
+  const Journal::Call* const call = TheAppliance().journal.At(index);
+  return call != nullptr ? call->text.c_str() : nullptr;
+}
+
+Status SimulatorCallStatus(std::int32_t index) {
+  const Journal::Call* const call = TheAppliance().journal.At(index);
+  return call != nullptr ? call->status : kNoError;
+}
+
+void SimulatorFail(const char* entry, std::int32_t occurrence, Status status) {
+  TheAppliance().faults.Add(TextOf(entry), occurrence, status);
+}
+
+void SimulatorClearFaults() {
+  TheAppliance().faults.Clear();
+}
+
+void SimulatorSetLies(std::uint32_t lies) {
+  TheAppliance().lies.Set(lies);
+}
+
+}  // extern "C"
+
+}  // namespace quillkit

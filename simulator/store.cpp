@@ -1,0 +1,194 @@
+#include "simulator/store.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "simulator/selection.h"
+#include "simulator/status_codes.h"
+
+namespace quillkit {
+namespace {
+
+bool IsPermanent(BookKind kind, const EntryKey& key) {
+  return kind == BookKind::kUsers &&
+         (key.name == kAdministratorName || key.name == kToolkitName || key.name == kGuestName);
+}
+
+bool IsUsableName(const EntryKey& name) {
+  return !name.name.IsEmpty() && name.name.IsTerminated();
+}
+
+bool IsEmptiedByDelete(BookKind kind) {
+  return kind == BookKind::kEmail || kind == BookKind::kPrinters || kind == BookKind::kPrivateEmail;
+}
+
+// A key's entry in the top-level book.
+CMenuItem KeyEntry(const EntryKey& key) {
+  CMenuItem entry;
+  entry.SetName(key.name.View());
+  return entry;
+}
+
+}  // namespace
+
+Store::Store() {
+  constexpr std::pair<std::string_view, std::string_view> kAccounts[] = {
+      {kAdministratorName, "quill"}, {kToolkitName, "KELP"}, {kGuestName, ""}};
+  for (const auto& [name, password] : kAccounts) {
+    CUserEntry account;
+    account.SetName(name);
+    account.SetPassword(password);
+    Put({BookKind::kUsers, {}, {}}, &account);
+  }
+}
+
+Store::Shelf& Store::ShelfOf(const BookType& type, std::string_view user) {
+  if (!type.isPrivate) return public_;
+  const auto found = private_.find(user);
+  return found != private_.end() ? found->second : private_[std::string(user)];
+}
+
+Book* Store::Find(const BookPath& path) {
+  const BookType* const type = TypeOf(path.kind);
+  if (type == nullptr || path.kind == BookKind::kLog) return nullptr;
+  if (!type->IsFixed()) return BooksOf(path.kind, path.user)->Find(path.name);
+  const bool isMeant = path.name.name.IsEmpty() || path.name.name == type->fixedName;
+  return isMeant ? &ShelfOf(*type, path.user).fixed[path.kind] : nullptr;
+}
+
+BookSet* Store::BooksOf(BookKind kind, std::string_view user) {
+  const BookType* const type = TypeOf(kind);
+  return type != nullptr && !type->IsFixed() ? &ShelfOf(*type, user).named[kind] : nullptr;
+}
+
+Status Store::CreateBook(const BookPath& path) {
+  const BookType* const type = TypeOf(path.kind);
+  if (type == nullptr) return kNoSuchBook;
+  if (type->IsFixed() || path.name.name == kPrivateBook) return kDuplicateBook;
+  if (!IsUsableName(path.name)) return kInvalidField;
+  BookSet& books = *BooksOf(path.kind, path.user);
+  if (books.Find(path.name) != nullptr) return kDuplicateBook;
+  if (path.kind == BookKind::kKeyItems) {
+    const CMenuItem entry = KeyEntry(path.name);
+    return CreateEntry({BookKind::kTop, {}, {}}, &entry);
+  }
+  books[path.name];
+  return kNoError;
+}
+
+Status Store::DeleteBook(const BookPath& path) {
+  const BookType* const type = TypeOf(path.kind);
+  if (type == nullptr) return kNoSuchBook;
+  if (path.kind == BookKind::kKeyItems) {
+    const Status status = DeleteEntry({BookKind::kTop, {}, {}}, path.name);
+    return status == kDataNotFound ? kNoSuchBook : status;
+  }
+  if (!type->IsFixed()) {
+    return BooksOf(path.kind, path.user)->Erase(path.name) ? kNoError : kNoSuchBook;
+  }
+  return IsEmptiedByDelete(path.kind) ? ClearBook(path, {}) : kStaticBook;
+}
+
+Status Store::RenameBook(const BookPath& path, const EntryKey& name) {
+  BookSet* const books = BooksOf(path.kind, path.user);
+  if (books == nullptr || books->Find(path.name) == nullptr) return kNoSuchBook;
+  if (!IsUsableName(name)) return kInvalidField;
+  if (name == path.name) return kNoError;
+  if (name.name == kPrivateBook || books->Find(name) != nullptr) return kDuplicateBook;
+  books->Rename(path.name, name);
+  return kNoError;
+}
+
+Status Store::ClearBook(const BookPath& path, std::string_view filter) {
+  Book* const book = Find(path);
+  if (book == nullptr) return kNoSuchBook;
+  IndexRun run = NameFilter(filter).Matches(*book);
+  while (run.Size() != 0) {
+    const EntryKey key = book->At(run.begin)->first;
+    if (IsPermanent(path.kind, key)) {
+      ++run.begin;
+      continue;
+    }
+    book->Erase(key);
+    Erased(path.kind, key);
+    --run.end;
+  }
+  return kNoError;
+}
+
+Status Store::CreateEntry(const BookPath& path, const void* record) {
+  Book* const book = Find(path);
+  if (book == nullptr) return kNoSuchBook;
+  const BookType& type = *TypeOf(path.kind);
+  if (!IsStorable(type, record)) return kInvalidField;
+  if (book->Find(NameOf(record)) != nullptr) return kNameConflict;
+  Insert(*book, type, record);
+  return kNoError;
+}
+
+Status Store::ModifyEntry(const BookPath& path, const EntryKey& key, const void* record) {
+  Book* const book = Find(path);
+  if (book == nullptr) return kNoSuchBook;
+  const BookType& type = *TypeOf(path.kind);
+  if (book->Find(key) == nullptr) return kDataNotFound;
+  if (!IsStorable(type, record)) return kInvalidField;
+  const EntryKey name = NameOf(record);
+  if (!(name == key)) {
+    if (book->Find(name) != nullptr) return kNameConflict;
+    if (IsPermanent(path.kind, key)) return kAccessDenied;
+    book->Rename(key, name);
+    Renamed(path.kind, key, name);
+  }
+  Insert(*book, type, record);
+  return kNoError;
+}
+
+Status Store::DeleteEntry(const BookPath& path, const EntryKey& key) {
+  Book* const book = Find(path);
+  if (book == nullptr) return kNoSuchBook;
+  if (IsPermanent(path.kind, key)) return kAccessDenied;
+  if (!book->Erase(key)) return kDataNotFound;
+  Erased(path.kind, key);
+  return kNoError;
+}
+
+Status Store::Put(const BookPath& path, const void* record) {
+  const BookType* const type = TypeOf(path.kind);
+  if (type == nullptr) return kNoSuchBook;
+  if (!IsStorable(*type, record)) return kInvalidField;
+  if (!type->IsFixed() && Find(path) == nullptr) {
+    const Status status = CreateBook(path);
+    if (status != kNoError) return status;
+  }
+  Book* const book = Find(path);
+  if (book == nullptr) return kNoSuchBook;
+  Insert(*book, *type, record);
+  return kNoError;
+}
+
+// Stores a storable record under its name, in the place of one that is there.
+void Store::Insert(Book& book, const BookType& type, const void* record) {
+  const char* const bytes = static_cast<const char*>(record);
+  const EntryKey key = NameOf(record);
+  book[key].assign(bytes, bytes + type.recordSize);
+  if (type.kind == BookKind::kTop) KeyBooks()[key];
+}
+
+void Store::Erased(BookKind kind, const EntryKey& key) {
+  if (kind == BookKind::kTop) KeyBooks().Erase(key);
+  if (kind != BookKind::kUsers) return;
+  const auto found = private_.find(key.name.View());
+  if (found != private_.end()) private_.erase(found);
+}
+
+void Store::Renamed(BookKind kind, const EntryKey& from, const EntryKey& to) {
+  if (kind == BookKind::kTop) KeyBooks().Rename(from, to);
+  if (kind != BookKind::kUsers) return;
+  auto shelf = private_.extract(std::string(from.name.View()));
+  if (shelf.empty()) return;
+  private_.erase(std::string(to.name.View()));
+  shelf.key() = to.name.View();
+  private_.insert(std::move(shelf));
+}
+
+}  // namespace quillkit

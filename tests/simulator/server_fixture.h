@@ -1,0 +1,64 @@
+// The stage of the tests of the simulated appliance itself: as delivered, initialised, nobody
+// logged in, and no library in between.
+
+#ifndef QUILLKIT_TESTS_SIMULATOR_SERVER_FIXTURE_H_
+#define QUILLKIT_TESTS_SIMULATOR_SERVER_FIXTURE_H_
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "bridge/imsp_api.h"
+#include "simulator/simulator.h"
+
+namespace quillkit {
+
+class ServerTest : public testing::Test {
+ protected:
+  ServerTest() {
+    SimulatorReset();
+    IMSPInit();
+  }
+  ~ServerTest() override { IMSPTerminate(); }
+
+  static LoginRecord MakeLogin(std::string_view user, std::string_view password) {
+    LoginRecord login;
+    login.address = 0x0100007F;
+    login.user.Assign(user);
+    login.password.Assign(password);
+    return login;
+  }
+
+  // Stores what the server answers in `identity`.
+  Status LogIn(std::string_view user, std::string_view password) {
+    LoginRecord login = MakeLogin(user, password);
+    char buffer[256] = {};
+    const Status status = IMSPLogin(&login, buffer, sizeof buffer);
+    identity = buffer;
+    return status;
+  }
+
+  void LogInAsAdministrator() { ASSERT_EQ(LogIn("ADMINISTRATOR", "quill"), kNoError); }
+
+  static CEmailEntry MakeEmail(std::string_view name, std::string_view address = "a@b.example") {
+    CEmailEntry entry;
+    entry.SetName(name);
+    entry.SetAddress(address);
+    return entry;
+  }
+
+  static void PutEmail(std::string_view name) {
+    const CEmailEntry entry = MakeEmail(name);
+    SimulatorPutEntry(BookKind::kEmail, nullptr, nullptr, &entry);
+  }
+
+  std::string identity;
+};
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_TESTS_SIMULATOR_SERVER_FIXTURE_H_

@@ -1,0 +1,124 @@
+// The session: who is let in, what may be done without one, and when it ends.
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "simulator/status_codes.h"
+#include "tests/simulator/server_fixture.h"
+
+namespace quillkit {
+namespace {
+
+using SessionTest = ServerTest;
+
+TEST_F(SessionTest, ChecksThePasswordAndAnswersTheIdentity) {
+  EXPECT_EQ(LogIn("ADMINISTRATOR", "Quill"), kWrongUser);
+  EXPECT_EQ(LogIn("administrator", "quill"), kWrongUser);
+  EXPECT_EQ(LogIn("", ""), kWrongUser);
+  EXPECT_STREQ(SimulatorSessionUser(), "");
+  EXPECT_EQ(LogIn("ADMINISTRATOR", "quill"), kNoError);
+  EXPECT_EQ(identity, "Quillbox 40 - 3.1 - K7");
+  EXPECT_STREQ(SimulatorSessionUser(), "ADMINISTRATOR");
+}
+
+TEST_F(SessionTest, RefusedLoginLeavesTheOpenSession) {
+  ASSERT_EQ(LogIn("TOOLKIT", "KELP"), kNoError);
+  EXPECT_EQ(LogIn("GUEST", "x"), kWrongUser);
+  EXPECT_STREQ(SimulatorSessionUser(), "TOOLKIT");
+  EXPECT_EQ(LogIn("GUEST", ""), kNoError);
+  EXPECT_STREQ(SimulatorSessionUser(), "GUEST");
+}
+
+TEST_F(SessionTest, IdentityIsCutAtTheCallersBuffer) {
+  SimulatorSetIdentity("ABCDEF", 6);
+  LoginRecord login = MakeLogin("TOOLKIT", "KELP");
+  char buffer[10] = {'#', '#', '#', '#', '#', '#', '#', '#', '#', '#'};
+  EXPECT_EQ(IMSPLogin(&login, buffer, 4), kNoError);
+  EXPECT_EQ(std::string(buffer, 10), "ABCD######");
+  EXPECT_EQ(IMSPLogin(&login, buffer, 6), kNoError);
+  EXPECT_EQ(std::string(buffer, 10), "ABCDEF####");
+  EXPECT_EQ(IMSPLogin(&login, buffer, 10), kNoError);
+  EXPECT_EQ(std::string(buffer, 10), std::string("ABCDEF\0###", 10));
+  EXPECT_EQ(IMSPLogin(&login, nullptr, 0), kNoError);
+}
+
+// Every entry point that needs a session, called with arguments that would do.
+TEST_F(SessionTest, EveryOtherCallNeedsASession) {
+  ABIdent book(BookKind::kEmail, kEmailBook);
+  ABIdent lists(BookKind::kPublicList, "");
+  EntryKey key("A");
+  CEmailEntry record;
+  IOCtlRecord control;
+  std::uint32_t count = 0;
+  const auto callAll = [&] {
+    return std::vector<Status>{
+        IMSPLogout(),
+        IMSPWakeup(),
+        IMSPAbort(),
+        IMSPIOCtl(&control),
+        IMSPCheckString("A", 2),
+        IMSPBatchConfiguration("none"),
+        IMSPChangeIdentity(&key),
+        IMSPCreateAB(&lists),
+        IMSPDeleteAB(&lists),
+        IMSPClearAB(&book, nullptr),
+        IMSPSizeofAB(&book, nullptr, &count),
+        IMSPReadAB(&book, nullptr, &record, &count, 1),
+        IMSPListABEntries(&book, nullptr, &key, &count, 1),
+        IMSPListAB(&lists, nullptr, nullptr, &count, 1),
+        IMSPReadPageBoundaries(&book, nullptr, &count),
+        IMSPCreateEntry(&book, &record),
+        IMSPReadEntryProperties(&book, &key, &record),
+        IMSPModifyEntry(&book, &key, &record),
+        IMSPDeleteEntry(&book, &key),
+        IMSPExport(0, 0),
+        IMSPGetExportFile(0, 0, 0),
+        IMSPImport(0, 0, 0),
+        IMSPImpExpState(0, 0),
+        IMSPImpExpAbort(),
+    };
+  };
+  EXPECT_THAT(callAll(), testing::Each(kNotLoggedIn));
+  ASSERT_EQ(IMSPTerminate(), kNoError);
+  EXPECT_THAT(callAll(), testing::Each(kNotInitialised));
+  EXPECT_EQ(LogIn("ADMINISTRATOR", "quill"), kNotInitialised);
+  EXPECT_EQ(IMSPTerminate(), kNotInitialised);
+}
+
+TEST_F(SessionTest, TerminateEndsTheSessionAndKeepsTheBooks) {
+  ASSERT_EQ(LogIn("ADMINISTRATOR", "quill"), kNoError);
+  PutEmail("Ann");
+  IMSPTerminate();
+  IMSPInit();
+  EXPECT_EQ(IMSPWakeup(), kNotLoggedIn);
+  EXPECT_EQ(SimulatorBookSize(BookKind::kEmail, "", nullptr), 1);
+}
+
+TEST_F(SessionTest, SilentSessionIsDropped) {
+  SimulatorSetWakeupPeriod(5000);
+  ASSERT_EQ(LogIn("ADMINISTRATOR", "quill"), kNoError);
+  for (int i = 0; i < 3; ++i) {
+    SimulatorAdvanceClock(4000);
+    EXPECT_EQ(IMSPWakeup(), kNoError);
+  }
+  SimulatorAdvanceClock(5000);
+  EXPECT_STREQ(SimulatorSessionUser(), "");
+  EXPECT_EQ(IMSPWakeup(), kNotLoggedIn);
+  EXPECT_EQ(IMSPLogout(), kNotLoggedIn);
+  EXPECT_EQ(LogIn("ADMINISTRATOR", "quill"), kNoError);
+  EXPECT_EQ(IMSPWakeup(), kNoError);
+}
+
+TEST_F(SessionTest, FaultedCallIsNoSignOfLife) {
+  SimulatorSetWakeupPeriod(5000);
+  ASSERT_EQ(LogIn("ADMINISTRATOR", "quill"), kNoError);
+  SimulatorAdvanceClock(4000);
+  SimulatorFail("IMSPWakeup", 1, kBadCommand);
+  EXPECT_EQ(IMSPWakeup(), kBadCommand);
+  SimulatorAdvanceClock(4000);
+  EXPECT_EQ(IMSPWakeup(), kNotLoggedIn);
+}
+
+}  // namespace
+}  // namespace quillkit
