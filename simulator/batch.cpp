@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstring>
 #include <fstream>
+#include <iterator>
 #include <optional>
 #include <vector>
 
@@ -28,7 +29,7 @@ class ScriptLines {
   // The next line without its end, good until the next call; nothing at the end of the file. A line
   // that is too long for any record ends the script: IsCut() then holds.
   std::optional<std::string_view> Next() {
-    if (!file_.getline(buffer_.data(), buffer_.size())) {
+    if (!file_.getline(buffer_.data(), std::ssize(buffer_))) {
       isCut_ = !file_.eof() && !file_.bad();
       return std::nullopt;
     }

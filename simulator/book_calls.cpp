@@ -12,9 +12,10 @@
 namespace quillkit {
 namespace {
 
-// Whether the session may do this with the book: 0, 3 for a kind that does not exist, or 11.
+// Whether the session may do this with the book: 0, 3 for one that cannot exist, or 11.
 Status Permit(const Appliance& appliance, const ABIdent& book, Action action) {
-  if (TypeOf(book.kind) == nullptr) return kNoSuchBook;
+  const BookType* const type = TypeOf(book.kind);
+  if (type == nullptr || !type->Accepts(book.name)) return kNoSuchBook;
   return MayUse(appliance.session.User(), book.kind, action) ? kNoError : kAccessDenied;
 }
 

@@ -25,6 +25,11 @@ struct BookType {
   std::span<const TextField> texts;
 
   bool IsFixed() const { return !fixedName.empty(); }
+
+  // Whether a book of this kind may be meant: a fixed one by its name or an empty one.
+  bool Accepts(const FixedText<32>& name) const {
+    return !IsFixed() || name.IsEmpty() || name == fixedName;
+  }
 };
 
 // Null for a kind that does not exist.

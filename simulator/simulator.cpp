@@ -12,11 +12,8 @@ std::string_view TextOf(const char* text) {
   return text != nullptr ? std::string_view(text) : std::string_view();
 }
 
-// Fixed books may be named by their kind alone, so that their name does not count.
 BookPath PathOf(BookKind kind, const char* book, const char* user) {
-  const BookType* const type = TypeOf(kind);
-  const bool isNamed = type != nullptr && !type->IsFixed();
-  return {kind, EntryKey(isNamed ? TextOf(book) : ""), TextOf(user)};
+  return {kind, EntryKey(TextOf(book)), TextOf(user)};
 }
 
 std::int32_t CopyLogRecord(const LogBook& log, std::string_view user, std::size_t index,

@@ -52,8 +52,7 @@ Book* Store::Find(const BookPath& path) {
   const BookType* const type = TypeOf(path.kind);
   if (type == nullptr || path.kind == BookKind::kLog) return nullptr;
   if (!type->IsFixed()) return BooksOf(path.kind, path.user)->Find(path.name);
-  const bool isMeant = path.name.name.IsEmpty() || path.name.name == type->fixedName;
-  return isMeant ? &ShelfOf(*type, path.user).fixed[path.kind] : nullptr;
+  return &ShelfOf(*type, path.user).fixed[path.kind];
 }
 
 BookSet* Store::BooksOf(BookKind kind, std::string_view user) {
@@ -160,9 +159,7 @@ Status Store::Put(const BookPath& path, const void* record) {
     const Status status = CreateBook(path);
     if (status != kNoError) return status;
   }
-  Book* const book = Find(path);
-  if (book == nullptr) return kNoSuchBook;
-  Insert(*book, *type, record);
+  Insert(*Find(path), *type, record);
   return kNoError;
 }
 

@@ -28,7 +28,7 @@ using Record = std::vector<char>;
 using Book = Ordered<Record>;
 using BookSet = Ordered<Book>;
 
-// Which book: the user counts for the private kinds alone. A fixed book's name may be empty.
+// Which book: the user counts for the private kinds alone, and the name not for fixed books.
 struct BookPath {
   BookKind kind = BookKind::kNone;
   EntryKey name;

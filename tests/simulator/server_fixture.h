@@ -7,7 +7,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,6 +18,12 @@
 #include "simulator/simulator.h"
 
 namespace quillkit {
+
+// Fills a field to its end, so that no NUL stops its text.
+template <std::size_t N>
+void FillUp(FixedText<N>& text, char c) {
+  std::memset(static_cast<void*>(&text), c, N);
+}
 
 class ServerTest : public testing::Test {
  protected:

@@ -1,0 +1,123 @@
+// The log book, which has records in the order of time and no names.
+
+#include <algorithm>
+#include <cstdio>
+
+#include "simulator/status_codes.h"
+#include "tests/simulator/server_fixture.h"
+
+namespace quillkit {
+namespace {
+
+// "user: text" of one record.
+std::string Show(const LogRecord& record) {
+  return std::string(record.bytes) + ": " + (record.bytes + 32);
+}
+
+class LogTest : public ServerTest {
+ protected:
+  // The records of a user, as IMSPReadAB gives them.
+  static std::vector<std::string> Read(std::string_view user, std::uint32_t capacity = 10,
+                                       std::int32_t direction = 1, std::int32_t skip = 0) {
+    ABIdent book(BookKind::kLog, kLogBook);
+    KeyRange range("", user, skip);
+    std::vector<LogRecord> records(capacity);
+    IMSPReadAB(&book, &range, records.data(), &capacity, direction);
+    if (direction != 1) std::rotate(records.begin(), records.end() - capacity, records.end());
+    std::vector<std::string> lines;
+    for (std::uint32_t i = 0; i < capacity; ++i) lines.push_back(Show(records[i]));
+    return lines;
+  }
+
+  static std::uint32_t Size(const char* user) {
+    ABIdent book(BookKind::kLog, kLogBook);
+    std::uint32_t count = 99;
+    EXPECT_EQ(IMSPSizeofAB(&book, user, &count), kNoError);
+    return count;
+  }
+
+  static Status Clear(const char* filter) {
+    ABIdent book(BookKind::kLog, kLogBook);
+    return IMSPClearAB(&book, filter);
+  }
+
+  // Two logins of TOOLKIT, with one of GUEST in between, and the administrator's.
+  void LogInSeveral() {
+    LogIn("TOOLKIT", "KELP");
+    LogIn("GUEST", "");
+    LogIn("TOOLKIT", "KELP");
+    IMSPLogout();
+    LogInAsAdministrator();
+  }
+};
+
+TEST_F(LogTest, TellsLoginsLogoutsAndBatches) {
+  LogIn("TOOLKIT", "wrong");
+  LogInSeveral();
+  IMSPBatchConfiguration("no/such/file");
+  EXPECT_THAT(Read(""), testing::ElementsAre("TOOLKIT: login", "GUEST: login", "TOOLKIT: login",
+                                             "TOOLKIT: logout", "ADMINISTRATOR: login",
+                                             "ADMINISTRATOR: batch 17"));
+}
+
+TEST_F(LogTest, FilterIsAUser) {
+  LogInSeveral();
+  EXPECT_EQ(Size(nullptr), 5U);
+  EXPECT_EQ(Size("*"), 5U);
+  EXPECT_EQ(Size("TOOLKIT"), 3U);
+  EXPECT_EQ(Size("TOOL*"), 0U);
+  EXPECT_THAT(Read("TOOLKIT", 2), testing::ElementsAre("TOOLKIT: login", "TOOLKIT: login"));
+  EXPECT_THAT(Read("TOOLKIT", 2, 1, 1), testing::ElementsAre("TOOLKIT: login", "TOOLKIT: logout"));
+  EXPECT_THAT(Read("TOOLKIT", 2, 0), testing::ElementsAre("TOOLKIT: login", "TOOLKIT: logout"));
+  EXPECT_THAT(Read("Nobody"), testing::IsEmpty());
+}
+
+TEST_F(LogTest, ClearsAUserAllOrAllButSome) {
+  LogInSeveral();
+  EXPECT_EQ(Clear("TOOLKIT"), kNoError);
+  EXPECT_THAT(Read(""), testing::ElementsAre("GUEST: login", "ADMINISTRATOR: login"));
+  EXPECT_EQ(Size("TOOLKIT"), 0U);
+  LogInSeveral();
+  EXPECT_EQ(Clear("_!ADMINISTRATOR_!GUEST"), kNoError);
+  EXPECT_THAT(Read(""), testing::ElementsAre("GUEST: login", "ADMINISTRATOR: login", "GUEST: login",
+                                             "ADMINISTRATOR: login"));
+  EXPECT_EQ(Size("GUEST"), 2U);
+  EXPECT_EQ(Clear(nullptr), kNoError);
+  EXPECT_EQ(Size(nullptr), 0U);
+}
+
+TEST_F(LogTest, OtherCallsAreNotImplemented) {
+  LogInAsAdministrator();
+  ABIdent book(BookKind::kLog, kLogBook);
+  EntryKey key("TOOLKIT");
+  LogRecord record;
+  PageBoundary row;
+  std::uint32_t count = 1;
+  EXPECT_EQ(IMSPCreateEntry(&book, &record), kNotImplemented);
+  EXPECT_EQ(IMSPModifyEntry(&book, &key, &record), kNotImplemented);
+  EXPECT_EQ(IMSPDeleteEntry(&book, &key), kNotImplemented);
+  EXPECT_EQ(IMSPReadEntryProperties(&book, &key, &record), kNotImplemented);
+  EXPECT_EQ(IMSPListABEntries(&book, nullptr, &key, &count, 1), kNotImplemented);
+  EXPECT_EQ(IMSPReadPageBoundaries(&book, &row, &count), kNotImplemented);
+}
+
+// The oldest records make room, and a user's own are still found by their place.
+TEST_F(LogTest, KeepsTheLatestRecords) {
+  constexpr int kCapacity = 65536;
+  LogInSeveral();
+  LogRecord record;
+  for (int i = 0; i < kCapacity; ++i) {
+    std::snprintf(record.bytes, 32, i % 2 == 0 ? "even" : "odd");
+    std::snprintf(record.bytes + 32, 100, "%d", i);
+    SimulatorPutEntry(BookKind::kLog, nullptr, nullptr, &record);
+  }
+  LogIn("TOOLKIT", "KELP");
+  EXPECT_EQ(Size(nullptr), static_cast<unsigned>(kCapacity));
+  EXPECT_THAT(Read("", 2), testing::ElementsAre("odd: 1", "even: 2"));
+  EXPECT_THAT(Read("even", 1), testing::ElementsAre("even: 2"));
+  EXPECT_THAT(Read("odd", 1, 0), testing::ElementsAre("odd: 65535"));
+  EXPECT_THAT(Read("TOOLKIT"), testing::ElementsAre("TOOLKIT: login"));
+}
+
+}  // namespace
+}  // namespace quillkit

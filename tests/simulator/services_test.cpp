@@ -1,0 +1,129 @@
+// The services that are about no book: time-outs, database commands, texts; and the control of
+// time.
+
+#include "simulator/status_codes.h"
+#include "tests/simulator/server_fixture.h"
+
+namespace quillkit {
+namespace {
+
+class ServicesTest : public ServerTest {
+ protected:
+  ServicesTest() { LogInAsAdministrator(); }
+
+  static Status Control(IOCtlCode code, std::uint32_t* value) {
+    IOCtlRecord record{code, *value, nullptr};
+    const Status status = IMSPIOCtl(&record);
+    *value = record.value;
+    return status;
+  }
+
+  static Status Command(std::string text) {
+    IOCtlRecord record{IOCtlCode::kDatabaseCommand, 0, text.data()};
+    return IMSPIOCtl(&record);
+  }
+
+  static std::int32_t EmailSize() { return SimulatorBookSize(BookKind::kEmail, nullptr, nullptr); }
+};
+
+TEST_F(ServicesTest, TimeoutIsTheSessions) {
+  std::uint32_t value = 0;
+  EXPECT_EQ(Control(IOCtlCode::kGetTimeout, &value), kNoError);
+  EXPECT_EQ(value, 30'000U);
+  value = 3'600'000;
+  EXPECT_EQ(Control(IOCtlCode::kSetTimeout, &value), kNoError);
+  EXPECT_EQ(SimulatorTimeout(), 3'600'000U);
+  LogInAsAdministrator();
+  EXPECT_EQ(SimulatorTimeout(), 30'000U);
+  SimulatorSetTimeout(1999);
+  EXPECT_EQ(Control(IOCtlCode::kGetTimeout, &value), kNoError);
+  EXPECT_EQ(value, 1999U);
+  LogInAsAdministrator();
+  EXPECT_EQ(SimulatorTimeout(), 1999U);
+}
+
+TEST_F(ServicesTest, CallThatTakesTooLongDoesNothing) {
+  SimulatorSetLatency(20);
+  PutEmail("Ann");
+  ABIdent book(BookKind::kEmail, kEmailBook);
+  SimulatorSetTimeout(1);
+  std::uint32_t count = 7;
+  EXPECT_EQ(IMSPSizeofAB(&book, nullptr, &count), kTimeoutExpired);
+  EXPECT_EQ(count, 0U);
+  EXPECT_EQ(IMSPClearAB(&book, nullptr), kTimeoutExpired);
+  EXPECT_EQ(EmailSize(), 1);
+  SimulatorSetTimeout(20);
+  EXPECT_EQ(IMSPClearAB(&book, nullptr), kNoError);
+  EXPECT_EQ(EmailSize(), 0);
+}
+
+TEST_F(ServicesTest, TellsThePeriodOfItsSessions) {
+  SimulatorSetWakeupPeriod(7000);
+  std::uint32_t value = 0;
+  EXPECT_EQ(Control(IOCtlCode::kGetWakeupPeriod, &value), kNoError);
+  EXPECT_EQ(value, 7000U);
+  EXPECT_EQ(Control(static_cast<IOCtlCode>(99), &value), kBadCommand);
+}
+
+TEST_F(ServicesTest, RestorePutsBackTheBooksOfItsBackup) {
+  PutEmail("Ann");
+  EXPECT_EQ(Command("DBBACKUP......one,x"), kNoError);
+  PutEmail("Bob");
+  EXPECT_EQ(Command("DBBACKUP......two,"), kNoError);
+  EXPECT_EQ(Command("DBRESTORE.....one,y"), kNoError);
+  EXPECT_EQ(EmailSize(), 1);
+  PutEmail("Cid");
+  EXPECT_EQ(Command("DBRESTORE.....one,"), kNoError);
+  EXPECT_EQ(EmailSize(), 1) << "the copy is not what is worked on";
+  EXPECT_EQ(Command("DBRESTORE.....two,"), kNoError);
+  EXPECT_EQ(EmailSize(), 2);
+  EXPECT_EQ(Command("DBRESTORE.....three,"), kDataNotFound);
+  EXPECT_EQ(EmailSize(), 2);
+}
+
+TEST_F(ServicesTest, UnknownCommandIsBad) {
+  EXPECT_EQ(Command("DBCHECK......."), kNoError);
+  for (const char* text : {"", "DBCHECK", "DBCHECK.......", "DBWIPE........", "dbcheck......."}) {
+    EXPECT_EQ(Command(text), std::string_view(text) == "DBCHECK......." ? kNoError : kBadCommand);
+  }
+  EXPECT_EQ(Command(std::string(1000, 'x')), kBadCommand);
+}
+
+TEST_F(ServicesTest, ServerTextStandsWhereTheRecordPoints) {
+  char buffer[400] = {};
+  IOCtlRecord record{IOCtlCode::kGetText, 0, buffer};
+  SimulatorSetServerText("ready");
+  EXPECT_EQ(IMSPIOCtl(&record), kNoError);
+  EXPECT_STREQ(record.text, "ready");
+  SimulatorSetServerText(nullptr);
+  EXPECT_EQ(IMSPIOCtl(&record), kNoError);
+  EXPECT_EQ(record.text, nullptr);
+}
+
+TEST_F(ServicesTest, TextsAreCheckedForLengthAndCharacters) {
+  struct Case {
+    const char* text;
+    std::int32_t limit;
+    Status status;
+  };
+  constexpr Case kCases[] = {
+      {"", 0, kNoError},          {"abc", 3, kNoError},        {"abc", 2, kInvalidField},
+      {"", -1, kInvalidField},    {"a*\xE9", 9, kNoError},     {"a\"b", 9, kInvalidField},
+      {"a\tb", 9, kInvalidField}, {"a\x7F", 9, kInvalidField}, {"\x80", 9, kNoError},
+  };
+  for (const Case& each : kCases) {
+    EXPECT_EQ(IMSPCheckString(each.text, each.limit), each.status) << each.text;
+  }
+}
+
+TEST_F(ServicesTest, TransfersAreNotImplemented) {
+  EXPECT_EQ(IMSPExport(1, 2), kNotImplemented);
+  EXPECT_EQ(IMSPGetExportFile(1, 2, 3), kNotImplemented);
+  EXPECT_EQ(IMSPImport(1, 2, 3), kNotImplemented);
+  EXPECT_EQ(IMSPImpExpState(1, 2), kNotImplemented);
+  EXPECT_EQ(IMSPImpExpAbort(), kNotImplemented);
+  EXPECT_EQ(IMSPAbort(), kNoError);
+}
+
+}  // namespace
+}  // namespace quillkit
