@@ -1,0 +1,53 @@
+// Converts one file as an administrator's import does, with no server in it:
+//
+//   convert_file delimited|directory|mailserver SOURCE SCRIPT
+//
+// A delimited file has the name in its first column and the address in its second. Exits with 0, or
+// with 1 when the file cannot be converted. Prints the process's peak memory in KiB, 0 where the
+// system does not tell it.
+
+#include <cstdint>
+#include <cstdio>
+#include <fstream>
+#include <string>
+#include <string_view>
+
+#include "import/convert_delimited_text.h"
+#include "import/convert_directory_export.h"
+#include "import/convert_mail_server_export.h"
+#include "import/import_options.h"
+
+namespace quillkit {
+namespace {
+
+std::int32_t ConvertFile(std::string_view format, const char* source, const char* script) {
+  constexpr std::int32_t kColumns[] = {0, 1};
+  if (format == "delimited") {
+    return ConvertDelimitedText(source, TargetEmail, kColumns, script, 0, ",", 0, 1, "", nullptr,
+                                0);
+  }
+  if (format == "directory") return ConvertDirectoryExport(source, script, 0, 1, nullptr, 0);
+  return ConvertMailServerExport(source, script, 0, 1, nullptr, 0);
+}
+
+long PeakMemory() {
+  std::ifstream status("/proc/self/status");
+  for (std::string word; status >> word;) {
+    long kibibytes = 0;
+    if (word == "VmHWM:" && status >> kibibytes) return kibibytes;
+  }
+  return 0;
+}
+
+}  // namespace
+}  // namespace quillkit
+
+int main(int argc, char** argv) {
+  if (argc != 4) {
+    std::fputs("usage: convert_file delimited|directory|mailserver SOURCE SCRIPT\n", stderr);
+    return 2;
+  }
+  const std::int32_t result = quillkit::ConvertFile(argv[1], argv[2], argv[3]);
+  std::printf("%ld\n", quillkit::PeakMemory());
+  return result == 0 ? 0 : 1;
+}
