@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstring>
 
 #include "import/conversion.h"
 #include "import/script.h"
@@ -26,13 +27,18 @@ void DropHeader(Conversion& conversion) {
   }
 }
 
+bool IsWhiteSpace(char c) {
+  return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
 // The value of a field, in its place.
-std::string_view ValueOf(char* field) {
-  constexpr const char* kWhiteSpace = " \t\n\v\f\r";
-  StripChar('"', field);
-  std::string_view value = field;
-  value.remove_prefix(std::min(value.find_first_not_of(kWhiteSpace), value.size()));
-  return value.substr(0, value.find_last_not_of(kWhiteSpace) + 1);
+std::string_view ValueOf(TextSpan field) {
+  char* begin = field.data();
+  char* end = begin + field.size();
+  if (std::memchr(begin, '"', field.size()) != nullptr) end = std::remove(begin, end, '"');
+  while (begin != end && IsWhiteSpace(*begin)) ++begin;
+  while (begin != end && IsWhiteSpace(end[-1])) --end;
+  return {begin, end};
 }
 
 }  // namespace
@@ -77,15 +83,15 @@ int SplitMappedColumns(char* line, std::span<const std::int32_t> columnMap,
   if (columnMap.empty()) return 1;
   // Columns behind the last one that is wanted are not looked at.
   const std::int32_t last = *std::max_element(columnMap.begin(), columnMap.end());
-  char* field = NextQuotedField(line, *separator);
-  for (std::int32_t column = 0; column <= last && field != nullptr; ++column) {
-    if (std::find(columnMap.begin(), columnMap.end(), column) != columnMap.end()) {
-      const std::string_view value = ValueOf(field);
-      for (std::size_t i = 0; i < columnMap.size(); ++i) {
-        if (columnMap[i] == column) out[i] = value;
-      }
+  char* position = line;
+  for (std::int32_t column = 0; column <= last; ++column) {
+    const TextSpan field = NextField(&position, *separator);
+    if (field.data() == nullptr) break;
+    if (std::find(columnMap.begin(), columnMap.end(), column) == columnMap.end()) continue;
+    const std::string_view value = ValueOf(field);
+    for (std::size_t i = 0; i < columnMap.size(); ++i) {
+      if (columnMap[i] == column) out[i] = value;
     }
-    field = NextQuotedField(nullptr, *separator);
   }
   return 1;
 }

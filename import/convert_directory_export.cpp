@@ -1,7 +1,8 @@
 #include "import/convert_directory_export.h"
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
-#include <string>
 #include <string_view>
 
 #include "import/conversion.h"
@@ -12,6 +13,8 @@ namespace quillkit {
 namespace {
 
 constexpr std::string_view kEntryMark = "dn:";
+constexpr std::string_view kNameMark = "cn:";
+constexpr std::string_view kAddressMark = "mail:";
 
 // Whether kEntryMark stands anywhere in the line. Looks for the colon, of which a line has few.
 bool HoldsEntryMark(std::string_view line) {
@@ -24,31 +27,26 @@ bool HoldsEntryMark(std::string_view line) {
 // One attribute of the entry that is being read: the first value of its name.
 class Attribute {
  public:
-  // `name` with its colon; a value is cut at `width` bytes.
-  Attribute(std::string_view name, std::size_t width) : name_(name), width_(width) {}
+  explicit Attribute(std::size_t width) : width_(width) {}
 
   bool IsSeen() const { return isSeen_; }
   void Forget() { isSeen_ = false; }
 
-  // Takes the value if the line is the attribute's first. Whether it was.
-  bool Take(std::string_view line) {
-    if (isSeen_ || !line.starts_with(name_)) return false;
-    value_.assign(line.substr(name_.size(), width_));
+  // Takes `text`, cut at the width and then without its leading blanks.
+  void Take(std::string_view text) {
+    text = text.substr(0, width_);
+    while (text.starts_with(' ')) text.remove_prefix(1);
+    size_ = text.size();
+    std::copy(text.begin(), text.end(), value_.begin());
     isSeen_ = true;
-    return true;
   }
 
-  // The value without leading blanks, which counted when it was cut.
-  std::string_view Value() const {
-    std::string_view value = value_;
-    while (value.starts_with(' ')) value.remove_prefix(1);
-    return value;
-  }
+  std::string_view Value() const { return {value_.data(), size_}; }
 
  private:
-  std::string_view name_;
-  std::size_t width_;
-  std::string value_;
+  const std::size_t width_;
+  std::array<char, 256> value_;
+  std::size_t size_ = 0;
   bool isSeen_ = false;
 };
 
@@ -59,14 +57,15 @@ class DirectoryEntries {
   void Take(std::string_view line) {
     if (!isInEntry_) {
       isInEntry_ = line.starts_with(kEntryMark);
-      return;
-    }
-    if (HoldsEntryMark(line)) {
+    } else if (HoldsEntryMark(line)) {
       Forget();
-      return;
+    } else if (!name_.IsSeen() && line.starts_with(kNameMark)) {
+      name_.Take(line.substr(kNameMark.size()));
+      if (address_.IsSeen()) Write();
+    } else if (!address_.IsSeen() && line.starts_with(kAddressMark)) {
+      address_.Take(line.substr(kAddressMark.size()));
+      if (name_.IsSeen()) Write();
     }
-    if (!name_.Take(line)) address_.Take(line);
-    if (name_.IsSeen() && address_.IsSeen()) Write();
   }
 
  private:
@@ -85,8 +84,8 @@ class DirectoryEntries {
   ScriptWriter& script_;
   const bool isAdmin_;
   bool isInEntry_ = false;
-  Attribute name_{"cn:", EmailScriptBook().widths[0]};
-  Attribute address_{"mail:", EmailScriptBook().widths[1]};
+  Attribute name_{EmailScriptBook().widths[0]};
+  Attribute address_{EmailScriptBook().widths[1]};
 };
 
 }  // namespace

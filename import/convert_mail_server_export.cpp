@@ -1,5 +1,6 @@
 #include "import/convert_mail_server_export.h"
 
+#include <algorithm>
 #include <cstring>
 #include <string_view>
 
@@ -12,7 +13,6 @@ namespace {
 
 constexpr std::string_view kRowWord = "Mailbox";
 constexpr std::string_view kAddressMark = "SMTP:";
-constexpr const char* kAddressEnds = "%,\"";
 
 // The text between the quotes of a field that NextQuotedField gave, and the splitting goes on right
 // behind the closing one: so the field after it is the empty one up to the separator.
@@ -45,12 +45,17 @@ char* FindName(TextSpan line) {
   return cursor;
 }
 
+std::size_t AddressLength(std::string_view text) {
+  const auto ends = [](char c) { return c == '%' || c == ',' || c == '"'; };
+  return static_cast<std::size_t>(std::find_if(text.begin(), text.end(), ends) - text.begin());
+}
+
 // Stores what follows the first "SMTP:" in `text`, up to where an address ends. False without one.
 bool FindAddress(std::string_view text, std::string_view* address) {
   const std::size_t mark = text.find(kAddressMark);
   if (mark == text.npos) return false;
   text.remove_prefix(mark + kAddressMark.size());
-  *address = text.substr(0, text.find_first_of(kAddressEnds));
+  *address = text.substr(0, AddressLength(text));
   return true;
 }
 

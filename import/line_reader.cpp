@@ -1,6 +1,5 @@
 #include "import/line_reader.h"
 
-#include <algorithm>
 #include <cstring>
 
 namespace quillkit {
@@ -8,14 +7,9 @@ namespace {
 
 constexpr std::size_t kBlockSize = std::size_t{128} * 1024;
 
-// Where a line ends can be told when this much is at hand: its characters and the carriage return
-// that folding takes away.
-constexpr std::size_t kLookAhead = LineReader::kMaxLine + 1;
-
 // What was not given yet moves in front of the block, so that every block is read whole and to the
 // same place.
 constexpr std::size_t kHeadRoom = 4096;
-static_assert(kHeadRoom >= kLookAhead);
 
 }  // namespace
 
@@ -37,34 +31,8 @@ bool LineReader::Open(const char* path) {
   return !failed_;
 }
 
-bool LineReader::Next(TextSpan* line) {
-  *lineEnd_ = covered_;
-  if (static_cast<std::size_t>(end_ - next_) < kLookAhead && !atEnd_) Refill();
-  if (next_ == end_) return false;
-
-  char* const begin = next_;
-  lineEnd_ = FindLineEnd();
-  covered_ = *lineEnd_;
-  *lineEnd_ = '\0';
-  *line = {begin, std::strlen(begin)};
-  return true;
-}
-
-// Moves next_ behind the line that it is at, folds the line's carriage return, and gives its end.
-char* LineReader::FindLineEnd() {
-  char* const begin = next_;
-  const std::size_t reach = std::min(static_cast<std::size_t>(end_ - begin), kLookAhead);
-  auto* newline = static_cast<char*>(std::memchr(begin, '\n', reach));
-  if (newline != nullptr) {
-    next_ = newline + 1;
-    if (newline != begin && newline[-1] == '\r') *--newline = '\n';
-    if (static_cast<std::size_t>(newline - begin) < kMaxLine) return newline + 1;
-  }
-  next_ = begin + std::min(reach, kMaxLine);
-  return next_;
-}
-
 void LineReader::Refill() {
+  static_assert(kHeadRoom >= kLookAhead);
   char* const block = storage_.get() + kHeadRoom;
   const auto kept = static_cast<std::size_t>(end_ - next_);
   std::memmove(block - kept, next_, kept);
@@ -72,6 +40,7 @@ void LineReader::Refill() {
   next_ = block - kept;
   end_ = block + read;
   atEnd_ = read < kBlockSize;
+  hasNul_ = std::memchr(next_, '\0', static_cast<std::size_t>(end_ - next_)) != nullptr;
   failed_ = std::ferror(file_) != 0;
 }
 

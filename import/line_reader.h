@@ -9,8 +9,10 @@
 #ifndef QUILLKIT_IMPORT_LINE_READER_H_
 #define QUILLKIT_IMPORT_LINE_READER_H_
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdio>
+#include <cstring>
 #include <memory>
 #include <span>
 #include <string_view>
@@ -41,14 +43,42 @@ class LineReader {
   // Stores the next line, with its newline if it has one; the text may be empty. It may be changed
   // in place and is valid until the next call. False at the end of the file or after a failed read.
   // REQUIRES: the file is open.
-  bool Next(TextSpan* line);
+  bool Next(TextSpan* line) {
+    *lineEnd_ = covered_;
+    if (static_cast<std::size_t>(end_ - next_) < kLookAhead && !atEnd_) Refill();
+    if (next_ == end_) return false;
+
+    char* const begin = next_;
+    lineEnd_ = FindLineEnd();
+    covered_ = *lineEnd_;
+    *lineEnd_ = '\0';
+    *line = {begin, hasNul_ ? std::strlen(begin) : static_cast<std::size_t>(lineEnd_ - begin)};
+    return true;
+  }
 
   // Whether a read failed, so that the lines given are not all lines of the file.
   bool HasFailed() const { return failed_; }
 
  private:
+  // Where a line ends can be told when this much is at hand: its characters and the carriage
+  // return that folding takes away.
+  static constexpr std::size_t kLookAhead = kMaxLine + 1;
+
+  // Moves next_ behind the line that it is at, folds the line's carriage return, and gives its end.
+  char* FindLineEnd() {
+    char* const begin = next_;
+    const std::size_t reach = std::min(static_cast<std::size_t>(end_ - begin), kLookAhead);
+    auto* newline = static_cast<char*>(std::memchr(begin, '\n', reach));
+    if (newline != nullptr) {
+      next_ = newline + 1;
+      if (newline != begin && newline[-1] == '\r') *--newline = '\n';
+      if (static_cast<std::size_t>(newline - begin) < kMaxLine) return newline + 1;
+    }
+    next_ = begin + std::min(reach, kMaxLine);
+    return next_;
+  }
+
   void Refill();
-  char* FindLineEnd();
 
   std::unique_ptr<char[]> storage_;
   std::FILE* file_ = nullptr;
@@ -56,6 +86,7 @@ class LineReader {
   char* end_ = nullptr;      // behind the last character that was read
   char* lineEnd_ = nullptr;  // the NUL behind the line that was given
   char covered_ = '\0';      // the character of the file in its place
+  bool hasNul_ = false;      // whether there is a NUL in what was read but not given
   bool atEnd_ = false;       // nothing is left to read
   bool failed_ = false;
 };

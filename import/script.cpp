@@ -1,5 +1,7 @@
 #include "import/script.h"
 
+#include <algorithm>
+
 #include "import/import_options.h"
 
 namespace quillkit {
@@ -11,6 +13,13 @@ constexpr ScriptBook kScriptBooks[] = {
     {TargetPrinters, "printersab", 3, {31, 255, 31}, "\n", false},
     {TargetUsers, "usersab", 4, {31, 15, 255, 255}, " 1 0 0 1\n", false},
 };
+
+// More than any entry takes.
+constexpr std::size_t kMaxEntryLine = 1024;
+
+char* Put(char* at, std::string_view text) {
+  return std::copy(text.begin(), text.end(), at);
+}
 
 }  // namespace
 
@@ -33,21 +42,18 @@ void WriteClearLine(ScriptWriter& script, const ScriptBook& book) {
 
 void WriteEntry(ScriptWriter& script, const ScriptBook& book, bool isAdmin,
                 std::span<const std::string_view> values) {
-  if (!isAdmin) {
-    for (std::size_t i = 0; i < 2; ++i) {
-      script.Append(values[i].substr(0, book.widths[i]));
-      script.Append("\n");
+  char* at = script.Room(kMaxEntryLine);
+  if (isAdmin) {
+    at = Put(Put(at, "SE "), book.word);
+    for (std::size_t i = 0; i < book.fieldCount; ++i) {
+      at = Put(Put(Put(at, " \""), values[i].substr(0, book.widths[i])), "\"");
     }
-    return;
+    at = Put(at, book.tail);
+  } else {
+    for (std::size_t i = 0; i < 2; ++i)
+      at = Put(Put(at, values[i].substr(0, book.widths[i])), "\n");
   }
-  script.Append("SE ");
-  script.Append(book.word);
-  for (std::size_t i = 0; i < book.fieldCount; ++i) {
-    script.Append(" \"");
-    script.Append(values[i].substr(0, book.widths[i]));
-    script.Append("\"");
-  }
-  script.Append(book.tail);
+  script.Take(at);
 }
 
 }  // namespace quillkit

@@ -11,7 +11,9 @@ ScriptWriter::~ScriptWriter() {
 bool ScriptWriter::Open(const char* path) {
   if (path == nullptr) return false;
   file_ = std::fopen(path, "w");
-  return file_ != nullptr;
+  if (file_ == nullptr) return false;
+  std::setvbuf(file_, nullptr, _IONBF, 0);  // the script has its own buffer
+  return true;
 }
 
 bool ScriptWriter::Close() {
@@ -19,18 +21,6 @@ bool ScriptWriter::Close() {
   if (std::fclose(file_) != 0) good_ = false;
   file_ = nullptr;
   return good_;
-}
-
-std::size_t ScriptWriter::FillUp(std::string_view text) {
-  std::size_t taken = 0;
-  while (text.size() - taken > kBufferSize - size_) {
-    const std::size_t room = kBufferSize - size_;
-    std::memcpy(buffer_.get() + size_, text.data() + taken, room);
-    size_ = kBufferSize;
-    taken += room;
-    WriteBuffer();
-  }
-  return taken;
 }
 
 void ScriptWriter::WriteBuffer() {

@@ -7,9 +7,9 @@
 #ifndef QUILLKIT_IMPORT_SCRIPT_WRITER_H_
 #define QUILLKIT_IMPORT_SCRIPT_WRITER_H_
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdio>
-#include <cstring>
 #include <memory>
 #include <string_view>
 
@@ -17,6 +17,8 @@ namespace quillkit {
 
 class ScriptWriter {
  public:
+  static constexpr std::size_t kBufferSize = std::size_t{64} * 1024;
+
   ScriptWriter();
   ScriptWriter(const ScriptWriter&) = delete;
   ScriptWriter& operator=(const ScriptWriter&) = delete;
@@ -26,15 +28,17 @@ class ScriptWriter {
   // Called once.
   bool Open(const char* path);
 
-  // REQUIRES: the file is open.
+  // Room for `size` characters at the end of the script, and what was written there up to `end` as
+  // its next text. REQUIRES: the file is open, and `size` is at most kBufferSize.
+  char* Room(std::size_t size) {
+    if (size > kBufferSize - size_) WriteBuffer();
+    return buffer_.get() + size_;
+  }
+  void Take(const char* end) { size_ = static_cast<std::size_t>(end - buffer_.get()); }
+
+  // REQUIRES: as Room.
   void Append(std::string_view text) {
-    if (text.size() > kBufferSize - size_) {
-      text.remove_prefix(FillUp(text));
-    } else if (text.empty()) {
-      return;
-    }
-    std::memcpy(buffer_.get() + size_, text.data(), text.size());
-    size_ += text.size();
+    Take(std::copy(text.begin(), text.end(), Room(text.size())));
   }
 
   // Whether everything that left the buffer so far was written.
@@ -45,10 +49,6 @@ class ScriptWriter {
   bool Close();
 
  private:
-  static constexpr std::size_t kBufferSize = std::size_t{64} * 1024;
-
-  // Writes whole buffers until the rest of `text` fits one, and gives how much of it was taken.
-  std::size_t FillUp(std::string_view text);
   void WriteBuffer();
 
   std::unique_ptr<char[]> buffer_;

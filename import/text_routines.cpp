@@ -9,35 +9,45 @@ namespace {
 // Where NextQuotedField goes on; null when the fields are used up.
 char* nextFieldPosition = nullptr;
 
+// The first separator in the text, or the text's end.
+char* FindSeparator(char* text, char separator) {
+  char* const found = std::strchr(text, separator);
+  return found != nullptr ? found : text + std::strlen(text);
+}
+
+char* FindQuote(char* from, const char* end) {
+  return static_cast<char*>(std::memchr(from, '"', static_cast<std::size_t>(end - from)));
+}
+
 }  // namespace
 
-char* NextQuotedField(char* text, char separator) {
-  if (text != nullptr) nextFieldPosition = text;
-  char* const field = nextFieldPosition;
-  if (field == nullptr) return nullptr;
+TextSpan NextField(char** position, char separator) {
+  char* const field = *position;
+  if (field == nullptr) return {};
 
-  nextFieldPosition = nullptr;
-  char* end = field;
-  for (; *end != '\0' && *end != separator; ++end) {
-    if (*end != '"') continue;
-    end = std::strchr(end + 1, '"');
-    if (end == nullptr) return nullptr;
+  *position = nullptr;
+  char* end = FindSeparator(field, separator);
+  for (char* from = field; (from = FindQuote(from, end)) != nullptr;) {
+    from = std::strchr(from + 1, '"');
+    if (from == nullptr) return {};
+    if (++from > end) end = FindSeparator(from, separator);
   }
   if (*end != '\0') {
     *end = '\0';
-    nextFieldPosition = end + 1;
+    *position = end + 1;
   }
-  return field;
+  return {field, end};
+}
+
+char* NextQuotedField(char* text, char separator) {
+  if (text != nullptr) nextFieldPosition = text;
+  return NextField(&nextFieldPosition, separator).data();
 }
 
 void StripChar(char removed, char* text) {
-  *std::remove(text, text + std::strlen(text), removed) = '\0';
-}
-
-void PumpPendingMessages(WindowHandle window, std::int32_t restoreCursor) {
-  if (window == nullptr) return;
-  PumpThreadMessages(window);
-  if (restoreCursor != 0) RestoreWaitCursor();
+  char* const first = std::strchr(text, removed);
+  if (first == nullptr) return;
+  *std::remove(first, first + std::strlen(first), removed) = '\0';
 }
 
 }  // namespace quillkit

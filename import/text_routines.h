@@ -5,6 +5,7 @@
 
 #include <cstdint>
 
+#include "import/line_reader.h"
 #include "platform/message_pump.h"
 
 namespace quillkit {
@@ -19,13 +20,21 @@ namespace quillkit {
 // the whole process, so splittings must not overlap.
 char* NextQuotedField(char* text, char separator);
 
+// What NextQuotedField does, with the position in the caller's hands: the field at `*position`,
+// which is moved behind it, to null when there is no other. A null span when there is no field.
+TextSpan NextField(char** position, char separator);
+
 // Removes every occurrence of `removed`.
 void StripChar(char removed, char* text);
 
 // Removes and handles the thread's pending messages for `window`, and afterwards restores the
 // application's wait cursor if `restoreCursor` is nonzero. Does nothing for a null window.
 // Converters call it once for every line of input.
-void PumpPendingMessages(WindowHandle window, std::int32_t restoreCursor);
+inline void PumpPendingMessages(WindowHandle window, std::int32_t restoreCursor) {
+  if (window == nullptr) return;
+  PumpThreadMessages(window);
+  if (restoreCursor != 0) RestoreWaitCursor();
+}
 
 }  // namespace quillkit
 

@@ -1,0 +1,49 @@
+#include "tests/support/scratch_folder.h"
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <system_error>
+
+namespace quillkit {
+
+std::string ReadBytes(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+void WriteBytes(const std::string& path, std::string_view bytes) {
+  std::ofstream file(path, std::ios::binary);
+  file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+}
+
+ScratchFolder::ScratchFolder() {
+  std::random_device number;
+  do {
+    path_ = std::filesystem::temp_directory_path() /
+            ("quillkit-test-" + std::to_string(number() % 1'000'000'000));
+  } while (!std::filesystem::create_directory(path_));
+}
+
+ScratchFolder::~ScratchFolder() {
+  std::error_code ignored;
+  std::filesystem::remove_all(path_, ignored);
+}
+
+std::string ScratchFolder::Write(std::string_view name, std::string_view bytes) const {
+  std::string path = PathOf(name);
+  WriteBytes(path, bytes);
+  return path;
+}
+
+std::vector<std::string> ScratchFolder::Names() const {
+  std::vector<std::string> names;
+  for (const auto& each : std::filesystem::directory_iterator(path_)) {
+    names.push_back(each.path().filename().string());
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+}  // namespace quillkit
