@@ -1,0 +1,7 @@
+# CLI11::CLI11: headers alone, which serve every system. They are linked to, so that the headers of
+# this system that stand beside them are not found with them when building for another.
+find_path(QUILLKIT_CLI11_FOLDER CLI/CLI.hpp PATHS /usr/include NO_CMAKE_FIND_ROOT_PATH REQUIRED)
+file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/cli11)
+file(CREATE_LINK ${QUILLKIT_CLI11_FOLDER}/CLI ${PROJECT_BINARY_DIR}/cli11/CLI SYMBOLIC)
+add_library(CLI11::CLI11 INTERFACE IMPORTED)
+target_include_directories(CLI11::CLI11 INTERFACE ${PROJECT_BINARY_DIR}/cli11)

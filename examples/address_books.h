@@ -1,0 +1,43 @@
+// The address books that an import can fill, as one table.
+
+#ifndef QUILLKIT_EXAMPLES_ADDRESS_BOOKS_H_
+#define QUILLKIT_EXAMPLES_ADDRESS_BOOKS_H_
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "examples/text_table.h"
+#include "simulator/simulator.h"
+
+namespace quillctl {
+
+// The simulated appliance's function that gives one entry.
+using EntryAt = decltype(&quillkit::SimulatorEntryAt);
+
+struct AddressBook {
+  std::string_view word;   // its name on the command line
+  std::string_view title;  // its name in sentences
+  std::int32_t target;     // its number in ImportOptions::targetBook, 0 where it has none
+  // The fields that a column map supplies, in its order; also the headings of the rows.
+  Row fields;
+  // A row for each entry, in the book's order. `user` is whose the book is, where books are users'
+  // own. A password is shown as a mark that there is one.
+  std::vector<Row> (*read)(EntryAt entryAt, const char* user);
+};
+
+// Those that the administrator's imports fill. The e-mail book is the first.
+std::span<const AddressBook> PublicBooks();
+
+// The one that anybody else's imports fill on the simulated appliance.
+std::span<const AddressBook> PrivateBook();
+
+// The one public book with this word, or none.
+std::span<const AddressBook> BookOfWord(std::string_view word);
+
+std::vector<std::string> BookWords();
+
+}  // namespace quillctl
+
+#endif  // QUILLKIT_EXAMPLES_ADDRESS_BOOKS_H_

@@ -1,0 +1,23 @@
+// The command line of quillctl.
+
+#ifndef QUILLKIT_EXAMPLES_COMMAND_LINE_H_
+#define QUILLKIT_EXAMPLES_COMMAND_LINE_H_
+
+#include <functional>
+
+#include "examples/session.h"
+
+namespace quillctl {
+
+struct CommandLine {
+  Credentials credentials;
+  // What to do once logged in. Empty when help was asked for, which is then printed.
+  std::function<void(Session&)> action;
+};
+
+// Throws a UsageError. Its text tells no argument's value that may be a password.
+CommandLine ParseCommandLine(int argc, const char* const* argv);
+
+}  // namespace quillctl
+
+#endif  // QUILLKIT_EXAMPLES_COMMAND_LINE_H_

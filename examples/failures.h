@@ -1,0 +1,37 @@
+// How quillctl fails: with one of the two exceptions below, whose text is shown and whose kind is
+// the exit status. Results of the library become exceptions here and nowhere else.
+
+#ifndef QUILLKIT_EXAMPLES_FAILURES_H_
+#define QUILLKIT_EXAMPLES_FAILURES_H_
+
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace quillctl {
+
+inline constexpr int kExitGood = 0;
+inline constexpr int kExitRefused = 1;
+inline constexpr int kExitUsage = 2;
+
+// The appliance or the library refused, or does not have what was named.
+class Refusal : public std::runtime_error {
+  using runtime_error::runtime_error;
+};
+
+// The command line cannot be carried out as it stands.
+class UsageError : public std::runtime_error {
+  using runtime_error::runtime_error;
+};
+
+// A status as "code 14, Name Conflict". Local codes below 0 have no text in the library; they get
+// one here.
+std::string CodeAndText(std::int32_t status);
+
+// Throws "cannot `what`: code and text" unless the status is 0.
+void RequireGood(std::int32_t status, std::string_view what);
+
+}  // namespace quillctl
+
+#endif  // QUILLKIT_EXAMPLES_FAILURES_H_

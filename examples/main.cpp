@@ -1,0 +1,38 @@
+// quillctl: an application of Quillkit. It uses the exported functions alone.
+
+#include <iostream>
+
+#include "examples/command_line.h"
+#include "examples/failures.h"
+
+namespace quillctl {
+namespace {
+
+int Report(const char* text, int status) {
+  std::cout.flush();
+  std::cerr << "quillctl: " << text << '\n';
+  return status;
+}
+
+int Run(int argc, const char* const* argv) {
+  const CommandLine line = ParseCommandLine(argc, argv);
+  if (line.action) {
+    Session session(line.credentials);
+    line.action(session);
+  }
+  std::cout.flush();
+  return std::cout ? kExitGood : Report("cannot write the output", kExitRefused);
+}
+
+}  // namespace
+}  // namespace quillctl
+
+int main(int argc, char** argv) {
+  try {
+    return quillctl::Run(argc, argv);
+  } catch (const quillctl::UsageError& error) {
+    return quillctl::Report(error.what(), quillctl::kExitUsage);
+  } catch (const std::exception& error) {
+    return quillctl::Report(error.what(), quillctl::kExitRefused);
+  }
+}

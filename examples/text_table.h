@@ -1,0 +1,38 @@
+// A table for the screen: columns of text as wide as their widest cell, two blanks apart.
+
+#ifndef QUILLKIT_EXAMPLES_TEXT_TABLE_H_
+#define QUILLKIT_EXAMPLES_TEXT_TABLE_H_
+
+#include <iosfwd>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace quillctl {
+
+// One cell a column.
+using Row = std::vector<std::string>;
+
+class TextTable {
+ public:
+  // Without headings the table begins with its first row.
+  TextTable() = default;
+  explicit TextTable(Row headings) : headings_(std::move(headings)) {}
+
+  // Cells are texts of the appliance, made fit for the terminal here.
+  void AddRow(Row cells);
+
+  // Whether it has no row but its headings.
+  bool IsEmpty() const { return rows_.empty(); }
+
+  // Lines end at their last character that is no blank.
+  void Print(std::ostream& out) const;
+
+ private:
+  Row headings_;
+  std::vector<Row> rows_;
+};
+
+}  // namespace quillctl
+
+#endif  // QUILLKIT_EXAMPLES_TEXT_TABLE_H_
