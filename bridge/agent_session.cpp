@@ -52,7 +52,7 @@ void CAgent::Shutdown() {
   currentUser.reset();
   if (serverLibrary != nullptr) {
     IMSPTerminate();
-    FreeModule(serverLibrary);
+    UnloadModule(serverLibrary);
     serverLibrary = nullptr;
   }
   StopWakeup();

@@ -16,7 +16,7 @@ ModuleHandle LoadModule(const char* name);
 EntryPoint FindEntryPoint(ModuleHandle module, const char* name);
 
 // Undoes one LoadModule. A null module is ignored.
-void FreeModule(ModuleHandle module);
+void UnloadModule(ModuleHandle module);
 
 }  // namespace quillkit
 

@@ -29,7 +29,7 @@ EntryPoint FindEntryPoint(ModuleHandle module, const char* name) {
   return reinterpret_cast<EntryPoint>(dlsym(module, name));
 }
 
-void FreeModule(ModuleHandle module) {
+void UnloadModule(ModuleHandle module) {
   if (module != nullptr) dlclose(module);
 }
 

@@ -15,7 +15,7 @@ EntryPoint FindEntryPoint(ModuleHandle module, const char* name) {
   return reinterpret_cast<EntryPoint>(GetProcAddress(static_cast<HMODULE>(module), name));
 }
 
-void FreeModule(ModuleHandle module) {
+void UnloadModule(ModuleHandle module) {
   if (module != nullptr) FreeLibrary(static_cast<HMODULE>(module));
 }
 
