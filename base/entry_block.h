@@ -5,8 +5,8 @@
 //   1. data() is block() plus skip() records; both are null when there is no block.
 //   2. count() records from data() on are live, and lie inside the block.
 //   3. Records are trivially copyable: they are moved by block copies, and the block comes from the
-//      C allocator so that it grows and shrinks in place. The records of a new block are zeroed, so
-//      that what a server claims to have delivered and did not is blank.
+//      C allocator so that it grows and shrinks in place. Records that come into being are zeroed,
+//      so that what a server claims to have delivered and did not is blank.
 //
 // Any call that is not const moves or overwrites records: addresses from data() and At() are good
 // only until then.
@@ -66,23 +66,27 @@ class EntryBlock {
   // Makes `count` records live, keeping skip() and the records that fit. False, and no change, when
   // `count` is not above 0 or the memory is refused.
   bool Resize(std::int32_t count) {
-    if (!Fits(count) || !Fits(skip_ + count) || !Reallocate(skip_ + count)) return false;
+    if (!Fits(count) || count > INT32_MAX - skip_ || !Fits(skip_ + count)) return false;
+    if (!Reallocate(skip_ + count)) return false;
+    if (count > count_) std::memset(Raw(data() + count_), 0, Bytes(count - count_));
     count_ = count;
     return true;
   }
 
-  // After a read that filled a part of the block: keeps `count` records. Direction 1 keeps the
-  // front and cuts the block to size; any other keeps the back, moves data() forward and keeps the
-  // block. 0 empties the run and keeps the block. False, and no change, below 0 or above count().
+  // After a read that filled a part of the run: keeps `count` records. Direction 1 keeps the front
+  // and cuts the block to size, with skip() 0; any other keeps the back, moves data() forward and
+  // keeps the block. 0 empties the run and keeps the block. False, and no change, below 0 or above
+  // count().
   bool Shrink(std::int32_t count, std::int32_t direction) {
     if (count < 0 || count > count_) return false;
     if (count == count_) return true;
     if (count != 0 && direction == 1) {
-      // A block that will not move to a smaller one stays as it is: the records are all there.
+      if (skip_ != 0) std::memmove(Raw(block_), data(), Bytes(count));
       skip_ = 0;
+      // A block that will not move to a smaller one stays as it is: the records are all there.
       Reallocate(count);
     } else if (count != 0) {
-      skip_ = count_ - count;
+      skip_ += count_ - count;
     }
     count_ = count;
     return true;
@@ -96,7 +100,7 @@ class EntryBlock {
   std::int32_t Append(const Record& record) {
     const Record copy = record;
     if (!Resize(count_ + 1)) return -1;
-    std::memcpy(static_cast<void*>(data() + count_ - 1), &copy, sizeof copy);
+    std::memcpy(Raw(data() + count_ - 1), &copy, sizeof copy);
     return count_;
   }
 
@@ -105,7 +109,7 @@ class EntryBlock {
   bool RemoveAt(std::int32_t index) {
     if (!Holds(index)) return false;
     Record* slot = data() + index;
-    std::memmove(static_cast<void*>(slot), slot + 1, Bytes(count_ - index - 1));
+    std::memmove(Raw(slot), slot + 1, Bytes(count_ - index - 1));
     --count_;
     return true;
   }
@@ -132,12 +136,15 @@ class EntryBlock {
     return static_cast<std::size_t>(count) * sizeof(Record);
   }
 
+  // The block functions take records that have constructors as the bytes they are.
+  static void* Raw(Record* records) { return records; }
+
   static bool Fits(std::int32_t count) {
     return count > 0 && static_cast<std::size_t>(count) <= PTRDIFF_MAX / sizeof(Record);
   }
 
   bool Reallocate(std::int32_t records) {
-    void* moved = std::realloc(static_cast<void*>(block_), Bytes(records));
+    void* moved = std::realloc(Raw(block_), Bytes(records));
     if (moved == nullptr) return false;
     block_ = static_cast<Record*>(moved);
     return true;
