@@ -26,11 +26,23 @@ void Archive::Exchange(std::int32_t& value) {
 }
 
 void Archive::Exchange(std::string& text) {
+  std::string_view view = text;
+  Exchange(view);
+  if (!IsStoring()) text = view;
+}
+
+void Archive::Exchange(std::string_view& text) {
   if (IsStoring()) {
     StoreText(text);
   } else {
     text = LoadText();
   }
+}
+
+bool Archive::CanHold(std::uint32_t count, std::size_t bytesEach) {
+  if (IsStoring() || count <= source_.size() / bytesEach) return true;
+  Fail();
+  return false;
 }
 
 void Archive::StoreText(std::string_view text) {
@@ -76,6 +88,7 @@ std::unique_ptr<RootObject> Archive::LoadObjectOf(const ClassRecord& expected) {
   }
   std::unique_ptr<RootObject> object(record->create());
   object->Serialize(*this);
+  if (failed_) return nullptr;
   return object;
 }
 

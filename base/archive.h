@@ -14,9 +14,10 @@
 //
 // Invariants while loading:
 //   1. Nothing is read past the end, and nothing is allocated for more than the bytes that are
-//   left.
+//      left.
 //   2. After the first thing that cannot be read, Failed() holds and stays: every later value loads
-//      as 0, every text as empty, every object as null, and a list ends.
+//      as 0, every text as empty, every object as null, and a list ends. The object in which it
+//      happened is null too: what comes out of a stream is whole.
 
 #ifndef QUILLKIT_BASE_ARCHIVE_H_
 #define QUILLKIT_BASE_ARCHIVE_H_
@@ -47,15 +48,23 @@ class Archive {
   // Bytes not read yet; 0 while storing and after a failure.
   std::size_t Remaining() const { return source_.size(); }
 
+  // For a count that was read: whether as many things of at least `bytesEach` bytes can follow. If
+  // not, the archive fails. Always true while storing.
+  bool CanHold(std::uint32_t count, std::size_t bytesEach);
+
   void Exchange(std::uint32_t& value);
   void Exchange(std::int32_t& value);
   void Exchange(std::string& text);
 
+  // What is loaded is a part of the source's bytes.
+  void Exchange(std::string_view& text);
+
   // Stores the field's text. Loads a text into the field, cut where the field ends.
   template <std::size_t N>
   void Exchange(FixedText<N>& field) {
-    if (IsStoring()) return StoreText(field.View());
-    field.Assign(LoadText());
+    std::string_view text = field.View();
+    Exchange(text);
+    if (!IsStoring()) field.Assign(text);
   }
 
   // Stores the objects, which the list goes on owning. Loads objects of class `Object` or derived
@@ -63,14 +72,8 @@ class Archive {
   template <class Object>
   void Exchange(std::list<Object*>& objects);
 
-  // Writes `text` in its stream form. REQUIRES: IsStoring().
-  void StoreText(std::string_view text);
-
   // Writes an object, or null, with its class identity. REQUIRES: IsStoring().
   void StoreObject(RootObject* object);
-
-  // The next text, a part of the source's bytes. REQUIRES: !IsStoring().
-  std::string_view LoadText();
 
   // The next object, of class `Object` or derived from it. Null where null was stored. A class that
   // is not registered, is of another schema or is not an `Object` is a failure and gives null; its
@@ -83,6 +86,8 @@ class Archive {
 
  private:
   std::unique_ptr<RootObject> LoadObjectOf(const ClassRecord& expected);
+  void StoreText(std::string_view text);
+  std::string_view LoadText();
   void StoreNumber(std::uint32_t value, std::size_t bytes);
   std::uint32_t LoadNumber(std::size_t bytes);
   std::string_view LoadBytes(std::size_t count);

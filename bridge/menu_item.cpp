@@ -1,7 +1,5 @@
 #include "bridge/menu_item.h"
 
-#include <string>
-
 #include "base/archive.h"
 
 namespace quillkit {
@@ -48,9 +46,8 @@ void CMenuItem::Terminate() {
 }
 
 void CMenuItem::Serialize(Archive& archive) {
-  std::string texts[] = {std::string(name.View()), std::string(path.View()),
-                         std::string(ipAddress.View()), std::string(appTag.View())};
-  for (std::string& each : texts) archive.Exchange(each);
+  std::string_view texts[] = {name.View(), path.View(), ipAddress.View(), appTag.View()};
+  for (std::string_view& each : texts) archive.Exchange(each);
   archive.Exchange(settings);
   archive.Exchange(fileFormat);
   if (archive.IsStoring()) return;

@@ -159,13 +159,11 @@ Status CSoftKey::SaveAllItems() {
 void CSoftKey::Serialize(Archive& archive) {
   items.Free();
   findCursor = 0;
-  std::int32_t count = 0;
+  std::uint32_t count = 0;
   archive.Exchange(count);
   archive.Exchange(findPattern);
-  if (count < 0 || static_cast<std::size_t>(count) > archive.Remaining() / kSmallestStoredItem) {
-    return;
-  }
-  Init(keyName, count, owner);
+  if (!archive.CanHold(count, kSmallestStoredItem)) return;
+  items.Allocate(static_cast<std::int32_t>(count));
   for (CMenuItem& each : items) each.Serialize(archive);
 }
 

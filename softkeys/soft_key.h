@@ -107,8 +107,7 @@ class CSoftKey {
   Status SaveAllItems();
 
   // Both directions begin by dropping the cached items. Loading: the count, the search pattern, the
-  // items; a key without an owner takes no items, and a count that the stream cannot hold gives
-  // none. Storing thus writes a count of 0 and the pattern.
+  // items; name and owner stay. Storing thus writes a count of 0 and the pattern.
   void Serialize(Archive& archive);
 
  private:
