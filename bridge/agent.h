@@ -7,7 +7,8 @@
 //      because the library is not loaded or lacks it, gives status 20 ("IMSP Unitialized").
 //   2. lastError is the status of the latest call that records it, or what SetError stored. Nothing
 //      clears it.
-//   3. scanners holds one CScanner per appliance address, oldest login first.
+//   3. scanners holds one CScanner per appliance address, oldest login first; read back from an
+//      archive, it holds what stood there.
 //
 // Use one agent from one thread at a time. The instance that the library works with is TheAgent.
 
@@ -49,7 +50,7 @@ class CAgent : public RootObject {
   // --- Life of the server library ---
 
   // Loads the server library and calls IMSPInit, whose status is recorded and returned. -1 when the
-  // library cannot be loaded; a message box has then said so.
+  // library cannot be loaded; a message box has then said so. REQUIRES: it is not loaded.
   Status LoadServerLibrary();
 
   // Releases user, server library (IMSPTerminate, recorded), timer and scanners, each where it is
@@ -110,8 +111,8 @@ class CAgent : public RootObject {
 
   // --- Appliances ---
 
-  // Appends a scanner, whose ownership passes, and deletes the one of the same address. 1, or 0 for
-  // null.
+  // Appends a scanner, whose ownership passes, and deletes the one of the same address; a scanner
+  // that is listed already moves to the end. 1, or 0 for null.
   int AddScanner(CScanner* scanner);
 
   // The scanner of this address, or null.
@@ -257,7 +258,7 @@ class CAgent : public RootObject {
   Status RecordedCommand(std::int32_t kind, const char* first, const char* second);
   void FreeLogRecords() { logRecords.reset(); }
   ScannerList::const_iterator Locate(std::uint32_t address) const;
-  void Erase(ScannerList::const_iterator position);
+  std::unique_ptr<CScanner> Take(ScannerList::const_iterator position);
 
   std::unique_ptr<CUserRecord> currentUser;
   Status lastError = kNoError;

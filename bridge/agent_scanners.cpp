@@ -25,8 +25,11 @@ void CAgent::Serialize(Archive& archive) {
 
 int CAgent::AddScanner(CScanner* scanner) {
   if (scanner == nullptr) return 0;
-  const auto old = Locate(scanner->Address());
-  if (old != scanners.end()) Erase(old);
+  const auto found = Locate(scanner->Address());
+  if (found != scanners.end()) {
+    std::unique_ptr<CScanner> old = Take(found);
+    if (old.get() == scanner) (void)old.release();
+  }
   scanners.push_back(scanner);
   return 1;
 }
@@ -39,7 +42,7 @@ CScanner* CAgent::FindScanner(const std::uint32_t* address) const {
 int CAgent::RemoveScanner(const std::uint32_t* address) {
   const auto found = Locate(*address);
   if (found == scanners.end()) return 0;
-  Erase(found);
+  Take(found);
   return 1;
 }
 
@@ -58,7 +61,7 @@ CScanner* CAgent::NextScanner() {
 }
 
 void CAgent::DeleteScanners() {
-  while (!scanners.empty()) Erase(scanners.begin());
+  while (!scanners.empty()) Take(scanners.begin());
   FreeLogRecords();
 }
 
@@ -67,12 +70,12 @@ CAgent::ScannerList::const_iterator CAgent::Locate(std::uint32_t address) const 
                       [&](const CScanner* each) { return each->Address() == address; });
 }
 
-// Takes the node out before its object goes, and moves a walk that stands on it to the next one.
-void CAgent::Erase(ScannerList::const_iterator position) {
-  const CScanner* scanner = *position;
+// Takes a scanner off the list, and moves a walk that stands on it to the next one.
+std::unique_ptr<CScanner> CAgent::Take(ScannerList::const_iterator position) {
+  std::unique_ptr<CScanner> scanner(*position);
   if (scanCursor == position) ++scanCursor;
   scanners.erase(position);
-  delete scanner;
+  return scanner;
 }
 
 }  // namespace quillkit

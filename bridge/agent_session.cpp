@@ -157,10 +157,7 @@ Status CAgent::AdoptUser(const CUserRecord& user) {
                    user.fourth.View(), &user.flags, &user.nibbles);
   currentUser = std::move(adopted);  // only now: `user` may be the record that goes
   const Status status = ReadUser(currentUser.get());
-  if (lastError != kNoError) {
-    currentUser.reset();
-    return status;
-  }
+  if (lastError != kNoError) currentUser.reset();
   return status;
 }
 

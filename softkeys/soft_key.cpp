@@ -23,8 +23,8 @@ int CSoftKey::Init(const std::string& name, std::int32_t capacity, CTopLevelAB* 
 
 Status CSoftKey::Load(const std::string& name, CTopLevelAB* newOwner, std::string_view firstName,
                       std::int32_t direction) {
+  KeyRange range(firstName, "*");  // before the block goes: `firstName` may lie in it
   if (Init(name, MaxKeyItems, newOwner) == 0) return kRefused;
-  KeyRange range(firstName, "*");
   auto count = static_cast<std::uint32_t>(items.count());
   const Status status = owner->ReadKeyItems(keyName, &range, items.data(), &count, direction);
   if (count == 0 || status == kDataNotFound) {

@@ -39,7 +39,9 @@ class CSoftKey {
 
   // Reads the key of this name, from behind `firstName`, in one IMSPReadAB of up to 512 items. A
   // missing or empty book gives 0 and no items, and so does a failure that delivers nothing. 21 and
-  // any other failing status may come with items. -1, and no call, without an owner or memory.
+  // any other failing status come with what was delivered: 512 blank items where the count was left
+  // as it went out. -1, and no call, without an owner or memory (nothing changes), and without a
+  // scanner (512 blank items).
   Status Load(const std::string& name, CTopLevelAB* newOwner, std::string_view firstName,
               std::int32_t direction);
 
