@@ -20,7 +20,7 @@ void CScanner::Serialize(Archive& archive) {
 
 int CScanner::Init(const std::string& newName, const std::uint32_t* newAddress,
                    const std::string& newModel, const std::string& newVersion, CAgent* newAgent) {
-  if (newAgent == nullptr || *newAddress == 0) return 0;
+  if (newAgent == nullptr || newAddress == nullptr || *newAddress == 0) return 0;
   name = newName;
   address = *newAddress;
   model = newModel;

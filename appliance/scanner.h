@@ -40,7 +40,8 @@ class CScanner : public RootObject {
 
   // --- Identity ---
 
-  // Sets the five fields and gives 1; 0 and no change for a null agent or an address of 0.
+  // Sets the five fields and gives 1; 0 and no change for a null agent or an address that is null or
+  // 0.
   int Init(const std::string& newName, const std::uint32_t* newAddress, const std::string& newModel,
            const std::string& newVersion, CAgent* newAgent);
 
@@ -105,14 +106,16 @@ class CScanner : public RootObject {
   Status CountPublicLists(std::uint32_t* count) const;
   Status CountFaxLists(std::uint32_t* count) const;
 
-  // --- Services of the agent, with its results; -1 on an unbound scanner ---
+  // --- Services of the agent, with its results ---
+
+  // -1 on an unbound scanner.
 
   Status BackupDatabase(const char* first, const char* second) const;
   Status RestoreDatabase(const char* first, const char* second) const;
   Status RunBatch(const std::string& path) const;
   Status ProbeIdentity(std::string& third);
 
-  // REQUIRES for the rest: the scanner is bound.
+  // -1, 0 records or null without an agent.
   Status EnrolUser(CUserEntry* entry) const;
   Status ReadLog(const std::string& user) const;
   Status ClearLog(const std::string& filter) const;

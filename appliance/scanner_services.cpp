@@ -108,27 +108,31 @@ Status CScanner::ProbeIdentity(std::string& third) {
 }
 
 Status CScanner::EnrolUser(CUserEntry* entry) const {
-  return agent->EnrolUser(address, entry);
+  return agent != nullptr ? agent->EnrolUser(address, entry) : kRefused;
 }
+
 Status CScanner::ReadLog(const std::string& user) const {
-  return agent->ReadLog(user);
+  return agent != nullptr ? agent->ReadLog(user) : kRefused;
 }
+
 Status CScanner::ClearLog(const std::string& filter) const {
-  return agent->ClearLog(filter);
+  return agent != nullptr ? agent->ClearLog(filter) : kRefused;
 }
+
 Status CScanner::ClearLogExceptSystem() const {
-  return agent->ClearLogExceptSystem();
+  return agent != nullptr ? agent->ClearLogExceptSystem() : kRefused;
 }
+
 std::uint32_t CScanner::LogCount() const {
-  return agent->LogCount();
+  return agent != nullptr ? agent->LogCount() : 0;
 }
 
 const LogRecord* CScanner::LogRecordAt(std::int32_t index) const {
-  return agent->LogRecordAt(index);
+  return agent != nullptr ? agent->LogRecordAt(index) : nullptr;
 }
 
 Status CScanner::SetServerTimeout(std::uint32_t seconds, std::uint32_t* old) const {
-  return agent->SetServerTimeout(seconds, old);
+  return agent != nullptr ? agent->SetServerTimeout(seconds, old) : kRefused;
 }
 
 Status CScanner::ReadAdminTag(std::uint32_t* tag) const {

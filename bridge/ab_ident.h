@@ -54,9 +54,9 @@ struct ABIdent {
   // 1, or 0 and no change for a name of 32 or more characters.
   int SetName(std::string_view text) { return name.Set(text); }
 
-  // Stores the kind unless it is 0. The result is 0 in both cases.
+  // Stores the kind unless it is null or 0. The result is always 0.
   int SetKind(const BookKind* newKind) {
-    if (*newKind != BookKind::kNone) kind = *newKind;
+    if (newKind != nullptr && *newKind != BookKind::kNone) kind = *newKind;
     return 0;
   }
 
