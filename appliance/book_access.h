@@ -7,7 +7,9 @@
 // an agent every operation gives -1 and makes no call.
 //
 // Records and rows that a server delivered are ended inside their text fields, so that their texts
-// may be read as C strings. A record's first field is its name, and its key in the book.
+// may be read as C strings. A record's first field is its name, and its key in the book. The name
+// of a book or an entry that is too long for its field goes out as the empty one: cut, it could be
+// another's.
 
 #ifndef QUILLKIT_APPLIANCE_BOOK_ACCESS_H_
 #define QUILLKIT_APPLIANCE_BOOK_ACCESS_H_
@@ -22,30 +24,43 @@
 
 namespace quillkit {
 
+// Whether a bulk read may go out: there is a count, and it offers room.
+inline bool OffersRoom(const std::uint32_t* count) {
+  return count != nullptr && *count != 0;
+}
+
+// Ends the texts of the rows that came into a buffer of `capacity` rows: they stand at its front,
+// or at its end when it was read back. A null buffer has none.
+template <class Row>
+void TerminateDelivered(Row* rows, std::uint32_t capacity, std::uint32_t delivered,
+                        std::int32_t direction) {
+  if (rows == nullptr) return;
+  Row* first = rows + (direction == 1 ? 0 : capacity - delivered);
+  std::for_each(first, first + delivered, [](Row& each) { each.Terminate(); });
+}
+
 template <class Entry>
 class BookAccess {
   static_assert(std::is_standard_layout_v<Entry>, "the name is reached as the first field");
 
  public:
-  BookAccess(CAgent* agent, BookKind kind, std::string_view name)
-      : agent_(agent), book_(kind, name) {}
+  BookAccess(CAgent* agent, BookKind kind, std::string_view name) : agent_(agent), book_(kind, {}) {
+    book_.SetName(name);
+  }
+  BookAccess(const BookAccess&) = default;
+  BookAccess& operator=(const BookAccess&) = delete;  // a book's kind is not assignable
 
   // IMSPReadAB: up to `*count` records of the range into `records`; `*count` becomes the number
   // delivered. -1 also for a null buffer or a count of 0.
   Status Read(KeyRange* range, Entry* records, std::uint32_t* count, std::int32_t direction) {
-    if (agent_ == nullptr || records == nullptr || *count == 0) return kRefused;
-    const std::uint32_t capacity = *count;
-    const Status status = agent_->IMSPReadAB(&book_, range, records, count, direction);
-    TerminateAll(records + (direction == 1 ? 0 : capacity - *count), *count);
-    return status;
+    if (agent_ == nullptr || records == nullptr || !OffersRoom(count)) return kRefused;
+    return ReadRange(range, records, count, direction);
   }
 
-  // IMSPReadAB of the whole book: a null range, direction 1. Buffer and count are not tested.
+  // IMSPReadAB of the whole book: a null range, direction 1. A null buffer and a count of 0 go out.
   Status ReadAll(Entry* records, std::uint32_t* count) {
-    if (agent_ == nullptr) return kRefused;
-    const Status status = agent_->IMSPReadAB(&book_, nullptr, records, count, 1);
-    TerminateAll(records, *count);
-    return status;
+    if (agent_ == nullptr || count == nullptr) return kRefused;
+    return ReadRange(nullptr, records, count, 1);
   }
 
   // IMSPListABEntries: as Read, for the names alone.
@@ -81,12 +96,12 @@ class BookAccess {
 
   // IMSPModifyEntry of the entry `oldName`; the record carries the new name.
   Status Rename(std::string_view oldName, Entry* entry) {
-    return ModifyByKey(EntryKey(oldName), entry);
+    return ModifyByKey(KeyOf(oldName), entry);
   }
 
   // IMSPDeleteEntry of the entry that the record names, or of the name.
   Status Delete(const Entry& entry) { return DeleteByKey(KeyOf(entry)); }
-  Status Delete(std::string_view name) { return DeleteByKey(EntryKey(name)); }
+  Status Delete(std::string_view name) { return DeleteByKey(KeyOf(name)); }
 
   // IMSPModifyEntry of each record in turn, by its own name. The first status that is not 0 ends
   // the run and is the result: what was sent stays, the rest is not sent. `*count` is read anew at
@@ -100,7 +115,7 @@ class BookAccess {
     return kNoError;
   }
 
-  // IMSPCreateAB, IMSPDeleteAB, IMSPSizeofAB (no filter).
+  // IMSPCreateAB, IMSPDeleteAB, IMSPSizeofAB (null filter).
   Status CreateBook() { return agent_ != nullptr ? agent_->IMSPCreateAB(&book_) : kRefused; }
   Status DeleteBook() { return agent_ != nullptr ? agent_->IMSPDeleteAB(&book_) : kRefused; }
   Status Size(std::uint32_t* count) {
@@ -109,19 +124,27 @@ class BookAccess {
 
  private:
   static EntryKey KeyOf(const Entry& entry) {
-    return EntryKey(reinterpret_cast<const FixedText<32>&>(entry).View());
+    return KeyOf(reinterpret_cast<const FixedText<32>&>(entry).View());
   }
 
-  static void TerminateAll(Entry* records, std::uint32_t count) {
-    std::for_each(records, records + count, [](Entry& each) { each.Terminate(); });
+  static EntryKey KeyOf(std::string_view name) {
+    EntryKey key;
+    key.SetKey(name);
+    return key;
+  }
+
+  Status ReadRange(KeyRange* range, Entry* records, std::uint32_t* count, std::int32_t direction) {
+    const std::uint32_t capacity = *count;
+    const Status status = agent_->IMSPReadAB(&book_, range, records, count, direction);
+    TerminateDelivered(records, capacity, *count, direction);
+    return status;
   }
 
   Status ListRange(KeyRange* range, EntryKey* rows, std::uint32_t* count, std::int32_t direction) {
-    if (agent_ == nullptr || *count == 0) return kRefused;
+    if (agent_ == nullptr || !OffersRoom(count)) return kRefused;
     const std::uint32_t capacity = *count;
     const Status status = agent_->IMSPListABEntries(&book_, range, rows, count, direction);
-    EntryKey* delivered = rows + (direction == 1 ? 0 : capacity - *count);
-    std::for_each(delivered, delivered + *count, [](EntryKey& each) { each.name.Terminate(); });
+    TerminateDelivered(rows, capacity, *count, direction);
     return status;
   }
 

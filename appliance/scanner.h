@@ -40,8 +40,8 @@ class CScanner : public RootObject {
 
   // --- Identity ---
 
-  // Sets the five fields and gives 1; 0 and no change for a null agent or an address that is null or
-  // 0.
+  // Sets the five fields and gives 1; 0 and no change for a null agent or an address that is null
+  // or 0.
   int Init(const std::string& newName, const std::uint32_t* newAddress, const std::string& newModel,
            const std::string& newVersion, CAgent* newAgent);
 

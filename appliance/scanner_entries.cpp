@@ -62,11 +62,12 @@ Status CScanner::ListFaxLists(ABIdent* books, std::uint32_t* count) const {
 }
 
 Status CScanner::ListLists(BookKind kind, ABIdent* books, std::uint32_t* count) const {
-  if (agent == nullptr || *count == 0) return kRefused;
+  if (agent == nullptr || !OffersRoom(count)) return kRefused;
+  const std::uint32_t capacity = *count;
   ABIdent selector(kind, {});
   KeyRange range({}, "*");
   const Status status = agent->IMSPListAB(&selector, &range, books, count, 1);
-  for (std::uint32_t i = 0; books != nullptr && i < *count; ++i) books[i].name.Terminate();
+  TerminateDelivered(books, capacity, *count, 1);
   return status;
 }
 
@@ -84,7 +85,7 @@ Status CScanner::CreatePrivateMembers(std::string_view list, CEmailEntry* member
 }
 
 Status CScanner::ReadPageBoundaries(PageBoundary* table, std::uint32_t* count) const {
-  if (agent == nullptr || table == nullptr || *count == 0) return kRefused;
+  if (agent == nullptr || table == nullptr || !OffersRoom(count)) return kRefused;
   ABIdent book(BookKind::kEmail, kEmailBook);
   return agent->IMSPReadPageBoundaries(&book, table, count);
 }

@@ -80,9 +80,7 @@ Status CScanner::CountFaxLists(std::uint32_t* count) const {
 }
 
 Status CScanner::Size(BookKind kind, std::string_view bookName, std::uint32_t* count) const {
-  if (!IsBound()) return kRefused;
-  ABIdent book(kind, bookName);
-  return agent->IMSPSizeofAB(&book, count);
+  return IsBound() ? BookAccess<EntryKey>(agent, kind, bookName).Size(count) : kRefused;
 }
 
 Status CScanner::CountLists(BookKind kind, std::uint32_t* count) const {
@@ -166,7 +164,7 @@ Status CScanner::RenamePrivateList(const std::string& oldName, const std::string
 Status CScanner::RenameList(BookKind kind, const std::string& oldName,
                             const std::string& newName) const {
   CEmailEntry renamed;
-  renamed.Set(EntryKey(newName), "");
+  renamed.SetName(newName);
   return BookAccess<CEmailEntry>(agent, kind, kPrivateBook).Rename(oldName, &renamed);
 }
 

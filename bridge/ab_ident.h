@@ -54,6 +54,9 @@ struct ABIdent {
   // 1, or 0 and no change for a name of 32 or more characters.
   int SetName(std::string_view text) { return name.Set(text); }
 
+  // Ends the name inside its field: for rows that a server filled in.
+  void Terminate() { name.Terminate(); }
+
   // Stores the kind unless it is null or 0. The result is always 0.
   int SetKind(const BookKind* newKind) {
     if (newKind != nullptr && *newKind != BookKind::kNone) kind = *newKind;

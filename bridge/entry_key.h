@@ -19,6 +19,9 @@ struct EntryKey {
   // 1, or 0 and no change for a text of 32 or more characters.
   int SetKey(std::string_view text) { return name.Set(text); }
 
+  // Ends the text inside its field: for rows that a server filled in.
+  void Terminate() { name.Terminate(); }
+
   // Below, at or above 0 as this key sorts before, with or after `other`: by unsigned bytes up to
   // the first NUL.
   int Compare(const EntryKey& other) const { return name.View().compare(other.name.View()); }

@@ -1,5 +1,6 @@
 #include "softkeys/soft_key.h"
 
+#include "appliance/book_access.h"
 #include "base/archive.h"
 #include "base/name_search.h"
 #include "bridge/the_agent.h"
@@ -145,8 +146,7 @@ std::int32_t CSoftKey::FastItemRename(const std::string& oldName, CMenuItem* ite
 
 Status CSoftKey::GetDBItemCount(std::uint32_t* count) const {
   if (owner != nullptr) return owner->SizeofKey(keyName, count);
-  ABIdent book(BookKind::kKeyItems, keyName);
-  return TheAgent.IMSPSizeofAB(&book, count);
+  return BookAccess<CMenuItem>(&TheAgent, BookKind::kKeyItems, keyName).Size(count);
 }
 
 Status CSoftKey::SaveAllItems() {

@@ -79,12 +79,13 @@ class CSoftKey {
   std::int32_t FindMenuItemIndex(const CMenuItem& item) const;
 
   // --- Plain family: the server's status, or that of the reload ---
+  //
+  // A name of 32 or more characters goes out as the empty one, here and below: nothing that another
+  // name begins with is changed in its place.
 
   Status AddMenuItem(CMenuItem* item, bool reload);
   Status ModifyMenuItem(CMenuItem* item, bool reload);
   Status RenameMenuItem(const std::string& oldName, CMenuItem* item, bool reload);
-
-  // A name of 32 or more characters goes out as the empty one.
   Status DeleteMenuItem(const std::string& name, bool reload);
 
   // --- Fast family ---

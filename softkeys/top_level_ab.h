@@ -73,9 +73,10 @@ class CTopLevelAB : public RootObject {
   CSoftKey* LoadItems(const std::string& name);
 
   // --- Plain family: the server's status, or that of the reload ---
+  //
+  // A name of 32 or more characters goes out as the empty one, here and below.
 
-  // 24, with nothing recorded and no call, when 11 keys are cached. A name of 32 or more characters
-  // goes out as the empty one, here and below.
+  // 24, with nothing recorded and no call, when 11 keys are cached.
   Status AddKey(const std::string& name, bool reload);
   Status AddKey(CMenuItem* record, bool reload);
   Status DeleteKey(const std::string& name, bool reload);
