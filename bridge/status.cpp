@@ -6,7 +6,7 @@
 namespace quillkit {
 namespace {
 
-constexpr std::string_view kTexts[32] = {
+constexpr std::string_view kTexts[] = {
     /* 0*/ "No Error",
     /* 1*/ "Duplicated Login",
     /* 2*/ "Invalid User or Password",
@@ -33,7 +33,12 @@ constexpr std::string_view kTexts[32] = {
     /*23*/ "",
     /*24*/ "Address Book Full",
     /*25*/ "Invalid host name",
-    /*26 to 31 have no text*/
+    /*26*/ "",
+    /*27*/ "",
+    /*28*/ "",
+    /*29*/ "",
+    /*30*/ "",
+    /*31*/ "",
 };
 
 }  // namespace

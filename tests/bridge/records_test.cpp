@@ -1,0 +1,318 @@
+// What the records of the server boundary do beside holding texts.
+
+#include "bridge/records.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/archive.h"
+
+namespace quillkit {
+namespace {
+
+using namespace std::literals;
+
+// --- Keys and books ---
+
+TEST(EntryKey, SortsByUnsignedBytesUpToTheNul) {
+  const std::vector<std::string> ascending = {"", "A", "AB", "B", "a", "\x7F", "\x80", "\xFF"};
+  for (std::size_t i = 0; i < ascending.size(); ++i) {
+    for (std::size_t j = 0; j < ascending.size(); ++j) {
+      const EntryKey a(ascending[i]);
+      const EntryKey b(ascending[j]);
+      EXPECT_EQ(a < b, i < j) << i << ' ' << j;
+      EXPECT_EQ(a == b, i == j);
+      EXPECT_EQ(a != b, i != j);
+      EXPECT_EQ(a.Compare(b) > 0, i > j);
+    }
+  }
+  EntryKey key("ABCDEF");
+  key.SetKey("AB");
+  EXPECT_EQ(key, EntryKey("AB")) << "what stands behind the NUL plays no part";
+}
+
+TEST(ABIdent, IsItsKindAndItsName) {
+  const ABIdent faxList(BookKind::kFaxList, "Scan");
+  EXPECT_NE(faxList, ABIdent(BookKind::kKeyItems, "Scan"));
+  EXPECT_NE(faxList, ABIdent(BookKind::kFaxList, "scan"));
+  EXPECT_EQ(faxList, ABIdent(BookKind::kFaxList, "Scan"));
+  EXPECT_EQ(ABIdent().kind, BookKind::kNone);
+  EXPECT_EQ(ABIdent(BookKind::kFaxList, std::string(40, 'n')).name.View(), std::string(31, 'n'));
+}
+
+TEST(ABIdent, SetKindPassesOverNoKind) {
+  ABIdent book(BookKind::kEmail, kEmailBook);
+  const BookKind none = BookKind::kNone;
+  const BookKind fax = BookKind::kFax;
+  EXPECT_EQ(book.SetKind(&none), 0);
+  EXPECT_EQ(book.SetKind(nullptr), 0);
+  EXPECT_EQ(book.kind, BookKind::kEmail);
+  EXPECT_EQ(book.SetKind(&fax), 0);
+  EXPECT_EQ(book.kind, BookKind::kFax);
+}
+
+TEST(ABIdent, AssignmentCopiesTheNameAlone) {
+  ABIdent book(BookKind::kEmail, "long name");
+  book = ABIdent(BookKind::kFax, "AB");
+  EXPECT_EQ(book, ABIdent(BookKind::kEmail, "AB"));
+  EXPECT_EQ(book.name.c_str()[3], 'g');
+  const ABIdent& same = book;
+  book = same;
+  EXPECT_EQ(book.name.View(), "AB");
+}
+
+// --- Menu items ---
+
+CMenuItem Item() {
+  CMenuItem item;
+  item.SetAll("name", "path", "tag", "address", 1, 2);
+  return item;
+}
+
+TEST(CMenuItem, SetAllStopsAtTheTextThatIsRefused) {
+  const std::string tooLong(256, 'x');
+  // The texts in the order of the arguments, the refused one by its place.
+  for (std::size_t refused = 0; refused < 4; ++refused) {
+    SCOPED_TRACE(refused);
+    CMenuItem item = Item();
+    std::string texts[] = {"n", "p", "t", "a"};
+    texts[refused] = tooLong;
+    EXPECT_EQ(item.SetAll(texts[0], texts[1], texts[2], texts[3], 7, 8), 0);
+    EXPECT_EQ(item.name.View(), refused > 0 ? "n" : "name");
+    EXPECT_EQ(item.path.View(), refused > 1 ? "p" : "path");
+    EXPECT_EQ(item.appTag.View(), refused > 2 ? "t" : "tag");
+    EXPECT_EQ(item.ipAddress.View(), "address");
+    EXPECT_EQ(item.settings, 1U);
+    EXPECT_EQ(item.fileFormat, 2U);
+  }
+  CMenuItem item;
+  EXPECT_EQ(item.SetAll("n", "p", "t", "a", 0xFFFFFFFF, 0), 1);
+  EXPECT_EQ(item.settings, 0xFFFFFFFF);
+}
+
+TEST(CMenuItem, TheLowHalfIsReplacedAndTheNibbleOnlyGrows) {
+  CMenuItem item;
+  item.SetSettings(0xABCD1234);
+  EXPECT_EQ(item.SettingsLowHalf(), 0x1234);
+  EXPECT_EQ(item.SettingsNibble(), 0xDU);
+  EXPECT_EQ(item.SetSettingsLowHalf(0xFFFF), 1);
+  EXPECT_EQ(item.settings, 0xABCDFFFF);
+
+  item.SetSettings(0);
+  EXPECT_EQ(item.AddSettingsNibble(1), 1);
+  EXPECT_EQ(item.AddSettingsNibble(2), 1);
+  EXPECT_EQ(item.AddSettingsNibble(0), 1);
+  EXPECT_EQ(item.settings, 0x00030000U);
+  EXPECT_EQ(item.AddSettingsNibble(0xF0), 1);
+  EXPECT_EQ(item.settings, 0x00030000U) << "the other bits of the argument are not taken";
+}
+
+TEST(CMenuItem, LoadingKeepsAFieldWhoseTextIsTooLong) {
+  const std::string bytes =
+      "\x20" + std::string(32, 'n') + "\1P\1I\x80"s + std::string(128, 't') + "\7\0\0\0\10\0\0\0"s;
+  CMenuItem item = Item();
+  Archive loading{std::string_view(bytes)};
+  item.Serialize(loading);
+  EXPECT_EQ(item.name.View(), "name");
+  EXPECT_EQ(item.path.View(), "P");
+  EXPECT_EQ(item.ipAddress.View(), "I");
+  EXPECT_EQ(item.appTag.View(), "tag");
+  EXPECT_EQ(item.settings, 7U);
+  EXPECT_EQ(item.fileFormat, 8U);
+}
+
+// --- Stream forms ---
+
+template <class Record>
+void ExpectStreamForm(Record record, const std::string& form) {
+  std::string bytes;
+  Archive storing(&bytes);
+  record.Serialize(storing);
+  EXPECT_EQ(bytes, form);
+
+  Record loaded;
+  Archive loading{std::string_view(form)};
+  loaded.Serialize(loading);
+  EXPECT_FALSE(loading.Failed());
+  std::string again;
+  Archive storingAgain(&again);
+  loaded.Serialize(storingAgain);
+  EXPECT_EQ(again, form);
+}
+
+TEST(Records, EachHasItsOwnOrderInAStream) {
+  ExpectStreamForm(Item(), "\4name\4path\7address\3tag\1\0\0\0\2\0\0\0"s);
+
+  CEmailEntry email;
+  email.Set(EntryKey("Ann"), "a@b");
+  email.flags = -1;
+  ExpectStreamForm(email, "\3Ann\3a@b\xFF\xFF\xFF\xFF"s);
+
+  CFaxEntry fax;
+  fax.Set(EntryKey("Ann"), "123", "x");
+  ExpectStreamForm(fax, "\3Ann\003123\1x"s);
+
+  CUserEntry user;
+  const std::uint32_t flags = 0x11;
+  const std::uint32_t nibbles = 0x23;
+  user.Set("Ann", "pw", "3rd", "4th", &flags, &nibbles);
+  user.tag = 9;  // no part of the form
+  ExpectStreamForm(user, "\3Ann\0034th\0033rd\2pw\x11\0\0\0\x23\0\0\0"s);
+}
+
+// --- E-mail and fax entries ---
+
+TEST(CEmailEntry, SetTakesBothTextsOrNone) {
+  CEmailEntry entry;
+  entry.Set(EntryKey("Ann"), "a@b");
+  entry.flags = 1;
+  EXPECT_EQ(entry.SetName("Ben"), 1);
+  EXPECT_EQ(entry.SetAddress("b@c"), 1);
+  EXPECT_EQ(entry.flags, 1);
+
+  EntryKey unterminated;
+  std::memset(static_cast<void*>(&unterminated), 'x', sizeof unterminated);
+  EXPECT_EQ(entry.Set(EntryKey("Cy"), nullptr), 0);
+  EXPECT_EQ(entry.Set(EntryKey("Cy"), std::string(256, 'x').c_str()), 0);
+  EXPECT_EQ(entry.Set(unterminated, "c@d"), 0);
+  EXPECT_EQ(entry.name.View(), "Ben");
+  EXPECT_EQ(entry.address.View(), "b@c");
+  EXPECT_EQ(entry.flags, 1);
+
+  const std::string longest(255, 'x');
+  EXPECT_EQ(entry.Set(EntryKey("Cy"), longest.c_str()), 1);
+  EXPECT_EQ(entry.address.View(), longest);
+  EXPECT_EQ(entry.flags, 0);
+}
+
+TEST(CEmailEntry, MatchesOnlyWhatDiffersInBothTexts) {
+  const auto entry = [](std::string_view name, const char* address, std::int32_t flags) {
+    CEmailEntry made;
+    made.Set(EntryKey(name), address);
+    made.flags = flags;
+    return made;
+  };
+  const CEmailEntry base = entry("Ann", "a", 1);
+  EXPECT_TRUE(CEmailEntry::Matches(base, entry("Ben", "b", 1)));
+  for (const CEmailEntry& other : {base, entry("Ann", "b", 1), entry("Ben", "a", 1),
+                                   entry("Ben", "b", 0), entry("ann", "a", 1)}) {
+    EXPECT_FALSE(CEmailEntry::Matches(base, other));
+    EXPECT_TRUE(CEmailEntry::Differs(base, other));
+  }
+}
+
+TEST(CFaxEntry, SetsNumberAndThirdTextEachForItself) {
+  const std::string number(79, '1');
+  const std::string third(10, 't');
+  for (const bool numberFits : {false, true}) {
+    for (const bool thirdFits : {false, true}) {
+      SCOPED_TRACE(testing::Message() << numberFits << thirdFits);
+      CFaxEntry entry;
+      entry.Set(EntryKey("Ann"), "0", "old");
+      EXPECT_EQ(entry.Set(EntryKey("Ben"), numberFits ? number : number + '1',
+                          thirdFits ? third : third + 't'),
+                numberFits || thirdFits ? 1 : 0);
+      EXPECT_EQ(entry.name.View(), numberFits ? "Ben" : "Ann");
+      EXPECT_EQ(entry.number.View(), numberFits ? number : "0");
+      EXPECT_EQ(entry.third.View(), thirdFits ? third : "old");
+    }
+  }
+}
+
+TEST(CFaxEntry, IsToldByItsNumber) {
+  CFaxEntry entry;
+  entry.SetThird("3");
+  EXPECT_TRUE(entry.IsBlank());
+  EXPECT_EQ(entry.HasDigit(), 0);
+  for (const char* number : {"0", "x9", "+/:"}) {
+    entry.SetNumber(number);
+    EXPECT_FALSE(entry.IsBlank());
+    EXPECT_EQ(entry.HasDigit(), number == "+/:"sv ? 0 : 1) << number;
+  }
+  CFaxEntry other = entry;
+  other.SetName("Ben");
+  EXPECT_TRUE(CFaxEntry::Matches(entry, other));
+  other.SetNumber("+/");
+  EXPECT_TRUE(CFaxEntry::Differs(entry, other));
+}
+
+// --- Accounts ---
+
+TEST(CUserEntry, SetTestsEveryTextButTheName) {
+  const std::uint32_t flags = 1;
+  const std::uint32_t nibbles = 2;
+  const std::string longest(255, 'x');
+  const std::string password(15, 'p');
+  CUserEntry user;
+  user.tag = 9;
+  EXPECT_EQ(user.Set("Ann", password + 'p', "", "", &flags, &nibbles), 0);
+  EXPECT_EQ(user.Set("Ann", "", longest + 'x', "", &flags, &nibbles), 0);
+  EXPECT_EQ(user.Set("Ann", "", "", longest + 'x', &flags, &nibbles), 0);
+  EXPECT_TRUE(user.name.IsEmpty());
+  EXPECT_EQ(user.nibbles, 0U);
+
+  EXPECT_EQ(user.Set(std::string(40, 'n'), password, longest, longest, &flags, &nibbles), 1);
+  EXPECT_EQ(user.name.View(), std::string(31, 'n'));
+  EXPECT_EQ(user.password.View(), password);
+  EXPECT_EQ(user.fourth.View(), longest);
+  EXPECT_EQ(user.flags, 1U);
+  EXPECT_EQ(user.nibbles, 2U);
+  EXPECT_EQ(user.tag, 9U);
+}
+
+TEST(CUserEntry, EqualsByItsTexts) {
+  CUserEntry a;
+  a.SetName("Ann");
+  CUserEntry b = a;
+  b.tag = b.flags = b.nibbles = 7;
+  EXPECT_TRUE(a.Equals(b));
+  using Setter = int (CUserEntry::*)(std::string_view);
+  for (const Setter set : {&CUserEntry::SetName, &CUserEntry::SetPassword, &CUserEntry::SetThird,
+                           &CUserEntry::SetFourth}) {
+    CUserEntry other = a;
+    (other.*set)("other");
+    EXPECT_TRUE(a.Differs(other));
+  }
+}
+
+TEST(CUserEntry, NibblesGrowAndStayApart) {
+  CUserEntry user;
+  const std::uint8_t bits[] = {2, 5, 0xF8, 0};
+  EXPECT_EQ(user.AddLowNibble(&bits[0]), 1);
+  EXPECT_EQ(user.AddLowNibble(&bits[1]), 1);
+  EXPECT_EQ(user.LowNibble(), 7U);
+  EXPECT_EQ(user.AddHighNibble(&bits[2]), 1);
+  EXPECT_EQ(user.AddHighNibble(&bits[3]), 1);
+  EXPECT_EQ(user.nibbles, 0x87U);
+  EXPECT_EQ(user.HighNibble(), 8U);
+}
+
+TEST(CUserEntry, KnowsTheAccountsByTheirExactNames) {
+  CUserEntry user;
+  for (const std::string_view name :
+       {"ADMINISTRATOR"sv, "TOOLKIT"sv, "administrator"sv, "TOOLKIT "sv, "ADMINISTRATO"sv, ""sv}) {
+    user.SetName(name);
+    EXPECT_EQ(user.IsAdministrator(), name == kAdministratorName) << name;
+    EXPECT_EQ(user.IsToolkit(), name == kToolkitName) << name;
+  }
+}
+
+TEST(CUserEntry, TheThirdTextMayBeAnAddress) {
+  CUserEntry user;
+  for (const std::string_view text : {"10.0.0.1"sv, "0.0.0.0"sv, "127.1"sv}) {
+    user.SetThird(text);
+    EXPECT_TRUE(user.IsDottedAddress()) << text;
+  }
+  for (const std::string_view text :
+       {"host"sv, "10.0.0.256"sv, "255.255.255.255"sv, "1.2.3.4.5"sv}) {
+    user.SetThird(text);
+    EXPECT_FALSE(user.IsDottedAddress()) << text;
+  }
+}
+
+}  // namespace
+}  // namespace quillkit
