@@ -1,6 +1,7 @@
 #include "appliance/scanner.h"
 
 #include "base/archive.h"
+#include "books/printer_ab.h"
 #include "softkeys/top_level_ab.h"
 
 namespace quillkit {
@@ -9,7 +10,11 @@ const ClassRecord CScanner::kClass = {"CScanner", sizeof(CScanner), 1, CreateObj
                                       nullptr};
 
 CScanner::CScanner() = default;
-CScanner::~CScanner() = default;
+
+CScanner::~CScanner() {
+  printersBook.reset();
+  topBook.reset();
+}
 
 void CScanner::Serialize(Archive& archive) {
   archive.Exchange(name);
@@ -43,6 +48,21 @@ void CScanner::GetVersion(std::string& text) const {
 
 void CScanner::GetAddress(std::uint32_t* value) const {
   if (IsBound()) *value = address;
+}
+
+CPrinterAB* CScanner::DetachPrintersBook() {
+  return IsBound() ? printersBook.release() : nullptr;
+}
+
+int CScanner::SetPrintersBook(CPrinterAB* book) {
+  if (!IsBound()) return 0;
+  if (book != nullptr) {
+    if (book != printersBook.get()) printersBook.reset(book);
+    return 1;
+  }
+  printersBook = std::make_unique<CPrinterAB>();
+  printersBook->Attach(this, 1);
+  return 1;
 }
 
 CTopLevelAB* CScanner::DetachTopBook() {

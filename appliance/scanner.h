@@ -30,7 +30,7 @@ class CScanner : public RootObject {
   static const ClassRecord kClass;
 
   CScanner();
-  ~CScanner() override;  // deletes the books
+  ~CScanner() override;  // deletes the books, in the order of the fields
 
   const ClassRecord* GetRuntimeClass() const override { return &kClass; }
 
@@ -73,15 +73,19 @@ class CScanner : public RootObject {
   CEmailAB* EmailBook() const { return IsBound() ? emailBook : nullptr; }
   CUserAB* UsersBook() const { return IsBound() ? usersBook : nullptr; }
   CFaxAB* FaxBook() const { return IsBound() ? faxBook : nullptr; }
-  CPrinterAB* PrintersBook() const { return IsBound() ? printersBook : nullptr; }
+  CPrinterAB* PrintersBook() const { return IsBound() ? printersBook.get() : nullptr; }
   CTopLevelAB* TopBook() const { return IsBound() ? topBook.get() : nullptr; }
 
   // As above, and hands the book to the caller.
+  CPrinterAB* DetachPrintersBook();
   CTopLevelAB* DetachTopBook();
 
   // Deletes the present book and takes over `book` (1), or with null opens a new one on this
   // scanner and loads it (what its Attach gives). 0 and no change on an unbound scanner.
   int SetTopBook(CTopLevelAB* book);
+
+  // The same, but 1 whatever comes of loading a new book.
+  int SetPrintersBook(CPrinterAB* book);
 
   // Empty the book on the server under the long time-out, which is put back whatever happens.
   // Calls: SetServerTimeout, IMSPClearAB, SetServerTimeout; the clear's status. An unbound scanner
@@ -198,7 +202,7 @@ class CScanner : public RootObject {
   CEmailAB* emailBook = nullptr;
   CUserAB* usersBook = nullptr;
   CFaxAB* faxBook = nullptr;
-  CPrinterAB* printersBook = nullptr;
+  std::unique_ptr<CPrinterAB> printersBook;
   std::unique_ptr<CTopLevelAB> topBook;
   CAgent* agent = nullptr;  // not owned
 };

@@ -5,11 +5,18 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 #include <type_traits>
 
 #include "base/fixed_text.h"
 
 namespace quillkit {
+
+class Archive;
+class CPrinterAB;
+
+// Text setters store the text and give 1, or refuse one that is too long for its field with 0 and
+// no change.
 
 struct PrinterModelRecord {
   FixedText<32> modelName;  // the entry's key
@@ -17,11 +24,17 @@ struct PrinterModelRecord {
   std::uint32_t modelWord1 = 0;
   std::uint32_t modelWord2 = 0;
 
+  int SetModelName(std::string_view text) { return modelName.Set(text); }
+  int SetModelText(std::string_view text) { return modelText.Set(text); }
+
+  // Whether all texts end inside their fields.
+  bool IsValid() const;
+
   // Ends the texts inside their fields: for records that a server filled in.
-  void Terminate() {
-    modelName.Terminate();
-    modelText.Terminate();
-  }
+  void Terminate();
+
+  // modelName, modelText, the two words. Loading cuts a text where its field ends.
+  void Serialize(Archive& archive);
 };
 
 struct PrinterRecord {
@@ -29,17 +42,27 @@ struct PrinterRecord {
   FixedText<256> description;
   FixedText<32> printerModel;  // the modelName of its model
   std::int32_t isDefault = 0;  // 1: this is the default printer
-  // Local fields, four bytes wide on every platform. They travel to the server as they are, and
-  // what comes back in them means nothing.
+  // Local fields, four bytes wide on every platform: numbers that CPrinterAB gives out and
+  // resolves, 0 for none. They travel to the server as they are, and what comes back in them means
+  // nothing.
   std::uint32_t modelLink = 0;
   std::uint32_t owner = 0;
 
-  // Ends the texts inside their fields: for records that a server filled in.
-  void Terminate() {
-    printerName.Terminate();
-    description.Terminate();
-    printerModel.Terminate();
-  }
+  int SetPrinterName(std::string_view text) { return printerName.Set(text); }
+  int SetDescription(std::string_view text) { return description.Set(text); }
+  int SetPrinterModel(std::string_view text) { return printerModel.Set(text); }
+
+  // Stores each text that fits, leaving the others as they were, and `newDefault`, and binds the
+  // record to `newOwner` (CPrinterAB::Bind); null gives it no owner and no model. Always 1.
+  int SetAll(const CPrinterAB* newOwner, std::string_view newName, std::string_view newDescription,
+             std::string_view newModel, std::int32_t newDefault);
+
+  bool IsValid() const;
+  void Terminate();
+
+  // printerName, printerModel, description, isDefault. Loading cuts a text where its field ends,
+  // and leaves the local fields as they are.
+  void Serialize(Archive& archive);
 };
 
 static_assert(sizeof(PrinterModelRecord) == 72 && std::is_trivially_copyable_v<PrinterModelRecord>);

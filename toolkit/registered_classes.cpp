@@ -2,14 +2,15 @@
 
 #include "appliance/scanner.h"
 #include "base/class_record.h"
+#include "books/printer_ab.h"
 #include "bridge/agent.h"
 #include "softkeys/top_level_ab.h"
 
 namespace quillkit {
 namespace {
 
-constexpr const ClassRecord* kClasses[] = {&CAgent::kClass, &CScanner::kClass,
-                                           &CTopLevelAB::kClass};
+constexpr const ClassRecord* kClasses[] = {&CAgent::kClass, &CScanner::kClass, &CTopLevelAB::kClass,
+                                           &CPrinterAB::kClass};
 
 }  // namespace
 

@@ -1,0 +1,154 @@
+#include "books/printer_ab.h"
+
+#include "appliance/scanner.h"
+#include "base/name_search.h"
+#include "bridge/the_agent.h"
+
+namespace quillkit {
+namespace {
+
+constexpr std::uint32_t kLongTimeoutMilliseconds = kLongTimeout * 1000;
+
+// The last number given out. No two books have the same one, nor two loads of models.
+std::uint32_t lastReference = 0;
+
+// The first of `count` new numbers.
+std::uint32_t TakeReferences(std::uint32_t count) {
+  const std::uint32_t first = lastReference + 1;
+  lastReference += count;
+  return first;
+}
+
+Status TimeoutCall(IOCtlCode code, std::uint32_t* milliseconds) {
+  IOCtlRecord request;
+  request.code = code;
+  request.value = *milliseconds;
+  const Status status = TheAgent.IMSPIOCtl(&request);
+  *milliseconds = request.value;
+  return status;
+}
+
+Status SetTimeout(std::uint32_t milliseconds) {
+  return TimeoutCall(IOCtlCode::kSetTimeout, &milliseconds);
+}
+
+}  // namespace
+
+const ClassRecord CPrinterAB::kClass = {"CPrinterAB", sizeof(CPrinterAB), 1,
+                                        CreateObject<CPrinterAB>, nullptr};
+
+CPrinterAB::CPrinterAB() : number(TakeReferences(1)) {}
+
+void CPrinterAB::Serialize(Archive& archive) {
+  for (const auto& each : printers) each->Serialize(archive);
+}
+
+std::int32_t CPrinterAB::Attach(CScanner* newScanner, std::int32_t load) {
+  if (newScanner == nullptr) return 0;
+  scanner = newScanner;
+  return load != 0 ? LoadBook() : 1;
+}
+
+std::int32_t CPrinterAB::LoadBook() {
+  return LoadModels() != 0 ? LoadPrinters() : 0;
+}
+
+Status CPrinterAB::ServerCount(std::uint32_t* count) const {
+  return scanner != nullptr ? scanner->SizeofPrinters(count) : kRefused;
+}
+
+Status CPrinterAB::ClearBook() {
+  if (scanner == nullptr) return kRefused;
+  const Status status = scanner->ClearPrintersBook();
+  ClearPrinters();
+  return status;
+}
+
+Status CPrinterAB::DeleteBook() {
+  std::uint32_t old = 0;
+  const Status read = TimeoutCall(IOCtlCode::kGetTimeout, &old);
+  if (read != kNoError) return read;
+  const Status raised = SetTimeout(kLongTimeoutMilliseconds);
+  if (raised != kNoError) return raised;
+  ABIdent book(BookKind::kPrinters, kPrintersBook);
+  const Status status = TheAgent.IMSPDeleteAB(&book);
+  SetTimeout(old);
+  ClearPrinters();
+  return status;
+}
+
+void CPrinterAB::Clear() {
+  ClearModels();
+  ClearPrinters();
+}
+
+PrinterModelRecord* CPrinterAB::ModelAt(std::int32_t index) const {
+  return index >= 0 && index < ModelCount() ? models[static_cast<std::size_t>(index)].get()
+                                            : nullptr;
+}
+
+std::int32_t CPrinterAB::ModelIndex(std::string_view name) const {
+  return FindName(0, ModelCount(), name, true,
+                  [&](std::int32_t i) { return ModelAt(i)->modelName.View(); });
+}
+
+PrinterModelRecord* CPrinterAB::FindModel(std::string_view name) const {
+  return ModelAt(ModelIndex(name));
+}
+
+std::int32_t CPrinterAB::LoadModels() {
+  ClearModels();
+  EntryKey names[MaxPrinterModels];
+  std::uint32_t count = MaxPrinterModels;
+  BookAccess<PrinterModelRecord> book = ModelEntries();
+  Status status = book.ListNames(names, &count);
+  if (status != kNoError) return status == kDataNotFound ? 0 : -1;
+  firstLink = TakeReferences(MaxPrinterModels);
+  for (std::uint32_t i = 0; i < count; ++i) {
+    auto model = std::make_unique<PrinterModelRecord>();
+    model->SetModelName(names[i].name.View());
+    status = book.ReadOne(model.get());
+    if (status == kNoError) models.push_back(std::move(model));
+  }
+  return status == kDataNotFound ? 0 : ModelCount();
+}
+
+std::int32_t CPrinterAB::AddModel(PrinterModelRecord* model, bool reload) {
+  if (ModelCount() >= MaxPrinterModels) {
+    TheAgent.SetError(kBookFull);
+    return -1;
+  }
+  return ReloadModels(ModelEntries().Create(model), reload) ? ModelCount() : -1;
+}
+
+std::int32_t CPrinterAB::DeleteModel(std::string_view name, bool reload) {
+  return ReloadModels(ModelEntries().Delete(name), reload) ? 1 : 0;
+}
+
+std::int32_t CPrinterAB::ModifyModel(PrinterModelRecord* model, bool reload) {
+  return ReloadModels(ModelEntries().Modify(model), reload) ? 1 : 0;
+}
+
+// What a change of a model ends in: whether the server took it.
+bool CPrinterAB::ReloadModels(Status changed, bool reload) {
+  if (changed == kNoError && reload) LoadModels();
+  return changed == kNoError;
+}
+
+void CPrinterAB::Bind(PrinterRecord* record) const {
+  const std::int32_t model = ModelIndex(record->printerModel.View());
+  record->owner = number;
+  record->modelLink = model >= 0 ? firstLink + static_cast<std::uint32_t>(model) : 0;
+}
+
+PrinterModelRecord* CPrinterAB::ModelOf(const PrinterRecord& record) const {
+  const std::uint32_t index = record.modelLink - firstLink;
+  return index < models.size() ? models[index].get() : nullptr;
+}
+
+BookAccess<PrinterModelRecord> CPrinterAB::ModelEntries() const {
+  if (scanner == nullptr) return {nullptr, BookKind::kModels, kModelsBook};
+  return scanner->ModelEntries();
+}
+
+}  // namespace quillkit

@@ -1,0 +1,150 @@
+// The printers of the book: loading them, changing them, and looking for one.
+
+#include <algorithm>
+
+#include "appliance/scanner.h"
+#include "base/name_search.h"
+#include "books/printer_ab.h"
+#include "bridge/the_agent.h"
+
+namespace quillkit {
+
+PrinterRecord* CPrinterAB::PrinterAt(std::int32_t index) const {
+  return index >= 0 && index < PrinterCount() ? printers[static_cast<std::size_t>(index)].get()
+                                              : nullptr;
+}
+
+std::int32_t CPrinterAB::PrinterIndex(std::string_view name) const {
+  return SearchPrinters(0, name, true);
+}
+
+std::int32_t CPrinterAB::SearchPrinters(std::int32_t start, std::string_view pattern,
+                                        bool wholeName) const {
+  return FindName(start, PrinterCount(), pattern, wholeName,
+                  [&](std::int32_t i) { return PrinterAt(i)->printerName.View(); });
+}
+
+std::int32_t CPrinterAB::LoadPrinters() {
+  ClearPrinters();
+  EntryKey names[MaxPrinters];
+  std::uint32_t count = MaxPrinters;
+  BookAccess<PrinterRecord> book = PrinterEntries();
+  const Status status = book.ListNames(names, &count);
+  if (status != kNoError && status != kMoreData) return status == kDataNotFound ? 0 : -1;
+  printers.reserve(count);
+  for (std::uint32_t i = 0; i < count; ++i) {
+    auto printer = std::make_unique<PrinterRecord>();
+    printer->SetPrinterName(names[i].name.View());
+    book.ReadOne(printer.get());
+    Bind(printer.get());
+    printers.push_back(std::move(printer));
+  }
+  return status == kNoError ? PrinterCount() : -2;
+}
+
+std::int32_t CPrinterAB::AddPrinter(PrinterRecord* printer, bool reload) {
+  if (IsFull()) return -1;
+  return ReloadPrinters(PrinterEntries().Create(printer), reload) ? PrinterCount() : -1;
+}
+
+std::int32_t CPrinterAB::DeletePrinter(std::string_view name, bool reload) {
+  return ReloadPrinters(PrinterEntries().Delete(name), reload) ? 1 : 0;
+}
+
+std::int32_t CPrinterAB::ModifyPrinter(PrinterRecord* printer, bool reload) {
+  return ReloadPrinters(PrinterEntries().Modify(printer), reload) ? 1 : 0;
+}
+
+std::int32_t CPrinterAB::RenamePrinter(std::string_view oldName, PrinterRecord* printer,
+                                       bool reload) {
+  return ReloadPrinters(PrinterEntries().Rename(oldName, printer), reload) ? 1 : 0;
+}
+
+// What a plain change ends in: whether the server took it.
+bool CPrinterAB::ReloadPrinters(Status changed, bool reload) {
+  if (changed == kNoError && reload) LoadPrinters();
+  return changed == kNoError;
+}
+
+std::int32_t CPrinterAB::FastAddPrinter(const PrinterRecord* printer) {
+  if (IsFull()) return -1;
+  auto added = std::make_unique<PrinterRecord>();
+  added->SetAll(this, printer->printerName.View(), printer->description.View(),
+                printer->printerModel.View(), printer->isDefault);
+  if (PrinterEntries().Create(added.get()) != kNoError) return -1;
+  printers.push_back(std::move(added));
+  return PrinterCount();
+}
+
+std::int32_t CPrinterAB::FastDeletePrinter(const PrinterRecord* printer) {
+  if (PrinterEntries().Delete(*printer) != kNoError) return -1;
+  const std::int32_t index = PrinterIndex(printer->printerName.View());
+  if (index < 0) return -1;
+  printers.erase(printers.begin() + index);
+  return PrinterCount();
+}
+
+std::int32_t CPrinterAB::FastModifyPrinter(PrinterRecord* printer) {
+  const Status status = PrinterEntries().Modify(printer);
+  return Overwrite(status, printer->printerName.View(), *printer);
+}
+
+std::int32_t CPrinterAB::FastRenamePrinter(std::string_view oldName, PrinterRecord* printer) {
+  return Overwrite(PrinterEntries().Rename(oldName, printer), oldName, *printer);
+}
+
+// What a Fast change of a printer ends in.
+std::int32_t CPrinterAB::Overwrite(Status changed, std::string_view name,
+                                   const PrinterRecord& record) {
+  PrinterRecord* kept = changed == kNoError ? PrinterAt(PrinterIndex(name)) : nullptr;
+  if (kept == nullptr) return 0;
+  *kept = record;
+  return 1;
+}
+
+// Whether no printer may be added, which is then the last error.
+bool CPrinterAB::IsFull() const {
+  if (PrinterCount() < MaxPrinters) return false;
+  TheAgent.SetError(kBookFull);
+  return true;
+}
+
+std::int32_t CPrinterAB::FindDefaultPrinter() const {
+  const auto found = std::find_if(printers.begin(), printers.end(),
+                                  [](const auto& each) { return each->isDefault == 1; });
+  return found != printers.end() ? static_cast<std::int32_t>(found - printers.begin()) : -1;
+}
+
+std::int32_t CPrinterAB::SetDefaultPrinter(std::string_view name) {
+  BookAccess<PrinterRecord> book = PrinterEntries();
+  PrinterRecord chosen;
+  chosen.SetPrinterName(name);
+  if (book.ReadOne(&chosen) != kNoError) return -1;
+  chosen.isDefault = 1;
+  if (book.Modify(&chosen) != kNoError) return -1;
+  // The list in memory does not know the new default yet.
+  PrinterRecord* earlier = PrinterAt(FindDefaultPrinter());
+  if (earlier == nullptr) return -1;
+  earlier->isDefault = 0;
+  if (book.Modify(earlier) == kNoError) LoadPrinters();
+  return -1;
+}
+
+std::int32_t CPrinterAB::FindFirstPrinter(const std::string& pattern, bool wholeName) {
+  printerCursor = SearchPrinters(0, pattern, wholeName);
+  if (printerCursor >= 0) printerPattern = pattern;
+  return printerCursor;
+}
+
+std::int32_t CPrinterAB::FindNextPrinter(bool wholeName) {
+  const std::int32_t hit = SearchPrinters(printerCursor + 1, printerPattern, wholeName);
+  if (hit >= 0) printerCursor = hit;
+  return printerCursor;
+}
+
+BookAccess<PrinterRecord> CPrinterAB::PrinterEntries() const {
+  if (scanner == nullptr) return {nullptr, BookKind::kPrinters, kPrintersBook};
+  return scanner->PrinterEntries();
+}
+
+}  // namespace quillkit
