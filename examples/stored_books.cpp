@@ -7,7 +7,7 @@ StoredBooks::StoredBooks()
       entryAt_(reinterpret_cast<EntryAt>(quillkit::FindEntryPoint(module_, "SimulatorEntryAt"))) {}
 
 StoredBooks::~StoredBooks() {
-  quillkit::FreeModule(module_);
+  quillkit::UnloadModule(module_);
 }
 
 }  // namespace quillctl
