@@ -3,6 +3,17 @@
 #include <utility>
 
 namespace quillkit {
+namespace {
+
+Appliance* instance = nullptr;
+
+// Ends the appliance with the library, or with the process.
+struct Ending {
+  ~Ending() { delete std::exchange(instance, nullptr); }
+};
+const Ending ending;
+
+}  // namespace
 
 void Appliance::Reset() {
   const bool wasInitialised = isInitialised;
@@ -10,13 +21,14 @@ void Appliance::Reset() {
   isInitialised = wasInitialised;
 }
 
+// A process may end this library before the one that calls it: such a late call finds an appliance
+// that knows nothing of it, instead of one that is gone.
 Appliance& TheAppliance() {
-  static Appliance appliance = [] {
-    Appliance seeded;
-    Seed(seeded);
-    return seeded;
-  }();
-  return appliance;
+  if (instance == nullptr) {
+    instance = new Appliance;
+    Seed(*instance);
+  }
+  return *instance;
 }
 
 }  // namespace quillkit
