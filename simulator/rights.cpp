@@ -1,18 +1,31 @@
 #include "simulator/rights.h"
 
 #include "simulator/book_type.h"
+#include "simulator/status_codes.h"
 
 namespace quillkit {
+namespace {
+
+bool MayUse(std::string_view user, const BookType& type, Action action) {
+  if (user == kGuestName) return type.kind == BookKind::kUsers && action == Action::kCreateEntry;
+  return IsPrivileged(user) || action == Action::kRead || type.isPrivate;
+}
+
+}  // namespace
 
 bool IsPrivileged(std::string_view user) {
   return user == kAdministratorName || user == kToolkitName;
 }
 
-bool MayUse(std::string_view user, BookKind kind, Action action) {
-  if (user == kGuestName) return kind == BookKind::kUsers && action == Action::kCreateEntry;
-  if (IsPrivileged(user) || action == Action::kRead) return true;
-  const BookType* const type = TypeOf(kind);
-  return type != nullptr && type->isPrivate;
+Status Permit(std::string_view user, const ABIdent& book, Action action) {
+  const BookType* const type = TypeOf(book.kind);
+  if (type == nullptr || !type->Accepts(book.name)) return kNoSuchBook;
+  return MayUse(user, *type, action) ? kNoError : kAccessDenied;
+}
+
+Status PermitEntries(std::string_view user, const ABIdent& book, Action action) {
+  const Status status = Permit(user, book, action);
+  return status == kNoError && book.kind == BookKind::kLog ? kNotImplemented : status;
 }
 
 }  // namespace quillkit

@@ -14,9 +14,13 @@ enum class Action { kRead, kCreateEntry, kChange };
 // Whether an account has full rights: ADMINISTRATOR and TOOLKIT.
 bool IsPrivileged(std::string_view user);
 
-// GUEST may create an entry in the users' book and nothing else. A privileged account may do
-// anything; any other one may read every book and change those that are its own.
-bool MayUse(std::string_view user, BookKind kind, Action action);
+// 0; 3 for a book that cannot exist: its kind does not, or a fixed book has another name; 11 for
+// what the user may not do. GUEST may create an entry in the users' book and nothing else, a
+// privileged account may do anything, and any other one may read every book and change its own.
+Status Permit(std::string_view user, const ABIdent& book, Action action);
+
+// The same for what the log does not offer: 13 for the log.
+Status PermitEntries(std::string_view user, const ABIdent& book, Action action);
 
 }  // namespace quillkit
 
