@@ -39,8 +39,8 @@
 // names, and is good until that object changes or goes.
 //
 // Names. Keys and items have names of at most 31 characters. CreateSoftKey and the functions that
-// change the server do not test that: a longer name is cut where it says which entry or key is
-// meant, and goes out empty where it is what the entry is to be called.
+// change the server do not test that: a longer one goes out as the empty name, never cut to what
+// could be the name of another.
 //
 // Numbers. Signed 32-bit where nothing else is said. A flag is a number, and nonzero means yes.
 //
@@ -267,12 +267,10 @@ QUILLKIT_API std::int32_t FindNextItem(CSoftKey* key, std::int32_t wholeName);
 QUILLKIT_API std::int32_t FindMenuItemIndex(CSoftKey* key, CMenuItem* item);
 
 // Add, write, rename, delete an item of the key on the server: by the name of `item`, or by the
-// given one, of which `item` carries the new form. `item` is read, not kept. An over-long name to
-// delete goes out empty. A Status; -1, and no call, on a key that was read without items. With
-// `reload` the key's items are read anew: a read that delivers nothing gives 0 and no items, and 21
-// tells of more than 512 on the server.
-// Calls: IMSPCreateEntry, IMSPModifyEntry, IMSPModifyEntry, IMSPDeleteEntry; with `reload`
-// IMSPReadAB.
+// given one, of which `item` carries the new form. `item` is read, not kept. A Status; -1, and no
+// call, on a key that was read without items. With `reload` the key's items are read anew: a read
+// that delivers nothing gives 0 and no items, and 21 tells of more than 512 on the server. Calls:
+// IMSPCreateEntry, IMSPModifyEntry, IMSPModifyEntry, IMSPDeleteEntry; with `reload` IMSPReadAB.
 QUILLKIT_API std::int32_t AddMenuItem(CSoftKey* key, CMenuItem* item, std::int32_t reload);
 QUILLKIT_API std::int32_t ModifyMenuItem(CSoftKey* key, CMenuItem* item, std::int32_t reload);
 QUILLKIT_API std::int32_t RenameMenuItem(CSoftKey* key, const std::string& oldName, CMenuItem* item,
