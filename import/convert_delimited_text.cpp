@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <cstring>
 
 #include "import/conversion.h"
 #include "import/script.h"
@@ -27,18 +26,18 @@ void DropHeader(Conversion& conversion) {
   }
 }
 
-bool IsWhiteSpace(char c) {
-  return c == ' ' || (c >= '\t' && c <= '\r');
+bool IsTrimmed(char c) {
+  return c == ' ' || c == '"' || (c >= '\t' && c <= '\r');
 }
 
-// The value of a field, in its place.
+// The value of a field, in its place: its quotes go first and then the white space at its ends,
+// which is to say both at the ends and then the quotes between.
 std::string_view ValueOf(TextSpan field) {
   char* begin = field.data();
   char* end = begin + field.size();
-  if (std::memchr(begin, '"', field.size()) != nullptr) end = std::remove(begin, end, '"');
-  while (begin != end && IsWhiteSpace(*begin)) ++begin;
-  while (begin != end && IsWhiteSpace(end[-1])) --end;
-  return {begin, end};
+  while (begin != end && IsTrimmed(*begin)) ++begin;
+  while (begin != end && IsTrimmed(end[-1])) --end;
+  return View(StripChar('"', {begin, end}));
 }
 
 }  // namespace

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <string_view>
 
 #include "import/conversion.h"
@@ -16,12 +18,33 @@ constexpr std::string_view kEntryMark = "dn:";
 constexpr std::string_view kNameMark = "cn:";
 constexpr std::string_view kAddressMark = "mail:";
 
-// Whether kEntryMark stands anywhere in the line. Looks for the colon, of which a line has few.
-bool HoldsEntryMark(std::string_view line) {
-  for (std::size_t colon = line.find(':'); colon != line.npos; colon = line.find(':', colon + 1)) {
-    if (line.substr(0, colon + 1).ends_with(kEntryMark)) return true;
+// Whether kEntryMark begins at one of the eight characters from `at` on; two more follow them.
+// Looks at all eight together: a byte of `differences` is zero where the mark begins.
+bool BeginsInEight(const char* at) {
+  constexpr std::uint64_t kOnes = 0x0101010101010101;
+  std::uint64_t differences = 0;
+  for (std::size_t i = 0; i < kEntryMark.size(); ++i) {
+    std::uint64_t eight = 0;
+    std::memcpy(&eight, at + i, 8);
+    differences |= eight ^ kOnes * static_cast<unsigned char>(kEntryMark[i]);
   }
-  return false;
+  return ((differences - kOnes) & ~differences & kOnes << 7) != 0;  // whether a byte is zero
+}
+
+// Whether kEntryMark stands anywhere in the line.
+bool HoldsEntryMark(std::string_view line) {
+  constexpr std::size_t kEight = 8 + kEntryMark.size() - 1;
+  if (line.size() < kEight) return line.find(kEntryMark) != line.npos;
+  const char* const last = line.data() + line.size() - kEight;
+  for (const char* at = line.data(); at < last; at += 8) {
+    if (BeginsInEight(at)) return true;
+  }
+  return BeginsInEight(last);
+}
+
+// What starts_with() does, but in line.
+bool BeginsWith(std::string_view line, std::string_view mark) {
+  return line.size() >= mark.size() && std::equal(mark.begin(), mark.end(), line.begin());
 }
 
 // One attribute of the entry that is being read: the first value of its name.
@@ -56,13 +79,13 @@ class DirectoryEntries {
 
   void Take(std::string_view line) {
     if (!isInEntry_) {
-      isInEntry_ = line.starts_with(kEntryMark);
+      isInEntry_ = BeginsWith(line, kEntryMark);
     } else if (HoldsEntryMark(line)) {
       Forget();
-    } else if (!name_.IsSeen() && line.starts_with(kNameMark)) {
+    } else if (!name_.IsSeen() && BeginsWith(line, kNameMark)) {
       name_.Take(line.substr(kNameMark.size()));
       if (address_.IsSeen()) Write();
-    } else if (!address_.IsSeen() && line.starts_with(kAddressMark)) {
+    } else if (!address_.IsSeen() && BeginsWith(line, kAddressMark)) {
       address_.Take(line.substr(kAddressMark.size()));
       if (name_.IsSeen()) Write();
     }

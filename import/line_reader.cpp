@@ -13,8 +13,9 @@ constexpr std::size_t kHeadRoom = 4096;
 
 }  // namespace
 
-// One character more, for the NUL behind the last line.
-LineReader::LineReader() : storage_(std::make_unique<char[]>(kHeadRoom + kBlockSize + 1)) {}
+// The NUL behind the last line takes one more, and lies in what the search for newlines overruns.
+LineReader::LineReader()
+    : storage_(std::make_unique<char[]>(kHeadRoom + kBlockSize + NewlineFinder::kOverrun)) {}
 
 LineReader::~LineReader() {
   if (file_ != nullptr) std::fclose(file_);
@@ -40,6 +41,8 @@ void LineReader::Refill() {
   next_ = block - kept;
   end_ = block + read;
   atEnd_ = read < kBlockSize;
+  newlines_.Start(next_, end_);
+  newline_ = newlines_.Next();
   hasNul_ = std::memchr(next_, '\0', static_cast<std::size_t>(end_ - next_)) != nullptr;
   failed_ = std::ferror(file_) != 0;
 }

@@ -17,6 +17,8 @@
 #include <span>
 #include <string_view>
 
+#include "import/newline_finder.h"
+
 namespace quillkit {
 
 // A run of characters that may be changed, with a NUL behind its last one.
@@ -67,14 +69,18 @@ class LineReader {
   // Moves next_ behind the line that it is at, folds the line's carriage return, and gives its end.
   char* FindLineEnd() {
     char* const begin = next_;
-    const std::size_t reach = std::min(static_cast<std::size_t>(end_ - begin), kLookAhead);
-    auto* newline = static_cast<char*>(std::memchr(begin, '\n', reach));
-    if (newline != nullptr) {
-      next_ = newline + 1;
-      if (newline != begin && newline[-1] == '\r') *--newline = '\n';
-      if (static_cast<std::size_t>(newline - begin) < kMaxLine) return newline + 1;
+    if (newline_ != end_) {
+      char* const newline = newline_;
+      const bool isFolded = newline != begin && newline[-1] == '\r';
+      char* const end = newline + (isFolded ? 0 : 1);
+      if (static_cast<std::size_t>(end - begin) <= kMaxLine) {
+        next_ = newline + 1;
+        newline_ = newlines_.Next();
+        end[-1] = '\n';
+        return end;
+      }
     }
-    next_ = begin + std::min(reach, kMaxLine);
+    next_ = begin + std::min(static_cast<std::size_t>(end_ - begin), kMaxLine);
     return next_;
   }
 
@@ -82,7 +88,9 @@ class LineReader {
 
   std::unique_ptr<char[]> storage_;
   std::FILE* file_ = nullptr;
+  NewlineFinder newlines_;   // behind newline_
   char* next_ = nullptr;     // the first character that was not given yet
+  char* newline_ = nullptr;  // the first newline behind it, or end_
   char* end_ = nullptr;      // behind the last character that was read
   char* lineEnd_ = nullptr;  // the NUL behind the line that was given
   char covered_ = '\0';      // the character of the file in its place

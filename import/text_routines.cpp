@@ -9,16 +9,6 @@ namespace {
 // Where NextQuotedField goes on; null when the fields are used up.
 char* nextFieldPosition = nullptr;
 
-// The first separator in the text, or the text's end.
-char* FindSeparator(char* text, char separator) {
-  char* const found = std::strchr(text, separator);
-  return found != nullptr ? found : text + std::strlen(text);
-}
-
-char* FindQuote(char* from, const char* end) {
-  return static_cast<char*>(std::memchr(from, '"', static_cast<std::size_t>(end - from)));
-}
-
 }  // namespace
 
 TextSpan NextField(char** position, char separator) {
@@ -26,11 +16,11 @@ TextSpan NextField(char** position, char separator) {
   if (field == nullptr) return {};
 
   *position = nullptr;
-  char* end = FindSeparator(field, separator);
-  for (char* from = field; (from = FindQuote(from, end)) != nullptr;) {
-    from = std::strchr(from + 1, '"');
-    if (from == nullptr) return {};
-    if (++from > end) end = FindSeparator(from, separator);
+  char* end = field;
+  for (; *end != '\0' && *end != separator; ++end) {
+    if (*end != '"') continue;
+    end = std::strchr(end + 1, '"');
+    if (end == nullptr) return {};
   }
   if (*end != '\0') {
     *end = '\0';
@@ -44,10 +34,10 @@ char* NextQuotedField(char* text, char separator) {
   return NextField(&nextFieldPosition, separator).data();
 }
 
-void StripChar(char removed, char* text) {
-  char* const first = std::strchr(text, removed);
-  if (first == nullptr) return;
-  *std::remove(first, first + std::strlen(first), removed) = '\0';
+TextSpan StripChar(char removed, TextSpan text) {
+  auto* const first = static_cast<char*>(std::memchr(text.data(), removed, text.size()));
+  if (first == nullptr) return text;
+  return {text.begin(), std::remove(text.begin() + (first - text.data()), text.end(), removed)};
 }
 
 }  // namespace quillkit

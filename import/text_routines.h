@@ -24,8 +24,8 @@ char* NextQuotedField(char* text, char separator);
 // which is moved behind it, to null when there is no other. A null span when there is no field.
 TextSpan NextField(char** position, char separator);
 
-// Removes every occurrence of `removed`.
-void StripChar(char removed, char* text);
+// Removes every occurrence of `removed` and gives what is left, at the front of the text.
+TextSpan StripChar(char removed, TextSpan text);
 
 // Removes and handles the thread's pending messages for `window`, and afterwards restores the
 // application's wait cursor if `restoreCursor` is nonzero. Does nothing for a null window.

@@ -13,7 +13,7 @@ namespace {
 
 using namespace std::string_view_literals;
 
-constexpr unsigned kFiles = 1500;
+constexpr unsigned kFiles = 400;
 
 // What files are made of, beside runs of one letter.
 constexpr std::string_view kCommonPieces[] = {"\n", "\n",   "\r\n", "\r", " ",

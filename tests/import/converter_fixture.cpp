@@ -33,9 +33,19 @@ void ConverterTest::ExpectScript(Converter converter, std::string_view file,
 }
 
 std::string ConverterTest::OnDisk(std::string_view text) const {
-  const std::string path = folder_.PathOf("expected");
-  std::ofstream(path) << text;
-  return ReadBytes(path);
+  static const std::string newline = [this] {
+    std::ofstream(folder_.PathOf("newline")) << '\n';
+    return ReadBytes(folder_.PathOf("newline"));
+  }();
+  std::string bytes;
+  for (const char c : text) {
+    if (c == '\n') {
+      bytes += newline;
+    } else {
+      bytes += c;
+    }
+  }
+  return bytes;
 }
 
 }  // namespace quillkit

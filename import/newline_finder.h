@@ -1,0 +1,65 @@
+// Finds the newlines of a run of bytes, one after another.
+//
+// Looks at 64 bytes at a time, in loops without a way out, which compilers turn into vector
+// instructions: for the short lines of a text file this takes a fraction of what a search from line
+// to line does.
+
+#ifndef QUILLKIT_IMPORT_NEWLINE_FINDER_H_
+#define QUILLKIT_IMPORT_NEWLINE_FINDER_H_
+
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+namespace quillkit {
+
+class NewlineFinder {
+ public:
+  // How many bytes behind the end of a run are read, whatever they hold.
+  static constexpr std::size_t kOverrun = 63;
+
+  // Takes up the run from `begin` to `end`.
+  void Start(char* begin, char* end) {
+    window_ = begin;
+    end_ = end;
+    newlines_ = begin < end ? NewlinesIn(begin) : 0;
+  }
+
+  // The next newline of the run, or its end when there is no other.
+  char* Next() {
+    while (newlines_ == 0) {
+      if (end_ - window_ <= kWindow) return end_;
+      window_ += kWindow;
+      newlines_ = NewlinesIn(window_);
+    }
+    char* const newline = window_ + std::countr_zero(newlines_);
+    newlines_ &= newlines_ - 1;
+    return newline < end_ ? newline : end_;
+  }
+
+ private:
+  static constexpr std::ptrdiff_t kWindow = kOverrun + 1;
+  static_assert(std::endian::native == std::endian::little);
+
+  // One bit for each byte of a window, the lowest for the first: whether it is a newline.
+  static std::uint64_t NewlinesIn(const char* window) {
+    unsigned char isNewline[kWindow];  // 0 or 1
+    for (std::ptrdiff_t i = 0; i < kWindow; ++i) isNewline[i] = window[i] == '\n';
+    std::uint64_t bits = 0;
+    for (int byte = 0; byte < 8; ++byte) {
+      std::uint64_t eight = 0;
+      std::memcpy(&eight, isNewline + 8 * byte, 8);
+      bits |= (eight * 0x0102040810204080) >> 56 << 8 * byte;  // gathers their lowest bits
+    }
+    return bits;
+  }
+
+  char* window_ = nullptr;
+  char* end_ = nullptr;
+  std::uint64_t newlines_ = 0;  // those of the window that were not given yet
+};
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_IMPORT_NEWLINE_FINDER_H_
