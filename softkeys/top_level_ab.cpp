@@ -9,7 +9,7 @@ namespace {
 // A key's entry in the top-level book: its name and nothing else.
 CMenuItem KeyRecord(std::string_view name) {
   CMenuItem record;
-  record.SetAll(name, {}, {}, {}, 0, 0);
+  record.SetName(name);
   return record;
 }
 
