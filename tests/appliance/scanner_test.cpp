@@ -1,0 +1,198 @@
+// What a scanner is, what it owns, and what it does when it is not bound.
+
+#include "appliance/scanner.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "base/archive.h"
+#include "bridge/the_agent.h"
+#include "simulator/simulator.h"
+#include "softkeys/top_level_ab.h"
+#include "tests/support/appliance_fixture.h"
+
+namespace quillkit {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr std::uint32_t kAddress = 0x0100007F;
+constexpr std::uint32_t kNowhere = 0;
+
+TEST(Scanner, InitRefusesWhatWouldNotBindIt) {
+  CScanner scanner;
+  EXPECT_FALSE(scanner.IsBound());
+  EXPECT_EQ(scanner.Init("a", &kAddress, "b", "c", nullptr), 0);
+  EXPECT_EQ(scanner.Init("a", &kNowhere, "b", "c", &TheAgent), 0);
+  EXPECT_EQ(scanner.Init("a", nullptr, "b", "c", &TheAgent), 0);
+  EXPECT_EQ(scanner.Name(), "");
+  EXPECT_EQ(scanner.Init("a", &kAddress, "b", "c", &TheAgent), 1);
+  EXPECT_EQ(scanner.Name() + scanner.Model() + scanner.Version(), "abc");
+  EXPECT_EQ(scanner.Address(), kAddress);
+  EXPECT_EQ(scanner.Agent(), &TheAgent);
+}
+
+TEST(Scanner, FillsNothingUnlessItIsBound) {
+  CScanner scanner;
+  scanner.SetName("name");
+  scanner.SetModel("model");
+  scanner.SetVersion("version");
+  scanner.SetAgent(&TheAgent);
+  for (const bool bound : {false, true}) {
+    if (bound) scanner.SetAddress(&kAddress);
+    std::string name = "-";
+    std::string model = "-";
+    std::string version = "-";
+    std::uint32_t address = 5;
+    scanner.GetName(name);
+    scanner.GetModel(model);
+    scanner.GetVersion(version);
+    scanner.GetAddress(&address);
+    EXPECT_EQ(name, bound ? "name" : "-");
+    EXPECT_EQ(model, bound ? "model" : "-");
+    EXPECT_EQ(version, bound ? "version" : "-");
+    EXPECT_EQ(address, bound ? kAddress : 5);
+    EXPECT_EQ(scanner.Agent(), bound ? &TheAgent : nullptr);
+    EXPECT_EQ(scanner.Name(), "name");
+  }
+}
+
+TEST(Scanner, IsTheApplianceOfItsAddress) {
+  CScanner a;
+  CScanner b;
+  a.SetName("a");
+  EXPECT_TRUE(a == b);
+  a.SetAddress(&kAddress);
+  EXPECT_TRUE(a != b);
+}
+
+TEST(Scanner, ComesBackFromAnArchiveUnbound) {
+  CScanner stored;
+  stored.Init("name", &kAddress, "model", "version", &TheAgent);
+  std::string bytes;
+  Archive storing(&bytes);
+  stored.Serialize(storing);
+  using namespace std::literals;
+  EXPECT_EQ(bytes, "\4name\x7F\0\0\1\5model\7version"sv);
+  CScanner loaded;
+  Archive loading{std::string_view(bytes)};
+  loaded.Serialize(loading);
+  EXPECT_EQ(loaded.Version(), "version");
+  EXPECT_FALSE(loaded.IsBound());
+  loaded.SetAgent(&TheAgent);
+  EXPECT_TRUE(loaded.IsBound());
+}
+
+class ScannerBooks : public ApplianceTest {
+ protected:
+  ScannerBooks() { PutKey("Scan", {"Desk"}); }
+
+  CScanner* box_ = LogIn();
+};
+
+TEST_F(ScannerBooks, ABookIsReplacedTakenOutAndOpenedAnew) {
+  const std::unique_ptr<CTopLevelAB> first(box_->DetachTopBook());
+  ASSERT_NE(first, nullptr);
+  EXPECT_EQ(box_->TopBook(), nullptr);
+  EXPECT_EQ(box_->DetachTopBook(), nullptr);
+
+  auto* second = new CTopLevelAB;
+  EXPECT_EQ(box_->SetTopBook(second), 1);
+  EXPECT_EQ(box_->SetTopBook(second), 1) << "its own again";
+  EXPECT_EQ(box_->TopBook(), second);
+  EXPECT_THAT(TakeCalls(), IsEmpty());
+
+  EXPECT_EQ(box_->SetTopBook(nullptr), 1);
+  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPListABEntries 256: [|*|0] 11 1",
+                                       "IMSPReadAB 512:Scan [|*|0] 512 1"));
+  EXPECT_EQ(box_->TopBook()->Count(), 1);
+  SimulatorFail("IMSPListABEntries", 1, 6);
+  EXPECT_EQ(box_->SetTopBook(nullptr), 1) << "what the load gave is dropped";
+  EXPECT_EQ(box_->TopBook()->Count(), 0);
+}
+
+TEST_F(ScannerBooks, AnUnboundScannerKeepsItsBooksToItself) {
+  CTopLevelAB* book = box_->TopBook();
+  box_->SetAgent(nullptr);
+  EXPECT_EQ(box_->TopBook(), nullptr);
+  EXPECT_EQ(box_->EmailBook(), nullptr);
+  EXPECT_EQ(box_->DetachTopBook(), nullptr);
+  EXPECT_EQ(box_->SetTopBook(nullptr), 0);
+  box_->SetAgent(&TheAgent);
+  EXPECT_EQ(box_->TopBook(), book);
+}
+
+TEST_F(ScannerBooks, ClearingOnAnUnboundScannerReadsAsSuccess) {
+  TheAgent.SetError(17);
+  CScanner unbound;
+  unbound.SetAgent(&TheAgent);
+  EXPECT_EQ(unbound.ClearEmailBook(), kNoError);
+  EXPECT_EQ(unbound.ClearFaxBook(), kNoError);
+  EXPECT_EQ(unbound.ClearUsersBook(), kNoError);
+  EXPECT_EQ(unbound.ClearPrintersBook(), kNoError);
+  EXPECT_EQ(unbound.ClearTopBook(), kNoError);
+  EXPECT_EQ(TheAgent.LastError(), 17);
+  EXPECT_THAT(TakeCalls(), IsEmpty());
+}
+
+TEST_F(ScannerBooks, WithoutAnAgentThereIsNoLogAndNobodyToEnrol) {
+  CScanner scanner;
+  CUserEntry entry;
+  EXPECT_EQ(scanner.EnrolUser(&entry), kRefused);
+  EXPECT_EQ(scanner.LogCount(), 0U);
+  EXPECT_EQ(scanner.LogRecordAt(0), nullptr);
+
+  entry.SetName("Ann");
+  EXPECT_EQ(box_->EnrolUser(&entry), kNoError);
+  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPLogin 127.0.0.1 GUEST \"\"",
+                                       "IMSPCreateEntry 4:USERSAB Ann", "IMSPLogout"));
+  LogIn();
+  EXPECT_EQ(box_->ReadLog("GUEST"), kNoError);
+  EXPECT_EQ(box_->LogCount(), TheAgent.LogCount());
+  EXPECT_GT(box_->LogCount(), 0U);
+  EXPECT_EQ(box_->LogRecordAt(0), TheAgent.LogRecordAt(0));
+}
+
+// --- The administrator's tag ---
+
+TEST_F(ScannerBooks, TheAdministratorReadsAndWritesTheTag) {
+  const std::uint32_t tag = 77;
+  const std::string read = "IMSPReadEntryProperties 4:USERSAB ADMINISTRATOR";
+  EXPECT_EQ(box_->WriteAdminTag(&tag), kNoError);
+  EXPECT_THAT(TakeCalls(),
+              ElementsAre(read, "IMSPModifyEntry 4:USERSAB ADMINISTRATOR ADMINISTRATOR"));
+  CUserEntry stored;
+  SimulatorFindEntry(BookKind::kUsers, "", nullptr, "ADMINISTRATOR", &stored);
+  EXPECT_EQ(stored.tag, 77U);
+  EXPECT_EQ(stored.password.View(), kPassword) << "the rest of the entry stays";
+
+  std::uint32_t found = 0;
+  EXPECT_EQ(box_->ReadAdminTag(&found), kNoError);
+  EXPECT_EQ(found, 77U);
+  SimulatorFail("IMSPReadEntryProperties", 1, 6);
+  found = 5;
+  EXPECT_EQ(box_->ReadAdminTag(&found), 6);
+  EXPECT_EQ(found, 5U);
+
+  TakeCalls();
+  SimulatorFail("IMSPReadEntryProperties", 1, 6);
+  EXPECT_EQ(box_->WriteAdminTag(&tag), 6);
+  EXPECT_THAT(TakeCalls(), ElementsAre(read));
+}
+
+TEST_F(ScannerBooks, NobodyElseWritesTheTag) {
+  const std::uint32_t tag = 77;
+  TheAgent.Logout(0);
+  TakeCalls();
+  EXPECT_EQ(box_->WriteAdminTag(&tag), kRefused);
+  CScanner scanner;
+  EXPECT_EQ(scanner.WriteAdminTag(&tag), kRefused);
+  EXPECT_THAT(TakeCalls(), IsEmpty());
+}
+
+}  // namespace
+}  // namespace quillkit

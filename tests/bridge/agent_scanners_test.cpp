@@ -1,0 +1,99 @@
+// The agent's list of appliances: one of each address, in the order of their logins.
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "appliance/scanner.h"
+#include "base/archive.h"
+#include "bridge/agent.h"
+
+namespace quillkit {
+namespace {
+
+using Names = std::vector<std::string>;
+
+class AgentScanners : public testing::Test {
+ protected:
+  CScanner* Add(const std::string& name, std::uint32_t address) {
+    auto* scanner = new CScanner;
+    scanner->Init(name, &address, "", "", &agent_);
+    EXPECT_EQ(agent_.AddScanner(scanner), 1);
+    return scanner;
+  }
+
+  Names All() const {
+    Names names;
+    for (int i = 0; i < agent_.ScannerCount(); ++i) names.push_back(agent_.ScannerAt(i)->Name());
+    return names;
+  }
+
+  CAgent agent_;
+};
+
+TEST_F(AgentScanners, ANewOneOfTheSameAddressTakesTheTail) {
+  Add("one", 1);
+  CScanner* two = Add("two", 2);
+  Add("one again", 1);
+  EXPECT_EQ(All(), (Names{"two", "one again"}));
+  EXPECT_EQ(agent_.AddScanner(two), 1) << "one that is listed only moves";
+  EXPECT_EQ(All(), (Names{"one again", "two"}));
+  EXPECT_EQ(agent_.AddScanner(nullptr), 0);
+}
+
+TEST_F(AgentScanners, AreFoundByAddressAndByIndex) {
+  Add("one", 1);
+  CScanner* two = Add("two", 2);
+  const std::uint32_t address = 2;
+  const std::uint32_t other = 3;
+  EXPECT_EQ(agent_.FindScanner(&address), two);
+  EXPECT_EQ(agent_.FindScanner(&other), nullptr);
+  EXPECT_EQ(agent_.ScannerAt(1), two);
+  EXPECT_EQ(agent_.ScannerAt(-1), nullptr);
+  EXPECT_EQ(agent_.ScannerAt(2), nullptr);
+  EXPECT_EQ(agent_.RemoveScanner(&other), 0);
+  EXPECT_EQ(agent_.RemoveScanner(&address), 1);
+  EXPECT_EQ(agent_.FindScanner(&address), nullptr);
+  EXPECT_EQ(All(), (Names{"one"}));
+}
+
+TEST_F(AgentScanners, AWalkGoesOnPastWhatIsRemoved) {
+  EXPECT_EQ(agent_.NextScanner(), nullptr);
+  EXPECT_EQ(agent_.FirstScanner(), nullptr);
+  Add("one", 1);
+  EXPECT_EQ(agent_.NextScanner(), nullptr) << "a walk begins with FirstScanner";
+  Add("two", 2);
+  Add("three", 3);
+  EXPECT_EQ(agent_.FirstScanner()->Name(), "one");
+  const std::uint32_t next = 2;
+  agent_.RemoveScanner(&next);
+  EXPECT_EQ(agent_.NextScanner()->Name(), "three");
+  EXPECT_EQ(agent_.NextScanner(), nullptr);
+  EXPECT_EQ(agent_.NextScanner(), nullptr);
+  agent_.FirstScanner();
+  agent_.DeleteScanners();
+  EXPECT_EQ(agent_.NextScanner(), nullptr);
+}
+
+TEST_F(AgentScanners, AnArchiveReplacesTheListByItsOwn) {
+  Add("one", 1);
+  Add("two", 2);
+  std::string bytes;
+  Archive storing(&bytes);
+  agent_.Serialize(storing);
+  EXPECT_EQ(All(), (Names{"one", "two"}));
+
+  Add("three", 3);
+  Archive loading{std::string_view(bytes)};
+  agent_.Serialize(loading);
+  EXPECT_EQ(All(), (Names{"one", "two"}));
+  EXPECT_FALSE(agent_.ScannerAt(0)->IsBound());
+  agent_.ScannerAt(0)->SetAgent(&agent_);
+  EXPECT_TRUE(agent_.ScannerAt(0)->IsBound());
+}
+
+}  // namespace
+}  // namespace quillkit

@@ -1,0 +1,325 @@
+// The agent's life and its ways in and out of a session: calls, last errors, and what stays.
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "appliance/scanner.h"
+#include "books/user_record.h"
+#include "bridge/the_agent.h"
+#include "simulator/simulator.h"
+#include "tests/support/appliance_fixture.h"
+
+namespace quillkit {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr Status kEarlier = 11;
+constexpr Status kFault = 6;
+constexpr std::uint32_t kAddress = 0x0100007F;
+
+const std::string kLoginCall = "IMSPLogin 127.0.0.1 ADMINISTRATOR quill";
+const std::string kProbeCall = "IMSPLogin 127.0.0.1 TOOLKIT KELP";
+const std::string kGuestCall = "IMSPLogin 127.0.0.1 GUEST \"\"";
+const std::string kPeriodCall = "IMSPIOCtl 6 0";
+const std::string kReadCall = "IMSPReadEntryProperties 4:USERSAB ADMINISTRATOR";
+const std::string kLogoutCall = "IMSPLogout";
+
+class AgentSession : public ApplianceTest {
+ protected:
+  AgentSession() {
+    const std::uint32_t flags = 0;
+    const std::uint32_t nibbles = 1;
+    user_.SetFrom(nullptr, kAdministrator, kPassword, "3rd", "4th", &flags, &nibbles);
+    target_.Init("the box", &kAddress, "", "", &TheAgent);
+    TheAgent.SetError(kEarlier);
+    SimulatorClearJournal();
+  }
+
+  Status Login() { return TheAgent.Login(&user_, &target_, third_, 0); }
+
+  CUserRecord user_;
+  CScanner target_;
+  std::string third_ = "before";
+};
+
+// --- The server library ---
+
+TEST_F(AgentSession, ShutdownUndoesWhatIsThereAndNoMore) {
+  ASSERT_EQ(Login(), kNoError);
+  TakeCalls();
+  TheAgent.Shutdown();
+  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPTerminate"));
+  EXPECT_EQ(TheAgent.CurrentUser(), nullptr);
+  EXPECT_EQ(TheAgent.ScannerCount(), 0);
+  EXPECT_EQ(TheAgent.WakeupTimer(), 0U);
+  EXPECT_EQ(TheAgent.ServerLibrary(), nullptr);
+  EXPECT_EQ(TheAgent.IsConnected(), 1) << "nothing was sent that ends the session";
+  EXPECT_NE(TheAgent.WakeupPeriod(), 0U);
+  TheAgent.Shutdown();
+  EXPECT_THAT(TakeCalls(), IsEmpty());
+}
+
+TEST_F(AgentSession, ShutdownUnloadsALibraryThatWillNotTerminate) {
+  SimulatorFail("IMSPTerminate", 1, kFault);
+  TheAgent.Shutdown();
+  EXPECT_EQ(TheAgent.LastError(), kFault);
+  EXPECT_EQ(TheAgent.ServerLibrary(), nullptr);
+}
+
+TEST_F(AgentSession, LoadingGivesWhatTheLibraryAnswers) {
+  TheAgent.Shutdown();
+  SimulatorFail("IMSPInit", 1, kFault);
+  EXPECT_EQ(TheAgent.LoadServerLibrary(), kFault);
+  EXPECT_EQ(TheAgent.LastError(), kFault);
+  TheAgent.Shutdown();
+  EXPECT_EQ(TheAgent.LoadServerLibrary(), kNoError);
+  EXPECT_EQ(TheAgent.LastError(), kNoError);
+}
+
+// --- Login ---
+
+TEST_F(AgentSession, LoginMakesAScannerAndReadsTheUser) {
+  CUserEntry entry;
+  SimulatorFindEntry(BookKind::kUsers, "", nullptr, kAdministrator.c_str(), &entry);
+  entry.SetThird("from the server");
+  entry.tag = 77;
+  SimulatorPutEntry(BookKind::kUsers, "", nullptr, &entry);
+
+  EXPECT_EQ(Login(), kNoError);
+  EXPECT_THAT(TakeCalls(), ElementsAre(kLoginCall, kPeriodCall, kReadCall));
+  EXPECT_EQ(TheAgent.LastError(), kNoError);
+  EXPECT_EQ(TheAgent.IsConnected(), 1);
+  EXPECT_EQ(third_, "K7");
+  ASSERT_NE(TheAgent.CurrentUser(), nullptr);
+  EXPECT_EQ(TheAgent.CurrentUser()->third.View(), "from the server");
+  EXPECT_EQ(TheAgent.CurrentUser()->tag, 77U);
+  EXPECT_EQ(TheAgent.CurrentUser()->Owner(), nullptr);
+  ASSERT_EQ(TheAgent.ScannerCount(), 1);
+  const CScanner* scanner = TheAgent.ScannerAt(0);
+  EXPECT_NE(scanner, &target_);
+  EXPECT_EQ(scanner->Name(), "the box");
+  EXPECT_EQ(scanner->Model(), "Quillbox 40 ");
+  EXPECT_EQ(scanner->Version(), "3.1 ");
+  EXPECT_EQ(scanner->Agent(), &TheAgent);
+}
+
+TEST_F(AgentSession, ASecondLoginOfTheSameApplianceTakesThePlaceOfTheFirst) {
+  Login();
+  const std::uint32_t other = 0x0200007F;
+  TheAgent.AddScanner([&] {
+    auto* scanner = new CScanner;
+    scanner->Init("other", &other, "", "", &TheAgent);
+    return scanner;
+  }());
+  TakeCalls();
+
+  // With the record and the scanner that go in its course.
+  EXPECT_EQ(TheAgent.Login(TheAgent.CurrentUser(), TheAgent.ScannerAt(0), third_, 0), kNoError);
+  EXPECT_THAT(TakeCalls(), ElementsAre(kLoginCall, kReadCall)) << "the timer runs already";
+  ASSERT_EQ(TheAgent.ScannerCount(), 2);
+  EXPECT_EQ(TheAgent.ScannerAt(0)->Name(), "other");
+  EXPECT_EQ(TheAgent.ScannerAt(1)->Name(), "the box");
+  EXPECT_TRUE(TheAgent.CurrentUser()->IsAdministrator());
+}
+
+TEST_F(AgentSession, ARefusedLoginLeavesTheEarlierSessionsThings) {
+  Login();
+  const CUserRecord* user = TheAgent.CurrentUser();
+  const std::uint32_t other = 0x0200007F;
+  target_.SetAddress(&other);
+  user_.SetPassword("wrong");
+  for (const auto login : {&CAgent::Login, &CAgent::Relogin}) {
+    third_ = "before";
+    EXPECT_EQ((TheAgent.*login)(&user_, &target_, third_, 0), 2);
+    EXPECT_EQ(TheAgent.LastError(), 2);
+    EXPECT_EQ(TheAgent.IsConnected(), 0);
+    EXPECT_EQ(TheAgent.CurrentUser(), user);
+    EXPECT_EQ(TheAgent.ScannerCount(), 1);
+    EXPECT_NE(TheAgent.WakeupPeriod(), 0U);
+    EXPECT_EQ(third_, login == &CAgent::Login ? "" : "before");
+  }
+}
+
+struct LoginFailure {
+  const char* failing;
+  Status (CAgent::*login)(CUserRecord*, CScanner*, std::string&, std::int32_t);
+  std::int32_t connected;
+  std::int32_t scanners;
+  std::string third;
+  std::vector<std::string> calls;
+};
+
+std::ostream& operator<<(std::ostream& out, const LoginFailure& each) {
+  return out << each.failing << (each.login == &CAgent::Login ? " in Login" : " in Relogin");
+}
+
+class LoginFailures : public AgentSession, public testing::WithParamInterface<LoginFailure> {};
+
+TEST_P(LoginFailures, LeaveWhatWasDoneBefore) {
+  const LoginFailure& failure = GetParam();
+  SimulatorFail(failure.failing, 1, kFault);
+  EXPECT_EQ((TheAgent.*failure.login)(&user_, &target_, third_, 0), kFault);
+  EXPECT_EQ(TheAgent.LastError(), kFault);
+  EXPECT_EQ(TheAgent.IsConnected(), failure.connected);
+  EXPECT_EQ(TheAgent.ScannerCount(), failure.scanners);
+  EXPECT_EQ(TheAgent.CurrentUser(), nullptr);
+  EXPECT_EQ(third_, failure.third);
+  EXPECT_EQ(TakeCalls(), failure.calls);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Calls, LoginFailures,
+    testing::Values(
+        LoginFailure{"IMSPLogin", &CAgent::Login, 0, 0, "", {kLoginCall}},
+        LoginFailure{"IMSPIOCtl", &CAgent::Login, 1, 0, "K7", {kLoginCall, kPeriodCall}},
+        LoginFailure{"IMSPReadEntryProperties",
+                     &CAgent::Login,
+                     1,
+                     1,
+                     "K7",
+                     {kLoginCall, kPeriodCall, kReadCall}},
+        LoginFailure{"IMSPLogin", &CAgent::Relogin, 0, 0, "before", {kLoginCall}},
+        LoginFailure{"IMSPIOCtl", &CAgent::Relogin, 1, 0, "K7", {kLoginCall, kPeriodCall}},
+        LoginFailure{"IMSPReadEntryProperties",
+                     &CAgent::Relogin,
+                     1,
+                     0,
+                     "K7",
+                     {kLoginCall, kPeriodCall, kReadCall}}));
+
+TEST_F(AgentSession, ReloginMakesNoScanner) {
+  EXPECT_EQ(TheAgent.Relogin(&user_, &target_, third_, 0), kNoError);
+  EXPECT_THAT(TakeCalls(), ElementsAre(kLoginCall, kPeriodCall, kReadCall));
+  EXPECT_EQ(TheAgent.ScannerCount(), 0);
+  EXPECT_EQ(TheAgent.IsConnected(), 1);
+  EXPECT_EQ(third_, "K7");
+  EXPECT_NE(TheAgent.CurrentUser(), nullptr);
+}
+
+TEST_F(AgentSession, LoginByRecordMakesAScannerWithoutANameAndNoUser) {
+  LoginRecord login;
+  login.address = kAddress;
+  login.user.Assign(kAdministrator);
+  login.password.Assign("wrong");
+  std::string identity = "before";
+  EXPECT_EQ(TheAgent.LoginByRecord(&login, identity), 2);
+  EXPECT_EQ(identity, "");
+  EXPECT_EQ(TheAgent.ScannerCount(), 0);
+  TakeCalls();
+
+  login.password.Assign(kPassword);
+  EXPECT_EQ(TheAgent.LoginByRecord(&login, identity), kNoError);
+  EXPECT_THAT(TakeCalls(), ElementsAre(kLoginCall, kPeriodCall));
+  EXPECT_EQ(identity, "Quillbox 40 - 3.1 - K7");
+  EXPECT_EQ(TheAgent.IsConnected(), 1);
+  EXPECT_EQ(TheAgent.CurrentUser(), nullptr);
+  ASSERT_EQ(TheAgent.ScannerCount(), 1);
+  EXPECT_EQ(TheAgent.ScannerAt(0)->Name(), "");
+  EXPECT_EQ(TheAgent.ScannerAt(0)->Model(), "Quillbox 40 ");
+  EXPECT_EQ(TheAgent.ScannerAt(0)->Address(), kAddress);
+}
+
+// The buffer of a login has 256 bytes, and nothing in a full one ends the text.
+TEST_F(AgentSession, AnIdentityThatFillsItsBufferIsCutAtEachField) {
+  const std::string identity =
+      std::string(100, 'm') + "-" + std::string(100, 'v') + "-" + std::string(200, 't');
+  SimulatorSetIdentity(identity.data(), static_cast<std::uint32_t>(identity.size()));
+  EXPECT_EQ(Login(), kNoError);
+  EXPECT_EQ(TheAgent.ScannerAt(0)->Model(), std::string(63, 'm'));
+  EXPECT_EQ(TheAgent.ScannerAt(0)->Version(), std::string(63, 'v'));
+  EXPECT_EQ(third_, std::string(54, 't'));
+}
+
+TEST_F(AgentSession, AMalformedIdentityLeavesTheScannerBlank) {
+  SimulatorSetIdentity("-\0-", 3);
+  EXPECT_EQ(Login(), kNoError);
+  EXPECT_EQ(TheAgent.ScannerAt(0)->Model(), "");
+  EXPECT_EQ(TheAgent.ScannerAt(0)->Version(), "");
+  EXPECT_EQ(third_, "");
+}
+
+// --- Sessions of their own ---
+
+TEST_F(AgentSession, ProbeIdentityLeavesItsTimerBehind) {
+  EXPECT_EQ(TheAgent.ProbeIdentity(&target_, third_), kNoError);
+  EXPECT_THAT(TakeCalls(), ElementsAre(kProbeCall, kPeriodCall, kLogoutCall));
+  EXPECT_EQ(third_, "K7");
+  EXPECT_NE(TheAgent.WakeupPeriod(), 0U);
+  EXPECT_EQ(TheAgent.IsConnected(), 0);
+  EXPECT_EQ(TheAgent.ScannerCount(), 0);
+
+  SimulatorFail("IMSPLogout", 1, kFault);
+  EXPECT_EQ(TheAgent.ProbeIdentity(&target_, third_), kFault);
+  EXPECT_EQ(TheAgent.LastError(), kFault) << "this logout is recorded";
+  EXPECT_THAT(TakeCalls(), ElementsAre(kProbeCall, kLogoutCall));
+}
+
+TEST_F(AgentSession, ProbeIdentityEndsAtTheFirstFailure) {
+  SimulatorFail("IMSPLogin", 1, kFault);
+  EXPECT_EQ(TheAgent.ProbeIdentity(&target_, third_), kFault);
+  EXPECT_THAT(TakeCalls(), ElementsAre(kProbeCall));
+  SimulatorFail("IMSPIOCtl", 1, kFault);
+  EXPECT_EQ(TheAgent.ProbeIdentity(&target_, third_), kFault);
+  EXPECT_THAT(TakeCalls(), ElementsAre(kProbeCall, kPeriodCall)) << "the session stays open";
+  EXPECT_EQ(third_, "before");
+}
+
+TEST_F(AgentSession, EnrolUserAddsAnAccountAsAGuest) {
+  CUserEntry entry;
+  entry.SetName("Ann");
+  EXPECT_EQ(TheAgent.EnrolUser(kAddress, &entry), kNoError);
+  EXPECT_THAT(TakeCalls(), ElementsAre(kGuestCall, "IMSPCreateEntry 4:USERSAB Ann", kLogoutCall));
+  EXPECT_EQ(SimulatorFindEntry(BookKind::kUsers, "", nullptr, "Ann", &entry), 1);
+  EXPECT_EQ(TheAgent.IsConnected(), 0);
+
+  EXPECT_EQ(TheAgent.EnrolUser(kAddress, &entry), 14);
+  EXPECT_EQ(TheAgent.LastError(), 14) << "that of the create, not of the logout";
+  EXPECT_EQ(TakeCalls().size(), 3U);
+
+  SimulatorFail("IMSPLogin", 1, kFault);
+  EXPECT_EQ(TheAgent.EnrolUser(kAddress, &entry), kFault);
+  EXPECT_THAT(TakeCalls(), ElementsAre(kGuestCall));
+}
+
+TEST_F(AgentSession, ReadsAndWritesTheAccountOfTheRecord) {
+  Login();
+  TakeCalls();
+  user_.SetThird("changed");
+  EXPECT_EQ(TheAgent.ModifyUser(&user_), kNoError);
+  user_.SetThird("");
+  EXPECT_EQ(TheAgent.ReadUser(&user_), kNoError);
+  EXPECT_EQ(user_.third.View(), "changed");
+  EXPECT_THAT(TakeCalls(),
+              ElementsAre("IMSPModifyEntry 4:USERSAB ADMINISTRATOR ADMINISTRATOR", kReadCall));
+  SimulatorSetLies(kLieUnterminated);
+  EXPECT_EQ(TheAgent.ReadUser(&user_), kNoError);
+  EXPECT_TRUE(user_.IsValid());
+}
+
+// --- Logout ---
+
+TEST_F(AgentSession, LogoutKeepsTheLastErrorAndTheScannersItIsNotToldToDelete) {
+  Login();
+  TheAgent.SetError(kEarlier);
+  TakeCalls();
+  SimulatorFail("IMSPLogout", 1, kFault);
+  EXPECT_EQ(TheAgent.Logout(0), kFault);
+  EXPECT_EQ(TheAgent.LastError(), kEarlier);
+  EXPECT_EQ(TheAgent.CurrentUser(), nullptr);
+  EXPECT_EQ(TheAgent.IsConnected(), 0);
+  EXPECT_EQ(TheAgent.WakeupPeriod(), 0U);
+  EXPECT_NE(TheAgent.WakeupTimer(), 0U) << "the identifier stays, of a timer that is gone";
+  EXPECT_EQ(TheAgent.ScannerCount(), 1);
+
+  EXPECT_EQ(TheAgent.Logout(1), kNoError);
+  EXPECT_EQ(TheAgent.ScannerCount(), 0);
+  EXPECT_THAT(TakeCalls(), ElementsAre(kLogoutCall, kLogoutCall));
+}
+
+}  // namespace
+}  // namespace quillkit

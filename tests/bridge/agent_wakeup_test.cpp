@@ -1,0 +1,90 @@
+// When the agent asks for the period of its sign of life, and when it takes the timer to be
+// running.
+
+#include <gtest/gtest.h>
+
+#include "bridge/the_agent.h"
+#include "platform/thread_timer.h"
+#include "simulator/simulator.h"
+#include "tests/support/appliance_fixture.h"
+
+namespace quillkit {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr Status kEarlier = 11;
+const std::string kPeriodCall = "IMSPIOCtl 6 0";
+
+class AgentWakeup : public ApplianceTest {
+ protected:
+  AgentWakeup() {
+    LogIn();
+    TheAgent.Logout(0);  // a session that asks for its period
+    TheAgent.SetError(kEarlier);
+    LoginRecord login;
+    login.user.Assign(kAdministrator);
+    login.password.Assign(kPassword);
+    char identity[256];
+    TheAgent.IMSPLogin(&login, identity, sizeof identity);
+    TheAgent.SetError(kEarlier);
+    TakeCalls();
+  }
+};
+
+TEST_F(AgentWakeup, AsksOnceAndTakesHalfThePeriod) {
+  SimulatorSetWakeupPeriod(60'001);
+  EXPECT_EQ(TheAgent.StartWakeup(), kNoError);
+  EXPECT_EQ(TheAgent.WakeupPeriod(), 30'000U);
+  EXPECT_NE(TheAgent.WakeupTimer(), 0U);
+  EXPECT_EQ(TheAgent.LastError(), kNoError);
+  EXPECT_THAT(TakeCalls(), ElementsAre(kPeriodCall));
+
+  TheAgent.SetError(kEarlier);
+  EXPECT_EQ(TheAgent.StartWakeup(), kNoError);
+  EXPECT_EQ(TheAgent.LastError(), kEarlier);
+  EXPECT_THAT(TakeCalls(), IsEmpty());
+}
+
+TEST_F(AgentWakeup, IsNotStartedByAFailure) {
+  const TimerId before = TheAgent.WakeupTimer();
+  SimulatorFail("IMSPIOCtl", 1, 6);
+  EXPECT_EQ(TheAgent.StartWakeup(), 6);
+  EXPECT_EQ(TheAgent.LastError(), 6);
+  EXPECT_EQ(TheAgent.WakeupPeriod(), 0U);
+  EXPECT_EQ(TheAgent.WakeupTimer(), before);
+}
+
+TEST_F(AgentWakeup, APeriodOfOneStartsATimerEachTime) {
+  SimulatorSetWakeupPeriod(1);
+  EXPECT_EQ(TheAgent.StartWakeup(), kNoError);
+  EXPECT_EQ(TheAgent.WakeupPeriod(), 0U);
+  const TimerId first = TheAgent.WakeupTimer();
+  EXPECT_EQ(TheAgent.StartWakeup(), kNoError);
+  EXPECT_NE(TheAgent.WakeupTimer(), first);
+  EXPECT_THAT(TakeCalls(), ElementsAre(kPeriodCall, kPeriodCall));
+  StopThreadTimer(first);
+  TheAgent.StopWakeup();
+}
+
+TEST_F(AgentWakeup, AStoppedTimerPassesForRunningUntilALogout) {
+  TheAgent.StartWakeup();
+  TheAgent.StopWakeup();
+  TakeCalls();
+  EXPECT_EQ(TheAgent.WakeupTimer(), 0U);
+  EXPECT_EQ(TheAgent.StartWakeup(), kNoError);
+  EXPECT_TRUE(TheAgent.EnsureWakeup());
+  EXPECT_EQ(TheAgent.WakeupTimer(), 0U);
+  EXPECT_THAT(TakeCalls(), IsEmpty());
+
+  TheAgent.Logout(0);
+  EXPECT_FALSE(TheAgent.EnsureWakeup()) << "without a session there is no period to be had";
+  LogIn();
+  EXPECT_NE(TheAgent.WakeupTimer(), 0U);
+  EXPECT_TRUE(TheAgent.EnsureWakeup());
+  EXPECT_THAT(TakeCalls(), IsEmpty());
+}
+
+}  // namespace
+}  // namespace quillkit

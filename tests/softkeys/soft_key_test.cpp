@@ -1,0 +1,191 @@
+// A soft key and the server: loads, limits, and what stands beside the two families of changes.
+
+#include "softkeys/soft_key.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "appliance/scanner.h"
+#include "bridge/the_agent.h"
+#include "simulator/simulator.h"
+#include "tests/softkeys/panel.h"
+
+namespace quillkit {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr Status kFault = 11;
+constexpr Status kEarlier = 17;
+
+CMenuItem Item(std::string_view name) {
+  CMenuItem item;
+  item.SetName(name);
+  return item;
+}
+
+// A key Scan of the items B, C and D, here and on the server.
+class SoftKeyTest : public PanelTest {
+ protected:
+  SoftKeyTest() {
+    PutKey("Scan", {"B", "C", "D"});
+    key_.Load("Scan", &book_, {}, 1);
+    TheAgent.SetError(kEarlier);
+    SimulatorClearJournal();
+  }
+
+  // Puts `count` items with numbers for names into the server's key, beside what is there.
+  static void PutItems(int count) {
+    for (int i = 0; i < count; ++i) {
+      const CMenuItem item = Item(std::to_string(1000 + i));
+      SimulatorPutEntry(BookKind::kKeyItems, "Scan", nullptr, &item);
+    }
+  }
+
+  CSoftKey key_;
+};
+
+// --- Loads ---
+
+TEST_F(SoftKeyTest, ALoadIsOneReadOfTheWholeKey) {
+  for (const int extra : {508, 509, 510}) {  // 511, 512 and 513 items in all
+    PutItems(extra);
+    EXPECT_EQ(key_.Load("Scan", &book_, {}, 1), extra == 510 ? kMoreData : kNoError);
+    EXPECT_EQ(key_.ItemCount(), extra == 508 ? 511 : 512);
+    EXPECT_EQ(key_.ItemAt(0)->name.View(), "1000");
+    EXPECT_THAT(TakeCalls(), ElementsAre(ReadCall("Scan")));
+  }
+}
+
+TEST_F(SoftKeyTest, ALoadGoesOnFromANameAndBackFromOne) {
+  // The name lies in the block that the load gives up.
+  EXPECT_EQ(key_.Load(key_.KeyName(), &book_, key_.ItemAt(1)->name.View(), 1), kNoError);
+  EXPECT_EQ(NamesOf(key_), (Names{"D"}));
+  EXPECT_EQ(key_.Load("Scan", &book_, "D", 0), kNoError);
+  EXPECT_EQ(NamesOf(key_), (Names{"B", "C"}));
+  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPReadAB 512:Scan [C|*|0] 512 1",
+                                       "IMSPReadAB 512:Scan [D|*|0] 512 0"));
+  CMenuItem added = Item("A");
+  EXPECT_EQ(key_.FastItemAdd(&added), 3) << "behind what stands at the block's end";
+  EXPECT_EQ(NamesOf(key_), (Names{"B", "C", "A"}));
+}
+
+TEST_F(SoftKeyTest, AKeyThatIsMissingOrEmptyOrNotDeliveredLoadsAsEmpty) {
+  PutKey("Empty", {});
+  for (const char* name : {"Empty", "Missing"}) {
+    EXPECT_EQ(key_.Load(name, &book_, {}, 1), kNoError) << name;
+    EXPECT_TRUE(key_.IsEmpty());
+    EXPECT_EQ(key_.KeyName(), name);
+  }
+  SimulatorFail("IMSPReadAB", 1, kFault);
+  EXPECT_EQ(key_.Load("Scan", &book_, {}, 1), kNoError);
+  EXPECT_EQ(TheAgent.LastError(), kFault);
+  SimulatorSetLies(kLieFailedCount);
+  SimulatorFail("IMSPReadAB", 1, kDataNotFound);
+  EXPECT_EQ(key_.Load("Scan", &book_, {}, 1), kNoError);
+  EXPECT_TRUE(key_.IsEmpty());
+}
+
+TEST_F(SoftKeyTest, AFailureThatLeavesTheCountGivesBlankItems) {
+  SimulatorSetLies(kLieFailedCount);
+  SimulatorFail("IMSPReadAB", 1, kFault);
+  EXPECT_EQ(key_.Load("Scan", &book_, {}, 1), kFault);
+  EXPECT_EQ(NamesOf(key_), Names(512));
+}
+
+TEST_F(SoftKeyTest, ALoadWithoutAnOwnerChangesNothingAndWithoutAScannerReadsNothing) {
+  EXPECT_EQ(key_.Load("Other", nullptr, {}, 1), kRefused);
+  EXPECT_EQ(key_.KeyName(), "Scan");
+  EXPECT_EQ(key_.ItemCount(), 3);
+  CTopLevelAB unattached;
+  EXPECT_EQ(key_.Load("Other", &unattached, {}, 1), kRefused);
+  EXPECT_EQ(NamesOf(key_), Names(512));
+  EXPECT_EQ(TheAgent.LastError(), kEarlier);
+  EXPECT_THAT(TakeCalls(), IsEmpty());
+}
+
+TEST_F(SoftKeyTest, WhatALyingServerDeliversStaysInItsFields) {
+  for (const std::int32_t direction : {0, 1}) {
+    SimulatorSetLies(kLieDeliveredCount | kLieUnterminated | kLieUnsorted);
+    EXPECT_EQ(key_.Load("Scan", &book_, {}, direction), kNoError);
+    EXPECT_EQ(key_.ItemCount(), 512);
+    for (std::int32_t i = 0; i < 512; ++i) EXPECT_TRUE(key_.ItemAt(i)->IsValid());
+    EXPECT_EQ(key_.FindFirstItem("D~", false), direction == 1 ? 0 : 509);
+  }
+}
+
+// --- Limits and oddities ---
+
+TEST_F(SoftKeyTest, FastAddEndsAt512CachedItems) {
+  PutItems(508);
+  key_.Load("Scan", &book_, {}, 1);
+  CMenuItem item = Item("X");
+  EXPECT_EQ(key_.FastItemAdd(&item), 512);
+  TheAgent.SetError(kEarlier);
+  TakeCalls();
+  EXPECT_EQ(key_.FastItemAdd(&item), -1);
+  EXPECT_EQ(TheAgent.LastError(), kBookFull);
+  EXPECT_THAT(TakeCalls(), IsEmpty());
+  EXPECT_EQ(key_.AddMenuItem(&item, false), 14) << "the plain one leaves the limit to the server";
+}
+
+TEST_F(SoftKeyTest, AnItemOfTheKeyItselfMayBeGiven) {
+  EXPECT_EQ(key_.FastItemModify(key_.ItemAt(1)), 1);
+  EXPECT_EQ(key_.FastItemRename("C", key_.ItemAt(1)), 1);
+  EXPECT_EQ(key_.ModifyMenuItem(key_.ItemAt(2), true), kNoError);
+  EXPECT_EQ(key_.FastItemRemove(key_.ItemAt(0)), 2);
+  CMenuItem outside = Item("E");
+  EXPECT_EQ(key_.FastItemAdd(&outside), 3);
+  EXPECT_EQ(NamesOf(key_), (Names{"C", "D", "E"}));
+}
+
+TEST_F(SoftKeyTest, AnOldNameThatIsTooLongIsTheEmptyOne) {
+  const std::string tooLong = "C" + std::string(31, 'x');
+  CMenuItem item = Item("A");
+  EXPECT_NE(key_.RenameMenuItem(tooLong, &item, false), kNoError);
+  EXPECT_NE(key_.DeleteMenuItem(tooLong, false), kNoError);
+  EXPECT_EQ(key_.FastItemRename(tooLong, &item), 0);
+  EXPECT_THAT(TakeCalls(),
+              ElementsAre("IMSPModifyEntry 512:Scan \"\" A", "IMSPDeleteEntry 512:Scan \"\"",
+                          "IMSPModifyEntry 512:Scan \"\" A"));
+}
+
+TEST_F(SoftKeyTest, TheServersCountIsToldWithAnOwnerAndWithout) {
+  key_.RemoveItemAt(0);
+  CSoftKey unowned;
+  unowned.SetKeyName("Scan");
+  for (CSoftKey* key : {&key_, &unowned}) {
+    std::uint32_t count = 0;
+    EXPECT_EQ(key->GetDBItemCount(&count), kNoError);
+    EXPECT_EQ(count, 3U);
+  }
+  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPSizeofAB 512:Scan -", "IMSPSizeofAB 512:Scan -"));
+  CScanner unbound;
+  book_.Attach(&unbound, 0);
+  std::uint32_t count = 7;
+  EXPECT_EQ(key_.GetDBItemCount(&count), kRefused);
+  EXPECT_EQ(count, 7U);
+}
+
+TEST_F(SoftKeyTest, SavingGoesOnPastARefusalAndGivesTheLastStatus) {
+  const std::vector<std::string> calls = {"IMSPModifyEntry 512:Scan B B",
+                                          "IMSPModifyEntry 512:Scan C C",
+                                          "IMSPModifyEntry 512:Scan D D"};
+  SimulatorFail("IMSPModifyEntry", 2, kFault);
+  EXPECT_EQ(key_.SaveAllItems(), kNoError);
+  EXPECT_EQ(TakeCalls(), calls);
+  SimulatorFail("IMSPModifyEntry", 3, kFault);
+  EXPECT_EQ(key_.SaveAllItems(), kFault);
+  EXPECT_EQ(TakeCalls(), calls);
+  CSoftKey empty;
+  empty.Init("Scan", 0, &book_);
+  EXPECT_EQ(empty.SaveAllItems(), kRefused);
+  EXPECT_THAT(TakeCalls(), IsEmpty());
+}
+
+}  // namespace
+}  // namespace quillkit
