@@ -92,10 +92,10 @@ TEST_F(PrinterBookTest, PrinterThatCannotBeReadIsKeptWithItsName) {
 }
 
 TEST_F(PrinterBookTest, BooksBeyondTheLimits) {
-  for (int i = 0; i < 254; ++i) Put(MakePrinter("P" + std::to_string(i), "Inky"));
+  PutPrinters(254);
   EXPECT_EQ(book.LoadPrinters(), -2);
   EXPECT_EQ(book.PrinterCount(), 256);
-  for (int i = 0; i < 15; ++i) Put(MakeModel("M" + std::to_string(i)));
+  PutModels(15);
   EXPECT_EQ(book.LoadModels(), -1);
   EXPECT_EQ(book.ModelCount(), 0);
 }

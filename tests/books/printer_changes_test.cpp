@@ -140,8 +140,8 @@ TEST_F(PrinterBookTest, FastModifyCopiesTheLocalFieldsToo) {
 }
 
 TEST_F(PrinterBookTest, LimitsAreReachedInMemory) {
-  for (int i = 0; i < 253; ++i) Put(MakePrinter("P" + std::to_string(i), "Inky"));
-  for (int i = 0; i < 14; ++i) Put(MakeModel("M" + std::to_string(i)));
+  PutPrinters(253);
+  PutModels(14);
   ASSERT_EQ(book.LoadBook(), 256);
   PrinterRecord printer = MakePrinter("Z", "Inky");
   PrinterModelRecord model = MakeModel("Z");

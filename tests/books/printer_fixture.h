@@ -52,6 +52,14 @@ class PrinterBookTest : public ApplianceTest {
     SimulatorPutEntry(BookKind::kModels, "", nullptr, &model);
   }
 
+  // Store entries of made-up names.
+  static void PutPrinters(int count) {
+    for (int i = 0; i < count; ++i) Put(MakePrinter(Numbered('P', i), "Inky"));
+  }
+  static void PutModels(int count) {
+    for (int i = 0; i < count; ++i) Put(MakeModel(Numbered('M', i)));
+  }
+
   // What the appliance holds: the names, and a "*" behind that of a default.
   static std::vector<std::string> OnServer() {
     std::vector<std::string> shown;
@@ -77,6 +85,12 @@ class PrinterBookTest : public ApplianceTest {
 
   CScanner* const box;
   CPrinterAB book;
+
+ private:
+  static std::string Numbered(char letter, int number) {
+    std::string name(1, letter);
+    return name.append(std::to_string(number));
+  }
 };
 
 }  // namespace quillkit
