@@ -5,18 +5,19 @@
 
 #include <string>
 
+#include "tests/support/environment_variable.h"
+
 namespace quillkit {
 
 class TemporaryFolder {
  public:
   // `path` need not exist.
-  explicit TemporaryFolder(const std::string& path);
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-  ~TemporaryFolder();
+  explicit TemporaryFolder(const std::string& path) : posix_("TMPDIR", path), win32_("TMP", path) {}
 
  private:
-  std::string before_;  // what the variable held; empty without one
+  // Each system looks at its own first.
+  const EnvironmentVariable posix_;
+  const EnvironmentVariable win32_;
 };
 
 }  // namespace quillkit

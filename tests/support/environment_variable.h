@@ -1,0 +1,27 @@
+// A variable of this process's environment, set as long as the object lives.
+
+#ifndef QUILLKIT_TESTS_SUPPORT_ENVIRONMENT_VARIABLE_H_
+#define QUILLKIT_TESTS_SUPPORT_ENVIRONMENT_VARIABLE_H_
+
+#include <string>
+
+namespace quillkit {
+
+class EnvironmentVariable {
+ public:
+  // An empty value takes the variable away. `name` must outlive the object.
+  EnvironmentVariable(const char* name, const std::string& value);
+  EnvironmentVariable(const EnvironmentVariable&) = delete;
+  EnvironmentVariable& operator=(const EnvironmentVariable&) = delete;
+  ~EnvironmentVariable() { Set(before_); }
+
+ private:
+  void Set(const std::string& value);
+
+  const char* name_;
+  std::string before_;
+};
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_TESTS_SUPPORT_ENVIRONMENT_VARIABLE_H_

@@ -1,0 +1,15 @@
+#include "tests/support/environment_variable.h"
+
+#include <cstdlib>
+
+namespace quillkit {
+
+void EnvironmentVariable::Set(const std::string& value) {
+  if (value.empty()) {
+    unsetenv(name_);
+  } else {
+    setenv(name_, value.c_str(), 1);
+  }
+}
+
+}  // namespace quillkit

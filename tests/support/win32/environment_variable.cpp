@@ -1,0 +1,11 @@
+#include "tests/support/environment_variable.h"
+
+#include <cstdlib>
+
+namespace quillkit {
+
+void EnvironmentVariable::Set(const std::string& value) {
+  _putenv_s(name_, value.c_str());  // an empty text removes the variable
+}
+
+}  // namespace quillkit
