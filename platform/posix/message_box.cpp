@@ -16,7 +16,7 @@ struct ResourceText {
 constexpr std::array kTexts = {
     ResourceText{kSocketsFailedText, "Windows sockets initialization failed."},
     ResourceText{kServerLibraryMissingText, "IMSPAPI.DLL not loaded (because not found) !"},
-    ResourceText{kSettingsKeyText, "Software\\Tarvenor\\Ledgerhouse"},
+    ResourceText{kSettingsKeyText, R"(Software\\Tarvenor\\Ledgerhouse)"},
     ResourceText{kSettingsFailedText, "Cannot access the Windows Registry."},
 };
 
