@@ -1,0 +1,164 @@
+// The store of the user's settings as a tree of folders: where it stands, what else may stand in
+// it, and that no value is ever seen half. On Windows all this is the registry's business, which
+// can neither be looked into nor be made to crash.
+
+#include <signal.h>
+#include <stdlib.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "tests/platform/user_settings_fixture.h"
+
+namespace quillkit {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+using namespace std::string_literals;
+
+class SettingsFolderTest : public UserSettingsTest {
+ protected:
+  static std::vector<std::string> NamesIn(const fs::path& folder) {
+    std::vector<std::string> names;
+    for (const auto& each : fs::directory_iterator(folder)) names.push_back(each.path().filename());
+    return names;
+  }
+
+  // Runs `work` in a process of its own.
+  template <class Work>
+  static pid_t Start(Work work) {
+    const pid_t child = fork();
+    if (child == 0) {
+      work();
+      _exit(0);
+    }
+    return child;
+  }
+
+  // The folder of the test's own key.
+  const fs::path folder = home.Folder() / "quillkit/Software/Quillkit tests" /
+                          testing::UnitTest::GetInstance()->current_test_info()->name();
+};
+
+TEST_F(SettingsFolderTest, NamesLeadNowhereElse) {
+  for (const char* each : {"\\..\\..\\..\\..\\up", "\\../../../../up", "\\/tmp/up", "\\.\\up"}) {
+    Make(root + each);
+    WriteText(root, each, "x");
+  }
+  EXPECT_THAT(NamesIn(home.Folder()), ElementsAre("quillkit"));
+  EXPECT_THAT(NamesIn(home.Folder() / "quillkit"), ElementsAre("Software"));
+  EXPECT_FALSE(fs::exists("/tmp/up"));
+}
+
+TEST_F(SettingsFolderTest, EverythingIsTheUsersAlone) {
+  ASSERT_EQ(WriteText(root, "v", "x"), kSettingsDone);
+  EXPECT_EQ(fs::status(folder).permissions(), fs::perms::owner_all);
+  EXPECT_EQ(fs::status(folder / "=v").permissions(),
+            fs::perms::owner_read | fs::perms::owner_write);
+  EXPECT_THAT(NamesIn(folder), ElementsAre("=v"));
+}
+
+TEST_F(SettingsFolderTest, HomeStandsInForTheConfigurationFolder) {
+  const EnvironmentVariable relative("XDG_CONFIG_HOME", "not/absolute");
+  {
+    const EnvironmentVariable userHome("HOME", (home.Folder() / "new").string());
+    EXPECT_EQ(WriteText(root, "v", "x"), kSettingsDone);
+    EXPECT_TRUE(fs::exists(home.Folder() / "new/.config/quillkit/Software"));
+  }
+  const EnvironmentVariable none("HOME", "");
+  EXPECT_EQ(Open(root), kNoSuchSetting);
+  EXPECT_EQ(WriteText(root, "v", "x"), kNoSuchSetting);
+  EXPECT_EQ(DeleteSettingsKey(root.c_str()), kNoSuchSetting);
+}
+
+TEST_F(SettingsFolderTest, WhatOthersPutThereIsNotTouched) {
+  ASSERT_EQ(WriteText(root, "v", "x"), kSettingsDone);
+  std::ofstream(folder / "notes.txt") << "mine";
+  for (const char* each : {"%2e", "a%", "=folder", ".hidden"}) fs::create_directory(folder / each);
+  ASSERT_EQ(mkfifo((folder / "=pipe").c_str(), 0600), 0);
+  EXPECT_THAT(Subkeys(root), ElementsAre());
+  EXPECT_EQ(Read(root, "pipe"), "status 2");
+  EXPECT_EQ(Read(root, "folder"), "status 2");
+  EXPECT_EQ(DeleteSettingsKey(root.c_str()), kSettingsDenied);
+  EXPECT_EQ(Read(root, "v"), "x\0"s);
+}
+
+TEST_F(SettingsFolderTest, WithoutPermissionNothingChanges) {
+  ASSERT_EQ(WriteText(root, "v", "x"), kSettingsDone);
+  const std::string inner = root + "\\inner";
+  constexpr fs::perms kMayLook = fs::perms(0555);
+  for (fs::path each = folder; each != home.Folder().parent_path(); each = each.parent_path()) {
+    fs::permissions(each, kMayLook);
+  }
+  // The administrator may do anything, so somebody else does it.
+  const bool isAdministrator = geteuid() == 0;
+  ASSERT_EQ(isAdministrator ? seteuid(65534) : 0, 0);
+  EXPECT_EQ(WriteText(root, "v", "y"), kSettingsDenied);
+  EXPECT_EQ(SettingsKey(inner.c_str(), SettingsAccess::kWrite).OpenStatus(), kSettingsDenied);
+  EXPECT_EQ(DeleteSettingsKey(root.c_str()), kSettingsDenied);
+  ASSERT_EQ(isAdministrator ? seteuid(0) : 0, 0);
+  EXPECT_EQ(Read(root, "v"), "x\0"s);
+  for (fs::path each = folder; each != home.Folder().parent_path(); each = each.parent_path()) {
+    fs::permissions(each, fs::perms::owner_all);
+  }
+}
+
+TEST_F(SettingsFolderTest, FileInTheWayIsAFailure) {
+  std::ofstream(folder / "key") << "no folder";
+  const std::string key = root + "\\key";
+  EXPECT_NE(Open(key), kSettingsDone);
+  EXPECT_NE(SettingsKey(key.c_str(), SettingsAccess::kWrite).OpenStatus(), kSettingsDone);
+  EXPECT_NE(DeleteSettingsKey(key.c_str()), kSettingsDone);
+  EXPECT_TRUE(fs::exists(folder / "key"));
+}
+
+// --- Other processes ---
+
+const std::string kShort(20, 's');
+const std::string kLong(2000, 'l');
+
+TEST_F(SettingsFolderTest, TwoWritersNeverTearAValue) {
+  ASSERT_EQ(WriteText(root, "v", kShort.c_str()), kSettingsDone);
+  std::vector<pid_t> writers;
+  for (const std::string* each : {&kShort, &kLong}) {
+    writers.push_back(Start([&] {
+      for (int i = 0; i < 100; ++i) {
+        if (WriteText(root, "v", each->c_str()) != kSettingsDone) _exit(1);
+      }
+    }));
+  }
+  for (const pid_t each : writers) {
+    int status = 0;
+    while (waitpid(each, &status, WNOHANG) == 0) {
+      EXPECT_THAT(Read(root, "v"), testing::AnyOf(kShort + '\0', kLong + '\0'));
+    }
+    EXPECT_EQ(status, 0);
+  }
+  EXPECT_THAT(NamesIn(folder), ElementsAre("=v"));
+}
+
+TEST_F(SettingsFolderTest, CrashLeavesTheOldOrTheNewValue) {
+  ASSERT_EQ(WriteText(root, "v", kShort.c_str()), kSettingsDone);
+  for (useconds_t delay = 0; delay < 20'000; delay += 1000) {
+    const pid_t writer = Start([&] {
+      for (;;) {
+        WriteText(root, "v", kLong.c_str());
+        WriteText(root, "v", kShort.c_str());
+      }
+    });
+    usleep(delay);
+    kill(writer, SIGKILL);
+    waitpid(writer, nullptr, 0);
+    EXPECT_THAT(Read(root, "v"), testing::AnyOf(kShort + '\0', kLong + '\0'));
+  }
+  EXPECT_THAT(Subkeys(root), ElementsAre());
+  EXPECT_EQ(WriteText(root, "v", "after"), kSettingsDone);
+  EXPECT_EQ(DeleteSettingsKey(root.c_str()), kSettingsDone);  // with what the crashes left
+}
+
+}  // namespace
+}  // namespace quillkit

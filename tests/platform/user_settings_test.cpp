@@ -1,0 +1,109 @@
+// The store of the user's settings, in what holds on every system.
+
+#include "tests/platform/user_settings_fixture.h"
+
+namespace quillkit {
+namespace {
+
+using testing::ElementsAre;
+using testing::ElementsAreArray;
+using namespace std::string_literals;
+
+TEST_F(UserSettingsTest, KeyIsMadeWithThoseOnItsPath) {
+  const std::string deep = root + "\\a\\b";
+  EXPECT_EQ(Open(deep), kNoSuchSetting);
+  Make(root + "\\a");
+  Make(deep);
+  EXPECT_EQ(Open(deep), kSettingsDone);
+  ASSERT_EQ(WriteText(deep, "v", "text"), kSettingsDone);
+  EXPECT_EQ(Read(root + "\\\\a\\\\\\b\\", "v"), "text\0"s);  // backslashes that count for nothing
+}
+
+TEST_F(UserSettingsTest, ValuesAreReplaced) {
+  SettingsKey key(root.c_str(), SettingsAccess::kWrite);
+  EXPECT_EQ(Read(root, "v"), "status 2");
+  EXPECT_EQ(key.WriteText("v", "caf\xE9"), kSettingsDone);
+  EXPECT_EQ(Read(root, "v"), "caf\xE9\0"s);
+  EXPECT_EQ(key.WriteNumber("v", 0x04030201), kSettingsDone);
+  EXPECT_EQ(Read(root, "v"), "\1\2\3\4");
+  EXPECT_EQ(key.WriteText("v", ""), kSettingsDone);
+  EXPECT_EQ(Read(root, "v"), "");
+  const std::string large(3000, 'x');
+  EXPECT_EQ(key.WriteText("v", large.c_str()), kSettingsDone);
+  EXPECT_EQ(Read(root, "v"), large + '\0');
+}
+
+TEST_F(UserSettingsTest, SmallBufferTakesNothing) {
+  ASSERT_EQ(WriteText(root, "v", "abcd"), kSettingsDone);
+  const SettingsKey key(root.c_str(), SettingsAccess::kRead);
+  std::array<char, 6> bytes = {'#', '#', '#', '#', '#', '#'};
+  std::uint32_t size = 4;
+  EXPECT_EQ(key.Read("v", bytes.data(), &size), kMoreSettingData);
+  EXPECT_EQ(size, 5U);
+  EXPECT_EQ(bytes[4], '#');
+  EXPECT_EQ(key.Read("v", bytes.data(), &size), kSettingsDone);
+  EXPECT_EQ(std::string(bytes.data(), bytes.size()), "abcd\0#"s);
+}
+
+TEST_F(UserSettingsTest, SubkeysStandInTheOrderOfNames) {
+  for (const char* each : {"\\mid", "\\low", "\\top"}) Make(root + each);
+  ASSERT_EQ(WriteText(root, "low", "a value of the same name"), kSettingsDone);
+  EXPECT_THAT(Subkeys(root), ElementsAre("low", "mid", "top"));
+  EXPECT_EQ(Open(root + "\\low"), kSettingsDone);
+
+  const SettingsKey key(root.c_str(), SettingsAccess::kRead);
+  std::array<char, 4> name{};
+  std::uint32_t length = 3;
+  EXPECT_EQ(key.SubkeyName(0, name.data(), &length), kMoreSettingData);
+  length = 4;
+  EXPECT_EQ(key.SubkeyName(0, name.data(), &length), kSettingsDone);
+  EXPECT_EQ(length, 3U);
+  EXPECT_STREQ(name.data(), "low");
+}
+
+TEST_F(UserSettingsTest, KeyIsDeletedWithItsValues) {
+  const std::string outer = Make(root + "\\outer");
+  const std::string inner = Make(outer + "\\inner");
+  ASSERT_EQ(WriteText(outer, "v", "kept"), kSettingsDone);
+  ASSERT_EQ(WriteText(inner, "v", ""), kSettingsDone);
+  EXPECT_EQ(DeleteSettingsKey(outer.c_str()), kSettingsDenied);
+  EXPECT_EQ(Read(outer, "v"), "kept\0"s);
+  EXPECT_EQ(DeleteSettingsKey(inner.c_str()), kSettingsDone);
+  EXPECT_EQ(DeleteSettingsKey(inner.c_str()), kNoSuchSetting);
+  EXPECT_EQ(DeleteSettingsKey(outer.c_str()), kSettingsDone);
+  EXPECT_EQ(Open(outer), kNoSuchSetting);
+  Make(outer);
+  EXPECT_EQ(Read(outer, "v"), "status 2");
+}
+
+// Names that mean something elsewhere are names like any other here, of keys and of values.
+TEST_F(UserSettingsTest, AnyNameWillDo) {
+  std::vector<std::string> names = {" ",     "%",      "%2E",     "%zz",  "..", "../../up",
+                                    ".",     ".new-1", "/",       "/etc", "=x", "a\tb",
+                                    "a.b=c", "c:",     "caf\xE9", "*?",   "~"};
+  for (const std::string& each : names) {
+    SCOPED_TRACE(each);
+    const std::string path = Make(root + "\\" + each);
+    EXPECT_EQ(WriteText(path, each.c_str(), each.c_str()), kSettingsDone);
+    EXPECT_EQ(Read(path, each.c_str()), each + '\0');
+    EXPECT_EQ(WriteText(root, each.c_str(), "beside the key"), kSettingsDone);
+  }
+  EXPECT_THAT(Subkeys(root), testing::UnorderedElementsAreArray(names));
+  EXPECT_EQ(WriteText(root, "", "unnamed"), kSettingsDone);
+  EXPECT_EQ(WriteText(root, "a\\b", "no key"), kSettingsDone);
+  EXPECT_EQ(Read(root, ""), "unnamed\0"s);
+  EXPECT_EQ(Read(root, "a\\b"), "no key\0"s);
+}
+
+TEST_F(UserSettingsTest, NameThatIsTooLongIsRefused) {
+  const std::string longest(255, 'k');
+  EXPECT_EQ(WriteText(Make(root + "\\" + longest), "v", "x"), kSettingsDone);
+  EXPECT_THAT(Subkeys(root), ElementsAre(longest));
+  const std::string path = root + "\\" + longest + "k";
+  EXPECT_NE(SettingsKey(path.c_str(), SettingsAccess::kWrite).OpenStatus(), kSettingsDone);
+  EXPECT_NE(Open(path), kSettingsDone);
+  EXPECT_NE(DeleteSettingsKey(path.c_str()), kSettingsDone);
+}
+
+}  // namespace
+}  // namespace quillkit
