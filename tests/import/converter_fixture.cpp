@@ -30,6 +30,7 @@ void ConverterTest::ExpectScript(Converter converter, std::string_view file,
   const std::string output = folder_.PathOf("script");
   ASSERT_EQ(RunConverter(converter, source.c_str(), output.c_str(), request), 0);
   EXPECT_EQ(ReadBytes(output), OnDisk(script));
+  std::filesystem::remove(output);
 }
 
 std::string ConverterTest::OnDisk(std::string_view text) const {

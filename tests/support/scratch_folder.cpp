@@ -13,7 +13,9 @@ std::string ReadBytes(const std::string& path) {
   return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
+// A new file each time: file systems flush one that is rewritten to the disk.
 void WriteBytes(const std::string& path, std::string_view bytes) {
+  std::filesystem::remove(path);
   std::ofstream file(path, std::ios::binary);
   file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
 }
