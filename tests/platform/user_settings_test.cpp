@@ -6,7 +6,6 @@ namespace quillkit {
 namespace {
 
 using testing::ElementsAre;
-using testing::ElementsAreArray;
 using namespace std::string_literals;
 
 TEST_F(UserSettingsTest, KeyIsMadeWithThoseOnItsPath) {

@@ -2,12 +2,11 @@
 // it, and that no value is ever seen half. On Windows all this is the registry's business, which
 // can neither be looked into nor be made to crash.
 
-#include <signal.h>
-#include <stdlib.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 
