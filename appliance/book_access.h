@@ -115,9 +115,10 @@ class BookAccess {
     return kNoError;
   }
 
-  // IMSPCreateAB, IMSPDeleteAB, IMSPSizeofAB (null filter).
+  // IMSPCreateAB, IMSPDeleteAB; IMSPClearAB and IMSPSizeofAB with a null filter.
   Status CreateBook() { return agent_ != nullptr ? agent_->IMSPCreateAB(&book_) : kRefused; }
   Status DeleteBook() { return agent_ != nullptr ? agent_->IMSPDeleteAB(&book_) : kRefused; }
+  Status ClearBook() { return agent_ != nullptr ? agent_->IMSPClearAB(&book_) : kRefused; }
   Status Size(std::uint32_t* count) {
     return agent_ != nullptr ? agent_->IMSPSizeofAB(&book_, count) : kRefused;
   }

@@ -13,6 +13,10 @@ int CEmailEntry::Set(const EntryKey& key, const char* newAddress) {
   return 1;
 }
 
+int CEmailEntry::SetFrom(const CEmailEntry& other) {
+  return other.IsValid() ? Set(EntryKey(other.name.View()), other.Address()) : 0;
+}
+
 void CEmailEntry::Terminate() {
   name.Terminate();
   address.Terminate();

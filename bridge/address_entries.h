@@ -28,6 +28,10 @@ struct CEmailEntry {
   // over 255 characters, or a key over 31.
   int Set(const EntryKey& key, const char* newAddress);
 
+  // Set with name and address of another entry, which may be this one; 0 and no change when they do
+  // not end in their fields.
+  int SetFrom(const CEmailEntry& other);
+
   const char* Name() const { return name.c_str(); }
   const char* Address() const { return address.c_str(); }
   std::int32_t Flags() const { return flags; }
@@ -49,6 +53,9 @@ struct CEmailEntry {
   // A record never matches itself.
   static bool Matches(const CEmailEntry& a, const CEmailEntry& b);
   static bool Differs(const CEmailEntry& a, const CEmailEntry& b) { return !Matches(a, b); }
+
+  // The bytes of the stream form at the least: two lengths and the flags.
+  static constexpr std::size_t kSmallestStored = 6;
 
   // name, address, flags. Loading cuts a text where its field ends.
   void Serialize(Archive& archive);

@@ -1,0 +1,37 @@
+// The long time-out of server calls as the books raise it: in milliseconds, by IMSPIOCtl itself.
+//
+// Raising and restoring are two steps whose order and whose failures are the caller's: where an
+// operation ends between them, the server stays at the long time-out.
+
+#ifndef QUILLKIT_BRIDGE_LONG_TIMEOUT_H_
+#define QUILLKIT_BRIDGE_LONG_TIMEOUT_H_
+
+#include <cstdint>
+
+#include "bridge/status.h"
+
+namespace quillkit {
+
+class CAgent;
+
+class LongTimeout {
+ public:
+  // A null agent makes both steps give -1.
+  explicit LongTimeout(CAgent* newAgent) : agent(newAgent) {}
+
+  // IMSPIOCtl 2, and on 0 IMSPIOCtl 1 with an hour. The first status that is not 0, else 0.
+  Status Raise();
+
+  // IMSPIOCtl 1 with what Raise read. REQUIRES: Raise gave 0.
+  Status Restore();
+
+ private:
+  Status Set(std::uint32_t milliseconds);
+
+  CAgent* agent;
+  std::uint32_t old = 0;  // milliseconds
+};
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_BRIDGE_LONG_TIMEOUT_H_
