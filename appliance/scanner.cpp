@@ -1,6 +1,7 @@
 #include "appliance/scanner.h"
 
 #include "base/archive.h"
+#include "books/email_ab.h"
 #include "books/printer_ab.h"
 #include "softkeys/top_level_ab.h"
 
@@ -12,6 +13,7 @@ const ClassRecord CScanner::kClass = {"CScanner", sizeof(CScanner), 1, CreateObj
 CScanner::CScanner() = default;
 
 CScanner::~CScanner() {
+  emailBook.reset();
   printersBook.reset();
   topBook.reset();
 }
@@ -48,6 +50,21 @@ void CScanner::GetVersion(std::string& text) const {
 
 void CScanner::GetAddress(std::uint32_t* value) const {
   if (IsBound()) *value = address;
+}
+
+CEmailAB* CScanner::DetachEmailBook() {
+  return IsBound() ? emailBook.release() : nullptr;
+}
+
+int CScanner::SetEmailBook(CEmailAB* book) {
+  if (!IsBound()) return 0;
+  if (book != nullptr) {
+    if (book != emailBook.get()) emailBook.reset(book);
+    return 1;
+  }
+  emailBook = std::make_unique<CEmailAB>();
+  emailBook->Attach(this, 0);
+  return 1;
 }
 
 CPrinterAB* CScanner::DetachPrintersBook() {

@@ -70,15 +70,20 @@ class CScanner : public RootObject {
   // --- Books, owned by the scanner ---
 
   // Null on an unbound scanner, and where no book has been opened.
-  CEmailAB* EmailBook() const { return IsBound() ? emailBook : nullptr; }
+  CEmailAB* EmailBook() const { return IsBound() ? emailBook.get() : nullptr; }
   CUserAB* UsersBook() const { return IsBound() ? usersBook : nullptr; }
   CFaxAB* FaxBook() const { return IsBound() ? faxBook : nullptr; }
   CPrinterAB* PrintersBook() const { return IsBound() ? printersBook.get() : nullptr; }
   CTopLevelAB* TopBook() const { return IsBound() ? topBook.get() : nullptr; }
 
   // As above, and hands the book to the caller.
+  CEmailAB* DetachEmailBook();
   CPrinterAB* DetachPrintersBook();
   CTopLevelAB* DetachTopBook();
+
+  // Deletes the present book and takes over `book`, or with null opens a new one on this scanner
+  // with a sliding view. 1; 0 and no change on an unbound scanner.
+  int SetEmailBook(CEmailAB* book);
 
   // Deletes the present book and takes over `book` (1), or with null opens a new one on this
   // scanner and loads it (what its Attach gives). 0 and no change on an unbound scanner.
@@ -198,8 +203,8 @@ class CScanner : public RootObject {
   std::uint32_t address = 0;
   std::string model;
   std::string version;
+  std::unique_ptr<CEmailAB> emailBook;
   // Stand empty until the library has these classes.
-  CEmailAB* emailBook = nullptr;
   CUserAB* usersBook = nullptr;
   CFaxAB* faxBook = nullptr;
   std::unique_ptr<CPrinterAB> printersBook;

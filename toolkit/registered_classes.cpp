@@ -2,15 +2,20 @@
 
 #include "appliance/scanner.h"
 #include "base/class_record.h"
+#include "books/email_ab.h"
 #include "books/printer_ab.h"
 #include "bridge/agent.h"
+#include "lists/email_dl.h"
+#include "lists/pub_email_dl.h"
 #include "softkeys/top_level_ab.h"
 
 namespace quillkit {
 namespace {
 
-constexpr const ClassRecord* kClasses[] = {&CAgent::kClass, &CScanner::kClass, &CTopLevelAB::kClass,
-                                           &CPrinterAB::kClass};
+constexpr const ClassRecord* kClasses[] = {
+    &CAgent::kClass,     &CScanner::kClass, &CTopLevelAB::kClass, &CEmailAB::kClass,
+    &CPrinterAB::kClass, &CEmailDL::kClass, &CPubEmailDL::kClass,
+};
 
 }  // namespace
 

@@ -1,0 +1,8 @@
+#include "lists/email_dl.h"
+
+namespace quillkit {
+
+const ClassRecord CEmailDL::kClass = {"CEmailDL", sizeof(CEmailDL), 1, CreateObject<CEmailDL>,
+                                      nullptr};
+
+}  // namespace quillkit

@@ -1,0 +1,160 @@
+// The distribution lists that a book holds: an ordered run of list objects that it owns, and the
+// search in it by name. Nothing here speaks to the server.
+
+#ifndef QUILLKIT_LISTS_LIST_SET_H_
+#define QUILLKIT_LISTS_LIST_SET_H_
+
+#include <algorithm>
+#include <cstdint>
+#include <iterator>
+#include <list>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "base/archive.h"
+#include "base/name_search.h"
+
+namespace quillkit {
+
+template <class List>
+class ListSet {
+ public:
+  ListSet() = default;
+  ~ListSet() { FreeLists(); }
+  ListSet(const ListSet&) = delete;
+  ListSet& operator=(const ListSet&) = delete;
+
+  std::int32_t ListCount() const { return static_cast<std::int32_t>(lists.size()); }
+
+  // Null for an index out of range.
+  List* ListAt(std::int32_t index) const;
+
+  // Puts `list`, which the set owns from here on, into the place of another, which goes to whoever
+  // knows of it: it is not deleted. 0, or -1 for an index out of range or a null list.
+  std::int32_t SetListAt(std::int32_t index, List* list);
+
+  // Deletes the list here: 1, or 0 for an index out of range.
+  int RemoveListAt(std::int32_t index);
+
+  // The first list of exactly this name, or null.
+  List* FindList(std::string_view name) const;
+
+  // Walk the lists whose names match: whole, or by as many characters as the pattern has where
+  // `exact` is 0. Always 0: what was found stands in FoundList, null when the walk is over.
+  // FindNextList goes on behind it with the pattern of the last FindFirstList that hit; without one
+  // it finds nothing. A list that goes takes the walk with it.
+  int FindFirstList(std::string_view pattern, std::int32_t exact);
+  int FindNextList(std::int32_t exact);
+  List* FoundList() const { return searchPos != lists.end() ? *searchPos : nullptr; }
+
+  // Deletes all lists.
+  void FreeLists();
+
+ protected:
+  // Adds a list, whose ownership passes, at the end: the new count.
+  std::int32_t Append(std::unique_ptr<List> list);
+
+  // Deletes the first list of exactly this name, if there is one.
+  void RemoveList(std::string_view name) { Erase(Locate(name)); }
+
+  // The count and each list with its class. Loading replaces what is there.
+  void SerializeLists(Archive& archive);
+
+  std::list<List*> lists;
+
+ private:
+  using Position = typename std::list<List*>::const_iterator;
+
+  Position At(std::int32_t index) const;
+  Position Locate(std::string_view name) const { return FindFrom(lists.begin(), name, true); }
+  Position FindFrom(Position from, std::string_view pattern, bool wholeName) const;
+  bool Erase(Position position);
+
+  Position searchPos = lists.end();  // the end where nothing is found
+  std::string searchName;
+};
+
+template <class List>
+List* ListSet<List>::ListAt(std::int32_t index) const {
+  const Position position = At(index);
+  return position != lists.end() ? *position : nullptr;
+}
+
+template <class List>
+std::int32_t ListSet<List>::SetListAt(std::int32_t index, List* list) {
+  if (list == nullptr || index < 0 || index >= ListCount()) return -1;
+  *std::next(lists.begin(), index) = list;
+  return 0;
+}
+
+template <class List>
+int ListSet<List>::RemoveListAt(std::int32_t index) {
+  return Erase(At(index)) ? 1 : 0;
+}
+
+template <class List>
+List* ListSet<List>::FindList(std::string_view name) const {
+  const Position position = Locate(name);
+  return position != lists.end() ? *position : nullptr;
+}
+
+template <class List>
+int ListSet<List>::FindFirstList(std::string_view pattern, std::int32_t exact) {
+  searchPos = FindFrom(lists.begin(), pattern, exact != 0);
+  if (searchPos != lists.end()) searchName = pattern;
+  return 0;
+}
+
+template <class List>
+int ListSet<List>::FindNextList(std::int32_t exact) {
+  if (searchPos != lists.end()) {
+    searchPos = FindFrom(std::next(searchPos), searchName, exact != 0);
+  }
+  return 0;
+}
+
+template <class List>
+void ListSet<List>::FreeLists() {
+  for (const List* each : lists) delete each;
+  lists.clear();
+  searchPos = lists.end();
+}
+
+template <class List>
+std::int32_t ListSet<List>::Append(std::unique_ptr<List> list) {
+  lists.push_back(list.release());
+  return ListCount();
+}
+
+template <class List>
+void ListSet<List>::SerializeLists(Archive& archive) {
+  if (!archive.IsStoring()) FreeLists();
+  archive.Exchange(lists);
+}
+
+template <class List>
+typename ListSet<List>::Position ListSet<List>::At(std::int32_t index) const {
+  return index >= 0 && index < ListCount() ? std::next(lists.begin(), index) : lists.end();
+}
+
+template <class List>
+typename ListSet<List>::Position ListSet<List>::FindFrom(Position from, std::string_view pattern,
+                                                         bool wholeName) const {
+  return std::find_if(from, Position(lists.end()), [&](const List* each) {
+    return NameMatches(each->Name(), pattern, wholeName);
+  });
+}
+
+template <class List>
+bool ListSet<List>::Erase(Position position) {
+  if (position == lists.end()) return false;
+  if (position == searchPos) searchPos = lists.end();
+  const std::unique_ptr<List> gone(*position);
+  lists.erase(position);
+  return true;
+}
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_LISTS_LIST_SET_H_
