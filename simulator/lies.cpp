@@ -31,7 +31,7 @@ void Lies::Distort(PageBoundary* row, std::size_t index) const {
 
 std::uint32_t Lies::Size(std::size_t size) {
   if (Tells(kLieSize)) sizeError_ += 7;
-  return static_cast<std::uint32_t>(size) + sizeError_;
+  return static_cast<std::uint32_t>(size) + sizeError_ + inflation_;
 }
 
 }  // namespace quillkit

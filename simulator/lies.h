@@ -15,6 +15,9 @@ class Lies {
  public:
   void Set(std::uint32_t lies);
 
+  // Lets sizes stand this much above what they are, whatever lies are told.
+  void InflateSizes(std::uint32_t by) { inflation_ = by; }
+
   // The count that a read claims to have delivered.
   std::uint32_t DeliveredCount(std::size_t delivered, std::uint32_t capacity) const;
 
@@ -41,6 +44,7 @@ class Lies {
 
   std::uint32_t lies_ = 0;
   std::uint32_t sizeError_ = 0;
+  std::uint32_t inflation_ = 0;
 };
 
 }  // namespace quillkit

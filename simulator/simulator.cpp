@@ -150,6 +150,10 @@ void SimulatorSetLies(std::uint32_t lies) {
   TheAppliance().lies.Set(lies);
 }
 
+void SimulatorInflateSizes(std::uint32_t by) {
+  TheAppliance().lies.InflateSizes(by);
+}
+
 }  // extern "C"
 
 }  // namespace quillkit

@@ -149,6 +149,10 @@ void SimulatorClearFaults();
 // Lies from now on: any of SimulatorLie, 0 for none.
 void SimulatorSetLies(std::uint32_t lies);
 
+// Tells every size of a book, and every number of books, this much above what it is: an appliance
+// near its limits without the entries. 0 ends it.
+void SimulatorInflateSizes(std::uint32_t by);
+
 }  // extern "C"
 
 }  // namespace quillkit

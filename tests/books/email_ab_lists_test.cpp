@@ -1,0 +1,261 @@
+// The public e-mail lists that the e-mail book holds, and the second handle on a book.
+
+#include <memory>
+
+#include "base/archive.h"
+#include "books/email_ab_handle.h"
+#include "tests/books/email_fixture.h"
+
+namespace quillkit {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+const std::string kCountLists = "IMSPListAB 64: - - 1";
+const std::string kEnumerateLists = "IMSPListAB 64: [|*|0] 512 1";
+
+std::unique_ptr<CPubEmailDL> MakeList(std::string_view name,
+                                      std::initializer_list<const char*> members) {
+  std::string stored;
+  Archive sink(&stored);
+  auto count = static_cast<std::uint32_t>(members.size());
+  std::string text(name);
+  sink.Exchange(count);
+  sink.Exchange(text);
+  for (const char* each : members) MakeEntry(each).Serialize(sink);
+  auto list = std::make_unique<CPubEmailDL>();
+  Archive source{std::string_view(stored)};
+  list->Serialize(source);
+  return list;
+}
+
+TEST_F(EmailBookTest, LoadsTheListsOfTheServer) {
+  EXPECT_EQ(book.LoadLists(1), kNoError);
+  EXPECT_EQ(ListNames(book), "Board Choir ");
+  EXPECT_EQ(MemberNames(*book.ListAt(0)), "Ann Zoe ");
+  EXPECT_EQ(book.ListAt(0)->Book(), &book);
+  EXPECT_EQ(book.ListAt(2), nullptr);
+  Start();
+  EXPECT_EQ(book.LoadLists(0), kNoError);
+  EXPECT_THAT(TakeCalls(), ElementsAre(kEnumerateLists));
+  EXPECT_EQ(book.ListAt(1)->Name(), "Choir");
+  EXPECT_EQ(book.ListAt(1)->Count(), 0);
+  EXPECT_EQ(book.ListAt(1)->Book(), nullptr);
+
+  SimulatorFail("IMSPListAB", 1, kServerFault);
+  EXPECT_EQ(book.LoadLists(0), kServerFault);
+  EXPECT_EQ(book.ListCount(), 0);
+  book.LoadLists(0);
+  EXPECT_EQ(book.DeleteAllLists(), kNoError);
+  EXPECT_EQ(book.LoadLists(1), kNoError);  // there are none
+}
+
+TEST_F(EmailBookTest, HoldsTheFirstFiveHundredAndTwelve) {
+  for (int i = 0; i < 511; ++i) PutList(("List" + std::to_string(1000 + i)).c_str(), {"Ann"});
+  EXPECT_EQ(book.LoadLists(0), kMoreData);
+  EXPECT_EQ(book.ListCount(), 512);
+  SimulatorSetLies(kLieDeliveredCount | kLieUnterminated);
+  EXPECT_EQ(book.LoadLists(1), kMoreData);
+  EXPECT_EQ(book.ListCount(), 512);
+}
+
+TEST_F(EmailBookTest, AddsAList) {
+  auto list = MakeList("Dance", {"Ann", "Cy"});
+  EXPECT_EQ(book.AddList(list.get()), 1);
+  EXPECT_EQ(book.ListAt(0), list.release());
+  EXPECT_THAT(TakeCalls(),
+              ElementsAre(kCountLists, "IMSPCreateAB 64:Dance", "IMSPCreateEntry 64:Dance Ann",
+                          "IMSPCreateEntry 64:Dance Cy"));
+  list = MakeList("Board", {"Ann"});
+  EXPECT_EQ(book.AddList(list.get()), -1);  // the server has it
+  EXPECT_THAT(TakeCalls(), ElementsAre(kCountLists, "IMSPCreateAB 64:Board"));
+  list = MakeList("Eve", {"Ann", "Ann", "Bob"});
+  EXPECT_TRUE(book.AddListReload(*list, 0));  // one member is refused
+  EXPECT_EQ(ServerSize("Eve"), 2);
+  EXPECT_EQ(ListNames(book), "Dance ");
+  EXPECT_FALSE(book.AddListReload(*list, 1));
+  list->SetName("Fest");
+  EXPECT_TRUE(book.AddListReload(*list, 1));
+  EXPECT_EQ(ListNames(book), "Board Choir Dance Eve Fest ");
+}
+
+TEST_F(EmailBookTest, AddsNoListToAFullServer) {
+  auto list = MakeList("Dance", {});
+  SimulatorInflateSizes(510);
+  EXPECT_EQ(book.AddList(list.get()), -1);
+  EXPECT_EQ(TheAgent.LastError(), kBookFull);
+  TheAgent.SetError(kEarlierError);
+  EXPECT_FALSE(book.AddListReload(*list, 1));
+  EXPECT_EQ(TheAgent.LastError(), kBookFull);
+  EXPECT_THAT(TakeCalls(), ElementsAre(kCountLists, kCountLists));
+  SimulatorInflateSizes(509);
+  EXPECT_EQ(book.AddList(list.get()), 1);
+  (void)list.release();
+}
+
+TEST_F(EmailBookTest, DeletesAList) {
+  book.LoadLists(0);
+  Start();
+  EXPECT_EQ(book.DeleteList("Nobody"), -1);
+  EXPECT_EQ(book.DeleteList("Board"), 1);
+  EXPECT_EQ(ListNames(book), "Choir ");
+  PutList("Unseen", {"Ann"});
+  EXPECT_EQ(book.DeleteList("Unseen"), 1);
+  PutList("Other", {"Ann"});
+  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPDeleteAB 64:Nobody", "IMSPDeleteAB 64:Board",
+                                       "IMSPDeleteAB 64:Unseen"));
+  EXPECT_TRUE(book.DeleteListReload("Choir", 0));
+  EXPECT_EQ(ListNames(book), "Choir ");
+  EXPECT_FALSE(book.DeleteListReload("Choir", 1));
+  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPDeleteAB 64:Choir", "IMSPDeleteAB 64:Choir"));
+  PutList("Last", {"Ann"});
+  EXPECT_TRUE(book.DeleteListReload("Last", 1));
+  EXPECT_EQ(ListNames(book), "Other ");
+}
+
+TEST_F(EmailBookTest, CopiesAListFromTheServer) {
+  const auto source = MakeList("Board", {"only", "here"});
+  EXPECT_EQ(book.CopyList(*source, "Council", 0), 1);
+  EXPECT_THAT(TakeCalls(),
+              ElementsAre("IMSPSizeofAB 64:Board -", "IMSPReadAB 64:Board - 2 1", kCountLists,
+                          "IMSPCreateAB 64:Council", "IMSPCreateEntry 64:Council Ann",
+                          "IMSPCreateEntry 64:Council Zoe"));
+  EXPECT_EQ(book.CopyListLocal(*source, "Club"), 1);
+  EXPECT_EQ(MemberNames(*book.ListAt(0)), "Ann Zoe ");
+  EXPECT_EQ(book.CopyListLocal(*source, "Club"), -1);
+  EXPECT_EQ(book.CopyList(*source, "Club", 1), 0);
+  Start();
+  const auto missing = MakeList("Nobody", {});
+  EXPECT_EQ(book.CopyList(*missing, "Copy", 0), 0);
+  EXPECT_EQ(book.CopyListLocal(*missing, "Copy"), -1);
+  EXPECT_EQ(ServerSize("Copy"), -1);
+}
+
+TEST_F(EmailBookTest, DeletesAllListsThatItHolds) {
+  book.LoadLists(0);
+  PutList("Unseen", {"Ann"});
+  Start();
+  SimulatorFail("IMSPIOCtl", 2, kServerFault);
+  EXPECT_EQ(book.DeleteAllLists(), kServerFault);
+  EXPECT_EQ(book.ListCount(), 2);
+  TakeCalls();
+  SimulatorFail("IMSPDeleteAB", 1, kServerFault);
+  EXPECT_EQ(book.DeleteAllLists(), kNoError);
+  EXPECT_THAT(TakeCalls(),
+              ElementsAre("IMSPIOCtl 2 0", "IMSPIOCtl 1 3600000", "IMSPDeleteAB 64:Board",
+                          "IMSPDeleteAB 64:Choir", "IMSPIOCtl 1 30000"));
+  EXPECT_EQ(book.ListCount(), 0);
+  EXPECT_EQ(ServerSize("Board"), 2);
+  EXPECT_EQ(ServerSize("Unseen"), 1);
+}
+
+TEST_F(EmailBookTest, SearchesItsLists) {
+  for (const char* name : {"ab", "abc", "b", "abd"}) PutList(name, {"Ann"});
+  book.DeleteListReload("Board", 0);
+  book.DeleteListReload("Choir", 1);  // leaves ab abc abd b
+  const auto found = [this] {
+    return book.FoundList() != nullptr ? book.FoundList()->Name() : std::string("-");
+  };
+  EXPECT_EQ(book.FindNextList(0), 0);
+  EXPECT_EQ(found(), "-");
+  EXPECT_EQ(book.FindFirstList("ab", 1), 0);
+  EXPECT_EQ(found(), "ab");
+  EXPECT_EQ(book.FindNextList(0), 0);
+  EXPECT_EQ(found(), "abc");
+  EXPECT_EQ(book.FindFirstList("x", 0), 0);
+  EXPECT_EQ(found(), "-");
+  book.FindNextList(0);
+  EXPECT_EQ(found(), "-");
+  book.FindFirstList("abc", 0);
+  book.FindNextList(0);
+  EXPECT_EQ(found(), "-");
+  book.FindFirstList("ab", 0);
+  EXPECT_EQ(book.RemoveListAt(0), 1);
+  EXPECT_EQ(found(), "-");  // the walk stood on it
+  book.FindFirstList("ab", 0);
+  EXPECT_EQ(book.RemoveListAt(1), 1);
+  EXPECT_EQ(found(), "abc");
+  book.FindNextList(0);
+  EXPECT_EQ(found(), "-");
+  EXPECT_EQ(book.FindList("b")->Name(), "b");
+  EXPECT_EQ(book.FindList("ab"), nullptr);
+}
+
+TEST_F(EmailBookTest, ChangesItsListsLocally) {
+  book.LoadLists(0);
+  Start();
+  const std::unique_ptr<CPubEmailDL> old(book.ListAt(1));
+  auto* list = new CPubEmailDL;
+  EXPECT_EQ(book.SetListAt(2, list), -1);
+  EXPECT_EQ(book.SetListAt(-1, list), -1);
+  EXPECT_EQ(book.SetListAt(1, nullptr), -1);
+  EXPECT_EQ(book.SetListAt(1, list), 0);
+  EXPECT_EQ(book.ListAt(1), list);
+  EXPECT_EQ(old->Name(), "Choir");
+  EXPECT_EQ(book.RemoveListAt(2), 0);
+  EXPECT_EQ(book.RemoveListAt(1), 1);
+  book.FreeLists();
+  EXPECT_EQ(book.ListCount(), 0);
+  EXPECT_THAT(TakeCalls(), IsEmpty());
+}
+
+TEST_F(EmailBookTest, StoresItsLists) {
+  book.LoadLists(1);
+  std::string stored;
+  Archive sink(&stored);
+  book.Serialize(sink);
+  CEmailAB other;
+  other.Attach(box, 0, 1);
+  Archive source{std::string_view(stored)};
+  other.Serialize(source);
+  EXPECT_FALSE(source.Failed());
+  EXPECT_EQ(ListNames(other), "Board Choir ");
+  EXPECT_EQ(MemberNames(*other.ListAt(0)), "Ann Zoe ");
+  EXPECT_EQ(other.ListAt(0)->Book(), nullptr);
+
+  stored.resize(stored.size() - 1);
+  Archive cut{std::string_view(stored)};
+  other.Serialize(cut);
+  EXPECT_TRUE(cut.Failed());
+  EXPECT_EQ(ListNames(other), "Board ");
+}
+
+TEST_F(EmailBookTest, HasASecondHandle) {
+  struct Case {
+    std::int32_t mode;
+    int result;
+    bool entries, lists;
+  };
+  for (const Case& each : {Case{0, 1, true, true}, Case{1, 1, false, true}, Case{2, 1, true, false},
+                           Case{3, 0, false, false}}) {
+    CEmailABHandle handle;
+    EXPECT_EQ(handle.First(), nullptr);
+    EXPECT_EQ(handle.Attach(nullptr, each.mode), 0);
+    EXPECT_EQ(handle.Attach(&book, each.mode), each.result) << each.mode;
+    EXPECT_EQ(handle.Mode(), each.mode);
+    Start();
+    for (CEmailEntry* entry :
+         {handle.First(), handle.Last(), handle.Prev(), handle.Next(), handle.GetAt(1),
+          handle.Find("Bo", 0), handle.FindLetter('B'), handle.FindPrefix("Bo")}) {
+      EXPECT_EQ(entry != nullptr, each.entries) << each.mode;
+    }
+    EXPECT_EQ(handle.FindNextPrefix() != nullptr, each.entries);
+    EXPECT_EQ(handle.FindPrev(0) != nullptr, each.entries);
+    EXPECT_EQ(handle.FindNext(0) != nullptr, each.entries);
+    std::uint32_t count = 0;
+    EXPECT_EQ(handle.EntryCount(&count), each.entries ? kNoError : kRefused);
+    EXPECT_EQ(TakeCalls().empty(), !each.entries);
+    EXPECT_EQ(handle.ServerListCount(&count), each.lists ? kNoError : kRefused);
+    EXPECT_EQ(handle.ServerListSize("Board", &count), each.lists ? kNoError : kRefused);
+    EXPECT_EQ(handle.FindList("Board") != nullptr, each.lists);
+    EXPECT_EQ(handle.FindFirstList("C", 0), 0);
+    EXPECT_EQ(handle.Book()->FoundList() != nullptr, each.lists);
+    EXPECT_EQ(handle.FindNextList(0), 0);
+    EXPECT_EQ(handle.Book()->FoundList(), nullptr);
+    EXPECT_EQ(TakeCalls().size(), each.lists ? 2U : 0U);
+  }
+}
+
+}  // namespace
+}  // namespace quillkit

@@ -1,0 +1,84 @@
+// An appliance with a few e-mail entries and two public lists, and a book that stands on it with
+// its sliding view and no lists loaded.
+
+#ifndef QUILLKIT_TESTS_BOOKS_EMAIL_FIXTURE_H_
+#define QUILLKIT_TESTS_BOOKS_EMAIL_FIXTURE_H_
+
+#include <initializer_list>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "appliance/scanner.h"
+#include "books/email_ab.h"
+#include "bridge/the_agent.h"
+#include "simulator/simulator.h"
+#include "tests/support/appliance_fixture.h"
+
+namespace quillkit {
+
+inline constexpr Status kServerFault = 6;
+inline constexpr Status kEarlierError = 99;
+
+using Calls = std::vector<std::string>;
+
+inline CEmailEntry MakeEntry(std::string_view name, std::string_view address = "at") {
+  CEmailEntry entry;
+  entry.SetName(name);
+  entry.SetAddress(address);
+  return entry;
+}
+
+class EmailBookTest : public ApplianceTest {
+ protected:
+  EmailBookTest() : box(LogIn()) {
+    for (const char* name : {"Ann", "Bob", "Bo"}) Put(BookKind::kEmail, "", name);
+    PutList("Board", {"Ann", "Zoe"});
+    PutList("Choir", {"Bob"});
+    book.Attach(box, 0);
+    Start();
+  }
+
+  static void Put(BookKind kind, const char* list, std::string_view name) {
+    const CEmailEntry entry = MakeEntry(name);
+    SimulatorPutEntry(kind, list, nullptr, &entry);
+  }
+
+  static void PutList(const char* list, std::initializer_list<std::string_view> members) {
+    for (const std::string_view each : members) Put(BookKind::kPublicList, list, each);
+  }
+
+  static std::int32_t ServerSize(const char* list) {
+    return SimulatorBookSize(BookKind::kPublicList, list, nullptr);
+  }
+
+  // Forgets calls, faults and the last error.
+  static void Start() {
+    SimulatorClearFaults();
+    SimulatorClearJournal();
+    TheAgent.SetError(kEarlierError);
+  }
+
+  CScanner* box;
+  CEmailAB book;
+};
+
+// The names of what a book or a list holds.
+template <class Held>
+std::string Names(std::int32_t count, Held at) {
+  std::string names;
+  for (std::int32_t i = 0; i < count; ++i) names += std::string(at(i)->Name()) + " ";
+  return names;
+}
+
+inline std::string ListNames(const CEmailAB& book) {
+  return Names(book.ListCount(), [&](std::int32_t i) { return book.ListAt(i); });
+}
+
+inline std::string MemberNames(const CEmailDL& list) {
+  return Names(list.Count(), [&](std::int32_t i) { return list.GetAt(i); });
+}
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_TESTS_BOOKS_EMAIL_FIXTURE_H_
