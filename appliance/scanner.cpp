@@ -2,7 +2,9 @@
 
 #include "base/archive.h"
 #include "books/email_ab.h"
+#include "books/fax_ab.h"
 #include "books/printer_ab.h"
+#include "books/user_ab.h"
 #include "softkeys/top_level_ab.h"
 
 namespace quillkit {
@@ -14,6 +16,8 @@ CScanner::CScanner() = default;
 
 CScanner::~CScanner() {
   emailBook.reset();
+  usersBook.reset();
+  faxBook.reset();
   printersBook.reset();
   topBook.reset();
 }
@@ -56,44 +60,57 @@ CEmailAB* CScanner::DetachEmailBook() {
   return IsBound() ? emailBook.release() : nullptr;
 }
 
-int CScanner::SetEmailBook(CEmailAB* book) {
-  if (!IsBound()) return 0;
-  if (book != nullptr) {
-    if (book != emailBook.get()) emailBook.reset(book);
-    return 1;
-  }
-  emailBook = std::make_unique<CEmailAB>();
-  emailBook->Attach(this, 0);
-  return 1;
+CUserAB* CScanner::DetachUsersBook() {
+  return IsBound() ? usersBook.release() : nullptr;
+}
+
+CFaxAB* CScanner::DetachFaxBook() {
+  return IsBound() ? faxBook.release() : nullptr;
 }
 
 CPrinterAB* CScanner::DetachPrintersBook() {
   return IsBound() ? printersBook.release() : nullptr;
 }
 
-int CScanner::SetPrintersBook(CPrinterAB* book) {
-  if (!IsBound()) return 0;
-  if (book != nullptr) {
-    if (book != printersBook.get()) printersBook.reset(book);
-    return 1;
-  }
-  printersBook = std::make_unique<CPrinterAB>();
-  printersBook->Attach(this, 1);
-  return 1;
-}
-
 CTopLevelAB* CScanner::DetachTopBook() {
   return IsBound() ? topBook.release() : nullptr;
 }
 
-int CScanner::SetTopBook(CTopLevelAB* book) {
+// Deletes the book in the slot and takes over `book`, or opens a new one with `mode`. What the
+// opening gave, or 1; 0 and no change on an unbound scanner.
+template <class Book>
+int CScanner::Replace(std::unique_ptr<Book>& slot, Book* book, std::int32_t mode) {
   if (!IsBound()) return 0;
   if (book != nullptr) {
-    if (book != topBook.get()) topBook.reset(book);
+    if (book != slot.get()) slot.reset(book);
     return 1;
   }
-  topBook = std::make_unique<CTopLevelAB>();
-  return topBook->Attach(this, 1);
+  slot.reset();
+  slot = std::make_unique<Book>();
+  return slot->Attach(this, mode);
+}
+
+int CScanner::SetEmailBook(CEmailAB* book) {
+  constexpr std::int32_t kSlidingView = 0;
+  Replace(emailBook, book, kSlidingView);
+  return IsBound() ? 1 : 0;
+}
+
+int CScanner::SetUsersBook(CUserAB* book) {
+  return Replace(usersBook, book, 1);
+}
+
+int CScanner::SetFaxBook(CFaxAB* book) {
+  return Replace(faxBook, book, 1);
+}
+
+int CScanner::SetPrintersBook(CPrinterAB* book) {
+  Replace(printersBook, book, 1);
+  return IsBound() ? 1 : 0;
+}
+
+int CScanner::SetTopBook(CTopLevelAB* book) {
+  return Replace(topBook, book, 1);
 }
 
 }  // namespace quillkit

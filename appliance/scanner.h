@@ -71,26 +71,27 @@ class CScanner : public RootObject {
 
   // Null on an unbound scanner, and where no book has been opened.
   CEmailAB* EmailBook() const { return IsBound() ? emailBook.get() : nullptr; }
-  CUserAB* UsersBook() const { return IsBound() ? usersBook : nullptr; }
-  CFaxAB* FaxBook() const { return IsBound() ? faxBook : nullptr; }
+  CUserAB* UsersBook() const { return IsBound() ? usersBook.get() : nullptr; }
+  CFaxAB* FaxBook() const { return IsBound() ? faxBook.get() : nullptr; }
   CPrinterAB* PrintersBook() const { return IsBound() ? printersBook.get() : nullptr; }
   CTopLevelAB* TopBook() const { return IsBound() ? topBook.get() : nullptr; }
 
   // As above, and hands the book to the caller.
   CEmailAB* DetachEmailBook();
+  CUserAB* DetachUsersBook();
+  CFaxAB* DetachFaxBook();
   CPrinterAB* DetachPrintersBook();
   CTopLevelAB* DetachTopBook();
 
-  // Deletes the present book and takes over `book`, or with null opens a new one on this scanner
-  // with a sliding view. 1; 0 and no change on an unbound scanner.
+  // Delete the present book and take over `book` (1), or with null open a new one on this scanner
+  // and load it, the e-mail book with a sliding view that reads nothing yet. For the users, the
+  // fax and the top-level book the result is then what its Attach gave, for the others 1. 0 and no
+  // change on an unbound scanner.
   int SetEmailBook(CEmailAB* book);
-
-  // Deletes the present book and takes over `book` (1), or with null opens a new one on this
-  // scanner and loads it (what its Attach gives). 0 and no change on an unbound scanner.
-  int SetTopBook(CTopLevelAB* book);
-
-  // The same, but 1 whatever comes of loading a new book.
+  int SetUsersBook(CUserAB* book);
+  int SetFaxBook(CFaxAB* book);
   int SetPrintersBook(CPrinterAB* book);
+  int SetTopBook(CTopLevelAB* book);
 
   // Empty the book on the server under the long time-out, which is put back whatever happens.
   // Calls: SetServerTimeout, IMSPClearAB, SetServerTimeout; the clear's status. An unbound scanner
@@ -191,6 +192,8 @@ class CScanner : public RootObject {
   Status DeleteKeyBook(std::string_view key) const;
 
  private:
+  template <class Book>
+  int Replace(std::unique_ptr<Book>& slot, Book* book, std::int32_t mode);
   Status Clear(BookKind kind, std::string_view book);
   Status Size(BookKind kind, std::string_view book, std::uint32_t* count) const;
   Status CountLists(BookKind kind, std::uint32_t* count) const;
@@ -204,9 +207,8 @@ class CScanner : public RootObject {
   std::string model;
   std::string version;
   std::unique_ptr<CEmailAB> emailBook;
-  // Stand empty until the library has these classes.
-  CUserAB* usersBook = nullptr;
-  CFaxAB* faxBook = nullptr;
+  std::unique_ptr<CUserAB> usersBook;
+  std::unique_ptr<CFaxAB> faxBook;
   std::unique_ptr<CPrinterAB> printersBook;
   std::unique_ptr<CTopLevelAB> topBook;
   CAgent* agent = nullptr;  // not owned

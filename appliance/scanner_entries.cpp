@@ -77,7 +77,7 @@ Status CScanner::CreatePrivateMembers(std::string_view list, CEmailEntry* member
   BookAccess<CEmailEntry> book = PrivateList(list);
   book.CreateBook();
   for (std::uint32_t i = 0; i < *count; ++i) {
-    if (members[i].HasNoFlags()) members[i].SetAddress({});
+    members[i].BlankPublicAddress();
     const Status status = book.Create(&members[i]);
     if (status != kNoError) return status;
   }

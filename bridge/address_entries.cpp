@@ -39,6 +39,10 @@ int CFaxEntry::Set(const EntryKey& key, std::string_view newNumber, std::string_
   return numberStored | thirdStored;
 }
 
+int CFaxEntry::SetFrom(const CFaxEntry& other) {
+  return Set(EntryKey(other.name.View()), other.number.View(), other.third.View());
+}
+
 bool CFaxEntry::IsValid() const {
   return name.IsTerminated() && number.IsTerminated() && third.IsTerminated();
 }

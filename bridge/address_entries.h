@@ -43,6 +43,12 @@ struct CEmailEntry {
   int SetAddress(std::string_view text) { return address.Set(text); }
 
   bool HasNoFlags() const { return flags == 0; }
+
+  // Empties the address of a private list's member that refers to the public book.
+  void BlankPublicAddress() {
+    if (HasNoFlags()) SetAddress({});
+  }
+
   bool IsBlank() const { return name.IsEmpty() && address.IsEmpty(); }
   bool IsValid() const { return name.IsTerminated() && address.IsTerminated(); }
 
@@ -71,6 +77,9 @@ struct CFaxEntry {
   // else 0.
   int Set(const EntryKey& key, std::string_view newNumber, std::string_view newThird);
 
+  // Set with the texts of another entry, which may be this one.
+  int SetFrom(const CFaxEntry& other);
+
   const char* Name() const { return name.c_str(); }
   const char* Number() const { return number.c_str(); }
   const char* Third() const { return third.c_str(); }
@@ -96,6 +105,9 @@ struct CFaxEntry {
   // The numbers are equal, byte for byte; the names play no part.
   static bool Matches(const CFaxEntry& a, const CFaxEntry& b) { return a.number == b.number; }
   static bool Differs(const CFaxEntry& a, const CFaxEntry& b) { return !Matches(a, b); }
+
+  // The fewest bytes of the stream form: three empty texts.
+  static constexpr std::size_t kSmallestStored = 3;
 
   // name, number, third. Loading cuts a text where its field ends.
   void Serialize(Archive& archive);

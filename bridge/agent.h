@@ -80,7 +80,8 @@ class CAgent : public RootObject {
   //   A refused login changes nothing else but IsConnected(), which is then 0. A later failure
   //   leaves the session open, and the new scanner in the list once the timer runs: the caller logs
   //   out. A scanner of the same address that was in the list is deleted.
-  // `loadPrivateBook` has no effect while the library has no private books.
+  // With `loadPrivateBook` the user's private book is then made and read, whatever comes of that:
+  // CUserRecord::LoadPrivateBook.
   Status Login(CUserRecord* user, CScanner* target, std::string& third,
                std::int32_t loadPrivateBook);
 
@@ -253,7 +254,7 @@ class CAgent : public RootObject {
   template <class Work>
   Status RunLong(Work work);
 
-  Status AdoptUser(const CUserRecord& user);
+  Status AdoptUser(const CUserRecord& user, std::int32_t loadPrivateBook);
   void AddScannerFor(const CScanner* target, std::uint32_t address, const Identity& identity);
   Status RecordedCommand(std::int32_t kind, const char* first, const char* second);
   void FreeLogRecords() { logRecords.reset(); }

@@ -60,7 +60,7 @@ void CAgent::Shutdown() {
 }
 
 Status CAgent::Login(CUserRecord* user, CScanner* target, std::string& third,
-                     std::int32_t /*loadPrivateBook*/) {
+                     std::int32_t loadPrivateBook) {
   connected = 0;
   LoginRecord login = MakeLogin(target->Address(), user->name.View(), user->password.View());
   IdentityBuffer reply;
@@ -72,11 +72,11 @@ Status CAgent::Login(CUserRecord* user, CScanner* target, std::string& third,
   StartWakeup();
   if (lastError != kNoError) return lastError;
   AddScannerFor(target, target->Address(), identity);
-  return AdoptUser(*user);
+  return AdoptUser(*user, loadPrivateBook);
 }
 
 Status CAgent::Relogin(CUserRecord* user, CScanner* target, std::string& third,
-                       std::int32_t /*loadPrivateBook*/) {
+                       std::int32_t loadPrivateBook) {
   connected = 0;
   LoginRecord login = MakeLogin(target->Address(), user->name.View(), user->password.View());
   IdentityBuffer reply;
@@ -86,7 +86,7 @@ Status CAgent::Relogin(CUserRecord* user, CScanner* target, std::string& third,
   connected = 1;
   StartWakeup();
   if (lastError != kNoError) return lastError;
-  return AdoptUser(*user);
+  return AdoptUser(*user, loadPrivateBook);
 }
 
 Status CAgent::LoginByRecord(LoginRecord* login, std::string& identity) {
@@ -151,13 +151,17 @@ Status CAgent::ModifyUser(CUserRecord* user) {
 }
 
 // Makes `user` the current one as the server knows it; on a failure there is none.
-Status CAgent::AdoptUser(const CUserRecord& user) {
+Status CAgent::AdoptUser(const CUserRecord& user, std::int32_t loadPrivateBook) {
   auto adopted = std::make_unique<CUserRecord>();
   adopted->SetFrom(nullptr, user.name.View(), user.password.View(), user.third.View(),
                    user.fourth.View(), &user.flags, &user.nibbles);
   currentUser = std::move(adopted);  // only now: `user` may be the record that goes
   const Status status = ReadUser(currentUser.get());
-  if (lastError != kNoError) currentUser.reset();
+  if (lastError != kNoError) {
+    currentUser.reset();
+  } else if (loadPrivateBook != 0) {
+    currentUser->LoadPrivateBook();
+  }
   return status;
 }
 

@@ -87,6 +87,9 @@ struct CUserEntry {
   bool IsToolkit() const { return name == kToolkitName; }
   bool IsDottedAddress() const;
 
+  // The fewest bytes of the stream form: four empty texts and two words.
+  static constexpr std::size_t kSmallestStored = 12;
+
   // name, fourth, third, password, flags, nibbles. Loading cuts a text where its field ends.
   void Serialize(Archive& archive);
 };

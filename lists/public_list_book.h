@@ -111,11 +111,12 @@ bool PublicListBook<Book, List>::Create(const List& list, std::int32_t reload) {
 }
 
 // Creates the list and its members, whose refusals go unnoticed. At 512 lists on the server code 24
-// is recorded; a count that cannot be had reads as 0.
+// is recorded; the status of the count is not looked at.
 template <class Book, class List>
 bool PublicListBook<Book, List>::CreateOnServer(const List& list) {
   std::uint32_t count = 0;
-  if (Self()->ServerListCount(&count) == kNoError && count >= MaxPublicLists) {
+  Self()->ServerListCount(&count);
+  if (count >= MaxPublicLists) {
     TheAgent.SetError(kBookFull);
     return false;
   }

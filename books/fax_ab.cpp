@@ -1,0 +1,155 @@
+#include "books/fax_ab.h"
+
+#include "appliance/scanner.h"
+#include "bridge/the_agent.h"
+
+namespace quillkit {
+
+template class PublicListBook<CFaxAB, CPubFaxDL>;
+
+const ClassRecord CFaxAB::kClass = {"CFaxAB", sizeof(CFaxAB), 1, CreateObject<CFaxAB>, nullptr};
+
+void CFaxAB::Serialize(Archive& archive) {
+  entries.Serialize(archive);
+  SerializeLists(archive);
+}
+
+int CFaxAB::Attach(CScanner* newScanner, std::int32_t load) {
+  if (newScanner == nullptr) return 0;
+  scanner = newScanner;
+  return load != 0 ? LoadEntries() : 1;
+}
+
+int CFaxAB::LoadEntries() {
+  if (scanner == nullptr || entries.Init(FaxReadCapacity, this) == 0) return 0;
+  KeyRange range;
+  auto count = static_cast<std::uint32_t>(entries.Count());
+  const Status status = ServerEntries().Read(&range, entries.Data(), &count, 1);
+  if (count == 0 || status == kDataNotFound) entries.Clear();
+  entries.Shrink(static_cast<std::int32_t>(count), 1);
+  return status == kNoError || status == kDataNotFound ? 1 : 0;
+}
+
+Status CFaxAB::SizeofBook(std::uint32_t* count) const {
+  return scanner != nullptr ? scanner->SizeofFax(count) : kRefused;
+}
+
+Status CFaxAB::ClearBook() {
+  if (scanner == nullptr) return kRefused;
+  const Status status = scanner->ClearFaxBook();
+  entries.Free();
+  LoadEntries();
+  return status;
+}
+
+int CFaxAB::AddEntry(CFaxEntry* entry, std::int32_t reload) {
+  return IsFull() ? 0 : Finish(ServerEntries().Create(entry), reload);
+}
+
+int CFaxAB::ReadEntry(CFaxEntry* entry, std::int32_t reload) {
+  return Finish(ServerEntries().ReadOne(entry), reload);
+}
+
+int CFaxAB::ModifyEntry(CFaxEntry* entry, std::int32_t reload) {
+  return Finish(ServerEntries().Modify(entry), reload);
+}
+
+int CFaxAB::RenameEntry(std::string_view oldName, CFaxEntry* entry, std::int32_t reload) {
+  return Finish(ServerEntries().Rename(oldName, entry), reload);
+}
+
+int CFaxAB::DeleteEntry(CFaxEntry* entry, std::int32_t reload) {
+  return Finish(ServerEntries().Delete(*entry), reload);
+}
+
+// What a plain change ends in.
+int CFaxAB::Finish(Status changed, std::int32_t reload) {
+  if (changed != kNoError) return 0;
+  return reload != 0 ? LoadEntries() : 1;
+}
+
+std::int32_t CFaxAB::FastAddEntry(CFaxEntry* entry) {
+  if (IsFull() || ServerEntries().Create(entry) != kNoError) return -1;
+  return entries.Append(*entry);
+}
+
+bool CFaxAB::IsFull() const {
+  if (entries.Count() < MaxFaxEntries) return false;
+  TheAgent.SetError(kBookFull);
+  return true;
+}
+
+int CFaxAB::FastModifyEntry(CFaxEntry* entry) {
+  if (ServerEntries().Modify(entry) != kNoError) return 0;
+  const std::int32_t index = FindEntryIndex(entry->name.View());
+  if (index < 0) return 0;
+  entries.SetAt(index, *entry);
+  return 1;
+}
+
+int CFaxAB::FastRenameEntry(std::string_view oldName, CFaxEntry* entry) {
+  if (ServerEntries().Rename(oldName, entry) != kNoError) return 0;
+  CFaxEntry* held = entries.At(FindEntryIndex(oldName));
+  if (held == nullptr) return 0;
+  *held = *entry;
+  return 1;
+}
+
+std::int32_t CFaxAB::FastDeleteEntry(CFaxEntry* entry) {
+  if (ServerEntries().Delete(*entry) != kNoError) return -1;
+  return entries.RemoveAt(FindEntryIndex(entry->name.View())) != 0 ? entries.Count() : -1;
+}
+
+int CFaxAB::RemoveEntryAt(std::int32_t index, std::int32_t reload) {
+  if (entries.RemoveAt(index) == 0) return 0;
+  return reload != 0 ? LoadEntries() : 1;
+}
+
+std::int32_t CFaxAB::FindEntryIndex(std::string_view name) {
+  return scanner != nullptr ? entries.FindEntryIndex(name) : -1;
+}
+
+int CFaxAB::DuplicateList(const CPubFaxDL& source, std::string_view newName, std::int32_t reload) {
+  const std::unique_ptr<CPubFaxDL> copy = Copy(source, newName);
+  return copy != nullptr ? AddList(*copy, reload) : 0;
+}
+
+int CFaxAB::FastDuplicateList(const CPubFaxDL& source, std::string_view newName) {
+  std::unique_ptr<CPubFaxDL> copy = Copy(source, newName);
+  if (copy == nullptr || FastAddList(copy.get()) < 0) return 0;
+  static_cast<void>(copy.release());
+  return 1;
+}
+
+Status CFaxAB::ServerListCount(std::uint32_t* count) const {
+  return scanner != nullptr ? scanner->CountFaxLists(count) : kRefused;
+}
+
+Status CFaxAB::ListEntryCount(std::string_view list, std::uint32_t* count) const {
+  return scanner != nullptr ? scanner->SizeofFaxList(std::string(list), count) : kRefused;
+}
+
+BookAccess<CFaxEntry> CFaxAB::MembersOf(std::string_view list) const {
+  if (scanner != nullptr) return scanner->FaxList(list);
+  return {nullptr, BookKind::kFaxList, list};
+}
+
+Status CFaxAB::EnumerateLists(ABIdent* rows, std::uint32_t* count) const {
+  return scanner != nullptr ? scanner->ListFaxLists(rows, count) : kRefused;
+}
+
+Status CFaxAB::SetServerTimeout(std::uint32_t seconds, std::uint32_t* old) const {
+  return scanner != nullptr && scanner->IsBound() ? scanner->SetServerTimeout(seconds, old)
+                                                  : kRefused;
+}
+
+CAgent* CFaxAB::Agent() {
+  return &TheAgent;
+}
+
+BookAccess<CFaxEntry> CFaxAB::ServerEntries() const {
+  if (scanner != nullptr) return scanner->FaxEntries();
+  return {nullptr, BookKind::kFax, kFaxBook};
+}
+
+}  // namespace quillkit

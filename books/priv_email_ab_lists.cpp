@@ -1,0 +1,133 @@
+// The lists of a private book, one by one.
+
+#include <memory>
+
+#include "appliance/scanner.h"
+#include "books/email_ab.h"
+#include "books/priv_email_ab.h"
+#include "books/user_ab.h"
+#include "books/user_record.h"
+#include "bridge/the_agent.h"
+#include "lists/pub_email_dl.h"
+
+namespace quillkit {
+
+const char* CPrivEmailAB::ListName(std::int32_t index) const {
+  const CPrivEmailDL* list = ListAt(index);
+  return list != nullptr ? list->Name().c_str() : nullptr;
+}
+
+int CPrivEmailAB::CopyListName(std::int32_t index, std::string& name) const {
+  const CPrivEmailDL* list = ListAt(index);
+  if (list == nullptr) return 0;
+  name = list->Name();
+  return 1;
+}
+
+CPrivEmailDL* CPrivEmailAB::SetListAt(std::int32_t index, CPrivEmailDL* list) {
+  return ListSet::SetListAt(index, list) == 0 ? list : nullptr;
+}
+
+bool CPrivEmailAB::AddList(CPrivEmailDL* list, std::int32_t reload) {
+  if (RecordsFullLists()) return false;
+  Status status = CreateServerList(list->Name());
+  if (status == kNoError) status = CreateMembersOf(*list);
+  if (reload != 0) LoadLists(1);
+  return status == kNoError;
+}
+
+std::int32_t CPrivEmailAB::AddListLocal(CPrivEmailDL* list) {
+  if (RecordsFullLists() || CreateServerList(list->Name()) != kNoError) return -1;
+  CreateMembersOf(*list);
+  return Append(std::unique_ptr<CPrivEmailDL>(list));
+}
+
+bool CPrivEmailAB::RecordsFullLists() const {
+  if (ListsAreFull()) TheAgent.SetError(kBookFull);
+  return ListsAreFull();
+}
+
+// Whatever the earlier ones gave: the last member's status, 0 without members.
+Status CPrivEmailAB::CreateMembersOf(const CPrivEmailDL& list) {
+  Status status = kNoError;
+  for (std::int32_t i = 0; i < list.Count(); ++i) {
+    CEmailEntry member = *list.GetAt(i);
+    status = CreateMember(list.Name(), &member);
+  }
+  return status;
+}
+
+bool CPrivEmailAB::DeleteList(const std::string& name, std::int32_t reload) {
+  const Status status = DeleteServerList(name);
+  if (status == kNoError && reload != 0) LoadLists(1);
+  return status == kNoError;
+}
+
+std::int32_t CPrivEmailAB::DeleteListLocal(const std::string& name) {
+  if (DeleteServerList(name) != kNoError) return -1;
+  RemoveList(name);
+  return ListCount();
+}
+
+int CPrivEmailAB::RenameList(const std::string& name, const std::string& newName,
+                             std::int32_t reload) {
+  if (RenameServerList(name, newName) != kNoError) return 0;
+  if (reload != 0) LoadLists(1);
+  return 1;
+}
+
+int CPrivEmailAB::CopyList(const CPrivEmailDL& source, const std::string& newName,
+                           std::int32_t reload) {
+  CPrivEmailDL copy;
+  return FillCopy(source, newName, &copy) && AddList(&copy, reload) ? 1 : 0;
+}
+
+int CPrivEmailAB::CopyListLocal(const CPrivEmailDL& source, const std::string& newName) {
+  auto copy = std::make_unique<CPrivEmailDL>();
+  return FillCopy(source, newName, copy.get()) && TakeOver(std::move(copy)) ? 1 : 0;
+}
+
+int CPrivEmailAB::CopyPublicList(CPubEmailDL* source, const std::string& newName,
+                                 std::int32_t reload) {
+  CPrivEmailDL copy;
+  return FillCopyOfPublic(source, newName, &copy) && AddList(&copy, reload) ? 1 : 0;
+}
+
+int CPrivEmailAB::CopyPublicListLocal(CPubEmailDL* source, const std::string& newName) {
+  auto copy = std::make_unique<CPrivEmailDL>();
+  return FillCopyOfPublic(source, newName, copy.get()) && TakeOver(std::move(copy)) ? 1 : 0;
+}
+
+bool CPrivEmailAB::TakeOver(std::unique_ptr<CPrivEmailDL> list) {
+  if (AddListLocal(list.get()) < 0) return false;
+  static_cast<void>(list.release());
+  return true;
+}
+
+// Gives `copy` the new name and the members that the server has for `source`. Whether they could be
+// read.
+bool CPrivEmailAB::FillCopy(const CPrivEmailDL& source, const std::string& newName,
+                            CPrivEmailDL* copy) {
+  const Status status = copy->Open(this, source.Name());
+  copy->SetName(newName);
+  return status == kNoError || status == kMoreData || status == kDataNotFound;
+}
+
+// The same with the members of a public list, which are read from the server where none are held.
+bool CPrivEmailAB::FillCopyOfPublic(CPubEmailDL* source, const std::string& newName,
+                                    CPrivEmailDL* copy) {
+  if (source->IsEmpty()) {
+    const CUserAB* owner = user != nullptr ? user->Owner() : nullptr;
+    const CScanner* scanner =
+        owner != nullptr ? owner->Scanner() : TheAgent.ScannerAt(TheAgent.ScannerCount() - 1);
+    CEmailAB* book = scanner != nullptr ? scanner->EmailBook() : nullptr;
+    const Status status = source->Open(book, std::string(source->Name()));
+    if (status != kNoError && status != kMoreData && status != kDataNotFound) return false;
+  }
+  copy->SetName(newName);
+  copy->SetBook(this);
+  copy->AssignFrom(*source);
+  return true;
+}
+
+}  // namespace quillkit

@@ -1,0 +1,178 @@
+#include "books/user_ab.h"
+
+#include "appliance/scanner.h"
+#include "bridge/the_agent.h"
+
+namespace quillkit {
+
+const ClassRecord CUserAB::kClass = {"CUserAB", sizeof(CUserAB), 1, CreateObject<CUserAB>, nullptr};
+
+int CUserAB::Attach(CScanner* newScanner, std::int32_t privateBooks, std::int32_t loadNow) {
+  if (newScanner == nullptr) return 0;
+  scanner = newScanner;
+  const int result = loadNow != 0 ? Load() : 1;
+  withPrivateBooks = privateBooks;
+  return result;
+}
+
+int CUserAB::Load() {
+  users.Init(MaxUsers, this);
+  const Status status = users.Load({}, 1);
+  if (status == kNoError || status == kDataNotFound) return 1;
+  users.Clear();
+  return 0;
+}
+
+CUserRecord* CUserAB::First(CUserRecord* record) {
+  walkIndex = 0;
+  return HandOutAt(walkIndex, record);
+}
+
+CUserRecord* CUserAB::Next(CUserRecord* record) {
+  return IsEmpty() ? nullptr : HandOutAt(++walkIndex, record);
+}
+
+CUserRecord* CUserAB::Previous(CUserRecord* record) {
+  return IsEmpty() ? nullptr : HandOutAt(--walkIndex, record);
+}
+
+CUserRecord* CUserAB::GetAt(std::int32_t index, CUserRecord* record) {
+  return HandOutAt(index, record);
+}
+
+int CUserAB::RemoveAt(std::int32_t index, std::int32_t reload) {
+  if (users.RemoveAt(index) == 0) return 0;
+  return reload != 0 ? Load() : 1;
+}
+
+std::int32_t CUserAB::FindFirst(const std::string& pattern, std::int32_t exact,
+                                CUserRecord* record) {
+  const std::int32_t index = users.FindFirst(pattern, exact);
+  HandOutAt(index, record);
+  return index;
+}
+
+std::int32_t CUserAB::FindNext(std::int32_t exact, CUserRecord* record) {
+  const std::int32_t index = users.FindNext(exact);
+  HandOutAt(index, record);
+  return index;
+}
+
+CUserRecord* CUserAB::HandOutAt(std::int32_t index, CUserRecord* record) {
+  const CUserEntry* source = users.PointerAt(index);
+  return source != nullptr ? HandOut(*source, record) : nullptr;
+}
+
+// The copy step. `source` may be the record itself.
+CUserRecord* CUserAB::HandOut(const CUserEntry& source, CUserRecord* record) {
+  record->SetFrom(this, source.name.View(), source.password.View(), source.third.View(),
+                  source.fourth.View(), &source.flags, &source.nibbles);
+  record->tag = source.tag;
+  record->SetPrivateBookRaw(nullptr);
+  if (withPrivateBooks != 0) record->CreatePrivateBook();
+  return record;
+}
+
+bool CUserAB::AddUser(CUserRecord* record, std::int32_t reload) {
+  return !IsFull() && Finish(Entries().Create(record), reload);
+}
+
+bool CUserAB::ReadUser(CUserRecord* record, std::int32_t reload) {
+  if (!record->name.IsTerminated()) return false;
+  return FinishWith(record, Entries().ReadOne(record), reload);
+}
+
+bool CUserAB::ModifyUser(CUserRecord* record, std::int32_t reload) {
+  return FinishWith(record, Entries().Modify(record), reload);
+}
+
+bool CUserAB::RenameUser(const std::string& oldName, CUserRecord* record, std::int32_t reload) {
+  return FinishWith(record, Entries().Rename(oldName, record), reload);
+}
+
+bool CUserAB::DeleteUser(CUserRecord* record, std::int32_t reload) {
+  ClearUserLog(*record);
+  return Finish(Entries().Delete(*record), reload);
+}
+
+// What a plain change ends in.
+bool CUserAB::Finish(Status status, std::int32_t reload) {
+  if (status == kNoError && reload != 0) Load();
+  return status == kNoError;
+}
+
+bool CUserAB::FinishWith(CUserRecord* record, Status status, std::int32_t reload) {
+  if (status == kNoError && reload != 0) HandOut(*record, record);
+  return Finish(status, reload);
+}
+
+bool CUserAB::IsFull() const {
+  if (users.Count() < MaxUsers) return false;
+  TheAgent.SetError(kBookFull);
+  return true;
+}
+
+std::int32_t CUserAB::AddLocal(CUserRecord* record) {
+  if (IsFull() || Entries().Create(record) != kNoError) return -1;
+  const std::int32_t count = users.Append(*record);
+  return count > 0 ? count : -1;
+}
+
+std::int32_t CUserAB::DeleteLocal(CUserRecord* record) {
+  if (Entries().Delete(*record) != kNoError || users.RemoveAt(users.Find(*record)) == 0) return -1;
+  return users.Count();
+}
+
+bool CUserAB::RenameLocal(const std::string& oldName, CUserRecord* record) {
+  if (Entries().Rename(oldName, record) != kNoError) return false;
+  CUserEntry old;
+  old.SetName(oldName);
+  CUserEntry* slot = users.PointerAt(users.Find(old));
+  if (slot == nullptr) return false;
+  slot->name = record->name;
+  return true;
+}
+
+bool CUserAB::ModifyLocal(CUserRecord* record) {
+  return Entries().Modify(record) == kNoError && users.SetAt(users.Find(*record), *record) != 0;
+}
+
+Status CUserAB::ServerCount(std::uint32_t* count) const {
+  return scanner != nullptr ? scanner->SizeofUsers(count) : kRefused;
+}
+
+Status CUserAB::LoadUserLog(const CUserEntry& record) const {
+  return scanner != nullptr && scanner->IsBound()
+             ? scanner->ReadLog(std::string(record.name.View()))
+             : kRefused;
+}
+
+Status CUserAB::ClearUserLog(const CUserEntry& record) const {
+  return scanner != nullptr && scanner->IsBound()
+             ? scanner->ClearLog(std::string(record.name.View()))
+             : kRefused;
+}
+
+Status CUserAB::ClearAll() {
+  CScanner* last = TheAgent.ScannerAt(TheAgent.ScannerCount() - 1);
+  if (last == nullptr || !last->IsBound()) return kRefused;
+  last->ClearLogExceptSystem();
+  const Status status = last->ClearUsersBook();
+  users.Clear();
+  Load();
+  return status;
+}
+
+BookAccess<CUserEntry> CUserAB::Entries() const {
+  return scanner != nullptr ? scanner->UserEntries()
+                            : BookAccess<CUserEntry>({}, BookKind::kUsers, kUsersBook);
+}
+
+void CUserAB::Serialize(Archive& archive) {
+  for (std::int32_t i = 0; i < users.Count(); ++i) {
+    CUserEntry record = users.GetAt(i);
+    record.Serialize(archive);
+  }
+}
+
+}  // namespace quillkit

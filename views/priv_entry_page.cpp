@@ -1,0 +1,132 @@
+#include "views/priv_entry_page.h"
+
+#include "appliance/scanner.h"
+#include "base/archive.h"
+#include "base/name_search.h"
+#include "books/priv_email_ab.h"
+#include "books/private_route.h"
+
+namespace quillkit {
+void CPrivEntryPage::Attach(std::int32_t capacity, CPrivEmailAB* newBook) {
+  if (newBook == nullptr) return;
+  privateBook = newBook;
+  Allocate(capacity);
+}
+
+Status CPrivEntryPage::Load(std::string_view startKey, std::int32_t direction) {
+  loaded = 0;
+  if (Count() <= 0 || privateBook == nullptr) return kRefused;
+  KeyRange range(startKey, {});
+  auto count = static_cast<std::uint32_t>(Count());
+  const Status status = privateBook->ReadEntries(&range, Data(), &count, direction);
+  loaded = 1;
+  if (status != kNoError || count == 0) {
+    Clear();
+    return status;
+  }
+  Shrink(static_cast<std::int32_t>(count), direction);
+  return kNoError;
+}
+
+std::int32_t CPrivEntryPage::SearchFirst(const std::string& key, std::int32_t exact) {
+  searchIndex = Search(key, 0, exact);
+  if (searchIndex >= 0) searchKey = key;
+  return searchIndex;
+}
+
+std::int32_t CPrivEntryPage::SearchNext(std::int32_t exact) {
+  const std::int32_t hit = Search(searchKey, searchIndex + 1, exact);
+  if (hit >= 0) searchIndex = hit;
+  return hit;
+}
+
+std::int32_t CPrivEntryPage::Search(std::string_view key, std::int32_t start,
+                                    std::int32_t exact) const {
+  if (start < 0) return -1;
+  return quillkit::FindName(start, Count(), key, exact == 1,
+                            [&](std::int32_t i) { return At(i)->name.View(); });
+}
+
+Status CPrivEntryPage::Add(CEmailEntry* entry, std::int32_t reload) {
+  if (Count() >= MaxPrivateEntries) return kBookFull;
+  return privateBook != nullptr ? Finish(privateBook->CreateServerEntry(entry), reload) : kRefused;
+}
+
+Status CPrivEntryPage::Read(CEmailEntry* entry, std::int32_t reload) {
+  return privateBook != nullptr ? Finish(privateBook->ReadEntry(entry), reload) : kRefused;
+}
+
+Status CPrivEntryPage::Modify(CEmailEntry* entry, std::int32_t reload) {
+  return privateBook != nullptr ? Finish(privateBook->ModifyEntry(entry), reload) : kRefused;
+}
+
+Status CPrivEntryPage::ModifyByKey(const std::string& key, CEmailEntry* entry,
+                                   std::int32_t reload) {
+  return privateBook != nullptr ? Finish(privateBook->RenameEntry(key, entry), reload) : kRefused;
+}
+
+Status CPrivEntryPage::Remove(CEmailEntry* entry, std::int32_t reload) {
+  if (privateBook == nullptr) return kRefused;
+  const Status status = privateBook->DeleteEntry(entry);
+  Finish(status, reload);
+  return status;
+}
+
+// What a plain change ends in: its own status, or that of reading the list anew.
+Status CPrivEntryPage::Finish(Status status, std::int32_t reload) {
+  if (status != kNoError || reload == 0) return status;
+  Allocate(MaxPrivateEntries);
+  return Load({}, 1);
+}
+
+std::int32_t CPrivEntryPage::AddLocal(CEmailEntry* entry) {
+  if (Count() >= MaxPrivateEntries) return kBookFull;
+  if (privateBook == nullptr || privateBook->CreateServerEntry(entry) != kNoError) return -1;
+  return Append(*entry);
+}
+
+std::int32_t CPrivEntryPage::ModifyLocal(CEmailEntry* entry) {
+  if (privateBook == nullptr) return 0;
+  return Overwrite(privateBook->ModifyEntry(entry), entry->name.View(), *entry);
+}
+
+std::int32_t CPrivEntryPage::ModifyLocalByKey(const std::string& key, CEmailEntry* entry) {
+  if (privateBook == nullptr) return 0;
+  return Overwrite(privateBook->RenameEntry(key, entry), key, *entry);
+}
+
+std::int32_t CPrivEntryPage::Overwrite(Status status, std::string_view key,
+                                       const CEmailEntry& entry) {
+  if (status != kNoError) return 0;
+  CEmailEntry* found = At(Search(key, 0, 1));
+  if (found == nullptr) return 0;
+  *found = entry;
+  return 1;
+}
+
+std::int32_t CPrivEntryPage::RemoveLocal(CEmailEntry* entry) {
+  if (privateBook == nullptr || privateBook->DeleteEntry(entry) != kNoError) return -1;
+  return RemoveAt(Search(entry->name.View(), 0, 1)) != 0 ? Count() : -1;
+}
+
+Status CPrivEntryPage::SendAll() {
+  Status status = kNoError;
+  for (std::int32_t i = 0; i < Count(); ++i) {
+    status = privateBook != nullptr ? privateBook->CreateServerEntry(At(i))
+                                    : PrivateRoute(nullptr).PrivateEntries().Create(At(i));
+  }
+  return status;
+}
+
+void CPrivEntryPage::Serialize(Archive& archive) {
+  auto count = static_cast<std::uint32_t>(Count());
+  archive.Exchange(count);
+  if (!archive.IsStoring()) {
+    Free();
+    if (!archive.CanHold(count, CEmailEntry::kSmallestStored)) return;
+    Allocate(static_cast<std::int32_t>(count));
+  }
+  for (std::int32_t i = 0; i < Count(); ++i) At(i)->Serialize(archive);
+}
+
+}  // namespace quillkit
