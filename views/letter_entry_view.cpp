@@ -67,14 +67,6 @@ CEmailEntry* CLetterEntryView::GetAt(std::int32_t index) {
   return page.At(cursor);
 }
 
-Status CLetterEntryView::Add(CEmailEntry* /*entry*/, std::int32_t /*reload*/) {
-  return kRefused;
-}
-
-std::int32_t CLetterEntryView::RemoveAt(std::int32_t /*index*/) {
-  return -1;
-}
-
 // An entry goes when it matches the one that was found by its name, and two of one name never match
 // (CEmailEntry::Matches): the walk through that name ends, and nothing has gone.
 Status CLetterEntryView::Remove(CEmailEntry* entry, std::int32_t /*flag*/) {

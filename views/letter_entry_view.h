@@ -45,8 +45,8 @@ class CLetterEntryView : public CEntryView {
   CEmailEntry* GetAt(std::int32_t index) override;
 
   // Always -1.
-  Status Add(CEmailEntry* entry, std::int32_t reload) override;
-  std::int32_t RemoveAt(std::int32_t index) override;
+  Status Add(CEmailEntry* /*entry*/, std::int32_t /*reload*/) override { return kRefused; }
+  std::int32_t RemoveAt(std::int32_t /*index*/) override { return -1; }
 
   // Removes nothing: -1, after a search for the entry that asks the server, and a step off it when
   // it was found. 0 and nothing done on an empty page. Delete through another view.

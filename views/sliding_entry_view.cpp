@@ -70,14 +70,6 @@ Status CSlidingEntryView::PositionAt(std::int32_t index) {
   return kNoError;
 }
 
-Status CSlidingEntryView::Add(CEmailEntry* /*entry*/, std::int32_t /*reload*/) {
-  return kRefused;
-}
-
-std::int32_t CSlidingEntryView::RemoveAt(std::int32_t /*index*/) {
-  return -1;
-}
-
 Status CSlidingEntryView::Remove(CEmailEntry* entry, std::int32_t flag) {
   if (book == nullptr) return kRefused;
   if (flag != 0) return book->DeleteEntry(entry);

@@ -50,8 +50,8 @@ class CSlidingEntryView : public CEntryView {
   CEmailEntry* GetAt(std::int32_t index) override;
 
   // Always -1.
-  Status Add(CEmailEntry* entry, std::int32_t reload) override;
-  std::int32_t RemoveAt(std::int32_t index) override;
+  Status Add(CEmailEntry* /*entry*/, std::int32_t /*reload*/) override { return kRefused; }
+  std::int32_t RemoveAt(std::int32_t /*index*/) override { return -1; }
 
   // Flag 0: finds the entry, asking the server, and takes it out of the span: 0, or 4 for a miss.
   // The steps then go to its neighbours; where it was alone in its page, as the book's first and

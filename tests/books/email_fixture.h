@@ -14,6 +14,7 @@
 #include "bridge/the_agent.h"
 #include "simulator/simulator.h"
 #include "tests/support/appliance_fixture.h"
+#include "tests/support/email_entry.h"
 
 namespace quillkit {
 
@@ -21,13 +22,6 @@ inline constexpr Status kServerFault = 6;
 inline constexpr Status kEarlierError = 99;
 
 using Calls = std::vector<std::string>;
-
-inline CEmailEntry MakeEntry(std::string_view name, std::string_view address = "at") {
-  CEmailEntry entry;
-  entry.SetName(name);
-  entry.SetAddress(address);
-  return entry;
-}
 
 class EmailBookTest : public ApplianceTest {
  protected:

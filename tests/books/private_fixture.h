@@ -16,17 +16,9 @@
 #include "bridge/the_agent.h"
 #include "simulator/simulator.h"
 #include "tests/support/appliance_fixture.h"
+#include "tests/support/email_entry.h"
 
 namespace quillkit {
-
-inline CEmailEntry MakeEntry(std::string_view name, std::string_view address,
-                             std::int32_t flags = 0) {
-  CEmailEntry entry;
-  entry.SetName(name);
-  entry.SetAddress(address);
-  entry.flags = flags;
-  return entry;
-}
 
 inline std::string NumberedName(int number) {
   const std::string digits = std::to_string(number);

@@ -6,6 +6,7 @@
 
 #include "books/email_ab.h"
 #include "tests/support/appliance_fixture.h"
+#include "tests/support/email_entry.h"
 #include "tests/views/generated_book.h"
 #include "tests/views/view_probes.h"
 

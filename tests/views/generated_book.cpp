@@ -5,6 +5,7 @@
 
 #include "bridge/imsp_api.h"
 #include "simulator/simulator.h"
+#include "tests/support/email_entry.h"
 
 namespace quillkit {
 namespace {
@@ -32,13 +33,6 @@ std::string NameAt(BookStyle style, std::size_t i) {
 const char* StyleName(BookStyle style) {
   constexpr const char* kNames[] = {"OneLetter", "ManyLetters", "EightBit", "ManyFirstBytes"};
   return kNames[static_cast<std::size_t>(style)];
-}
-
-CEmailEntry MakeEntry(std::string_view name, std::string_view address) {
-  CEmailEntry entry;
-  entry.SetName(name);
-  entry.SetAddress(address);
-  return entry;
 }
 
 Entries GeneratedBook(BookStyle style, std::size_t size) {

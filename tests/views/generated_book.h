@@ -28,8 +28,6 @@ Entries GeneratedBook(BookStyle style, std::size_t size);
 // was armed against its calls.
 void PutBook(const Entries& entries);
 
-CEmailEntry MakeEntry(std::string_view name, std::string_view address);
-
 }  // namespace quillkit
 
 #endif  // QUILLKIT_TESTS_VIEWS_GENERATED_BOOK_H_

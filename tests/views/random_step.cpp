@@ -1,6 +1,6 @@
 #include "tests/views/random_step.h"
 
-#include "tests/views/generated_book.h"
+#include "tests/support/email_entry.h"
 
 namespace quillkit {
 namespace {

@@ -5,6 +5,7 @@
 #include "books/email_ab.h"
 #include "simulator/simulator.h"
 #include "tests/support/appliance_fixture.h"
+#include "tests/support/email_entry.h"
 #include "tests/views/generated_book.h"
 #include "tests/views/view_probes.h"
 
