@@ -8,7 +8,8 @@
 namespace quillkit {
 
 // Whether anything has this path. "*" and "?" in the last component match any run of characters and
-// any one character; every other character stands for itself. A folder counts. False for null.
+// any one character; every other character stands for itself. A folder counts, by its name alone: a
+// path that ends in a separator has none. False for null.
 bool MatchesAnyFile(const char* path);
 
 // Creates an empty file with a unique name that begins with `prefix` (three letters) in the folder

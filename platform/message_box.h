@@ -23,7 +23,8 @@ inline constexpr unsigned kServerLibraryMissingText = 102;
 inline constexpr unsigned kSettingsKeyText = 103;
 inline constexpr unsigned kSettingsFailedText = 105;
 
-// The text of a string resource; empty for an identifier that has none.
+// The text of a string resource; empty for an identifier that has none. That of the settings key
+// has two backslashes at each joint.
 std::string LoadResourceText(unsigned id);
 
 }  // namespace quillkit

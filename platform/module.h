@@ -12,7 +12,8 @@ using EntryPoint = void (*)();
 // searched as the system does, and on POSIX also beside this library. Null on failure.
 ModuleHandle LoadModule(const char* name);
 
-// The entry point of exactly this name, or null when there is none or `module` is null.
+// The entry point of exactly this name, or null when there is none or `module` is null. On Windows
+// also null while the process ends.
 EntryPoint FindEntryPoint(ModuleHandle module, const char* name);
 
 // Undoes one LoadModule. A null module is ignored.

@@ -1,6 +1,6 @@
 // The two functions with which a POSIX application's own event loop keeps a session alive. They are
 // exported by libQuillkit.so beside the toolkit's 60 functions, and belong to the calling thread:
-// call them on the thread that logged in.
+// call them on the thread that logged in. A forked child has none of its parent's timers.
 //
 //   poll the descriptor for reading together with your own; when it is readable, call
 //   QuillkitDispatchEvents().

@@ -1,6 +1,7 @@
 #include "platform/files.h"
 
 #include <dirent.h>
+#include <fcntl.h>
 #include <stdlib.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -56,6 +57,7 @@ bool MatchesAnyFile(const char* path) {
   const std::string whole = path;
   const std::size_t split = whole.rfind('/') + 1;  // 0 without a folder
   const std::string last = whole.substr(split);
+  if (last.empty()) return false;
   if (last.find_first_of("*?") != std::string::npos) {
     return FolderHolds(whole.substr(0, split), last);
   }
@@ -68,7 +70,7 @@ std::string CreateTemporaryFile(const char* prefix) {
   const std::filesystem::path folder = std::filesystem::temp_directory_path(failure);
   if (failure) return {};
   std::string path = (folder / prefix).string() + "XXXXXX";
-  const int file = mkstemp(path.data());
+  const int file = mkostemp(path.data(), O_CLOEXEC);
   if (file == -1) return {};
   close(file);
   return path;

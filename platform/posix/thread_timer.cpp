@@ -134,12 +134,16 @@ void EndTimers(void* timers) {
   ownTimers = nullptr;
 }
 
-// Ends a thread's timers with the thread, and those of the unloading thread with the library. A
-// thread_local destructor would keep the library in memory until the thread ends. What another
-// thread still has at unloading is not reached.
+// Ends a thread's timers with the thread, those of the unloading thread with the library, and those
+// that a forked child finds: its descriptor is the parent's own. A thread_local destructor would
+// keep the library in memory until the thread ends. What another thread still has at unloading is
+// not reached.
 class ThreadEnd {
  public:
-  ThreadEnd() { watching = pthread_key_create(&key, EndTimers) == 0; }
+  ThreadEnd() {
+    watching = pthread_key_create(&key, EndTimers) == 0 &&
+               pthread_atfork(nullptr, nullptr, EndInForkedChild) == 0;
+  }
   ThreadEnd(const ThreadEnd&) = delete;
   ThreadEnd& operator=(const ThreadEnd&) = delete;
   ~ThreadEnd() {
@@ -154,6 +158,12 @@ class ThreadEnd {
   }
 
  private:
+  static void EndInForkedChild() {
+    if (ownTimers == nullptr) return;
+    pthread_setspecific(key, nullptr);
+    EndTimers(ownTimers);
+  }
+
   static inline constinit bool watching = false;
   static inline constinit pthread_key_t key = 0;
 };
