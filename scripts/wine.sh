@@ -1,18 +1,26 @@
 # A 32-bit Wine for the Windows tests, in a Debian root of its own; sourced by ./test.
 #
-# The root stands in the user's cache folder and is made once (a minute, 1.1 GB). A run works on a
-# throw-away copy of it, in mount and process namespaces of its own: nothing is left mounted or
-# running, whatever the run does, and every run begins with the same empty registry.
+# The root stands in the user's cache folder and is made once (some minutes, 1.5 GB). Nothing of it
+# is configured or run while it is made: its packages are only unpacked, so that it can be made on a
+# machine that runs no 32-bit programs. Such a machine gets an emulated one (emulator.sh). A run
+# works on a throw-away copy of the root: nothing is left mounted or running, whatever the run does,
+# and every run begins with the same registry.
 # shellcheck shell=bash
 
-wine_root=${XDG_CACHE_HOME:-$HOME/.cache}/quillkit/wine-root
+wine_cache=${XDG_CACHE_HOME:-$HOME/.cache}/quillkit
+wine_root=$wine_cache/wine-root
+
+# What a run finds, and what prepares the registry: no installers, and windows without a display.
+wine_environment=(HOME=/root PATH=/usr/lib/wine:/usr/bin:/bin WINEDEBUG=-all
+  "WINEDLLOVERRIDES=mscoree,mshtml=")
+wine_first_run='wine wineboot --init &&
+  wine reg add "HKCU\\Software\\Wine\\Drivers" /v Graphics /d null /f && wineserver -w'
 
 # make_wine_root: makes the root from the package source that this machine itself uses. It appears
 # under its name when it is complete.
-make_wine_root() {
-  local release source parts status=0
-  # shellcheck disable=SC2016 # apt-get fills $(REPO_URI) in
+make_wine_root() (
   release=$(. /etc/os-release && echo "${VERSION_CODENAME-}")
+  # shellcheck disable=SC2016 # apt-get fills $(REPO_URI) in
   source=$(apt-get indextargets --format '$(REPO_URI)' 'Created-By: Packages' 'Origin: Debian' \
     "Codename: $release" | head -n 1)
   if [ -z "$source" ]; then
@@ -20,44 +28,76 @@ make_wine_root() {
     return 1
   fi
   echo "Making a Debian root with Wine in $wine_root"
-  mkdir -p "$(dirname "$wine_root")"
+  mkdir -p "$wine_cache"
   parts=$(mktemp -d "$wine_root.XXXXXX")
-  as_root debootstrap --arch=i386 --variant=minbase --include=wine,wine32 "$release" "$parts" \
-    "$source" >"$parts.log" 2>&1 || status=$?
-  if [ "$status" = 0 ] && { [ -d "$wine_root" ] || as_root mv -T "$parts" "$wine_root"; }; then
-    as_root chmod 755 "$wine_root"
-    rm -f "$parts.log"
-    return 0
+  trap 'as_root rm -rf "$parts" "$parts.log"' EXIT
+  # shellcheck disable=SC2016 # the inner shell's own arguments
+  if ! as_root bash -euc '
+    release=$1 parts=$2 source=$3
+    debootstrap --foreign --arch=i386 --variant=minbase --include=wine32 \
+      "$release" "$parts" "$source"
+    for package in "$parts"/var/cache/apt/archives/*.deb; do
+      dpkg-deb --fsys-tarfile "$package" | tar -x -C "$parts" --keep-directory-symlink
+      rm "$package"
+    done
+    rm -rf "$parts/proc" "$parts/debootstrap"
+    mkdir -p "$parts/proc" "$parts/dev" "$parts/tmp" "$parts/root" "$parts/program"
+    echo "root:x:0:0::/root:/bin/sh" >"$parts/etc/passwd"
+    ln -sf /usr/i686-w64-mingw32/lib/zlib1.dll "$parts/usr/lib/i386-linux-gnu/wine/i386-windows/"
+    chmod 755 "$parts"
+    mv -T "$parts" "$4"
+  ' bash "$release" "$parts" "$source" "$wine_root" >"$parts.log" 2>&1; then
+    tail -n 5 "$parts.log" >&2
+    return 1
   fi
-  tail -n 5 "$parts.log" >&2
-  as_root rm -rf "$parts"
-  rm -f "$parts.log"
-  return 1
-}
+)
 
 # prepare_wine: whether Windows programs can be run.
 prepare_wine() {
-  { [ -d "$wine_root" ] || make_wine_root; } && in_wine /tmp wineboot --init
+  [ -d "$wine_root" ] || make_wine_root || return 1
+  if ! as_root chroot "$wine_root" /bin/true 2>/dev/null; then
+    echo "This machine runs no 32-bit programs: emulating one that does"
+    . scripts/emulator.sh
+    prepare_emulator
+  elif [ ! -e "$wine_root/root/.wine/user.reg" ]; then
+    in_root keep /tmp sh -c "$wine_first_run"
+  fi
 }
 
 # in_wine FOLDER PROGRAM [arguments]: runs a Windows program in a folder of this machine. Its status.
 in_wine() {
-  local folder
-  folder=$(realpath "$1")
+  local folder=$1
   shift
+  if [ "$(type -t in_emulator)" = function ]; then
+    in_emulator "$folder" wine "$@"
+  else
+    in_root discard "$folder" wine "$@"
+  fi
+}
+
+# in_root keep|discard FOLDER COMMAND...: runs a command in the root itself, or in a copy of it, with
+# the folder under /program. Mounts and processes end with it.
+in_root() {
+  local changes=$1 folder
+  folder=$(realpath "$2")
+  shift 2
   # shellcheck disable=SC2016 # the inner shell's own arguments
   as_root unshare --mount --pid --fork --kill-child bash -euc '
-    root=$1 folder=$2
-    shift 2
+    changes=$1 root=$2 folder=$3
+    shift 3
     mount -t tmpfs tmpfs /mnt
     mkdir /mnt/changes /mnt/work /mnt/root
-    mount -t overlay overlay -o "lowerdir=$root,upperdir=/mnt/changes,workdir=/mnt/work" /mnt/root
-    mkdir -p /mnt/root/program
+    if [ "$changes" = keep ]; then
+      mount --bind "$root" /mnt/root
+    else
+      mount -t overlay overlay -o "lowerdir=$root,upperdir=/mnt/changes,workdir=/mnt/work" /mnt/root
+    fi
     mount --bind "$folder" /mnt/root/program
+    mount --rbind /dev /mnt/root/dev
     mount -t proc proc /mnt/root/proc
+    mount -t tmpfs tmpfs /mnt/root/tmp
     status=0
-    chroot /mnt/root env -i HOME=/root PATH=/usr/bin:/bin WINEDEBUG=-all \
-      sh -c "cd /program && exec wine \"\$@\"" sh "$@" || status=$?
+    chroot /mnt/root sh -c "cd /program && exec env -i \"\$@\"" sh "$@" || status=$?
     exit "$status"
-  ' bash "$wine_root" "$folder" "$@"
+  ' bash "$changes" "$wine_root" "$folder" "${wine_environment[@]}" "$@"
 }
