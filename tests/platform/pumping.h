@@ -1,0 +1,39 @@
+// The calling thread as its timers see it when an application's loop runs on it.
+
+#ifndef QUILLKIT_TESTS_PLATFORM_PUMPING_H_
+#define QUILLKIT_TESTS_PLATFORM_PUMPING_H_
+
+#include <chrono>
+#include <cstdint>
+#include <thread>
+
+#include "platform/message_pump.h"
+
+namespace quillkit {
+
+// Lets the thread's due timers run. The window is no dialog, so that every message is dispatched.
+inline void Pump() {
+  static int noDialog = 0;
+  PumpThreadMessages(&noDialog);
+}
+
+inline void Sleep(std::chrono::milliseconds time) {
+  std::this_thread::sleep_for(time);
+}
+
+// Pumps until `isDone` holds: true; or for so long that it never will: false.
+template <class Condition>
+bool PumpUntil(Condition isDone) {
+  using Clock = std::chrono::steady_clock;
+  const Clock::time_point end = Clock::now() + std::chrono::seconds(60);
+  while (!isDone()) {
+    if (Clock::now() > end) return false;
+    Sleep(std::chrono::milliseconds(2));
+    Pump();
+  }
+  return true;
+}
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_TESTS_PLATFORM_PUMPING_H_
