@@ -29,18 +29,18 @@ constexpr TextField kLogTexts[] = {{0, 32}, {32, sizeof(LogRecord) - 32}};
 #undef FIELD
 
 constexpr BookType kTypes[] = {
-    {BookKind::kEmail, kEmailBook, false, sizeof(CEmailEntry), kEmailTexts},
-    {BookKind::kFax, kFaxBook, false, sizeof(CFaxEntry), kFaxTexts},
-    {BookKind::kUsers, kUsersBook, false, sizeof(CUserEntry), kUserTexts},
-    {BookKind::kPrinters, kPrintersBook, false, sizeof(PrinterRecord), kPrinterTexts},
-    {BookKind::kPrivateEmail, kPrivateBook, true, sizeof(CEmailEntry), kEmailTexts},
-    {BookKind::kPublicList, "", false, sizeof(CEmailEntry), kEmailTexts},
-    {BookKind::kPrivateList, "", true, sizeof(CEmailEntry), kEmailTexts},
-    {BookKind::kTop, kTopBook, false, sizeof(CMenuItem), kItemTexts},
-    {BookKind::kKeyItems, "", false, sizeof(CMenuItem), kItemTexts},
-    {BookKind::kFaxList, "", false, sizeof(CFaxEntry), kFaxTexts},
-    {BookKind::kLog, kLogBook, false, sizeof(LogRecord), kLogTexts},
-    {BookKind::kModels, kModelsBook, false, sizeof(PrinterModelRecord), kModelTexts},
+    {BookKind::kEmail, false, kEmailBook, sizeof(CEmailEntry), kEmailTexts},
+    {BookKind::kFax, false, kFaxBook, sizeof(CFaxEntry), kFaxTexts},
+    {BookKind::kUsers, false, kUsersBook, sizeof(CUserEntry), kUserTexts},
+    {BookKind::kPrinters, false, kPrintersBook, sizeof(PrinterRecord), kPrinterTexts},
+    {BookKind::kPrivateEmail, true, kPrivateBook, sizeof(CEmailEntry), kEmailTexts},
+    {BookKind::kPublicList, false, "", sizeof(CEmailEntry), kEmailTexts},
+    {BookKind::kPrivateList, true, "", sizeof(CEmailEntry), kEmailTexts},
+    {BookKind::kTop, false, kTopBook, sizeof(CMenuItem), kItemTexts},
+    {BookKind::kKeyItems, false, "", sizeof(CMenuItem), kItemTexts},
+    {BookKind::kFaxList, false, "", sizeof(CFaxEntry), kFaxTexts},
+    {BookKind::kLog, false, kLogBook, sizeof(LogRecord), kLogTexts},
+    {BookKind::kModels, false, kModelsBook, sizeof(PrinterModelRecord), kModelTexts},
 };
 
 }  // namespace

@@ -19,8 +19,8 @@ struct TextField {
 
 struct BookType {
   BookKind kind = BookKind::kNone;
+  bool isPrivate = false;      // each user has books of their own
   std::string_view fixedName;  // of the one book of its kind; empty: any number, each with a name
-  bool isPrivate = false;      // each user has books of his own
   std::size_t recordSize = 0;
   std::span<const TextField> texts;
 

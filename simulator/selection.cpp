@@ -3,7 +3,6 @@
 #include <string>
 
 namespace quillkit {
-
 namespace {
 
 bool IsBeginning(std::string_view filter) {

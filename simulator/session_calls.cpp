@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -19,21 +20,19 @@ void CopyText(const std::string& text, char* buffer, std::size_t capacity) {
   if (capacity != 0) std::memcpy(buffer, text.c_str(), std::min(text.size() + 1, capacity));
 }
 
-// The account of this name, or null.
-const CUserEntry* FindAccount(Appliance& appliance, const EntryKey& name, CUserEntry* account) {
+std::optional<CUserEntry> FindAccount(Appliance& appliance, const EntryKey& name) {
   const Record* const record = appliance.store.Find({BookKind::kUsers, {}, {}})->Find(name);
-  if (record == nullptr) return nullptr;
-  std::memcpy(account, record->data(), sizeof *account);
+  if (record == nullptr) return std::nullopt;
+  CUserEntry account;
+  std::memcpy(&account, record->data(), sizeof account);
   return account;
 }
 
 Status LogIn(Appliance& appliance, const LoginRecord& login) {
   EntryKey name;
   name.name = login.user;
-  CUserEntry account;
-  if (FindAccount(appliance, name, &account) == nullptr || !(account.password == login.password)) {
-    return kWrongUser;
-  }
+  const std::optional<CUserEntry> account = FindAccount(appliance, name);
+  if (!account || !(account->password == login.password)) return kWrongUser;
   appliance.session.Open(name.name.View(), appliance.clock);
   appliance.timeout = appliance.settings.timeout;
   appliance.log.Add(name.name.View(), "login");
@@ -163,8 +162,7 @@ Status IMSPChangeIdentity(EntryKey* user) {
       [user](Appliance& appliance) {
         if (user == nullptr) return kInvalidField;
         if (appliance.session.Account() != kAdministratorName) return kAccessDenied;
-        CUserEntry account;
-        if (FindAccount(appliance, *user, &account) == nullptr) return kWrongUser;
+        if (!FindAccount(appliance, *user)) return kWrongUser;
         appliance.session.ActAs(user->name.View());
         return kNoError;
       },

@@ -27,6 +27,7 @@
 //   - LOGAB offers IMSPSizeofAB, IMSPReadAB and IMSPClearAB; other calls on it give 13. It has a
 //     record (32 bytes user, then a text) of each login, logout and batch, the last 65,536.
 //   - IMSPIOCtl 7 is for ADMINISTRATOR and TOOLKIT. A backup does not hold the log.
+//   - IMSPBatchConfiguration runs the script language that simulator/batch.h describes.
 
 #ifndef QUILLKIT_SIMULATOR_SIMULATOR_H_
 #define QUILLKIT_SIMULATOR_SIMULATOR_H_

@@ -278,7 +278,7 @@ TEST_F(BookSizeTest, SizesClearingsAndCensusFollowTheFilter) {
     const auto matches = std::count_if(
         names.begin(), names.end(), [&](const std::string& name) { return Matches(name, filter); });
     EXPECT_EQ(IMSPSizeofAB(&book, filter.c_str(), &count), kNoError);
-    EXPECT_EQ(count, matches) << filter;
+    EXPECT_EQ(std::int64_t{count}, matches) << filter;
     EXPECT_EQ(IMSPClearAB(&book, filter.c_str()), kNoError);
     EXPECT_EQ(SimulatorBookSize(BookKind::kEmail, nullptr, nullptr), std::ssize(names) - matches);
   }
