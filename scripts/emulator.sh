@@ -43,10 +43,10 @@ mount -t devtmpfs dev /dev
 mount -t tmpfs tmpfs /tmp
 mount /dev/nvme0n2 /program
 stty -F /dev/ttyS1 raw
-exec </dev/null >/dev/ttyS1 2>&1
 cd /program
-bash ./.command
-echo "status $?"
+set -o pipefail
+bash ./.command </dev/null 2>&1 | cat >/dev/ttyS1
+echo "status $?" >/dev/ttyS1
 sync
 echo o >/proc/sysrq-trigger
 sleep 60

@@ -10,11 +10,15 @@
 wine_cache=${XDG_CACHE_HOME:-$HOME/.cache}/quillkit
 wine_root=$wine_cache/wine-root
 
-# What a run finds, and what prepares the registry: no installers, and windows without a display.
+# What a run finds. Wine starts no services for it: it would wait for them at every run, and nothing
+# here needs them.
 wine_environment=(HOME=/root PATH=/usr/lib/wine:/usr/bin:/bin WINEDEBUG=-all
-  "WINEDLLOVERRIDES=mscoree,mshtml=")
-wine_first_run='wine wineboot --init &&
-  wine reg add "HKCU\\Software\\Wine\\Drivers" /v Graphics /d null /f && wineserver -w'
+  "WINEDLLOVERRIDES=mscoree,mshtml,wineboot.exe=")
+
+# Fills Wine's folder and registry, once. A slow machine makes Wine lose patience with itself, but not
+# stop: what counts is that a program can be run afterwards.
+wine_first_run='WINEDLLOVERRIDES=mscoree,mshtml= wine wineboot --init; wineserver -w
+  wine cmd /c exit'
 
 # make_wine_root: makes the root from the package source that this machine itself uses. It appears
 # under its name when it is complete.
@@ -43,7 +47,11 @@ make_wine_root() (
     rm -rf "$parts/proc" "$parts/debootstrap"
     mkdir -p "$parts/proc" "$parts/dev" "$parts/tmp" "$parts/root" "$parts/program"
     echo "root:x:0:0::/root:/bin/sh" >"$parts/etc/passwd"
-    ln -sf /usr/i686-w64-mingw32/lib/zlib1.dll "$parts/usr/lib/i386-linux-gnu/wine/i386-windows/"
+    windows=$parts/root/.wine/drive_c/windows/system32
+    mkdir -p "$windows"
+    cp "$parts/usr/i686-w64-mingw32/lib/zlib1.dll" "$windows"
+    printf "%s\n" "WINE REGISTRY Version 2" "" "[Software\\\\Wine\\\\Drivers]" \
+      "\"Graphics\"=\"null\"" >"$parts/root/.wine/user.reg"
     chmod 755 "$parts"
     mv -T "$parts" "$4"
   ' bash "$release" "$parts" "$source" "$wine_root" >"$parts.log" 2>&1; then
@@ -59,7 +67,7 @@ prepare_wine() {
     echo "This machine runs no 32-bit programs: emulating one that does"
     . scripts/emulator.sh
     prepare_emulator
-  elif [ ! -e "$wine_root/root/.wine/user.reg" ]; then
+  elif [ ! -e "$wine_root/root/.wine/system.reg" ]; then
     in_root keep /tmp sh -c "$wine_first_run"
   fi
 }

@@ -5,11 +5,15 @@
 #include <cstdio>
 
 #include "platform/message_box.h"
+#include "platform/name_service.h"
 
 int main(int argc, char** argv) {
   testing::InitGoogleMock(&argc, argv);
   // No box may wait for somebody to press a button.
   quillkit::SetMessageBoxHandler(
       [](const char* text) { return std::fprintf(stderr, "%s\n", text); });
-  return RUN_ALL_TESTS();
+  if (!quillkit::StartSockets()) return 1;
+  const int result = RUN_ALL_TESTS();
+  quillkit::StopSockets();
+  return result;
 }
