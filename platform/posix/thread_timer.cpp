@@ -5,11 +5,11 @@
 
 #include <pthread.h>
 #include <sys/timerfd.h>
-#include <time.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <atomic>
+#include <ctime>
 #include <limits>
 #include <vector>
 
