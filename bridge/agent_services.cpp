@@ -83,12 +83,12 @@ Status CAgent::DatabaseCommand(std::int32_t kind, const char* first, const char*
   if (first != nullptr) {
     const std::size_t length = kCommandWordLength + std::strlen(first);
     if (length >= kCommandSize - 1) return kRefused;
-    std::memcpy(command + kCommandWordLength, first, length - kCommandWordLength);
+    std::copy_n(first, length - kCommandWordLength, command + kCommandWordLength);
     command[length] = ',';
     if (second != nullptr) {
       const std::size_t secondLength = std::strlen(second);
       if (secondLength >= kCommandSize - 2 - length) return kRefused;
-      std::memcpy(command + length + 1, second, secondLength);
+      std::copy_n(second, secondLength, command + length + 1);
     }
   }
   IOCtlRecord request;
