@@ -47,7 +47,7 @@ class NewlineFinder {
     unsigned char isNewline[kWindow];  // 0 or 1
     for (std::ptrdiff_t i = 0; i < kWindow; ++i) isNewline[i] = window[i] == '\n';
     std::uint64_t bits = 0;
-    for (int byte = 0; byte < 8; ++byte) {
+    for (std::ptrdiff_t byte = 0; byte < 8; ++byte) {
       std::uint64_t eight = 0;
       std::memcpy(&eight, isNewline + 8 * byte, 8);
       bits |= (eight * 0x0102040810204080) >> 56 << 8 * byte;  // gathers their lowest bits

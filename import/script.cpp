@@ -8,10 +8,10 @@ namespace quillkit {
 namespace {
 
 constexpr ScriptBook kScriptBooks[] = {
-    {TargetEmail, "emailab", 2, {31, 255}, "\n", true},
-    {TargetFax, "faxab", 3, {31, 79, 10}, "\n", true},
-    {TargetPrinters, "printersab", 3, {31, 255, 31}, "\n", false},
-    {TargetUsers, "usersab", 4, {31, 15, 255, 255}, " 1 0 0 1\n", false},
+    {TargetEmail, true, "emailab", 2, {31, 255}, "\n"},
+    {TargetFax, true, "faxab", 3, {31, 79, 10}, "\n"},
+    {TargetPrinters, false, "printersab", 3, {31, 255, 31}, "\n"},
+    {TargetUsers, false, "usersab", 4, {31, 15, 255, 255}, " 1 0 0 1\n"},
 };
 
 // More than any entry takes.

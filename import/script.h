@@ -28,11 +28,11 @@ inline constexpr std::size_t kMaxEntryFields = 4;
 // How the entries of a book are written.
 struct ScriptBook {
   std::int32_t target;    // ImportOptions::targetBook
+  bool hasPlainPair;      // whether anybody but the administrator fills it
   std::string_view word;  // the book's name in a script
   std::size_t fieldCount;
   std::array<std::size_t, kMaxEntryFields> widths;  // bytes of each field
   std::string_view tail;                            // follows the last field of an entry line
-  bool hasPlainPair;  // whether anybody but the administrator fills it
 };
 
 // The book for a targetBook, or null when it names none.

@@ -15,7 +15,7 @@ namespace quillkit {
 template <class Work, class... Texts>
 auto InFrame(Work work, const Texts&... texts) {
   const CallScope scope;
-  return work(std::string(texts.c_str())...);
+  return work(texts.substr(0, texts.find('\0'))...);
 }
 
 }  // namespace quillkit

@@ -98,7 +98,7 @@ TEST_F(UserSettingsTest, NameThatIsTooLongIsRefused) {
   const std::string longest(255, 'k');
   EXPECT_EQ(WriteText(Make(root + "\\" + longest), "v", "x"), kSettingsDone);
   EXPECT_THAT(Subkeys(root), ElementsAre(longest));
-  const std::string path = root + "\\" + longest + "k";
+  const std::string path = root + "\\" + std::string(300, 'k');
   EXPECT_NE(SettingsKey(path.c_str(), SettingsAccess::kWrite).OpenStatus(), kSettingsDone);
   EXPECT_NE(Open(path), kSettingsDone);
   EXPECT_NE(DeleteSettingsKey(path.c_str()), kSettingsDone);
