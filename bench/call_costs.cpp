@@ -63,7 +63,7 @@ void LoadKeysByHand(benchmark::State& state) {
   FullPanel();
   std::array<EntryKey, kKeys> names;
   std::vector<std::vector<CMenuItem>> items(kKeys, std::vector<CMenuItem>(kItems));
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     ABIdent panel(BookKind::kTop, {});
     KeyRange range({}, "*");
     std::uint32_t count = kKeys;
@@ -80,7 +80,7 @@ BENCHMARK(LoadKeysByHand)->Unit(benchmark::kMicrosecond);
 
 void LoadKeys(benchmark::State& state) {
   CTopLevelAB* book = FullPanel();
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     Require(LoadTopLevelAbook(book, 1) == 0, "LoadTopLevelAbook");
   }
   Require(GetCount(book) == kKeys && GetItemCount(GetKeyAt(book, kKeys - 1)) == kItems, "the load");
@@ -90,7 +90,7 @@ BENCHMARK(LoadKeys)->Unit(benchmark::kMicrosecond);
 void ReadSettings(benchmark::State& state) {
   auto item = std::make_unique<CMenuItem>();
   CMenuItem* record = item.get();
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     benchmark::DoNotOptimize(record);
     benchmark::DoNotOptimize(record->settings);
   }
@@ -100,7 +100,7 @@ BENCHMARK(ReadSettings);
 void GetSettings(benchmark::State& state) {
   auto item = std::make_unique<CMenuItem>();
   FullPanel();  // a session, whose timer every exported function looks at
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     benchmark::DoNotOptimize(Settings(item.get()));
   }
 }

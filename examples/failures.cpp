@@ -16,7 +16,7 @@ std::string LibraryText(std::int32_t code) {
     size = static_cast<std::int32_t>(text.size());
     if (quillkit::TranslateToolkitError(code, text.data(), &size) == 0) return {};
   }
-  return text.c_str();
+  return text.substr(0, text.find('\0'));
 }
 
 struct LocalCode {
