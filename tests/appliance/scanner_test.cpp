@@ -150,7 +150,7 @@ TEST_F(ScannerBooks, WithoutAnAgentThereIsNoLogAndNobodyToEnrol) {
   EXPECT_EQ(box_->EnrolUser(&entry), kNoError);
   EXPECT_THAT(TakeCalls(), ElementsAre("IMSPLogin 127.0.0.1 GUEST \"\"",
                                        "IMSPCreateEntry 4:USERSAB Ann", "IMSPLogout"));
-  LogIn();
+  box_ = LogIn();
   EXPECT_EQ(box_->ReadLog("GUEST"), kNoError);
   EXPECT_EQ(box_->LogCount(), TheAgent.LogCount());
   EXPECT_GT(box_->LogCount(), 0U);
