@@ -14,8 +14,8 @@ namespace {
 // The line without the spaces and newlines at its end.
 TextSpan WithoutEnd(TextSpan line) {
   while (!line.empty() && (line.back() == ' ' || line.back() == '\n')) {
+    line.back() = '\0';
     line = line.first(line.size() - 1);
-    *line.end() = '\0';
   }
   return line;
 }
@@ -82,9 +82,8 @@ int SplitMappedColumns(char* line, std::span<const std::int32_t> columnMap,
   if (columnMap.empty()) return 1;
   // Columns behind the last one that is wanted are not looked at.
   const std::int32_t last = *std::max_element(columnMap.begin(), columnMap.end());
-  char* position = line;
   for (std::int32_t column = 0; column <= last; ++column) {
-    const TextSpan field = NextField(&position, *separator);
+    const TextSpan field = NextQuotedField(column == 0 ? line : nullptr, *separator);
     if (field.data() == nullptr) break;
     if (std::find(columnMap.begin(), columnMap.end(), column) == columnMap.end()) continue;
     const std::string_view value = ValueOf(field);

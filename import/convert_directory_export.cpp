@@ -68,7 +68,7 @@ class Attribute {
 
  private:
   const std::size_t width_;
-  std::array<char, 256> value_ = {};
+  std::array<char, 255> value_ = {};  // as wide as the widest
   std::size_t size_ = 0;
   bool isSeen_ = false;
 };

@@ -1,7 +1,6 @@
 #include "import/convert_mail_server_export.h"
 
 #include <algorithm>
-#include <cstring>
 #include <string_view>
 
 #include "import/conversion.h"
@@ -16,33 +15,32 @@ constexpr std::string_view kAddressMark = "SMTP:";
 
 // The text between the quotes of a field that NextQuotedField gave, and the splitting goes on right
 // behind the closing one: so the field after it is the empty one up to the separator.
-// `end` is the end of the field's line.
-char* SplitInsideQuotes(char* field, const char* end) {
-  char* const fieldEnd = field + std::strlen(field);
-  if (fieldEnd != end) *fieldEnd = ',';
-  return NextQuotedField(field + 1, '"');
+TextSpan SplitInsideQuotes(TextSpan field, TextSpan line) {
+  if (field.end() != line.end()) field.data()[field.size()] = ',';
+  return NextQuotedField(field.data() + 1, '"');
+}
+
+bool BeginsWith(TextSpan text, char c) {
+  return !text.empty() && text.front() == c;
 }
 
 // Splits a row and gives its name, or null when the row does not count or ends before its name.
-// Three passes move a cursor from behind the row word to the name. One that finds it at a comma
-// steps over that and leaves the splitting where it stands; any other takes the next field.
-char* FindName(TextSpan line) {
-  const char* const end = line.data() + line.size();
-  char* cursor = NextQuotedField(line.data(), ',');
-  if (cursor == nullptr || cursor != kRowWord) return nullptr;
-  cursor += kRowWord.size();
-  if (cursor == end) return nullptr;
-  ++cursor;
+// Three passes go from the row word to the name. One that stands at a comma steps over that and
+// leaves the splitting where it is; any other takes the next field.
+TextSpan FindName(TextSpan line) {
+  const TextSpan word = NextQuotedField(line.data(), ',');
+  if (View(word) != kRowWord || word.end() == line.end()) return {};
+  TextSpan name(word.end() + 1, line.end());
   for (int pass = 0; pass < 3; ++pass) {
-    if (*cursor == ',') {
-      ++cursor;
+    if (BeginsWith(name, ',')) {
+      name = name.subspan(1);
       continue;
     }
-    cursor = NextQuotedField(nullptr, ',');
-    if (cursor == nullptr) return nullptr;
-    if (*cursor == '"') cursor = SplitInsideQuotes(cursor, end);
+    name = NextQuotedField(nullptr, ',');
+    if (name.data() == nullptr) return {};
+    if (BeginsWith(name, '"')) name = SplitInsideQuotes(name, line);
   }
-  return cursor;
+  return name;
 }
 
 std::size_t AddressLength(std::string_view text) {
@@ -60,16 +58,11 @@ bool FindAddress(std::string_view text, std::string_view* address) {
 }
 
 void TakeRow(TextSpan line, ScriptWriter& script, bool isAdmin) {
-  const char* const found = FindName(line);
-  if (found == nullptr) return;
-  const std::string_view name = found;
-  // Behind the name's NUL; there is nothing where that is the line's own.
-  std::string_view rest = View(line).substr(static_cast<std::size_t>(name.end() - line.data()));
-  if (rest.empty()) return;
-  rest.remove_prefix(1);
+  const TextSpan name = FindName(line);
+  if (name.data() == nullptr || name.end() == line.end()) return;
   std::string_view address;
-  if (!FindAddress(rest, &address)) return;
-  const std::string_view values[] = {name, address};
+  if (!FindAddress({name.end() + 1, line.end()}, &address)) return;
+  const std::string_view values[] = {View(name), address};
   WriteEntry(script, EmailScriptBook(), isAdmin, values);
 }
 

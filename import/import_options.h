@@ -14,11 +14,10 @@
 namespace quillkit {
 
 // ImportOptions::format: what the file holds.
-inline constexpr std::uint32_t ImportFormatDelimited = 1;   // fields separated by commas
-inline constexpr std::uint32_t ImportFormatDirectory = 16;  // attribute lines under "dn:" lines
-inline constexpr std::uint32_t ImportFormatMailServer =
-    256;                                                   // a mail server's comma-separated rows
-inline constexpr std::uint32_t ImportFormatScript = 4096;  // a ready-made import script
+inline constexpr std::uint32_t ImportFormatDelimited = 1;     // fields separated by commas
+inline constexpr std::uint32_t ImportFormatDirectory = 16;    // attribute lines under "dn:" lines
+inline constexpr std::uint32_t ImportFormatMailServer = 256;  // rows of a mail server's export
+inline constexpr std::uint32_t ImportFormatScript = 4096;     // a ready-made import script
 
 // ImportOptions::targetBook: the book that the rows of a delimited file are for. The directory and
 // mail-server formats always fill the public e-mail book.
@@ -53,6 +52,7 @@ static_assert(offsetof(ImportOptions, importContext) == 12);
 static_assert(offsetof(ImportOptions, targetBook) == 16);
 static_assert(offsetof(ImportOptions, columnCount) == 20);
 static_assert(offsetof(ImportOptions, columnMap) == 24);
+static_assert(sizeof(ImportOptions) == 28);
 
 // The whole column map. Valid as long as the record.
 // REQUIRES: the record really has columnCount entries behind it; the count is not bounded.

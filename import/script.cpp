@@ -14,9 +14,19 @@ constexpr ScriptBook kScriptBooks[] = {
     {TargetUsers, false, "usersab", 4, {31, 15, 255, 255}, " 1 0 0 1\n"},
 };
 
-// More than any entry takes.
-constexpr std::size_t kMaxEntryLine = 1024;
+// The longest line of an entry: "SE", the word, each field with a blank and two quotes, the tail.
+constexpr std::size_t LongestEntry() {
+  std::size_t longest = 0;
+  for (const ScriptBook& book : kScriptBooks) {
+    std::size_t size = 3 + book.word.size() + book.tail.size();
+    for (const std::size_t width : book.widths) size += 3 + width;
+    longest = std::max(longest, size);
+  }
+  return longest;
+}
+constexpr std::size_t kLongestEntry = LongestEntry();
 
+// Writes the text and gives the place behind it.
 char* Put(char* at, std::string_view text) {
   return std::copy(text.begin(), text.end(), at);
 }
@@ -42,7 +52,7 @@ void WriteClearLine(ScriptWriter& script, const ScriptBook& book) {
 
 void WriteEntry(ScriptWriter& script, const ScriptBook& book, bool isAdmin,
                 std::span<const std::string_view> values) {
-  char* at = script.Room(kMaxEntryLine);
+  char* at = script.Room(kLongestEntry);
   if (isAdmin) {
     at = Put(Put(at, "SE "), book.word);
     for (std::size_t i = 0; i < book.fieldCount; ++i) {
@@ -50,8 +60,9 @@ void WriteEntry(ScriptWriter& script, const ScriptBook& book, bool isAdmin,
     }
     at = Put(at, book.tail);
   } else {
-    for (std::size_t i = 0; i < 2; ++i)
+    for (std::size_t i = 0; i < 2; ++i) {
       at = Put(Put(at, values[i].substr(0, book.widths[i])), "\n");
+    }
   }
   script.Take(at);
 }

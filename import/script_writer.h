@@ -1,4 +1,5 @@
-// Writes an import script: text in pieces, through a buffer of its own, to a text file.
+// Writes an import script: text in pieces, through a buffer of its own, to a text file. A piece is
+// composed in the buffer itself.
 //
 // Lines end in '\n' here and in what the system's text files end them in on disk. The first write
 // that fails, as on a full disk, drops all later text; Close() reports it, so that a script that
@@ -28,15 +29,16 @@ class ScriptWriter {
   // Called once.
   bool Open(const char* path);
 
-  // Room for `size` characters at the end of the script, and what was written there up to `end` as
-  // its next text. REQUIRES: the file is open, and `size` is at most kBufferSize.
+  // Room for `size` characters of the script's next text, good until the next call of anything;
+  // Take then adds to the script what was written there in front of `end`.
+  // REQUIRES: the file is open, and `size` is at most kBufferSize.
   char* Room(std::size_t size) {
     if (size > kBufferSize - size_) WriteBuffer();
     return buffer_.get() + size_;
   }
   void Take(const char* end) { size_ = static_cast<std::size_t>(end - buffer_.get()); }
 
-  // REQUIRES: as Room.
+  // REQUIRES: as Room, for the text's size.
   void Append(std::string_view text) {
     Take(std::copy(text.begin(), text.end(), Room(text.size())));
   }

@@ -11,11 +11,12 @@ char* nextFieldPosition = nullptr;
 
 }  // namespace
 
-TextSpan NextField(char** position, char separator) {
-  char* const field = *position;
+TextSpan NextQuotedField(char* text, char separator) {
+  if (text != nullptr) nextFieldPosition = text;
+  char* const field = nextFieldPosition;
   if (field == nullptr) return {};
 
-  *position = nullptr;
+  nextFieldPosition = nullptr;
   char* end = field;
   for (; *end != '\0' && *end != separator; ++end) {
     if (*end != '"') continue;
@@ -24,14 +25,9 @@ TextSpan NextField(char** position, char separator) {
   }
   if (*end != '\0') {
     *end = '\0';
-    *position = end + 1;
+    nextFieldPosition = end + 1;
   }
   return {field, end};
-}
-
-char* NextQuotedField(char* text, char separator) {
-  if (text != nullptr) nextFieldPosition = text;
-  return NextField(&nextFieldPosition, separator).data();
 }
 
 TextSpan StripChar(char removed, TextSpan text) {

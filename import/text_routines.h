@@ -1,4 +1,4 @@
-// The routines that the converters share. Text is NUL-terminated and changed in place.
+// The routines that the converters share. Texts have a NUL behind them and are changed in place.
 
 #ifndef QUILLKIT_IMPORT_TEXT_ROUTINES_H_
 #define QUILLKIT_IMPORT_TEXT_ROUTINES_H_
@@ -15,16 +15,15 @@ namespace quillkit {
 // call stopped. A field runs to the next separator, which becomes a NUL, or to the end of the text;
 // two adjacent separators have an empty field between them. Quotes stay in the field. The separator
 // is looked for before the quote: a separator that is the double quote simply stops at the next
-// one. Null when there is no field: the last one was taken, or this one has a quote that is not
-// closed, which leaves the text as it was and ends the fields for good. There is one position for
-// the whole process, so splittings must not overlap.
-char* NextQuotedField(char* text, char separator);
+// one.
+//
+// Gives the field; null when there is none: the last one was taken, or this one has a quote that is
+// not closed, which leaves the text as it was and ends the fields for good. There is one position
+// for the whole process, so splittings must not overlap.
+TextSpan NextQuotedField(char* text, char separator);
 
-// What NextQuotedField does, with the position in the caller's hands: the field at `*position`,
-// which is moved behind it, to null when there is no other. A null span when there is no field.
-TextSpan NextField(char** position, char separator);
-
-// Removes every occurrence of `removed` and gives what is left, at the front of the text.
+// Removes every occurrence of `removed`, by moving down what follows it, and gives what is left. No
+// NUL is written behind that.
 TextSpan StripChar(char removed, TextSpan text);
 
 // Removes and handles the thread's pending messages for `window`, and afterwards restores the

@@ -13,7 +13,7 @@ namespace {
 
 using namespace std::string_view_literals;
 
-constexpr unsigned kFiles = 400;
+constexpr unsigned kFiles = 150;
 
 // What files are made of, beside runs of one letter.
 constexpr std::string_view kCommonPieces[] = {"\n", "\n",   "\r\n", "\r", " ",
@@ -49,7 +49,7 @@ class RandomFile {
   template <class Pieces>
   std::string Bytes(const Pieces& pieces) {
     std::string bytes;
-    for (std::size_t left = Below(80); left > 0; --left) AppendPiece(bytes, pieces);
+    for (std::size_t left = Below(250); left > 0; --left) AppendPiece(bytes, pieces);
     return bytes;
   }
 

@@ -90,15 +90,22 @@ TEST_F(ConvertDirectoryExportTest, CutsValues) {
 
 // Where in a long line "dn:" stands does not matter, and not how the line falls into eights.
 TEST_F(ConvertDirectoryExportTest, FindsTheEntryMarkAnywhereInALine) {
+  std::string file, script;
+  const auto addEntry = [&](const std::string& name, const std::string& line) {
+    file += "dn:\ncn:" + name + "\n" + line + "\nmail: box\n";
+  };
   for (std::size_t length = 3; length < 40; ++length) {
     for (std::size_t place = 0; place + 3 <= length; ++place) {
+      const std::string name = std::to_string(length) + '.' + std::to_string(place);
       std::string line(length, 'x');
       line.replace(place, 3, "dn:");
-      Expect("dn:\ncn: Ann\n" + line + "\nmail: box\n", "");
+      addEntry(name, line);
       line[place] = 'c';
-      Expect("dn:\ncn: Ann\n" + line + "\nmail: box\n", "SE emailab \"Ann\" \"box\"\n");
+      addEntry(name, line);
+      script += "SE emailab \"" + name + "\" \"box\"\n";
     }
   }
+  Expect(file, script);
 }
 
 // A piece of a long line is a line, and loses its last character.

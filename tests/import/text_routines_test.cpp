@@ -16,11 +16,12 @@ using testing::ElementsAre;
 // All fields of a text, taken as a caller of the splitter does.
 std::vector<std::string> Fields(std::string text, char separator) {
   std::vector<std::string> fields;
-  for (char* field = NextQuotedField(text.data(), separator); field != nullptr;
+  for (TextSpan field = NextQuotedField(text.data(), separator); field.data() != nullptr;
        field = NextQuotedField(nullptr, separator)) {
-    fields.emplace_back(field);
+    fields.emplace_back(View(field));
+    EXPECT_EQ(field.data()[field.size()], '\0');
   }
-  EXPECT_EQ(NextQuotedField(nullptr, separator), nullptr) << "the fields have ended for good";
+  EXPECT_EQ(NextQuotedField(nullptr, separator).data(), nullptr) << "they have ended for good";
   return fields;
 }
 
@@ -62,18 +63,18 @@ TEST(NextQuotedFieldTest, SplitsOutsideQuotes) {
 TEST(NextQuotedFieldTest, AnUnclosedQuoteLeavesTheTextAsItWas) {
   std::string text = R"(a,b"c,d)";
   NextQuotedField(text.data(), ',');
-  EXPECT_EQ(NextQuotedField(nullptr, ','), nullptr);
+  EXPECT_EQ(NextQuotedField(nullptr, ',').data(), nullptr);
   EXPECT_STREQ(text.data() + 2, R"(b"c,d)");
 }
 
 TEST(NextQuotedFieldTest, ATextBeginsAnewAndSeparatorsMayChange) {
   std::string first = "a,b,c";
   std::string second = R"(d;e"f,g)";
-  EXPECT_STREQ(NextQuotedField(first.data(), ','), "a");
-  EXPECT_STREQ(NextQuotedField(second.data(), ';'), "d");
-  EXPECT_STREQ(NextQuotedField(nullptr, '"'), "e");
-  EXPECT_STREQ(NextQuotedField(nullptr, ','), "f");
-  EXPECT_STREQ(NextQuotedField(nullptr, ','), "g");
+  EXPECT_EQ(View(NextQuotedField(first.data(), ',')), "a");
+  EXPECT_EQ(View(NextQuotedField(second.data(), ';')), "d");
+  EXPECT_EQ(View(NextQuotedField(nullptr, '"')), "e");
+  EXPECT_EQ(View(NextQuotedField(nullptr, ',')), "f");
+  EXPECT_EQ(View(NextQuotedField(nullptr, ',')), "g");
   EXPECT_STREQ(first.c_str() + 2, "b,c");
 }
 
