@@ -32,12 +32,15 @@ check_shared_object() {
   same_names "$1" "$expected" "$found"
 }
 
-# check_dll FILE: it exports the toolkit's functions, and imports Windows' own libraries alone.
+# check_dll FILE LIBRARY: it exports the toolkit's functions, which its import library offers, and
+# imports Windows' own libraries alone.
 check_dll() {
   local headers imports
   headers=$(i686-w64-mingw32-objdump -p "$1")
   same_names "$1" "$(toolkit_exports)" \
     "$(sed -n '/^\[Ordinal\/Name Pointer\] Table/,/^$/s/^\t\[ *[0-9]*\] //p' <<<"$headers" | sort)"
+  same_names "$2" "$(toolkit_exports)" \
+    "$(i686-w64-mingw32-nm "$2" 2>/dev/null | sed -n 's/^.* I __imp__//p' | sort)"
   imports=$(sed -n 's/^\tDLL Name: //p' <<<"$headers" | tr '[:upper:]' '[:lower:]' | sort -u)
   if grep -vxE 'advapi32.dll|kernel32.dll|msvcrt.dll|user32.dll|ws2_32.dll' <<<"$imports"; then
     echo "$1 imports these, which no Windows brings or which are new"
