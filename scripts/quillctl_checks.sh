@@ -21,6 +21,7 @@ check_quillctl() {
 check_quillctl_exe() {
   write_session "$1" quillctl_session.bat \
     "@echo \$ quillctl &\\n@quillctl.exe & 2>\\&1\\n@echo status %errorlevel%"
+  echo '@exit 0' >>"$1/quillctl_session.bat"  # not the status of the last run
   in_wine "$1" cmd /c quillctl_session.bat | compare_transcript "$1" 1
 }
 
