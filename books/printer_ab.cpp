@@ -2,12 +2,11 @@
 
 #include "appliance/scanner.h"
 #include "base/name_search.h"
+#include "bridge/long_timeout.h"
 #include "bridge/the_agent.h"
 
 namespace quillkit {
 namespace {
-
-constexpr std::uint32_t kLongTimeoutMilliseconds = kLongTimeout * 1000;
 
 // The last number given out. No two books have the same one, nor two loads of models.
 std::uint32_t lastReference = 0;
@@ -17,19 +16,6 @@ std::uint32_t TakeReferences(std::uint32_t count) {
   const std::uint32_t first = lastReference + 1;
   lastReference += count;
   return first;
-}
-
-Status TimeoutCall(IOCtlCode code, std::uint32_t* milliseconds) {
-  IOCtlRecord request;
-  request.code = code;
-  request.value = *milliseconds;
-  const Status status = TheAgent.IMSPIOCtl(&request);
-  *milliseconds = request.value;
-  return status;
-}
-
-Status SetTimeout(std::uint32_t milliseconds) {
-  return TimeoutCall(IOCtlCode::kSetTimeout, &milliseconds);
 }
 
 }  // namespace
@@ -65,14 +51,12 @@ Status CPrinterAB::ClearBook() {
 }
 
 Status CPrinterAB::DeleteBook() {
-  std::uint32_t old = 0;
-  const Status read = TimeoutCall(IOCtlCode::kGetTimeout, &old);
-  if (read != kNoError) return read;
-  const Status raised = SetTimeout(kLongTimeoutMilliseconds);
-  if (raised != kNoError) return raised;
+  LongTimeout timeout(&TheAgent);
+  Status status = timeout.Raise();
+  if (status != kNoError) return status;
   ABIdent book(BookKind::kPrinters, kPrintersBook);
-  const Status status = TheAgent.IMSPDeleteAB(&book);
-  SetTimeout(old);
+  status = TheAgent.IMSPDeleteAB(&book);
+  timeout.Restore();
   ClearPrinters();
   return status;
 }
