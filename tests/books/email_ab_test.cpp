@@ -19,87 +19,67 @@ using testing::IsEmpty;
 
 struct ServerOperation {
   const char* name;
-  std::function<Status(CEmailAB&)> run;
+  std::function<Status(const CEmailAB&)> run;
   Calls calls;
 };
 
 std::vector<ServerOperation> ServerOperations() {
+  using B = CEmailAB;
   static std::uint32_t count;
   static CEmailEntry entry;
   static CEmailEntry records[2];
   static EntryKey rows[2];
   static KeyRange range("Ann", "");
   static IOCtlRecord request;
-  const auto fresh = [](const char* name) {
-    entry = MakeEntry(name, "new");
-    count = 2;
-    records[0] = MakeEntry("Ann");
-    records[1] = MakeEntry("Zoe");
-    request = {};
-    return &entry;
+  count = 2;
+  request = {};
+  records[0] = MakeEntry("Ann");
+  records[1] = MakeEntry("Zoe");
+  const auto named = [](const char* name) { return entry = MakeEntry(name), &entry; };
+  std::vector<ServerOperation> all;
+  const auto add = [&all](const char* name, auto run, Calls calls) {
+    all.push_back({name, run, std::move(calls)});
   };
-  return {
-      {"EntryCount",
-       [](CEmailAB& book) { return book.EntryCount(&count); },
-       {"IMSPSizeofAB 1:EMAILAB -"}},
-      {"ServerListCount",
-       [](CEmailAB& book) { return book.ServerListCount(&count); },
-       {"IMSPListAB 64: - - 1"}},
-      {"ServerListSize",
-       [](CEmailAB& book) { return book.ServerListSize("Board", &count); },
-       {"IMSPSizeofAB 64:Board -"}},
-      {"AddEntry",
-       [=](CEmailAB& book) { return book.AddEntry(fresh("Cy")); },
-       {"IMSPSizeofAB 1:EMAILAB -", "IMSPCreateEntry 1:EMAILAB Cy"}},
-      {"ModifyEntry",
-       [=](CEmailAB& book) { return book.ModifyEntry(fresh("Ann")); },
-       {"IMSPModifyEntry 1:EMAILAB Ann Ann"}},
-      {"RenameEntry",
-       [=](CEmailAB& book) { return book.RenameEntry("Bob", fresh("Bert")); },
-       {"IMSPModifyEntry 1:EMAILAB Bob Bert"}},
-      {"DeleteEntry",
-       [=](CEmailAB& book) { return book.DeleteEntry(fresh("Bo")); },
-       {"IMSPDeleteEntry 1:EMAILAB Bo"}},
-      {"ReadEntries",
-       [=](CEmailAB& book) { return fresh(""), book.ReadEntries(&range, records, &count, 1); },
-       {"IMSPReadAB 1:EMAILAB [Ann||0] 2 1"}},
-      {"ListEntries",
-       [=](CEmailAB& book) { return fresh(""), book.ListEntries(&range, rows, &count, 1); },
-       {"IMSPListABEntries 1:EMAILAB [Ann||0] 2 1"}},
-      {"CreateMember",
-       [=](CEmailAB& book) { return book.CreateMember("Board", fresh("Cy")); },
-       {"IMSPCreateEntry 64:Board Cy"}},
-      {"CreateMemberAddress",
-       [](CEmailAB& book) { return book.CreateMemberAddress("Choir", "Cy", "at"); },
-       {"IMSPCreateEntry 64:Choir Cy"}},
-      {"ReadMember",
-       [=](CEmailAB& book) { return book.ReadMember("Board", fresh("Ann")); },
-       {"IMSPReadEntryProperties 64:Board Ann"}},
-      {"ReadMembers",
-       [=](CEmailAB& book) { return fresh(""), book.ReadMembers("Choir", records, &count); },
-       {"IMSPReadAB 64:Choir - 2 1"}},
-      {"ModifyList",
-       [=](CEmailAB& book) { return fresh(""), book.ModifyList("Board", records, &count); },
-       {"IMSPModifyEntry 64:Board Ann Ann", "IMSPModifyEntry 64:Board Zoe Zoe"}},
-      {"ModifyMember",
-       [=](CEmailAB& book) { return book.ModifyMember("Board", fresh("Ann")); },
-       {"IMSPModifyEntry 64:Board Ann Ann"}},
-      {"RenameMember",
-       [=](CEmailAB& book) { return book.RenameMember("Board", "Zoe", fresh("Zed")); },
-       {"IMSPModifyEntry 64:Board Zoe Zed"}},
-      {"DeleteMember",
-       [=](CEmailAB& book) { return book.DeleteMember("Board", fresh("Ann")); },
-       {"IMSPDeleteEntry 64:Board Ann"}},
-      {"DeleteServerList",
-       [](CEmailAB& book) { return book.DeleteServerList("Choir"); },
-       {"IMSPDeleteAB 64:Choir"}},
-      {"SetServerTimeout",
-       [](CEmailAB& book) { return book.SetServerTimeout(9, &count); },
-       {"IMSPIOCtl 2 0", "IMSPIOCtl 1 9000"}},
-      {"ServerCall",
-       [=](CEmailAB& book) { return fresh(""), book.ServerCall(&request); },
-       {"IMSPIOCtl 2 0"}},
-  };
+  add("EntryCount", [](const B& b) { return b.EntryCount(&count); }, {"IMSPSizeofAB 1:EMAILAB -"});
+  add("ServerListCount", [](const B& b) { return b.ServerListCount(&count); },
+      {"IMSPListAB 64: - - 1"});
+  add("ServerListSize", [](const B& b) { return b.ServerListSize("Board", &count); },
+      {"IMSPSizeofAB 64:Board -"});
+  add("ReadEntries",
+      [](const B& b) { return count = 2, b.ReadEntries(&range, records, &count, 1); },
+      {"IMSPReadAB 1:EMAILAB [Ann||0] 2 1"});
+  add("ListEntries", [](const B& b) { return count = 2, b.ListEntries(&range, rows, &count, 1); },
+      {"IMSPListABEntries 1:EMAILAB [Ann||0] 2 1"});
+  add("AddEntry", [=](const B& b) { return b.AddEntry(named("Cy")); },
+      {"IMSPSizeofAB 1:EMAILAB -", "IMSPCreateEntry 1:EMAILAB Cy"});
+  add("ModifyEntry", [=](const B& b) { return b.ModifyEntry(named("Ann")); },
+      {"IMSPModifyEntry 1:EMAILAB Ann Ann"});
+  add("RenameEntry", [=](const B& b) { return b.RenameEntry("Bob", named("Bert")); },
+      {"IMSPModifyEntry 1:EMAILAB Bob Bert"});
+  add("DeleteEntry", [=](const B& b) { return b.DeleteEntry(named("Bo")); },
+      {"IMSPDeleteEntry 1:EMAILAB Bo"});
+  add("ReadMembers", [](const B& b) { return count = 2, b.ReadMembers("Choir", records, &count); },
+      {"IMSPReadAB 64:Choir - 2 1"});
+  add("ReadMember", [=](const B& b) { return b.ReadMember("Board", named("Ann")); },
+      {"IMSPReadEntryProperties 64:Board Ann"});
+  add("CreateMember", [=](const B& b) { return b.CreateMember("Board", named("Cy")); },
+      {"IMSPCreateEntry 64:Board Cy"});
+  add("CreateMemberAddress", [](const B& b) { return b.CreateMemberAddress("Choir", "Cy", "at"); },
+      {"IMSPCreateEntry 64:Choir Cy"});
+  add("ModifyList", [](const B& b) { return count = 2, b.ModifyList("Board", records, &count); },
+      {"IMSPModifyEntry 64:Board Ann Ann", "IMSPModifyEntry 64:Board Zoe Zoe"});
+  add("ModifyMember", [=](const B& b) { return b.ModifyMember("Board", named("Ann")); },
+      {"IMSPModifyEntry 64:Board Ann Ann"});
+  add("RenameMember", [=](const B& b) { return b.RenameMember("Board", "Zoe", named("Zed")); },
+      {"IMSPModifyEntry 64:Board Zoe Zed"});
+  add("DeleteMember", [=](const B& b) { return b.DeleteMember("Board", named("Ann")); },
+      {"IMSPDeleteEntry 64:Board Ann"});
+  add("DeleteServerList", [](const B& b) { return b.DeleteServerList("Choir"); },
+      {"IMSPDeleteAB 64:Choir"});
+  add("SetServerTimeout", [](const B& b) { return b.SetServerTimeout(9, &count); },
+      {"IMSPIOCtl 2 0", "IMSPIOCtl 1 9000"});
+  add("ServerCall", [](const B& b) { return b.ServerCall(&request); }, {"IMSPIOCtl 2 0"});
+  return all;
 }
 
 TEST_F(EmailBookTest, EachServerOperationGivesWhatTheServerGives) {

@@ -56,6 +56,9 @@ class ModelView {
   std::int32_t LetterOfIndex(std::int32_t index, char* letter);
 
  protected:
+  static bool IsGood(Status status);
+  static std::string LetterText(char letter);
+
   const CEmailEntry* IfMatches(const CEmailEntry* entry, std::int32_t exact) const;
 
   // The census, read once: false unless that gave 0.
