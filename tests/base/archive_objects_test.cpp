@@ -17,95 +17,65 @@ namespace quillkit {
 namespace {
 
 using namespace std::literals;
+using Names = std::vector<std::string>;
 
 const std::string kClass = "\x08"s + "CScanner" + "\1\0\0\0"s;
 
-// A list that owns its scanners.
-class Scanners {
- public:
-  Scanners() = default;
-  Scanners(const Scanners&) = delete;
-  Scanners& operator=(const Scanners&) = delete;
-  ~Scanners() {
-    for (const CScanner* each : list) delete each;
-  }
+// A scanner and a list of two, as they are stored.
+const std::string kOne = kClass + "\3one\1\0\0\0\2m1\2v1"s;
+const std::string kTwo = kClass + "\3two\2\0\0\0\2m2\2v2"s;
+const std::string kList = "\2\0\0\0"s + kOne + kTwo;
 
-  void Add(const std::string& name, std::uint32_t address) {
-    auto scanner = std::make_unique<CScanner>();
-    scanner->SetName(name);
-    scanner->SetAddress(&address);
-    scanner->SetModel(name + " model");
-    scanner->SetVersion(name + " version");
-    list.push_back(scanner.release());
-  }
-
-  std::string Stored() {
-    std::string bytes;
-    Archive archive(&bytes);
-    archive.Exchange(list);
-    return bytes;
-  }
-
-  // Whether all of it loaded.
-  bool Load(std::string_view bytes) {
-    Archive archive(bytes);
-    archive.Exchange(list);
-    return !archive.Failed();
-  }
-
-  std::vector<std::string> Names() const {
-    std::vector<std::string> names;
-    for (const CScanner* each : list) names.push_back(each->Name());
-    return names;
-  }
-
+// The names of the scanners that a list then holds, and whether all of it loaded.
+Names LoadList(std::string_view bytes, bool* whole) {
+  Archive archive(bytes);
   std::list<CScanner*> list;
-};
-
-TEST(ArchiveObjects, AListComesBackWithItsObjects) {
-  Scanners stored;
-  stored.Add("one", 0x0100007F);
-  stored.Add("two", 0xFFFFFFFF);
-  Scanners loaded;
-  loaded.Add("there", 1);
-  ASSERT_TRUE(loaded.Load(stored.Stored()));
-  EXPECT_EQ(loaded.Names(), (std::vector<std::string>{"there", "one", "two"}));
-  const CScanner& last = *loaded.list.back();
-  EXPECT_EQ(last.Address(), 0xFFFFFFFF);
-  EXPECT_EQ(last.Model(), "two model");
-  EXPECT_EQ(last.Version(), "two version");
-  EXPECT_FALSE(last.IsBound());
+  archive.Exchange(list);
+  *whole = !archive.Failed();
+  Names names;
+  for (const CScanner* each : list) {
+    names.push_back(each->Name());
+    delete each;
+  }
+  return names;
 }
 
-TEST(ArchiveObjects, AnObjectIsItsClassItsSchemaAndItsFields) {
-  CScanner scanner;
-  scanner.SetName("n");
-  const std::uint32_t address = 0x04030201;
-  scanner.SetAddress(&address);
-  scanner.SetModel("m");
+TEST(ArchiveObjects, AListIsItsCountAndItsObjects) {
+  CScanner scanners[2];
+  std::list<CScanner*> list;
+  for (std::uint32_t i = 0; i < 2; ++i) {
+    const std::uint32_t address = i + 1;
+    const std::string number = std::to_string(address);
+    scanners[i].SetName(i == 0 ? "one" : "two");
+    scanners[i].SetAddress(&address);
+    scanners[i].SetModel("m" + number);
+    scanners[i].SetVersion("v" + number);
+    list.push_back(&scanners[i]);
+  }
   std::string bytes;
-  Archive archive(&bytes);
-  archive.StoreObject(&scanner);
-  archive.StoreObject(nullptr);
-  EXPECT_EQ(bytes, kClass + "\1n\1\2\3\4\1m\0\0"s);
-}
+  Archive storing(&bytes);
+  storing.Exchange(list);
+  storing.StoreObject(nullptr);
+  EXPECT_EQ(bytes, kList + "\0"s);
 
-TEST(ArchiveObjects, NullComesBackAsNull) {
-  Archive archive("\0rest"sv);
-  EXPECT_EQ(archive.LoadObject<CScanner>(), nullptr);
-  EXPECT_FALSE(archive.Failed());
-  EXPECT_EQ(archive.Remaining(), 4U);
+  Archive loading{std::string_view(bytes)};
+  loading.Exchange(list);
+  EXPECT_EQ(loading.LoadObject<CScanner>(), nullptr);
+  EXPECT_FALSE(loading.Failed());
+  ASSERT_EQ(list.size(), 4U) << "behind what is there";
+  const std::unique_ptr<CScanner> one(*std::next(list.begin(), 2));
+  const std::unique_ptr<CScanner> two(list.back());
+  EXPECT_EQ(one->Name() + one->Model() + one->Version(), "onem1v1");
+  EXPECT_EQ(two->Address(), 2U);
 }
 
 // What follows the class is a scanner's content in each case, so that only the class can be at
 // fault.
 TEST(ArchiveObjects, OtherClassesAreNotMade) {
-  const std::string content = "\0\0\0\0\0\0\0"s;
   for (const std::string& identity :
-       {"\x08"s + "CUnknown" + "\1\0\0\0"s, "\x08"s + "cscanner" + "\1\0\0\0"s,
-        "\x0B"s + "CTopLevelAB" + "\1\0\0\0"s, "\x08"s + "CScanner" + "\2\0\0\0"s,
-        "\x0A"s + "RootObject" + "\1\0\0\0"s}) {
-    const std::string bytes = identity + content;
+       {"\x08"s + "CUnknown" + "\1\0\0\0"s, "\x0B"s + "CTopLevelAB" + "\1\0\0\0"s,
+        "\x08"s + "CScanner" + "\2\0\0\0"s, "\x0A"s + "RootObject" + "\1\0\0\0"s}) {
+    const std::string bytes = identity + std::string(7, '\0');
     Archive archive{std::string_view(bytes)};
     EXPECT_EQ(archive.LoadObject<CScanner>(), nullptr) << identity;
     EXPECT_TRUE(archive.Failed()) << identity;
@@ -113,48 +83,28 @@ TEST(ArchiveObjects, OtherClassesAreNotMade) {
 }
 
 TEST(ArchiveObjects, AListGivesTheWholeObjectsOfACutStream) {
-  Scanners stored;
-  stored.Add("one", 1);
-  const std::size_t firstEnd = stored.Stored().size();
-  stored.Add("two", 2);
-  const std::string bytes = stored.Stored();
-  for (std::size_t length = 4; length < bytes.size(); ++length) {
+  bool whole = true;
+  for (std::size_t length = 4; length < kList.size(); ++length) {
     SCOPED_TRACE(length);
-    Scanners loaded;
-    EXPECT_FALSE(loaded.Load(bytes.substr(0, length)));
-    EXPECT_EQ(loaded.list.size(), length < firstEnd ? 0U : 1U);
+    const bool holdsOne = length >= 4 + kOne.size();
+    EXPECT_EQ(LoadList(kList.substr(0, length), &whole), holdsOne ? Names{"one"} : Names{});
+    EXPECT_FALSE(whole);
   }
-}
-
-TEST(ArchiveObjects, ACountThatLiesEndsWithTheStream) {
-  Scanners stored;
-  stored.Add("one", 1);
-  std::string bytes = stored.Stored();
-  bytes.replace(0, 4, "\xFF\xFF\xFF\xFF");
-  Scanners loaded;
-  EXPECT_FALSE(loaded.Load(bytes));
-  EXPECT_EQ(loaded.list.size(), 1U);
-
-  Scanners none;
-  EXPECT_FALSE(none.Load("\1\0\0\0\0"s)) << "a list holds no null";
-  EXPECT_TRUE(none.list.empty());
+  EXPECT_EQ(LoadList("\xFF\xFF\xFF\xFF"s + kOne, &whole), Names{"one"});
+  EXPECT_FALSE(whole);
+  EXPECT_EQ(LoadList("\1\0\0\0\0"s, &whole), Names{});
+  EXPECT_FALSE(whole) << "a list holds no null";
 }
 
 // Every byte of a good stream changed in turn: what comes out is whole objects, however many.
 TEST(ArchiveObjects, ADamagedStreamGivesWholeObjectsOrNone) {
-  Scanners stored;
-  stored.Add("one", 1);
-  stored.Add("two", 2);
-  const std::string bytes = stored.Stored();
-  for (std::size_t place = 0; place < bytes.size(); ++place) {
+  for (std::size_t place = 0; place < kList.size(); ++place) {
     for (const char damage : {'\0', '\x01', '\x7F', '\xFE', '\xFF'}) {
       SCOPED_TRACE(testing::Message() << "byte " << place << " is " << int{damage});
-      std::string damaged = bytes;
+      std::string damaged = kList;
       damaged[place] = damage;
-      Scanners loaded;
-      loaded.Load(damaged);
-      EXPECT_LE(loaded.list.size(), 2U);
-      for (const CScanner* each : loaded.list) EXPECT_LE(each->Name().size(), bytes.size());
+      bool whole = true;
+      EXPECT_LE(LoadList(damaged, &whole).size(), 2U);
     }
   }
 }

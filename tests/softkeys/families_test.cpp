@@ -21,17 +21,28 @@ using testing::IsEmpty;
 constexpr Status kFault = 11;
 constexpr Status kEarlier = 17;
 
-struct Change {
-  const char* name;
-  bool ofItems;  // of those of the key B, else of the keys
-  const char* call;
-  std::function<Status(CTopLevelAB&, bool)> plain;
-  std::function<std::int32_t(CTopLevelAB&)> fast;
+// What a kind of change gives and leaves, of the names B, C and D before it.
+struct Effect {
   std::int32_t success;  // of Fast
   std::int32_t failure;  // of Fast
   Names patched;         // the cache after Fast
   Names server;
-  bool reloads = true;  // a plain rename of a key never does
+};
+
+const Effect kAdds = {4, -1, {"B", "C", "D", "A"}, {"A", "B", "C", "D"}};
+const Effect kModifies = {1, 0, {"B", "C", "D"}, {"B", "C", "D"}};
+const Effect kRenames = {1, 0, {"B", "A", "D"}, {"A", "B", "D"}};
+const Effect kRemoves = {2, -1, {"B", "D"}, {"B", "D"}};
+
+enum Of { kKeys, kItems };  // the items are those of the key B
+
+struct Change {
+  const char* name;
+  Of of;
+  const Effect& effect;
+  const char* call;
+  std::function<Status(CTopLevelAB&, bool)> plain;
+  std::function<std::int32_t(CTopLevelAB&)> fast;
 };
 
 std::ostream& operator<<(std::ostream& out, const Change& each) {
@@ -54,62 +65,33 @@ CMenuItem* Item(const char* name) {
 
 std::vector<Change> Changes() {
   using Book = CTopLevelAB;
-  const Names added = {"B", "C", "D", "A"};
-  const Names renamed = {"B", "A", "D"};
-  const Names all = {"B", "C", "D"};
-  const Names rest = {"B", "D"};
   return {
-      {"AddKey",
-       false,
-       "IMSPCreateEntry 256:TOPAB A",
+      {"AddKey", kKeys, kAdds, "IMSPCreateEntry 256:TOPAB A",
        [](Book& book, bool reload) { return book.AddKey("A", reload); },
-       [](Book& book) { return book.FastKeyAdd(Key("A")); },
-       4,
-       -1,
-       added,
-       {"A", "B", "C", "D"}},
-      {"ModifyKey", false, "IMSPModifyEntry 256:TOPAB C C",
+       [](Book& book) { return book.FastKeyAdd(Key("A")); }},
+      {"ModifyKey", kKeys, kModifies, "IMSPModifyEntry 256:TOPAB C C",
        [](Book& book, bool reload) { return book.ModifyKey(Key("C"), reload); },
-       [](Book& book) { return book.FastKeyModify(&Key("C")); }, 1, 0, all, all},
-      {"RenameKey",
-       false,
-       "IMSPModifyEntry 256:TOPAB C A",
+       [](Book& book) { return book.FastKeyModify(&Key("C")); }},
+      {"RenameKey", kKeys, kRenames, "IMSPModifyEntry 256:TOPAB C A",
        [](Book& book, bool) { return book.RenameSoftKey("C", Key("A")); },
-       [](Book& book) { return book.FastKeyRename("C", Key("A")); },
-       1,
-       0,
-       renamed,
-       {"A", "B", "D"},
-       false},
-      {"RemoveKey", false, "IMSPDeleteAB 512:C",
+       [](Book& book) { return book.FastKeyRename("C", Key("A")); }},
+      {"RemoveKey", kKeys, kRemoves, "IMSPDeleteAB 512:C",
        [](Book& book, bool reload) { return book.DeleteKey("C", reload); },
-       [](Book& book) { return book.FastKeyRemove(Key("C")); }, 2, -1, rest, rest},
-      {"AddItem",
-       true,
-       "IMSPCreateEntry 512:B A",
+       [](Book& book) { return book.FastKeyRemove(Key("C")); }},
+      {"AddItem", kItems, kAdds, "IMSPCreateEntry 512:B A",
        [](Book& book, bool reload) { return book.KeyAt(0)->AddMenuItem(Item("A"), reload); },
-       [](Book& book) { return book.KeyAt(0)->FastItemAdd(Item("A")); },
-       4,
-       -1,
-       added,
-       {"A", "B", "C", "D"}},
-      {"ModifyItem", true, "IMSPModifyEntry 512:B C C",
+       [](Book& book) { return book.KeyAt(0)->FastItemAdd(Item("A")); }},
+      {"ModifyItem", kItems, kModifies, "IMSPModifyEntry 512:B C C",
        [](Book& book, bool reload) { return book.KeyAt(0)->ModifyMenuItem(Item("C"), reload); },
-       [](Book& book) { return book.KeyAt(0)->FastItemModify(Item("C")); }, 1, 0, all, all},
-      {"RenameItem",
-       true,
-       "IMSPModifyEntry 512:B C A",
+       [](Book& book) { return book.KeyAt(0)->FastItemModify(Item("C")); }},
+      {"RenameItem", kItems, kRenames, "IMSPModifyEntry 512:B C A",
        [](Book& book, bool reload) {
          return book.KeyAt(0)->RenameMenuItem("C", Item("A"), reload);
        },
-       [](Book& book) { return book.KeyAt(0)->FastItemRename("C", Item("A")); },
-       1,
-       0,
-       renamed,
-       {"A", "B", "D"}},
-      {"RemoveItem", true, "IMSPDeleteEntry 512:B C",
+       [](Book& book) { return book.KeyAt(0)->FastItemRename("C", Item("A")); }},
+      {"RemoveItem", kItems, kRemoves, "IMSPDeleteEntry 512:B C",
        [](Book& book, bool reload) { return book.KeyAt(0)->DeleteMenuItem("C", reload); },
-       [](Book& book) { return book.KeyAt(0)->FastItemRemove(Item("C")); }, 2, -1, rest, rest},
+       [](Book& book) { return book.KeyAt(0)->FastItemRemove(Item("C")); }},
   };
 }
 
@@ -125,45 +107,44 @@ class Families : public PanelTest, public testing::WithParamInterface<Change> {
     SimulatorClearJournal();
   }
 
-  Names Cached() { return change_.ofItems ? NamesOf(*book_.KeyAt(0)) : NamesOf(book_); }
-  Names Stored() { return change_.ofItems ? ServerItems("B") : ServerKeys(); }
+  Names Cached() { return ofItems_ ? NamesOf(*book_.KeyAt(0)) : NamesOf(book_); }
+  Names Stored() { return ofItems_ ? ServerItems("B") : ServerKeys(); }
 
-  // The calls of a reload.
-  std::vector<std::string> ReloadCalls() {
-    if (change_.ofItems) return {ReadCall("B")};
-    std::vector<std::string> calls = {kListCall};
-    for (const std::string& each : change_.server) calls.push_back(ReadCall(each));
-    return calls;
+  void AppendReloadCalls(std::vector<std::string>& calls) const {
+    if (ofItems_) return calls.push_back(ReadCall("B"));
+    calls.push_back(kListCall);
+    for (const std::string& each : effect_.server) calls.push_back(ReadCall(each));
   }
 
   const Change& change_ = GetParam();
+  const Effect& effect_ = change_.effect;
+  const bool ofItems_ = change_.of == kItems;
+  const bool reloads_ = ofItems_ || &effect_ != &kRenames;  // a plain rename of a key never does
   const Names before_ = {"B", "C", "D"};
 };
 
 TEST_P(Families, PlainWithReloadReadsAnew) {
   std::vector<std::string> calls = {change_.call};
-  for (const std::string& each : ReloadCalls()) {
-    if (change_.reloads) calls.push_back(each);
-  }
+  if (reloads_) AppendReloadCalls(calls);
   EXPECT_EQ(change_.plain(book_, true), kNoError);
   EXPECT_EQ(TakeCalls(), calls);
-  EXPECT_EQ(Stored(), change_.server);
-  EXPECT_EQ(Cached(), change_.reloads ? change_.server : before_);
+  EXPECT_EQ(Stored(), effect_.server);
+  EXPECT_EQ(Cached(), reloads_ ? effect_.server : before_);
 }
 
 TEST_P(Families, PlainWithoutReloadLeavesTheCache) {
   EXPECT_EQ(change_.plain(book_, false), kNoError);
   EXPECT_THAT(TakeCalls(), ElementsAre(change_.call));
-  EXPECT_EQ(Stored(), change_.server);
+  EXPECT_EQ(Stored(), effect_.server);
   EXPECT_EQ(Cached(), before_);
 }
 
 TEST_P(Families, FastPatchesTheCacheInPlace) {
   CSoftKey* first = book_.KeyAt(0);
-  EXPECT_EQ(change_.fast(book_), change_.success);
+  EXPECT_EQ(change_.fast(book_), effect_.success);
   EXPECT_THAT(TakeCalls(), ElementsAre(change_.call));
-  EXPECT_EQ(Stored(), change_.server);
-  EXPECT_EQ(Cached(), change_.patched);
+  EXPECT_EQ(Stored(), effect_.server);
+  EXPECT_EQ(Cached(), effect_.patched);
   EXPECT_EQ(book_.KeyAt(0), first);
   for (int i = 0; i < first->ItemCount(); ++i) {
     CMenuItem stored;
@@ -176,7 +157,7 @@ TEST_P(Families, FastPatchesTheCacheInPlace) {
 TEST_P(Families, ARefusalChangesNothing) {
   SimulatorFail(nullptr, 0, kFault);
   EXPECT_EQ(change_.plain(book_, true), kFault);
-  EXPECT_EQ(change_.fast(book_), change_.failure);
+  EXPECT_EQ(change_.fast(book_), effect_.failure);
   EXPECT_EQ(TheAgent.LastError(), kFault);
   EXPECT_THAT(TakeCalls(), ElementsAre(change_.call, change_.call));
   EXPECT_EQ(Cached(), before_);
@@ -186,22 +167,20 @@ TEST_P(Families, ARefusalChangesNothing) {
 TEST_P(Families, AReloadThatFailsIsTheResultOfAChangeThatStands) {
   SimulatorSetLies(kLieFailedCount);
   SimulatorFail(nullptr, 2, kFault);
-  EXPECT_EQ(change_.plain(book_, true), change_.reloads ? kFault : kNoError);
-  EXPECT_EQ(Stored(), change_.server);
-  if (change_.reloads) {
-    EXPECT_EQ(change_.ofItems ? Cached() : NamesOf(book_), Names(change_.ofItems ? 512 : 0));
-  }
+  EXPECT_EQ(change_.plain(book_, true), reloads_ ? kFault : kNoError);
+  EXPECT_EQ(Stored(), effect_.server);
+  EXPECT_EQ(Cached(), reloads_ ? Names(ofItems_ ? 512 : 0) : before_);
 }
 
 TEST_P(Families, FastFailsWhenTheServerChangedWhatIsNotCached) {
-  if (change_.ofItems) {
+  if (ofItems_) {
     book_.KeyAt(0)->ItemAt(1)->SetName("X");
   } else {
     book_.KeyAt(1)->SetKeyName("X");
   }
-  const bool adds = change_.success == 4;
-  EXPECT_EQ(change_.fast(book_), adds ? 4 : change_.failure);
-  EXPECT_EQ(Stored(), change_.server);
+  const bool adds = &effect_ == &kAdds;
+  EXPECT_EQ(change_.fast(book_), adds ? 4 : effect_.failure);
+  EXPECT_EQ(Stored(), effect_.server);
   EXPECT_EQ(Cached(), adds ? (Names{"B", "X", "D", "A"}) : (Names{"B", "X", "D"}));
 }
 
@@ -213,10 +192,10 @@ TEST_P(Families, NothingIsAskedWithoutAScannerOrAnOwner) {
   TakeCalls();
   TheAgent.SetError(kEarlier);
   EXPECT_EQ(change_.plain(unattached, true), kRefused);
-  EXPECT_EQ(change_.fast(unattached), change_.failure);
-  if (change_.ofItems) {  // the keys of a listing alone have no owner
+  EXPECT_EQ(change_.fast(unattached), effect_.failure);
+  if (ofItems_) {  // the keys of a listing alone have no owner
     EXPECT_EQ(change_.plain(book_, true), kRefused);
-    EXPECT_EQ(change_.fast(book_), change_.failure);
+    EXPECT_EQ(change_.fast(book_), effect_.failure);
   }
   EXPECT_EQ(TheAgent.LastError(), kEarlier);
   EXPECT_THAT(TakeCalls(), IsEmpty());
