@@ -25,7 +25,7 @@ std::int32_t RunConverter(Converter converter, const char* source, const char* s
 }
 
 void ConverterTest::ExpectScript(Converter converter, std::string_view file,
-                                 std::string_view script, const model::Request& request) {
+                                 std::string_view script, const model::Request& request) const {
   const std::string source = folder_.Write("source", file);
   const std::string output = folder_.PathOf("script");
   ASSERT_EQ(RunConverter(converter, source.c_str(), output.c_str(), request), 0);
@@ -39,13 +39,7 @@ std::string ConverterTest::OnDisk(std::string_view text) const {
     return ReadBytes(folder_.PathOf("newline"));
   }();
   std::string bytes;
-  for (const char c : text) {
-    if (c == '\n') {
-      bytes += newline;
-    } else {
-      bytes += c;
-    }
-  }
+  for (const char c : text) bytes += c == '\n' ? newline : std::string(1, c);
   return bytes;
 }
 

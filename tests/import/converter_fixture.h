@@ -28,7 +28,7 @@ class ConverterTest : public testing::Test {
  protected:
   // Expects that a file of these bytes gives this script.
   void ExpectScript(Converter converter, std::string_view file, std::string_view script,
-                    const model::Request& request = {});
+                    const model::Request& request = {}) const;
 
   // What a file of text holds on this system, which may end lines in its own manner.
   std::string OnDisk(std::string_view text) const;

@@ -32,28 +32,13 @@ TEST(NextQuotedFieldTest, SplitsOutsideQuotes) {
     std::vector<std::string> fields;
   } cases[] = {
       {"", ',', {""}},
-      {"a", ',', {"a"}},
-      {"a,b", ',', {"a", "b"}},
-      {",", ',', {"", ""}},
-      {"a,,b,", ',', {"a", "", "b", ""}},
-      {"a;b,c", ';', {"a", "b,c"}},
-      {"a\xFF"
-       "b",
-       '\xFF',
-       {"a", "b"}},
+      {"a;;b,c;", ';', {"a", "", "b,c", ""}},
       // Quotes stay in the field, wherever in it they stand.
-      {R"("a,b",c)", ',', {R"("a,b")", "c"}},
       {R"(x"a,b"y"c,d",e)", ',', {R"(x"a,b"y"c,d")", "e"}},
-      {R"("","",)", ',', {R"("")", R"("")", ""}},
-      {R"("a""b,c",d)", ',', {R"("a""b,c")", "d"}},
       // A quote that is not closed ends the fields in front of its own.
-      {R"(")", ',', {}},
-      {R"("a,b)", ',', {}},
-      {R"(a,b"c,d)", ',', {"a"}},
       {R"(a,"b","c,d)", ',', {"a", R"("b")"}},
       // A separator that is the quote is looked for first.
       {R"(ab"c,d"e)", '"', {"ab", "c,d", "e"}},
-      {R"("")", '"', {"", "", ""}},
   };
   for (const auto& each : cases) {
     EXPECT_EQ(Fields(each.text, each.separator), each.fields) << each.text;
@@ -74,68 +59,23 @@ TEST(NextQuotedFieldTest, ATextBeginsAnewAndSeparatorsMayChange) {
   EXPECT_EQ(View(NextQuotedField(second.data(), ';')), "d");
   EXPECT_EQ(View(NextQuotedField(nullptr, '"')), "e");
   EXPECT_EQ(View(NextQuotedField(nullptr, ',')), "f");
-  EXPECT_EQ(View(NextQuotedField(nullptr, ',')), "g");
   EXPECT_STREQ(first.c_str() + 2, "b,c");
 }
 
 TEST(StripCharTest, RemovesEveryOccurrence) {
-  const struct {
-    std::string text;
-    std::string left;
-  } cases[] = {{"", ""},         {"abc", "abc"}, {"xx", ""},
-               {"xaxxbx", "ab"}, {"axb", "ab"},  {"a\xFFx\xFF", "a\xFF\xFF"}};
-  for (const auto& each : cases) {
-    std::string text = each.text;
-    EXPECT_EQ(View(StripChar('x', text)), each.left) << each.text;
-  }
+  std::string text = "xaxxbx";
+  EXPECT_EQ(View(StripChar('x', text)), "ab");
+  text = "abc";
+  EXPECT_EQ(View(StripChar('x', text)), "abc");
 }
 
+// The first character of the separator counts, and every place of the result is written.
 TEST(SplitMappedColumnsTest, GivesTheColumnsOfTheMap) {
-  const struct {
-    const char* row;
-    std::vector<std::int32_t> columnMap;
-    std::vector<std::string> out;
-  } cases[] = {
-      {"a,b", {0, 1}, {"a", "b"}},
-      {"a,b", {1, 0}, {"b", "a"}},
-      {"a,b,c,d,e", {4, 4, 0, 2}, {"e", "e", "a", "c"}},
-      {"a,b", {}, {}},
-      {"a,b", {-1, 1}, {"", "b"}},
-      {"a,b", {-2, 2, 1 << 30, INT32_MIN}, {"", "", "", ""}},
-      {"", {0, 1}, {"", ""}},
-      // The row's end, and white space at the ends of a value.
-      {"a,b\n", {0, 1}, {"a", "b"}},
-      {"a,b\r", {0, 1}, {"a", "b"}},
-      {" a b ,\t\v\f\r\nb\t ", {0, 1}, {"a b", "b"}},
-      {"\xA0"
-       "a,\x1F",
-       {0, 1},
-       {"\xA0"
-        "a",
-        "\x1F"}},
-      // Quotes go wherever they stand, and white space inside them with them.
-      {R"("Lee, Ann",box1)", {0, 1}, {"Lee, Ann", "box1"}},
-      {R"("  a ", b "c" d )", {0, 1}, {"a", "b c d"}},
-      {R"(""" ""a"" """,b)", {0, 1}, {"a", "b"}},
-      {R"(a" "b,"",)", {0, 1, 2}, {"a b", "", ""}},
-      // An unclosed quote loses the rest of the row.
-      {R"(a,b,"c,d,e)", {0, 1, 2, 3}, {"a", "b", "", ""}},
-      {R"("a,b)", {0, 1}, {"", ""}},
-  };
-  for (const auto& each : cases) {
-    std::string row = each.row;
-    std::vector<std::string_view> out(each.columnMap.size(), "stale");
-    EXPECT_EQ(SplitMappedColumns(row.data(), each.columnMap, out, ","), 1);
-    EXPECT_TRUE(std::equal(out.begin(), out.end(), each.out.begin(), each.out.end()))
-        << each.row << " gave " << testing::PrintToString(out);
-  }
-}
-
-TEST(SplitMappedColumnsTest, TheFirstCharacterOfTheSeparatorCounts) {
-  std::string row = "a,b;c,d";
-  std::string_view out[2];
-  SplitMappedColumns(row.data(), std::vector<std::int32_t>{0, 1}, out, ";,");
-  EXPECT_THAT(out, ElementsAre("a,b", "c,d"));
+  std::string row = "a,b;\t\"c\" ;d";
+  std::vector<std::string_view> out(5, "stale");
+  const std::vector<std::int32_t> columnMap = {1, 1, INT32_MIN, 1 << 30, 0};
+  EXPECT_EQ(SplitMappedColumns(row.data(), columnMap, out, ";,"), 1);
+  EXPECT_THAT(out, ElementsAre("c", "c", "", "", "a,b"));
 }
 
 }  // namespace

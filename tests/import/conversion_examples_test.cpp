@@ -1,0 +1,175 @@
+// The converters' rules that surprise, by example; the rest follows the model.
+
+#include "tests/import/converter_fixture.h"
+
+namespace quillkit {
+namespace {
+
+using namespace std::string_literals;
+
+std::string X(std::size_t size) {
+  return std::string(size, 'x');
+}
+
+std::string Entry(const std::string& name, const std::string& address) {
+  return "SE emailab \"" + name + "\" \"" + address + "\"\n";
+}
+
+const std::string kAnnBox = Entry("Ann", "box");
+
+class ConversionExamples : public ConverterTest {
+ protected:
+  struct Example {
+    std::string file;
+    std::string script;
+  };
+
+  void Expect(Converter converter, const std::vector<Example>& examples,
+              const model::Request& request = {}) const {
+    for (const Example& each : examples) {
+      SCOPED_TRACE(testing::PrintToString(each.file.substr(0, 60)));
+      ExpectScript(converter, each.file, each.script, request);
+    }
+  }
+};
+
+// --- Delimited text ---
+
+TEST_F(ConversionExamples, DelimitedRows) {
+  Expect(Converter::kDelimited,
+         {
+             {"Ann,box\r\n\"Lee, Ann\",\"say \"\"hi\"\"\"", kAnnBox + Entry("Lee, Ann", "say hi")},
+             // Lines of spaces are passed over, lines of other white space are rows.
+             {"\n  \n\r\n Ann , box \n\n", kAnnBox},
+             {"\t\n", Entry("", "")},
+             // An unclosed quote loses its value and those behind it.
+             {"Ann,\"box\n", Entry("Ann", "")},
+             // The piece of a long line is a row.
+             {X(4094) + "Ann,box\n", Entry(X(31), "") + kAnnBox},
+         });
+  Expect(Converter::kDelimited, {{"\n  \nname,mail\n\nAnn,box\n", kAnnBox}, {"name,mail", ""}},
+         {.skipHeader = true});
+  Expect(Converter::kDelimited, {{"a,b,c\n", Entry("c", "")}}, {.columnMap = {2}});
+}
+
+// Every field of every book, with a value that just fits and one that is cut.
+TEST_F(ConversionExamples, DelimitedFieldsAreCutToTheirWidths) {
+  const struct {
+    std::string word;
+    std::vector<std::size_t> widths;
+    std::string tail;
+  } books[] = {{"emailab", {31, 255}, "\n"},
+               {"faxab", {31, 79, 10}, "\n"},
+               {"printersab", {31, 255, 31}, "\n"},
+               {"usersab", {31, 15, 255, 255}, " 1 0 0 1\n"}};
+  model::Request request{.clearFirst = true, .targetBook = 0, .columnMap = {0, 1, 2, 3}};
+  for (const auto& book : books) {
+    ++request.targetBook;
+    std::string whole, tooLong, line = "SE " + book.word;
+    for (const std::size_t width : book.widths) {
+      whole += X(width) + ",";
+      tooLong += X(width) + "y,";
+      line += " \"" + X(width) + "\"";
+    }
+    line += book.tail;
+    Expect(Converter::kDelimited,
+           {{whole + "\n" + tooLong + "\n", "CA " + book.word + "\n" + line + line}}, request);
+  }
+}
+
+// Anybody else fills two books with pairs. Other books get the rows as they stand, run together.
+TEST_F(ConversionExamples, DelimitedRowsOfAnybodyElse) {
+  const std::string rows = "Ann,\"1\",x\n " + X(80) + "," + X(80) + "  \n";
+  const std::string copied = "Ann,\"1\",x " + X(80) + "," + X(80);
+  for (const std::int32_t book : {-1, 0, 1, 2, 3, 4, 5}) {
+    std::string script = copied;
+    if (book == 1) script = "Ann\n1\n" + X(31) + "\n" + X(80) + "\n";
+    if (book == 2) script = "Ann\n1\n" + X(31) + "\n" + X(79) + "\n";
+    Expect(Converter::kDelimited, {{rows, script}},
+           {.isAdmin = false, .clearFirst = true, .targetBook = book});
+  }
+  Expect(Converter::kDelimited, {{rows, copied}}, {.clearFirst = true, .targetBook = 5});
+}
+
+// --- Directory export ---
+
+TEST_F(ConversionExamples, DirectoryEntries) {
+  Expect(Converter::kDirectory,
+         {
+             {"dn: x\r\n\r\ncn:  Ann\r\nsn: Lee\r\nmail:box\r\n", kAnnBox},
+             // A line loses its last character, be it the newline or not.
+             {"dn: x\ncn: Ann\nmail: box1", kAnnBox},
+             {"dn: x\ncn: Ann1\0x\nmail: box\n"s, kAnnBox},
+             {"dn:\ncn: Ann\n" + X(4094) + "mail: box\n", kAnnBox},
+             // The first of each counts, and nothing behind the second.
+             {"dn: x\nmail: box\nmail: b2\ncn: Ann\ncn: Bob\nmail: b3\n", kAnnBox},
+             {"dn: x\nCN: Ann\n cn: Ann\nmail: box\n", ""},
+             // "dn:" drops what there was, in a value too, but opens nothing there.
+             {"dn: x\ncn: Bob\nmail: dn:b2\ncn: Ann\nmail: box\n", kAnnBox},
+             {"description: adn:b\ncn: Ann\nmail: box\n", ""},
+             // The cut comes before the blanks go, and nothing else does.
+             {"dn:\ncn:   " + X(31) + "\nmail:: \"b\" \n", Entry(X(28), ": \"b\" ")},
+         });
+}
+
+// Where in a long line "dn:" stands does not matter, and not how the line falls into eights.
+TEST_F(ConversionExamples, DirectoryEntryMarksAnywhereInALine) {
+  std::string file, script;
+  for (std::size_t length = 3; length < 30; ++length) {
+    for (std::size_t place = 0; place + 3 <= length; ++place) {
+      const std::string name = std::to_string(length) + '.' + std::to_string(place);
+      std::string line(length, 'x');
+      line.replace(place, 3, "dn:");
+      file += "dn:\ncn:" + name + "\n" + line + "\nmail: box\n";
+      line[place] = 'c';
+      file += "dn:\ncn:" + name + "\n" + line + "\nmail: box\n";
+      script += Entry(name, "box");
+    }
+  }
+  Expect(Converter::kDirectory, {{file, script}});
+}
+
+// --- Mail-server export ---
+
+TEST_F(ConversionExamples, MailServerRows) {
+  Expect(Converter::kMailServer,
+         {
+             {"Mailbox,a,b,Ann,x,%SMTP:box%X400:c\n", kAnnBox},
+             {"\"Mailbox\",a,b,n,SMTP:box%\n", ""},
+             // Only "SMTP:" behind the name counts, the first one.
+             {"Mailbox,a,b,SMTP:box%,x\n", ""},
+             {"Mailbox,a,b,Ann,smtp:box0%SMTP:box,SMTP:box2%\n", kAnnBox},
+             // An address that nothing ends takes the newline along.
+             {"Mailbox,a,b,n,SMTP:box\r\n", Entry("n", "box\n")},
+             {"Mailbox,a,b," + X(32) + ",SMTP:" + X(256), Entry(X(31), X(255))},
+             // Text behind the closing quote of a row's last field is text behind the name.
+             {"Mailbox,a,b,\"Ann\"SMTP:box", kAnnBox},
+             {"Mailbox,a,b,\"Ann,SMTP:box%\n", ""},
+         });
+  const model::Request clear{.clearFirst = true};
+  Expect(Converter::kMailServer, {{"Mailbox,a,b,Ann,SMTP:box%\n", "CA %s\n" + kAnnBox}}, clear);
+  Expect(Converter::kDirectory, {{"dn:\ncn:Ann\nmail:box\n", "CA %s\n" + kAnnBox}}, clear);
+}
+
+// Where a field before the name is quoted or empty, the name is another field.
+TEST_F(ConversionExamples, MailServerNamesAsTheWalkFallsOut) {
+  const struct {
+    const char* row;
+    const char* name;
+  } rows[] = {
+      {"Mailbox,\"a\",b,n,x", "b"},
+      {"Mailbox,a,\"b\",n,x", ""},
+      {"Mailbox,a,b,\"n, m\",x", "n, m"},
+      {"Mailbox,a,\",b\",n,x", "b"},
+      {"Mailbox,,b,n,x", "b"},
+      {"Mailbox,,,n,x", ""},
+      {"Mailbox,a,,n,x", "n"},
+      {"Mailbox,a,b,,x", ""},
+  };
+  for (const auto& each : rows) {
+    Expect(Converter::kMailServer, {{each.row + ",SMTP:box%\n"s, Entry(each.name, "box")}});
+  }
+}
+
+}  // namespace
+}  // namespace quillkit
