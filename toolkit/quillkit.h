@@ -121,7 +121,8 @@ QUILLKIT_API void Logout();
 
 // Frees everything and unloads the server library. No handle of the library's is good any more, and
 // every later call to the server gives 20: to log in again, unload and load this library. Sends no
-// logout. Call: IMSPTerminate, the first time.
+// logout. Unloading the library does the same; on Windows, a process that ends without either does
+// not tell the server library. Call: IMSPTerminate, the first time.
 QUILLKIT_API void Exit();
 
 // The last recorded status. Reading does not clear it.

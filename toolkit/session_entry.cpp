@@ -76,8 +76,7 @@ std::uint32_t LookupHost(const char* text) {
   for (int i = 0; i < 2 && IsSlash(*text); ++i) ++text;
   if (*text == '\0') return 0;
   std::uint32_t address = 0;
-  if (FindHostByName(text, &address)) return address;
-  address = TextToAddress(text);
+  if (!FindHostByName(text, &address)) address = TextToAddress(text);
   return address != kNoAddress ? address : 0;
 }
 

@@ -2,7 +2,7 @@
 // library: every call to the server then has status 20.
 
 #include "bridge/the_agent.h"  // first, so that the agent outlives the object below
-#include "toolkit/library.h"
+#include "toolkit/toolkit_app.h"
 
 namespace quillkit {
 namespace {
@@ -10,11 +10,11 @@ namespace {
 class LoadedLibrary {
  public:
   LoadedLibrary() {
-    if (!StartLibrary()) StopLibrary();
+    if (!CToolkitApp::Start()) CToolkitApp::Stop();
   }
   LoadedLibrary(const LoadedLibrary&) = delete;
   LoadedLibrary& operator=(const LoadedLibrary&) = delete;
-  ~LoadedLibrary() { StopLibrary(); }
+  ~LoadedLibrary() { CToolkitApp::Stop(); }
 };
 
 const LoadedLibrary loadedLibrary;

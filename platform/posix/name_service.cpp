@@ -29,7 +29,6 @@ bool FindHostByName(const char* name, std::uint32_t* address) {
   sockaddr_in first{};
   std::memcpy(&first, found->ai_addr, sizeof first);
   freeaddrinfo(found);
-  if (first.sin_addr.s_addr == kNoAddress) return false;
   *address = first.sin_addr.s_addr;
   return true;
 }

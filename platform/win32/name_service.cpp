@@ -34,10 +34,7 @@ bool FindHostByName(const char* name, std::uint32_t* address) {
   if (found == nullptr || found->h_addrtype != AF_INET || found->h_addr_list[0] == nullptr) {
     return false;
   }
-  std::uint32_t first = 0;
-  std::memcpy(&first, found->h_addr_list[0], sizeof first);
-  if (first == kNoAddress) return false;
-  *address = first;
+  std::memcpy(address, found->h_addr_list[0], sizeof *address);
   return true;
 }
 

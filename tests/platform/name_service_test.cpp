@@ -36,7 +36,6 @@ TEST(NameServiceTest, FindsHosts) {
 
 TEST(NameServiceTest, HostThatIsNotFoundLeavesTheAddress) {
   std::uint32_t address = 7;
-  EXPECT_FALSE(FindHostByName("255.255.255.255", &address));
   EXPECT_FALSE(FindHostByName("", &address));
   EXPECT_FALSE(FindHostByName(nullptr, &address));
   EXPECT_EQ(address, 7U);

@@ -7,8 +7,8 @@
 
 #include "bridge/the_agent.h"
 #include "platform/message_box.h"
-#include "toolkit/library.h"
 #include "toolkit/quillkit.h"
+#include "toolkit/toolkit_app.h"
 
 namespace quillkit {
 namespace {
@@ -22,8 +22,8 @@ int Remember(const char* text) {
 
 TEST(WithoutServer, TheStartFailsWithTwoMessages) {
   const MessageBoxHandler earlier = SetMessageBoxHandler(Remember);
-  EXPECT_FALSE(StartLibrary());
-  StopLibrary();
+  EXPECT_FALSE(CToolkitApp::Start());
+  CToolkitApp::Stop();
   SetMessageBoxHandler(earlier);
   EXPECT_EQ(shown, (std::vector<std::string>{"Cannot Load IMSPAPI.DLL",
                                              "IMSPAPI.DLL not loaded (because not found) !"}));

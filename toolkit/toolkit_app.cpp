@@ -1,4 +1,4 @@
-#include "toolkit/library.h"
+#include "toolkit/toolkit_app.h"
 
 #include "bridge/the_agent.h"
 #include "platform/message_box.h"
@@ -14,13 +14,13 @@ bool ReportFailure(unsigned resource) {
 
 }  // namespace
 
-bool StartLibrary() {
+bool CToolkitApp::Start() {
   if (!StartSockets()) return ReportFailure(kSocketsFailedText);
   if (TheAgent.LoadServerLibrary() != kNoError) return ReportFailure(kServerLibraryMissingText);
   return true;
 }
 
-void StopLibrary() {
+void CToolkitApp::Stop() {
   TheAgent.Shutdown();
   StopSockets();
 }
