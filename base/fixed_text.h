@@ -45,6 +45,14 @@ class FixedText {
     bytes_[length] = '\0';
   }
 
+  // Stores `text`. One that is too long fills the field and leaves it without a NUL, so that
+  // IsTerminated() tells. `text` may lie inside this field.
+  void AssignOrFill(std::string_view text) {
+    const std::size_t length = text.size() < N ? text.size() : N;
+    if (length != 0) std::memmove(bytes_, text.data(), length);
+    if (length < N) bytes_[length] = '\0';
+  }
+
   // Ends the text inside the field. Call it on what a server filled in, before c_str().
   void Terminate() { bytes_[kMaxLength] = '\0'; }
 

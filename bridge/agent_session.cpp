@@ -138,7 +138,8 @@ Status CAgent::EnrolUser(std::uint32_t address, CUserEntry* entry) {
 
 Status CAgent::ReadUser(CUserRecord* user) {
   ABIdent book(BookKind::kUsers, kUsersBook);
-  EntryKey key(user->name.View());
+  EntryKey key;
+  key.SetKey(user->name.View());
   const Status status = IMSPReadEntryProperties(&book, &key, static_cast<CUserEntry*>(user));
   user->Terminate();
   return status;
@@ -146,7 +147,8 @@ Status CAgent::ReadUser(CUserRecord* user) {
 
 Status CAgent::ModifyUser(CUserRecord* user) {
   ABIdent book(BookKind::kUsers, kUsersBook);
-  EntryKey key(user->name.View());
+  EntryKey key;
+  key.SetKey(user->name.View());
   return IMSPModifyEntry(&book, &key, static_cast<CUserEntry*>(user));
 }
 

@@ -12,7 +12,7 @@ int CUserEntry::Set(std::string_view newName, std::string_view newPassword,
       newFourth.size() > fourth.kMaxLength) {
     return 0;
   }
-  name.Assign(newName);
+  name.AssignOrFill(newName);
   password.Assign(newPassword);
   third.Assign(newThird);
   fourth.Assign(newFourth);

@@ -30,7 +30,8 @@ struct CUserEntry {
   std::uint32_t nibbles = 0;  // bits 0 to 3 and bits 4 to 7
 
   // Stores all but `tag` and gives 1. 0 and no change for a password over 15 or a third or fourth
-  // text over 255 characters. The name's length is not tested: a longer one is cut at the field.
+  // text over 255 characters. The name's length is not tested: one over 31 characters makes a
+  // record that is not valid, whose Name() must not be asked for.
   int Set(std::string_view newName, std::string_view newPassword, std::string_view newThird,
           std::string_view newFourth, const std::uint32_t* newFlags,
           const std::uint32_t* newNibbles);

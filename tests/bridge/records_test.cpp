@@ -215,7 +215,8 @@ TEST(CUserEntry, SetTestsEveryTextButTheName) {
     texts[tooLong] += 'x';
     EXPECT_EQ(user.Set(std::string(40, 'n'), texts[0], texts[1], texts[2], &flags, &nibbles),
               tooLong == 3 ? 1 : 0);
-    EXPECT_EQ(user.name.Length(), tooLong == 3 ? 31U : 0U);
+    EXPECT_EQ(user.name.IsEmpty(), tooLong != 3);
+    EXPECT_EQ(user.IsValid(), tooLong != 3);
     EXPECT_EQ(user.nibbles, tooLong == 3 ? 2U : 0U);
   }
   EXPECT_EQ(user.tag, 9U);
