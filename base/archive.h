@@ -29,6 +29,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/entry_block.h"
 #include "base/fixed_text.h"
 #include "base/root_object.h"
 
@@ -51,6 +52,17 @@ class Archive {
   // For a count that was read: whether as many things of at least `bytesEach` bytes can follow. If
   // not, the archive fails. Always true while storing.
   bool CanHold(std::uint32_t count, std::size_t bytesEach);
+
+  // For a block that is to be loaded: gives it `count` blank records, and none for 0. False, and
+  // the archive fails, when the rest of the stream cannot hold as many or the memory is refused.
+  template <class Record>
+  bool Prepare(EntryBlock<Record>& block, std::uint32_t count) {
+    block.Free();
+    if (!CanHold(count, Record::kSmallestStored)) return false;
+    if (count == 0 || block.Allocate(static_cast<std::int32_t>(count))) return true;
+    Fail();
+    return false;
+  }
 
   void Exchange(std::uint32_t& value);
   void Exchange(std::int32_t& value);

@@ -81,13 +81,8 @@ std::int32_t CFaxEntryList::BinaryLookup(std::string_view pattern, std::int32_t 
 
 void CFaxEntryList::Serialize(Archive& archive) {
   archive.Exchange(walkCursor);
-  if (!archive.IsStoring()) {
-    Free();
-    if (walkCursor <= 0) return;
-    if (!archive.CanHold(static_cast<std::uint32_t>(walkCursor), CFaxEntry::kSmallestStored)) {
-      return;
-    }
-    Allocate(walkCursor);
+  if (!archive.IsStoring() && walkCursor > 0) {
+    if (!archive.Prepare(items, static_cast<std::uint32_t>(walkCursor))) walkCursor = 0;
   }
   for (std::int32_t i = 0; i < walkCursor; ++i) {
     CFaxEntry blank;

@@ -59,8 +59,8 @@ class CFaxEntryList {
   // A walk. A step moves the cursor also past the ends, from where as many steps lead back; null
   // outside the list.
   CFaxEntry* FirstEntry();
-  CFaxEntry* NextEntry() { return items.At(++walkCursor); }
-  CFaxEntry* PrevEntry() { return items.At(--walkCursor); }
+  CFaxEntry* NextEntry() { return Step(walkCursor < INT32_MAX ? 1 : 0); }
+  CFaxEntry* PrevEntry() { return Step(walkCursor > INT32_MIN ? -1 : 0); }
 
   // Searches by name: the whole name where `mode` is 1, else as many characters as the pattern has.
   // The index or -1. FindNextEntry goes on behind the last hit with the pattern of the latest
@@ -76,11 +76,13 @@ class CFaxEntryList {
 
   // The position of the walk as a 32-bit value, and as many entries as it says: a list whose walk
   // stands at its end is stored whole, and blank entries stand for those that it lacks. Loading
-  // puts the walk there. A position that the stream cannot hold loads no entries and fails the
-  // archive.
+  // puts the walk there, and replaces the entries if that is above 0. A position that the stream
+  // cannot hold leaves no entries and fails the archive, with the walk at 0.
   void Serialize(Archive& archive);
 
  private:
+  CFaxEntry* Step(std::int32_t by) { return items.At(walkCursor += by); }
+
   CFaxAB* owner = nullptr;
   EntryBlock<CFaxEntry> items;
   std::int32_t walkCursor = 0;

@@ -1,5 +1,7 @@
 #include "books/user_list.h"
 
+#include <algorithm>
+
 #include "base/archive.h"
 #include "base/name_search.h"
 #include "books/user_ab.h"
@@ -51,8 +53,11 @@ std::int32_t CUserList::Append(const CUserEntry& record) {
     TheAgent.SetError(kBookFull);
     return 0;
   }
-  const std::int32_t count = records.Append(record);
-  return count > 0 ? count : 0;
+  CUserEntry copy;
+  copy.Set(record.name.View(), record.password.View(), record.third.View(), record.fourth.View(),
+           &record.flags, &record.nibbles);
+  copy.tag = record.tag;
+  return std::max(records.Append(copy), 0);
 }
 
 void CUserList::Clear() {
@@ -108,9 +113,8 @@ void CUserList::Serialize(Archive& archive) {
   auto count = static_cast<std::uint32_t>(records.count());
   archive.Exchange(count);
   if (!archive.IsStoring()) {
-    Clear();
-    if (!archive.CanHold(count, CUserEntry::kSmallestStored)) return;
-    Allocate(static_cast<std::int32_t>(count));
+    cursor = 0;
+    if (!archive.Prepare(records, count)) return;
   }
   for (CUserEntry& each : records) each.Serialize(archive);
 }

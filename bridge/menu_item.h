@@ -57,6 +57,9 @@ struct CMenuItem {
   // Ends all four texts inside their fields: for records that a server filled in.
   void Terminate();
 
+  // The fewest bytes of the stream form: four empty texts and two words.
+  static constexpr std::size_t kSmallestStored = 12;
+
   // name, path, ipAddress, appTag, settings, fileFormat. Loading drops a text that is too long for
   // its field, which then keeps what it held.
   void Serialize(Archive& archive);

@@ -219,8 +219,7 @@ void DistributionList<Entry>::Serialize(Archive& archive) {
     searchIndex = 0;
     const bool isFresh = members.block() == nullptr;
     members.Free();
-    if (!isFresh || !archive.CanHold(count, Entry::kSmallestStored)) return;
-    members.Allocate(static_cast<std::int32_t>(count));
+    if (!isFresh || !archive.Prepare(members, count)) return;
   }
   for (Entry& each : members) each.Serialize(archive);
 }

@@ -10,7 +10,6 @@ namespace quillkit {
 namespace {
 
 // The stream form of an item: four length bytes and two words at the least.
-constexpr std::size_t kSmallestStoredItem = 12;
 
 }  // namespace
 
@@ -162,8 +161,7 @@ void CSoftKey::Serialize(Archive& archive) {
   std::uint32_t count = 0;
   archive.Exchange(count);
   archive.Exchange(findPattern);
-  if (!archive.CanHold(count, kSmallestStoredItem)) return;
-  items.Allocate(static_cast<std::int32_t>(count));
+  if (!archive.Prepare(items, count)) return;
   for (CMenuItem& each : items) each.Serialize(archive);
 }
 

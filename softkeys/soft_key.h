@@ -40,8 +40,8 @@ class CSoftKey {
   // Reads the key of this name, from behind `firstName`, in one IMSPReadAB of up to 512 items. A
   // missing or empty book gives 0 and no items, and so does a failure that delivers nothing. 21 and
   // any other failing status come with what was delivered: 512 blank items where the count was left
-  // as it went out. -1, and no call, without an owner or memory (nothing changes), and without a
-  // scanner (512 blank items).
+  // as it went out. -1, and no call, without an owner (nothing changes), without memory (name
+  // and owner are taken, the items are gone), and without a scanner (512 blank items).
   Status Load(const std::string& name, CTopLevelAB* newOwner, std::string_view firstName,
               std::int32_t direction);
 
@@ -110,7 +110,8 @@ class CSoftKey {
   Status SaveAllItems();
 
   // Both directions begin by dropping the cached items. Loading: the count, the search pattern, the
-  // items; name and owner stay. Storing thus writes a count of 0 and the pattern.
+  // items, also without an owner; name and owner stay. Storing thus writes a count of 0 and the
+  // pattern.
   void Serialize(Archive& archive);
 
  private:

@@ -10,8 +10,8 @@
 //   plain, without reload  the server changes; the cache shows the old state until Load
 //   Fast                   the server changes, then the cache is patched: other handles stay good
 //
-// The server comes first and nothing is undone. Without a scanner every request gives -1 and makes
-// no call.
+// The server comes first and nothing is undone. Without a scanner no request makes a call: each
+// fails in the style of its family.
 
 #ifndef QUILLKIT_SOFTKEYS_TOP_LEVEL_AB_H_
 #define QUILLKIT_SOFTKEYS_TOP_LEVEL_AB_H_
@@ -47,7 +47,7 @@ class CTopLevelAB : public RootObject {
   // Replaces the cache by the server's keys: IMSPListABEntries, and with items one IMSPReadAB a
   // key, whose status is ignored. The status of the listing, with 4 (no keys) as 0. A failed
   // listing leaves no keys; a server with more than 11 is one such case. A key read without items
-  // has no owner and can be asked for its name and its server's count alone.
+  // has no owner: of what needs the server it answers its count alone.
   Status Load(std::int32_t withItems);
 
   // Drops all cached keys.

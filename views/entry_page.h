@@ -95,11 +95,13 @@ class CEntryPage {
   // at 31 characters.
   Status Fill(std::string_view key, std::string_view filter, std::int32_t direction);
 
+ protected:
+  EntryBlock<CEmailEntry> entries;
+
  private:
   CEmailEntry* Step(std::int32_t by);
 
-  CEmailAB* book = nullptr;  // not owned
-  EntryBlock<CEmailEntry> entries;
+  CEmailAB* book = nullptr;   // not owned
   std::int32_t position = 0;  // of First, Next and Prev
 };
 

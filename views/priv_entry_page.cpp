@@ -13,6 +13,13 @@ void CPrivEntryPage::Attach(std::int32_t capacity, CPrivEmailAB* newBook) {
   Allocate(capacity);
 }
 
+void CPrivEntryPage::Reset() {
+  Free();
+  searchKey.clear();
+  searchIndex = -1;
+  loaded = 0;
+}
+
 Status CPrivEntryPage::Load(std::string_view startKey, std::int32_t direction) {
   loaded = 0;
   if (Count() <= 0 || privateBook == nullptr) return kRefused;
@@ -121,12 +128,8 @@ Status CPrivEntryPage::SendAll() {
 void CPrivEntryPage::Serialize(Archive& archive) {
   auto count = static_cast<std::uint32_t>(Count());
   archive.Exchange(count);
-  if (!archive.IsStoring()) {
-    Free();
-    if (!archive.CanHold(count, CEmailEntry::kSmallestStored)) return;
-    Allocate(static_cast<std::int32_t>(count));
-  }
-  for (std::int32_t i = 0; i < Count(); ++i) At(i)->Serialize(archive);
+  if (!archive.IsStoring() && !archive.Prepare(entries, count)) return;
+  for (CEmailEntry& each : entries) each.Serialize(archive);
 }
 
 }  // namespace quillkit

@@ -1,8 +1,8 @@
 // The entries of a private book, held whole: at most 2000, read by index and searched by name.
 //
 // Every change goes to the server through the book first. A plain change with `reload` then reads
-// the whole list anew; a local one patches it. Without a book every change gives -1 and makes no
-// call.
+// the whole list anew; a local one patches it. Without a book every change but SendAll fails, as
+// where the server refuses, and makes no call.
 
 #ifndef QUILLKIT_VIEWS_PRIV_ENTRY_PAGE_H_
 #define QUILLKIT_VIEWS_PRIV_ENTRY_PAGE_H_
@@ -26,6 +26,9 @@ class CPrivEntryPage : public CEntryPage {
   // Stores the book, which must outlive the page, and allocates the capacity. A null book is
   // ignored.
   void Attach(std::int32_t capacity, CPrivEmailAB* newBook);
+
+  // Puts the page back to how it was made, with its book.
+  void Reset();
 
   // Reads as many entries as the page counts, from behind `startKey`: one IMSPReadAB. Only status 0
   // keeps what was delivered; any other, 21 (the book holds more) among them, leaves none and is
@@ -72,7 +75,7 @@ class CPrivEntryPage : public CEntryPage {
 
   CPrivEmailAB* privateBook = nullptr;
   std::string searchKey;
-  std::int32_t searchIndex = 0;
+  std::int32_t searchIndex = -1;
   std::uint8_t loaded = 0;
 };
 
