@@ -15,6 +15,7 @@ const ClassRecord CScanner::kClass = {"CScanner", sizeof(CScanner), 1, CreateObj
 CScanner::CScanner() = default;
 
 CScanner::~CScanner() {
+  // As members they would go in the reverse order.
   emailBook.reset();
   usersBook.reset();
   faxBook.reset();

@@ -1,8 +1,9 @@
 // The client-side image of one appliance, and an application's main handle: what it is, the books
 // that have been opened on it, and the way to every book on the server.
 //
-// A scanner is bound when it has an address and an agent. An unbound one answers -1 to what needs
-// the server, unless an operation says otherwise, and makes no call.
+// A scanner is bound when it has an address and an agent. The books, the sizes, the clears and the
+// services that say so need a bound one; all others need the agent alone. What is needed and not
+// there gives -1, unless an operation says otherwise, and no call is made.
 
 #ifndef QUILLKIT_APPLIANCE_SCANNER_H_
 #define QUILLKIT_APPLIANCE_SCANNER_H_
@@ -83,10 +84,10 @@ class CScanner : public RootObject {
   CPrinterAB* DetachPrintersBook();
   CTopLevelAB* DetachTopBook();
 
-  // Delete the present book and take over `book` (1), or with null open a new one on this scanner
-  // and load it, the e-mail book with a sliding view that reads nothing yet. For the users, the
-  // fax and the top-level book the result is then what its Attach gave, for the others 1. 0 and no
-  // change on an unbound scanner.
+  // Delete the present book and take over `book` (1; its own book stays), or with null open a new
+  // one on this scanner and load it, the e-mail book with a sliding view that reads nothing yet.
+  // For the users, the fax and the top-level book the result is then what its Attach gave, for the
+  // others 1. 0 and no change on an unbound scanner.
   int SetEmailBook(CEmailAB* book);
   int SetUsersBook(CUserAB* book);
   int SetFaxBook(CFaxAB* book);

@@ -3,6 +3,7 @@
 #include "appliance/scanner.h"
 #include "books/user_record.h"
 #include "bridge/agent.h"
+#include "bridge/long_timeout.h"
 
 namespace quillkit {
 
@@ -22,17 +23,11 @@ Status CScanner::ClearPrintersBook() {
   return Clear(BookKind::kPrinters, kPrintersBook);
 }
 
-// Unlike a batch, a clear puts the time-out back also when it failed. Where the old one cannot be
-// read, the long one is what is put back.
+// Unlike a batch, a clear puts the time-out back also when it failed.
 Status CScanner::Clear(BookKind kind, std::string_view bookName) {
   if (!IsBound()) return kNoError;
-  std::uint32_t old = kLongTimeout;
-  agent->SetServerTimeout(kLongTimeout, &old);
-  ABIdent book(kind, bookName);
-  const Status status = agent->IMSPClearAB(&book);
-  std::uint32_t raised = 0;
-  agent->SetServerTimeout(old, &raised);
-  return status;
+  return RunLongAndRestore(agent,
+                           [&] { return BookAccess<EntryKey>(agent, kind, bookName).ClearBook(); });
 }
 
 Status CScanner::SizeofEmail(std::uint32_t* count) const {

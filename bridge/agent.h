@@ -34,6 +34,7 @@ struct Identity;
 
 // The time-out of a long operation, in seconds.
 inline constexpr std::uint32_t kLongTimeout = 3600;
+inline constexpr std::uint32_t kMillisecondsPerSecond = 1000;
 
 class CAgent : public RootObject {
  public:

@@ -6,11 +6,11 @@
 #include <new>
 
 #include "bridge/agent.h"
+#include "bridge/long_timeout.h"
 
 namespace quillkit {
 namespace {
 
-constexpr std::uint32_t kMillisecondsPerSecond = 1000;
 constexpr std::uint32_t kMaxLogRecords = 1'000'000;
 constexpr std::size_t kServerTextSize = 400;  // bytes
 constexpr std::size_t kCommandSize = 400;     // bytes
@@ -59,13 +59,7 @@ Status CAgent::RestoreDatabase(const char* first, const char* second) {
 }
 
 Status CAgent::CheckDatabase() {
-  // Where the old time-out cannot be read, the long one is what the restoring call sets.
-  std::uint32_t old = kLongTimeout;
-  SetServerTimeout(kLongTimeout, &old);
-  const Status status = DatabaseCommand(kCheck, nullptr, nullptr);
-  std::uint32_t raised = 0;
-  SetServerTimeout(old, &raised);
-  return status;
+  return RunLongAndRestore(this, [&] { return DatabaseCommand(kCheck, nullptr, nullptr); });
 }
 
 // The one way by which a local code gets into the last error: -1 for texts that do not fit.
@@ -163,7 +157,8 @@ Status CAgent::ServerText(char* text) {
 }
 
 Status CAgent::ChangeIdentity(const std::string& user) {
-  EntryKey key(user);
+  EntryKey key;
+  key.SetKey(user);
   return IMSPChangeIdentity(&key);
 }
 

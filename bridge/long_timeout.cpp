@@ -3,11 +3,6 @@
 #include "bridge/agent.h"
 
 namespace quillkit {
-namespace {
-
-constexpr std::uint32_t kMillisecondsPerSecond = 1000;
-
-}  // namespace
 
 Status LongTimeout::Raise() {
   if (agent == nullptr) return kRefused;

@@ -8,11 +8,9 @@
 
 #include <cstdint>
 
-#include "bridge/status.h"
+#include "bridge/agent.h"
 
 namespace quillkit {
-
-class CAgent;
 
 class LongTimeout {
  public:
@@ -31,6 +29,19 @@ class LongTimeout {
   CAgent* agent;
   std::uint32_t old = 0;  // milliseconds
 };
+
+// Does `work` under the long time-out as CAgent::SetServerTimeout sets it, and puts the old one
+// back whatever any of it gives; one that cannot be read is put back as the long one. The status of
+// the work.
+template <class Work>
+Status RunLongAndRestore(CAgent* agent, Work work) {
+  std::uint32_t old = kLongTimeout;
+  agent->SetServerTimeout(kLongTimeout, &old);
+  const Status status = work();
+  std::uint32_t raised = 0;
+  agent->SetServerTimeout(old, &raised);
+  return status;
+}
 
 }  // namespace quillkit
 
