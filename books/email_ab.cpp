@@ -1,5 +1,6 @@
 #include "books/email_ab.h"
 
+#include <algorithm>
 #include <string>
 
 #include "appliance/scanner.h"
@@ -167,7 +168,7 @@ Status CEmailAB::ReadEdge(CEmailEntry* entry, bool last) const {
   const PageBoundary* table = view->GetBoundaries(&rows);
   if (rows == 0) return kDataNotFound;
   const PageBoundary& row = table[last ? rows - 1 : 0];
-  KeyRange range({}, std::string{row.letter, '*'}, last ? row.count - 1 : 0);
+  KeyRange range({}, std::string{row.letter, '*'}, last ? std::max(row.count, 1) - 1 : 0);
   CEmailEntry read;
   std::uint32_t count = 1;
   status = ReadEntries(&range, &read, &count, 1);

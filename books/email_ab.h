@@ -63,7 +63,8 @@ class CEmailAB : public RootObject, public PublicListBook<CEmailAB, CPubEmailDL>
   int Attach(CScanner* newScanner, std::int32_t newViewMode);
 
   // As above, but a sliding view has pages of 1, and `newLoadMode` says what is opened: 0 view and
-  // lists with their members, 1 the lists, 2 the view. 1, or 0 when the lists could not be loaded;
+  // lists with their members, 1 the lists, 2 the view. 1, or 0 when LoadLists
+  // gave another status than 0, as for more lists than are held;
   // what the view gives is not looked at. Any other load mode opens nothing and gives 0.
   int Attach(CScanner* newScanner, std::int32_t newViewMode, std::int32_t newLoadMode);
 

@@ -92,6 +92,7 @@ int CFaxAB::FastRenameEntry(std::string_view oldName, CFaxEntry* entry) {
   CFaxEntry* held = entries.At(FindEntryIndex(oldName));
   if (held == nullptr) return 0;
   *held = *entry;
+  held->Terminate();
   return 1;
 }
 
@@ -139,8 +140,7 @@ Status CFaxAB::EnumerateLists(ABIdent* rows, std::uint32_t* count) const {
 }
 
 Status CFaxAB::SetServerTimeout(std::uint32_t seconds, std::uint32_t* old) const {
-  return scanner != nullptr && scanner->IsBound() ? scanner->SetServerTimeout(seconds, old)
-                                                  : kRefused;
+  return scanner != nullptr ? scanner->SetServerTimeout(seconds, old) : kRefused;
 }
 
 CAgent* CFaxAB::Agent() {

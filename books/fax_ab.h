@@ -4,7 +4,8 @@
 // 0, and 0 too when the change stands and the reload failed. Fast ones change the server and then
 // what is held: a count or -1, or 1 or 0, and the failing value too when the server changed what is
 // not held. The server comes first and nothing is undone. Without a scanner every operation that
-// needs the server gives its failing value and makes no call.
+// needs the server gives its failing value and makes no call, but for DeleteAllLists, whose
+// time-outs go to TheAgent.
 //
 // The limits record code 24 with the agent and make no call: 2048 entries held, 512 lists on the
 // server.
@@ -42,7 +43,8 @@ class CFaxAB : public RootObject, public PublicListBook<CFaxAB, CPubFaxDL> {
 
   const ClassRecord* GetRuntimeClass() const override { return &kClass; }
 
-  // The entries as CFaxEntryList, and the lists as objects. Loading replaces both.
+  // The entries as CFaxEntryList, and the lists as objects. Loading replaces both, but for entries
+  // in the place of which the stream has none.
   void Serialize(Archive& archive) override;
 
   // Stores the scanner, which must outlive the book, and with `load` gives what LoadEntries gives;

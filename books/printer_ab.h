@@ -3,8 +3,9 @@
 //
 //   plain  changes the server and, if asked, reads the book anew; 1 or 0, or a count or -1
 //   Fast   changes the server and then patches the list in place, for printers alone
-// The server comes first: a refusal leaves the list as it was, and nothing is undone. Without a
-// scanner everything that needs the server fails, -1 or 0, and makes no call.
+// The server comes first: where it refuses one of these the list stays as it was, and nothing is
+// undone. Without a scanner everything that needs the server fails, -1 or 0, and makes no call, but
+// for DeleteBook, which goes to TheAgent.
 //
 // Invariants:
 //   1. Models and printers stand in the order of the server's listing, followed by what

@@ -1,7 +1,6 @@
 #include "books/priv_email_ab.h"
 
-#include <memory>
-#include <utility>
+#include <span>
 #include <vector>
 
 #include "appliance/scanner.h"
@@ -34,6 +33,7 @@ const ClassRecord CPrivEmailAB::kClass = {"CPrivEmailAB", sizeof(CPrivEmailAB), 
 void CPrivEmailAB::Serialize(Archive& archive) {
   if (archive.IsStoring()) LoadAllMembers();
   SerializeLists(archive);
+  if (!archive.IsStoring()) entries.Attach(0, this);
   entries.Serialize(archive);
 }
 
@@ -60,15 +60,7 @@ Status CPrivEmailAB::LoadLists(std::int32_t withMembers) {
   const Status status = ListLists(rows.data(), &count);
   if (status != kNoError && status != kMoreData) return status;
   listsLoaded = 1;
-  for (std::uint32_t i = 0; i < count; ++i) {
-    auto list = std::make_unique<CPrivEmailDL>();
-    if (withMembers != 0) {
-      list->Open(this, rows[i].name.View());
-    } else {
-      list->SetName(rows[i].name.View());
-    }
-    Append(std::move(list));
-  }
+  AppendRows(std::span(rows.data(), count), this, withMembers);
   return status;
 }
 
@@ -137,6 +129,7 @@ Status CPrivEmailAB::ClearAll() {
   const auto clear = [this] {
     DeleteHeldLists();
     const Status status = DeleteSessionBook();
+    entries.Reset();
     entries.Attach(MaxPrivateEntries, this);
     return status;
   };

@@ -2,8 +2,9 @@
 // a local copy can be read in, changed, written to an archive and restored.
 //
 // A CUserRecord owns the book, and its owner decides the route to the server:
-// books/private_route.h. ServerEntryCount, ServerListCount and the operations that delete in bulk
-// always go through TheAgent. Without a user the book goes the way of the session's own.
+// books/private_route.h. ServerEntryCount, ServerListCount, the time-outs, and the deletions of the
+// book and in DeleteAllLists and ClearAll always go through TheAgent. Without a user the book goes
+// the way of the session's own.
 //
 // Plain operations change the server and, with `reload`, read the lists anew with their members;
 // local ones change the server and then the copy. The server comes first and nothing is undone.
@@ -86,8 +87,9 @@ class CPrivEmailAB : public RootObject, private ListSet<CPrivEmailDL> {
   // Deletes the lists of the copy on the server, whatever each gives, and drops them.
   void DeleteAllLists();
 
-  // Deletes the lists of the copy and the book, and drops both copies. The status of putting the
-  // old time-out back, or of raising it.
+  // Deletes the lists of the copy and the book, drops the lists and prepares the entries for a
+  // load: until one they count 2000 blank ones. The status of putting the old time-out back, or of
+  // raising it.
   Status ClearAll();
 
   Status ServerEntryCount(std::uint32_t* count) const;  // IMSPSizeofAB
@@ -127,7 +129,8 @@ class CPrivEmailAB : public RootObject, private ListSet<CPrivEmailDL> {
   int RenameList(const std::string& name, const std::string& newName, std::int32_t reload);
 
   // Add a list under a new name with the members that the source has on the server, or that a
-  // public list has. 1 when AddList gave true or AddListLocal a count, else 0.
+  // public list has. 1 when AddList gave true or AddListLocal a count, else 0; 0 and
+  // nothing added when the members cannot be read.
   int CopyList(const CPrivEmailDL& source, const std::string& newName, std::int32_t reload);
   int CopyListLocal(const CPrivEmailDL& source, const std::string& newName);
   int CopyPublicList(CPubEmailDL* source, const std::string& newName, std::int32_t reload);
@@ -173,8 +176,28 @@ class CPrivEmailAB : public RootObject, private ListSet<CPrivEmailDL> {
     return ListSize(list, count);
   }
 
-  // The entries in memory, with their own operations.
-  CPrivEntryPage& Entries() { return entries; }
+  // --- Entries: each as CPrivEntryPage's ---
+
+  std::int32_t EntryCount() const { return entries.Count(); }
+  CEmailEntry* EntryAt(std::int32_t index) { return entries.At(index); }
+  std::int32_t FindEntry(std::string_view name) const { return entries.FindName(name); }
+  std::int32_t SearchFirst(const std::string& key, std::int32_t exact) {
+    return entries.SearchFirst(key, exact);
+  }
+  std::int32_t SearchNext(std::int32_t exact) { return entries.SearchNext(exact); }
+  Status Add(CEmailEntry* entry, std::int32_t reload) { return entries.Add(entry, reload); }
+  Status Read(CEmailEntry* entry, std::int32_t reload) { return entries.Read(entry, reload); }
+  Status Modify(CEmailEntry* entry, std::int32_t reload) { return entries.Modify(entry, reload); }
+  Status ModifyByKey(const std::string& key, CEmailEntry* entry, std::int32_t reload) {
+    return entries.ModifyByKey(key, entry, reload);
+  }
+  Status Remove(CEmailEntry* entry, std::int32_t reload) { return entries.Remove(entry, reload); }
+  std::int32_t AddLocal(CEmailEntry* entry) { return entries.AddLocal(entry); }
+  std::int32_t ModifyLocal(CEmailEntry* entry) { return entries.ModifyLocal(entry); }
+  std::int32_t ModifyLocalByKey(const std::string& key, CEmailEntry* entry) {
+    return entries.ModifyLocalByKey(key, entry);
+  }
+  std::int32_t RemoveLocal(CEmailEntry* entry) { return entries.RemoveLocal(entry); }
 
  private:
   struct BulkResult {

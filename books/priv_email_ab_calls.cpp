@@ -2,6 +2,7 @@
 
 #include "appliance/scanner.h"
 #include "books/priv_email_ab.h"
+#include "books/private_route.h"
 #include "books/user_record.h"
 
 namespace quillkit {
@@ -11,7 +12,8 @@ Status CPrivEmailAB::AddEntry(CEmailEntry* entry) {
 }
 
 Status CPrivEmailAB::CreateServerEntry(CEmailEntry* entry) {
-  return Route().PrivateEntries().Create(entry);
+  if (user != nullptr) return user->CreatePrivateEntry(entry);
+  return PrivateRoute(nullptr).PrivateEntries().Create(entry);
 }
 
 Status CPrivEmailAB::ReadEntry(CEmailEntry* entry) {

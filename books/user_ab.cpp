@@ -164,8 +164,9 @@ Status CUserAB::ClearAll() {
 }
 
 BookAccess<CUserEntry> CUserAB::Entries() const {
-  return scanner != nullptr ? scanner->UserEntries()
-                            : BookAccess<CUserEntry>({}, BookKind::kUsers, kUsersBook);
+  return scanner != nullptr && scanner->IsBound()
+             ? scanner->UserEntries()
+             : BookAccess<CUserEntry>({}, BookKind::kUsers, kUsersBook);
 }
 
 void CUserAB::Serialize(Archive& archive) {

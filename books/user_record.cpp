@@ -107,19 +107,16 @@ Status CUserRecord::ClearMyLog() const {
 }
 
 std::uint32_t CUserRecord::LogSize() const {
-  const CAgent* agent = LogAgent();
-  return agent != nullptr ? agent->LogCount() : 0;
+  return LogAgent().LogCount();
 }
 
 const LogRecord* CUserRecord::LogAt(std::int32_t index) const {
-  const CAgent* agent = LogAgent();
-  return agent != nullptr ? agent->LogRecordAt(index) : nullptr;
+  return LogAgent().LogRecordAt(index);
 }
 
-// Null where the owner has no appliance that is bound.
-CAgent* CUserRecord::LogAgent() const {
-  if (owner == nullptr) return &TheAgent;
-  return owner->HasScanner() ? owner->Scanner()->Agent() : nullptr;
+CAgent& CUserRecord::LogAgent() const {
+  CAgent* agent = owner != nullptr && owner->HasScanner() ? owner->Scanner()->Agent() : nullptr;
+  return agent != nullptr ? *agent : TheAgent;
 }
 
 int CUserRecord::MarkOnce(std::int32_t reload) {

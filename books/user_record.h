@@ -81,6 +81,8 @@ class CUserRecord : public CUserEntry {
   void SerializeWithBook(Archive& archive);
 
   // --- Log: CAgent::ReadLog, ClearLog, LogCount and LogRecordAt for this user ---
+  //
+  // What was read is that of the owner's appliance, or of TheAgent where there is none.
 
   Status LoadLog() const;
   Status ClearMyLog() const;
@@ -103,7 +105,7 @@ class CUserRecord : public CUserEntry {
   static constexpr std::uint32_t kOnceFlag = 1U << 4;
 
   int Write(std::int32_t reload);
-  CAgent* LogAgent() const;
+  CAgent& LogAgent() const;
 
   std::uint8_t nameMismatch = 0;
   CUserAB* owner = nullptr;

@@ -9,11 +9,14 @@
 #include <iterator>
 #include <list>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "base/archive.h"
 #include "base/name_search.h"
+#include "bridge/records.h"
 
 namespace quillkit {
 
@@ -54,6 +57,11 @@ class ListSet {
  protected:
   // Adds a list, whose ownership passes, at the end: the new count.
   std::int32_t Append(std::unique_ptr<List> list);
+
+  // Adds a list for each row: `withMembers` opened on the book, whatever that gives, else with its
+  // name alone.
+  template <class Book>
+  void AppendRows(std::span<const ABIdent> rows, Book* book, std::int32_t withMembers);
 
   // Deletes the first list of exactly this name, if there is one.
   void RemoveList(std::string_view name) { Erase(Locate(name)); }
@@ -125,6 +133,21 @@ template <class List>
 std::int32_t ListSet<List>::Append(std::unique_ptr<List> list) {
   lists.push_back(list.release());
   return ListCount();
+}
+
+template <class List>
+template <class Book>
+void ListSet<List>::AppendRows(std::span<const ABIdent> rows, Book* book,
+                               std::int32_t withMembers) {
+  for (const ABIdent& row : rows) {
+    auto list = std::make_unique<List>();
+    if (withMembers != 0) {
+      list->Open(book, row.name.View());
+    } else {
+      list->SetName(row.name.View());
+    }
+    Append(std::move(list));
+  }
 }
 
 template <class List>

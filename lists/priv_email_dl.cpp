@@ -91,8 +91,8 @@ std::int32_t CPrivEmailDL::AppendAfter(Status created, const CEmailEntry& entry)
 
 // Tells by the flags where the entry of a member stands.
 void CPrivEmailDL::SetOrigin(CEmailEntry* entry) {
-  if (book->Entries().IsEmpty()) book->LoadEntries(0);
-  const CEmailEntry* found = book->Entries().At(book->Entries().FindName(entry->name.View()));
+  if (book->EntryCount() == 0) book->LoadEntries(0);
+  const CEmailEntry* found = book->EntryAt(book->FindEntry(entry->name.View()));
   if (found == nullptr) {
     if (book->EntriesLoaded()) entry->flags = 0;
   } else if (found->address == entry->address) {
@@ -113,7 +113,7 @@ std::int32_t CPrivEmailDL::RenameLocal(std::string_view key, CEmailEntry* entry)
 }
 
 int CPrivEmailDL::AssignFrom(const CEmailDL& other) {
-  if (other.IsEmpty() || !members.Allocate(other.Count())) return 1;
+  if (&other == this || other.IsEmpty() || !members.Allocate(other.Count())) return 1;
   for (std::int32_t i = 0; i < other.Count(); ++i) SetAt(i, *other.GetAt(i), 0);
   return 1;
 }

@@ -8,13 +8,14 @@
 //   MembersOf(list)              the access to a list's members (appliance/book_access.h)
 //   ServerListCount(count)       the server's number of lists
 //   EnumerateLists(rows, count)  their names
-//   Agent()                      the appliance's agent, null without one
+//   Agent()                      the agent of the long time-out; it may be null
 
 #ifndef QUILLKIT_LISTS_PUBLIC_LIST_BOOK_H_
 #define QUILLKIT_LISTS_PUBLIC_LIST_BOOK_H_
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -44,7 +45,7 @@ class PublicListBook : public ListSet<List> {
 
  protected:
   // Adds the list to the server and here, where it is owned from then on: the new count, or -1, and
-  // it stays the caller's.
+  // it stays the caller's. -1 also for null.
   std::int32_t Keep(List* list);
 
   // Adds the list to the server alone, and with `reload` loads the lists anew. Whether all went
@@ -60,7 +61,7 @@ class PublicListBook : public ListSet<List> {
   bool Delete(std::string_view name, std::int32_t reload);
 
   // A list with a new name and the members that the server has for another; null when they cannot
-  // be read.
+  // be read. A list that the server does not know (4) is an empty one.
   std::unique_ptr<List> Copy(const List& source, std::string_view newName);
 
  private:
@@ -77,15 +78,7 @@ Status PublicListBook<Book, List>::LoadLists(std::int32_t withMembers) {
   const Status status = Self()->EnumerateLists(rows.data(), &count);
   if (status == kDataNotFound) return kNoError;
   if (status != kNoError && status != kMoreData) return status;
-  for (std::uint32_t i = 0; i < count; ++i) {
-    auto list = std::make_unique<List>();
-    if (withMembers != 0) {
-      list->Open(Self(), rows[i].name.View());
-    } else {
-      list->SetName(rows[i].name.View());
-    }
-    this->Append(std::move(list));
-  }
+  this->AppendRows(std::span(rows.data(), count), Self(), withMembers);
   return status;
 }
 
@@ -102,7 +95,7 @@ Status PublicListBook<Book, List>::DeleteAllLists() {
 
 template <class Book, class List>
 std::int32_t PublicListBook<Book, List>::Keep(List* list) {
-  return CreateOnServer(*list) ? this->Append(std::unique_ptr<List>(list)) : -1;
+  return list != nullptr && CreateOnServer(*list) ? this->Append(std::unique_ptr<List>(list)) : -1;
 }
 
 template <class Book, class List>

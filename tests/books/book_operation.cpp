@@ -116,8 +116,8 @@ Table PrivateListOperations() {
        RUN(PrivateList(on).DestroyList()), kAfter},
       {"CPrivEmailDL DestroyKeepingMembers", kStatus, "IOCtl! IOCtl! DeleteAB! IOCtl!", 0,
        RUN(PrivateList(on).DestroyKeepingMembers())},
-      {"CPrivEmailDL AddLocalChecked", kCount, "CreateEntry! ReadAB~", 3,
-       RUN((on.priv->Entries().Free(), PrivateList(on).AddLocalChecked(&on.zoe))), kNeither},
+      {"CPrivEmailDL AddLocalChecked", kCount, "CreateEntry!", 3,
+       RUN(PrivateList(on).AddLocalChecked(&on.zoe))},
       {"CPrivEmailDL ModifyLocal", kFlag, "ModifyEntry!", 1,
        RUN(PrivateList(on).ModifyLocal(&on.ann))},
       {"CPrivEmailDL RenameLocal", kFlag, "ModifyEntry!", 1,
@@ -293,22 +293,16 @@ Table PrivateOperations() {
        RUN(on.priv->ModifyMember("Board", &on.ann))},
       {"CPrivEmailAB DeleteMember", kStatus, "DeleteEntry!", 0,
        RUN(on.priv->DeleteMember("Board", &on.ann))},
-      {"CPrivEmailAB Add", kStatus, "CreateEntry! ReadAB!", 0,
-       RUN(on.priv->Entries().Add(&on.zoe, 1))},
-      {"CPrivEmailAB Modify", kStatus, "ModifyEntry! ReadAB!", 0,
-       RUN(on.priv->Entries().Modify(&on.ann, 1))},
+      {"CPrivEmailAB Add", kStatus, "CreateEntry! ReadAB!", 0, RUN(on.priv->Add(&on.zoe, 1))},
+      {"CPrivEmailAB Modify", kStatus, "ModifyEntry! ReadAB!", 0, RUN(on.priv->Modify(&on.ann, 1))},
       {"CPrivEmailAB ModifyByKey", kStatus, "ModifyEntry! ReadAB!", 0,
-       RUN(on.priv->Entries().ModifyByKey("Ann", &on.zoe, 1))},
-      {"CPrivEmailAB Remove", kStatus, "DeleteEntry! ReadAB~", 0,
-       RUN(on.priv->Entries().Remove(&on.ann, 1))},
-      {"CPrivEmailAB AddLocal", kCount, "CreateEntry!", 3,
-       RUN(on.priv->Entries().AddLocal(&on.zoe))},
-      {"CPrivEmailAB ModifyLocal", kFlag, "ModifyEntry!", 1,
-       RUN(on.priv->Entries().ModifyLocal(&on.ann))},
+       RUN(on.priv->ModifyByKey("Ann", &on.zoe, 1))},
+      {"CPrivEmailAB Remove", kStatus, "DeleteEntry! ReadAB~", 0, RUN(on.priv->Remove(&on.ann, 1))},
+      {"CPrivEmailAB AddLocal", kCount, "CreateEntry!", 3, RUN(on.priv->AddLocal(&on.zoe))},
+      {"CPrivEmailAB ModifyLocal", kFlag, "ModifyEntry!", 1, RUN(on.priv->ModifyLocal(&on.ann))},
       {"CPrivEmailAB ModifyLocalByKey", kFlag, "ModifyEntry!", 1,
-       RUN(on.priv->Entries().ModifyLocalByKey("Ann", &on.zoe))},
-      {"CPrivEmailAB RemoveLocal", kCount, "DeleteEntry!", 1,
-       RUN(on.priv->Entries().RemoveLocal(&on.ann))},
+       RUN(on.priv->ModifyLocalByKey("Ann", &on.zoe))},
+      {"CPrivEmailAB RemoveLocal", kCount, "DeleteEntry!", 1, RUN(on.priv->RemoveLocal(&on.ann))},
       {"CPrivEmailAB CopyPublicList", kFlag, "CreateAB! CreateEntry~ CreateEntry!", 1,
        RUN(on.priv->CopyPublicList(on.email.ListAt(0), "Choir", 0))},
   };
@@ -402,8 +396,8 @@ std::string BookStage::Held() {
   for (std::int32_t i = 0; i < fax.EntryCount(); ++i) held.append(fax.EntryAt(i)->Name()) += ' ';
   ShowLists(fax, held);
   CPrivEmailAB* book = user.PrivateBook();
-  for (std::int32_t i = 0; i < book->Entries().Count(); ++i) {
-    held.append(book->Entries().At(i)->Name()) += ' ';
+  for (std::int32_t i = 0; i < book->EntryCount(); ++i) {
+    held.append(book->EntryAt(i)->Name()) += ' ';
   }
   ShowLists(*book, held);
   for (std::int32_t i = 0; i < users.Count(); ++i) {

@@ -86,7 +86,8 @@ TEST_P(PrivateBookTest, LimitsRefuseInTheirOwnWays) {
     list->SetName(NumberedName(i));
     ASSERT_EQ(Book().AddListLocal(list.release()), i + 1);
   }
-  for (int i = 0; i < MaxPrivateEntries; ++i) Book().Entries().Append(MakeEntry("x", "y"));
+  for (int i = 0; i < MaxPrivateEntries; ++i) PutEntry(MakeEntry(NumberedName(i), "a"));
+  ASSERT_EQ(Book().LoadEntries(0), 1);
   SimulatorClearJournal();
   CEmailEntry entry = MakeEntry("Ann", "ann@example.org");
   CPrivEmailDL list;
@@ -96,8 +97,8 @@ TEST_P(PrivateBookTest, LimitsRefuseInTheirOwnWays) {
   EXPECT_EQ(Book().CreateServerList("Team"), 24);
   EXPECT_EQ(Book().AddEntry(&entry), 24);
   EXPECT_EQ(Book().AddMember("Team", &entry), 24);
-  EXPECT_EQ(Book().Entries().Add(&entry, 1), 24);
-  EXPECT_EQ(Book().Entries().AddLocal(&entry), 24);
+  EXPECT_EQ(Book().Add(&entry, 1), 24);
+  EXPECT_EQ(Book().AddLocal(&entry), 24);
   EXPECT_EQ(TheAgent.LastError(), 11) << "a status is the result, and nothing is recorded";
 
   EXPECT_FALSE(Book().AddList(&list, 1));
@@ -107,7 +108,8 @@ TEST_P(PrivateBookTest, LimitsRefuseInTheirOwnWays) {
   EXPECT_EQ(TheAgent.LastError(), 24);
   EXPECT_THAT(TakeCalls(), IsEmpty());
 
-  Book().Entries().RemoveAt(0);
+  CEmailEntry first = *Book().EntryAt(0);
+  EXPECT_EQ(Book().RemoveLocal(&first), MaxPrivateEntries - 1);
   Book().RemoveListAt(0);
   EXPECT_EQ(Book().AddEntry(&entry), 0);
   EXPECT_EQ(Book().CreateServerList("Team"), 0);
@@ -116,16 +118,16 @@ TEST_P(PrivateBookTest, LimitsRefuseInTheirOwnWays) {
 TEST_P(PrivateBookTest, AnAbsentBookLoadsAsAnEmptyOneAndALargeOneAsNone) {
   EXPECT_EQ(Book().LoadEntries(1), 1);
   EXPECT_TRUE(Book().EntriesLoaded());
-  EXPECT_TRUE(Book().Entries().IsEmpty());
+  EXPECT_EQ(Book().EntryCount(), 0);
   EXPECT_THAT(TakeCalls(),
               ElementsAre("IMSPReadAB 16:PRIVATEAB [||0] 2000 1", "IMSPListAB 128: [|*|0] 100 1"));
 
   for (int i = 0; i < MaxPrivateEntries; ++i) PutEntry(MakeEntry(NumberedName(i), "a"));
   EXPECT_EQ(Book().LoadEntries(0), 1);
-  EXPECT_EQ(Book().Entries().Count(), MaxPrivateEntries);
+  EXPECT_EQ(Book().EntryCount(), MaxPrivateEntries);
   PutEntry(MakeEntry("zz", "a"));
   EXPECT_EQ(Book().LoadEntries(0), 0);
-  EXPECT_TRUE(Book().Entries().IsEmpty());
+  EXPECT_EQ(Book().EntryCount(), 0);
   EXPECT_TRUE(Book().EntriesLoaded());
 }
 
@@ -212,7 +214,7 @@ TEST_P(PrivateBookTest, BulkDeletionsWorkUnderTheLongTimeOut) {
                           "IMSPIOCtl 1 3600000", "IMSPDeleteAB 128:Team", "IMSPIOCtl 1 3600000",
                           "IMSPDeleteAB 16:PRIVATEAB", "IMSPIOCtl 1 1999"));
   EXPECT_EQ(SimulatorTimeout(), 1999U);
-  EXPECT_EQ(Book().Entries().IsEmpty(), GetParam()) << "the session keeps its copy to write back";
+  EXPECT_EQ(Book().EntryCount() == 0, GetParam()) << "the session keeps its copy to write back";
   EXPECT_EQ(Book().ListCount(), GetParam() ? 0 : 1);
   EXPECT_THAT(EntriesOnServer(), IsEmpty());
 

@@ -73,7 +73,7 @@ TEST_P(PrivateBackupTest, AnotherUsersSectionIsLeftUnread) {
   Archive archive(bytes);
   other.SerializeWithBook(archive);
   EXPECT_TRUE(other.NameMismatch());
-  EXPECT_TRUE(other.PrivateBook()->Entries().IsEmpty());
+  EXPECT_EQ(other.PrivateBook()->EntryCount(), 0);
   EXPECT_GT(archive.Remaining(), 0U);
 }
 
@@ -105,7 +105,7 @@ TEST_P(PrivateBackupTest, CutBytesGiveAPrefixOfTheBook) {
     CUserRecord loaded;
     Load(loaded, std::string_view(bytes).substr(0, length));
     ASSERT_LE(loaded.PrivateBook()->ListCount(), 2) << length;
-    ASSERT_LE(loaded.PrivateBook()->Entries().Count(), 3) << length;
+    ASSERT_LE(loaded.PrivateBook()->EntryCount(), 3) << length;
   }
   EXPECT_THAT(TakeCalls(), IsEmpty());
 }
@@ -118,7 +118,7 @@ TEST_P(PrivateBackupTest, ChangedBytesAreReadWithinBounds) {
     CUserRecord loaded;
     Load(loaded, changed);
     if (loaded.NameMismatch()) continue;
-    ASSERT_LE(loaded.PrivateBook()->Entries().Count(), static_cast<std::int32_t>(changed.size()));
+    ASSERT_LE(loaded.PrivateBook()->EntryCount(), static_cast<std::int32_t>(changed.size()));
     for (std::int32_t i = 0; i < loaded.PrivateBook()->ListCount(); ++i) {
       ASSERT_LE(loaded.PrivateBook()->ListAt(i)->Count(),
                 static_cast<std::int32_t>(changed.size()));

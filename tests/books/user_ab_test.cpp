@@ -235,7 +235,7 @@ TEST_F(UserBookTest, ALoginReadsThePrivateBookWhereAskedFor) {
   std::string third;
   ASSERT_EQ(TheAgent.Login(&record, box, third, 1), 0);
   ASSERT_NE(TheAgent.CurrentUser()->PrivateBook(), nullptr);
-  EXPECT_EQ(TheAgent.CurrentUser()->PrivateBook()->Entries().Count(), 1);
+  EXPECT_EQ(TheAgent.CurrentUser()->PrivateBook()->EntryCount(), 1);
   EXPECT_EQ(TheAgent.CurrentUser()->PrivateBook()->ListCount(), 1);
 }
 
