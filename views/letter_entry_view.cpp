@@ -18,6 +18,7 @@ CEmailEntry* CLetterEntryView::FindLetter(char letter) {
   const std::int32_t row = RowOfLetter(letter);
   if (row < 0) return nullptr;
   letterIndex = row;
+  if (boundaries.At(row)->count == 0) return nullptr;
   return LoadRow(row) && !page.IsEmpty() ? StandAt(0) : nullptr;
 }
 

@@ -10,7 +10,8 @@
 //
 // The census is read when first needed. Where that gives another status than 0 the operation gives
 // null: a book of more than 128 letters does so once, and shows its first 128 from then on. A
-// letter for which the census counts none is read with no call, and gives null.
+// letter for which the census counts none gives null with no call: FindLetter leaves the page, the
+// others empty it.
 
 #ifndef QUILLKIT_VIEWS_LETTER_ENTRY_VIEW_H_
 #define QUILLKIT_VIEWS_LETTER_ENTRY_VIEW_H_

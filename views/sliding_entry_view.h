@@ -6,7 +6,8 @@
 //   1. In the order low, middle, high the pages hold consecutive entries of the book in ascending
 //      order. Any of them may be empty.
 //   2. The position is an index in one of the pages, or there is none before the first load. It may
-//      stand where no entry is: the view has then run off, and Next and Prev give null until First,
+//      stand where no entry is. In a page with entries it is then beside them, and a step goes on
+//      from there; in an empty page the view has run off, and Next and Prev give null until First,
 //      GetAt, FindLetter, Find or FindPrefix.
 //
 // How the ends look: a step behind the book's last entry, or before its first, is tried on the
