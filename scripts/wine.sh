@@ -47,6 +47,7 @@ make_wine_root() (
     rm -rf "$parts/proc" "$parts/debootstrap"
     mkdir -p "$parts/proc" "$parts/dev" "$parts/tmp" "$parts/root" "$parts/program"
     echo "root:x:0:0::/root:/bin/sh" >"$parts/etc/passwd"
+    echo "127.0.0.1 localhost" >"$parts/etc/hosts"
     windows=$parts/root/.wine/drive_c/windows/system32
     mkdir -p "$windows"
     cp "$parts/usr/i686-w64-mingw32/lib/zlib1.dll" "$windows"

@@ -28,6 +28,7 @@ int ShowSystemMessageBox(const char* text) {
 }
 
 std::string LoadResourceText(unsigned id) {
+  if (id > UINT16_MAX) return {};  // LoadStringA looks at 16 bits of it
   std::array<char, kLongestText> text{};
   const int length = LoadStringA(OwnModule(), id, text.data(), static_cast<int>(text.size()));
   return {text.data(), static_cast<std::size_t>(length)};

@@ -33,7 +33,7 @@ TEST_F(FilesTest, PatternsOfTheLastPart) {
     bool found;
   } kCases[] = {
       {"users.ldif", true}, {"users.ldi", false}, {"users.ldiff", false}, {"*", true},
-      {"*.ldif", true},     {"*.ldi", false},     {"u*", true},           {"z*", false},
+      {"*.ldif", true},     {"*.ldiff", false},   {"u*", true},           {"z*", false},
       {"user?.ldif", true}, {"?sers.ldif", true}, {"use??.ldif", true},   {"use?.ldif", false},
       {"*s.ldif", true},    {"u*f", true},        {"*sers*", true},       {"a*X*c.csv", true},
       {"a*b*X*.csv", true}, {"a*c*b.csv", false}, {"**.txt", true},       {"*xport.txt", true},

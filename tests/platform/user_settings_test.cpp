@@ -95,7 +95,7 @@ TEST_F(UserSettingsTest, AnyNameWillDo) {
 }
 
 TEST_F(UserSettingsTest, NameThatIsTooLongIsRefused) {
-  const std::string longest(255, 'k');
+  const std::string longest(200, 'k');  // the registry may take 260 characters for a whole path
   EXPECT_EQ(WriteText(Make(root + "\\" + longest), "v", "x"), kSettingsDone);
   EXPECT_THAT(Subkeys(root), ElementsAre(longest));
   const std::string path = root + "\\" + std::string(300, 'k');
