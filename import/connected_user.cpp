@@ -14,6 +14,11 @@ CUserRecord* ConnectedUser(const CScanner* scanner) {
   return (agent != nullptr ? *agent : TheAgent).CurrentUser();
 }
 
+int IsConnectedUserAdministrator(const CScanner* scanner) {
+  const CUserRecord* user = ConnectedUser(scanner);
+  return user != nullptr && user->IsAdministrator() ? 1 : 0;
+}
+
 int GetConnectedUserName(const CScanner* scanner, char* buffer, std::size_t size) {
   const CUserRecord* user = ConnectedUser(scanner);
   if (user == nullptr || size == 0) return 0;

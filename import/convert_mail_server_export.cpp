@@ -13,10 +13,14 @@ namespace {
 constexpr std::string_view kRowWord = "Mailbox";
 constexpr std::string_view kAddressMark = "SMTP:";
 
+const char* End(TextSpan text) {
+  return text.data() + text.size();
+}
+
 // The text between the quotes of a field that NextQuotedField gave, and the splitting goes on right
 // behind the closing one: so the field after it is the empty one up to the separator.
 TextSpan SplitInsideQuotes(TextSpan field, TextSpan line) {
-  if (field.end() != line.end()) field.data()[field.size()] = ',';
+  if (End(field) != End(line)) field.data()[field.size()] = ',';
   return NextQuotedField(field.data() + 1, '"');
 }
 
@@ -29,8 +33,8 @@ bool BeginsWith(TextSpan text, char c) {
 // leaves the splitting where it is; any other takes the next field.
 TextSpan FindName(TextSpan line) {
   const TextSpan word = NextQuotedField(line.data(), ',');
-  if (View(word) != kRowWord || word.end() == line.end()) return {};
-  TextSpan name(word.end() + 1, line.end());
+  if (View(word) != kRowWord || End(word) == End(line)) return {};
+  TextSpan name = line.subspan(word.size() + 1);
   for (int pass = 0; pass < 3; ++pass) {
     if (BeginsWith(name, ',')) {
       name = name.subspan(1);
@@ -59,9 +63,9 @@ bool FindAddress(std::string_view text, std::string_view* address) {
 
 void TakeRow(TextSpan line, ScriptWriter& script, bool isAdmin) {
   const TextSpan name = FindName(line);
-  if (name.data() == nullptr || name.end() == line.end()) return;
+  if (name.data() == nullptr || End(name) == End(line)) return;
   std::string_view address;
-  if (!FindAddress({name.end() + 1, line.end()}, &address)) return;
+  if (!FindAddress({End(name) + 1, End(line)}, &address)) return;
   const std::string_view values[] = {View(name), address};
   WriteEntry(script, EmailScriptBook(), isAdmin, values);
 }

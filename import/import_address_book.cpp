@@ -34,8 +34,7 @@ std::int32_t ConvertDelimited(const CScanner* scanner, const char* path, const c
 // Writes the script. What the converter gives.
 std::int32_t Convert(const CScanner* scanner, const char* path, const char* script,
                      const ImportOptions& options) {
-  const CUserRecord* user = ConnectedUser(scanner);
-  const std::int32_t isAdmin = user != nullptr && user->IsAdministrator() ? 1 : 0;
+  const std::int32_t isAdmin = IsConnectedUserAdministrator(scanner);
   switch (options.format) {
     case ImportFormatDirectory:
       return ConvertDirectoryExport(path, script, options.clearFirst, isAdmin, nullptr, 0);

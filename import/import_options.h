@@ -30,7 +30,9 @@ struct ImportOptions {
   // Delimited only. Nonzero: the first line that is not empty is a header and is dropped.
   std::int32_t skipHeader;
   // Nonzero: the script opens with a line that clears the book, where "ADMINISTRATOR" is connected;
-  // for anybody else it has no effect, and none on a ready-made script.
+  // for anybody else it has no effect, and none on a ready-made script. The directory and
+  // mail-server formats' line names no book, and what it does is the server's affair; a delimited
+  // file for an unknown target gets no line.
   std::int32_t clearFirst;
   // One of the four selectors above.
   std::uint32_t format;

@@ -26,7 +26,7 @@ TextSpan NextQuotedField(char* text, char separator);
 // NUL is written behind that.
 TextSpan StripChar(char removed, TextSpan text);
 
-// Removes and handles the thread's pending messages for `window`, and afterwards restores the
+// Handles the thread's pending messages as PumpThreadMessages does, and afterwards restores the
 // application's wait cursor if `restoreCursor` is nonzero. Does nothing for a null window.
 // Converters call it once for every line of input.
 inline void PumpPendingMessages(WindowHandle window, std::int32_t restoreCursor) {

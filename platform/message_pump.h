@@ -8,7 +8,8 @@ namespace quillkit {
 // A window of the application, a HWND on Windows; null is no window.
 using WindowHandle = void*;
 
-// Removes all pending messages of the thread; each goes to `window` as a dialog message and, where
+// Removes the thread's pending messages, but for a request to quit, up to the first that arrives
+// while this runs; each goes to `window` as a dialog message and, where
 // that refuses it, is translated and dispatched. On POSIX the thread's due timers run.
 // REQUIRES: `window` is not null.
 void PumpThreadMessages(WindowHandle window);

@@ -25,10 +25,10 @@ namespace quillkit {
 // its low nibble (0 to 15).
 //
 // For anybody else two lines are the name and the address of an entry of the user's private book,
-// created or replaced; the address may be blank.
+// created or replaced; the address may be blank. A blank line in the place of a name is skipped.
 //
 // 17 for a file that cannot be read, a line that is none of these and a name without an address; 7
-// for an empty name, and for a text or number that does not fit its field.
+// for an empty name between quotes, and for a text or number that does not fit its field.
 Status RunBatch(Store& store, std::string_view user, const char* path);
 
 }  // namespace quillkit

@@ -31,10 +31,7 @@ CUserRecord* GetCurrentConnectedUser(CScanner* scanner) {
 }
 
 std::int32_t IsAdminConnected(CScanner* scanner) {
-  return InFrame([&] {
-    const CUserRecord* user = ConnectedUser(scanner);
-    return user != nullptr && user->IsAdministrator() ? 1 : 0;
-  });
+  return InFrame([&] { return IsConnectedUserAdministrator(scanner); });
 }
 
 CTopLevelAB* GetTopLevelAbook(CScanner* scanner) {

@@ -33,8 +33,6 @@ std::vector<ServerOperation> ServerOperations() {
   static IOCtlRecord request;
   count = 2;
   request = {};
-  records[0] = MakeEntry("Ann");
-  records[1] = MakeEntry("Zoe");
   const auto named = [](const char* name) { return entry = MakeEntry(name), &entry; };
   std::vector<ServerOperation> all;
   const auto add = [&all](const char* name, auto run, Calls calls) {
@@ -66,7 +64,12 @@ std::vector<ServerOperation> ServerOperations() {
       {"IMSPCreateEntry 64:Board Cy"});
   add("CreateMemberAddress", [](const B& b) { return b.CreateMemberAddress("Choir", "Cy", "at"); },
       {"IMSPCreateEntry 64:Choir Cy"});
-  add("ModifyList", [](const B& b) { return count = 2, b.ModifyList("Board", records, &count); },
+  add("ModifyList",
+      [](const B& b) {
+        records[0] = MakeEntry("Ann");
+        records[1] = MakeEntry("Zoe");
+        return count = 2, b.ModifyList("Board", records, &count);
+      },
       {"IMSPModifyEntry 64:Board Ann Ann", "IMSPModifyEntry 64:Board Zoe Zoe"});
   add("ModifyMember", [=](const B& b) { return b.ModifyMember("Board", named("Ann")); },
       {"IMSPModifyEntry 64:Board Ann Ann"});
@@ -88,16 +91,6 @@ TEST_F(EmailBookTest, EachServerOperationGivesWhatTheServerGives) {
     EXPECT_EQ(each.run(book), kNoError) << each.name;
     EXPECT_EQ(TakeCalls(), each.calls) << each.name;
     EXPECT_EQ(TheAgent.LastError(), kNoError) << each.name;
-  }
-}
-
-TEST_F(EmailBookTest, EachServerOperationGivesWhatFailed) {
-  for (const ServerOperation& each : ServerOperations()) {
-    Start();
-    SimulatorFail(nullptr, static_cast<std::int32_t>(each.calls.size()), kServerFault);
-    EXPECT_EQ(each.run(book), kServerFault) << each.name;
-    EXPECT_EQ(TakeCalls(), each.calls) << each.name;
-    EXPECT_EQ(TheAgent.LastError(), kServerFault) << each.name;
   }
 }
 
