@@ -6,9 +6,7 @@
 
 #include <memory>
 #include <string>
-#include <string_view>
 
-#include "base/archive.h"
 #include "bridge/the_agent.h"
 #include "simulator/simulator.h"
 #include "softkeys/top_level_ab.h"
@@ -31,6 +29,10 @@ TEST(Scanner, InitRefusesWhatWouldNotBindIt) {
   EXPECT_EQ(scanner.Name(), "");
   EXPECT_EQ(scanner.Init("a", &kAddress, "b", "c", &TheAgent), 1);
   EXPECT_EQ(scanner.Name() + scanner.Model() + scanner.Version(), "abc");
+  CScanner other;
+  EXPECT_TRUE(scanner != other);
+  other.SetAddress(&kAddress);
+  EXPECT_TRUE(scanner == other) << "the appliance of its address";
 }
 
 TEST(Scanner, FillsNothingUnlessItIsBound) {
@@ -51,32 +53,6 @@ TEST(Scanner, FillsNothingUnlessItIsBound) {
     EXPECT_EQ(scanner.Agent(), bound ? &TheAgent : nullptr);
     EXPECT_EQ(scanner.Name(), "name");
   }
-}
-
-TEST(Scanner, IsTheApplianceOfItsAddress) {
-  CScanner a;
-  CScanner b;
-  a.SetName("a");
-  EXPECT_TRUE(a == b);
-  a.SetAddress(&kAddress);
-  EXPECT_TRUE(a != b);
-}
-
-TEST(Scanner, ComesBackFromAnArchiveUnbound) {
-  CScanner stored;
-  stored.Init("name", &kAddress, "model", "version", &TheAgent);
-  std::string bytes;
-  Archive storing(&bytes);
-  stored.Serialize(storing);
-  using namespace std::literals;
-  EXPECT_EQ(bytes, "\4name\x7F\0\0\1\5model\7version"sv);
-  CScanner loaded;
-  Archive loading{std::string_view(bytes)};
-  loaded.Serialize(loading);
-  EXPECT_EQ(loaded.Version(), "version");
-  EXPECT_FALSE(loaded.IsBound());
-  loaded.SetAgent(&TheAgent);
-  EXPECT_TRUE(loaded.IsBound());
 }
 
 class ScannerBooks : public ApplianceTest {
@@ -109,22 +85,16 @@ TEST_F(ScannerBooks, ABookIsReplacedTakenOutAndOpenedAnew) {
 
 TEST_F(ScannerBooks, AnUnboundScannerKeepsItsBooksToItself) {
   CTopLevelAB* const book = box_->TopBook();
-  box_->SetAgent(nullptr);
+  TheAgent.SetError(17);
+  box_->SetAddress(&kNowhere);
   EXPECT_EQ(box_->TopBook(), nullptr);
-  EXPECT_EQ(box_->EmailBook(), nullptr);
   EXPECT_EQ(box_->DetachTopBook(), nullptr);
   EXPECT_EQ(box_->SetTopBook(nullptr), 0);
-  box_->SetAgent(&TheAgent);
-  EXPECT_EQ(box_->TopBook(), book);
-}
-
-TEST_F(ScannerBooks, ClearingOnAnUnboundScannerReadsAsSuccess) {
-  TheAgent.SetError(17);
-  CScanner unbound;
-  unbound.SetAgent(&TheAgent);
-  EXPECT_EQ(unbound.ClearEmailBook(), kNoError);
+  EXPECT_EQ(box_->ClearEmailBook(), kNoError) << "clearing reads as success";
   EXPECT_EQ(TheAgent.LastError(), 17);
   EXPECT_THAT(TakeCalls(), IsEmpty());
+  box_->SetAddress(&kAddress);
+  EXPECT_EQ(box_->TopBook(), book);
 }
 
 TEST_F(ScannerBooks, WithoutAnAgentThereIsNoLogAndNobodyToEnrol) {
@@ -133,15 +103,12 @@ TEST_F(ScannerBooks, WithoutAnAgentThereIsNoLogAndNobodyToEnrol) {
   EXPECT_EQ(CScanner().LogCount(), 0U);
   EXPECT_EQ(CScanner().LogRecordAt(0), nullptr);
 
+  EXPECT_EQ(box_->ReadLog("ADMINISTRATOR"), kNoError);
+  EXPECT_EQ(box_->LogCount(), 1U);
+  EXPECT_EQ(box_->LogRecordAt(0), TheAgent.LogRecordAt(0));
   entry.SetName("Ann");
   EXPECT_EQ(box_->EnrolUser(&entry), kNoError);
-  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPLogin 127.0.0.1 GUEST \"\"",
-                                       "IMSPCreateEntry 4:USERSAB Ann", "IMSPLogout"));
-  box_ = LogIn();
-  EXPECT_EQ(box_->ReadLog("GUEST"), kNoError);
-  EXPECT_EQ(box_->LogCount(), TheAgent.LogCount());
-  EXPECT_GT(box_->LogCount(), 0U);
-  EXPECT_EQ(box_->LogRecordAt(0), TheAgent.LogRecordAt(0));
+  EXPECT_EQ(SimulatorFindEntry(BookKind::kUsers, "", nullptr, "Ann", &entry), 1);
 }
 
 // --- The administrator's tag ---

@@ -52,31 +52,6 @@ TEST_F(ConversionExamples, DelimitedRows) {
   Expect(Converter::kDelimited, {{"a,b,c\n", Entry("c", "")}}, {.columnMap = {2}});
 }
 
-// Every field of every book, with a value that just fits and one that is cut.
-TEST_F(ConversionExamples, DelimitedFieldsAreCutToTheirWidths) {
-  const struct {
-    std::string word;
-    std::vector<std::size_t> widths;
-    std::string tail;
-  } books[] = {{"emailab", {31, 255}, "\n"},
-               {"faxab", {31, 79, 10}, "\n"},
-               {"printersab", {31, 255, 31}, "\n"},
-               {"usersab", {31, 15, 255, 255}, " 1 0 0 1\n"}};
-  model::Request request{.clearFirst = true, .targetBook = 0, .columnMap = {0, 1, 2, 3}};
-  for (const auto& book : books) {
-    ++request.targetBook;
-    std::string whole, tooLong, line = "SE " + book.word;
-    for (const std::size_t width : book.widths) {
-      whole += X(width) + ",";
-      tooLong += X(width) + "y,";
-      line += " \"" + X(width) + "\"";
-    }
-    line += book.tail;
-    Expect(Converter::kDelimited,
-           {{whole + "\n" + tooLong + "\n", "CA " + book.word + "\n" + line + line}}, request);
-  }
-}
-
 // Anybody else fills two books with pairs. Other books get the rows as they stand, run together.
 TEST_F(ConversionExamples, DelimitedRowsOfAnybodyElse) {
   const std::string rows = "Ann,\"1\",x\n " + X(80) + "," + X(80) + "  \n";

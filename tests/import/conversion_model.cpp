@@ -29,19 +29,19 @@ bool BeginsWith(const std::string& text, const std::string& front) {
 
 // --- Delimited text ---
 
-const char* BookWord(std::int32_t targetBook) {
-  switch (targetBook) {
-    case 1:
-      return "emailab";
-    case 2:
-      return "faxab";
-    case 3:
-      return "printersab";
-    case 4:
-      return "usersab";
-    default:
-      return nullptr;
-  }
+struct Book {
+  std::string word;
+  std::vector<std::size_t> widths;
+  std::string tail;
+};
+
+const Book kBooks[] = {{"emailab", {31, 255}, "\n"},
+                       {"faxab", {31, 79, 10}, "\n"},
+                       {"printersab", {31, 255, 31}, "\n"},
+                       {"usersab", {31, 15, 255, 255}, " 1 0 0 1\n"}};
+
+const Book* FindBook(std::int32_t targetBook) {
+  return targetBook >= 1 && targetBook <= 4 ? &kBooks[targetBook - 1] : nullptr;
 }
 
 std::string WithoutEnd(std::string line) {
@@ -83,25 +83,15 @@ std::vector<std::string> MappedColumns(const std::string& row,
 }
 
 std::string DelimitedEntry(const std::string& row, const Request& request) {
+  const Book* const book = FindBook(request.targetBook);
+  if (book == nullptr || (!request.isAdmin && request.targetBook > 2)) return row;
   const std::vector<std::string> out = MappedColumns(row, request.columnMap);
   if (!request.isAdmin) {
-    if (request.targetBook == 1) return Cut(out[0], 31) + "\n" + Cut(out[1], 255) + "\n";
-    if (request.targetBook == 2) return Cut(out[0], 31) + "\n" + Cut(out[1], 79) + "\n";
-    return row;
+    return Cut(out[0], book->widths[0]) + "\n" + Cut(out[1], book->widths[1]) + "\n";
   }
-  switch (request.targetBook) {
-    case 1:
-      return "SE emailab" + Quoted(out[0], 31) + Quoted(out[1], 255) + "\n";
-    case 2:
-      return "SE faxab" + Quoted(out[0], 31) + Quoted(out[1], 79) + Quoted(out[2], 10) + "\n";
-    case 3:
-      return "SE printersab" + Quoted(out[0], 31) + Quoted(out[1], 255) + Quoted(out[2], 31) + "\n";
-    case 4:
-      return "SE usersab" + Quoted(out[0], 31) + Quoted(out[1], 15) + Quoted(out[2], 255) +
-             Quoted(out[3], 255) + " 1 0 0 1\n";
-    default:
-      return row;
-  }
+  std::string entry = "SE " + book->word;
+  for (std::size_t i = 0; i < book->widths.size(); ++i) entry += Quoted(out[i], book->widths[i]);
+  return entry + book->tail;
 }
 
 // --- Mail-server export ---
@@ -219,10 +209,8 @@ std::vector<std::string> Lines(const std::string& file) {
 
 std::string DelimitedText(const std::string& file, const Request& request) {
   std::string script;
-  const char* const word = BookWord(request.targetBook);
-  if (request.isAdmin && request.clearFirst && word != nullptr) {
-    script = "CA " + std::string(word) + "\n";
-  }
+  const Book* const book = FindBook(request.targetBook);
+  if (request.isAdmin && request.clearFirst && book != nullptr) script = "CA " + book->word + "\n";
   bool isHeaderNext = request.skipHeader;
   for (const std::string& line : Lines(file)) {
     const std::string row = WithoutEnd(line);
