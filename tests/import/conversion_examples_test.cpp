@@ -87,23 +87,6 @@ TEST_F(ConversionExamples, DirectoryEntries) {
          });
 }
 
-// Where in a long line "dn:" stands does not matter, and not how the line falls into eights.
-TEST_F(ConversionExamples, DirectoryEntryMarksAnywhereInALine) {
-  std::string file, script;
-  for (std::size_t length = 3; length < 30; ++length) {
-    for (std::size_t place = 0; place + 3 <= length; ++place) {
-      const std::string name = std::to_string(length) + '.' + std::to_string(place);
-      std::string line(length, 'x');
-      line.replace(place, 3, "dn:");
-      file += "dn:\ncn:" + name + "\n" + line + "\nmail: box\n";
-      line[place] = 'c';
-      file += "dn:\ncn:" + name + "\n" + line + "\nmail: box\n";
-      script += Entry(name, "box");
-    }
-  }
-  Expect(Converter::kDirectory, {{file, script}});
-}
-
 // --- Mail-server export ---
 
 TEST_F(ConversionExamples, MailServerRows) {

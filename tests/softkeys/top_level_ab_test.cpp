@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "appliance/scanner.h"
-#include "base/archive.h"
 #include "bridge/the_agent.h"
 #include "simulator/simulator.h"
 #include "tests/softkeys/panel.h"
@@ -200,14 +199,6 @@ TEST_F(TopLevelTest, ClearAllEmptiesTheServerAndLoadsWhatIsLeft) {
   EXPECT_EQ(book_.Attach(nullptr, 1), 1) << "what the load gave is dropped";
   EXPECT_EQ(book_.ClearAll(), kRefused);
   EXPECT_EQ(book_.SizeofTop(&count), kRefused);
-}
-
-TEST_F(TopLevelTest, HasNoStreamForm) {
-  std::string bytes;
-  Archive storing(&bytes);
-  book_.Serialize(storing);
-  EXPECT_EQ(bytes, "");
-  EXPECT_EQ(book_.Count(), 3);
 }
 
 }  // namespace
