@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "tests/views/model_views.h"
+#include "tests/views/model_view.h"
 #include "views/full_entry_view.h"
 #include "views/letter_entry_view.h"
 #include "views/sliding_entry_view.h"

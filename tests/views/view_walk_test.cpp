@@ -8,6 +8,9 @@
 #include "simulator/simulator.h"
 #include "tests/support/appliance_fixture.h"
 #include "tests/views/generated_book.h"
+#include "tests/views/model_full.h"
+#include "tests/views/model_letter.h"
+#include "tests/views/model_sliding.h"
 #include "tests/views/random_step.h"
 #include "tests/views/view_probes.h"
 
