@@ -4,6 +4,7 @@
 #ifndef QUILLKIT_TESTS_BOOKS_EMAIL_FIXTURE_H_
 #define QUILLKIT_TESTS_BOOKS_EMAIL_FIXTURE_H_
 
+#include <functional>
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -62,6 +63,22 @@ template <class Held>
 std::string Names(std::int32_t count, Held at) {
   std::string names;
   for (std::int32_t i = 0; i < count; ++i) names += std::string(at(i)->Name()) + " ";
+  return names;
+}
+
+// The names that a walk of every operation that gives an entry comes by; "-" where it gives none.
+template <class Book>
+Calls Tour(Book& book) {
+  Calls names;
+  for (const auto& step : std::initializer_list<std::function<CEmailEntry*()>>{
+           [&] { return book.First(); }, [&] { return book.Next(); }, [&] { return book.Prev(); },
+           [&] { return book.Last(); }, [&] { return book.GetAt(1); },
+           [&] { return book.FindPrefix("Bo"); }, [&] { return book.FindNextPrefix(); },
+           [&] { return book.Find("Bo", 0); }, [&] { return book.FindNext(0); },
+           [&] { return book.FindPrev(0); }, [&] { return book.FindLetter('B'); }}) {
+    const CEmailEntry* entry = step();
+    names.emplace_back(entry != nullptr ? entry->Name() : "-");
+  }
   return names;
 }
 
