@@ -1,5 +1,6 @@
 #include "tests/books/book_operation.h"
 
+#include <algorithm>
 #include <array>
 #include <memory>
 
@@ -14,8 +15,7 @@ namespace quillkit {
 namespace {
 
 using enum FailureStyle;
-using enum BookOperation::Held;
-using Held = BookOperation::Held;
+using enum BookStage::Setting;
 using Table = std::vector<BookOperation>;
 
 // What the server calls fill in.
@@ -25,6 +25,7 @@ std::array<ABIdent, 4> rows;
 std::array<EntryKey, 4> keys;
 std::array<PageBoundary, 4> letters;
 std::array<CEmailEntry, 4> records;
+IOCtlRecord request;
 
 #define RUN(expression) [](BookStage& on) -> std::int64_t { return expression; }
 #define RUN_ON_LIST(expression)                          \
@@ -35,10 +36,23 @@ std::array<CEmailEntry, 4> records;
     return expression;                                   \
   }
 
-CFaxEntry MakeFax(std::string_view name) {
+// A row: an operation of the object and its arguments, in parentheses.
+#define CALL(of, object, operation, style, calls, success, arguments) \
+  { of #operation, style, calls, success, RUN(object operation arguments) }
+#define ON_LIST(operation, style, calls, success, arguments) \
+  { of + #operation, style, calls, success, RUN_ON_LIST(list.operation arguments) }
+#define PRIVATE_LIST(operation, ...) CALL("CPrivEmailDL ", PrivateList(on)., operation, __VA_ARGS__)
+#define EMAIL(operation, ...) CALL("CEmailAB ", on.email., operation, __VA_ARGS__)
+#define FAX(operation, ...) CALL("CFaxAB ", on.fax., operation, __VA_ARGS__)
+#define PRIVATE(operation, ...) CALL("CPrivEmailAB ", on.priv->, operation, __VA_ARGS__)
+#define USERS(operation, ...) CALL("CUserAB ", on.users., operation, __VA_ARGS__)
+#define PRINTERS(operation, ...) CALL("CPrinterAB ", on.printers., operation, __VA_ARGS__)
+#define USER(operation, ...) CALL("CUserRecord ", on.user., operation, __VA_ARGS__)
+
+CFaxEntry MakeFax(std::string_view name, std::string_view number = "at") {
   CFaxEntry entry;
   entry.SetName(name);
-  entry.SetNumber("1");
+  entry.SetNumber(number);
   return entry;
 }
 
@@ -69,29 +83,20 @@ CPrivEmailDL& PrivateList(BookStage& on) {
 template <auto Get>
 Table ListOperations(const std::string& of) {
   return {
-      {of + "GetMemberCount", kStatus, "SizeofAB!", 0, RUN_ON_LIST(list.GetMemberCount(&count))},
-      {of + "ReadMember", kStatus, "ReadEntryProperties!", 0, RUN_ON_LIST(list.ReadMember(ann))},
-      {of + "AddMember", kStatus, "CreateEntry! SizeofAB- ReadAB~", 0,
-       RUN_ON_LIST(list.AddMember(zoe, 1))},
-      {of + "AddMemberUnlimited", kStatus, "CreateEntry! SizeofAB- ReadAB~", 0,
-       RUN_ON_LIST(list.AddMemberUnlimited(zoe, 1))},
-      {of + "ModifyMember", kStatus, "ModifyEntry! SizeofAB- ReadAB~", 0,
-       RUN_ON_LIST(list.ModifyMember(ann, 1))},
-      {of + "RenameMember", kStatus, "ModifyEntry! SizeofAB- ReadAB~", 0,
-       RUN_ON_LIST(list.RenameMember("Ann", zoe, 1))},
-      {of + "RemoveMember", kStatus, "DeleteEntry! SizeofAB- ReadAB~", 0,
-       RUN_ON_LIST(list.RemoveMember(ann, 1))},
-      {of + "Reload", kStatus, "SizeofAB! ReadAB!", 0, RUN_ON_LIST(list.Reload()), kNeither},
-      {of + "Open", kStatus, "SizeofAB! ReadAB!", 0, RUN_ON_LIST(list.Open(list.Book(), "Board")),
-       kNeither},
-      {of + "SetAt", kStatus, "ModifyEntry! SizeofAB- ReadAB~", 0,
-       RUN_ON_LIST(list.SetAt(0, *ann, 1))},
-      {of + "RemoveAt", kStatus, "DeleteEntry! SizeofAB- ReadAB~", 0,
-       RUN_ON_LIST(list.RemoveAt(0, 1)), kNeither},
-      {of + "AddLocal", kCount, "CreateEntry!", 3, RUN_ON_LIST(list.AddLocal(zoe))},
-      {of + "AddLocalUnlimited", kCount, "CreateEntry!", 3,
-       RUN_ON_LIST(list.AddLocalUnlimited(zoe))},
-      {of + "RemoveLocal", kCount, "DeleteEntry!", 1, RUN_ON_LIST(list.RemoveLocal(ann))},
+      ON_LIST(GetMemberCount, kStatus, "SizeofAB! loose", 0, (&count)),
+      ON_LIST(ReadMember, kStatus, "ReadEntryProperties!", 0, (ann)),
+      ON_LIST(AddMember, kStatus, "CreateEntry! SizeofAB- ReadAB~", 0, (zoe, 1)),
+      ON_LIST(AddMemberUnlimited, kStatus, "CreateEntry! SizeofAB- ReadAB~", 0, (zoe, 1)),
+      ON_LIST(ModifyMember, kStatus, "ModifyEntry! SizeofAB- ReadAB~", 0, (ann, 1)),
+      ON_LIST(RenameMember, kStatus, "ModifyEntry! SizeofAB- ReadAB~", 0, ("Ann", zoe, 1)),
+      ON_LIST(RemoveMember, kStatus, "DeleteEntry! SizeofAB- ReadAB~", 0, (ann, 1)),
+      ON_LIST(Reload, kStatus, "SizeofAB! ReadAB! neither", 0, ()),
+      ON_LIST(Open, kStatus, "SizeofAB! ReadAB! neither loose", 0, (list.Book(), "Board")),
+      ON_LIST(SetAt, kStatus, "ModifyEntry! SizeofAB- ReadAB~ neither", 0, (0, *ann, 1)),
+      ON_LIST(RemoveAt, kStatus, "DeleteEntry! SizeofAB- ReadAB~ neither", 0, (0, 1)),
+      ON_LIST(AddLocal, kCount, "CreateEntry!", 3, (zoe)),
+      ON_LIST(AddLocalUnlimited, kCount, "CreateEntry!", 3, (zoe)),
+      ON_LIST(RemoveLocal, kCount, "DeleteEntry!", 1, (ann)),
   };
 }
 
@@ -99,41 +104,40 @@ Table ListOperations(const std::string& of) {
 template <auto Get>
 Table PublicListOperations(const std::string& of) {
   return {
-      {of + "WriteMembers", kStatus, "ModifyEntry! ModifyEntry!", 0,
-       RUN_ON_LIST(list.WriteMembers())},
-      {of + "DestroyList", kStatus, "IOCtl! IOCtl! DeleteAB! IOCtl! IOCtl!", 0,
-       RUN_ON_LIST(list.DestroyList()), kAfter},
-      {of + "ClearMembers", kStatus, "IOCtl! IOCtl! ClearAB! IOCtl!", 0,
-       RUN_ON_LIST(list.ClearMembers()), kAfter},
-      {of + "ModifyLocal", kCount, "ModifyEntry!", 2, RUN_ON_LIST(list.ModifyLocal(ann))},
-      {of + "RenameLocal", kCount, "ModifyEntry!", 2, RUN_ON_LIST(list.RenameLocal("Ann", ann))},
+      ON_LIST(WriteMembers, kStatus, "ModifyEntry! ModifyEntry!", 0, ()),
+      ON_LIST(DestroyList, kStatus, "IOCtl! IOCtl! DeleteAB! IOCtl! IOCtl! after stale", 0, ()),
+      ON_LIST(ClearMembers, kStatus, "IOCtl! IOCtl! ClearAB! IOCtl! after loose", 0, ()),
+      ON_LIST(ModifyLocal, kCount, "ModifyEntry!", 2, (ann)),
+      ON_LIST(RenameLocal, kCount, "ModifyEntry!", 2, ("Ann", ann)),
   };
 }
 
 Table PrivateListOperations() {
   return {
-      {"CPrivEmailDL DestroyList", kStatus, "IOCtl! IOCtl! DeleteAB! IOCtl!", 0,
-       RUN(PrivateList(on).DestroyList()), kAfter},
-      {"CPrivEmailDL DestroyKeepingMembers", kStatus, "IOCtl! IOCtl! DeleteAB! IOCtl!", 0,
-       RUN(PrivateList(on).DestroyKeepingMembers())},
-      {"CPrivEmailDL AddLocalChecked", kCount, "CreateEntry!", 3,
-       RUN(PrivateList(on).AddLocalChecked(&on.zoe))},
-      {"CPrivEmailDL ModifyLocal", kFlag, "ModifyEntry!", 1,
-       RUN(PrivateList(on).ModifyLocal(&on.ann))},
-      {"CPrivEmailDL RenameLocal", kFlag, "ModifyEntry!", 1,
-       RUN(PrivateList(on).RenameLocal("Ann", &on.ann))},
+      PRIVATE_LIST(DestroyList, kStatus, "IOCtl! IOCtl! DeleteAB! IOCtl! after stale loose", 0, ()),
+      PRIVATE_LIST(DestroyKeepingMembers, kStatus, "IOCtl! IOCtl! DeleteAB! IOCtl! stale loose", 0,
+                   ()),
+      PRIVATE_LIST(AddLocalChecked, kCount, "CreateEntry!", 3, (&on.zoe)),
+      PRIVATE_LIST(ModifyLocal, kFlag, "ModifyEntry! loose", 1, (&on.ann)),
+      PRIVATE_LIST(RenameLocal, kFlag, "ModifyEntry! loose", 1, ("Ann", &on.ann)),
   };
+}
+
+// Gives `to` what `from` has, by way of an archive.
+template <class Stored>
+void Carry(Stored& from, Stored& to) {
+  std::string bytes;
+  Archive storing(&bytes);
+  from.Serialize(storing);
+  Archive loading{std::string_view(bytes)};
+  to.Serialize(loading);
 }
 
 // A list named Choir with the members of another, for a book to add.
 template <class List>
 std::unique_ptr<List> Choir(List& like) {
   auto list = std::make_unique<List>();
-  std::string bytes;
-  Archive storing(&bytes);
-  like.Serialize(storing);
-  Archive loading{std::string_view(bytes)};
-  list->Serialize(loading);
+  Carry(like, *list);
   list->SetName("Choir");
   return list;
 }
@@ -148,207 +152,199 @@ std::int64_t Given(std::unique_ptr<List> list, std::int32_t (Book::*add)(List*),
 
 Table EmailOperations() {
   return {
-      {"CEmailAB EntryCount", kStatus, "SizeofAB!", 0, RUN(on.email.EntryCount(&count))},
-      {"CEmailAB ServerListSize", kStatus, "SizeofAB!", 0,
-       RUN(on.email.ServerListSize("Board", &count))},
-      {"CEmailAB ServerListCount", kStatus, "ListAB!", 0, RUN(on.email.ServerListCount(&count))},
-      {"CEmailAB EnumerateLists", kStatus, "ListAB!", 0,
-       RUN(on.email.EnumerateLists(rows.data(), &(count = 4)))},
-      {"CEmailAB ReadBoundaries", kStatus, "ReadPageBoundaries!", 0,
-       RUN(on.email.ReadBoundaries(letters.data(), &(count = 4)))},
-      {"CEmailAB ClearBook", kStatus, "IOCtl~1 IOCtl~ ClearAB? IOCtl- IOCtl~", 0,
-       RUN(on.email.ClearBook())},
-      {"CEmailAB DeleteBook", kStatus, "IOCtl! IOCtl! DeleteAB? IOCtl~", 0,
-       RUN(on.email.DeleteBook())},
-      {"CEmailAB DeleteAllLists", kStatus, "IOCtl! IOCtl! DeleteAB~ IOCtl~", 0,
-       RUN(on.email.DeleteAllLists())},
-      {"CEmailAB SetServerTimeout", kStatus, "IOCtl! IOCtl!", 0,
-       RUN(on.email.SetServerTimeout(10, &count))},
-      {"CEmailAB LoadLists", kStatus, "ListAB4 SizeofAB- ReadAB~", 0, RUN(on.email.LoadLists(1)),
-       kNeither},
+      EMAIL(EntryCount, kStatus, "SizeofAB!", 0, (&count)),
+      EMAIL(ServerListSize, kStatus, "SizeofAB!", 0, ("Board", &count)),
+      EMAIL(ServerListCount, kStatus, "ListAB!", 0, (&count)),
+      EMAIL(EnumerateLists, kStatus, "ListAB!", 0, (rows.data(), &(count = 4))),
+      EMAIL(ReadBoundaries, kStatus, "ReadPageBoundaries! loose", 0,
+            (letters.data(), &(count = 4))),
+      EMAIL(ClearBook, kStatus, "IOCtl~1 IOCtl~ ClearAB? IOCtl- IOCtl~", 0, ()),
+      EMAIL(DeleteBook, kStatus, "IOCtl! IOCtl! DeleteAB? IOCtl~ stale", 0, ()),
+      EMAIL(DeleteAllLists, kStatus, "IOCtl! IOCtl! DeleteAB~ IOCtl~", 0, ()),
+      EMAIL(SetServerTimeout, kStatus, "IOCtl! IOCtl!", 0, (10, &count)),
+      EMAIL(LoadLists, kStatus, "ListAB4 SizeofAB- ReadAB~ neither", 0, (1)),
       {"CEmailAB AddList", kCount, "ListAB~ CreateAB! CreateEntry~ CreateEntry~", 2,
        RUN(Given(Choir(*on.email.ListAt(0)), &CEmailAB::AddList, on.email))},
-      {"CEmailAB AddListReload", kFlag, "ListAB~ CreateAB! CreateEntry~ CreateEntry~", 1,
-       RUN(on.email.AddListReload(*Choir(*on.email.ListAt(0)), 0))},
-      {"CEmailAB DeleteList", kCount, "DeleteAB!", 0, RUN(on.email.DeleteList("Board"))},
-      {"CEmailAB DeleteListReload", kFlag, "DeleteAB! ListAB4", 1,
-       RUN(on.email.DeleteListReload("Board", 1))},
-      {"CEmailAB CopyList", kFlag, "SizeofAB4 ReadAB4 ListAB~ CreateAB! CreateEntry~ CreateEntry~",
-       1, RUN(on.email.CopyList(*on.email.ListAt(0), "Choir", 0))},
-      {"CEmailAB CopyListLocal", kCount,
-       "SizeofAB4 ReadAB4 ListAB~ CreateAB! CreateEntry~ CreateEntry~", 2,
-       RUN(on.email.CopyListLocal(*on.email.ListAt(0), "Choir"))},
-      {"CEmailAB AddEntry", kStatus, "SizeofAB~ CreateEntry!", 0, RUN(on.email.AddEntry(&on.zoe))},
-      {"CEmailAB DeleteEntry", kStatus, "DeleteEntry!", 0, RUN(on.email.DeleteEntry(&on.ann))},
-      {"CEmailAB ModifyEntry", kStatus, "ModifyEntry!", 0, RUN(on.email.ModifyEntry(&on.ann))},
-      {"CEmailAB RenameEntry", kStatus, "ModifyEntry!", 0,
-       RUN(on.email.RenameEntry("Ann", &on.zoe))},
-      {"CEmailAB ReadEntries", kStatus, "ReadAB!", 0,
-       RUN(on.email.ReadEntries(&range, records.data(), &(count = 4), 1))},
-      {"CEmailAB ListEntries", kStatus, "ListABEntries!", 0,
-       RUN(on.email.ListEntries(&range, keys.data(), &(count = 4), 1))},
-      {"CEmailAB ReadFirstEntry", kStatus, "ReadPageBoundaries! ReadAB!", 0,
-       RUN(on.email.ReadFirstEntry(records.data()))},
-      {"CEmailAB ReadLastEntry", kStatus, "ReadPageBoundaries! ReadAB!", 0,
-       RUN(on.email.ReadLastEntry(records.data()))},
-      {"CEmailAB CreateMember", kStatus, "CreateEntry!", 0,
-       RUN(on.email.CreateMember("Board", &on.zoe))},
-      {"CEmailAB CreateMemberAddress", kStatus, "CreateEntry!", 0,
-       RUN(on.email.CreateMemberAddress("Board", "Zoe", "at"))},
-      {"CEmailAB ModifyList", kStatus, "ModifyEntry!", 0,
-       RUN(on.email.ModifyList("Board", &on.ann, &(count = 1)))},
-      {"CEmailAB Modify", kStatus, "ModifyEntry!", 0, RUN(on.email.Modify(&on.ann, 1))},
-      {"CEmailAB ModifyByKey", kStatus, "ModifyEntry!", 0,
-       RUN(on.email.ModifyByKey("Ann", &on.zoe, 1))},
-      {"CEmailAB Remove", kStatus, "DeleteEntry!", 0, RUN(on.email.Remove(&on.ann, 1))},
+      EMAIL(AddListReload, kFlag, "ListAB~ CreateAB! CreateEntry~ CreateEntry~ stale", 1,
+            (*Choir(*on.email.ListAt(0)), 0)),
+      EMAIL(DeleteList, kCount, "DeleteAB!", 0, ("Board")),
+      EMAIL(DeleteListReload, kFlag, "DeleteAB! ListAB4", 1, ("Board", 1)),
+      EMAIL(CopyList, kFlag, "SizeofAB4 ReadAB4 ListAB~ CreateAB! CreateEntry~ CreateEntry~ stale",
+            1, (*on.email.ListAt(0), "Choir", 0)),
+      EMAIL(CopyListLocal, kCount, "SizeofAB4 ReadAB4 ListAB~ CreateAB! CreateEntry~ CreateEntry~",
+            2, (*on.email.ListAt(0), "Choir")),
+      EMAIL(AddEntry, kStatus, "SizeofAB~ CreateEntry!", 0, (&on.zoe)),
+      EMAIL(DeleteEntry, kStatus, "DeleteEntry!", 0, (&on.ann)),
+      EMAIL(ModifyEntry, kStatus, "ModifyEntry!", 0, (&on.ann)),
+      EMAIL(RenameEntry, kStatus, "ModifyEntry!", 0, ("Ann", &on.zoe)),
+      EMAIL(ReadEntries, kStatus, "ReadAB!", 0, (&range, records.data(), &(count = 4), 1)),
+      EMAIL(ListEntries, kStatus, "ListABEntries!", 0, (&range, keys.data(), &(count = 4), 1)),
+      EMAIL(ReadFirstEntry, kStatus, "ReadPageBoundaries! ReadAB!", 0, (records.data())),
+      EMAIL(ReadLastEntry, kStatus, "ReadPageBoundaries! ReadAB!", 0, (records.data())),
+      EMAIL(CreateMember, kStatus, "CreateEntry! stale", 0, ("Board", &on.zoe)),
+      EMAIL(CreateMemberAddress, kStatus, "CreateEntry! stale", 0, ("Board", "Zoe", "at")),
+      EMAIL(ReadMembers, kStatus, "ReadAB!", 0, ("Board", records.data(), &(count = 2))),
+      EMAIL(ReadMember, kStatus, "ReadEntryProperties!", 0, ("Board", &on.ann)),
+      EMAIL(ModifyMember, kStatus, "ModifyEntry! stale", 0, ("Board", &on.ann)),
+      EMAIL(RenameMember, kStatus, "ModifyEntry! stale", 0, ("Board", "Ann", &on.zoe)),
+      EMAIL(DeleteMember, kStatus, "DeleteEntry! stale", 0, ("Board", &on.ann)),
+      EMAIL(DeleteServerList, kStatus, "DeleteAB! stale", 0, ("Board")),
+      EMAIL(ServerCall, kStatus, "IOCtl!", 0, (&(request = {}))),
+      EMAIL(ModifyList, kStatus, "ModifyEntry! stale", 0, ("Board", &on.ann, &(count = 1))),
+      EMAIL(Modify, kStatus, "ModifyEntry!", 0, (&on.ann, 1)),
+      EMAIL(ModifyByKey, kStatus, "ModifyEntry!", 0, ("Ann", &on.zoe, 1)),
+      EMAIL(Remove, kStatus, "DeleteEntry!", 0, (&on.ann, 1)),
   };
 }
 
 Table FaxOperations() {
   return {
-      {"CFaxAB Attach", kFlag, "ReadAB4", 1, RUN(on.fax.Attach(TheAgent.ScannerAt(0), 1))},
-      {"CFaxAB LoadEntries", kFlag, "ReadAB4", 1, RUN(on.fax.LoadEntries())},
-      {"CFaxAB SizeofBook", kStatus, "SizeofAB!", 0, RUN(on.fax.SizeofBook(&count))},
-      {"CFaxAB AddEntry", kFlag, "CreateEntry! ReadAB4", 1, RUN(on.fax.AddEntry(&on.faxZoe, 1))},
-      {"CFaxAB ReadEntry", kFlag, "ReadEntryProperties! ReadAB4", 1,
-       RUN(on.fax.ReadEntry(&on.faxAnn, 1))},
-      {"CFaxAB ModifyEntry", kFlag, "ModifyEntry! ReadAB4", 1,
-       RUN(on.fax.ModifyEntry(&on.faxAnn, 1))},
-      {"CFaxAB RenameEntry", kFlag, "ModifyEntry! ReadAB4", 1,
-       RUN(on.fax.RenameEntry("Ann", &on.faxZoe, 1))},
-      {"CFaxAB DeleteEntry", kFlag, "DeleteEntry! ReadAB4", 1,
-       RUN(on.fax.DeleteEntry(&on.faxAnn, 1))},
-      {"CFaxAB FastAddEntry", kCount, "CreateEntry!", 3, RUN(on.fax.FastAddEntry(&on.faxZoe))},
-      {"CFaxAB FastModifyEntry", kFlag, "ModifyEntry!", 1, RUN(on.fax.FastModifyEntry(&on.faxAnn))},
-      {"CFaxAB FastRenameEntry", kFlag, "ModifyEntry!", 1,
-       RUN(on.fax.FastRenameEntry("Ann", &on.faxZoe))},
-      {"CFaxAB FastDeleteEntry", kCount, "DeleteEntry!", 1,
-       RUN(on.fax.FastDeleteEntry(&on.faxAnn))},
-      {"CFaxAB RemoveEntryAt", kFlag, "ReadAB4", 1, RUN(on.fax.RemoveEntryAt(0, 1))},
-      {"CFaxAB LoadLists", kStatus, "ListAB4 SizeofAB- ReadAB~", 0, RUN(on.fax.LoadLists(1))},
-      {"CFaxAB AddList", kFlag, "ListAB~ CreateAB! CreateEntry~ CreateEntry~", 1,
-       RUN(on.fax.AddList(*Choir(*on.fax.ListAt(0)), 0))},
+      FAX(Attach, kFlag, "ReadAB4 loose", 1, (TheAgent.ScannerAt(0), 1)),
+      FAX(LoadEntries, kFlag, "ReadAB4", 1, ()),
+      FAX(SizeofBook, kStatus, "SizeofAB!", 0, (&count)),
+      FAX(AddEntry, kFlag, "CreateEntry! ReadAB4", 1, (&on.faxZoe, 1)),
+      FAX(ReadEntry, kFlag, "ReadEntryProperties! ReadAB4", 1, (&on.faxAnn, 1)),
+      FAX(ModifyEntry, kFlag, "ModifyEntry! ReadAB4", 1, (&on.faxAnn, 1)),
+      FAX(RenameEntry, kFlag, "ModifyEntry! ReadAB4", 1, ("Ann", &on.faxZoe, 1)),
+      FAX(DeleteEntry, kFlag, "DeleteEntry! ReadAB4", 1, (&on.faxAnn, 1)),
+      FAX(FastAddEntry, kCount, "CreateEntry!", 3, (&on.faxZoe)),
+      FAX(FastModifyEntry, kFlag, "ModifyEntry!", 1, (&on.faxAnn)),
+      FAX(FastRenameEntry, kFlag, "ModifyEntry!", 1, ("Ann", &on.faxZoe)),
+      FAX(FastDeleteEntry, kCount, "DeleteEntry!", 1, (&on.faxAnn)),
+      FAX(RemoveEntryAt, kFlag, "ReadAB4", 1, (0, 1)),
+      FAX(LoadLists, kStatus, "ListAB4 SizeofAB- ReadAB~", 0, (1)),
+      FAX(AddList, kFlag, "ListAB~ CreateAB! CreateEntry~ CreateEntry~ stale", 1,
+          (*Choir(*on.fax.ListAt(0)), 0)),
       {"CFaxAB FastAddList", kCount, "ListAB~ CreateAB! CreateEntry~ CreateEntry~", 2,
        RUN(Given(Choir(*on.fax.ListAt(0)), &CFaxAB::FastAddList, on.fax))},
-      {"CFaxAB DeleteList", kFlag, "DeleteAB! ListAB4", 1, RUN(on.fax.DeleteList("Board", 1))},
-      {"CFaxAB FastDeleteList", kCount, "DeleteAB!", 0, RUN(on.fax.FastDeleteList("Board"))},
-      {"CFaxAB DuplicateList", kFlag,
-       "SizeofAB4 ReadAB4 ListAB~ CreateAB! CreateEntry~ CreateEntry~", 1,
-       RUN(on.fax.DuplicateList(*on.fax.ListAt(0), "Choir", 0))},
-      {"CFaxAB FastDuplicateList", kFlag,
-       "SizeofAB4 ReadAB4 ListAB~ CreateAB! CreateEntry~ CreateEntry~", 1,
-       RUN(on.fax.FastDuplicateList(*on.fax.ListAt(0), "Choir"))},
-      {"CFaxAB DeleteAllLists", kStatus, "IOCtl! IOCtl! DeleteAB~ IOCtl~", 0,
-       RUN(on.fax.DeleteAllLists())},
+      FAX(DeleteList, kFlag, "DeleteAB! ListAB4", 1, ("Board", 1)),
+      FAX(FastDeleteList, kCount, "DeleteAB!", 0, ("Board")),
+      FAX(DuplicateList, kFlag,
+          "SizeofAB4 ReadAB4 ListAB~ CreateAB! CreateEntry~ CreateEntry~ stale", 1,
+          (*on.fax.ListAt(0), "Choir", 0)),
+      FAX(FastDuplicateList, kFlag, "SizeofAB4 ReadAB4 ListAB~ CreateAB! CreateEntry~ CreateEntry~",
+          1, (*on.fax.ListAt(0), "Choir")),
+      FAX(DeleteAllLists, kStatus, "IOCtl! IOCtl! DeleteAB~ IOCtl~ loose", 0, ()),
   };
 }
 
 Table PrivateOperations() {
   return {
-      {"CPrivEmailAB LoadEntries", kFlag, "ReadAB+ ListAB4 SizeofAB- ReadAB~", 1,
-       RUN(on.priv->LoadEntries(1))},
-      {"CPrivEmailAB LoadLists", kStatus, "ListAB! SizeofAB- ReadAB~", 0,
-       RUN(on.priv->LoadLists(1))},
-      {"CPrivEmailAB LoadAllMembers", kStatus, "ListAB- SizeofAB4 ReadAB4", 0,
+      PRIVATE(LoadEntries, kFlag, "ReadAB+ ListAB4 SizeofAB- ReadAB~", 1, (1)),
+      PRIVATE(LoadLists, kStatus, "ListAB! SizeofAB- ReadAB~", 0, (1)),
+      {"CPrivEmailAB LoadAllMembers", kStatus, "ListAB- SizeofAB4 ReadAB4 loose", 0,
        RUN((on.priv->LoadLists(0), on.priv->LoadAllMembers()))},
-      {"CPrivEmailAB EmptyOnServer", kStatus, "IOCtl! IOCtl! ListAB~1 DeleteAB~ DeleteAB? IOCtl~",
-       0, RUN(on.priv->EmptyOnServer())},
+      PRIVATE(EmptyOnServer, kStatus,
+              "IOCtl! IOCtl! ListAB~1 DeleteAB~ DeleteAB? IOCtl~ stale loose", 0, ()),
       {"CPrivEmailAB DeleteAll", kSilent,
-       "IOCtl- IOCtl- IOCtl~3 IOCtl~2 DeleteAB~1 IOCtl~ DeleteAB~ IOCtl~", 0,
+       "IOCtl- IOCtl- IOCtl~3 IOCtl~2 DeleteAB~1 IOCtl~ DeleteAB~ IOCtl~ stale loose", 0,
        RUN((on.priv->DeleteAll(), 0))},
-      {"CPrivEmailAB DeleteAllLists", kSilent, "IOCtl- IOCtl- DeleteAB~ IOCtl~", 0,
+      {"CPrivEmailAB DeleteAllLists", kSilent, "IOCtl- IOCtl- DeleteAB~ IOCtl~ loose", 0,
        RUN((on.priv->DeleteAllLists(), 0))},
-      {"CPrivEmailAB ClearAll", kStatus, "IOCtl! IOCtl! DeleteAB~ DeleteAB~ IOCtl!", 0,
-       RUN(on.priv->ClearAll()), kNeither},
-      {"CPrivEmailAB ServerEntryCount", kStatus, "SizeofAB!", 0,
-       RUN(on.priv->ServerEntryCount(&count))},
-      {"CPrivEmailAB ServerListCount", kStatus, "ListAB!", 0,
-       RUN(on.priv->ServerListCount(&count))},
-      {"CPrivEmailAB AddList", kFlag, "CreateAB! CreateEntry~ CreateEntry!", 1,
-       RUN(on.priv->AddList(Choir(*on.priv->ListAt(0)).get(), 0))},
+      PRIVATE(ClearAll, kStatus, "IOCtl! IOCtl! DeleteAB~ DeleteAB~ IOCtl! neither stale loose", 0,
+              ()),
+      PRIVATE(ServerEntryCount, kStatus, "SizeofAB! loose", 0, (&count)),
+      PRIVATE(ServerListCount, kStatus, "ListAB! loose", 0, (&count)),
+      PRIVATE(AddList, kFlag, "CreateAB! CreateEntry~ CreateEntry! stale", 1,
+              (Choir(*on.priv->ListAt(0)).get(), 0)),
       {"CPrivEmailAB AddListLocal", kCount, "CreateAB! CreateEntry~ CreateEntry~", 2,
        RUN(Given(Choir(*on.priv->ListAt(0)), &CPrivEmailAB::AddListLocal, *on.priv))},
-      {"CPrivEmailAB DeleteList", kFlag, "DeleteAB! ListAB~", 1,
-       RUN(on.priv->DeleteList("Board", 1))},
-      {"CPrivEmailAB DeleteListLocal", kCount, "DeleteAB!", 0,
-       RUN(on.priv->DeleteListLocal("Board"))},
-      {"CPrivEmailAB RenameList", kFlag, "ModifyEntry! ListAB- SizeofAB- ReadAB~", 1,
-       RUN(on.priv->RenameList("Board", "Choir", 1))},
-      {"CPrivEmailAB CopyListLocal", kFlag, "SizeofAB4 ReadAB4 CreateAB! CreateEntry~ CreateEntry~",
-       1, RUN(on.priv->CopyListLocal(*on.priv->ListAt(0), "Choir"))},
-      {"CPrivEmailAB CreateListWithMembers", kStatus, "CreateAB~ CreateEntry!", 0,
-       RUN(on.priv->CreateListWithMembers("Board", &on.zoe, &(count = 1)))},
-      {"CPrivEmailAB CreateServerList", kStatus, "CreateAB!", 0,
-       RUN(on.priv->CreateServerList("Choir"))},
-      {"CPrivEmailAB ListLists", kStatus, "ListAB!", 0,
-       RUN(on.priv->ListLists(rows.data(), &(count = 4)))},
-      {"CPrivEmailAB AddEntry", kStatus, "CreateEntry!", 0, RUN(on.priv->AddEntry(&on.zoe))},
-      {"CPrivEmailAB ReadEntry", kStatus, "ReadEntryProperties!", 0,
-       RUN(on.priv->ReadEntry(&on.ann))},
-      {"CPrivEmailAB AddMember", kStatus, "CreateEntry!", 0,
-       RUN(on.priv->AddMember("Board", &on.zoe))},
-      {"CPrivEmailAB ReadMember", kStatus, "ReadEntryProperties!", 0,
-       RUN(on.priv->ReadMember("Board", &on.ann))},
-      {"CPrivEmailAB ModifyMember", kStatus, "ModifyEntry!", 0,
-       RUN(on.priv->ModifyMember("Board", &on.ann))},
-      {"CPrivEmailAB DeleteMember", kStatus, "DeleteEntry!", 0,
-       RUN(on.priv->DeleteMember("Board", &on.ann))},
-      {"CPrivEmailAB Add", kStatus, "CreateEntry! ReadAB!", 0, RUN(on.priv->Add(&on.zoe, 1))},
-      {"CPrivEmailAB Modify", kStatus, "ModifyEntry! ReadAB!", 0, RUN(on.priv->Modify(&on.ann, 1))},
-      {"CPrivEmailAB ModifyByKey", kStatus, "ModifyEntry! ReadAB!", 0,
-       RUN(on.priv->ModifyByKey("Ann", &on.zoe, 1))},
-      {"CPrivEmailAB Remove", kStatus, "DeleteEntry! ReadAB~", 0, RUN(on.priv->Remove(&on.ann, 1))},
-      {"CPrivEmailAB AddLocal", kCount, "CreateEntry!", 3, RUN(on.priv->AddLocal(&on.zoe))},
-      {"CPrivEmailAB ModifyLocal", kFlag, "ModifyEntry!", 1, RUN(on.priv->ModifyLocal(&on.ann))},
-      {"CPrivEmailAB ModifyLocalByKey", kFlag, "ModifyEntry!", 1,
-       RUN(on.priv->ModifyLocalByKey("Ann", &on.zoe))},
-      {"CPrivEmailAB RemoveLocal", kCount, "DeleteEntry!", 1, RUN(on.priv->RemoveLocal(&on.ann))},
-      {"CPrivEmailAB CopyPublicList", kFlag, "CreateAB! CreateEntry~ CreateEntry!", 1,
-       RUN(on.priv->CopyPublicList(on.email.ListAt(0), "Choir", 0))},
+      PRIVATE(DeleteList, kFlag, "DeleteAB! ListAB~", 1, ("Board", 1)),
+      PRIVATE(DeleteListLocal, kCount, "DeleteAB!", 0, ("Board")),
+      PRIVATE(RenameList, kFlag, "ModifyEntry! ListAB- SizeofAB- ReadAB~", 1,
+              ("Board", "Choir", 1)),
+      PRIVATE(CopyListLocal, kFlag, "SizeofAB4 ReadAB4 CreateAB! CreateEntry~ CreateEntry~", 1,
+              (*on.priv->ListAt(0), "Choir")),
+      PRIVATE(CreateListWithMembers, kStatus, "CreateAB~ CreateEntry! stale", 0,
+              ("Board", &on.zoe, &(count = 1))),
+      PRIVATE(CreateServerList, kStatus, "CreateAB! stale", 0, ("Choir")),
+      PRIVATE(ListLists, kStatus, "ListAB!", 0, (rows.data(), &(count = 4))),
+      PRIVATE(AddEntry, kStatus, "CreateEntry! stale", 0, (&on.zoe)),
+      PRIVATE(ReadEntry, kStatus, "ReadEntryProperties!", 0, (&on.ann)),
+      PRIVATE(CreateServerEntry, kStatus, "CreateEntry! stale", 0, (&on.zoe)),
+      PRIVATE(ReadEntries, kStatus, "ReadAB!", 0, (&range, records.data(), &(count = 4), 1)),
+      PRIVATE(ModifyEntry, kStatus, "ModifyEntry! stale", 0, (&on.ann)),
+      PRIVATE(RenameEntry, kStatus, "ModifyEntry! stale", 0, ("Ann", &on.zoe)),
+      PRIVATE(DeleteEntry, kStatus, "DeleteEntry! stale", 0, (&on.ann)),
+      PRIVATE(ListSize, kStatus, "SizeofAB!", 0, ("Board", &count)),
+      PRIVATE(DeleteServerList, kStatus, "DeleteAB! stale", 0, ("Board")),
+      PRIVATE(RenameServerList, kStatus, "ModifyEntry! stale", 0, ("Board", "Choir")),
+      PRIVATE(CreateMember, kStatus, "CreateEntry! stale", 0, ("Board", &on.zoe)),
+      PRIVATE(ReadMembers, kStatus, "ReadAB!", 0, ("Board", records.data(), &(count = 4))),
+      PRIVATE(RenameMember, kStatus, "ModifyEntry! stale", 0, ("Board", "Ann", &on.zoe)),
+      PRIVATE(AddMember, kStatus, "CreateEntry! stale", 0, ("Board", &on.zoe)),
+      PRIVATE(ReadMember, kStatus, "ReadEntryProperties!", 0, ("Board", &on.ann)),
+      PRIVATE(ModifyMember, kStatus, "ModifyEntry! stale", 0, ("Board", &on.ann)),
+      PRIVATE(DeleteMember, kStatus, "DeleteEntry! stale", 0, ("Board", &on.ann)),
+      PRIVATE(Add, kStatus, "CreateEntry! ReadAB!", 0, (&on.zoe, 1)),
+      PRIVATE(Modify, kStatus, "ModifyEntry! ReadAB!", 0, (&on.ann, 1)),
+      PRIVATE(ModifyByKey, kStatus, "ModifyEntry! ReadAB!", 0, ("Ann", &on.zoe, 1)),
+      PRIVATE(Remove, kStatus, "DeleteEntry! ReadAB~", 0, (&on.ann, 1)),
+      PRIVATE(AddLocal, kCount, "CreateEntry!", 3, (&on.zoe)),
+      PRIVATE(ModifyLocal, kFlag, "ModifyEntry!", 1, (&on.ann)),
+      PRIVATE(ModifyLocalByKey, kFlag, "ModifyEntry!", 1, ("Ann", &on.zoe)),
+      PRIVATE(RemoveLocal, kCount, "DeleteEntry!", 1, (&on.ann)),
+      PRIVATE(CopyPublicList, kFlag, "CreateAB! CreateEntry~ CreateEntry! stale", 1,
+              (on.email.ListAt(0), "Choir", 0)),
+  };
+}
+
+// Loads, and additions that are followed by one, tell by their results what came of it.
+Table PrinterOperations() {
+  return {
+      PRINTERS(ServerCount, kStatus, "SizeofAB!", 0, (&count)),
+      PRINTERS(ClearBook, kStatus, "IOCtl~1 IOCtl~ ClearAB? IOCtl- IOCtl~", 0, ()),
+      PRINTERS(DeleteBook, kStatus, "IOCtl! IOCtl! DeleteAB? IOCtl~ loose", 0, ()),
+      PRINTERS(AddModel, kCount, "CreateEntry!", 1, (&on.newModel, false)),
+      PRINTERS(ModifyModel, kFlag, "ModifyEntry!", 1, (&on.model, false)),
+      PRINTERS(DeleteModel, kFlag, "DeleteEntry! stale", 1, ("Ann", false)),
+      PRINTERS(AddPrinter, kCount, "CreateEntry! stale", 2, (&on.printerZoe, false)),
+      PRINTERS(DeletePrinter, kFlag, "DeleteEntry! ListABEntries- ReadEntryProperties~", 1,
+               ("Ann", true)),
+      PRINTERS(ModifyPrinter, kFlag,
+               "ModifyEntry! ListABEntries- ReadEntryProperties~ ReadEntryProperties~", 1,
+               (&on.printerAnn, true)),
+      PRINTERS(RenamePrinter, kFlag,
+               "ModifyEntry! ListABEntries- ReadEntryProperties~ ReadEntryProperties~", 1,
+               ("Ann", &on.printerZoe, true)),
+      PRINTERS(SetDefaultPrinter, kCount,
+               "ReadEntryProperties! ModifyEntry! ModifyEntry! ListABEntries! "
+               "ReadEntryProperties~ ReadEntryProperties~ neither",
+               -1, ("Ann")),
+      PRINTERS(FastAddPrinter, kCount, "CreateEntry!", 3, (&on.printerZoe)),
+      PRINTERS(FastDeletePrinter, kCount, "DeleteEntry!", 1, (&on.printerAnn)),
+      PRINTERS(FastModifyPrinter, kFlag, "ModifyEntry!", 1, (&on.printerAnn)),
+      PRINTERS(FastRenamePrinter, kFlag, "ModifyEntry!", 1, ("Ann", &on.printerZoe)),
   };
 }
 
 Table UserOperations() {
   return {
-      {"CUserAB Load", kFlag, "ReadAB4", 1, RUN(on.users.Load())},
-      {"CUserAB AddUser", kFlag, "CreateEntry! ReadAB~", 1, RUN(on.users.AddUser(&on.newUser, 1))},
-      {"CUserAB ReadUser", kFlag, "ReadEntryProperties!", 1, RUN(on.users.ReadUser(&on.user, 0))},
-      {"CUserAB ModifyUser", kFlag, "ModifyEntry!", 1, RUN(on.users.ModifyUser(&on.user, 0))},
-      {"CUserAB RenameUser", kFlag, "ModifyEntry! ReadAB~", 1,
-       RUN(on.users.RenameUser("Ann", &on.newUser, 1))},
-      {"CUserAB DeleteUser", kFlag, "IOCtl~4 IOCtl~3 ClearAB~2 IOCtl~1 IOCtl~ DeleteEntry! ReadAB~",
-       1, RUN(on.users.DeleteUser(&on.user, 1))},
-      {"CUserAB AddLocal", kCount, "CreateEntry!", 5, RUN(on.users.AddLocal(&on.newUser))},
-      {"CUserAB DeleteLocal", kCount, "DeleteEntry!", 3, RUN(on.users.DeleteLocal(&on.user))},
-      {"CUserAB RenameLocal", kFlag, "ModifyEntry!", 1,
-       RUN(on.users.RenameLocal("Ann", &on.newUser))},
-      {"CUserAB ModifyLocal", kFlag, "ModifyEntry!", 1, RUN(on.users.ModifyLocal(&on.user))},
-      {"CUserAB ServerCount", kStatus, "SizeofAB!", 0, RUN(on.users.ServerCount(&count))},
-      {"CUserAB SaveAll", kStatus, "ModifyEntry! ModifyEntry! ModifyEntry! ModifyEntry!", 0,
-       RUN(on.users.SaveAll())},
-      {"CUserAB LoadUserLog", kStatus, "SizeofAB!", 0, RUN(on.users.LoadUserLog(on.user))},
-      {"CUserAB ClearUserLog", kStatus, "IOCtl! IOCtl! ClearAB! IOCtl! IOCtl!", 0,
-       RUN(on.users.ClearUserLog(on.user))},
-      {"CUserAB ClearAll", kStatus,
-       "IOCtl~4 IOCtl~3 ClearAB~2 IOCtl~1 IOCtl~ IOCtl~1 IOCtl~ ClearAB? IOCtl~1 IOCtl~ ReadAB~", 0,
-       RUN(on.users.ClearAll())},
-      {"CUserRecord LoadPrivateBook", kFlag, "ReadAB+ ListAB4 SizeofAB- ReadAB~", 1,
-       RUN(on.user.LoadPrivateBook())},
-      {"CUserRecord CreatePrivateEntry", kStatus, "CreateEntry!", 0,
-       RUN(on.user.CreatePrivateEntry(&on.zoe))},
-      {"CUserRecord MarkOnce", kFlag, "ModifyEntry!", 1, RUN(on.user.MarkOnce(0))},
-      {"CUserRecord TurnOn", kFlag, "ModifyEntry!", 1, RUN(on.user.TurnOn(0))},
-      {"CUserRecord TurnOff", kFlag, "ModifyEntry!", 1, RUN(on.user.TurnOff(0))},
+      USERS(Load, kFlag, "ReadAB4", 1, ()),
+      USERS(AddUser, kFlag, "CreateEntry! ReadAB~", 1, (&on.newUser, 1)),
+      USERS(ReadUser, kFlag, "ReadEntryProperties!", 1, (&on.user, 0)),
+      USERS(ModifyUser, kFlag, "ModifyEntry! stale", 1, (&on.user, 0)),
+      USERS(RenameUser, kFlag, "ModifyEntry! ReadAB~", 1, ("Ann", &on.newUser, 1)),
+      USERS(DeleteUser, kFlag, "IOCtl~4 IOCtl~3 ClearAB~2 IOCtl~1 IOCtl~ DeleteEntry! ReadAB~", 1,
+            (&on.user, 1)),
+      USERS(AddLocal, kCount, "CreateEntry!", 5, (&on.newUser)),
+      USERS(DeleteLocal, kCount, "DeleteEntry!", 3, (&on.user)),
+      USERS(RenameLocal, kFlag, "ModifyEntry!", 1, ("Ann", &on.newUser)),
+      USERS(ModifyLocal, kFlag, "ModifyEntry!", 1, (&on.user)),
+      USERS(ServerCount, kStatus, "SizeofAB!", 0, (&count)),
+      USERS(SaveAll, kStatus, "ModifyEntry! ModifyEntry! ModifyEntry! ModifyEntry!", 0, ()),
+      USERS(LoadUserLog, kStatus, "SizeofAB!", 0, (on.user)),
+      USERS(ClearUserLog, kStatus, "IOCtl! IOCtl! ClearAB! IOCtl! IOCtl!", 0, (on.user)),
+      USERS(ClearAll, kStatus,
+            "IOCtl~4 IOCtl~3 ClearAB~2 IOCtl~1 IOCtl~ IOCtl~1 IOCtl~ ClearAB? IOCtl~1 IOCtl~ "
+            "ReadAB~ loose",
+            0, ()),
+      USER(LoadPrivateBook, kFlag, "ReadAB+ ListAB4 SizeofAB- ReadAB~", 1, ()),
+      USER(CreatePrivateEntry, kStatus, "CreateEntry! stale", 0, (&on.zoe)),
+      USER(MarkOnce, kFlag, "ModifyEntry! stale", 1, (0)),
+      USER(TurnOn, kFlag, "ModifyEntry! stale", 1, (0)),
+      USER(TurnOff, kFlag, "ModifyEntry! stale", 1, (0)),
   };
-}
-
-template <class Entry>
-void PutBoth(BookKind book, BookKind list, const char* user, Entry (*make)(std::string_view)) {
-  for (const char* name : {"Ann", "Bob"}) {
-    const Entry entry = make(name);
-    SimulatorPutEntry(book, "", user, &entry);
-    SimulatorPutEntry(list, "Board", user, &entry);
-  }
 }
 
 void Name(CUserRecord& record, std::string_view name, CUserAB* owner) {
@@ -356,54 +352,102 @@ void Name(CUserRecord& record, std::string_view name, CUserAB* owner) {
   record.SetFrom(owner, name, "secret", "", "", &none, &none);
 }
 
+std::string Shown(const CEmailEntry& entry) {
+  return std::string(entry.Name()) + "=" + entry.Address();
+}
+std::string Shown(const CFaxEntry& entry) {
+  return std::string(entry.Name()) + "=" + entry.Number();
+}
+
+std::string Shown(const PrinterRecord& printer) {
+  return std::string(printer.printerName.View()) + "=" + std::string(printer.description.View()) +
+         (printer.isDefault != 0 ? " default" : "");
+}
+
 template <class Lists>
-void ShowLists(const Lists& book, std::string& held) {
+void ShowLists(const std::string& of, const Lists& book, std::vector<std::string>& held) {
   for (std::int32_t i = 0; i < book.ListCount(); ++i) {
     auto* list = book.ListAt(i);
-    held += list->Name() + "{";
-    for (std::int32_t j = 0; j < list->Count(); ++j) held.append(list->GetAt(j)->Name()) += ' ';
-    held += "} ";
+    const std::string name = of + list->Name();
+    held.push_back(name);
+    for (std::int32_t j = 0; j < list->Count(); ++j) {
+      held.push_back(name + ": " + Shown(*list->GetAt(j)));
+    }
   }
 }
 
 }  // namespace
 
-BookStage::BookStage(bool throughOwner) : box(TheAgent.ScannerAt(0)) {
-  const auto makeEmail = [](std::string_view name) { return MakeEntry(name); };
-  PutBoth<CEmailEntry>(BookKind::kEmail, BookKind::kPublicList, nullptr, makeEmail);
-  PutBoth<CEmailEntry>(BookKind::kPrivateEmail, BookKind::kPrivateList, kAdministrator.c_str(),
-                       makeEmail);
-  PutBoth<CFaxEntry>(BookKind::kFax, BookKind::kFaxList, nullptr, MakeFax);
+BookStage::BookStage(bool throughOwner, Setting setting) : box(TheAgent.ScannerAt(0)) {
   ann = MakeEntry("Ann", "elsewhere");
   zoe = MakeEntry("Zoe");
-  faxAnn = MakeFax("Ann");
+  faxAnn = MakeFax("Ann", "elsewhere");
   faxZoe = MakeFax("Zoe");
   Name(user, "Ann", throughOwner ? &users : nullptr);
   Name(newUser, "Zoe", throughOwner ? &users : nullptr);
-  SimulatorPutEntry(BookKind::kUsers, "", nullptr, static_cast<CUserEntry*>(&user));
+  printerAnn.SetAll(nullptr, "Ann", "elsewhere", "Ann", 0);
+  printerZoe.SetAll(nullptr, "Zoe", "at", "Ann", 0);
+  model.SetModelName("Ann");
+  newModel.SetModelName("Zoe");
+  if (setting == kFurnished) Furnish();
+  user.SetFourth("elsewhere");
+  if (setting == kWithoutABook) {
+    BookStage other(throughOwner);
+    user.CreatePrivateBook();
+    priv = user.PrivateBook();
+    Carry(other.email, email);
+    Carry(other.fax, fax);
+    Carry(*other.priv, *priv);
+    return;
+  }
   email.Attach(box, 0);
   email.LoadLists(1);
   fax.Attach(box, 1);
   fax.LoadLists(1);
   users.Attach(box, 0, 1);
+  printers.Attach(box, 1);
   user.LoadPrivateBook();
   priv = user.PrivateBook();
 }
 
-std::string BookStage::Held() {
-  std::string held;
-  ShowLists(email, held);
-  for (std::int32_t i = 0; i < fax.EntryCount(); ++i) held.append(fax.EntryAt(i)->Name()) += ' ';
-  ShowLists(fax, held);
-  CPrivEmailAB* book = user.PrivateBook();
-  for (std::int32_t i = 0; i < book->EntryCount(); ++i) {
-    held.append(book->EntryAt(i)->Name()) += ' ';
+void BookStage::Furnish() {
+  for (const char* name : {"Ann", "Bob"}) {
+    const CEmailEntry entry = MakeEntry(name);
+    const CFaxEntry faxEntry = MakeFax(name);
+    SimulatorPutEntry(BookKind::kEmail, "", nullptr, &entry);
+    SimulatorPutEntry(BookKind::kPublicList, "Board", nullptr, &entry);
+    SimulatorPutEntry(BookKind::kPrivateEmail, "", kAdministrator.c_str(), &entry);
+    SimulatorPutEntry(BookKind::kPrivateList, "Board", kAdministrator.c_str(), &entry);
+    SimulatorPutEntry(BookKind::kFax, "", nullptr, &faxEntry);
+    SimulatorPutEntry(BookKind::kFaxList, "Board", nullptr, &faxEntry);
+    PrinterRecord printer;
+    printer.SetAll(nullptr, name, "at", "Ann", name == std::string_view("Bob") ? 1 : 0);
+    SimulatorPutEntry(BookKind::kPrinters, "", nullptr, &printer);
   }
-  ShowLists(*book, held);
+  SimulatorPutEntry(BookKind::kModels, "", nullptr, &model);
+  SimulatorPutEntry(BookKind::kUsers, "", nullptr, static_cast<CUserEntry*>(&user));
+}
+
+std::vector<std::string> BookStage::Held() {
+  std::vector<std::string> held;
+  ShowLists("e-mail ", email, held);
+  ShowLists("fax ", fax, held);
+  ShowLists("private ", *user.PrivateBook(), held);
+  for (std::int32_t i = 0; i < fax.EntryCount(); ++i) {
+    held.push_back("fax: " + Shown(*fax.EntryAt(i)));
+  }
+  for (std::int32_t i = 0; i < user.PrivateBook()->EntryCount(); ++i) {
+    held.push_back("private: " + Shown(*user.PrivateBook()->EntryAt(i)));
+  }
+  for (std::int32_t i = 0; i < printers.PrinterCount(); ++i) {
+    held.push_back("printer: " + Shown(*printers.PrinterAt(i)));
+  }
   for (std::int32_t i = 0; i < users.Count(); ++i) {
     CUserRecord record;
-    held.append(users.GetAt(i, &record)->Name()) += ' ';
+    users.GetAt(i, &record);
+    held.push_back(std::string("account: ") + record.Name() + "=" + record.Fourth());
   }
+  std::sort(held.begin(), held.end());
   return held;
 }
 
@@ -413,7 +457,7 @@ std::vector<BookOperation> BookOperations() {
        {ListOperations<EmailList>("CPubEmailDL "), PublicListOperations<EmailList>("CPubEmailDL "),
         ListOperations<FaxList>("CPubFaxDL "), PublicListOperations<FaxList>("CPubFaxDL "),
         ListOperations<PrivateList>("CPrivEmailDL "), PrivateListOperations(), EmailOperations(),
-        FaxOperations(), PrivateOperations(), UserOperations()}) {
+        FaxOperations(), PrivateOperations(), PrinterOperations(), UserOperations()}) {
     all.insert(all.end(), each.begin(), each.end());
   }
   return all;

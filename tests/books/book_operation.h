@@ -9,10 +9,12 @@
 #include <functional>
 #include <ostream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "books/email_ab.h"
 #include "books/fax_ab.h"
+#include "books/printer_ab.h"
 #include "books/priv_email_ab.h"
 #include "books/user_ab.h"
 #include "books/user_record.h"
@@ -21,17 +23,25 @@ namespace quillkit {
 
 // What the operations are tried on. Each of the books, on the appliance and in memory, has the
 // entries Ann and Bob and one list, Board, of these two; there is an account Ann beside those of
-// the system.
+// the system, and the printers' model is Ann. Bob is the default printer.
 struct BookStage {
-  explicit BookStage(bool throughOwner);
+  // What the books are on: the appliance with the above, the appliance as it is found, or none,
+  // with what an archive brought.
+  enum class Setting { kFurnished, kAsFound, kWithoutABook };
 
-  // All that is held, in a form to be compared.
-  std::string Held();
+  explicit BookStage(bool throughOwner, Setting setting = Setting::kFurnished);
+
+  // Puts the above on the appliance.
+  void Furnish();
+
+  // All that is held, whatever its order, in a form to be compared.
+  std::vector<std::string> Held();
 
   CScanner* box;
   CEmailAB email;
   CFaxAB fax;
   CUserAB users;
+  CPrinterAB printers;
   CUserRecord user;  // Ann, whose private book is `priv`
   CPrivEmailAB* priv;
   CUserRecord newUser;  // Zoe
@@ -39,6 +49,10 @@ struct BookStage {
   CEmailEntry zoe;
   CFaxEntry faxAnn;
   CFaxEntry faxZoe;
+  PrinterRecord printerAnn;
+  PrinterRecord printerZoe;
+  PrinterModelRecord model;  // Ann
+  PrinterModelRecord newModel;
 };
 
 // What an operation gives when it fails: the status, -1, 0, nothing that tells.
@@ -51,18 +65,22 @@ enum class FailureStyle { kStatus, kCount, kFlag, kSilent };
 //   ~  nobody looks at it: the run goes on as if undisturbed
 //   ?  the operation fails, and the run goes on
 //   +  so, but for code 4
-// A number behind it tells how many of the calls that follow are then left out.
+// A number behind it tells how many of the calls that follow are then left out. Further words:
+//   after    what is held after a failure that ends the operation, but for that of a read, is what
+//            an undisturbed run leaves, and not what was held before
+//   neither  it is something else, which the tests of the class itself tell
+//   stale    what is held after an undisturbed run need not be what the appliance has
+//   loose    the operation does not need a book or an appliance; others give -1 then, or what
+//   stands
+//            for it, and make no call
 struct BookOperation {
-  // What is held after a failure that ends the operation, but for that of a read: the same as
-  // before, or as after the undisturbed run; the tests of the class itself tell about the others.
-  enum class Held { kBefore, kAfter, kNeither };
+  bool Has(std::string_view word) const { return calls.find(word) != std::string::npos; }
 
   std::string name;
   FailureStyle style;
   std::string calls;
   std::int64_t success;
   std::function<std::int64_t(BookStage&)> run;
-  Held held = Held::kBefore;
 };
 
 inline std::ostream& operator<<(std::ostream& out, const BookOperation& each) {
