@@ -1,6 +1,4 @@
-// The printers' book as a whole: how it is opened, loaded, measured and emptied.
-
-#include <memory>
+// The printers' book: how it is opened, loaded and emptied, its changes, the default printer.
 
 #include "base/archive.h"
 #include "tests/books/printer_fixture.h"
@@ -48,21 +46,17 @@ TEST_F(PrinterBookTest, PrintersAreLinkedToTheirModels) {
 }
 
 // What each call of a load brings about when it fails, by its place in the journal above.
-struct LoadFault {
-  const char* entry;
-  std::int32_t occurrence;
-  Status status;
-  std::int32_t result;
-  std::int32_t models;
-  std::int32_t printers;
-};
-
 TEST_F(PrinterBookTest, FaultsOfALoad) {
-  constexpr LoadFault kFaults[] = {
+  struct Fault {
+    const char* entry;
+    std::int32_t occurrence;
+    Status status;
+    std::int32_t result, models, printers;
+  };
+  constexpr Fault kFaults[] = {
       {"IMSPListABEntries", 1, kServerFault, 3, 0, 3},  // printers are loaded without models
       {"IMSPListABEntries", 1, kMoreData, 3, 0, 3},
       {"IMSPListABEntries", 1, kDataNotFound, 0, 0, 3},  // and stay as they were with none
-      {"IMSPReadEntryProperties", 1, kServerFault, 3, 1, 3},
       {"IMSPReadEntryProperties", 1, kDataNotFound, 3, 1, 3},
       {"IMSPReadEntryProperties", 2, kServerFault, 3, 1, 3},
       {"IMSPReadEntryProperties", 2, kDataNotFound, 0, 1, 3},  // the last model: looks like none
@@ -71,33 +65,18 @@ TEST_F(PrinterBookTest, FaultsOfALoad) {
       {"IMSPListABEntries", 2, kMoreData, -2, 2, 0},
       {"IMSPReadEntryProperties", 4, kServerFault, 3, 2, 3},
   };
-  for (const LoadFault& each : kFaults) {
-    SCOPED_TRACE(std::string(each.entry) + " " + std::to_string(each.occurrence) + " gives " +
-                 std::to_string(each.status));
+  for (const Fault& each : kFaults) {
+    SCOPED_TRACE(testing::Message() << each.entry << each.occurrence << " gives " << each.status);
+    SimulatorClearFaults();
     ASSERT_EQ(book.LoadBook(), 3);
     SimulatorFail(each.entry, each.occurrence, each.status);
     EXPECT_EQ(book.LoadBook(), each.result);
     EXPECT_EQ(book.ModelCount(), each.models);
     EXPECT_EQ(book.PrinterCount(), each.printers);
-    SimulatorClearFaults();
   }
-}
-
-TEST_F(PrinterBookTest, PrinterThatCannotBeReadIsKeptWithItsName) {
-  SimulatorFail("IMSPReadEntryProperties", 2, kServerFault);
-  EXPECT_EQ(book.LoadPrinters(), 3);
-  EXPECT_THAT(InMemory(), ElementsAre("Attic", "Hall", "Lab"));
+  EXPECT_THAT(InMemory(), ElementsAre("Attic", "Hall", "Lab"));  // the last: Hall with its name
   EXPECT_TRUE(book.PrinterAt(1)->description.IsEmpty());
   EXPECT_TRUE(book.Owns(*book.PrinterAt(1)));
-}
-
-TEST_F(PrinterBookTest, BooksBeyondTheLimits) {
-  PutPrinters(254);
-  EXPECT_EQ(book.LoadPrinters(), -2);
-  EXPECT_EQ(book.PrinterCount(), 256);
-  PutModels(15);
-  EXPECT_EQ(book.LoadModels(), -1);
-  EXPECT_EQ(book.ModelCount(), 0);
 }
 
 TEST_F(PrinterBookTest, LyingServer) {
@@ -122,40 +101,8 @@ TEST_F(PrinterBookTest, AttachAnswersForTheLoad) {
   EXPECT_EQ(count, 3U);
 }
 
-TEST_F(PrinterBookTest, WithoutScannerNothingIsSent) {
-  CPrinterAB alone;
-  PrinterRecord printer = MakePrinter("Attic", "Laser");
-  PrinterModelRecord model = MakeModel("Inky");
-  std::uint32_t count = 0;
-  TheAgent.SetError(0);
-  const std::int32_t results[] = {alone.LoadBook(),
-                                  alone.LoadModels(),
-                                  alone.LoadPrinters(),
-                                  alone.ServerCount(&count),
-                                  alone.ClearBook(),
-                                  alone.AddModel(&model, true),
-                                  alone.AddPrinter(&printer, true),
-                                  alone.FastAddPrinter(&printer),
-                                  alone.FastDeletePrinter(&printer),
-                                  alone.SetDefaultPrinter("Attic")};
-  EXPECT_THAT(results, testing::Each(-1));
-  const std::int32_t refusals[] = {alone.DeleteModel("Inky", true),
-                                   alone.ModifyModel(&model, true),
-                                   alone.DeletePrinter("Attic", true),
-                                   alone.ModifyPrinter(&printer, true),
-                                   alone.RenamePrinter("Attic", &printer, true),
-                                   alone.FastModifyPrinter(&printer),
-                                   alone.FastRenamePrinter("Attic", &printer)};
-  EXPECT_THAT(refusals, testing::Each(0));
-  EXPECT_THAT(TakeCalls(), ElementsAre());
-  EXPECT_EQ(TheAgent.LastError(), 0);
-}
-
-TEST_F(PrinterBookTest, ClearBookEmptiesBothSides) {
+TEST_F(PrinterBookTest, ClearBookDropsThePrintersWhateverTheServerGives) {
   EXPECT_EQ(book.ClearBook(), kNoError);
-  EXPECT_THAT(TakeCalls(),
-              ElementsAre("IMSPIOCtl 2 0", "IMSPIOCtl 1 3600000", "IMSPClearAB 8:PRINTERSAB -",
-                          "IMSPIOCtl 2 0", "IMSPIOCtl 1 30000"));
   EXPECT_THAT(OnServer(), ElementsAre());
   EXPECT_EQ(book.PrinterCount(), 0);
   EXPECT_EQ(book.ModelCount(), 2);
@@ -176,26 +123,12 @@ TEST_F(PrinterBookTest, DeleteBookGoesToTheAgent) {
   EXPECT_THAT(TakeCalls(), ElementsAre("IMSPIOCtl 2 0", "IMSPIOCtl 1 3600000",
                                        "IMSPDeleteAB 8:PRINTERSAB", "IMSPIOCtl 1 30500"));
   EXPECT_THAT(OnServer(), ElementsAre());
-}
-
-TEST_F(PrinterBookTest, FaultsOfDeleteBook) {
-  SimulatorFail("IMSPIOCtl", 1, kServerFault);
-  EXPECT_EQ(book.DeleteBook(), kServerFault);
   SimulatorFail("IMSPIOCtl", 2, kServerFault);
   EXPECT_EQ(book.DeleteBook(), kServerFault);
-  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPIOCtl 2 0", "IMSPIOCtl 2 0", "IMSPIOCtl 1 3600000"));
   EXPECT_EQ(book.PrinterCount(), 3);
-
   SimulatorFail("IMSPDeleteAB", 1, kServerFault);
   EXPECT_EQ(book.DeleteBook(), kServerFault);
-  EXPECT_EQ(SimulatorTimeout(), 30000U);
-  EXPECT_EQ(TheAgent.LastError(), kNoError);  // of the call that put the time-out back
   EXPECT_EQ(book.PrinterCount(), 0);
-  EXPECT_THAT(OnServer(), testing::SizeIs(3));
-
-  SimulatorFail("IMSPIOCtl", 3, kServerFault);
-  EXPECT_EQ(book.DeleteBook(), kNoError);
-  EXPECT_EQ(TheAgent.LastError(), kServerFault);
 }
 
 TEST_F(PrinterBookTest, StreamHoldsThePrintersAlone) {
@@ -230,79 +163,131 @@ TEST_F(PrinterBookTest, StreamHoldsThePrintersAlone) {
 TEST_F(PrinterBookTest, RecordsRefuseTextsThatDoNotFit) {
   PrinterRecord printer = MakePrinter("Attic", "Laser", 1);
   const std::string tooLong(32, 'x');
-  EXPECT_EQ(printer.SetPrinterName(tooLong), 0);
   EXPECT_EQ(printer.SetPrinterModel(tooLong), 0);
   EXPECT_EQ(printer.SetDescription(std::string(256, 'x')), 0);
-  EXPECT_EQ(printer.SetDescription(std::string(255, 'x')), 1);
   EXPECT_EQ(printer.SetAll(&book, tooLong, "new", "Inky", 7), 1);
-  EXPECT_EQ(printer.printerName, "Attic");
+  EXPECT_EQ(Show(printer), "Attic");
   EXPECT_EQ(printer.description, "new");
   EXPECT_EQ(printer.isDefault, 7);
   EXPECT_EQ(book.ModelOf(printer), book.FindModel("Inky"));
-  EXPECT_EQ(printer.SetAll(nullptr, "n", "d", "Inky", 0), 1);
-  EXPECT_FALSE(book.Owns(printer));
-  EXPECT_EQ(book.ModelOf(printer), nullptr);
 }
 
-// --- The scanner's slot ---
+// --- Changes ---
 
-// Tells when it is deleted.
-class WatchedBook : public CPrinterAB {
- public:
-  explicit WatchedBook(int* deletions) : deletions_(deletions) {}
-  ~WatchedBook() override { ++*deletions_; }
+TEST_F(PrinterBookTest, AnAdditionGivesTheCountBehindTheLoad) {
+  PrinterRecord desk = MakePrinter("Desk", "Inky");
+  EXPECT_EQ(book.AddPrinter(&desk, true), 4);
+  desk.SetPrinterName("Den");
+  SimulatorFail("IMSPListABEntries", 0, kServerFault);
+  EXPECT_EQ(book.AddPrinter(&desk, true), 0);
+}
 
- private:
-  int* deletions_;
-};
+TEST_F(PrinterBookTest, FastChangesKeepTheOrderOfTheList) {
+  Put(MakePrinter("Cellar", "Inky"));
+  PrinterRecord cellar = MakePrinter("Cellar", "Laser");
+  PrinterRecord den = MakePrinter("Den", "Laser");
+  EXPECT_EQ(book.FastModifyPrinter(&cellar), 0);  // on the server, and not held here
+  EXPECT_EQ(book.FastRenamePrinter("Cellar", &den), 0);
+  EXPECT_EQ(book.FastDeletePrinter(&den), -1);
+  EXPECT_EQ(book.FastAddPrinter(&cellar), 4);
+  EXPECT_EQ(book.FastRenamePrinter("Hall", &den), 1);
+  EXPECT_THAT(InMemory(), ElementsAre("Attic", "Den", "Lab", "Cellar"));
+  EXPECT_EQ(book.FastDeletePrinter(book.PrinterAt(1)), 3);  // the record that is given goes
+  EXPECT_THAT(InMemory(), ElementsAre("Attic", "Lab", "Cellar"));
+}
 
-TEST_F(PrinterBookTest, ScannerOwnsItsBook) {
-  int deletions = 0;
-  auto* watched = new WatchedBook(&deletions);
-  EXPECT_EQ(box->PrintersBook(), nullptr);
-  EXPECT_EQ(box->SetPrintersBook(watched), 1);
-  EXPECT_EQ(box->SetPrintersBook(watched), 1);
-  EXPECT_EQ(box->PrintersBook(), watched);
-  EXPECT_EQ(box->DetachPrintersBook(), watched);
-  EXPECT_EQ(box->PrintersBook(), nullptr);
-  EXPECT_EQ(box->SetPrintersBook(watched), 1);
+TEST_F(PrinterBookTest, FastAddKeepsABoundCopyAndFastModifyTheRecordAsItIs) {
+  PrinterRecord desk = MakePrinter("Desk", "Laser", 1);
+  ASSERT_EQ(book.FastAddPrinter(&desk), 4);
+  EXPECT_EQ(book.ModelOf(*book.PrinterAt(3)), book.FindModel("Laser"));
+  EXPECT_TRUE(book.Owns(*book.PrinterAt(3)));
+  EXPECT_FALSE(book.Owns(desk));
+  PrinterRecord attic = MakePrinter("Attic", "Laser");
+  ASSERT_EQ(book.FastModifyPrinter(&attic), 1);
+  EXPECT_FALSE(book.Owns(*book.PrinterAt(0)));
+  EXPECT_EQ(book.ModelOf(*book.PrinterAt(0)), nullptr);
+}
+
+TEST_F(PrinterBookTest, LimitsAreReachedInMemory) {
+  PutPrinters(253);
+  PutModels(14);
+  ASSERT_EQ(book.LoadBook(), 256);
+  PrinterRecord printer = MakePrinter("Z", "Inky");
+  PrinterModelRecord model = MakeModel("Z");
+  TakeCalls();
+  const auto expectFull = [](std::int32_t result) {
+    EXPECT_EQ(result, -1);
+    EXPECT_EQ(TheAgent.LastError(), kBookFull);
+    TheAgent.SetError(kNoError);
+  };
+  expectFull(book.AddPrinter(&printer, true));
+  expectFull(book.FastAddPrinter(&printer));
+  expectFull(book.AddModel(&model, true));
   EXPECT_THAT(TakeCalls(), ElementsAre());
-  EXPECT_EQ(deletions, 0);
-  EXPECT_EQ(box->SetPrintersBook(nullptr), 1);
-  EXPECT_EQ(deletions, 1);
-  EXPECT_EQ(box->PrintersBook()->PrinterCount(), 3);
+  PutPrinters(254);
+  PutModels(15);
+  EXPECT_EQ(book.LoadPrinters(), -2);
+  EXPECT_EQ(book.PrinterCount(), 256);
+  EXPECT_EQ(book.LoadModels(), -1);
+  EXPECT_EQ(book.ModelCount(), 0);
 }
 
-TEST_F(PrinterBookTest, ScannerOpensABookThatCannotBeLoaded) {
-  SimulatorFail(nullptr, 0, kServerFault);
-  EXPECT_EQ(box->SetPrintersBook(nullptr), 1);
-  EXPECT_THAT(TakeCalls(), ElementsAre(kListModels, kListPrinters));
-  EXPECT_EQ(box->PrintersBook()->PrinterCount(), 0);
+TEST_F(PrinterBookTest, ModelChanges) {
+  PrinterModelRecord aqua = MakeModel("Aqua");
+  EXPECT_EQ(book.AddModel(&aqua, false), 2);
+  aqua.modelWord1 = 9;
+  EXPECT_EQ(book.DeleteModel("Laser", false), 1);
+  EXPECT_NE(book.FindModel("Laser"), nullptr);
+  EXPECT_EQ(book.ModifyModel(&aqua, true), 1);
+  EXPECT_EQ(book.FindModel("Laser"), nullptr);
+  ASSERT_NE(book.FindModel("Aqua"), nullptr);
+  EXPECT_EQ(book.FindModel("Aqua")->modelWord1, 9U);
 }
 
-TEST_F(PrinterBookTest, UnboundScannerKeepsItsBookToItself) {
-  int deletions = 0;
-  WatchedBook other(&deletions);
-  {
-    CScanner scanner;
-    const std::uint32_t address = 1;
-    scanner.Init("box", &address, "", "", &TheAgent);
-    scanner.SetPrintersBook(new WatchedBook(&deletions));
-    scanner.SetAgent(nullptr);
-    EXPECT_EQ(scanner.PrintersBook(), nullptr);
-    EXPECT_EQ(scanner.DetachPrintersBook(), nullptr);
-    EXPECT_EQ(scanner.SetPrintersBook(&other), 0);
-    EXPECT_EQ(scanner.SetPrintersBook(nullptr), 0);
-    EXPECT_EQ(deletions, 0);
-  }
-  EXPECT_EQ(deletions, 1);
+// --- The default printer ---
+
+TEST_F(PrinterBookTest, DefaultMoves) {
+  EXPECT_EQ(book.FindDefaultPrinter(), 1);
+  EXPECT_EQ(book.SetDefaultPrinter("Lab"), -1);
+  EXPECT_THAT(InMemory(), ElementsAre("Attic", "Hall", "Lab*"));
+  SimulatorFail("IMSPModifyEntry", 2, kServerFault);
+  EXPECT_EQ(book.SetDefaultPrinter("Attic"), -1);
+  EXPECT_THAT(OnServer(), ElementsAre("Attic*", "Hall", "Lab*"));
+  EXPECT_THAT(InMemory(), ElementsAre("Attic", "Hall", "Lab"));
 }
 
-TEST_F(PrinterBookTest, BookIsMadeByItsName) {
-  const std::unique_ptr<RootObject> made(CreateByName("CPrinterAB"));
-  ASSERT_NE(made, nullptr);
-  EXPECT_EQ(made->GetRuntimeClass(), &CPrinterAB::kClass);
-  EXPECT_EQ(CPrinterAB::kClass.schema, 1U);
+TEST_F(PrinterBookTest, DefaultThatIsNamedAnewIsLost) {
+  EXPECT_EQ(book.SetDefaultPrinter("Hall"), -1);
+  EXPECT_THAT(OnServer(), ElementsAre("Attic", "Hall", "Lab"));
+  EXPECT_EQ(book.FindDefaultPrinter(), -1);
+}
+
+TEST_F(PrinterBookTest, WithoutADefaultInMemoryTheListStaysStale) {
+  book.PrinterAt(1)->isDefault = 2;
+  EXPECT_EQ(book.SetDefaultPrinter("Lab"), -1);
+  EXPECT_THAT(TakeCalls(), testing::SizeIs(2));
+  EXPECT_THAT(OnServer(), ElementsAre("Attic", "Hall*", "Lab*"));
+  EXPECT_EQ(book.FindDefaultPrinter(), -1);
+}
+
+// --- Searches ---
+
+TEST_F(PrinterBookTest, Searches) {
+  Put(MakePrinter("Hallway", "Inky"));
+  EXPECT_EQ(book.FindNextPrinter(false), 1);  // before any First: behind index 0, every name
+  ASSERT_EQ(book.LoadPrinters(), 4);
+  EXPECT_EQ(book.FindFirstPrinter("Hall", false), 1);
+  EXPECT_EQ(book.FindNextPrinter(false), 2);
+  EXPECT_EQ(book.FindNextPrinter(false), 2);  // nothing more: the last hit again
+  EXPECT_EQ(book.FindFirstPrinter("Hall", true), 1);
+  EXPECT_EQ(book.FindNextPrinter(true), 1);
+  EXPECT_EQ(book.FindFirstPrinter("hall", false), -1);
+  EXPECT_EQ(book.FindNextPrinter(false), 1);  // from the front, with the old pattern
+  EXPECT_EQ(book.PrinterIndex("Hallway"), 2);
+  EXPECT_EQ(book.PrinterIndex("Hal"), -1);
+  book.Clear();
+  EXPECT_EQ(book.FindNextPrinter(false), 1);
+  EXPECT_EQ(book.FindFirstPrinter("", false), -1);
 }
 
 }  // namespace

@@ -1,0 +1,101 @@
+// The five books that a scanner owns: taken over, handed out, opened, and deleted.
+
+#include "appliance/scanner.h"
+#include "books/email_ab.h"
+#include "books/fax_ab.h"
+#include "books/printer_ab.h"
+#include "books/user_ab.h"
+#include "bridge/the_agent.h"
+#include "simulator/simulator.h"
+#include "softkeys/top_level_ab.h"
+#include "tests/support/appliance_fixture.h"
+
+namespace quillkit {
+namespace {
+
+// Notes its end.
+template <class Book>
+class Watched : public Book {
+ public:
+  Watched(std::string name, std::string* ends) : name_(std::move(name)), ends_(ends) {}
+  ~Watched() override { *ends_ += name_ + " "; }
+
+ private:
+  std::string name_;
+  std::string* ends_;
+};
+
+class ScannerSlotTest : public ApplianceTest {
+ protected:
+  template <class Book>
+  void Check(int (CScanner::*set)(Book*), Book* (CScanner::*get)() const,
+             Book* (CScanner::*detach)()) {
+    SCOPED_TRACE(Book::kClass.name);
+    std::string ends;
+    auto* book = new Watched<Book>("gone", &ends);
+    EXPECT_EQ((box->*set)(book), 1);
+    EXPECT_EQ((box->*set)(book), 1) << "its own again";
+    EXPECT_EQ((box->*detach)(), book);
+    EXPECT_EQ((box->*get)(), nullptr);
+    EXPECT_EQ((box->*detach)(), nullptr);
+    EXPECT_EQ((box->*set)(book), 1);
+    box->SetAgent(nullptr);
+    EXPECT_EQ((box->*get)(), nullptr);
+    EXPECT_EQ((box->*detach)(), nullptr);
+    EXPECT_EQ((box->*set)(nullptr), 0);
+    box->SetAgent(&TheAgent);
+    EXPECT_EQ((box->*get)(), book);
+    EXPECT_THAT(TakeCalls(), testing::IsEmpty());
+    EXPECT_EQ(ends, "");
+    EXPECT_EQ((box->*set)(nullptr), 1);
+    EXPECT_EQ(ends, "gone ");
+    TakeCalls();
+  }
+
+  CScanner* const box = LogIn();
+};
+
+TEST_F(ScannerSlotTest, EachTakesABookOverAndHandsItOut) {
+  Check(&CScanner::SetEmailBook, &CScanner::EmailBook, &CScanner::DetachEmailBook);
+  Check(&CScanner::SetUsersBook, &CScanner::UsersBook, &CScanner::DetachUsersBook);
+  Check(&CScanner::SetFaxBook, &CScanner::FaxBook, &CScanner::DetachFaxBook);
+  Check(&CScanner::SetPrintersBook, &CScanner::PrintersBook, &CScanner::DetachPrintersBook);
+  Check(&CScanner::SetTopBook, &CScanner::TopBook, &CScanner::DetachTopBook);
+  EXPECT_EQ(box->UsersBook()->Count(), 3);
+  EXPECT_EQ(box->EmailBook()->GetPageSize(), 16);
+}
+
+TEST_F(ScannerSlotTest, ABookThatCannotBeReadStandsInItsSlot) {
+  SimulatorFail(nullptr, 0, 6);
+  EXPECT_EQ(box->SetEmailBook(nullptr), 1) << "which reads nothing yet";
+  EXPECT_EQ(box->SetUsersBook(nullptr), 0);
+  EXPECT_EQ(box->SetFaxBook(nullptr), 0);
+  EXPECT_EQ(box->SetPrintersBook(nullptr), 1);
+  EXPECT_THAT(TakeCalls(), testing::ElementsAre("IMSPReadAB 4:USERSAB [||0] 4096 1",
+                                                "IMSPReadAB 2:FAXAB [||0] 2048 1",
+                                                "IMSPListABEntries 2048:MODELAB [|*|0] 16 1",
+                                                "IMSPListABEntries 8:PRINTERSAB [|*|0] 256 1"));
+  EXPECT_EQ(box->UsersBook()->Scanner(), box);
+  EXPECT_EQ(box->UsersBook()->Count(), 0);
+  EXPECT_NE(box->FaxBook(), nullptr);
+  EXPECT_EQ(box->PrintersBook()->PrinterCount(), 0);
+}
+
+TEST_F(ScannerSlotTest, TheBooksGoInTheOrderOfTheFields) {
+  std::string ends;
+  {
+    CScanner scanner;
+    const std::uint32_t address = 1;
+    scanner.Init("box", &address, "", "", &TheAgent);
+    scanner.SetTopBook(new Watched<CTopLevelAB>("top", &ends));
+    scanner.SetPrintersBook(new Watched<CPrinterAB>("printers", &ends));
+    scanner.SetFaxBook(new Watched<CFaxAB>("fax", &ends));
+    scanner.SetUsersBook(new Watched<CUserAB>("users", &ends));
+    scanner.SetEmailBook(new Watched<CEmailAB>("email", &ends));
+    scanner.SetAgent(nullptr);
+  }
+  EXPECT_EQ(ends, "email users fax printers top ");
+}
+
+}  // namespace
+}  // namespace quillkit
