@@ -5,8 +5,9 @@
 //   1. data() is block() plus skip() records; both are null when there is no block.
 //   2. count() records from data() on are live, and lie inside the block.
 //   3. Records are trivially copyable: they are moved by block copies, and the block comes from the
-//      C allocator so that it grows and shrinks in place. Records that come into being are zeroed,
-//      so that what a server claims to have delivered and did not is blank.
+//      C allocator so that it grows and shrinks in place. Records that come into being are blank,
+//      so that what a server claims to have delivered and did not is blank, too: zeroed, or of a
+//      type with a Blank() what that leaves.
 //
 // Any call that is not const moves or overwrites records: addresses from data() and At() are good
 // only until then.
@@ -53,12 +54,12 @@ class EntryBlock {
     skip_ = 0;
   }
 
-  // Replaces the block by one of `count` zeroed records, all of them live. False, and no block,
+  // Replaces the block by one of `count` blank records, all of them live. False, and no block,
   // when `count` is not above 0 or the memory is refused.
   bool Allocate(std::int32_t count) {
     Free();
     if (!Fits(count)) return false;
-    block_ = static_cast<Record*>(std::calloc(static_cast<std::size_t>(count), sizeof(Record)));
+    block_ = static_cast<Record*>(NewRecords(count));
     if (block_ != nullptr) count_ = count;
     return block_ != nullptr;
   }
@@ -134,6 +135,17 @@ class EntryBlock {
  private:
   static std::size_t Bytes(std::int32_t count) {
     return static_cast<std::size_t>(count) * sizeof(Record);
+  }
+
+  // A server fills most blocks a moment later: a whole block of zeroes would be written twice.
+  static void* NewRecords(std::int32_t count) {
+    if constexpr (requires(Record record) { record.Blank(); }) {
+      auto* const records = static_cast<Record*>(std::malloc(Bytes(count)));
+      for (std::int32_t i = 0; records != nullptr && i < count; ++i) records[i].Blank();
+      return records;
+    } else {
+      return std::calloc(static_cast<std::size_t>(count), sizeof(Record));
+    }
   }
 
   // The block functions take records that have constructors as the bytes they are.

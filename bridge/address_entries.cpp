@@ -17,11 +17,6 @@ int CEmailEntry::SetFrom(const CEmailEntry& other) {
   return other.IsValid() ? Set(EntryKey(other.name.View()), other.Address()) : 0;
 }
 
-void CEmailEntry::Terminate() {
-  name.Terminate();
-  address.Terminate();
-}
-
 bool CEmailEntry::Matches(const CEmailEntry& a, const CEmailEntry& b) {
   return !(a.name == b.name) && !(a.address == b.address) && a.flags == b.flags;
 }
@@ -45,12 +40,6 @@ int CFaxEntry::SetFrom(const CFaxEntry& other) {
 
 bool CFaxEntry::IsValid() const {
   return name.IsTerminated() && number.IsTerminated() && third.IsTerminated();
-}
-
-void CFaxEntry::Terminate() {
-  name.Terminate();
-  number.Terminate();
-  third.Terminate();
 }
 
 int CFaxEntry::HasDigit() const {

@@ -52,8 +52,18 @@ struct CEmailEntry {
   bool IsBlank() const { return name.IsEmpty() && address.IsEmpty(); }
   bool IsValid() const { return name.IsTerminated() && address.IsTerminated(); }
 
+  // Empties all fields; what stands behind a text's NUL means nothing.
+  void Blank() {
+    name.Assign({});
+    address.Assign({});
+    flags = 0;
+  }
+
   // Ends both texts inside their fields: for records that a server filled in.
-  void Terminate();
+  void Terminate() {
+    name.Terminate();
+    address.Terminate();
+  }
 
   // Not an equality: true only when the names differ, the addresses differ and the flags are equal.
   // A record never matches itself.
@@ -96,8 +106,19 @@ struct CFaxEntry {
   bool IsBlank() const { return name.IsEmpty() && number.IsEmpty(); }
   bool IsValid() const;
 
+  // Empties all fields; what stands behind a text's NUL means nothing.
+  void Blank() {
+    name.Assign({});
+    number.Assign({});
+    third.Assign({});
+  }
+
   // Ends the three texts inside their fields: for records that a server filled in.
-  void Terminate();
+  void Terminate() {
+    name.Terminate();
+    number.Terminate();
+    third.Terminate();
+  }
 
   // 1 when the number holds a decimal digit, else 0.
   int HasDigit() const;
