@@ -76,10 +76,12 @@ class BookAccess {
     return ListRange(&range, rows, count, 1);
   }
 
-  // IMSPCreateEntry.
+  // IMSPCreateEntry. What goes out here and below is a copy: a server that writes into it changes
+  // nothing here.
   Status Create(Entry* entry) {
     if (agent_ == nullptr) return kRefused;
-    return agent_->IMSPCreateEntry(&book_, entry);
+    Entry sent = *entry;
+    return agent_->IMSPCreateEntry(&book_, &sent);
   }
 
   // IMSPReadEntryProperties of the entry that the record names, into the record.
@@ -151,7 +153,8 @@ class BookAccess {
 
   Status ModifyByKey(EntryKey key, Entry* entry) {
     if (agent_ == nullptr) return kRefused;
-    return agent_->IMSPModifyEntry(&book_, &key, entry);
+    Entry sent = *entry;
+    return agent_->IMSPModifyEntry(&book_, &key, &sent);
   }
 
   Status DeleteByKey(EntryKey key) {

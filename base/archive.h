@@ -13,8 +13,8 @@
 //   object list   its count as a 32-bit value, then each object
 //
 // Invariants while loading:
-//   1. Nothing is read past the end, and nothing is allocated for more than the bytes that are
-//      left.
+//   1. Nothing is read past the end, and nothing is allocated for more records than the bytes
+//      that are left can hold.
 //   2. After the first thing that cannot be read, Failed() holds and stays: every later value loads
 //      as 0, every text as empty, every object as null, and a list ends. The object in which it
 //      happened is null too: what comes out of a stream is whole.
@@ -121,7 +121,8 @@ void Archive::Exchange(std::list<Object*>& objects) {
   for (Exchange(count); count > 0 && !failed_; --count) {
     std::unique_ptr<Object> object = LoadObject<Object>();
     if (object == nullptr) return Fail();
-    objects.push_back(object.release());
+    objects.push_back(object.get());
+    static_cast<void>(object.release());
   }
 }
 

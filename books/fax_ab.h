@@ -54,7 +54,8 @@ class CFaxAB : public RootObject, public PublicListBook<CFaxAB, CPubFaxDL> {
   // --- The whole book ---
 
   // Reads the entries: one IMSPReadAB of up to 2048. 1 for the status 0 or 4 (no entries), else 0:
-  // a book that holds more (21) is a failure although 2048 entries are then held.
+  // a book that holds more (21) is a failure although 2048 entries are then held, and a failure
+  // that delivers nothing leaves as many blank ones.
   int LoadEntries();
 
   // IMSPSizeofAB.
@@ -101,7 +102,7 @@ class CFaxAB : public RootObject, public PublicListBook<CFaxAB, CPubFaxDL> {
 
   // Creates the list and its members on the server, whose refusals go unnoticed. The Fast form
   // takes the object over at the end of the lists held and gives the new count; on -1 it stays the
-  // caller's.
+  // caller's. REQUIRES: the list is not held here already.
   int AddList(const CPubFaxDL& list, std::int32_t reload) { return Create(list, reload) ? 1 : 0; }
   std::int32_t FastAddList(CPubFaxDL* list) { return Keep(list); }
 

@@ -76,8 +76,9 @@ class CPrivEmailAB : public RootObject, private ListSet<CPrivEmailDL> {
   // result.
   Status WriteBack();
 
-  // Deletes up to 100 lists and the book itself on the server and leaves the copy alone. The status
-  // of the book's IMSPDeleteAB, 4 or 3 for a book that is not there, or that of the time-out.
+  // Deletes the lists, if there are at most 100, and the book itself on the server and leaves the
+  // copy alone. The status of the book's IMSPDeleteAB, 4 or 3 for a book that is not there, or that
+  // of the time-out.
   Status EmptyOnServer();
 
   // Deletes the lists of the copy and the book on the server. The session's own book keeps its copy
@@ -118,6 +119,7 @@ class CPrivEmailAB : public RootObject, private ListSet<CPrivEmailDL> {
 
   // The same, and takes `list` over at the end of the copy whatever its members gave: the new
   // count, or -1, with `list` still the caller's, when the list could not be created.
+  // REQUIRES: the list is not held here already.
   std::int32_t AddListLocal(CPrivEmailDL* list);
 
   // Deletes a list on the server: whether that gave 0. The local form drops the first list of that

@@ -29,7 +29,7 @@ CPrivEmailDL* CPrivEmailAB::SetListAt(std::int32_t index, CPrivEmailDL* list) {
 }
 
 bool CPrivEmailAB::AddList(CPrivEmailDL* list, std::int32_t reload) {
-  if (RecordsFullLists()) return false;
+  if (list == nullptr || RecordsFullLists()) return false;
   Status status = CreateServerList(list->Name());
   if (status == kNoError) status = CreateMembersOf(*list);
   if (reload != 0) LoadLists(1);
@@ -37,7 +37,8 @@ bool CPrivEmailAB::AddList(CPrivEmailDL* list, std::int32_t reload) {
 }
 
 std::int32_t CPrivEmailAB::AddListLocal(CPrivEmailDL* list) {
-  if (RecordsFullLists() || CreateServerList(list->Name()) != kNoError) return -1;
+  if (list == nullptr || RecordsFullLists() || CreateServerList(list->Name()) != kNoError)
+    return -1;
   CreateMembersOf(*list);
   return Append(std::unique_ptr<CPrivEmailDL>(list));
 }

@@ -68,7 +68,7 @@ class CUserRecord : public CUserEntry {
   // Empties the private book on the server and writes the one in memory back. Calls:
   // IMSPReadEntryProperties for the account, then those of CPrivEmailAB::EmptyOnServer and
   // WriteBack. 1, or 0 at the first failure and without a book; an absent book on the server (4) is
-  // none.
+  // none. What is in memory is all that is then there: restore no book that was not read whole.
   int RestorePrivateBook();
 
   // Adds an entry to the user's private book on the server: IMSPCreateEntry.

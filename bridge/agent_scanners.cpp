@@ -25,12 +25,13 @@ void CAgent::Serialize(Archive& archive) {
 
 int CAgent::AddScanner(CScanner* scanner) {
   if (scanner == nullptr) return 0;
+  ScannerList added(1, scanner);  // the one step that may throw
   const auto found = Locate(scanner->Address());
   if (found != scanners.end()) {
     std::unique_ptr<CScanner> old = Take(found);
     if (old.get() == scanner) (void)old.release();
   }
-  scanners.push_back(scanner);
+  scanners.splice(scanners.end(), added);
   return 1;
 }
 

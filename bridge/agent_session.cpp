@@ -173,7 +173,8 @@ void CAgent::AddScannerFor(const CScanner* target, std::uint32_t address,
   auto scanner = std::make_unique<CScanner>();
   scanner->Init(target != nullptr ? target->Name() : std::string(), &address,
                 std::string(identity.model.View()), std::string(identity.version.View()), this);
-  AddScanner(scanner.release());
+  AddScanner(scanner.get());
+  static_cast<void>(scanner.release());
 }
 
 }  // namespace quillkit

@@ -22,7 +22,9 @@ Status CAgent::StartWakeup() {
   const Status status = IMSPIOCtl(&request);
   if (status != kNoError) return status;
   wakeupPeriod = request.value >> 1;
+  const TimerId earlier = wakeupTimer;  // one with a period of 0 passes for none
   wakeupTimer = StartThreadTimer(wakeupPeriod, SendSignOfLife);
+  if (earlier != 0) StopThreadTimer(earlier);
   return lastError;
 }
 

@@ -1,6 +1,5 @@
 #include "import/ldap_settings_store.h"
 
-#include <algorithm>
 #include <array>
 
 #include "platform/message_box.h"
@@ -43,7 +42,10 @@ std::string GetLdapString(const char* profile, const char* value) {
   std::array<char, kLongestValue> text{};
   std::uint32_t size = kLongestValue;
   if (key.Read(value, text.data(), &size) != kSettingsDone) return {};
-  return {text.data(), std::find(text.data(), text.data() + size, '\0')};
+  const std::string_view stored(text.data(), size);
+  const std::size_t end = stored.find('\0');
+  if (end == stored.npos && size == kLongestValue) return {};
+  return std::string(stored.substr(0, end));
 }
 
 int SetLdapString(const char* profile, const char* value, const char* text) {

@@ -35,6 +35,7 @@ class ListSet {
 
   // Puts `list`, which the set owns from here on, into the place of another, which goes to whoever
   // knows of it: it is not deleted. 0, or -1 for an index out of range or a null list.
+  // REQUIRES: the set does not hold `list` at another index.
   std::int32_t SetListAt(std::int32_t index, List* list);
 
   // Deletes the list here: 1, or 0 for an index out of range.

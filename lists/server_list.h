@@ -158,7 +158,11 @@ template <class Base, class BookClass, BookKind kListKind>
 Status ServerList<Base, BookClass, kListKind>::ReadRoom() {
   if (members.IsEmpty()) return kNoError;
   auto count = static_cast<std::uint32_t>(members.count());
-  return Access().ReadAll(members.data(), &count);
+  const Status status = Access().ReadAll(members.data(), &count);
+  for (std::int32_t i = 0; i < members.count(); ++i) {
+    if (static_cast<std::uint32_t>(i) >= count) members.At(i)->Blank();
+  }
+  return status;
 }
 
 }  // namespace quillkit

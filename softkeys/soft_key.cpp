@@ -7,11 +7,6 @@
 #include "softkeys/top_level_ab.h"
 
 namespace quillkit {
-namespace {
-
-// The stream form of an item: four length bytes and two words at the least.
-
-}  // namespace
 
 int CSoftKey::Init(const std::string& name, std::int32_t capacity, CTopLevelAB* newOwner) {
   if (newOwner == nullptr) return 0;
@@ -35,10 +30,10 @@ Status CSoftKey::Load(const std::string& name, CTopLevelAB* newOwner, std::strin
   return status;
 }
 
-void CSoftKey::TakeOver(CSoftKey& other) {
+void CSoftKey::TakeOver(CSoftKey& other, CTopLevelAB* newOwner) {
   if (&other == this) return;
   items = std::move(other.items);
-  owner = other.owner;
+  owner = newOwner;
   findCursor = other.findCursor;
   findPattern = other.findPattern;
   keyName = other.keyName;

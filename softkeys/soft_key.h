@@ -45,8 +45,9 @@ class CSoftKey {
   Status Load(const std::string& name, CTopLevelAB* newOwner, std::string_view firstName,
               std::int32_t direction);
 
-  // Takes over all that `other` holds; `other` keeps its name and owner and no items.
-  void TakeOver(CSoftKey& other);
+  // Takes over all that `other` holds but its owner, in the place of which comes `newOwner`: its
+  // own book may go at any time. `other` keeps its name and owner and no items.
+  void TakeOver(CSoftKey& other, CTopLevelAB* newOwner);
 
   // 1, or 0 and no change for a name of 32 or more characters.
   int SetKeyName(std::string_view name);

@@ -129,7 +129,7 @@ std::int32_t CTopLevelAB::FastKeyModify(CSoftKey* key) {
   if (ModifyKeyEntry(key->KeyName(), &record) != kNoError) return 0;
   CSoftKey* cached = KeyAt(Find(key->KeyName()));
   if (cached == nullptr) return 0;
-  cached->TakeOver(*key);
+  cached->TakeOver(*key, this);
   return 1;
 }
 

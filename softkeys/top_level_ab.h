@@ -68,8 +68,9 @@ class CTopLevelAB : public RootObject {
   std::int32_t FindFirstKey(const std::string& pattern, bool wholeName);
   std::int32_t FindNextKey(bool wholeName);
 
-  // The cached key of this name once a read of its book has given 0, else null. The items that were
-  // read are dropped: the cached key keeps what it held.
+  // The cached key of this name once a read of its book has given 0, as one does that fails and
+  // delivers nothing; else null. The items that were read are dropped: the cached key keeps what it
+  // held.
   CSoftKey* LoadItems(const std::string& name);
 
   // --- Plain family: the server's status, or that of the reload ---

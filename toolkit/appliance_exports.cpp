@@ -2,6 +2,7 @@
 
 #include "appliance/scanner.h"
 #include "books/user_record.h"
+#include "bridge/the_agent.h"
 #include "import/connected_user.h"
 #include "softkeys/top_level_ab.h"
 #include "toolkit/call_frame.h"
@@ -35,7 +36,11 @@ std::int32_t IsAdminConnected(CScanner* scanner) {
 }
 
 CTopLevelAB* GetTopLevelAbook(CScanner* scanner) {
-  return InFrame([&] { return SessionOpen != 0 ? scanner->TopBook() : nullptr; });
+  return InFrame([&]() -> CTopLevelAB* {
+    // Exit leaves the session marked as open, and takes every scanner with it.
+    if (SessionOpen == 0 || TheAgent.ServerLibrary() == nullptr) return nullptr;
+    return scanner->TopBook();
+  });
 }
 
 }  // namespace quillkit

@@ -64,6 +64,9 @@
 //   -3   an argument is absent
 //   -11  unknown import format
 //
+// Memory. Where it is refused, std::bad_alloc passes from any function to the application, which
+// finds the objects usable. A LogToQuillbox that throws may leave a session open: end it by Logout.
+//
 // Plain and Fast. A plain operation changes the server and, with `reload`, reads the changed key or
 // all keys anew; without it the objects in memory show the old state. A Fast one changes the server
 // and then the objects in memory, and reads nothing. The server comes first, and nothing is undone:
@@ -223,16 +226,17 @@ QUILLKIT_API std::int32_t FastKeyRename(CTopLevelAB* book, const std::string& ol
 // ---------------------------------------------------------------------------------------------
 
 // Makes a key that the application owns, to carry a name of any length. It counts 512 blank items
-// until a plain operation with reload has read it. Nonzero, or 0 when memory is refused or for a
-// null book, which leaves the key without name and items; `*key` receives a key in every case. No
-// call.
+// until a plain operation with reload has read it. Nonzero, or 0 when memory for the items is
+// refused or for a null book, which leaves the key without name and items; `*key` receives a key in
+// both cases. No call.
 QUILLKIT_API std::int32_t CreateSoftKey(const std::string& name, CTopLevelAB* book, CSoftKey** key);
 
 // Null is ignored. No call.
 QUILLKIT_API void DestroySoftKey(CSoftKey* key);
 
-// The key of this name in memory, when the server can read its items; else null. The items that
-// were read are dropped: this proves that they can be read and refreshes nothing. Call: IMSPReadAB.
+// The key of this name in memory, or null when there is none or a read of its items failed with
+// some delivered. A failure that delivers nothing counts as an empty key: the last error tells. The
+// items that were read are dropped: nothing is refreshed. Call: IMSPReadAB.
 QUILLKIT_API CSoftKey* LoadItems(CTopLevelAB* book, const std::string& name);
 
 // The key's name. No call.
@@ -334,9 +338,10 @@ QUILLKIT_API std::int32_t SetSettings(CMenuItem* item, std::uint32_t value);
 //
 // 0 when the server ran the script without an error: rows that cannot be used are skipped without a
 // report. -3 without options, -1 when nothing matches `path` or it is null, -11 for an unknown
-// format; -2 when `path` cannot be read, -1 when the script cannot be written, both with nothing
-// sent; -1 when the scanner is null; else the status of the server. A refused script stays carried
-// out up to the refusal, and the server's time-out then stays at an hour.
+// format; -2 when `path` cannot be read (a pipe is waited for), -1 when the script cannot be
+// written, both with nothing sent; -1 when the scanner is null; else the status of the server. A
+// refused script stays carried out up to the refusal, and the server's time-out then stays at an
+// hour.
 //
 // The temporary file is deleted after the server has seen it, and stays behind after -11 and after
 // a failed conversion. Calls: IMSPIOCtl 2, IMSPIOCtl 1, IMSPBatchConfiguration, IMSPIOCtl 2,

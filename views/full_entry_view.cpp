@@ -21,6 +21,8 @@ Status CFullEntryView::Load() {
     entries.Clear();
   } else if (status == kNoError || status == kMoreData) {
     entries.Shrink(static_cast<std::int32_t>(delivered), 1);
+  } else {
+    entries.Allocate(MaxFullEntries);  // whatever was written
   }
   return status;
 }

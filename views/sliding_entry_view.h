@@ -70,7 +70,7 @@ class CSlidingEntryView : public CEntryView {
   CEmailEntry* FindNextPrefix() override { return FindNext(0); }
 
   // Reads the letter's entries alone into the span; stepping on later leaves the letter. For a
-  // letter that the book lacks null, with an empty span.
+  // letter that the book lacks null, with an empty span. NUL and '*' stand for every letter.
   CEmailEntry* FindLetter(char letter) override;
 
   // With a flag of 1 the server is changed first, and a failure is the result. Else 0, after the

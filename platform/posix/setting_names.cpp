@@ -1,5 +1,7 @@
 #include "platform/posix/setting_names.h"
 
+#include <unistd.h>
+
 #include <charconv>
 #include <cstdlib>
 
@@ -72,6 +74,7 @@ std::optional<std::string> KeyOfFolderName(std::string_view folder) {
     if (byte == kEscape && rest.size() >= 3) {
       unsigned code = 0;
       std::from_chars(rest.data() + 1, rest.data() + 3, code, 16);
+      if (code == 0) return std::nullopt;
       byte = static_cast<char>(code);
       taken = 3;
     }
@@ -81,6 +84,13 @@ std::optional<std::string> KeyOfFolderName(std::string_view folder) {
   // What is not the one form of a name belongs to somebody else.
   if (key.empty() || Escaped(key) != folder) return std::nullopt;
   return key;
+}
+
+std::string DraftBeside(std::string_view folder) {
+  const std::size_t name = folder.rfind('/') + 1;
+  std::string draft(folder.substr(0, name));
+  draft += kDraftPrefix;
+  return draft += std::to_string(getpid()) + folder.substr(name).data();
 }
 
 bool IsValueFileName(std::string_view file) {

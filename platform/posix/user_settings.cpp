@@ -22,7 +22,8 @@
 namespace quillkit {
 namespace {
 
-constexpr int kFolder = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
+// A key is a folder itself, not a link to one somewhere else.
+constexpr int kFolder = O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NOFOLLOW;
 constexpr mode_t kPrivateFolder = 0700;
 
 SettingsStatus StatusOf(int error) {
@@ -41,6 +42,7 @@ SettingsStatus StatusOf(int error) {
     case EACCES:
     case EPERM:
     case EROFS:
+    case ELOOP:
     case EEXIST:
     case ENOTEMPTY:
       return kSettingsDenied;
@@ -71,7 +73,7 @@ int OpenKey(const std::string& folder, SettingsAccess access) {
 
 bool IsFolder(int key, const char* name) {
   struct stat found {};
-  return fstatat(key, name, &found, 0) == 0 && S_ISDIR(found.st_mode);
+  return fstatat(key, name, &found, AT_SYMLINK_NOFOLLOW) == 0 && S_ISDIR(found.st_mode);
 }
 
 // What stands in a key's folder.
@@ -143,9 +145,16 @@ SettingsStatus DeleteSettingsKey(const char* path) {
   const Descriptor key(OpenKey(folder, SettingsAccess::kRead));
   if (!key.IsOpen()) return StatusOf(errno);
   const std::vector<std::string> files = NamesIn(key.Number());
-  if (!std::all_of(files.begin(), files.end(), IsValueFileName)) return kSettingsDenied;
+  const auto isValue = [&](const std::string& each) {
+    return IsValueFileName(each) && !IsFolder(key.Number(), each.c_str());
+  };
+  if (!std::all_of(files.begin(), files.end(), isValue)) return kSettingsDenied;
+  // First the name goes, at once or not at all; then what it stood for.
+  const std::string gone = DraftBeside(folder);
+  if (rename(folder.c_str(), gone.c_str()) != 0) return StatusOf(errno);
   for (const std::string& each : files) unlinkat(key.Number(), each.c_str(), 0);
-  return rmdir(folder.c_str()) == 0 ? kSettingsDone : StatusOf(errno);
+  rmdir(gone.c_str());
+  return kSettingsDone;
 }
 
 }  // namespace quillkit
