@@ -11,6 +11,7 @@
 #include "simulator/simulator.h"
 #include "softkeys/top_level_ab.h"
 #include "tests/support/appliance_fixture.h"
+#include "toolkit/quillkit.h"
 
 namespace quillkit {
 namespace {
@@ -134,9 +135,14 @@ TEST_F(ScannerBooks, TheAdministratorAloneWritesTheTag) {
   EXPECT_EQ(box_->WriteAdminTag(&tag), 6);
   EXPECT_THAT(TakeCalls(), ElementsAre(read));
 
-  TheAgent.Logout(0);
+  SimulatorClearFaults();
+  CScanner* const another = LogToQuillbox(kHost, "TOOLKIT", "KELP", "", 0);
+  ASSERT_NE(another, nullptr);
   TakeCalls();
-  EXPECT_EQ(box_->WriteAdminTag(&tag), kRefused);
+  EXPECT_EQ(another->WriteAdminTag(&tag), kRefused);
+  TheAgent.Logout(0);
+  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPLogout"));
+  EXPECT_EQ(another->WriteAdminTag(&tag), kRefused);
   EXPECT_EQ(CScanner().WriteAdminTag(&tag), kRefused);
   EXPECT_THAT(TakeCalls(), IsEmpty());
 }

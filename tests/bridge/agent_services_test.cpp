@@ -152,6 +152,14 @@ TEST_F(AgentLog, TheCountIsWhatWasDelivered) {
   EXPECT_EQ(TheAgent.ReadLog("Ann"), kNoError);
   EXPECT_EQ(TheAgent.LogCount(), 3U);
 
+  SimulatorSetLies(0);
+  SimulatorInflateSizes(4'000'000'000);
+  TakeCalls();
+  EXPECT_EQ(TheAgent.ReadLog("Ann"), kNoError);
+  EXPECT_EQ(TheAgent.LogCount(), 3U);
+  EXPECT_THAT(TakeCalls().back(), testing::EndsWith(" 1000000 1"));
+  SimulatorInflateSizes(0);
+
   SimulatorSetLies(kLieDeliveredCount);
   EXPECT_EQ(TheAgent.ReadLog("Ann"), kNoError);
   EXPECT_EQ(TheAgent.LogCount(), 3U);
@@ -209,6 +217,8 @@ TEST_F(AgentServices, ActsAsAnotherUserAndTellsTheTextOfTheLastError) {
   EXPECT_EQ(TheAgent.ChangeIdentity(std::string(kToolkitName)), kNoError);
   EXPECT_STREQ(SimulatorSessionUser(), "TOOLKIT");
   EXPECT_THAT(TakeCalls(), ElementsAre("IMSPChangeIdentity TOOLKIT"));
+  TheAgent.ChangeIdentity(std::string(32, 'n'));
+  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPChangeIdentity \"\"")) << "cut, it could be another's";
   std::string text;
   TheAgent.SetError(kEarlier);
   TheAgent.ErrorText(text);

@@ -6,6 +6,7 @@
 #include "bridge/the_agent.h"
 #include "platform/thread_timer.h"
 #include "simulator/simulator.h"
+#include "tests/platform/pumping.h"
 #include "tests/support/appliance_fixture.h"
 
 namespace quillkit {
@@ -56,8 +57,10 @@ TEST_F(AgentWakeup, APeriodOfOneStartsATimerEachTime) {
   EXPECT_EQ(TheAgent.StartWakeup(), kNoError);
   EXPECT_NE(TheAgent.WakeupTimer(), first);
   EXPECT_THAT(TakeCalls(), ElementsAre(kPeriodCall, kPeriodCall));
-  StopThreadTimer(first);
   TheAgent.StopWakeup();
+  Sleep(std::chrono::milliseconds(50));
+  Pump();
+  EXPECT_THAT(TakeCalls(), IsEmpty()) << "the first one went when the second came";
 }
 
 TEST_F(AgentWakeup, AStoppedTimerPassesForRunningUntilALogout) {

@@ -132,7 +132,9 @@ TEST_F(TopLevelTest, AFastAddedKeyIsEmptyAndWorks) {
 }
 
 TEST_F(TopLevelTest, FastModifyHandsTheContentOver) {
-  Key("C").ItemAt(0)->SetName("mine");
+  CTopLevelAB other;
+  key_.Init("C", 1, &other);
+  key_.ItemAt(0)->SetName("mine");
   CSoftKey* cached = book_.KeyAt(1);
   EXPECT_EQ(book_.FastKeyModify(&key_), 1);
   ASSERT_EQ(cached->ItemCount(), 1);
@@ -141,6 +143,9 @@ TEST_F(TopLevelTest, FastModifyHandsTheContentOver) {
   EXPECT_EQ(key_.KeyName(), "C");
   EXPECT_EQ(book_.FastKeyModify(cached), 1) << "itself";
   EXPECT_EQ(cached->ItemCount(), 1);
+  CMenuItem item;
+  item.SetName("more");
+  EXPECT_EQ(cached->AddMenuItem(&item, false), kNoError) << "by its own book, not the other";
 }
 
 TEST_F(TopLevelTest, TakesCachedKeysAndTheirNames) {

@@ -183,6 +183,7 @@ TEST_F(SessionCourse, GetTopLevelAbookWithoutASessionDoesNotLookAtItsHandle) {
 TEST_F(SessionCourse, AfterExitNothingReachesTheServer) {
   LogIn();
   Exit();
+  EXPECT_EQ(GetTopLevelAbook(nullptr), nullptr) << "no handle is looked at any more";
   EXPECT_THAT(TakeCalls(), ElementsAre("IMSPTerminate"));
   EXPECT_EQ(TheAgent.ScannerCount(), 0);
   EXPECT_EQ(TheAgent.CurrentUser(), nullptr);

@@ -78,12 +78,27 @@ TEST_F(SettingsFolderTest, WhatOthersPutThereIsNotTouched) {
   ASSERT_EQ(WriteText(root, "v", "x"), kSettingsDone);
   std::ofstream(folder / "notes.txt") << "mine";
   for (const char* each : {"%2e", "a%", "=folder", ".hidden"}) fs::create_directory(folder / each);
+  fs::create_directory(folder / "a%00b");
+  fs::create_directory(home.Folder() / "elsewhere");
+  std::ofstream(home.Folder() / "elsewhere/=v") << "theirs";
+  fs::create_directory_symlink(home.Folder() / "elsewhere", folder / "link");
   ASSERT_EQ(mkfifo((folder / "=pipe").c_str(), 0600), 0);
   EXPECT_THAT(Subkeys(root), ElementsAre());
   EXPECT_EQ(Read(root, "pipe"), "status 2");
   EXPECT_EQ(Read(root, "folder"), "status 2");
   EXPECT_EQ(DeleteSettingsKey(root.c_str()), kSettingsDenied);
   EXPECT_EQ(Read(root, "v"), "x\0"s);
+  EXPECT_NE(DeleteSettingsKey((root + "\\link").c_str()), kSettingsDone);
+  EXPECT_TRUE(fs::exists(home.Folder() / "elsewhere/=v"));
+
+  const std::string inner = Make(root + "\\inner");
+  ASSERT_EQ(WriteText(inner, "v", "kept"), kSettingsDone);
+  fs::create_directory(folder / "inner/=folder");
+  EXPECT_EQ(DeleteSettingsKey(inner.c_str()), kSettingsDenied);
+  EXPECT_EQ(Read(inner, "v"), "kept\0"s) << "all of it or nothing";
+  fs::remove(folder / "inner/=folder");
+  EXPECT_EQ(DeleteSettingsKey(inner.c_str()), kSettingsDone);
+  EXPECT_FALSE(fs::exists(folder / "inner"));
 }
 
 TEST_F(SettingsFolderTest, WithoutPermissionNothingChanges) {
