@@ -3,9 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <string>
 #include <vector>
 
@@ -13,6 +10,7 @@
 #include "platform/module.h"
 #include "simulator/simulator.h"
 #include "tests/support/appliance_fixture.h"
+#include "tests/support/program_run.h"
 #include "tests/toolkit/scratch_file.h"
 #include "tests/toolkit/tour.h"
 
@@ -93,14 +91,7 @@ TEST_F(LoadedLibrary, UnloadingDoesTheWorkOfExitOnce) {
 
 // In a process of its own, from a folder without a server library: this one has it.
 TEST(LibraryWithoutAServer, FailsToStart) {
-  namespace fs = std::filesystem;
-  const ScratchFile report("");
-  const fs::path before = fs::current_path();
-  fs::current_path(fs::absolute(testing::internal::GetArgvs().front()).parent_path() / "alone");
-  const std::string program = (fs::path(".") / "quillkit_alone_tests").make_preferred().string();
-  const int status = std::system((program + " > \"" + report.path() + "\"").c_str());
-  fs::current_path(before);
-  EXPECT_EQ(status, 0) << std::ifstream(report.path()).rdbuf();
+  EXPECT_EQ(OutputOnFailure("alone", "quillkit_alone_tests"), "");
 }
 
 }  // namespace
