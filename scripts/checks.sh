@@ -1,17 +1,17 @@
 # Checks of what was written and of what was built; sourced by ./test.
 # shellcheck shell=bash
 
-# sources: the C++ files of the tree, one a line.
+# sources: the C++ and C files of the tree, one a line.
 sources() {
-  find . -path ./build -prune -o \( -name '*.h' -o -name '*.cpp' \) -print | sort
+  find . -path ./build -prune -o \( -name '*.h' -o -name '*.cpp' -o -name '*.c' \) -print | sort
 }
 
 check_format() {
   sources | xargs clang-format --dry-run -Werror
 }
 
-# toolkit_exports: the names of toolkit/quillkit.def, sorted.
-toolkit_exports() { sed -n 's/^ \{1,\}//p' toolkit/quillkit.def | sort; }
+# def_names FILE: the names of a .def file, sorted.
+def_names() { sed -n 's/^ \{1,\}//p' "$1" | sort; }
 
 # same_names FILE EXPECTED FOUND: whether two sorted lists of names agree; if not, how they differ.
 same_names() {
@@ -23,28 +23,47 @@ same_names() {
   echo "$1 exports its $(echo "$3" | wc -l) names and no other"
 }
 
-# check_shared_object FILE: it exports the toolkit's functions and the event loop's two.
+# check_shared_object FILE DEF [names]: it exports what the .def file names, and the further names.
 check_shared_object() {
-  local expected found
-  expected=$({ toolkit_exports; printf '%s\n' QuillkitDispatchEvents QuillkitEventDescriptor; } |
-    sort)
-  found=$(nm -D --defined-only "$1" | awk '{ print $3 }' | sort)
-  same_names "$1" "$expected" "$found"
+  local file=$1 def=$2 expected found
+  shift 2
+  expected=$({ def_names "$def"; printf '%s\n' "$@"; } | sed '/^$/d' | sort)
+  found=$(nm -D --defined-only "$file" | awk '{ print $3 }' | sort)
+  same_names "$file" "$expected" "$found"
 }
 
-# check_dll FILE LIBRARY: it exports the toolkit's functions, which its import library offers, and
-# imports Windows' own libraries alone.
+# check_shared_objects FOLDER: those of this tree that applications link.
+check_shared_objects() {
+  check_shared_object "$1/libQuillkit.so" toolkit/quillkit.def QuillkitDispatchEvents \
+    QuillkitEventDescriptor
+  check_shared_object "$1/libquillkit_c.so" capi/quillkit_c.def
+}
+
+# check_dll FILE LIBRARY DEF [import]: it exports what the .def file names, which its import library
+# offers, and imports Windows' own libraries and the further one alone.
 check_dll() {
   local headers imports
   headers=$(i686-w64-mingw32-objdump -p "$1")
-  same_names "$1" "$(toolkit_exports)" \
+  same_names "$1" "$(def_names "$3")" \
     "$(sed -n '/^\[Ordinal\/Name Pointer\] Table/,/^$/s/^\t\[ *[0-9]*\] //p' <<<"$headers" | sort)"
-  same_names "$2" "$(toolkit_exports)" \
+  same_names "$2" "$(def_names "$3")" \
     "$(i686-w64-mingw32-nm "$2" 2>/dev/null | sed -n 's/^.* I __imp__//p' | sort)"
   imports=$(sed -n 's/^\tDLL Name: //p' <<<"$headers" | tr '[:upper:]' '[:lower:]' | sort -u)
-  if grep -vxE 'advapi32.dll|kernel32.dll|msvcrt.dll|user32.dll|ws2_32.dll' <<<"$imports"; then
+  if grep -vxE "(advapi32|kernel32|msvcrt|user32|ws2_32).dll${4+|$4}" <<<"$imports"; then
     echo "$1 imports these, which no Windows brings or which are new"
     return 1
   fi
   echo "$1 imports $(tr '\n' ' ' <<<"$imports")"
+}
+
+# check_headers CC CXX: each exported header is complete by itself and good under all warnings, and
+# that for C in C99 too.
+check_headers() {
+  local header strict=(-Wall -Wextra -Wpedantic -Wconversion -Werror -fsyntax-only -I.)
+  for header in toolkit/quillkit.h capi/quillkit_c.h; do
+    "$2" -std=c++20 "${strict[@]}" -x c++ -include "$header" /dev/null || return 1
+  done
+  "$1" -std=c99 "${strict[@]}" -Wstrict-prototypes -x c -include capi/quillkit_c.h /dev/null ||
+    return 1
+  echo "$2 and $1 take the exported headers"
 }

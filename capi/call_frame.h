@@ -1,0 +1,259 @@
+// What surrounds the work of every function: its arguments are checked and turned into the
+// library's, and no exception leaves it.
+//
+// An argument class tells its fault, 0 or one of the QUILL_E_ values, and gives its value when it
+// has none. It looks its handle up when it is made, so that the faults count in the order of the
+// arguments.
+
+#ifndef QUILLKIT_CAPI_CALL_FRAME_H_
+#define QUILLKIT_CAPI_CALL_FRAME_H_
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <memory>
+#include <new>
+#include <string>
+#include <type_traits>
+
+#include "capi/handle_table.h"
+#include "toolkit/quillkit.h"
+
+namespace quillkit {
+
+template <class Object>
+inline constexpr HandleKind kKindOf{};
+template <>
+inline constexpr HandleKind kKindOf<CScanner> = HandleKind::kScanner;
+template <>
+inline constexpr HandleKind kKindOf<CTopLevelAB> = HandleKind::kBook;
+template <>
+inline constexpr HandleKind kKindOf<CSoftKey> = HandleKind::kKey;
+template <>
+inline constexpr HandleKind kKindOf<CMenuItem> = HandleKind::kItem;
+template <>
+inline constexpr HandleKind kKindOf<CUserRecord> = HandleKind::kUser;
+
+// What the work of a function needs of an object.
+enum class Need {
+  kAlive,
+  kAliveOrNone,  // 0 stands for no object
+  kItsBook,      // a key whose server operations reach a book that lives, or none
+  kOwnership     // the application's
+};
+
+template <class Object, Need kNeed = Need::kAlive>
+class ObjectArgument {
+ public:
+  explicit ObjectArgument(quill_handle handle) {
+    if (kNeed == Need::kAliveOrNone && handle == 0) return;
+    const HandleEntry* entry = Handles().Find(handle, kKindOf<Object>, &fault_);
+    if (entry == nullptr) return;
+    object_ = static_cast<Object*>(entry->object);
+    if (kNeed == Need::kOwnership && !entry->isApplications) fault_ = QUILL_E_OWNER;
+    if (kNeed == Need::kItsBook && entry->parent != 0 && !Handles().IsLive(entry->parent)) {
+      fault_ = QUILL_E_STALE;
+    }
+  }
+
+  std::int32_t Fault() const { return fault_; }
+  Object* Value() const { return object_; }
+
+ private:
+  std::int32_t fault_ = 0;
+  Object* object_ = nullptr;
+};
+
+using Scanner = ObjectArgument<CScanner>;
+using Book = ObjectArgument<CTopLevelAB>;
+using Key = ObjectArgument<CSoftKey>;
+using KeyOnServer = ObjectArgument<CSoftKey, Need::kItsBook>;
+using Item = ObjectArgument<CMenuItem>;
+
+class Text {
+ public:
+  explicit Text(const char* text) : text_(text) {}
+
+  std::int32_t Fault() const { return text_ != nullptr ? 0 : QUILL_E_ARGUMENT; }
+  std::string Value() const { return text_; }
+
+ private:
+  const char* text_;
+};
+
+// Where the number or the text of a result goes.
+class NumberResult {
+ public:
+  explicit NumberResult(std::uint32_t* number) : number_(number) {}
+
+  std::int32_t Fault() const { return number_ != nullptr ? 0 : QUILL_E_ARGUMENT; }
+  const NumberResult& Value() const { return *this; }
+
+  std::uint32_t* number() const { return number_; }
+
+  // 1.
+  std::int32_t Take(std::uint32_t number) const {
+    *number_ = number;
+    return 1;
+  }
+
+ private:
+  std::uint32_t* number_;
+};
+
+class TextResult {
+ public:
+  TextResult(char* buffer, std::uint32_t* size) : buffer_(buffer), size_(size) {}
+
+  std::int32_t Fault() const {
+    return size_ != nullptr && (buffer_ != nullptr || *size_ == 0) ? 0 : QUILL_E_ARGUMENT;
+  }
+  const TextResult& Value() const { return *this; }
+
+  // 1, or QUILL_E_BUFFER.
+  std::int32_t Take(const char* text) const {
+    const std::size_t needed = std::strlen(text) + 1;
+    const bool fits = needed <= *size_;
+    *size_ = static_cast<std::uint32_t>(needed);
+    if (!fits) return QUILL_E_BUFFER;
+    std::memcpy(buffer_, text, needed);
+    return 1;
+  }
+
+ private:
+  char* buffer_;
+  std::uint32_t* size_;
+};
+
+// Where the handle of an object goes that belongs to a parent, or to the application; 0 until then.
+class HandleResult {
+ public:
+  explicit HandleResult(quill_handle* handle, quill_handle parent = 0)
+      : handle_(handle), parent_(parent) {
+    if (handle_ != nullptr) *handle_ = 0;
+  }
+
+  std::int32_t Fault() const { return handle_ != nullptr ? 0 : QUILL_E_ARGUMENT; }
+  const HandleResult& Value() const { return *this; }
+
+  // 1, or 0 for null.
+  template <class Object>
+  std::int32_t Take(Object* object) const {
+    return TakeUnder(parent_, object);
+  }
+  template <class Object>
+  std::int32_t TakeUnder(quill_handle parent, Object* object) const {
+    return Enter(object, parent, false);
+  }
+
+  // The same of an object that the application owns from here on.
+  template <class Object, class Destroy>
+  std::int32_t TakeForApplication(Object* object, Destroy destroy) const {
+    std::unique_ptr<Object, Destroy> held(object, destroy);
+    const std::int32_t taken = Enter(object, parent_, true);
+    (void)held.release();
+    return taken;
+  }
+
+ private:
+  template <class Object>
+  std::int32_t Enter(Object* object, quill_handle parent, bool isApplications) const {
+    if (object == nullptr) return 0;
+    *handle_ = Handles().Enter(kKindOf<Object>, object, parent, isApplications);
+    return 1;
+  }
+
+  quill_handle* handle_;
+  quill_handle parent_;
+};
+
+template <class Argument>
+std::int32_t FaultOf(const Argument& argument) {
+  if constexpr (std::is_integral_v<Argument>) {
+    return 0;
+  } else {
+    return argument.Fault();
+  }
+}
+
+template <class Argument>
+decltype(auto) ValueOf(const Argument& argument) {
+  if constexpr (std::is_integral_v<Argument>) {
+    return argument;
+  } else {
+    return argument.Value();
+  }
+}
+
+// Does `work` on the values of the arguments, and gives its result, 1 where it has none; or the
+// first fault of an argument, with nothing done.
+template <class Work, class... Arguments>
+std::int32_t InFrame(Work work, const Arguments&... arguments) noexcept {
+  try {
+    std::int32_t fault = 0;
+    ((fault = fault != 0 ? fault : FaultOf(arguments)), ...);
+    if (fault != 0) return fault;
+    if constexpr (std::is_void_v<decltype(work(ValueOf(arguments)...))>) {
+      work(ValueOf(arguments)...);
+      return 1;
+    } else {
+      return work(ValueOf(arguments)...);
+    }
+  } catch (const std::bad_alloc&) {
+    return QUILL_E_MEMORY;
+  } catch (...) {
+    return QUILL_E_INTERNAL;
+  }
+}
+
+// Work whose result goes where its first argument says: a text, a number or a handle.
+template <auto kFunction>
+inline constexpr auto kGive = [](const auto& result, const auto&... arguments) {
+  return result.Take(kFunction(arguments...));
+};
+
+// Work that destroys an object of the application.
+template <auto kFunction>
+inline constexpr auto kDestroy = [](auto* object) {
+  Handles().End(object);
+  kFunction(object);
+};
+
+// Does something at the end of a block, be it left by an exception, unless that is called off.
+template <class Action>
+class AtEnd {
+ public:
+  explicit AtEnd(Action action) : action_(action) {}
+  AtEnd(const AtEnd&) = delete;
+  AtEnd& operator=(const AtEnd&) = delete;
+  ~AtEnd() {
+    if (isOn_) action_();
+  }
+
+  void CallOff() { isOn_ = false; }
+
+ private:
+  Action action_;
+  bool isOn_ = true;
+};
+
+// Work that ends the library's objects under its first argument unless it gives `kUnchanged`.
+template <auto kFunction, std::int32_t kUnchanged>
+inline constexpr auto kChange = [](auto* changed, const auto&... arguments) {
+  AtEnd end([=] { Handles().EndBelow(changed); });
+  const std::int32_t result = kFunction(changed, arguments...);
+  if (result == kUnchanged) end.CallOff();
+  return result;
+};
+
+// Work that ends them when its last argument, `reload`, is set.
+template <auto kFunction>
+inline constexpr auto kReload = [](std::int32_t reload, auto* changed, const auto&... arguments) {
+  AtEnd end([=] { Handles().EndBelow(changed); });
+  if (reload == 0) end.CallOff();
+  return kFunction(changed, arguments..., reload);
+};
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_CAPI_CALL_FRAME_H_

@@ -1,0 +1,159 @@
+// Session, errors, the appliance and imports; and what this library tells of itself.
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <iterator>
+#include <new>
+#include <string>
+
+#include "capi/call_frame.h"
+
+using namespace quillkit;
+
+namespace {
+
+constexpr const char* kErrorTexts[] = {
+    /*-1001*/ "the handle is 0",
+    /*-1002*/ "the object of the handle has ended",
+    /*-1003*/ "not a handle of such an object",
+    /*-1004*/ "the object belongs to another",
+    /*-1005*/ "an argument is null",
+    /*-1006*/ "the buffer is too small",
+    /*-1007*/ "out of memory",
+    /*-1008*/ "internal failure",
+};
+
+using ScannerOrNone = ObjectArgument<CScanner, Need::kAliveOrNone>;
+
+void EndSession() {
+  Handles().EndAll(HandleKind::kUser);
+  Handles().EndAll(HandleKind::kScanner);
+}
+
+// While a user is connected after a failure, the server was not asked and nothing has ended.
+// Otherwise the library may have freed the scanner of this address, and which one that is cannot be
+// told.
+std::int32_t LogIn(const HandleResult& scanner, const std::string& host, const std::string& user,
+                   const std::string& password, const std::string& third,
+                   std::int32_t loadTopBook) {
+  AtEnd end(EndSession);
+  CScanner* box = LogToQuillbox(host, user, password, third, loadTopBook);
+  if (box == nullptr && GetCurrentConnectedUser(nullptr) == nullptr) return 0;
+  end.CallOff();
+  if (box == nullptr) return 0;
+  Handles().EndAll(HandleKind::kUser);
+  const quill_handle address = GetScannerAddress(box);
+  Handles().EndUnder(address);
+  return scanner.TakeUnder(address, box);
+}
+
+// The text's length first, then the text.
+std::int32_t GiveErrorText(const TextResult& result, std::int32_t code) {
+  std::int32_t size = 0;
+  TranslateToolkitError(code, nullptr, &size);
+  std::string text(static_cast<std::size_t>(size), '\0');
+  ++size;
+  TranslateToolkitError(code, text.data(), &size);
+  return result.Take(text.c_str());
+}
+
+// An import's options as the library takes them, in storage with room for the whole column map.
+class Options {
+ public:
+  explicit Options(const quill_import_options& options) {
+    auto* record = new (storage_) ImportOptions{};
+    record->skipHeader = options.skip_header;
+    record->clearFirst = options.clear_first;
+    record->format = options.format;
+    record->targetBook = options.target_book;
+    record->columnCount = std::min(options.column_count, std::int32_t{QUILL_IMPORT_COLUMNS});
+    std::memcpy(storage_ + offsetof(ImportOptions, columnMap), options.column_map,
+                sizeof options.column_map);
+  }
+
+  const ImportOptions* get() const {
+    return std::launder(reinterpret_cast<const ImportOptions*>(storage_));
+  }
+
+ private:
+  alignas(ImportOptions) unsigned char storage_[offsetof(ImportOptions, columnMap) +
+                                                sizeof(quill_import_options::column_map)] = {};
+};
+
+}  // namespace
+
+const char* quill_version(void) {
+  return QUILLKIT_C_VERSION;
+}
+
+const char* quill_error_text(int32_t error) {
+  const auto slot = static_cast<std::uint32_t>(QUILL_E_NULL) - static_cast<std::uint32_t>(error);
+  return slot < std::size(kErrorTexts) ? kErrorTexts[slot] : "";
+}
+
+int32_t quill_log_to_quillbox(const char* host, const char* user, const char* password,
+                              const char* third, int32_t load_top_book, quill_handle* scanner) {
+  return InFrame(LogIn, HandleResult(scanner), Text(host), Text(user), Text(password), Text(third),
+                 load_top_book);
+}
+
+int32_t quill_logout(void) {
+  return InFrame([] {
+    AtEnd end([] { Handles().EndAll(HandleKind::kUser); });
+    Logout();
+  });
+}
+
+int32_t quill_exit(void) {
+  return InFrame([] {
+    AtEnd end(EndSession);
+    Exit();
+  });
+}
+
+int32_t quill_get_last_toolkit_error(void) {
+  return InFrame(GetLastToolkitError);
+}
+
+int32_t quill_translate_toolkit_error(int32_t code, char* buffer, uint32_t* size) {
+  return InFrame(GiveErrorText, TextResult(buffer, size), code);
+}
+
+int32_t quill_get_scanner_name(quill_handle scanner, char* buffer, uint32_t* size) {
+  return InFrame(kGive<GetScannerName>, TextResult(buffer, size), Scanner(scanner));
+}
+
+int32_t quill_get_scanner_version(quill_handle scanner, char* buffer, uint32_t* size) {
+  return InFrame(kGive<GetScannerVersion>, TextResult(buffer, size), Scanner(scanner));
+}
+
+int32_t quill_get_scanner_model(quill_handle scanner, char* buffer, uint32_t* size) {
+  return InFrame(kGive<GetScannerModel>, TextResult(buffer, size), Scanner(scanner));
+}
+
+int32_t quill_get_scanner_address(quill_handle scanner, uint32_t* value) {
+  return InFrame(kGive<GetScannerAddress>, NumberResult(value), Scanner(scanner));
+}
+
+int32_t quill_get_current_connected_user(quill_handle scanner, quill_handle* user) {
+  return InFrame(kGive<GetCurrentConnectedUser>, HandleResult(user), ScannerOrNone(scanner));
+}
+
+int32_t quill_is_admin_connected(quill_handle scanner) {
+  return InFrame(IsAdminConnected, ScannerOrNone(scanner));
+}
+
+int32_t quill_get_top_level_abook(quill_handle scanner, quill_handle* book) {
+  return InFrame(kGive<GetTopLevelAbook>, HandleResult(book, scanner), Scanner(scanner));
+}
+
+int32_t quill_import_address_book(quill_handle scanner, const char* path,
+                                  const quill_import_options* options) {
+  return InFrame(
+      [=](CScanner* box) {
+        return options != nullptr ? ImportAddressBook(box, path, Options(*options).get())
+                                  : ImportAddressBook(box, path, nullptr);
+      },
+      Scanner(scanner));
+}
