@@ -67,3 +67,13 @@ check_headers() {
     return 1
   echo "$2 and $1 take the exported headers"
 }
+
+# check_python_example FOLDER: the example in Python shows what it should on the simulated appliance.
+check_python_example() {
+  local expected=tests/examples/soft_keys.txt
+  if ! python3 examples/python/soft_keys.py "$1/libquillkit_c.so" | diff "$expected" -; then
+    echo "soft_keys.py: this differs (< to be shown, > shown)"
+    return 1
+  fi
+  echo "soft_keys.py shows what it should"
+}
