@@ -1,8 +1,10 @@
 # Runs quillctl on the simulated appliance as a user does; sourced by ./test.
 #
 # What it has to show stands in tests/examples/quillctl.txt: behind "$ quillctl " the arguments of a
-# run, below them what it shows on both outputs, and its exit status. Every run finds the appliance
-# as it is delivered. The password that fails is "sesame", which nothing may show.
+# run, below them what it shows on both outputs, and its exit status. "$ set NAME=VALUE" sets a
+# variable of the environment for the runs behind it, and "$ show FILE" shows a file. Every run finds
+# the appliance as it is delivered, unless QUILLBOX_STATE is set. The password that fails is
+# "sesame", which nothing may show.
 # shellcheck shell=bash
 
 transcript=tests/examples/quillctl.txt
@@ -11,25 +13,43 @@ transcript=tests/examples/quillctl.txt
 # so again.
 check_quillctl() {
   local pass
-  write_session "$1" quillctl_session.sh "echo '\$ quillctl &'\\n./quillctl & 2>\\&1\\necho status \$?"
+  write_session "$1" quillctl_session.sh \
+    -e "h; s|^\$ .*|echo '&'|p; g" \
+    -e "s|^\$ quillctl \(.*\)|./quillctl \1 2>\&1\\necho status \$?|p" \
+    -e "s|^\$ set |export |p" \
+    -e "s|^\$ show |cat |p"
   for pass in 1 2; do
-    (cd "$1" && sh quillctl_session.sh) | compare_transcript "$1" "$pass" || return 1
+    clean_session "$1"
+    (cd "$1" && sh quillctl_session.sh </dev/null) | compare_transcript "$1" "$pass" || return 1
   done
 }
 
 # check_quillctl_exe FOLDER: the same of quillctl.exe, once and all in one run of Wine.
 check_quillctl_exe() {
   write_session "$1" quillctl_session.bat \
-    "@echo \$ quillctl &\\n@quillctl.exe & 2>\\&1\\n@echo status %errorlevel%"
+    -e "h; s|[<>]|^&|g; s|^\$ .*|@echo &|p; g" \
+    -e "s|^\$ quillctl \(.*\)|@quillctl.exe \1 2>\&1\\n@echo status %errorlevel%|p" \
+    -e "s|^\$ set |@set |p" \
+    -e "s|^\$ show |@type |p"
+  clean_session "$1"
   echo '@exit 0' >>"$1/quillctl_session.bat"  # not the status of the last run
   in_wine "$1" cmd /c quillctl_session.bat | compare_transcript "$1" 1
 }
 
-# write_session FOLDER FILE LINES: a script that makes the runs of the transcript. LINES makes one;
-# "&" in it stands for the arguments.
+# write_session FOLDER FILE COMMANDS: a script that makes the runs of the transcript. The commands are
+# sed's, and make the script's lines of each "$" line.
 write_session() {
+  local script=$1/$2
+  shift 2
+  sed -n "$@" "$transcript" >"$script"
+}
+
+# clean_session FOLDER: what the runs find, and nothing that earlier ones left in session_... files.
+clean_session() {
+  rm -f "$1"/session_*
   echo KELP >"$1/password.txt"
-  sed -n 's/^\$ quillctl //p' "$transcript" | sed "s|.*|$3|" >"$1/$2"
+  printf '%s\n' 'quillbox state 1' 'book 512 "Desks" ""' 'entry "Agnes"' end \
+    >"$1/session_damaged"
 }
 
 # compare_transcript FOLDER PASS: whether standard input is the transcript.

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "simulator/environment.h"
+
 namespace quillkit {
 namespace {
 
@@ -9,16 +11,21 @@ Appliance* instance = nullptr;
 
 // Ends the appliance with the library, or with the process.
 struct Ending {
-  ~Ending() { delete std::exchange(instance, nullptr); }
+  ~Ending() {
+    if (instance != nullptr) instance->SaveChange();
+    delete std::exchange(instance, nullptr);
+  }
 };
 const Ending ending;
 
 }  // namespace
 
 void Appliance::Reset() {
-  const bool wasInitialised = isInitialised;
-  *this = Appliance();
-  isInitialised = wasInitialised;
+  Appliance fresh;
+  fresh.isInitialised = isInitialised;
+  fresh.stateFile = std::move(stateFile);
+  fresh.journalFile = std::move(journalFile);
+  *this = std::move(fresh);
 }
 
 // A process may end this library before the one that calls it: such a late call finds an appliance
@@ -27,6 +34,7 @@ Appliance& TheAppliance() {
   if (instance == nullptr) {
     instance = new Appliance;
     Seed(*instance);
+    ReadEnvironment(*instance);
   }
   return *instance;
 }

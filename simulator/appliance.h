@@ -5,16 +5,16 @@
 #define QUILLKIT_SIMULATOR_APPLIANCE_H_
 
 #include <cstdint>
-#include <functional>
-#include <map>
 #include <string>
 #include <string_view>
 
 #include "simulator/faults.h"
 #include "simulator/journal.h"
+#include "simulator/journal_file.h"
 #include "simulator/lies.h"
 #include "simulator/log_book.h"
 #include "simulator/session.h"
+#include "simulator/state_file.h"
 #include "simulator/store.h"
 
 namespace quillkit {
@@ -31,8 +31,7 @@ struct Settings {
 
 class Appliance {
  public:
-  Store store;
-  std::map<std::string, Store, std::less<>> backups;  // by their first text
+  Contents contents;
   LogBook log;
   Session session;
   Settings settings;
@@ -42,9 +41,16 @@ class Appliance {
   Faults faults;
   Lies lies;
   bool isInitialised = false;  // between IMSPInit and IMSPTerminate
+  StateFile stateFile;
+  JournalFile journalFile;
 
-  // As delivered, but for `isInitialised`.
+  // As delivered, but for `isInitialised` and the two files.
   void Reset();
+
+  // Brings the state file up to date, where there is one.
+  void SaveChange() {
+    if (stateFile.IsOpen() && contents.store.TakeChange()) stateFile.Save(contents);
+  }
 
   // Whether the session is open, and drops it when it has been silent for too long.
   bool HasSession() { return session.IsOpen(clock, settings.wakeupPeriod); }
@@ -60,7 +66,7 @@ class Appliance {
 // Fills an appliance as delivered with a small office.
 void Seed(Appliance& appliance);
 
-// The one of this process, seeded at first.
+// The one of this process: seeded at first, and then as its environment says.
 Appliance& TheAppliance();
 
 }  // namespace quillkit

@@ -1,103 +1,18 @@
 #include "simulator/batch.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cstdint>
 #include <cstring>
-#include <fstream>
 #include <iterator>
 #include <optional>
-#include <vector>
 
 #include "simulator/book_type.h"
+#include "simulator/line_parser.h"
 #include "simulator/status_codes.h"
+#include "simulator/text_lines.h"
 
 namespace quillkit {
 namespace {
-
-constexpr std::string_view kBlanks = " \t";
-
-// The lines of a script, none longer than a line can usefully be.
-class ScriptLines {
- public:
-  explicit ScriptLines(const char* path) : file_(path, std::ios::binary) {}
-
-  // Whether the file could be opened and read so far.
-  bool IsReadable() const { return file_.is_open() && !file_.bad(); }
-
-  // The next line without its end, good until the next call; nothing at the end of the file. A line
-  // that is too long for any record ends the script: IsCut() then holds.
-  std::optional<std::string_view> Next() {
-    if (!file_.getline(buffer_.data(), std::ssize(buffer_))) {
-      isCut_ = !file_.eof() && !file_.bad();
-      return std::nullopt;
-    }
-    auto length = static_cast<std::size_t>(file_.gcount());
-    if (!file_.eof()) --length;  // the LF counts as taken
-    std::string_view line(buffer_.data(), length);
-    if (line.ends_with('\r')) line.remove_suffix(1);
-    return line;
-  }
-
-  bool IsCut() const { return isCut_; }
-
- private:
-  std::ifstream file_;
-  std::array<char, 4096> buffer_{};
-  bool isCut_ = false;
-};
-
-// Takes a line to pieces from its front.
-class LineParser {
- public:
-  explicit LineParser(std::string_view line) : rest_(line) { SkipBlanks(); }
-
-  bool IsAtEnd() const { return rest_.empty(); }
-
-  // The characters up to the next blank; empty at the end.
-  std::string_view Word() {
-    const std::string_view word = rest_.substr(0, rest_.find_first_of(kBlanks));
-    Remove(word.size());
-    return word;
-  }
-
-  // A text in double quotes, which a blank or the end has to follow.
-  std::optional<std::string_view> Quoted() {
-    if (!rest_.starts_with('"')) return std::nullopt;
-    const std::size_t end = rest_.find('"', 1);
-    if (end == std::string_view::npos) return std::nullopt;
-    const std::string_view text = rest_.substr(1, end - 1);
-    const std::string_view behind = rest_.substr(end + 1);
-    if (!behind.empty() && kBlanks.find(behind.front()) == std::string_view::npos) {
-      return std::nullopt;
-    }
-    Remove(end + 1);
-    return text;
-  }
-
-  // A decimal number.
-  std::optional<std::uint32_t> Number() {
-    const std::string_view word = Word();
-    std::uint32_t number = 0;
-    const char* const end = word.data() + word.size();
-    const auto [stop, error] = std::from_chars(word.data(), end, number);
-    if (error != std::errc() || stop != end) return std::nullopt;
-    return number;
-  }
-
- private:
-  void Remove(std::size_t count) {
-    rest_.remove_prefix(count);
-    SkipBlanks();
-  }
-
-  void SkipBlanks() {
-    rest_.remove_prefix(std::min(rest_.find_first_not_of(kBlanks), rest_.size()));
-  }
-
-  std::string_view rest_;
-};
 
 struct ScriptBook {
   std::string_view word;
@@ -176,7 +91,7 @@ Status RunLine(Store& store, std::string_view text) {
 }
 
 bool IsBlank(std::string_view line) {
-  return line.find_first_not_of(kBlanks) == std::string_view::npos;
+  return LineParser(line).IsAtEnd();
 }
 
 // Whether no character ends a text before its line does.
@@ -184,7 +99,7 @@ bool IsText(std::string_view line) {
   return line.find('\0') == std::string_view::npos;
 }
 
-Status RunCommands(Store& store, ScriptLines& script) {
+Status RunCommands(Store& store, TextLines& script) {
   while (const auto line = script.Next()) {
     if (IsBlank(*line)) continue;
     const Status status = IsText(*line) ? RunLine(store, *line) : kBadCommand;
@@ -193,7 +108,7 @@ Status RunCommands(Store& store, ScriptLines& script) {
   return kNoError;
 }
 
-Status RunPairs(Store& store, std::string_view user, ScriptLines& script) {
+Status RunPairs(Store& store, std::string_view user, TextLines& script) {
   const BookPath path{BookKind::kPrivateEmail, {}, user};
   while (const auto name = script.Next()) {
     if (IsBlank(*name)) continue;
@@ -213,7 +128,7 @@ Status RunPairs(Store& store, std::string_view user, ScriptLines& script) {
 }  // namespace
 
 Status RunBatch(Store& store, std::string_view user, const char* path) {
-  ScriptLines script(path);
+  TextLines script(path);
   if (!script.IsReadable()) return kBadCommand;
   const Status status =
       user == kAdministratorName ? RunCommands(store, script) : RunPairs(store, user, script);

@@ -20,7 +20,7 @@ template <class Work>
 Status Change(Appliance& appliance, const ABIdent* book, Work work) {
   if (book == nullptr) return kInvalidField;
   const Status status = Permit(appliance.session.User(), *book, Action::kChange);
-  return status == kNoError ? work(appliance.store, appliance.PathOf(*book)) : status;
+  return status == kNoError ? work(appliance.contents.store, appliance.PathOf(*book)) : status;
 }
 
 Status Measure(Appliance& appliance, const ABIdent& book, std::string_view filter,
@@ -31,7 +31,7 @@ Status Measure(Appliance& appliance, const ABIdent& book, std::string_view filte
     *count = appliance.lies.Size(appliance.log.Size(filter));
     return kNoError;
   }
-  const Book* const found = appliance.store.Find(appliance.PathOf(book));
+  const Book* const found = appliance.contents.store.Find(appliance.PathOf(book));
   if (found == nullptr) return kNoSuchBook;
   *count = appliance.lies.Size(NameFilter(filter).Matches(*found).Size());
   return kNoError;
@@ -43,7 +43,7 @@ Status Enumerate(Appliance& appliance, const ABIdent& selector, const ReadReques
   const Status status = Permit(user, selector, Action::kRead);
   if (status != kNoError) return status;
   if (!selector.name.IsEmpty()) return kInvalidField;
-  const BookSet* const books = appliance.store.BooksOf(selector.kind, user);
+  const BookSet* const books = appliance.contents.store.BooksOf(selector.kind, user);
   if (books == nullptr) return kNoSuchBook;
   if (rows != nullptr) return ReadBooks(*books, selector.kind, appliance.lies, request, rows);
   *request.count = appliance.lies.Size(MatchesOf(*books, request.range, 1).Size());

@@ -28,4 +28,9 @@ std::optional<Status> Refusal(Appliance& appliance, const EntryPoint& entry) {
   return std::nullopt;
 }
 
+void RecordCall(Appliance& appliance, std::string text, Status status) {
+  if (appliance.journalFile.IsOpen()) appliance.journalFile.Add(text, status);
+  if (appliance.journal.IsRecording()) appliance.journal.Add(std::move(text), status);
+}
+
 }  // namespace quillkit

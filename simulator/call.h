@@ -1,5 +1,5 @@
-// The one way in which every entry point is served: journal, faults, latency, session, and then the
-// entry point's own work.
+// The one way in which every entry point is served: journal, faults, latency, session, then the
+// entry point's own work, and the state file.
 
 #ifndef QUILLKIT_SIMULATOR_CALL_H_
 #define QUILLKIT_SIMULATOR_CALL_H_
@@ -28,19 +28,23 @@ struct EntryPoint {
 // status of a fault, 19 after waiting for the time-out, 20 or 10.
 std::optional<Status> Refusal(Appliance& appliance, const EntryPoint& entry);
 
+// Adds a call to the journal and its file, to each where it is wanted.
+void RecordCall(Appliance& appliance, std::string text, Status status);
+
 // Serves a call: `work` takes the appliance and gives the status. `arguments` are what the journal
 // shows.
 template <class Work, class... Arguments>
 Status Serve(const EntryPoint& entry, Work work, const Arguments&... arguments) {
   Appliance& appliance = TheAppliance();
-  const bool isRecorded = appliance.journal.IsRecording();
+  const bool isRecorded = appliance.journal.IsRecording() || appliance.journalFile.IsOpen();
   std::string text;
   if (isRecorded) text = CallText(entry.name, arguments...);
   const std::optional<Status> refusal = Refusal(appliance, entry);
   const Status status = refusal ? *refusal : work(appliance);
   const bool isFailure = refusal || (status != kNoError && status != kMoreData);
   if (isFailure && entry.count != nullptr && !appliance.lies.KeepsFailedCount()) *entry.count = 0;
-  if (isRecorded) appliance.journal.Add(std::move(text), status);
+  if (isRecorded) RecordCall(appliance, std::move(text), status);
+  appliance.SaveChange();
   return status;
 }
 

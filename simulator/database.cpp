@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <string>
 
-#include "simulator/appliance.h"
 #include "simulator/status_codes.h"
 
 namespace quillkit {
@@ -15,20 +14,22 @@ std::string_view CommandText(const char* text) {
   return {text, length};
 }
 
-Status RunDatabaseCommand(Appliance& appliance, std::string_view command) {
+Status RunDatabaseCommand(Contents& contents, std::string_view command) {
   constexpr std::size_t kWordLength = 14;
   const std::string_view word = command.substr(0, kWordLength);
   const std::string_view texts = command.substr(word.size());
   const std::string name(texts.substr(0, texts.find(',')));
   if (word == "DBCHECK.......") return kNoError;
   if (word == "DBBACKUP......") {
-    appliance.backups.insert_or_assign(name, appliance.store);
+    contents.backups.insert_or_assign(name, contents.store);
+    contents.store.Touch();
     return kNoError;
   }
   if (word != "DBRESTORE.....") return kBadCommand;
-  const auto backup = appliance.backups.find(name);
-  if (backup == appliance.backups.end()) return kDataNotFound;
-  appliance.store = backup->second;
+  const auto backup = contents.backups.find(name);
+  if (backup == contents.backups.end()) return kDataNotFound;
+  contents.store = backup->second;
+  contents.store.Touch();
   return kNoError;
 }
 

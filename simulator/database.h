@@ -6,10 +6,9 @@
 #include <string_view>
 
 #include "bridge/status.h"
+#include "simulator/store.h"
 
 namespace quillkit {
-
-class Appliance;
 
 // The text of a command: up to its NUL, and never past the 400 bytes that a command may have.
 std::string_view CommandText(const char* text);
@@ -18,7 +17,7 @@ std::string_view CommandText(const char* text);
 // second text. A backup copies all books but the log under its first text; a restore puts the copy
 // back, and changes nothing with code 4 when there is none. Second texts are accepted and mean
 // nothing. 17 for another word.
-Status RunDatabaseCommand(Appliance& appliance, std::string_view command);
+Status RunDatabaseCommand(Contents& contents, std::string_view command);
 
 }  // namespace quillkit
 

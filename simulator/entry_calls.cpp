@@ -15,7 +15,7 @@ template <class Work>
 Status Read(Appliance& appliance, const ABIdent& book, Work work) {
   const Status status = PermitEntries(appliance.session.User(), book, Action::kRead);
   if (status != kNoError) return status;
-  const Book* const found = appliance.store.Find(appliance.PathOf(book));
+  const Book* const found = appliance.contents.store.Find(appliance.PathOf(book));
   return found != nullptr ? work(*found) : kNoSuchBook;
 }
 
@@ -23,7 +23,7 @@ Status Read(Appliance& appliance, const ABIdent& book, Work work) {
 template <class Work>
 Status Change(Appliance& appliance, const ABIdent& book, Action action, Work work) {
   const Status status = PermitEntries(appliance.session.User(), book, action);
-  return status == kNoError ? work(appliance.store, appliance.PathOf(book)) : status;
+  return status == kNoError ? work(appliance.contents.store, appliance.PathOf(book)) : status;
 }
 
 Status ReadLog(Appliance& appliance, const ABIdent& book, const ReadRequest& request,

@@ -177,7 +177,7 @@ void SeedKeys(Store& store) {
 }  // namespace
 
 void Seed(Appliance& appliance) {
-  Store& store = appliance.store;
+  Store& store = appliance.contents.store;
   SeedAccounts(store);
   SeedAddresses(store, Fixed(BookKind::kEmail), kEmail);
   SeedAddresses(store, {BookKind::kPublicList, EntryKey("Minutes"), {}}, kMinutes);

@@ -21,7 +21,8 @@ void CopyText(const std::string& text, char* buffer, std::size_t capacity) {
 }
 
 std::optional<CUserEntry> FindAccount(Appliance& appliance, const EntryKey& name) {
-  const Record* const record = appliance.store.Find({BookKind::kUsers, {}, {}})->Find(name);
+  const Record* const record =
+      appliance.contents.store.Find({BookKind::kUsers, {}, {}})->Find(name);
   if (record == nullptr) return std::nullopt;
   CUserEntry account;
   std::memcpy(&account, record->data(), sizeof account);
@@ -53,7 +54,7 @@ Status Control(Appliance& appliance, IOCtlRecord& record) {
     case IOCtlCode::kDatabaseCommand:
       if (record.text == nullptr) return kInvalidField;
       if (!IsPrivileged(appliance.session.User())) return kAccessDenied;
-      return RunDatabaseCommand(appliance, CommandText(record.text));
+      return RunDatabaseCommand(appliance.contents, CommandText(record.text));
     case IOCtlCode::kGetText:
       record.text =
           appliance.settings.hasServerText ? appliance.settings.serverText.data() : nullptr;
@@ -149,7 +150,7 @@ Status IMSPBatchConfiguration(const char* path) {
         if (path == nullptr) return kInvalidField;
         const std::string& user = appliance.session.User();
         const Status status =
-            user == kGuestName ? kAccessDenied : RunBatch(appliance.store, user, path);
+            user == kGuestName ? kAccessDenied : RunBatch(appliance.contents.store, user, path);
         appliance.log.Add(user, "batch " + std::to_string(status));
         return status;
       },

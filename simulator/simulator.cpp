@@ -79,7 +79,7 @@ const char* SimulatorSessionUser() {
 std::int32_t SimulatorBookSize(BookKind kind, const char* book, const char* user) {
   Appliance& appliance = TheAppliance();
   if (kind == BookKind::kLog) return static_cast<std::int32_t>(appliance.log.Size({}));
-  const Book* const found = appliance.store.Find(PathOf(kind, book, user));
+  const Book* const found = appliance.contents.store.Find(PathOf(kind, book, user));
   return found != nullptr ? static_cast<std::int32_t>(found->Size()) : -1;
 }
 
@@ -89,7 +89,7 @@ std::int32_t SimulatorEntryAt(BookKind kind, const char* book, const char* user,
   if (index < 0 || record == nullptr) return 0;
   const auto place = static_cast<std::size_t>(index);
   if (kind == BookKind::kLog) return CopyLogRecord(appliance.log, {}, place, record);
-  const Book* const found = appliance.store.Find(PathOf(kind, book, user));
+  const Book* const found = appliance.contents.store.Find(PathOf(kind, book, user));
   if (found == nullptr || place >= found->Size()) return 0;
   return CopyRecord(&found->At(place)->second, record);
 }
@@ -99,7 +99,7 @@ std::int32_t SimulatorFindEntry(BookKind kind, const char* book, const char* use
   Appliance& appliance = TheAppliance();
   if (name == nullptr || record == nullptr) return 0;
   if (kind == BookKind::kLog) return CopyLogRecord(appliance.log, name, 0, record);
-  const Book* const found = appliance.store.Find(PathOf(kind, book, user));
+  const Book* const found = appliance.contents.store.Find(PathOf(kind, book, user));
   return found != nullptr ? CopyRecord(found->Find(EntryKey(name)), record) : 0;
 }
 
@@ -113,7 +113,7 @@ std::int32_t SimulatorPutEntry(BookKind kind, const char* book, const char* user
     appliance.log.Append(line);
     return 1;
   }
-  return appliance.store.Put(PathOf(kind, book, user), record) == kNoError ? 1 : 0;
+  return appliance.contents.store.Put(PathOf(kind, book, user), record) == kNoError ? 1 : 0;
 }
 
 void SimulatorRecordCalls(std::int32_t record) {

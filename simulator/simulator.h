@@ -2,7 +2,8 @@
 // benchmarks, demonstrations.
 //
 // The simulator is a server library, libIMSPAPI.so or IMSPAPI.DLL: it offers the entry points of
-// bridge/imsp_api.h, and holds one appliance in memory. The functions here set that appliance up
+// bridge/imsp_api.h, and holds one appliance in memory, or in a file where the environment names one
+// (docs/simulator.md). The functions here set that appliance up
 // and look into it behind the library's back. They have C linkage, so that a program which must run
 // with any server library can look them up by name and do without.
 //
@@ -63,7 +64,8 @@ extern "C" {
 
 // As delivered: the accounts ADMINISTRATOR ("quill"), TOOLKIT ("KELP") and GUEST (no password), and
 // nothing else. No session, no journal and no recording, no faults, lies or latency; the settings
-// below at their defaults. Whether IMSPInit has run stays as it was.
+// below at their defaults. Whether IMSPInit has run stays as it was, and so do the files that the
+// environment names; the state file follows at the next call of an entry point.
 void SimulatorReset();
 
 // SimulatorReset, and then a small office: further accounts, e-mail, fax and printer entries, a

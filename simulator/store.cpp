@@ -72,6 +72,7 @@ Status Store::CreateBook(const BookPath& path) {
     return CreateEntry({BookKind::kTop, {}, {}}, &entry);
   }
   books[path.name];
+  Touch();
   return kNoError;
 }
 
@@ -83,7 +84,9 @@ Status Store::DeleteBook(const BookPath& path) {
     return status == kDataNotFound ? kNoSuchBook : status;
   }
   if (!type->IsFixed()) {
-    return BooksOf(path.kind, path.user)->Erase(path.name) ? kNoError : kNoSuchBook;
+    if (!BooksOf(path.kind, path.user)->Erase(path.name)) return kNoSuchBook;
+    Touch();
+    return kNoError;
   }
   return IsEmptiedByDelete(path.kind) ? ClearBook(path, {}) : kStaticBook;
 }
@@ -95,6 +98,7 @@ Status Store::RenameBook(const BookPath& path, const EntryKey& name) {
   if (name == path.name) return kNoError;
   if (name.name == kPrivateBook || books->Find(name) != nullptr) return kDuplicateBook;
   books->Rename(path.name, name);
+  Touch();
   return kNoError;
 }
 
@@ -169,9 +173,11 @@ void Store::Insert(Book& book, const BookType& type, const void* record) {
   const EntryKey key = NameOf(record);
   book[key].assign(bytes, bytes + type.recordSize);
   if (type.kind == BookKind::kTop) KeyBooks()[key];
+  Touch();
 }
 
 void Store::Erased(BookKind kind, const EntryKey& key) {
+  Touch();
   if (kind == BookKind::kTop) KeyBooks().Erase(key);
   if (kind != BookKind::kUsers) return;
   const auto found = private_.find(key.name.View());

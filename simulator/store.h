@@ -15,6 +15,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "bridge/records.h"
@@ -79,12 +80,38 @@ class Store {
   // fixed name, 7 for a record that is not storable.
   Status Put(const BookPath& path, const void* record);
 
+  // --- As a whole ---
+
+  // Shows every book to `visit`, with its path: those of all users, then each user's own.
+  template <class Visit>
+  void ForEachBook(Visit visit) const {
+    VisitShelf(public_, {}, visit);
+    for (const auto& [user, shelf] : private_) VisitShelf(shelf, user, visit);
+  }
+
+  // Whether anything changed since the last call of this. A new store has.
+  bool TakeChange() { return std::exchange(hasChanged_, false); }
+  void Touch() { hasChanged_ = true; }
+
  private:
   // The books of all users, or of one.
   struct Shelf {
     std::map<BookKind, Book> fixed;
     std::map<BookKind, BookSet> named;
   };
+
+  template <class Visit>
+  static void VisitShelf(const Shelf& shelf, std::string_view user, Visit& visit) {
+    for (const auto& [kind, book] : shelf.fixed) {
+      visit(BookPath{kind, EntryKey(TypeOf(kind)->fixedName), user}, book);
+    }
+    for (const auto& [kind, books] : shelf.named) {
+      for (std::size_t i = 0; i < books.Size(); ++i) {
+        const auto& [name, book] = *books.At(i);
+        visit(BookPath{kind, name, user}, book);
+      }
+    }
+  }
 
   Shelf& ShelfOf(const BookType& type, std::string_view user);
   BookSet& KeyBooks() { return public_.named[BookKind::kKeyItems]; }
@@ -94,6 +121,13 @@ class Store {
 
   Shelf public_;
   std::map<std::string, Shelf, std::less<>> private_;  // by user
+  bool hasChanged_ = true;
+};
+
+// All that an appliance keeps, the log apart.
+struct Contents {
+  Store store;
+  std::map<std::string, Store, std::less<>> backups;  // by their first text
 };
 
 }  // namespace quillkit

@@ -1,0 +1,11 @@
+#include "simulator/complaint.h"
+
+#include <iostream>
+
+namespace quillkit {
+
+void Complain(std::string_view variable, std::string_view text) {
+  std::cerr << "simulated Quillbox: " << variable << ": " << text << std::endl;
+}
+
+}  // namespace quillkit

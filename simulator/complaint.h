@@ -1,0 +1,16 @@
+// What the simulator has to say to the person who set it up, and no caller could be told.
+
+#ifndef QUILLKIT_SIMULATOR_COMPLAINT_H_
+#define QUILLKIT_SIMULATOR_COMPLAINT_H_
+
+#include <string_view>
+
+namespace quillkit {
+
+// Writes "simulated Quillbox: VARIABLE: TEXT" and a newline to standard error: what is wrong with
+// what a variable of the environment asks for.
+void Complain(std::string_view variable, std::string_view text);
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_SIMULATOR_COMPLAINT_H_

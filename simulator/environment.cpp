@@ -1,0 +1,29 @@
+#include "simulator/environment.h"
+
+#include <cstdlib>
+#include <string>
+
+#include "simulator/appliance.h"
+#include "simulator/complaint.h"
+#include "simulator/fault_script.h"
+
+namespace quillkit {
+namespace {
+
+std::string ValueOf(const char* variable) {
+  const char* const value = std::getenv(variable);
+  return value != nullptr ? value : "";
+}
+
+}  // namespace
+
+void ReadEnvironment(Appliance& appliance) {
+  const std::string state = ValueOf(kStateVariable);
+  if (!state.empty()) appliance.stateFile.Open(state, appliance.contents);
+  const std::string journal = ValueOf(kJournalVariable);
+  if (!journal.empty()) appliance.journalFile.Open(journal);
+  const std::string fault = ScriptFaults(ValueOf(kFaultsVariable), appliance.faults);
+  if (!fault.empty()) Complain(kFaultsVariable, fault + "; no call fails");
+}
+
+}  // namespace quillkit

@@ -1,0 +1,83 @@
+#include "simulator/escaped_text.h"
+
+#include <algorithm>
+#include <charconv>
+#include <system_error>
+
+namespace quillkit {
+namespace {
+
+constexpr char kDigits[] = "0123456789ABCDEF";
+
+bool IsPlain(char c, std::string_view also) {
+  return c >= ' ' && c <= '~' && c != '\\' && also.find(c) == also.npos;
+}
+
+// Takes a number off the front of a text.
+std::optional<std::size_t> TakeNumber(std::string_view& text, int base) {
+  std::size_t number = 0;
+  const char* const end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, number, base);
+  if (error != std::errc()) return std::nullopt;
+  text.remove_prefix(static_cast<std::size_t>(stop - text.data()));
+  return number;
+}
+
+// Appends what the escape stands for whose letter, "x" or "z", the text begins with, and takes it
+// off. False for no such escape.
+bool TakeEscape(std::string_view& text, std::string& bytes, std::size_t limit) {
+  if (text.empty()) return false;
+  const char letter = text.front();
+  text.remove_prefix(1);
+  if (letter == 'x' && text.size() >= 2) {
+    std::string_view pair = text.substr(0, 2);
+    const auto byte = TakeNumber(pair, 16);
+    text.remove_prefix(2);
+    if (!byte || !pair.empty()) return false;
+    bytes += static_cast<char>(*byte);
+    return true;
+  }
+  if (letter != 'z') return false;
+  const auto count = TakeNumber(text, 10);
+  if (!count || !text.starts_with(';') || *count > limit) return false;
+  text.remove_prefix(1);
+  bytes.append(*count, '\0');
+  return true;
+}
+
+}  // namespace
+
+std::string Escaped(std::string_view bytes, std::string_view also) {
+  std::string text;
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    const std::size_t zeros = std::min(bytes.find_first_not_of('\0', i), bytes.size()) - i;
+    if (zeros > 1) {
+      text += "\\z" + std::to_string(zeros) + ';';
+      i += zeros - 1;
+    } else if (IsPlain(bytes[i], also)) {
+      text += bytes[i];
+    } else {
+      const auto byte = static_cast<unsigned char>(bytes[i]);
+      text += {'\\', 'x', kDigits[byte >> 4], kDigits[byte & 0xF]};
+    }
+  }
+  return text;
+}
+
+std::optional<std::string> Unescaped(std::string_view text, std::size_t limit) {
+  std::string bytes;
+  while (!text.empty()) {
+    const char c = text.front();
+    text.remove_prefix(1);
+    if (c != '\\') {
+      if (!IsPlain(c, {})) return std::nullopt;
+      bytes += c;
+    } else if (!TakeEscape(text, bytes, limit)) {
+      return std::nullopt;
+    }
+    if (bytes.size() > limit) return std::nullopt;
+  }
+  return bytes;
+}
+
+}  // namespace quillkit

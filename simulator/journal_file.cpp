@@ -1,0 +1,18 @@
+#include "simulator/journal_file.h"
+
+#include "simulator/complaint.h"
+#include "simulator/environment.h"
+#include "simulator/escaped_text.h"
+
+namespace quillkit {
+
+void JournalFile::Open(const std::string& path) {
+  file_.open(path, std::ios::binary | std::ios::app);
+  if (!file_.is_open()) Complain(kJournalVariable, "the file cannot be opened");
+}
+
+void JournalFile::Add(std::string_view text, Status status) {
+  file_ << Escaped(text) << " = " << status << std::endl;
+}
+
+}  // namespace quillkit

@@ -1,0 +1,33 @@
+// The file in which an appliance keeps its books from one process to the next.
+
+#ifndef QUILLKIT_SIMULATOR_STATE_FILE_H_
+#define QUILLKIT_SIMULATOR_STATE_FILE_H_
+
+#include <string>
+
+#include "simulator/state_text.h"
+
+namespace quillkit {
+
+class StateFile {
+ public:
+  // Fills the contents from the file at `path`, or makes the file from them when there is none. A
+  // file that cannot be read, or not understood to its end, is told on standard error: the contents
+  // then stay as they are, nothing is kept, and the file is never written. Called once.
+  void Open(const std::string& path, Contents& contents);
+
+  // Whether there is a file that Save writes.
+  bool IsOpen() const { return !path_.empty(); }
+
+  // Writes the contents to a file beside it, which then takes its place at once: whoever reads it
+  // finds the old state or the new one. A failure is told on standard error, and leaves the old
+  // one. REQUIRES: IsOpen().
+  void Save(const Contents& contents) const;
+
+ private:
+  std::string path_;
+};
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_SIMULATOR_STATE_FILE_H_

@@ -1,0 +1,45 @@
+// The lines of a text file, none longer than a line can usefully be. They end with LF or CR LF.
+
+#ifndef QUILLKIT_SIMULATOR_TEXT_LINES_H_
+#define QUILLKIT_SIMULATOR_TEXT_LINES_H_
+
+#include <array>
+#include <fstream>
+#include <iterator>
+#include <optional>
+#include <string_view>
+
+namespace quillkit {
+
+class TextLines {
+ public:
+  explicit TextLines(const char* path) : file_(path, std::ios::binary) {}
+
+  // Whether the file could be opened and read so far.
+  bool IsReadable() const { return file_.is_open() && !file_.bad(); }
+
+  // The next line without its end, good until the next call; nothing at the end of the file. A line
+  // of 4095 characters or more ends them: IsCut() then holds.
+  std::optional<std::string_view> Next() {
+    if (!file_.getline(buffer_.data(), std::ssize(buffer_))) {
+      isCut_ = !file_.eof() && !file_.bad();
+      return std::nullopt;
+    }
+    auto length = static_cast<std::size_t>(file_.gcount());
+    if (!file_.eof()) --length;  // the LF counts as taken
+    std::string_view line(buffer_.data(), length);
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    return line;
+  }
+
+  bool IsCut() const { return isCut_; }
+
+ private:
+  std::ifstream file_;
+  std::array<char, 4096> buffer_{};
+  bool isCut_ = false;
+};
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_SIMULATOR_TEXT_LINES_H_

@@ -1,0 +1,241 @@
+// What the simulator keeps in files and reads from its environment. These are its own sources,
+// without the library: scripts/quillctl_checks.sh tries them behind the three variables.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <sstream>
+#include <string>
+#include <string_view>
+
+#include "simulator/escaped_text.h"
+#include "simulator/fault_script.h"
+#include "simulator/state_file.h"
+#include "simulator/status_codes.h"
+#include "tests/support/scratch_folder.h"
+
+namespace quillkit {
+namespace {
+
+using testing::HasSubstr;
+
+BookPath Path(BookKind kind, std::string_view name = {}, std::string_view user = {}) {
+  return {kind, EntryKey(name), user};
+}
+
+template <class Record>
+Record Named(std::string_view name) {
+  Record record;
+  record.SetName(name);
+  return record;
+}
+
+// Books of each sort: fixed, named, a user's own; empty ones, odd bytes, full fields, a backup.
+Contents Sample() {
+  Contents contents;
+  Store& store = contents.store;
+  CEmailEntry email = Named<CEmailEntry>("B\xFCro \"\\x41\" \\z2;\n");
+  email.SetAddress(std::string(255, '\xFF'));
+  store.Put(Path(BookKind::kEmail), &email);
+  const CMenuItem item = Named<CMenuItem>("Scan to desk");
+  store.Put(Path(BookKind::kKeyItems, "Desks"), &item);
+  store.CreateBook(Path(BookKind::kKeyItems, "Empty"));
+  store.CreateBook(Path(BookKind::kPublicList, "Nobody"));
+  contents.backups["night, \"1\""] = store;
+  const CUserEntry user = Named<CUserEntry>("Agnes");
+  store.Put(Path(BookKind::kUsers), &user);
+  store.Put(Path(BookKind::kPrivateEmail, {}, "Agnes"), &email);
+  store.Put(Path(BookKind::kPrivateList, "Friends", "Agnes"), &email);
+  return contents;
+}
+
+std::string TextOf(const Contents& contents) {
+  std::ostringstream out;
+  WriteState(out, contents);
+  return out.str();
+}
+
+class StateTest : public testing::Test {
+ protected:
+  std::string Read(std::string_view text, Contents& contents) const {
+    TextLines lines(folder.Write("state", text).c_str());
+    return ReadState(lines, contents);
+  }
+
+  ScratchFolder folder;
+};
+
+TEST_F(StateTest, HoldsEveryBookAndComesBackAsItWas) {
+  const std::string text = TextOf(Sample());
+  EXPECT_THAT(text, HasSubstr("book 512 \"Empty\" \"\"\nbook "));
+  EXPECT_THAT(text, HasSubstr("book 128 \"Friends\" \"Agnes\"\nentry "));
+  Contents read;
+  ASSERT_EQ(Read(text, read), "");
+  EXPECT_EQ(TextOf(read), text);
+  EXPECT_EQ(read.backups.size(), 1U);
+  EXPECT_NE(read.store.Find(Path(BookKind::kKeyItems, "Desks")), nullptr);
+}
+
+TEST_F(StateTest, TellsWhereItIsDamaged) {
+  const struct {
+    const char* lines;
+    const char* fault;
+  } cases[] = {
+      {"", "its last line is missing"},
+      {"end\nend\n", "line 3: there is a line behind the end"},
+      {"end x\n", "line 2: this is no line of a state"},
+      {"\r\n\nbok 1\nend\n", "line 4: this is no line of a state"},
+      {"book 1 \"EMAILAB\"\nend\n", "line 2: this is no line of a book"},
+      {"book 1 \"EMAILAB\" \"\" 1\nend\n", "line 2: this is no line of a book"},
+      {"book 1 \"FAXAB\" \"\"\nend\n", "line 2: no appliance has this book"},
+      {"book 1 \"EMAILAB\" \"Agnes\"\nend\n", "line 2: no appliance has this book"},
+      {"book 16 \"PRIVATEAB\" \"\"\nend\n", "line 2: no appliance has this book"},
+      {"book 99999 \"\" \"\"\nend\n", "line 2: no appliance has this book"},
+      {"book 512 \"\" \"\"\nend\n", "line 2: no appliance has this book"},
+      {"entry \"x\\z551;\"\nend\n", "line 2: this entry stands in no book"},
+      {"book 512 \"Desks\" \"\"\nentry \"\\z552;\"\nend\n", "line 3: this entry does not fit"},
+      {"book 512 \"Desks\" \"\"\nentry \"x\\z550;\"\nend\n", "line 3: this entry does not fit"},
+      {"book 512 \"Desks\" \"\"\nentry \"x\\z4294967295;\"\nend\n", "line 3: this entry does not"},
+      {"book 512 \"12345678901234567890123456789012\" \"\"\nend\n", "line 2: this is no line of a"},
+      {"backup \"a\"\nbackup \"a\"\nend\n", "line 3: there are two backups of this name"},
+      {"backup \"a\"\nentry \"x\"\nend\n", "line 3: this entry stands in no book"},
+  };
+  for (const auto& each : cases) {
+    Contents contents;
+    EXPECT_THAT(Read(std::string("quillbox state 1\n") + each.lines, contents),
+                HasSubstr(each.fault))
+        << each.lines;
+  }
+  Contents contents;
+  EXPECT_THAT(Read("", contents), HasSubstr("no state of an appliance"));
+  EXPECT_THAT(Read("quillbox state 1\n" + std::string(5000, ' ') + "\nend\n", contents),
+              HasSubstr("line 2: this line is too long"));
+}
+
+// Whatever is read without a fault is a state, and reads the same again.
+TEST_F(StateTest, SurvivesAnyBytes) {
+  const std::string good = TextOf(Sample());
+  std::mt19937 random(20260725);
+  const auto below = [&random](std::size_t bound) { return random() % bound; };
+  int readable = 0;
+  for (int round = 0; round < 400; ++round) {
+    SCOPED_TRACE(round);
+    std::string text = good;
+    for (std::size_t change = 1 + below(3); change != 0; --change) {
+      const std::size_t at = below(text.size());
+      if (below(4) == 0) {
+        text.erase(at, below(40));
+      } else {
+        text[at] = below(2) == 0 ? static_cast<char>(below(256)) : good[below(good.size())];
+      }
+    }
+    Contents contents;
+    if (!Read(text, contents).empty()) continue;
+    ++readable;
+    const std::string once = TextOf(contents);
+    Contents again;
+    EXPECT_EQ(Read(once, again), "");
+    EXPECT_EQ(TextOf(again), once);
+  }
+  EXPECT_GT(readable, 0);
+}
+
+TEST_F(StateTest, FileIsMadeKeptAndNeverWrittenOverWhenDamaged) {
+  const std::string path = folder.PathOf("kept");
+  Contents first = Sample();
+  StateFile made;
+  made.Open(path, first);
+  ASSERT_TRUE(made.IsOpen());
+  EXPECT_EQ(ReadBytes(path), TextOf(first));
+  first.store.DeleteBook(Path(BookKind::kKeyItems, "Desks"));
+  EXPECT_TRUE(first.store.TakeChange());
+  made.Save(first);
+
+  Contents second;
+  StateFile opened;
+  opened.Open(path, second);
+  EXPECT_EQ(TextOf(second), TextOf(first));
+  EXPECT_FALSE(second.store.TakeChange());
+  EXPECT_THAT(folder.Names(), testing::ElementsAre("kept"));
+
+  WriteBytes(path, TextOf(first).substr(0, 500));
+  testing::internal::CaptureStderr();
+  Contents third = Sample();
+  StateFile damaged;
+  damaged.Open(path, third);
+  EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("QUILLBOX_STATE: line "));
+  EXPECT_FALSE(damaged.IsOpen());
+  EXPECT_EQ(TextOf(third), TextOf(Sample()));
+  EXPECT_EQ(ReadBytes(path).size(), 500U);
+}
+
+TEST_F(StateTest, FileThatCannotBeReadOrWrittenIsTold) {
+  testing::internal::CaptureStderr();
+  Contents contents;
+  StateFile folderItself;
+  folderItself.Open(folder.Path().string(), contents);
+  EXPECT_FALSE(folderItself.IsOpen());
+  StateFile nowhere;
+  nowhere.Open(folder.PathOf("missing/state"), contents);
+  const std::string told = testing::internal::GetCapturedStderr();
+  EXPECT_THAT(told, HasSubstr("cannot be read"));
+  EXPECT_THAT(told, HasSubstr("cannot be written"));
+}
+
+TEST(Store, TellsWhetherItChanged) {
+  Store store;
+  EXPECT_TRUE(store.TakeChange());
+  EXPECT_FALSE(store.TakeChange());
+  const CMenuItem item = Named<CMenuItem>("Scan");
+  const BookPath key = Path(BookKind::kKeyItems, "Desks");
+  const BookPath list = Path(BookKind::kPublicList, "Staff");
+  EXPECT_EQ(store.DeleteEntry(key, EntryKey("Scan")), kNoSuchBook);
+  EXPECT_FALSE(store.TakeChange());
+  const std::function<Status()> changes[] = {
+      [&] { return store.CreateBook(key); },
+      [&] { return store.CreateEntry(key, &item); },
+      [&] { return store.ModifyEntry(key, EntryKey("Scan"), &item); },
+      [&] { return store.DeleteEntry(key, EntryKey("Scan")); },
+      [&] { return store.Put(key, &item); },
+      [&] { return store.ClearBook(key, ""); },
+      [&] { return store.DeleteBook(key); },
+      [&] { return store.CreateBook(list); },
+      [&] { return store.RenameBook(list, EntryKey("All")); },
+      [&] { return store.DeleteBook(Path(BookKind::kPublicList, "All")); },
+  };
+  for (std::size_t i = 0; i < std::size(changes); ++i) {
+    EXPECT_EQ(changes[i](), kNoError) << i;
+    EXPECT_TRUE(store.TakeChange()) << i;
+  }
+}
+
+TEST(EscapedText, TakesWhatItGives) {
+  const std::string bytes("\0a\0\0\0\\\"\x7F\xFF\n ~", 12);
+  EXPECT_EQ(Escaped(bytes), "\\x00a\\z3;\\x5C\"\\x7F\\xFF\\x0A ~");
+  EXPECT_EQ(Unescaped(Escaped(bytes, "\""), bytes.size()), bytes);
+  EXPECT_EQ(Unescaped("abc", 2), std::nullopt);
+  for (const char* text : {"\\", "\\x", "\\x4", "\\xG0", "\\x 4", "\\x-1", "\\z", "\\z3", "\\z;",
+                           "\\z-1;", "\\y41", "\n", "\x80"}) {
+    EXPECT_EQ(Unescaped(text, 100), std::nullopt) << text;
+  }
+}
+
+TEST(FaultScript, AddsAllOrNothing) {
+  Faults faults;
+  EXPECT_EQ(ScriptFaults("", faults), "");
+  EXPECT_EQ(ScriptFaults("IMSPLogin:2=11,*:3=-1", faults), "");
+  EXPECT_EQ(faults.Take("IMSPLogin"), std::nullopt);
+  EXPECT_EQ(faults.Take("IMSPLogin"), 11);
+  EXPECT_EQ(faults.Take("IMSPIOCtl"), -1);
+  for (const char* text :
+       {"IMSPLogin", "IMSPLogin:1", "IMSPLogin=1", "IMSPLogin:x=1", "IMSPLogin:-1=1", ":1=1",
+        "IMSPLogin:1=", "IMSPLogin:1=1 ", "ImspLogin:1=1", "IMSPLogin:0=1,,"}) {
+    EXPECT_NE(ScriptFaults(text, faults), "") << text;
+  }
+  EXPECT_EQ(faults.Take("IMSPLogin"), std::nullopt);
+}
+
+}  // namespace
+}  // namespace quillkit
