@@ -10,9 +10,11 @@
 namespace quillctl {
 
 struct CommandLine {
+  // Carries a command out, with a login where it needs one.
+  using Action = std::function<void(const Credentials&)>;
+
   Credentials credentials;
-  // What to do once logged in. Empty when help was asked for, which is then printed.
-  std::function<void(Session&)> action;
+  Action action;  // empty when help was asked for, which is then printed
 };
 
 // Throws a UsageError. Its text tells no argument's value that may be a password.

@@ -39,6 +39,8 @@ std::size_t CharacterLength(std::string_view text) {
   return std::ranges::all_of(text.substr(2, lead->length - 2), IsContinuation) ? lead->length : 0;
 }
 
+}  // namespace
+
 bool IsUtf8(std::string_view text) {
   while (!text.empty()) {
     const std::size_t length = CharacterLength(text);
@@ -58,6 +60,12 @@ std::string Utf8FromLatin1(std::string_view text) {
   return utf8;
 }
 
+std::string Utf8Text(std::string_view text) {
+  return IsUtf8(text) ? std::string(text) : Utf8FromLatin1(text);
+}
+
+namespace {
+
 // The number of a control character, or -1. Those of 128 to 159 are C2 80 to C2 9F.
 int ControlNumber(std::string_view character) {
   const unsigned char first = Byte(character, 0);
@@ -69,7 +77,7 @@ int ControlNumber(std::string_view character) {
 
 std::string DisplayedText(std::string_view text) {
   constexpr char kDigits[] = "0123456789ABCDEF";
-  const std::string utf8 = IsUtf8(text) ? std::string(text) : Utf8FromLatin1(text);
+  const std::string utf8 = Utf8Text(text);
   std::string displayed;
   for (std::string_view rest = utf8; !rest.empty();) {
     const std::string_view character = rest.substr(0, CharacterLength(rest));

@@ -10,9 +10,14 @@
 
 namespace quillctl {
 
-// The text as UTF-8. One that is valid UTF-8 stays as it is; any other is read as Latin-1. Control
-// characters, those of 128 to 159 included, become "\x" and two digits, so that no name moves a
-// terminal's cursor.
+bool IsUtf8(std::string_view text);
+std::string Utf8FromLatin1(std::string_view text);
+
+// The text as UTF-8. One that is valid UTF-8 stays as it is; any other is read as Latin-1.
+std::string Utf8Text(std::string_view text);
+
+// The same for a terminal. Control characters, those of 128 to 159 included, become "\x" and two
+// digits, so that no name moves its cursor.
 std::string DisplayedText(std::string_view text);
 
 // The same between double quotes.

@@ -4,6 +4,7 @@
 #include <bit>
 #include <iostream>
 
+#include "examples/json_output.h"
 #include "examples/text_table.h"
 
 namespace quillctl {
@@ -21,15 +22,24 @@ std::string DottedAddress(std::uint32_t address) {
 
 }  // namespace
 
-void ShowInfo(const Session& session) {
+void ShowInfo(const Session& session, bool json) {
   quillkit::CScanner* scanner = session.scanner();
+  const bool isAdmin = quillkit::IsAdminConnected(scanner) != 0;
+  const Row rows[] = {{"Name", quillkit::GetScannerName(scanner)},
+                      {"Address", DottedAddress(quillkit::GetScannerAddress(scanner))},
+                      {"Model", quillkit::GetScannerModel(scanner)},
+                      {"Version", quillkit::GetScannerVersion(scanner)},
+                      {"User", session.user()}};
+  if (json) {
+    Json info;
+    for (const Row& row : rows) info[InSmallLetters(row[0])] = Utf8Text(row[1]);
+    info["administrator"] = isAdmin;
+    PrintJson(info);
+    return;
+  }
   TextTable table;
-  table.AddRow({"Name", quillkit::GetScannerName(scanner)});
-  table.AddRow({"Address", DottedAddress(quillkit::GetScannerAddress(scanner))});
-  table.AddRow({"Model", quillkit::GetScannerModel(scanner)});
-  table.AddRow({"Version", quillkit::GetScannerVersion(scanner)});
-  table.AddRow({"User", session.user()});
-  table.AddRow({"Administrator", quillkit::IsAdminConnected(scanner) != 0 ? "yes" : "no"});
+  for (const Row& row : rows) table.AddRow(row);
+  table.AddRow({"Administrator", isAdmin ? "yes" : "no"});
   table.Print(std::cout);
 }
 

@@ -7,7 +7,7 @@
 
 namespace quillctl {
 
-void ShowInfo(const Session& session);
+void ShowInfo(const Session& session, bool json = false);
 
 }  // namespace quillctl
 

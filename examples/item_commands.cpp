@@ -1,103 +1,112 @@
 #include "examples/item_commands.h"
 
 #include <iostream>
-#include <new>
+#include <utility>
+#include <vector>
 
 #include "examples/displayed_text.h"
 #include "examples/failures.h"
+#include "examples/json_output.h"
 #include "examples/key_commands.h"
-#include "examples/text_table.h"
+#include "examples/key_set.h"
 
 namespace quillctl {
 namespace {
 
-TextTable ItemTable() {
-  return TextTable({"Key", "Item", "Address", "Path", "Application", "Format", "Settings"});
+using FoundItems = std::vector<std::pair<std::string, ItemFields>>;  // with their key's name
+
+void PrintItems(const FoundItems& found, bool json) {
+  TextTable table = ItemTable();
+  Json items = Json::array();
+  for (const auto& [key, item] : found) {
+    if (json) {
+      items.push_back(ShownItem(key, item));
+    } else {
+      AddItemRow(table, key, item);
+    }
+  }
+  if (json) {
+    PrintJson(items);
+  } else {
+    table.Print(std::cout);
+  }
 }
 
-// Eight digits: the word holds several settings.
-std::string Hexadecimal(std::uint32_t word) {
-  std::string text = "0x00000000";
-  for (std::size_t at = text.size(); word != 0; word >>= 4)
-    text[--at] = "0123456789ABCDEF"[word & 15];
-  return text;
-}
-
-ItemFields FieldsOf(quillkit::CMenuItem* item) {
-  return {quillkit::GetItemName(item), quillkit::IPAddress(item),  quillkit::Path(item),
-          quillkit::AppTag(item),      quillkit::FileFormat(item), quillkit::Settings(item)};
-}
-
-void AddItemRow(TextTable& table, quillkit::CSoftKey* key, std::int32_t index) {
-  const ItemFields item = FieldsOf(quillkit::GetItemAt(key, index));
-  table.AddRow({quillkit::GetKeyName(key), item.name, item.address, item.path, item.appTag,
-                std::to_string(item.fileFormat), Hexadecimal(item.settings)});
-}
-
-// Throws a Refusal that names the field when a setter refused its text.
-void RequireStored(std::int32_t stored, std::string_view field, int limit) {
-  if (stored == 1) return;
-  throw Refusal("the item's " + std::string(field) + " has more than " + std::to_string(limit) +
-                " characters");
-}
-
-OwnedItem MakeItem(const ItemFields& fields) {
-  quillkit::CMenuItem* made = nullptr;
-  if (quillkit::CreateMenuItem(&made) == 0) throw std::bad_alloc();
-  OwnedItem item(made);
-  RequireStored(quillkit::SetName(made, fields.name), "name", 31);
-  RequireStored(quillkit::SetIPAddress(made, fields.address), "address", 255);
-  RequireStored(quillkit::SetPath(made, fields.path), "path", 127);
-  RequireStored(quillkit::SetAppTag(made, fields.appTag), "application tag", 127);
-  quillkit::SetFileFormat(made, fields.fileFormat);
-  quillkit::SetSettings(made, fields.settings);
-  return item;
-}
-
-// "the item "Scan" under the key "Copy"".
-std::string Described(const std::string& item, const std::string& key) {
-  return "the item " + Quoted(item) + " under the key " + Quoted(key);
-}
-
-// Adds a row for each item of the key that the search hits.
-void AddHits(TextTable& table, quillkit::CSoftKey* key, const std::string& pattern,
+// Adds the items of the key that the search hits.
+void AddHits(FoundItems& found, quillkit::CSoftKey* key, const std::string& pattern,
              std::int32_t wholeName) {
+  RequireWhole(key);
   for (std::int32_t index = quillkit::FindFirstItem(key, pattern, wholeName); index >= 0;
        index = quillkit::FindNextItem(key, wholeName)) {
-    AddItemRow(table, key, index);
+    found.emplace_back(quillkit::GetKeyName(key), FieldsOf(quillkit::GetItemAt(key, index)));
   }
+}
+
+// The item of this name under a key that was read.
+ItemFields ItemOf(quillkit::CSoftKey* key, const std::string& name) {
+  const std::int32_t index = quillkit::FindFirstItem(key, name, 1);
+  if (index < 0) {
+    throw Refusal("the key " + Quoted(quillkit::GetKeyName(key)) + " has no item " + Quoted(name));
+  }
+  return FieldsOf(quillkit::GetItemAt(key, index));
+}
+
+template <class Value>
+void SetWhereGiven(Value& field, const std::optional<Value>& value) {
+  if (value) field = *value;
 }
 
 }  // namespace
 
-void ShowItems(const Session& session, const std::string& key) {
+void ShowItems(const Session& session, const std::string& key, bool json) {
   quillkit::CTopLevelAB* book = session.LoadKeys(true);
-  TextTable table = ItemTable();
   if (!key.empty()) FindKey(book, key);
+  FoundItems found;
   for (std::int32_t i = 0; i < quillkit::GetCount(book); ++i) {
     quillkit::CSoftKey* each = quillkit::GetKeyAt(book, i);
-    if (!key.empty() && key != quillkit::GetKeyName(each)) continue;
-    for (std::int32_t at = 0; at < quillkit::GetItemCount(each); ++at) AddItemRow(table, each, at);
+    const std::string name = quillkit::GetKeyName(each);
+    if (!key.empty() && key != name) continue;
+    for (ItemFields& item : ItemsOf(each)) found.emplace_back(name, std::move(item));
   }
-  table.Print(std::cout);
+  PrintItems(found, json);
 }
 
 void AddItem(const Session& session, const std::string& key, const ItemFields& fields) {
   const OwnedItem item = MakeItem(fields);
   quillkit::CSoftKey* found = FindKey(session.LoadKeys(true), key);
-  const std::string what = Described(fields.name, key);
+  const std::string what = DescribedItem(fields.name, key);
   RequireGood(quillkit::AddMenuItem(found, item.get(), 0), "add " + what);
   std::cout << "Added " << what << ".\n";
+}
+
+void EditItem(const Session& session, const std::string& key, const std::string& name,
+              const ItemEdit& edit) {
+  quillkit::CSoftKey* found = FindKey(session.LoadKeys(true), key);
+  const std::string what = DescribedItem(name, key);
+  const ItemFields before = ItemOf(found, name);
+  ItemFields fields = before;
+  SetWhereGiven(fields.name, edit.name);
+  SetWhereGiven(fields.address, edit.address);
+  SetWhereGiven(fields.path, edit.path);
+  SetWhereGiven(fields.appTag, edit.appTag);
+  SetWhereGiven(fields.fileFormat, edit.fileFormat);
+  SetWhereGiven(fields.settings, edit.settings);
+  if (fields == before) {
+    std::cout << "Nothing to change: " << what << " is like that.\n";
+    return;
+  }
+  const OwnedItem item = MakeItem(fields);
+  RequireGood(fields.name == name ? quillkit::ModifyMenuItem(found, item.get(), 0)
+                                  : quillkit::RenameMenuItem(found, name, item.get(), 0),
+              "change " + what);
+  std::cout << "Changed " << what << ".\n";
 }
 
 void RenameItem(const Session& session, const std::string& key, const std::string& oldName,
                 const std::string& newName) {
   quillkit::CSoftKey* found = FindKey(session.LoadKeys(true), key);
-  const std::string what = Described(oldName, key);
-  const std::int32_t index = quillkit::FindFirstItem(found, oldName, 1);
-  if (index < 0) throw Refusal("the key " + Quoted(key) + " has no item " + Quoted(oldName));
-
-  ItemFields fields = FieldsOf(quillkit::GetItemAt(found, index));
+  const std::string what = DescribedItem(oldName, key);
+  ItemFields fields = ItemOf(found, oldName);
   fields.name = newName;
   const OwnedItem item = MakeItem(fields);
   RequireGood(quillkit::RenameMenuItem(found, oldName, item.get(), 0), "rename " + what);
@@ -106,22 +115,22 @@ void RenameItem(const Session& session, const std::string& key, const std::strin
 
 void DeleteItem(const Session& session, const std::string& key, const std::string& name) {
   quillkit::CSoftKey* found = FindKey(session.LoadKeys(true), key);
-  const std::string what = Described(name, key);
+  const std::string what = DescribedItem(name, key);
   RequireGood(quillkit::DeleteMenuItem(found, name, 0), "delete " + what);
   std::cout << "Deleted " << what << ".\n";
 }
 
-void FindItems(const Session& session, const std::string& pattern, bool wholeName) {
+void FindItems(const Session& session, const std::string& pattern, bool wholeName, bool json) {
   quillkit::CTopLevelAB* book = session.LoadKeys(true);
-  TextTable table = ItemTable();
+  FoundItems found;
   for (std::int32_t i = 0; i < quillkit::GetCount(book); ++i) {
-    AddHits(table, quillkit::GetKeyAt(book, i), pattern, wholeName ? 1 : 0);
+    AddHits(found, quillkit::GetKeyAt(book, i), pattern, wholeName ? 1 : 0);
   }
-  if (table.IsEmpty()) {
+  if (found.empty()) {
     throw Refusal(std::string("no item has a name that ") + (wholeName ? "is " : "begins with ") +
                   Quoted(pattern));
   }
-  table.Print(std::cout);
+  PrintItems(found, json);
 }
 
 }  // namespace quillctl

@@ -4,35 +4,37 @@
 #ifndef QUILLKIT_EXAMPLES_ITEM_COMMANDS_H_
 #define QUILLKIT_EXAMPLES_ITEM_COMMANDS_H_
 
-#include <cstdint>
+#include <optional>
 #include <string>
 
-#include "examples/session.h"
+#include "examples/item_fields.h"
 
 namespace quillctl {
 
-struct ItemFields {
-  std::string name;
-  std::string address;
-  std::string path;
-  std::string appTag;
-  std::uint32_t fileFormat = 0;
-  std::uint32_t settings = 0;
-};
-
 // The items of one key, or of all for an empty name.
-void ShowItems(const Session& session, const std::string& key);
+void ShowItems(const Session& session, const std::string& key, bool json = false);
 
 void AddItem(const Session& session, const std::string& key, const ItemFields& fields);
 
-// The item's other fields stay.
+// What an edit sets; the item's other fields stay.
+struct ItemEdit {
+  std::optional<std::string> name;
+  std::optional<std::string> address;
+  std::optional<std::string> path;
+  std::optional<std::string> appTag;
+  std::optional<std::uint32_t> fileFormat;
+  std::optional<std::uint32_t> settings;
+};
+void EditItem(const Session& session, const std::string& key, const std::string& name,
+              const ItemEdit& edit);
 void RenameItem(const Session& session, const std::string& key, const std::string& oldName,
                 const std::string& newName);
 void DeleteItem(const Session& session, const std::string& key, const std::string& name);
 
 // Shows the items of all keys whose name begins with the pattern, or is the pattern when
 // `wholeName` is set.
-void FindItems(const Session& session, const std::string& pattern, bool wholeName);
+void FindItems(const Session& session, const std::string& pattern, bool wholeName,
+               bool json = false);
 
 }  // namespace quillctl
 

@@ -5,6 +5,7 @@
 
 #include "examples/displayed_text.h"
 #include "examples/failures.h"
+#include "examples/json_output.h"
 #include "examples/text_table.h"
 
 namespace quillctl {
@@ -21,17 +22,23 @@ OwnedKey MakeKey(const std::string& name, quillkit::CTopLevelAB* book) {
 
 }  // namespace
 
-void ShowKeys(const Session& session) {
+void ShowKeys(const Session& session, bool json) {
   quillkit::CTopLevelAB* book = session.LoadKeys(false);
   TextTable table({"Key", "Items"});
+  Json keys = Json::array();
   for (std::int32_t i = 0; i < quillkit::GetCount(book); ++i) {
     quillkit::CSoftKey* key = quillkit::GetKeyAt(book, i);
     const std::string name = quillkit::GetKeyName(key);
     std::uint32_t items = 0;
     RequireGood(quillkit::GetDBItemCount(key, &items), "count the items of " + Quoted(name));
     table.AddRow({name, std::to_string(items)});
+    keys.push_back({{"key", Utf8Text(name)}, {"items", items}});
   }
-  table.Print(std::cout);
+  if (json) {
+    PrintJson(keys);
+  } else {
+    table.Print(std::cout);
+  }
 }
 
 void AddKey(const Session& session, const std::string& name) {

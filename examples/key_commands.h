@@ -10,7 +10,7 @@
 namespace quillctl {
 
 // The keys and the number of their items on the server. Reads no items.
-void ShowKeys(const Session& session);
+void ShowKeys(const Session& session, bool json = false);
 
 // Names have at most 31 characters. The library sends the name of a new key that is longer as an
 // empty one.

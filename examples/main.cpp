@@ -16,10 +16,7 @@ int Report(const char* text, int status) {
 
 int Run(int argc, const char* const* argv) {
   const CommandLine line = ParseCommandLine(argc, argv);
-  if (line.action) {
-    Session session(line.credentials);
-    line.action(session);
-  }
+  if (line.action) line.action(line.credentials);
   std::cout.flush();
   return std::cout ? kExitGood : Report("cannot write the output", kExitRefused);
 }

@@ -15,6 +15,7 @@ struct Credentials {
   std::string host = "127.0.0.1";
   std::string user = "ADMINISTRATOR";
   std::string password;
+  bool hasPassword = false;  // whether one was given, be it empty
   std::string third;
 };
 

@@ -30,6 +30,13 @@ void PrintRow(std::ostream& out, const Widths& widths, const Row& row) {
 
 }  // namespace
 
+std::string InSmallLetters(std::string text) {
+  for (char& c : text) {
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+  }
+  return text;
+}
+
 void TextTable::AddRow(Row cells) {
   for (std::string& cell : cells) cell = DisplayedText(cell);
   rows_.push_back(std::move(cells));

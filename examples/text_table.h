@@ -13,6 +13,9 @@ namespace quillctl {
 // One cell a column.
 using Row = std::vector<std::string>;
 
+// The text with the letters A to Z made small: a heading as a word of the command line or of JSON.
+std::string InSmallLetters(std::string text);
+
 class TextTable {
  public:
   // Without headings the table begins with its first row.

@@ -50,6 +50,11 @@ clean_session() {
   echo KELP >"$1/password.txt"
   printf '%s\n' 'quillbox state 1' 'book 512 "Desks" ""' 'entry "Agnes"' end \
     >"$1/session_damaged"
+  echo yes >"$1/session_yes"
+  echo no >"$1/session_no"
+  printf '%s\n' '{"quillbox-keys": 1,' '"keys": [{]}' >"$1/session_broken.json"
+  printf '%s\n' '{"quillbox-keys": 1, "keys": [{"name": "Desks", "items": [' \
+    '{"name": "Agnes", "format": 2}, {"name": "Agnes", "format": 3}]}]}' >"$1/session_twice.json"
 }
 
 # compare_transcript FOLDER PASS: whether standard input is the transcript.

@@ -2,10 +2,10 @@
 // benchmarks, demonstrations.
 //
 // The simulator is a server library, libIMSPAPI.so or IMSPAPI.DLL: it offers the entry points of
-// bridge/imsp_api.h, and holds one appliance in memory, or in a file where the environment names one
-// (docs/simulator.md). The functions here set that appliance up
-// and look into it behind the library's back. They have C linkage, so that a program which must run
-// with any server library can look them up by name and do without.
+// bridge/imsp_api.h, and holds one appliance in memory, or in a file where the environment names
+// one (docs/simulator.md). The functions here set that appliance up and look into it behind the
+// library's back. They have C linkage, so that a program which must run with any server library can
+// look them up by name and do without.
 //
 // There is one appliance a process. It comes seeded, and stays through IMSPTerminate and IMSPInit;
 // unloading the library ends it. Call everything from one thread at a time.

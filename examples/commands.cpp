@@ -1,0 +1,197 @@
+#include "examples/commands.h"
+
+#include <memory>
+#include <utility>
+
+#include "examples/import_command.h"
+#include "examples/item_commands.h"
+#include "examples/key_commands.h"
+#include "examples/key_set_commands.h"
+#include "examples/move_command.h"
+
+namespace quillctl {
+namespace {
+
+constexpr const char* kKeyHelp = "The soft key";
+constexpr const char* kItemHelp = "The item's name";
+
+std::string NameFault(const std::string& name) {
+  return name.empty() || name.size() > 31 ? "a name has 1 to 31 characters" : "";
+}
+
+// What a command's options fill. The command keeps it alive.
+struct Arguments {
+  std::string key;
+  std::string name;
+  std::string newName;
+  std::string file;
+  ItemFields item;
+  ItemEdit edit;
+  bool wholeName = false;
+  bool json = false;
+  bool yes = false;
+  bool dryRun = false;
+};
+using SharedArguments = std::shared_ptr<Arguments>;
+
+SharedArguments NewArguments() {
+  return std::make_shared<Arguments>();
+}
+
+void AddJson(CLI::App* command, Arguments& into) {
+  command->add_flag("--json", into.json, "Show it as JSON");
+}
+
+// The options for an item's fields but its name, for an ItemFields or an ItemEdit.
+template <class Fields>
+void AddItemOptions(CLI::App* command, Fields& into) {
+  command->add_option("--address", into.address, "Its address, at most 255 characters");
+  command->add_option("--path", into.path, "Its path, at most 127");
+  command->add_option("--application", into.appTag, "Its application tag, at most 127");
+  command->add_option("--file-format", into.fileFormat, "Its file format, a number");
+  command->add_option("--settings", into.settings, "Its settings, a number");
+}
+
+void AddListCommands(Commands& commands) {
+  const SharedArguments a = NewArguments();
+  CLI::App* items = commands.Add("items", "List the items under the soft keys",
+                                 [a](Session& s) { ShowItems(s, a->key, a->json); });
+  AddName(items, "key", a->key, "The soft key; all of them without it")->required(false);
+  AddJson(items, *a);
+
+  const SharedArguments f = NewArguments();
+  CLI::App* find = commands.Add("find", "Find items by name under all soft keys",
+                                [f](Session& s) { FindItems(s, f->name, f->wholeName, f->json); });
+  find->add_option("pattern", f->name, "What the name begins with")->required();
+  find->add_flag("--whole", f->wholeName, "What the whole name is");
+  AddJson(find, *f);
+}
+
+void AddMoveCommand(Commands& commands) {
+  const SharedArguments a = NewArguments();
+  CLI::App* move = commands.Add(
+      "move", "Move an item under another key, or to another place of its key", [a](Session& s) {
+        if (a->newName.empty()) {
+          MoveWithinKey(s, a->key, a->name, a->item.name);
+        } else {
+          MoveToKey(s, a->key, a->name, a->newName);
+        }
+      });
+  AddName(move, "key", a->key, kKeyHelp);
+  AddName(move, "name", a->name, kItemHelp);
+  auto* to = move->add_option("--to", a->newName, "The other key");
+  move->add_option("--before", a->item.name, "The item to stand in front of, else the end")
+      ->excludes(to);
+}
+
+}  // namespace
+
+CLI::App* Commands::Add(const char* name, const char* help, std::function<void(Session&)> action) {
+  return AddOffline(name, help, [run = std::move(action)](const Credentials& credentials) {
+    Session session(credentials);
+    run(session);
+  });
+}
+
+CLI::App* Commands::AddOffline(const char* name, const char* help, CommandLine::Action action) {
+  CLI::App* command = app_.add_subcommand(name, help);
+  command->callback([this, run = std::move(action)] { line_.action = run; });
+  return command;
+}
+
+CLI::Option* AddName(CLI::App* command, const char* title, std::string& into, const char* help) {
+  return command->add_option(title, into, help)->required()->check(NameFault, "NAME");
+}
+
+void AddKeyCommands(Commands& commands) {
+  const SharedArguments a = NewArguments();
+  AddJson(commands.Add("keys", "List the soft keys", [a](Session& s) { ShowKeys(s, a->json); }),
+          *a);
+
+  CLI::App* add =
+      commands.Add("add-key", "Add a soft key", [a](Session& s) { AddKey(s, a->name); });
+  AddName(add, "name", a->name, "Its name");
+
+  CLI::App* rename = commands.Add("rename-key", "Rename a soft key",
+                                  [a](Session& s) { RenameKey(s, a->name, a->newName); });
+  AddName(rename, "old", a->name, "Its name");
+  AddName(rename, "new", a->newName, "Its new name");
+
+  CLI::App* remove = commands.Add("delete-key", "Delete a soft key and the items under it",
+                                  [a](Session& s) { DeleteKey(s, a->name); });
+  AddName(remove, "name", a->name, "Its name");
+}
+
+void AddItemCommands(Commands& commands) {
+  AddListCommands(commands);
+  const SharedArguments a = NewArguments();
+  CLI::App* add = commands.Add("add-item", "Add an item under a soft key",
+                               [a](Session& s) { AddItem(s, a->key, a->item); });
+  AddName(add, "key", a->key, kKeyHelp);
+  AddName(add, "name", a->item.name, kItemHelp);
+  AddItemOptions(add, a->item);
+
+  CLI::App* edit = commands.Add("edit-item", "Change what is given of an item",
+                                [a](Session& s) { EditItem(s, a->key, a->name, a->edit); });
+  AddName(edit, "key", a->key, kKeyHelp);
+  AddName(edit, "name", a->name, kItemHelp);
+  edit->add_option("--name", a->edit.name, "Its new name")->check(NameFault, "NAME");
+  AddItemOptions(edit, a->edit);
+
+  CLI::App* rename = commands.Add("rename-item", "Rename an item",
+                                  [a](Session& s) { RenameItem(s, a->key, a->name, a->newName); });
+  AddName(rename, "key", a->key, kKeyHelp);
+  AddName(rename, "old", a->name, kItemHelp);
+  AddName(rename, "new", a->newName, "Its new name");
+
+  AddMoveCommand(commands);
+  CLI::App* remove = commands.Add("delete-item", "Delete an item",
+                                  [a](Session& s) { DeleteItem(s, a->key, a->name); });
+  AddName(remove, "key", a->key, kKeyHelp);
+  AddName(remove, "name", a->name, kItemHelp);
+}
+
+void AddKeySetCommands(Commands& commands) {
+  const SharedArguments a = NewArguments();
+  CLI::App* save = commands.Add("export", "Write all keys and items as JSON",
+                                [a](Session& s) { ExportKeys(s, a->file); });
+  save->add_option("file", a->file, "The file, else the standard output");
+
+  CLI::App* apply =
+      commands.Add("apply", "Make the keys those of a file of export", [a](Session& s) {
+        ApplyKeys(s, a->file,
+                  a->dryRun ? Consent::kDryRun
+                  : a->yes  ? Consent::kGiven
+                            : Consent::kAsk);
+      });
+  apply->add_option("file", a->file, "The file")->required();
+  auto* yes = apply->add_flag("--yes", a->yes, "Do not ask");
+  apply->add_flag("--dry-run", a->dryRun, "Show what differs, and change nothing")->excludes(yes);
+}
+
+void AddImportCommand(Commands& commands) {
+  const auto request = std::make_shared<ImportRequest>();
+  ImportRequest& into = *request;
+  CLI::App* import = commands.AddOffline("import", "Fill an address book from a file",
+                                         [request](const Credentials& credentials) {
+                                           const Import plan(*request);
+                                           Session session(credentials);
+                                           plan.Run(session);
+                                         });
+  import->add_option("file", into.file, "The file")->required();
+  import->add_option("--format", into.format, "What it holds")
+      ->required()
+      ->check(CLI::IsMember(ImportFormatWords()));
+  import->add_option("--target", into.target, "csv only: the book to fill, else that for e-mail")
+      ->check(CLI::IsMember(BookWords()));
+  import->add_option("--map", into.map,
+                     "csv only: for each field of the book the column of the file, from 0, or -1 "
+                     "for none, as in 2,10");
+  import->add_flag("--skip-header", into.skipHeader, "csv only: drop the first line");
+  import->add_flag("--clear", into.clearFirst,
+                   "Clear the book first: as ADMINISTRATOR, and with csv");
+  import->add_option("--show", into.shown, "How many of the new entries to show")
+      ->capture_default_str();
+}
+
+}  // namespace quillctl

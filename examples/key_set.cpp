@@ -1,0 +1,37 @@
+#include "examples/key_set.h"
+
+#include "examples/displayed_text.h"
+#include "examples/failures.h"
+
+namespace quillctl {
+
+void RequireWhole(quillkit::CSoftKey* key) {
+  const std::string name = Quoted(quillkit::GetKeyName(key));
+  std::uint32_t stored = 0;
+  RequireGood(quillkit::GetDBItemCount(key, &stored), "count the items of " + name);
+  const auto read = static_cast<std::uint32_t>(quillkit::GetItemCount(key));
+  if (read == stored) return;
+  throw Refusal("cannot read the items of " + name + ": " + std::to_string(read) + " of " +
+                std::to_string(stored) + " came");
+}
+
+std::vector<ItemFields> ItemsOf(quillkit::CSoftKey* key) {
+  RequireWhole(key);
+  std::vector<ItemFields> items;
+  for (std::int32_t i = 0; i < quillkit::GetItemCount(key); ++i) {
+    items.push_back(FieldsOf(quillkit::GetItemAt(key, i)));
+  }
+  return items;
+}
+
+KeySet ReadKeySet(const Session& session) {
+  quillkit::CTopLevelAB* book = session.LoadKeys(true);
+  KeySet keys;
+  for (std::int32_t i = 0; i < quillkit::GetCount(book); ++i) {
+    quillkit::CSoftKey* key = quillkit::GetKeyAt(book, i);
+    keys.push_back({quillkit::GetKeyName(key), ItemsOf(key)});
+  }
+  return keys;
+}
+
+}  // namespace quillctl
