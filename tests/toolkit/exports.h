@@ -14,8 +14,7 @@ namespace quillkit {
 
 class ExportSource {
  public:
-  // How many functions the table has, and which of them a loaded library lacks.
-  int count() const { return count_; }
+  // Which of the functions a loaded library lacks.
   const std::vector<std::string>& missing() const { return missing_; }
 
  protected:
@@ -24,7 +23,6 @@ class ExportSource {
 
   template <class Function>
   Function* Choose(const char* name, Function* linked) {
-    ++count_;
     if (!isLoaded_) return linked;
     auto* found = reinterpret_cast<Function*>(FindEntryPoint(module_, name));
     if (found == nullptr) missing_.emplace_back(name);
@@ -34,7 +32,6 @@ class ExportSource {
  private:
   bool isLoaded_ = false;
   ModuleHandle module_ = nullptr;
-  int count_ = 0;
   std::vector<std::string> missing_;
 };
 

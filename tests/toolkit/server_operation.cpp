@@ -5,158 +5,75 @@
 namespace quillkit {
 namespace {
 
-std::int64_t Handle(const void* handle) {
-  return handle != nullptr ? 1 : 0;
+std::uint32_t count;
+
+#define RUN(expression) []([[maybe_unused]] Stage& on) -> std::int64_t { return expression; }
+
+template <class... Text>
+std::vector<std::string> Calls(Text... texts) {
+  return {texts...};
 }
 
 }  // namespace
 
 std::vector<Operation> ServerOperations() {
-  using enum Reaction;
-  const Step create{"IMSPCreateEntry", kStops};
-  const Step modify{"IMSPModifyEntry", kStops};
-  const Step remove{"IMSPDeleteEntry", kStops};
-  const Step removeKey{"IMSPDeleteAB", kStops};
-  const Step list{"IMSPListABEntries", kEmpties, kAllKeys};
-  const auto keyRead = [](int key) { return Step{"IMSPReadAB", kPasses, key}; };
-  const Step itemRead{"IMSPReadAB", kEnds, 0};
-  const Step control{"IMSPIOCtl", kStops};
+  using enum Style;
+  const std::string list = "4ListABEntries 256: [|*|0] 11 1";
+  const std::string copy = "~ReadAB 512:Copy [|*|0] 512 1";
+  const std::string scan = "~ReadAB 512:Scan [|*|0] 512 1";
+  const std::string send = "~ReadAB 512:Send [|*|0] 512 1";
+  const std::string createKey = "!CreateEntry 256:TOPAB Copy";
+  const std::string modifyKey = "!ModifyEntry 256:TOPAB Scan Scan";
+  const std::string renameKey = "!ModifyEntry 256:TOPAB Scan Copy";
+  const std::string deleteKey = "!DeleteAB 512:Scan";
+  const std::string createItem = "!CreateEntry 512:Scan Fresh";
+  const std::string modifyItem = "!ModifyEntry 512:Scan Desk Desk";
+  const std::string renameItem = "!ModifyEntry 512:Scan Desk Fresh";
+  const std::string deleteItem = "!DeleteEntry 512:Scan Desk";
   return {
-      {"LogToQuillbox",
-       Style::kHandle,
-       {{"IMSPLogout", kPasses},
-        {"IMSPLogin", kLogsOut},
-        {"IMSPIOCtl", kLogsOut},
-        {"IMSPReadEntryProperties", kLogsOut},
-        {"IMSPListABEntries", kEnds, kAllKeys},
-        keyRead(0),
-        keyRead(1)},
-       1,
-       [](Stage& on) {
-         Logout();
-         on.box = LogToQuillbox(kHost, kAdministrator, kPassword, "", 1);
-         return Handle(on.box);
-       }},
-      {"Logout",
-       Style::kNothing,
-       {{"IMSPLogout", kPasses}},
-       0,
-       [](Stage&) {
-         Logout();
-         return 0;
-       }},
-      {"LoadTopLevelAbook with items",
-       Style::kStatus,
-       {list, keyRead(0), keyRead(1)},
-       0,
-       [](Stage& on) { return LoadTopLevelAbook(on.book, 1); }},
-      {"LoadTopLevelAbook",
-       Style::kStatus,
-       {list},
-       0,
-       [](Stage& on) { return LoadTopLevelAbook(on.book, 0); }},
-      {"AddKey",
-       Style::kStatus,
-       {create, list, keyRead(0), keyRead(1), keyRead(2)},
-       0,
-       [](Stage& on) { return AddKey(on.book, "Copy", 1); }},
-      {"DeleteKey",
-       Style::kStatus,
-       {removeKey, list, keyRead(0)},
-       0,
-       [](Stage& on) { return DeleteKey(on.book, "Send", 1); }},
-      {"ModifyKey",
-       Style::kStatus,
-       {modify, list, keyRead(0), keyRead(1)},
-       0,
-       [](Stage& on) { return ModifyKey(on.book, on.key, 1); }},
-      {"RenameSoftKey",
-       Style::kStatus,
-       {modify},
-       0,
-       [](Stage& on) { return RenameSoftKey(on.book, "Scan", on.newKey); }},
-      {"FastKeyAdd",
-       Style::kCount,
-       {create},
-       3,
-       [](Stage& on) { return FastKeyAdd(on.book, on.newKey); }},
-      {"FastKeyRemove",
-       Style::kCount,
-       {removeKey},
-       1,
-       [](Stage& on) { return FastKeyRemove(on.book, on.key); }},
-      {"FastKeyModify",
-       Style::kFlag,
-       {modify},
-       1,
-       [](Stage& on) { return FastKeyModify(on.book, on.key); }},
-      {"FastKeyRename",
-       Style::kFlag,
-       {modify},
-       1,
-       [](Stage& on) { return FastKeyRename(on.book, "Scan", on.newKey); }},
-      {"LoadItems",
-       Style::kHandle,
-       {{"IMSPReadAB", kEnds}},
-       1,
-       [](Stage& on) { return Handle(LoadItems(on.book, "Scan")); }},
-      {"GetDBItemCount",
-       Style::kStatus,
-       {{"IMSPSizeofAB", kStops}},
-       0,
-       [](Stage& on) {
-         std::uint32_t count = 0;
-         return GetDBItemCount(on.key, &count);
-       }},
-      {"AddMenuItem",
-       Style::kStatus,
-       {create, itemRead},
-       0,
-       [](Stage& on) { return AddMenuItem(on.key, &on.newItem, 1); }},
-      {"ModifyMenuItem",
-       Style::kStatus,
-       {modify, itemRead},
-       0,
-       [](Stage& on) { return ModifyMenuItem(on.key, &on.item, 1); }},
-      {"RenameMenuItem",
-       Style::kStatus,
-       {modify, itemRead},
-       0,
-       [](Stage& on) { return RenameMenuItem(on.key, "Desk", &on.newItem, 1); }},
-      {"DeleteMenuItem",
-       Style::kStatus,
-       {remove, itemRead},
-       0,
-       [](Stage& on) { return DeleteMenuItem(on.key, "Desk", 1); }},
-      {"FastItemAdd",
-       Style::kCount,
-       {create},
-       3,
-       [](Stage& on) { return FastItemAdd(on.key, &on.newItem); }},
-      {"FastItemRemove",
-       Style::kCount,
-       {remove},
-       1,
-       [](Stage& on) { return FastItemRemove(on.key, &on.item); }},
-      {"FastItemModify",
-       Style::kFlag,
-       {modify},
-       1,
-       [](Stage& on) { return FastItemModify(on.key, &on.item); }},
-      {"FastItemRename",
-       Style::kFlag,
-       {modify},
-       1,
-       [](Stage& on) { return FastItemRename(on.key, "Desk", &on.newItem); }},
-      {"ImportAddressBook",
-       Style::kStatus,
-       {control, control, {"IMSPBatchConfiguration", kStops}, control, control},
-       0,
-       [](Stage& on) {
-         ImportOptions options{};
-         options.format = ImportFormatScript;
-         return ImportAddressBook(on.box, on.script, &options);
-       }},
+      {"LogToQuillbox", kFlag, 1,
+       Calls("~Logout", "xLogin 127.0.0.1 ADMINISTRATOR quill", "xIOCtl 6 0",
+             "xReadEntryProperties 4:USERSAB ADMINISTRATOR", "-" + list.substr(1), scan, send),
+       RUN((Logout(), on.box = LogToQuillbox(kHost, kAdministrator, kPassword, "", 1)) != nullptr)},
+      {"Logout", kNothing, 0, Calls("~Logout"), RUN((Logout(), 0))},
+      {"LoadWithItems", kStatus, 0, Calls(list, scan, send), RUN(LoadTopLevelAbook(on.book, 1))},
+      {"LoadNames", kStatus, 0, Calls(list), RUN(LoadTopLevelAbook(on.book, 0))},
+      {"AddKey", kStatus, 0, Calls(createKey, list, copy, scan, send),
+       RUN(AddKey(on.book, "Copy", 1))},
+      {"AddKeyAlone", kStatus, 0, Calls(createKey), RUN(AddKey(on.book, "Copy", 0))},
+      {"DeleteKey", kStatus, 0, Calls(deleteKey, list, send), RUN(DeleteKey(on.book, "Scan", 1))},
+      {"DeleteKeyAlone", kStatus, 0, Calls(deleteKey), RUN(DeleteKey(on.book, "Scan", 0))},
+      {"ModifyKey", kStatus, 0, Calls(modifyKey, list, scan, send),
+       RUN(ModifyKey(on.book, on.key, 1))},
+      {"ModifyKeyAlone", kStatus, 0, Calls(modifyKey), RUN(ModifyKey(on.book, on.key, 0))},
+      {"RenameSoftKey", kStatus, 0, Calls(renameKey),
+       RUN(RenameSoftKey(on.book, "Scan", on.newKey))},
+      {"FastKeyAdd", kCount, 3, Calls(createKey), RUN(FastKeyAdd(on.book, on.newKey))},
+      {"FastKeyRemove", kCount, 1, Calls(deleteKey), RUN(FastKeyRemove(on.book, on.key))},
+      {"FastKeyModify", kFlag, 1, Calls(modifyKey), RUN(FastKeyModify(on.book, on.key))},
+      {"FastKeyRename", kFlag, 1, Calls(renameKey), RUN(FastKeyRename(on.book, "Scan", on.newKey))},
+      {"GetDBItemCount", kStatus, 0, Calls("!SizeofAB 512:Scan -"),
+       RUN(GetDBItemCount(on.key, &count))},
+      {"AddMenuItem", kStatus, 0, Calls(createItem, scan),
+       RUN(AddMenuItem(on.key, &on.newItem, 1))},
+      {"AddMenuItemAlone", kStatus, 0, Calls(createItem), RUN(AddMenuItem(on.key, &on.newItem, 0))},
+      {"ModifyMenuItem", kStatus, 0, Calls(modifyItem, scan),
+       RUN(ModifyMenuItem(on.key, &on.item, 1))},
+      {"ModifyMenuItemAlone", kStatus, 0, Calls(modifyItem),
+       RUN(ModifyMenuItem(on.key, &on.item, 0))},
+      {"RenameMenuItem", kStatus, 0, Calls(renameItem, scan),
+       RUN(RenameMenuItem(on.key, "Desk", &on.newItem, 1))},
+      {"RenameMenuItemAlone", kStatus, 0, Calls(renameItem),
+       RUN(RenameMenuItem(on.key, "Desk", &on.newItem, 0))},
+      {"DeleteMenuItem", kStatus, 0, Calls(deleteItem, scan),
+       RUN(DeleteMenuItem(on.key, "Desk", 1))},
+      {"DeleteMenuItemAlone", kStatus, 0, Calls(deleteItem),
+       RUN(DeleteMenuItem(on.key, "Desk", 0))},
+      {"FastItemAdd", kCount, 3, Calls(createItem), RUN(FastItemAdd(on.key, &on.newItem))},
+      {"FastItemRemove", kCount, 1, Calls(deleteItem), RUN(FastItemRemove(on.key, &on.item))},
+      {"FastItemModify", kFlag, 1, Calls(modifyItem), RUN(FastItemModify(on.key, &on.item))},
+      {"FastItemRename", kFlag, 1, Calls(renameItem),
+       RUN(FastItemRename(on.key, "Desk", &on.newItem))},
   };
 }
 

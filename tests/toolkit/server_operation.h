@@ -1,5 +1,5 @@
-// Every exported function that calls the server, as a table: the calls that it makes on a stage
-// that is always set alike, and what the failure of each does to it.
+// The exported functions that call the server, but for LoadItems and the import, as a table: the
+// calls that each makes on a stage that is always set alike, and what the failure of each does.
 
 #ifndef QUILLKIT_TESTS_TOOLKIT_SERVER_OPERATION_H_
 #define QUILLKIT_TESTS_TOOLKIT_SERVER_OPERATION_H_
@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <functional>
 #include <ostream>
+#include <string>
 #include <vector>
 
 #include "bridge/records.h"
@@ -23,36 +24,23 @@ struct Stage {
   CSoftKey* newKey = nullptr;  // a key named Copy, of the application
   CMenuItem item;              // named Desk
   CMenuItem newItem;           // named Fresh
-  const char* script = nullptr;
 };
 
-// What the failure of a call does to the function that makes it.
-enum class Reaction {
-  kStops,    // the function fails with it and makes no further call
-  kPasses,   // nobody looks at it: the run goes on as if undisturbed
-  kEnds,     // the function succeeds, without what would have followed
-  kEmpties,  // code 4 ends it as above, any other code stops it
-  kLogsOut,  // as kStops, behind an IMSPLogout
-};
+// What a function returns when it fails: the status, -1, 0, nothing that tells.
+enum class Style { kStatus, kCount, kFlag, kNothing };
 
-// What a function returns when it fails: the status, -1, 0, null, nothing.
-enum class Style { kStatus, kCount, kFlag, kHandle, kNothing };
-
-// What memory loses by the failure of a read: nothing, the items of the key at an index, all keys.
-inline constexpr int kNoLoss = -1;
-inline constexpr int kAllKeys = -2;
-
-struct Step {
-  const char* entry;
-  Reaction reaction;
-  int loss = kNoLoss;
-};
-
+// `calls` are as the journal shows them, without "IMSP". The character before each tells what its
+// failure does:
+//   !  the function fails and makes no further call
+//   x  so, behind an IMSPLogout
+//   4  so, but code 4 is as -; the keys in memory are lost
+//   -  the function succeeds, without the calls that would have followed; so are they
+//   ~  nobody looks at it: the run goes on as if undisturbed; a key that was read is left empty
 struct Operation {
-  const char* name;
+  std::string name;
   Style style;
-  std::vector<Step> steps;
-  std::int64_t success;  // for a handle: 1
+  std::int64_t success;
+  std::vector<std::string> calls;
   std::function<std::int64_t(Stage&)> run;
 };
 

@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "tests/support/appliance_fixture.h"
+#include "tests/support/scratch_folder.h"
 
 namespace quillkit {
 namespace {
@@ -19,7 +20,7 @@ class Walk {
  public:
   explicit Walk(const Exports& toolkit) : toolkit_(toolkit) {}
 
-  std::vector<std::string> Take(const char* script);
+  std::vector<std::string> Take();
 
  private:
   void Note(const char* what, const std::string& result) {
@@ -57,13 +58,13 @@ class Walk {
   void ChangeKeys(CTopLevelAB* book, CSoftKey* key);
   void ChangeKeysFast(CTopLevelAB* book, CSoftKey* key);
   void Program(CTopLevelAB* book);
-  void Import(CScanner* box, const char* script);
+  void Import(CScanner* box);
 
   const Exports& toolkit_;
   std::vector<std::string> notes_;
 };
 
-std::vector<std::string> Walk::Take(const char* script) {
+std::vector<std::string> Walk::Take() {
   CScanner* box = toolkit_.LogToQuillbox(kHost, kAdministrator, kPassword, "third", 1);
   Note("LogToQuillbox", box);
   LookAtError();
@@ -72,7 +73,7 @@ std::vector<std::string> Walk::Take(const char* script) {
     CTopLevelAB* book = toolkit_.GetTopLevelAbook(box);
     Note("GetTopLevelAbook", book);
     if (book != nullptr) Program(book);
-    Import(box, script);
+    Import(box);
   }
   toolkit_.Logout();
   LookAtError();
@@ -220,7 +221,11 @@ void Walk::ChangeKeysFast(CTopLevelAB* book, CSoftKey* key) {
   toolkit_.DestroySoftKey(renamed);
 }
 
-void Walk::Import(CScanner* box, const char* script) {
+void Walk::Import(CScanner* box) {
+  static const ScratchFolder folder;
+  static const std::string path =
+      folder.Write("script", "SE emailab \"Ann\" \"ann@mail.example\"\n");
+  const char* const script = path.c_str();
   ImportOptions options{};
   options.format = ImportFormatScript;
   Note("ImportAddressBook", toolkit_.ImportAddressBook(box, script, &options));
@@ -229,8 +234,8 @@ void Walk::Import(CScanner* box, const char* script) {
 
 }  // namespace
 
-std::vector<std::string> Tour(const Exports& toolkit, const char* script) {
-  return Walk(toolkit).Take(script);
+std::vector<std::string> Tour(const Exports& toolkit) {
+  return Walk(toolkit).Take();
 }
 
 }  // namespace quillkit

@@ -12,9 +12,8 @@
 namespace quillkit {
 
 // Takes the walk and gives one line for every result. Expects on the way what holds with any
-// server: counts and indices lie inside their limits, and texts end inside their fields. `script`:
-// the path of an import script.
-std::vector<std::string> Tour(const Exports& toolkit, const char* script);
+// server: counts and indices lie inside their limits, and texts end inside their fields.
+std::vector<std::string> Tour(const Exports& toolkit);
 
 }  // namespace quillkit
 
