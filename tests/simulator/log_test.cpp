@@ -16,10 +16,11 @@ std::string Show(const LogRecord& record) {
 
 class LogTest : public ServerTest {
  protected:
+  static inline ABIdent book{BookKind::kLog, kLogBook};
+
   // The records of a user, as IMSPReadAB gives them.
   static std::vector<std::string> Read(std::string_view user, std::uint32_t capacity = 10,
                                        std::int32_t direction = 1, std::int32_t skip = 0) {
-    ABIdent book(BookKind::kLog, kLogBook);
     KeyRange range("", user, skip);
     std::vector<LogRecord> records(capacity);
     IMSPReadAB(&book, &range, records.data(), &capacity, direction);
@@ -30,16 +31,12 @@ class LogTest : public ServerTest {
   }
 
   static std::uint32_t Size(const char* user) {
-    ABIdent book(BookKind::kLog, kLogBook);
     std::uint32_t count = 99;
     EXPECT_EQ(IMSPSizeofAB(&book, user, &count), kNoError);
     return count;
   }
 
-  static Status Clear(const char* filter) {
-    ABIdent book(BookKind::kLog, kLogBook);
-    return IMSPClearAB(&book, filter);
-  }
+  static Status Clear(const char* filter) { return IMSPClearAB(&book, filter); }
 
   // Two logins of TOOLKIT, with one of GUEST in between, and the administrator's.
   void LogInSeveral() {
@@ -51,19 +48,15 @@ class LogTest : public ServerTest {
   }
 };
 
-TEST_F(LogTest, TellsLoginsLogoutsAndBatches) {
+TEST_F(LogTest, FilterIsAUser) {
   LogIn("TOOLKIT", "wrong");
   LogInSeveral();
   IMSPBatchConfiguration("no/such/file");
   EXPECT_THAT(Read(""), testing::ElementsAre("TOOLKIT: login", "GUEST: login", "TOOLKIT: login",
                                              "TOOLKIT: logout", "ADMINISTRATOR: login",
                                              "ADMINISTRATOR: batch 17"));
-}
-
-TEST_F(LogTest, FilterIsAUser) {
-  LogInSeveral();
-  EXPECT_EQ(Size(nullptr), 5U);
-  EXPECT_EQ(Size("*"), 5U);
+  EXPECT_EQ(Size(nullptr), 6U);
+  EXPECT_EQ(Size("*"), 6U);
   EXPECT_EQ(Size("TOOLKIT"), 3U);
   EXPECT_EQ(Size("TOOL*"), 0U);
   EXPECT_THAT(Read("TOOLKIT", 2), testing::ElementsAre("TOOLKIT: login", "TOOLKIT: login"));
@@ -76,29 +69,27 @@ TEST_F(LogTest, ClearsAUserAllOrAllButSome) {
   LogInSeveral();
   EXPECT_EQ(Clear("TOOLKIT"), kNoError);
   EXPECT_THAT(Read(""), testing::ElementsAre("GUEST: login", "ADMINISTRATOR: login"));
-  EXPECT_EQ(Size("TOOLKIT"), 0U);
   LogInSeveral();
   EXPECT_EQ(Clear("_!ADMINISTRATOR_!GUEST"), kNoError);
   EXPECT_THAT(Read(""), testing::ElementsAre("GUEST: login", "ADMINISTRATOR: login", "GUEST: login",
                                              "ADMINISTRATOR: login"));
-  EXPECT_EQ(Size("GUEST"), 2U);
   EXPECT_EQ(Clear(nullptr), kNoError);
   EXPECT_EQ(Size(nullptr), 0U);
 }
 
 TEST_F(LogTest, OtherCallsAreNotImplemented) {
   LogInAsAdministrator();
-  ABIdent book(BookKind::kLog, kLogBook);
   EntryKey key("TOOLKIT");
   LogRecord record;
   PageBoundary row;
   std::uint32_t count = 1;
-  EXPECT_EQ(IMSPCreateEntry(&book, &record), kNotImplemented);
-  EXPECT_EQ(IMSPModifyEntry(&book, &key, &record), kNotImplemented);
-  EXPECT_EQ(IMSPDeleteEntry(&book, &key), kNotImplemented);
-  EXPECT_EQ(IMSPReadEntryProperties(&book, &key, &record), kNotImplemented);
-  EXPECT_EQ(IMSPListABEntries(&book, nullptr, &key, &count, 1), kNotImplemented);
-  EXPECT_EQ(IMSPReadPageBoundaries(&book, &row, &count), kNotImplemented);
+  const Status results[] = {IMSPCreateEntry(&book, &record),
+                            IMSPModifyEntry(&book, &key, &record),
+                            IMSPDeleteEntry(&book, &key),
+                            IMSPReadEntryProperties(&book, &key, &record),
+                            IMSPListABEntries(&book, nullptr, &key, &count, 1),
+                            IMSPReadPageBoundaries(&book, &row, &count)};
+  EXPECT_THAT(results, testing::Each(kNotImplemented));
 }
 
 // The oldest records make room, and a user's own are still found by their place.

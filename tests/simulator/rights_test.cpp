@@ -30,14 +30,9 @@ class RightsTest : public ServerTest {
     user.SetName(name);
     return IMSPCreateEntry(&book, &user);
   }
-
-  static Status ActAs(std::string_view name) {
-    EntryKey key(name);
-    return IMSPChangeIdentity(&key);
-  }
 };
 
-TEST_F(RightsTest, PublicBooksAreReadByAllAndChangedByTwo) {
+TEST_F(RightsTest, PublicBooksAndTheDatabaseAreChangedByTwo) {
   struct Case {
     const char* user;
     const char* password;
@@ -51,6 +46,9 @@ TEST_F(RightsTest, PublicBooksAreReadByAllAndChangedByTwo) {
   for (const Case& each : kCases) {
     SCOPED_TRACE(each.user);
     ASSERT_EQ(LogIn(each.user, each.password), kNoError);
+    char command[] = "DBCHECK.......";
+    IOCtlRecord record{IOCtlCode::kDatabaseCommand, 0, command};
+    EXPECT_EQ(IMSPIOCtl(&record), each.change);
     for (const BookKind kind : {BookKind::kEmail, BookKind::kFax, BookKind::kPrinters,
                                 BookKind::kTop, BookKind::kModels, BookKind::kLog}) {
       EXPECT_EQ(Try(kind, ""), std::pair(each.read, each.change)) << static_cast<unsigned>(kind);
@@ -61,7 +59,6 @@ TEST_F(RightsTest, PublicBooksAreReadByAllAndChangedByTwo) {
 TEST_F(RightsTest, GuestMayEnrolUsersAndNothingElse) {
   ASSERT_EQ(LogIn("GUEST", ""), kNoError);
   EXPECT_EQ(CreateUser("Zoe"), kNoError);
-  EXPECT_EQ(CreateUser("Zoe"), kNameConflict);
   EXPECT_EQ(Try(BookKind::kPrivateEmail, ""), std::pair(kAccessDenied, kAccessDenied));
   ABIdent list(BookKind::kPrivateList, "Mine");
   EXPECT_EQ(IMSPCreateAB(&list), kAccessDenied);
@@ -79,7 +76,6 @@ TEST_F(RightsTest, UserHasPrivateBooksOfItsOwn) {
   ABIdent book(BookKind::kPrivateEmail, kPrivateBook);
   EXPECT_EQ(IMSPCreateEntry(&book, &entry), kNoError);
   EXPECT_EQ(CreateUser("Zoe"), kAccessDenied);
-  EXPECT_EQ(SimulatorBookSize(BookKind::kPrivateEmail, nullptr, "Eve"), 1);
 
   LogInAsAdministrator();
   EXPECT_EQ(IMSPDeleteAB(&list), kNoSuchBook);
@@ -88,24 +84,16 @@ TEST_F(RightsTest, UserHasPrivateBooksOfItsOwn) {
 }
 
 TEST_F(RightsTest, AdministratorActsAsOthersAndBack) {
+  const auto actAs = [](EntryKey key) { return IMSPChangeIdentity(&key); };
   ASSERT_EQ(LogIn("TOOLKIT", "KELP"), kNoError);
-  EXPECT_EQ(ActAs("Eve"), kAccessDenied);
+  EXPECT_EQ(actAs(EntryKey("Eve")), kAccessDenied);
   LogInAsAdministrator();
-  EXPECT_EQ(ActAs("Nobody"), kWrongUser);
-  EXPECT_EQ(ActAs("Eve"), kNoError);
+  EXPECT_EQ(actAs(EntryKey("Nobody")), kWrongUser);
+  EXPECT_EQ(actAs(EntryKey("Eve")), kNoError);
   EXPECT_STREQ(SimulatorSessionUser(), "Eve");
   EXPECT_EQ(Try(BookKind::kEmail, ""), std::pair(kNoError, kAccessDenied));
-  EXPECT_EQ(ActAs("ADMINISTRATOR"), kNoError);
+  EXPECT_EQ(actAs(EntryKey("ADMINISTRATOR")), kNoError);
   EXPECT_EQ(Try(BookKind::kEmail, ""), std::pair(kNoError, kNoError));
-}
-
-TEST_F(RightsTest, DatabaseCommandsAreForTheTwo) {
-  char command[] = "DBCHECK.......";
-  IOCtlRecord record{IOCtlCode::kDatabaseCommand, 0, command};
-  ASSERT_EQ(LogIn("Eve", "apple"), kNoError);
-  EXPECT_EQ(IMSPIOCtl(&record), kAccessDenied);
-  ASSERT_EQ(LogIn("TOOLKIT", "KELP"), kNoError);
-  EXPECT_EQ(IMSPIOCtl(&record), kNoError);
 }
 
 }  // namespace
