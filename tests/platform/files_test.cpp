@@ -73,15 +73,12 @@ TEST_F(FilesTest, PathsWithoutAFolderAreOfTheCurrentOne) {
   EXPECT_TRUE(MatchesAnyFile("here.txt"));
   EXPECT_TRUE(MatchesAnyFile("h*.txt"));
   EXPECT_FALSE(MatchesAnyFile("there.txt"));
+  EXPECT_FALSE(MatchesAnyFile(nullptr));
+  EXPECT_FALSE(MatchesAnyFile(""));
   fs::current_path(before);
 }
 
-TEST_F(FilesTest, NoPathMatchesNothing) {
-  EXPECT_FALSE(MatchesAnyFile(nullptr));
-  EXPECT_FALSE(MatchesAnyFile(""));
-}
-
-TEST(TemporaryFileTest, IsEmptyAndNewAndBearsThePrefix) {
+TEST(TemporaryFileTest, IsEmptyAndNewAndBearsThePrefixAndIsDeletedOnce) {
   const ScratchFolder folder;
   const TemporaryFolder redirected(folder.Path().string());
   for (int i = 0; i < 50; ++i) {
@@ -93,18 +90,10 @@ TEST(TemporaryFileTest, IsEmptyAndNewAndBearsThePrefix) {
   for (const std::string& name : names) {
     EXPECT_EQ(name.substr(0, 3), "QK7");
     EXPECT_EQ(fs::file_size(folder.PathOf(name)), 0U) << name;
+    DeleteFileAt(folder.PathOf(name));
+    DeleteFileAt(folder.PathOf(name));
   }
-}
-
-TEST(TemporaryFileTest, IsDeletedOnce) {
-  const ScratchFolder folder;
-  const TemporaryFolder redirected(folder.Path().string());
-  const std::string path = CreateTemporaryFile("QK7");
-  EXPECT_EQ(folder.Names().size(), 1U);
-  DeleteFileAt(path);
   EXPECT_TRUE(folder.Names().empty());
-  DeleteFileAt(path);
-  DeleteFileAt("");
 }
 
 TEST(TemporaryFileTest, WithoutTheFolderThereIsNone) {
