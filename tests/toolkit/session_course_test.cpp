@@ -78,7 +78,6 @@ TEST_F(SessionCourse, AfterExitNothingReachesTheServer) {
   Logout();
   Exit();
   EXPECT_EQ(GetCurrentConnectedUser(nullptr), nullptr);
-  EXPECT_EQ(GetTopLevelAbook(nullptr), nullptr);
   CSoftKey* key = nullptr;
   EXPECT_EQ(CreateSoftKey("Scan", nullptr, &key), 0);
   std::uint32_t count = 0;
