@@ -116,6 +116,15 @@ TEST_F(ImportAddressBookTest, WhatIsWrongLocallyIsToldInItsOrder) {
   EXPECT_EQ(GetLastToolkitError(), kEarlier);
 }
 
+TEST_F(ImportAddressBookTest, ABackslashIsACharacterOfANameWhereItSeparatesNothing) {
+  if constexpr (std::filesystem::path::preferred_separator == '\\') {
+    GTEST_SKIP() << "here it separates folders";
+  }
+  files_.Write("a\\b", "");
+  EXPECT_EQ(ImportAddressBook(nullptr, files_.PathOf("a\\*").c_str(), Options(2)), -11);
+  EXPECT_EQ(ImportAddressBook(nullptr, files_.PathOf("\\b").c_str(), Options(2)), -1);
+}
+
 // It passes the first test and is then opened as it stands.
 TEST_F(ImportAddressBookTest, APatternThatMatchesIsNoFile) {
   CScanner* const box = LogIn();
