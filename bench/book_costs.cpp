@@ -7,10 +7,8 @@
 //   LoadUsers / LoadUsersByHand    4096 accounts, against the same read made by hand
 
 #include <benchmark/benchmark.h>
-#include <malloc.h>
 
 #include <array>
-#include <climits>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
@@ -149,10 +147,4 @@ BENCHMARK(LoadUsers)->Unit(benchmark::kMicrosecond);
 }  // namespace
 }  // namespace quillkit
 
-int main(int argc, char** argv) {
-  // Memory stays with the process: what the system takes for handing out pages is not measured.
-  mallopt(M_MMAP_THRESHOLD, 1 << 30);
-  mallopt(M_TRIM_THRESHOLD, INT_MAX);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-}
+BENCHMARK_MAIN();
