@@ -1,5 +1,7 @@
 #include "examples/key_set.h"
 
+#include <algorithm>
+
 #include "examples/displayed_text.h"
 #include "examples/failures.h"
 
@@ -18,7 +20,9 @@ void RequireWhole(quillkit::CSoftKey* key) {
 std::vector<ItemFields> ItemsOf(quillkit::CSoftKey* key) {
   RequireWhole(key);
   std::vector<ItemFields> items;
-  for (std::int32_t i = 0; i < quillkit::GetItemCount(key); ++i) {
+  const std::int32_t count = quillkit::GetItemCount(key);
+  items.reserve(static_cast<std::size_t>(std::max(count, 0)));
+  for (std::int32_t i = 0; i < count; ++i) {
     items.push_back(FieldsOf(quillkit::GetItemAt(key, i)));
   }
   return items;

@@ -75,7 +75,7 @@ std::string ScriptFaults(std::string_view text, Faults& faults) {
   Faults added = faults;
   while (!text.empty()) {
     const auto [first, rest] = Split(text, ',');
-    const std::string fault = AddFault(first, added);
+    std::string fault = AddFault(first, added);
     if (!fault.empty()) return fault;
     text = rest;
   }
