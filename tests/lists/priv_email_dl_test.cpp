@@ -95,7 +95,9 @@ TEST_P(PrivateListTest, WritingItCreatesIt) {
   EXPECT_EQ(list.WriteMembers(), 11);
 
   list.SetBook(nullptr);
-  list.GetAt(1)->SetAddress("b@public");
+  CEmailEntry* const second = list.GetAt(1);
+  ASSERT_NE(second, nullptr);
+  second->SetAddress("b@public");
   box->PrivateList("Team").DeleteBook();
   SimulatorFail("IMSPCreateAB", 1, 11);
   SimulatorFail("IMSPCreateEntry", 1, 11);
