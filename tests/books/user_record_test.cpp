@@ -2,6 +2,7 @@
 // accounts holds.
 
 #include <cstring>
+#include <memory>
 
 #include "base/archive.h"
 #include "books/user_list.h"
@@ -77,6 +78,8 @@ TEST_P(UserRecordTest, WritesItsFlags) {
   EXPECT_EQ(TakeCalls(), write);
   EXPECT_EQ(account.MarkOnce(0), 0);
   EXPECT_THAT(TakeCalls(), IsEmpty());
+  // A reload hands the record out anew, and lets go of the book that it holds.
+  const std::unique_ptr<CPrivEmailAB> book(account.DetachPrivateBook());
   EXPECT_EQ(account.TurnOn(1), 1);
   EXPECT_EQ(TakeCalls().size(), GetParam() ? 2U : 1U) << "the owner reads its accounts anew";
   EXPECT_EQ(users.Count(), GetParam() ? 4 : 0);
