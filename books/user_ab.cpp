@@ -65,8 +65,7 @@ CUserRecord* CUserAB::HandOutAt(std::int32_t index, CUserRecord* record) {
 
 // The copy step. `source` may be the record itself.
 CUserRecord* CUserAB::HandOut(const CUserEntry& source, CUserRecord* record) {
-  record->SetFrom(this, source.name.View(), source.password.View(), source.third.View(),
-                  source.fourth.View(), &source.flags, &source.nibbles);
+  record->SetFrom(this, source);
   record->tag = source.tag;
   record->SetPrivateBookRaw(nullptr);
   if (withPrivateBooks != 0) record->CreatePrivateBook();

@@ -32,6 +32,10 @@ class CUserRecord : public CUserEntry {
   int SetFrom(CUserAB* newOwner, std::string_view newName, std::string_view newPassword,
               std::string_view newThird, std::string_view newFourth, const std::uint32_t* newFlags,
               const std::uint32_t* newNibbles);
+  int SetFrom(CUserAB* newOwner, const CUserEntry& source) {
+    return SetFrom(newOwner, source.name.View(), source.password.View(), source.third.View(),
+                   source.fourth.View(), &source.flags, &source.nibbles);
+  }
 
   CUserAB* Owner() const { return owner; }
   int SetOwner(CUserAB* newOwner);  // 1
