@@ -98,12 +98,12 @@ class BookAccess {
 
   // IMSPModifyEntry of the entry `oldName`; the record carries the new name.
   Status Rename(std::string_view oldName, Entry* entry) {
-    return ModifyByKey(KeyOf(oldName), entry);
+    return ModifyByKey(EntryKey::Of(oldName), entry);
   }
 
   // IMSPDeleteEntry of the entry that the record names, or of the name.
   Status Delete(const Entry& entry) { return DeleteByKey(KeyOf(entry)); }
-  Status Delete(std::string_view name) { return DeleteByKey(KeyOf(name)); }
+  Status Delete(std::string_view name) { return DeleteByKey(EntryKey::Of(name)); }
 
   // IMSPModifyEntry of each record in turn, by its own name. The first status that is not 0 ends
   // the run and is the result: what was sent stays, the rest is not sent. `*count` is read anew at
@@ -127,13 +127,7 @@ class BookAccess {
 
  private:
   static EntryKey KeyOf(const Entry& entry) {
-    return KeyOf(reinterpret_cast<const FixedText<32>&>(entry).View());
-  }
-
-  static EntryKey KeyOf(std::string_view name) {
-    EntryKey key;
-    key.SetKey(name);
-    return key;
+    return EntryKey::Of(reinterpret_cast<const FixedText<32>&>(entry).View());
   }
 
   Status ReadRange(KeyRange* range, Entry* records, std::uint32_t* count, std::int32_t direction) {

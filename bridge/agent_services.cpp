@@ -157,8 +157,7 @@ Status CAgent::ServerText(char* text) {
 }
 
 Status CAgent::ChangeIdentity(const std::string& user) {
-  EntryKey key;
-  key.SetKey(user);
+  EntryKey key = EntryKey::Of(user);
   return IMSPChangeIdentity(&key);
 }
 

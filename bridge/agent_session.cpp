@@ -138,8 +138,7 @@ Status CAgent::EnrolUser(std::uint32_t address, CUserEntry* entry) {
 
 Status CAgent::ReadUser(CUserRecord* user) {
   ABIdent book(BookKind::kUsers, kUsersBook);
-  EntryKey key;
-  key.SetKey(user->name.View());
+  EntryKey key = EntryKey::Of(user->name.View());
   const Status status = IMSPReadEntryProperties(&book, &key, static_cast<CUserEntry*>(user));
   user->Terminate();
   return status;
@@ -147,16 +146,15 @@ Status CAgent::ReadUser(CUserRecord* user) {
 
 Status CAgent::ModifyUser(CUserRecord* user) {
   ABIdent book(BookKind::kUsers, kUsersBook);
-  EntryKey key;
-  key.SetKey(user->name.View());
-  return IMSPModifyEntry(&book, &key, static_cast<CUserEntry*>(user));
+  EntryKey key = EntryKey::Of(user->name.View());
+  CUserEntry sent = *user;  // a server that writes into it changes nothing here
+  return IMSPModifyEntry(&book, &key, &sent);
 }
 
 // Makes `user` the current one as the server knows it; on a failure there is none.
 Status CAgent::AdoptUser(const CUserRecord& user, std::int32_t loadPrivateBook) {
   auto adopted = std::make_unique<CUserRecord>();
-  adopted->SetFrom(nullptr, user.name.View(), user.password.View(), user.third.View(),
-                   user.fourth.View(), &user.flags, &user.nibbles);
+  adopted->SetFrom(nullptr, user);
   currentUser = std::move(adopted);  // only now: `user` may be the record that goes
   const Status status = ReadUser(currentUser.get());
   if (lastError != kNoError) {

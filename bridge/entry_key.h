@@ -16,6 +16,14 @@ struct EntryKey {
   EntryKey() = default;
   explicit EntryKey(std::string_view text) : name(text) {}
 
+  // The key of a name; the empty one for a name of 32 or more characters, which cut could be the
+  // name of another.
+  static EntryKey Of(std::string_view name) {
+    EntryKey key;
+    key.SetKey(name);
+    return key;
+  }
+
   // 1, or 0 and no change for a text of 32 or more characters.
   int SetKey(std::string_view text) { return name.Set(text); }
 
