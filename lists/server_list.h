@@ -159,9 +159,7 @@ Status ServerList<Base, BookClass, kListKind>::ReadRoom() {
   if (members.IsEmpty()) return kNoError;
   auto count = static_cast<std::uint32_t>(members.count());
   const Status status = Access().ReadAll(members.data(), &count);
-  for (std::int32_t i = 0; i < members.count(); ++i) {
-    if (static_cast<std::uint32_t>(i) >= count) members.At(i)->Blank();
-  }
+  std::for_each(members.begin() + count, members.end(), [](Member& each) { each.Blank(); });
   return status;
 }
 
