@@ -1,7 +1,5 @@
 #include "platform/posix/setting_names.h"
 
-#include <unistd.h>
-
 #include <charconv>
 #include <cstdlib>
 
@@ -88,9 +86,7 @@ std::optional<std::string> KeyOfFolderName(std::string_view folder) {
 
 std::string DraftBeside(std::string_view folder) {
   const std::size_t name = folder.rfind('/') + 1;
-  std::string draft(folder.substr(0, name));
-  draft += kDraftPrefix;
-  return draft += std::to_string(getpid()) + folder.substr(name).data();
+  return std::string(folder.substr(0, name)) + DraftName(folder.substr(name));
 }
 
 bool IsValueFileName(std::string_view file) {

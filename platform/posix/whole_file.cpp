@@ -21,7 +21,7 @@ int CreateDraft(int folder, std::string* name) {
   static unsigned drafts = 0;
   int file = -1;
   do {
-    *name = std::string(kDraftPrefix) + std::to_string(getpid()) + '-' + std::to_string(++drafts);
+    *name = DraftName('-' + std::to_string(++drafts));
     file = openat(folder, name->c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kPrivateFile);
   } while (file < 0 && errno == EEXIST);
   return file;
@@ -46,6 +46,10 @@ bool Fill(int file, const char* bytes, std::size_t size) {
 }
 
 }  // namespace
+
+std::string DraftName(std::string_view mark) {
+  return std::string(kDraftPrefix) + std::to_string(getpid()) + std::string(mark);
+}
 
 int ReplaceFile(int folder, const char* name, const void* bytes, std::size_t size) {
   std::string draft;

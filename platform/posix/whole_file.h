@@ -7,12 +7,16 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace quillkit {
 
 // What the name of a file that is being written begins with; a crash may leave one behind.
 inline constexpr std::string_view kDraftPrefix = ".new-";
+
+// A draft's name: the prefix, this process and the mark that tells it from the process's others.
+std::string DraftName(std::string_view mark);
 
 // Puts a file of these bytes in the place of what has this name in the folder. It is on the disk
 // before it gets its name.
