@@ -1,8 +1,8 @@
 #include "simulator/escaped_text.h"
 
 #include <algorithm>
-#include <charconv>
-#include <system_error>
+
+#include "simulator/whole_number.h"
 
 namespace quillkit {
 namespace {
@@ -13,16 +13,6 @@ bool IsPlain(char c, std::string_view also) {
   return c >= ' ' && c <= '~' && c != '\\' && also.find(c) == also.npos;
 }
 
-// Takes a number off the front of a text.
-std::optional<std::size_t> TakeNumber(std::string_view& text, int base) {
-  std::size_t number = 0;
-  const char* const end = text.data() + text.size();
-  const auto [stop, error] = std::from_chars(text.data(), end, number, base);
-  if (error != std::errc()) return std::nullopt;
-  text.remove_prefix(static_cast<std::size_t>(stop - text.data()));
-  return number;
-}
-
 // Appends what the escape stands for whose letter, "x" or "z", the text begins with, and takes it
 // off. False for no such escape.
 bool TakeEscape(std::string_view& text, std::string& bytes, std::size_t limit) {
@@ -30,17 +20,17 @@ bool TakeEscape(std::string_view& text, std::string& bytes, std::size_t limit) {
   const char letter = text.front();
   text.remove_prefix(1);
   if (letter == 'x' && text.size() >= 2) {
-    std::string_view pair = text.substr(0, 2);
-    const auto byte = TakeNumber(pair, 16);
+    const auto byte = WholeNumber<unsigned char>(text.substr(0, 2), 16);
+    if (!byte) return false;
     text.remove_prefix(2);
-    if (!byte || !pair.empty()) return false;
     bytes += static_cast<char>(*byte);
     return true;
   }
   if (letter != 'z') return false;
-  const auto count = TakeNumber(text, 10);
-  if (!count || !text.starts_with(';') || *count > limit) return false;
-  text.remove_prefix(1);
+  const std::size_t end = std::min(text.find(';'), text.size());
+  const auto count = WholeNumber<std::size_t>(text.substr(0, end));
+  if (!count || end == text.size() || *count > limit) return false;
+  text.remove_prefix(end + 1);
   bytes.append(*count, '\0');
   return true;
 }

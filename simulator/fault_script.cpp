@@ -1,12 +1,11 @@
 #include "simulator/fault_script.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstdint>
 #include <iterator>
-#include <optional>
-#include <system_error>
 #include <utility>
+
+#include "simulator/whole_number.h"
 
 namespace quillkit {
 namespace {
@@ -40,14 +39,6 @@ constexpr std::string_view kEntryPoints[] = {"IMSPInit",
                                              "IMSPImpExpAbort",
                                              "*"};
 
-std::optional<std::int32_t> NumberOf(std::string_view text) {
-  std::int32_t number = 0;
-  const char* const end = text.data() + text.size();
-  const auto [stop, error] = std::from_chars(text.data(), end, number);
-  if (error != std::errc() || stop != end) return std::nullopt;
-  return number;
-}
-
 // Splits a text at the first `separator`; the second part is empty without one.
 std::pair<std::string_view, std::string_view> Split(std::string_view text, char separator) {
   const std::size_t at = text.find(separator);
@@ -57,8 +48,8 @@ std::pair<std::string_view, std::string_view> Split(std::string_view text, char 
 std::string AddFault(std::string_view text, Faults& faults) {
   const auto [call, statusText] = Split(text, '=');
   const auto [entry, occurrenceText] = Split(call, ':');
-  const auto status = NumberOf(statusText);
-  const auto occurrence = NumberOf(occurrenceText);
+  const auto status = WholeNumber<std::int32_t>(statusText);
+  const auto occurrence = WholeNumber<std::int32_t>(occurrenceText);
   if (!status || !occurrence || *occurrence < 0) {
     return '"' + std::string(text) + "\" is not ENTRY:OCCURRENCE=STATUS";
   }

@@ -5,12 +5,12 @@
 #define QUILLKIT_SIMULATOR_LINE_PARSER_H_
 
 #include <algorithm>
-#include <charconv>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string_view>
-#include <system_error>
+
+#include "simulator/whole_number.h"
 
 namespace quillkit {
 
@@ -42,14 +42,7 @@ class LineParser {
   }
 
   // A decimal number.
-  std::optional<std::uint32_t> Number() {
-    const std::string_view word = Word();
-    std::uint32_t number = 0;
-    const char* const end = word.data() + word.size();
-    const auto [stop, error] = std::from_chars(word.data(), end, number);
-    if (error != std::errc() || stop != end) return std::nullopt;
-    return number;
-  }
+  std::optional<std::uint32_t> Number() { return WholeNumber<std::uint32_t>(Word()); }
 
  private:
   static constexpr std::string_view kBlanks = " \t";
