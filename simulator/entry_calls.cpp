@@ -19,11 +19,15 @@ Status Read(Appliance& appliance, const ABIdent& book, Work work) {
   return found != nullptr ? work(*found) : kNoSuchBook;
 }
 
-// Serves a call that changes an entry: `work` takes the store and the book's path.
+// Serves a call that changes an entry: `work` takes the store and the book's path. `key` and
+// `record` are what came with it, or null.
 template <class Work>
-Status Change(Appliance& appliance, const ABIdent& book, Action action, Work work) {
-  const Status status = PermitEntries(appliance.session.User(), book, action);
-  return status == kNoError ? work(appliance.contents.store, appliance.PathOf(book)) : status;
+Status Change(Appliance& appliance, const ABIdent& book, EntryKey* key, void* record, Action action,
+              Work work) {
+  Status status = PermitEntries(appliance.session.User(), book, action);
+  if (status == kNoError) status = work(appliance.contents.store, appliance.PathOf(book));
+  appliance.lies.Scribble(book.kind, key, record);
+  return status;
 }
 
 Status ReadLog(Appliance& appliance, const ABIdent& book, const ReadRequest& request,
@@ -109,7 +113,7 @@ Status IMSPCreateEntry(ABIdent* book, void* record) {
       [=](Appliance& appliance) {
         if (book == nullptr || record == nullptr) return kInvalidField;
         return Change(
-            appliance, *book, Action::kCreateEntry,
+            appliance, *book, nullptr, record, Action::kCreateEntry,
             [&](Store& store, const BookPath& path) { return store.CreateEntry(path, record); });
       },
       book, RecordArgument{record});
@@ -120,11 +124,12 @@ Status IMSPModifyEntry(ABIdent* book, EntryKey* key, void* record) {
       {"IMSPModifyEntry"},
       [=](Appliance& appliance) {
         if (book == nullptr || key == nullptr || record == nullptr) return kInvalidField;
-        return Change(appliance, *book, Action::kChange, [&](Store& store, BookPath path) {
-          if (!IsListRename(path)) return store.ModifyEntry(path, *key, record);
-          path.name = *key;
-          return store.RenameBook(path, NameOf(record));
-        });
+        return Change(appliance, *book, key, record, Action::kChange,
+                      [&](Store& store, BookPath path) {
+                        if (!IsListRename(path)) return store.ModifyEntry(path, *key, record);
+                        path.name = *key;
+                        return store.RenameBook(path, NameOf(record));
+                      });
       },
       book, key, RecordArgument{record});
 }
@@ -134,9 +139,9 @@ Status IMSPDeleteEntry(ABIdent* book, EntryKey* key) {
       {"IMSPDeleteEntry"},
       [=](Appliance& appliance) {
         if (book == nullptr || key == nullptr) return kInvalidField;
-        return Change(appliance, *book, Action::kChange, [&](Store& store, const BookPath& path) {
-          return store.DeleteEntry(path, *key);
-        });
+        return Change(
+            appliance, *book, key, nullptr, Action::kChange,
+            [&](Store& store, const BookPath& path) { return store.DeleteEntry(path, *key); });
       },
       book, key);
 }

@@ -1,6 +1,7 @@
 #include "simulator/lies.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace quillkit {
 
@@ -10,7 +11,8 @@ void Lies::Set(std::uint32_t lies) {
 }
 
 std::uint32_t Lies::DeliveredCount(std::size_t delivered, std::uint32_t capacity) const {
-  return Tells(kLieDeliveredCount) ? capacity + 1000 : static_cast<std::uint32_t>(delivered);
+  if (Tells(kLieDeliveredCount)) return capacity + 1000;
+  return static_cast<std::uint32_t>(delivered - (Tells(kLieUntold) && delivered != 0 ? 1 : 0));
 }
 
 void Lies::Fill(const BookType& type, void* record) const {
@@ -20,6 +22,13 @@ void Lies::Fill(const BookType& type, void* record) const {
 
 void Lies::FillText(char* text, std::size_t size) const {
   if (Tells(kLieUnterminated)) std::fill(std::find(text, text + size, '\0'), text + size, '~');
+}
+
+void Lies::Scribble(BookKind kind, EntryKey* key, void* record) const {
+  if (!Tells(kLieScribble)) return;
+  if (key != nullptr) std::memset(static_cast<void*>(key), '~', sizeof *key);
+  const BookType* const type = TypeOf(kind);
+  if (type != nullptr && record != nullptr) std::memset(record, '~', type->recordSize);
 }
 
 void Lies::Distort(PageBoundary* row, std::size_t index) const {

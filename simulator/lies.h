@@ -33,6 +33,10 @@ class Lies {
   void Fill(const BookType& type, void* record) const;
   void FillText(char* text, std::size_t size) const;
 
+  // Overwrites what came in with a change of an entry: a key and a record of a book of
+  // this kind, where they are not null.
+  void Scribble(BookKind kind, EntryKey* key, void* record) const;
+
   // Distorts a row of the census.
   void Distort(PageBoundary* row, std::size_t index) const;
 

@@ -13,7 +13,7 @@ std::string_view TextOf(const char* text) {
 }
 
 BookPath PathOf(BookKind kind, const char* book, const char* user) {
-  return {kind, EntryKey(TextOf(book)), TextOf(user)};
+  return {kind, EntryKey::Of(TextOf(book)), TextOf(user)};
 }
 
 std::int32_t CopyLogRecord(const LogBook& log, std::string_view user, std::size_t index,
@@ -100,7 +100,7 @@ std::int32_t SimulatorFindEntry(BookKind kind, const char* book, const char* use
   if (name == nullptr || record == nullptr) return 0;
   if (kind == BookKind::kLog) return CopyLogRecord(appliance.log, name, 0, record);
   const Book* const found = appliance.contents.store.Find(PathOf(kind, book, user));
-  return found != nullptr ? CopyRecord(found->Find(EntryKey(name)), record) : 0;
+  return found != nullptr ? CopyRecord(found->Find(EntryKey::Of(name)), record) : 0;
 }
 
 std::int32_t SimulatorPutEntry(BookKind kind, const char* book, const char* user,

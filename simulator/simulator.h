@@ -56,6 +56,11 @@ enum SimulatorLie : std::uint32_t {
   kLieCensus = 16,
   // Sizes, and the numbers of books, are off by 7 more at every call.
   kLieSize = 32,
+  // The key and the record that come with a change of an entry are overwritten to their ends,
+  // whatever the appliance answers.
+  kLieScribble = 64,
+  // Bulk reads, listings and the census tell one less than they delivered.
+  kLieUntold = 128,
 };
 
 extern "C" {
