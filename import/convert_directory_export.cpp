@@ -1,7 +1,6 @@
 #include "import/convert_directory_export.h"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -47,71 +46,43 @@ bool BeginsWith(std::string_view line, std::string_view mark) {
   return line.size() >= mark.size() && std::equal(mark.begin(), mark.end(), line.begin());
 }
 
-// One attribute of the entry that is being read: the first value of its name.
-class Attribute {
- public:
-  explicit Attribute(std::size_t width) : width_(width) {}
-
-  bool IsSeen() const { return isSeen_; }
-  void Forget() { isSeen_ = false; }
-
-  // Takes `text`, cut at the width and then without its leading blanks.
-  void Take(std::string_view text) {
-    text = text.substr(0, width_);
-    while (text.starts_with(' ')) text.remove_prefix(1);
-    size_ = text.size();
-    std::copy(text.begin(), text.end(), value_.begin());
-    isSeen_ = true;
-  }
-
-  std::string_view Value() const { return {value_.data(), size_}; }
-
- private:
-  const std::size_t width_;
-  std::array<char, 255> value_ = {};  // as wide as the widest
-  std::size_t size_ = 0;
-  bool isSeen_ = false;
-};
-
-class DirectoryEntries {
- public:
-  DirectoryEntries(ScriptWriter& script, bool isAdmin) : script_(script), isAdmin_(isAdmin) {}
-
-  void Take(std::string_view line) {
-    if (!isInEntry_) {
-      isInEntry_ = BeginsWith(line, kEntryMark);
-    } else if (HoldsEntryMark(line)) {
-      Forget();
-    } else if (!name_.IsSeen() && BeginsWith(line, kNameMark)) {
-      name_.Take(line.substr(kNameMark.size()));
-      if (address_.IsSeen()) Write();
-    } else if (!address_.IsSeen() && BeginsWith(line, kAddressMark)) {
-      address_.Take(line.substr(kAddressMark.size()));
-      if (name_.IsSeen()) Write();
-    }
-  }
-
- private:
-  void Forget() {
-    name_.Forget();
-    address_.Forget();
-  }
-
-  void Write() {
-    const std::string_view values[] = {name_.Value(), address_.Value()};
-    WriteEntry(script_, EmailScriptBook(), isAdmin_, values);
-    Forget();
-    isInEntry_ = false;
-  }
-
-  ScriptWriter& script_;
-  const bool isAdmin_;
-  bool isInEntry_ = false;
-  Attribute name_{EmailScriptBook().widths[0]};
-  Attribute address_{EmailScriptBook().widths[1]};
-};
-
 }  // namespace
+
+void DirectoryEntry::Attribute::Take(std::string_view text, std::size_t width) {
+  text = text.substr(0, width);
+  while (text.starts_with(' ')) text.remove_prefix(1);
+  size_ = text.size();
+  std::copy(text.begin(), text.end(), value_.begin());
+  isSeen_ = true;
+}
+
+bool DirectoryEntry::Take(std::string_view line) {
+  const ScriptBook& book = EmailScriptBook();
+  if (!isOpen_) {
+    isOpen_ = BeginsWith(line, kEntryMark);
+  } else if (HoldsEntryMark(line)) {
+    Forget();
+  } else if (!name_.IsSeen() && BeginsWith(line, kNameMark)) {
+    name_.Take(line.substr(kNameMark.size()), book.widths[0]);
+    return CloseWhenComplete();
+  } else if (!address_.IsSeen() && BeginsWith(line, kAddressMark)) {
+    address_.Take(line.substr(kAddressMark.size()), book.widths[1]);
+    return CloseWhenComplete();
+  }
+  return false;
+}
+
+void DirectoryEntry::Forget() {
+  name_.Forget();
+  address_.Forget();
+}
+
+bool DirectoryEntry::CloseWhenComplete() {
+  if (!name_.IsSeen() || !address_.IsSeen()) return false;
+  Forget();
+  isOpen_ = false;
+  return true;
+}
 
 std::int32_t ConvertDirectoryExport(const char* sourcePath, const char* scriptPath,
                                     std::int32_t clearFirst, std::int32_t isAdmin,
@@ -121,10 +92,12 @@ std::int32_t ConvertDirectoryExport(const char* sourcePath, const char* scriptPa
   if (failure != kConverted) return failure;
   if (isAdmin != 0 && clearFirst != 0) conversion.script().Append(kWordlessClearLine);
 
-  DirectoryEntries entries(conversion.script(), isAdmin != 0);
+  DirectoryEntry entry;
   for (TextSpan line; conversion.NextLine(&line);) {
     PumpPendingMessages(pumpWindow, restoreCursor);
-    if (line.size() > 1) entries.Take(View(line.first(line.size() - 1)));
+    if (line.size() <= 1 || !entry.Take(View(line.first(line.size() - 1)))) continue;
+    const std::string_view values[] = {entry.Name(), entry.Address()};
+    WriteEntry(conversion.script(), EmailScriptBook(), isAdmin != 0, values);
   }
   return conversion.Close();
 }

@@ -13,7 +13,10 @@
 #ifndef QUILLKIT_IMPORT_CONVERT_DIRECTORY_EXPORT_H_
 #define QUILLKIT_IMPORT_CONVERT_DIRECTORY_EXPORT_H_
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 #include "platform/message_pump.h"
 
@@ -28,6 +31,44 @@ namespace quillkit {
 std::int32_t ConvertDirectoryExport(const char* sourcePath, const char* scriptPath,
                                     std::int32_t clearFirst, std::int32_t isAdmin,
                                     WindowHandle pumpWindow, std::int32_t restoreCursor);
+
+// The entry of an export that is being read, line by line.
+class DirectoryEntry {
+ public:
+  // Takes the next line of the export, without the character that every line loses. True when it
+  // completes an entry, of which Name() and Address() are good until the next call.
+  bool Take(std::string_view line);
+
+  // What the entry has so far; nothing once it was complete.
+  bool HasName() const { return name_.IsSeen(); }
+  bool HasAddress() const { return address_.IsSeen(); }
+
+  // The values taken last.
+  std::string_view Name() const { return name_.Value(); }
+  std::string_view Address() const { return address_.Value(); }
+
+ private:
+  // The first value of an attribute.
+  class Attribute {
+   public:
+    bool IsSeen() const { return isSeen_; }
+    void Forget() { isSeen_ = false; }
+    void Take(std::string_view text, std::size_t width);
+    std::string_view Value() const { return {value_.data(), size_}; }
+
+   private:
+    std::array<char, 255> value_ = {};  // as wide as the widest
+    std::size_t size_ = 0;
+    bool isSeen_ = false;
+  };
+
+  void Forget();
+  bool CloseWhenComplete();
+
+  bool isOpen_ = false;
+  Attribute name_;
+  Attribute address_;
+};
 
 }  // namespace quillkit
 

@@ -28,13 +28,11 @@ bool BeginsWith(TextSpan text, char c) {
   return !text.empty() && text.front() == c;
 }
 
-// Splits a row and gives its name, or null when the row does not count or ends before its name.
-// Three passes go from the row word to the name. One that stands at a comma steps over that and
-// leaves the splitting where it is; any other takes the next field.
-TextSpan FindName(TextSpan line) {
-  const TextSpan word = NextQuotedField(line.data(), ',');
-  if (View(word) != kRowWord || End(word) == End(line)) return {};
-  TextSpan name = line.subspan(word.size() + 1);
+// The name in the part of a row behind its first field, or null when that ends before its name.
+// Three passes go to the name. One that stands at a comma steps over that and leaves the splitting
+// where it is; any other takes the next field.
+TextSpan FindName(TextSpan rest) {
+  TextSpan name = rest;
   for (int pass = 0; pass < 3; ++pass) {
     if (BeginsWith(name, ',')) {
       name = name.subspan(1);
@@ -42,7 +40,7 @@ TextSpan FindName(TextSpan line) {
     }
     name = NextQuotedField(nullptr, ',');
     if (name.data() == nullptr) return {};
-    if (BeginsWith(name, '"')) name = SplitInsideQuotes(name, line);
+    if (BeginsWith(name, '"')) name = SplitInsideQuotes(name, rest);
   }
   return name;
 }
@@ -52,21 +50,18 @@ std::size_t AddressLength(std::string_view text) {
   return static_cast<std::size_t>(std::find_if(text.begin(), text.end(), ends) - text.begin());
 }
 
-// Stores what follows the first "SMTP:" in `text`, up to where an address ends. False without one.
-bool FindAddress(std::string_view text, std::string_view* address) {
+// What follows the first "SMTP:" in `text`, up to where an address ends; null without one.
+std::string_view FindAddress(std::string_view text) {
   const std::size_t mark = text.find(kAddressMark);
-  if (mark == text.npos) return false;
+  if (mark == text.npos) return {};
   text.remove_prefix(mark + kAddressMark.size());
-  *address = text.substr(0, AddressLength(text));
-  return true;
+  return text.substr(0, AddressLength(text));
 }
 
 void TakeRow(TextSpan line, ScriptWriter& script, bool isAdmin) {
-  const TextSpan name = FindName(line);
-  if (name.data() == nullptr || End(name) == End(line)) return;
-  std::string_view address;
-  if (!FindAddress({End(name) + 1, End(line)}, &address)) return;
-  const std::string_view values[] = {View(name), address};
+  const MailServerRow row = SplitMailServerRow(line);
+  if (row.address.data() == nullptr) return;
+  const std::string_view values[] = {row.name, row.address};
   WriteEntry(script, EmailScriptBook(), isAdmin, values);
 }
 
@@ -85,6 +80,18 @@ std::int32_t ConvertMailServerExport(const char* sourcePath, const char* scriptP
     TakeRow(line, conversion.script(), isAdmin != 0);
   }
   return conversion.Close();
+}
+
+MailServerRow SplitMailServerRow(TextSpan line) {
+  MailServerRow row;
+  const TextSpan word = NextQuotedField(line.data(), ',');
+  row.isMailbox = View(word) == kRowWord;
+  if (!row.isMailbox || End(word) == End(line)) return row;
+  const TextSpan name = FindName(line.subspan(word.size() + 1));
+  if (name.data() == nullptr || End(name) == End(line)) return row;
+  row.name = View(name);
+  row.address = FindAddress({End(name) + 1, End(line)});
+  return row;
 }
 
 }  // namespace quillkit

@@ -13,7 +13,9 @@
 #define QUILLKIT_IMPORT_CONVERT_MAIL_SERVER_EXPORT_H_
 
 #include <cstdint>
+#include <string_view>
 
+#include "import/line_reader.h"
 #include "platform/message_pump.h"
 
 namespace quillkit {
@@ -22,6 +24,17 @@ namespace quillkit {
 std::int32_t ConvertMailServerExport(const char* sourcePath, const char* scriptPath,
                                      std::int32_t clearFirst, std::int32_t isAdmin,
                                      WindowHandle pumpWindow, std::int32_t restoreCursor);
+
+// A row taken to pieces. What is not there is null.
+struct MailServerRow {
+  bool isMailbox = false;  // whether the row counts
+  std::string_view name;   // null in a row that ends with its name, too
+  std::string_view address;
+};
+
+// Splits a row, its newline included where it has one. The values lie in `line`, which the
+// splitting uses up.
+MailServerRow SplitMailServerRow(TextSpan line);
 
 }  // namespace quillkit
 
