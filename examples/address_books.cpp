@@ -28,8 +28,8 @@ Row Cells(const quillkit::PrinterRecord& entry) {
 }
 
 Row Cells(const quillkit::CUserEntry& entry) {
-  return {Text(entry.name), entry.password.IsEmpty() ? "" : "(set)", Text(entry.third),
-          Text(entry.fourth)};
+  return {Text(entry.name), std::string(entry.password.IsEmpty() ? "" : kHiddenPassword),
+          Text(entry.third), Text(entry.fourth)};
 }
 
 template <typename Record, BookKind kKind>
@@ -50,21 +50,25 @@ std::span<const AddressBook> PublicBooks() {
        "e-mail book",
        quillkit::TargetEmail,
        {"Name", "Address"},
+       2,
        ReadBook<quillkit::CEmailEntry, BookKind::kEmail>},
       {"fax",
        "fax book",
        quillkit::TargetFax,
        {"Name", "Number", "Third"},
+       2,
        ReadBook<quillkit::CFaxEntry, BookKind::kFax>},
       {"printers",
        "printer book",
        quillkit::TargetPrinters,
        {"Name", "Description", "Model"},
+       1,
        ReadBook<quillkit::PrinterRecord, BookKind::kPrinters>},
       {"users",
        "user book",
        quillkit::TargetUsers,
        {"Name", "Password", "Third", "Fourth"},
+       1,
        ReadBook<quillkit::CUserEntry, BookKind::kUsers>},
   }};
   return books;
@@ -76,6 +80,7 @@ std::span<const AddressBook> PrivateBook() {
         "private e-mail book",
         0,
         {"Name", "Address"},
+        2,
         ReadBook<quillkit::CEmailEntry, BookKind::kPrivateEmail>}}};
   return book;
 }

@@ -3,6 +3,7 @@
 #ifndef QUILLKIT_EXAMPLES_ADDRESS_BOOKS_H_
 #define QUILLKIT_EXAMPLES_ADDRESS_BOOKS_H_
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string_view>
@@ -16,14 +17,19 @@ namespace quillctl {
 // The simulated appliance's function that gives one entry.
 using EntryAt = decltype(&quillkit::SimulatorEntryAt);
 
+// What a row shows for a password that is not empty.
+inline constexpr std::string_view kHiddenPassword = "(set)";
+
 struct AddressBook {
   std::string_view word;   // its name on the command line
   std::string_view title;  // its name in sentences
   std::int32_t target;     // its number in ImportOptions::targetBook, 0 where it has none
-  // The fields that a column map supplies, in its order; also the headings of the rows.
+  // The fields that a column map supplies, in its order; also the headings of the rows. In small
+  // letters they are the fields' words.
   Row fields;
+  std::size_t needed;  // how many of them, from the first on, no entry is of use without
   // A row for each entry, in the book's order. `user` is whose the book is, where books are users'
-  // own. A password is shown as a mark that there is one.
+  // own. A password is shown as kHiddenPassword.
   std::vector<Row> (*read)(EntryAt entryAt, const char* user);
 };
 

@@ -3,7 +3,6 @@
 #include <memory>
 #include <utility>
 
-#include "examples/import_command.h"
 #include "examples/item_commands.h"
 #include "examples/key_commands.h"
 #include "examples/key_set_commands.h"
@@ -167,31 +166,6 @@ void AddKeySetCommands(Commands& commands) {
   apply->add_option("file", a->file, "The file")->required();
   auto* yes = apply->add_flag("--yes", a->yes, "Do not ask");
   apply->add_flag("--dry-run", a->dryRun, "Show what differs, and change nothing")->excludes(yes);
-}
-
-void AddImportCommand(Commands& commands) {
-  const auto request = std::make_shared<ImportRequest>();
-  ImportRequest& into = *request;
-  CLI::App* import = commands.AddOffline("import", "Fill an address book from a file",
-                                         [request](const Credentials& credentials) {
-                                           const Import plan(*request);
-                                           Session session(credentials);
-                                           plan.Run(session);
-                                         });
-  import->add_option("file", into.file, "The file")->required();
-  import->add_option("--format", into.format, "What it holds")
-      ->required()
-      ->check(CLI::IsMember(ImportFormatWords()));
-  import->add_option("--target", into.target, "csv only: the book to fill, else that for e-mail")
-      ->check(CLI::IsMember(BookWords()));
-  import->add_option("--map", into.map,
-                     "csv only: for each field of the book the column of the file, from 0, or -1 "
-                     "for none, as in 2,10");
-  import->add_flag("--skip-header", into.skipHeader, "csv only: drop the first line");
-  import->add_flag("--clear", into.clearFirst,
-                   "Clear the book first: as ADMINISTRATOR, and with csv");
-  import->add_option("--show", into.shown, "How many of the new entries to show")
-      ->capture_default_str();
 }
 
 }  // namespace quillctl

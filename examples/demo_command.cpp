@@ -60,22 +60,27 @@ struct DataFiles {
   std::string mailServer;
 };
 
-void ImportContacts(const Session& session, const std::string& file, const char* target,
-                    const char* map) {
+ImportRequest FileRequest(const std::string& file) {
   ImportRequest request;
   request.file = file;
+  request.faultsShown = 3;
+  return request;
+}
+
+void ImportContacts(const Session& session, const std::string& file, const char* target,
+                    const char* map) {
+  ImportRequest request = FileRequest(file);
   request.format = "csv";
   request.target = target;
   request.map = map;
   request.skipHeader = true;
-  Import(request).Run(session);
+  ImportAsPartOfSession(request, session);
 }
 
 void ImportExport(const Session& session, const std::string& file, const char* format) {
-  ImportRequest request;
-  request.file = file;
+  ImportRequest request = FileRequest(file);
   request.format = format;
-  Import(request).Run(session);
+  ImportAsPartOfSession(request, session);
 }
 
 void ImportFiles(const Session& session, const DataFiles& files) {

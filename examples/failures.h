@@ -1,4 +1,4 @@
-// How quillctl fails: with one of the two exceptions below, whose text is shown and whose kind is
+// How quillctl fails: with one of the exceptions below, whose text is shown and whose kind is
 // the exit status. Results of the library become exceptions here and nowhere else.
 
 #ifndef QUILLKIT_EXAMPLES_FAILURES_H_
@@ -14,6 +14,7 @@ namespace quillctl {
 inline constexpr int kExitGood = 0;
 inline constexpr int kExitRefused = 1;
 inline constexpr int kExitUsage = 2;
+inline constexpr int kExitPartly = 3;
 
 // The appliance or the library refused, or does not have what was named.
 class Refusal : public std::runtime_error {
@@ -22,6 +23,11 @@ class Refusal : public std::runtime_error {
 
 // The command line cannot be carried out as it stands.
 class UsageError : public std::runtime_error {
+  using runtime_error::runtime_error;
+};
+
+// Some rows of a file became entries and some did not.
+class PartialFailure : public std::runtime_error {
   using runtime_error::runtime_error;
 };
 

@@ -1,28 +1,18 @@
 #include "examples/import_command.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <iostream>
 
-#include "examples/column_map.h"
-#include "examples/displayed_text.h"
 #include "examples/failures.h"
+#include "examples/import_faults.h"
+#include "examples/import_file.h"
+#include "examples/import_plan.h"
+#include "examples/import_report.h"
+#include "examples/rejected_rows.h"
 #include "examples/stored_books.h"
 
 namespace quillctl {
 namespace {
-
-struct ImportFormat {
-  const char* word;
-  std::uint32_t selector;  // ImportOptions::format
-};
-
-constexpr ImportFormat kFormats[] = {
-    {"csv", quillkit::ImportFormatDelimited},
-    {"directory", quillkit::ImportFormatDirectory},
-    {"mail", quillkit::ImportFormatMailServer},
-    {"script", quillkit::ImportFormatScript},
-};
 
 using Contents = std::vector<std::vector<Row>>;
 
@@ -54,71 +44,93 @@ void ShowBook(const AddressBook& book, const std::vector<Row>& before, const std
   table.Print(std::cout);
 }
 
-std::string WithoutFolder(const std::string& path) {
-  const std::string name = std::filesystem::path(path).filename().string();
-  return Quoted(name.empty() ? path : name);
+// A batch that fails leaves on the appliance what it had carried out.
+[[noreturn]] void ThrowRefused(std::int32_t status, const ImportPlan& plan, const std::string& file,
+                               const Contents& now) {
+  std::string text = "cannot import " + file + ": " + CodeAndText(status);
+  if (!now.empty() && !plan.IsScript()) {
+    ImportRows rows = plan.rows();
+    FindAbsent(rows.rows, now.front());
+    text += "; the appliance has " + std::to_string(rows.Entries()) + " of the " +
+            std::to_string(plan.rows().Entries()) + " entries";
+  }
+  throw Refusal(text);
+}
+
+// Tells what became of the rows in front of what the books show.
+void ShowRows(const ImportPlan& plan, const ImportRequest& request) {
+  if (request.json) {
+    ShowImportJson(plan.rows());
+  } else if (plan.IsScript()) {
+    std::cout << "Imported " << WithoutFolder(request.file) << ".\n";
+  } else {
+    ShowImportSummary(WithoutFolder(request.file), plan.rows());
+    ShowFaults(plan.rows(), request.faultsShown);
+  }
+}
+
+// Imports what the plan has, and gives its rows the faults that the books show afterwards.
+void Import(ImportPlan& plan, const ImportRequest& request, const Session& session) {
+  const std::span<const AddressBook> books = plan.books();
+  const StoredBooks stored;
+  const bool canLook = stored.CanLook();
+  const Contents before = canLook ? ReadAll(stored, books, session.user()) : Contents();
+  const std::int32_t status = plan.Send(session.scanner());
+  const Contents now = canLook ? ReadAll(stored, books, session.user()) : Contents();
+  if (status != 0) ThrowRefused(status, plan, WithoutFolder(request.file), now);
+  if (canLook && !plan.IsScript()) FindAbsent(plan.rows().rows, now.front());
+  ShowRows(plan, request);
+  if (request.json) return;
+  if (!canLook) {
+    std::cout << "What arrived cannot be shown: this server library is not the simulated one.\n";
+    return;
+  }
+  for (std::size_t i = 0; i < books.size(); ++i) {
+    ShowBook(books[i], before[i], now[i], request.shown);
+  }
+}
+
+// With nothing to send, a book would at most be cleared.
+void RequireEntries(const ImportPlan& plan, const ImportRequest& request) {
+  if (plan.IsScript() || plan.rows().Entries() != 0) return;
+  if (request.json) {
+    ShowImportJson(plan.rows());
+  } else {
+    ShowFaults(plan.rows(), request.faultsShown);
+  }
+  throw Refusal("no row of " + WithoutFolder(request.file) +
+                " can become an entry; nothing was sent");
+}
+
+void WriteRejects(const ImportPlan& plan, const ImportRequest& request) {
+  if (!request.rejects.empty()) WriteRejectedRows(request.rejects, request.file, plan.rows());
 }
 
 }  // namespace
 
-std::vector<std::string> ImportFormatWords() {
-  std::vector<std::string> words;
-  for (const ImportFormat& each : kFormats) words.emplace_back(each.word);
-  return words;
+void RunImport(const ImportRequest& request, const Credentials& credentials) {
+  ImportPlan plan(request, credentials.user == "ADMINISTRATOR");
+  WriteRejects(plan, request);
+  RequireEntries(plan, request);
+  if (request.dryRun) {
+    std::cout << plan.Script();
+    ShowFaults(plan.rows(), request.faultsShown);
+  } else {
+    const std::size_t entries = plan.rows().Entries();
+    const Session session(credentials);
+    Import(plan, request, session);
+    if (plan.rows().Entries() != entries) WriteRejects(plan, request);
+  }
+  const std::size_t rejected = plan.rows().Rejected();
+  if (rejected == 0) return;
+  throw PartialFailure(std::to_string(rejected) + " of " + std::to_string(plan.rows().rows.size()) +
+                       " rows " + (request.dryRun ? "can become no entries" : "became no entries"));
 }
 
-Import::Import(const ImportRequest& request) : file_(request.file), shown_(request.shown) {
-  quillkit::ImportOptions& options = mapped_.options;
-  for (const ImportFormat& each : kFormats) {
-    if (each.word == request.format) options.format = each.selector;
-  }
-  options.clearFirst = request.clearFirst ? 1 : 0;
-  if (options.format == quillkit::ImportFormatDelimited) {
-    TakeDelimited(request);
-    return;
-  }
-
-  const bool anyBook = options.format == quillkit::ImportFormatScript;
-  if (request.skipHeader || !request.target.empty() || !request.map.empty()) {
-    throw UsageError("--target, --map and --skip-header are for the format csv");
-  }
-  if (anyBook && request.clearFirst) throw UsageError("--clear has no effect on a script");
-  books_ = anyBook ? PublicBooks() : PublicBooks().first(1);
-}
-
-void Import::TakeDelimited(const ImportRequest& request) {
-  books_ = BookOfWord(request.target.empty() ? "email" : request.target);
-  const AddressBook& book = books_.front();
-  if (request.map.empty()) throw UsageError("the format csv needs a --map, as in --map 2,10");
-  const std::vector<std::int32_t> columns = ParseColumnMap(request.map);
-  if (columns.size() != book.fields.size()) {
-    throw UsageError("a map for the " + std::string(book.title) + " has " +
-                     std::to_string(book.fields.size()) + " columns");
-  }
-  quillkit::ImportOptions& options = mapped_.options;
-  options.skipHeader = request.skipHeader ? 1 : 0;
-  options.targetBook = book.target;
-  options.columnCount = static_cast<std::int32_t>(columns.size());
-  options.columnMap[0] = columns.front();
-  std::copy(columns.begin() + 1, columns.end(), mapped_.moreColumns);
-}
-
-void Import::Run(const Session& session) const {
-  const bool isAdmin = quillkit::IsAdminConnected(session.scanner()) != 0;
-  const std::span<const AddressBook> books = isAdmin ? books_ : PrivateBook();
-  const StoredBooks stored;
-  Contents before;
-  if (stored.CanLook()) before = ReadAll(stored, books, session.user());
-
-  RequireGood(quillkit::ImportAddressBook(session.scanner(), file_.c_str(), &mapped_.options),
-              "import " + WithoutFolder(file_));
-  std::cout << "Imported " << WithoutFolder(file_) << ".\n";
-  if (!stored.CanLook()) {
-    std::cout << "What arrived cannot be shown: this server library is not the simulated one.\n";
-    return;
-  }
-  const Contents now = ReadAll(stored, books, session.user());
-  for (std::size_t i = 0; i < books.size(); ++i) ShowBook(books[i], before[i], now[i], shown_);
+void ImportAsPartOfSession(const ImportRequest& request, const Session& session) {
+  ImportPlan plan(request, quillkit::IsAdminConnected(session.scanner()) != 0);
+  RequireEntries(plan, request);
+  Import(plan, request, session);
 }
 
 }  // namespace quillctl

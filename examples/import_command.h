@@ -3,57 +3,22 @@
 #ifndef QUILLKIT_EXAMPLES_IMPORT_COMMAND_H_
 #define QUILLKIT_EXAMPLES_IMPORT_COMMAND_H_
 
-#include <cstddef>
-#include <cstdint>
-#include <span>
-#include <string>
-#include <vector>
-
-#include "examples/address_books.h"
+#include "examples/import_request.h"
 #include "examples/session.h"
 
 namespace quillctl {
 
-// The formats of files by the names that the command line has for them.
-std::vector<std::string> ImportFormatWords();
+// The whole command, login included; or what the request's dryRun leaves of it, which shows the
+// script. Rows that can become no entry are not sent: they go to the file of rejects, before the
+// import, and their faults are told. Throws a UsageError as ImportPlan does; a Refusal when the
+// library or the appliance refuses, and when there is no row to send; a PartialFailure when not
+// every row became an entry.
+void RunImport(const ImportRequest& request, const Credentials& credentials);
 
-// What the command line asks for. `target`, `map` and `skipHeader` are for the format "csv" alone.
-struct ImportRequest {
-  std::string file;
-  std::string format;  // one of ImportFormatWords()
-  std::string target;  // one of BookWords(), or empty for the e-mail book
-  std::string map;     // as ParseColumnMap takes it
-  bool skipHeader = false;
-  bool clearFirst = false;
-  std::size_t shown = 5;  // how many of the entries that arrived are shown
-};
-
-class Import {
- public:
-  // Throws a UsageError for what does not fit the format, and for a map that does not fit the book.
-  explicit Import(const ImportRequest& request);
-
-  // Imports the file and shows the size of each book that it may have filled, and the first entries
-  // that the book did not hold before. Throws a Refusal when the library or the appliance
-  // refuses.
-  void Run(const Session& session) const;
-
- private:
-  // The options with room for as many columns as any book has fields.
-  static constexpr std::size_t kMostColumns = 4;
-  struct MappedOptions {
-    quillkit::ImportOptions options;
-    std::int32_t moreColumns[kMostColumns - 1];
-  };
-  static_assert(offsetof(MappedOptions, moreColumns) == sizeof(quillkit::ImportOptions));
-
-  void TakeDelimited(const ImportRequest& request);
-
-  std::string file_;
-  MappedOptions mapped_ = {};
-  std::span<const AddressBook> books_;  // those that it may fill for the administrator
-  std::size_t shown_;
-};
+// Imports the file and tells what became of its rows, the size of each book that it may have
+// filled, and the first entries that the book did not hold before. Throws as RunImport does, but
+// for rows that did not become entries.
+void ImportAsPartOfSession(const ImportRequest& request, const Session& session);
 
 }  // namespace quillctl
 

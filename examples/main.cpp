@@ -29,6 +29,8 @@ int main(int argc, char** argv) {
     return quillctl::Run(argc, argv);
   } catch (const quillctl::UsageError& error) {
     return quillctl::Report(error.what(), quillctl::kExitUsage);
+  } catch (const quillctl::PartialFailure& error) {
+    return quillctl::Report(error.what(), quillctl::kExitPartly);
   } catch (const std::exception& error) {
     return quillctl::Report(error.what(), quillctl::kExitRefused);
   }

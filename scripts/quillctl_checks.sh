@@ -52,6 +52,8 @@ clean_session() {
     >"$1/session_damaged"
   echo yes >"$1/session_yes"
   echo no >"$1/session_no"
+  printf '%s\n' 'Full Name,Fax,E-mail,Fax' '"Lee, Ann",1,box1' ',2,box2' 'Bob,3,box3' 'Cy,"4,box4' \
+    'A name with more than 31 characters,5,box5' 'Bob,6,box6' >"$1/session_rows.csv"
   printf '%s\n' '{"quillbox-keys": 1,' '"keys": [{]}' >"$1/session_broken.json"
   printf '%s\n' '{"quillbox-keys": 1, "keys": [{"name": "Desks", "items": [' \
     '{"name": "Agnes", "format": 2}, {"name": "Agnes", "format": 3}]}]}' >"$1/session_twice.json"

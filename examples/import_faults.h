@@ -1,0 +1,29 @@
+// What keeps the values of a row from being an entry, whatever the file's format.
+
+#ifndef QUILLKIT_EXAMPLES_IMPORT_FAULTS_H_
+#define QUILLKIT_EXAMPLES_IMPORT_FAULTS_H_
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "examples/address_books.h"
+#include "examples/import_rows.h"
+
+namespace quillctl {
+
+// Gives a fault to each row that has none yet and whose values do not fit an entry of the book: too
+// long, with characters that a script cannot hold, empty where the book needs them, or with the
+// name of an earlier row, whose entry the server would replace. `isAdmin` tells which kind of
+// script it is for. A field whose element of `columns` is -1 may be empty; where there are no
+// columns the format supplies all fields.
+void FindFaults(std::vector<ImportRow>& rows, const AddressBook& book, bool isAdmin,
+                std::span<const std::int32_t> columns);
+
+// The same for the rows that were sent, by what the book now holds: those whose entry is not there,
+// or is another one of that name.
+void FindAbsent(std::vector<ImportRow>& rows, const std::vector<Row>& entries);
+
+}  // namespace quillctl
+
+#endif  // QUILLKIT_EXAMPLES_IMPORT_FAULTS_H_

@@ -1,0 +1,68 @@
+#include "examples/import_file.h"
+
+#include <filesystem>
+#include <fstream>
+#include <vector>
+
+#include "examples/displayed_text.h"
+#include "examples/failures.h"
+
+namespace quillctl {
+namespace {
+
+constexpr std::size_t kLargest = std::size_t{64} << 20;
+constexpr std::size_t kBlock = std::size_t{64} << 10;
+
+}  // namespace
+
+std::string ReadImportFile(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::string bytes;
+  std::vector<char> block(kBlock);
+  while (file) {
+    file.read(block.data(), std::ssize(block));
+    bytes.append(block.data(), static_cast<std::size_t>(file.gcount()));
+    if (bytes.size() > kLargest) throw UsageError(WithoutFolder(path) + " is larger than 64 MiB");
+  }
+  if (!file.eof() || file.bad()) throw UsageError(WithoutFolder(path) + " cannot be read");
+  return bytes;
+}
+
+std::string_view WithoutByteOrderMark(std::string_view text) {
+  constexpr std::string_view kMark = "\xEF\xBB\xBF";
+  if (text.starts_with(kMark)) text.remove_prefix(kMark.size());
+  return text;
+}
+
+std::string WithoutFolder(const std::string& path) {
+  const std::string name = std::filesystem::path(path).filename().string();
+  return Quoted(name.empty() ? path : name);
+}
+
+bool FileLines::Next() {
+  if (rest_.empty()) return false;
+  const std::size_t newline = rest_.find('\n');
+  bytes_ = rest_.substr(0, newline == rest_.npos ? newline : newline + 1);
+  rest_.remove_prefix(bytes_.size());
+  ++number_;
+  return true;
+}
+
+bool FileLines::IsBlank() const {
+  return bytes_.find_first_not_of(" \t\n\v\f\r") == bytes_.npos;
+}
+
+std::string_view FileLines::Text() const {
+  std::string_view text = bytes_;
+  if (!text.ends_with('\n')) return text;
+  text.remove_suffix(text.ends_with("\r\n") ? 2 : 1);
+  return text;
+}
+
+std::string FileLines::Folded() const {
+  std::string folded(Text());
+  if (bytes_.ends_with('\n')) folded += '\n';
+  return folded;
+}
+
+}  // namespace quillctl

@@ -1,0 +1,158 @@
+#include "examples/import_plan.h"
+
+#include <algorithm>
+
+#include "examples/column_map.h"
+#include "examples/failures.h"
+#include "examples/import_faults.h"
+#include "examples/import_file.h"
+#include "examples/temporary_file.h"
+#include "import/convert_delimited_text.h"
+#include "import/convert_directory_export.h"
+#include "import/convert_mail_server_export.h"
+#include "import/script.h"
+
+namespace quillctl {
+namespace {
+
+struct ImportFormat {
+  const char* word;
+  std::uint32_t selector;  // ImportOptions::format
+};
+
+constexpr ImportFormat kFormats[] = {
+    {"csv", quillkit::ImportFormatDelimited},
+    {"directory", quillkit::ImportFormatDirectory},
+    {"mail", quillkit::ImportFormatMailServer},
+    {"script", quillkit::ImportFormatScript},
+};
+
+// The values of the file's first line that is not blank.
+std::vector<std::string> Headings(std::string_view text) {
+  FileLines lines(text);
+  while (lines.Next()) {
+    if (lines.IsBlank()) continue;
+    const std::string fault = LineFault(lines.Text());
+    if (!fault.empty()) throw UsageError("the line of headings cannot be read: " + fault);
+    return DelimitedFields(lines.Text());
+  }
+  return {};
+}
+
+// The script file's text with LF for the line ends of the system.
+std::string ReadScript(const std::string& path) {
+  const std::string bytes = ReadImportFile(path);
+  std::string text;
+  for (FileLines lines(bytes); lines.Next();) text += lines.Folded();
+  return text;
+}
+
+}  // namespace
+
+std::vector<std::string> ImportFormatWords() {
+  std::vector<std::string> words;
+  for (const ImportFormat& each : kFormats) words.emplace_back(each.word);
+  return words;
+}
+
+ImportPlan::ImportPlan(const ImportRequest& request, bool isAdmin)
+    : file_(request.file), isAdmin_(isAdmin) {
+  quillkit::ImportOptions& options = mapped_.options;
+  for (const ImportFormat& each : kFormats) {
+    if (each.word == request.format) options.format = each.selector;
+  }
+  options.clearFirst = request.clearFirst ? 1 : 0;
+  if (options.format == quillkit::ImportFormatDelimited) {
+    TakeDelimited(request);
+  } else {
+    TakeOther(request);
+  }
+}
+
+// No header is sent, and so none is to be skipped.
+void ImportPlan::TakeDelimited(const ImportRequest& request) {
+  books_ = BookOfWord(request.target.empty() ? "email" : request.target);
+  const AddressBook& book = books_.front();
+  if (!isAdmin_ && !quillkit::FindScriptBook(book.target)->hasPlainPair) {
+    throw UsageError("ADMINISTRATOR alone fills the " + std::string(book.title));
+  }
+  if (request.map.empty()) throw UsageError("the format csv needs a --map, as in --map 2,10");
+  const ColumnMap map(request.map, book);
+  text_ = ReadImportFile(file_);
+  const std::string_view text = WithoutByteOrderMark(text_);
+  const std::vector<std::int32_t> columns =
+      map.Columns(map.HasHeadings() ? Headings(text) : std::vector<std::string>());
+  rows_ = DelimitedRows(text, columns, request.skipHeader || map.HasHeadings());
+  FindFaults(rows_.rows, book, isAdmin_, columns);
+
+  quillkit::ImportOptions& options = mapped_.options;
+  options.targetBook = book.target;
+  options.columnCount = static_cast<std::int32_t>(columns.size());
+  options.columnMap[0] = columns.front();
+  std::copy(columns.begin() + 1, columns.end(), mapped_.moreColumns);
+}
+
+void ImportPlan::TakeOther(const ImportRequest& request) {
+  if (request.skipHeader || !request.target.empty() || !request.map.empty()) {
+    throw UsageError("--target, --map and --skip-header are for the format csv");
+  }
+  if (IsScript()) {
+    if (request.clearFirst) throw UsageError("--clear has no effect on a script");
+    if (request.json || !request.rejects.empty()) {
+      throw UsageError("--json and --rejects are for files of rows; a script goes as it stands");
+    }
+    books_ = PublicBooks();
+    return;
+  }
+  books_ = PublicBooks().first(1);
+  text_ = ReadImportFile(file_);
+  const std::string_view text = WithoutByteOrderMark(text_);
+  const bool isDirectory = mapped_.options.format == quillkit::ImportFormatDirectory;
+  rows_ = isDirectory ? DirectoryRows(text) : MailServerRows(text);
+  FindFaults(rows_.rows, books_.front(), isAdmin_, {});
+}
+
+// The directory converter takes a character from a last line without an end; the mail server's
+// takes the end of a line for a part of an address that nothing else ends.
+std::string ImportPlan::RowsToSend() const {
+  std::string bytes;
+  for (const ImportRow& row : rows_.rows) {
+    if (row.fault.empty()) bytes += row.bytes;
+  }
+  const bool isDirectory = mapped_.options.format == quillkit::ImportFormatDirectory;
+  if (isDirectory && !bytes.ends_with('\n')) bytes += '\n';
+  return bytes;
+}
+
+std::int32_t ImportPlan::Convert(const char* source, const char* script) const {
+  const quillkit::ImportOptions& options = mapped_.options;
+  const int isAdmin = isAdmin_ ? 1 : 0;
+  switch (options.format) {
+    case quillkit::ImportFormatDirectory:
+      return quillkit::ConvertDirectoryExport(source, script, options.clearFirst, isAdmin, nullptr,
+                                              0);
+    case quillkit::ImportFormatMailServer:
+      return quillkit::ConvertMailServerExport(source, script, options.clearFirst, isAdmin, nullptr,
+                                               0);
+    default:
+      return quillkit::ConvertDelimitedText(source, options.targetBook, ColumnMapOf(options),
+                                            script, 0, ",", options.clearFirst, isAdmin, "",
+                                            nullptr, 0);
+  }
+}
+
+std::string ImportPlan::Script() const {
+  if (IsScript()) return ReadScript(file_);
+  const TemporaryFile source(RowsToSend());
+  const TemporaryFile script("");
+  RequireGood(Convert(source.path().c_str(), script.path().c_str()), "write the script");
+  return ReadScript(script.path());
+}
+
+std::int32_t ImportPlan::Send(quillkit::CScanner* scanner) const {
+  if (IsScript()) return ImportAddressBook(scanner, file_.c_str(), &mapped_.options);
+  const TemporaryFile source(RowsToSend());
+  return ImportAddressBook(scanner, source.path().c_str(), &mapped_.options);
+}
+
+}  // namespace quillctl

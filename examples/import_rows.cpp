@@ -1,0 +1,219 @@
+#include "examples/import_rows.h"
+
+#include <algorithm>
+#include <numeric>
+#include <optional>
+#include <utility>
+
+#include "examples/import_file.h"
+#include "import/convert_delimited_text.h"
+#include "import/convert_directory_export.h"
+#include "import/convert_mail_server_export.h"
+#include "import/script.h"
+
+namespace quillctl {
+namespace {
+
+using quillkit::LineReader;
+
+constexpr const char* kSeparator = ",";
+
+bool HasOpenQuote(std::string_view text) {
+  return std::ranges::count(text, '"') % 2 != 0;
+}
+
+// The values of the columns, null where the line has no such column. They lie in `line`.
+std::vector<std::string_view> MappedValues(std::string& line,
+                                           std::span<const std::int32_t> columns) {
+  std::vector<std::string_view> values(columns.size());
+  quillkit::SplitMappedColumns(line.data(), columns, values, kSeparator);
+  return values;
+}
+
+ImportRow DelimitedRow(const FileLines& line, std::span<const std::int32_t> columns) {
+  ImportRow row{line.Number(), line.Bytes()};
+  row.fault = LineFault(line.Text());
+  if (!row.fault.empty()) return row;
+  std::string text(line.Text());
+  const std::vector<std::string_view> values = MappedValues(text, columns);
+  row.values.assign(values.begin(), values.end());
+  for (std::size_t i = 0; i < values.size() && row.fault.empty(); ++i) {
+    if (values[i].data() != nullptr || columns[i] < 0) continue;
+    row.fault = HasOpenQuote(line.Text()) ? "a double quote is not closed"
+                                          : "there is no column " + std::to_string(columns[i]);
+  }
+  return row;
+}
+
+// Whether the class of a line is that of mailboxes, be it in quotes.
+bool IsMailboxLine(std::string_view text) {
+  constexpr std::int32_t kClass[] = {0};
+  std::string line(text);
+  return MappedValues(line, kClass).front() == "Mailbox";
+}
+
+ImportRow MailServerRow(const FileLines& line) {
+  ImportRow row{line.Number(), line.Bytes()};
+  row.fault = LineFault(line.Text());
+  if (!row.fault.empty()) return row;
+  std::string text = line.Folded();
+  const quillkit::MailServerRow parts = quillkit::SplitMailServerRow(text);
+  if (!parts.isMailbox) {
+    row.fault = "its class is not the bare word Mailbox";
+  } else if (parts.name.data() == nullptr) {
+    row.fault = HasOpenQuote(line.Text()) ? "a double quote is not closed"
+                                          : "it ends before or with the name";
+  } else if (parts.address.data() == nullptr) {
+    row.fault = "it has no address: no \"SMTP:\" stands behind the name";
+  } else {
+    row.values = {std::string(parts.name), std::string(parts.address)};
+  }
+  return row;
+}
+
+// An entry of a directory export on its way through the converter's own class.
+class DirectoryRow {
+ public:
+  explicit DirectoryRow(const FileLines& first) : row_{first.Number(), first.Bytes()} {
+    Take(first);
+  }
+
+  void Take(const FileLines& line) {
+    const std::string_view text = line.Text();
+    row_.bytes = {row_.bytes.data(), text.data() + line.Bytes().size()};
+    if (text.find('\0') != text.npos) row_.fault = "a line holds a NUL character";
+    if (!valueBefore_.empty() && text.starts_with(' ')) {
+      row_.fault = valueBefore_ + " goes on in the next line";
+    }
+    valueBefore_.clear();
+
+    const bool wasOpen = !IsComplete();
+    const bool hadName = entry_.HasName();
+    const bool hadAddress = entry_.HasAddress();
+    TakeIntoEntry(text);
+    if (wasOpen && !hadName && (IsComplete() || entry_.HasName())) {
+      LookAtValue(0, entry_.Name(), text);
+    }
+    if (wasOpen && !hadAddress && (IsComplete() || entry_.HasAddress())) {
+      LookAtValue(1, entry_.Address(), text);
+    }
+  }
+
+  void Finish(ImportRows& into) {
+    if (!hadValue_) {
+      ++into.passedOver;
+      return;
+    }
+    if (!IsComplete() && row_.fault.empty()) {
+      row_.fault = entry_.HasName()
+                       ? "it has no address: no \"mail:\" line"
+                       : "it has no name: no \"cn:\" line, or \"dn:\" stands behind it";
+    }
+    into.rows.push_back(std::move(row_));
+  }
+
+ private:
+  bool IsComplete() const { return !row_.values.empty(); }
+
+  // Gives the line in the pieces that LineReader makes of it, less the character that each loses.
+  void TakeIntoEntry(std::string_view text) {
+    for (; text.size() >= LineReader::kMaxLine; text.remove_prefix(LineReader::kMaxLine)) {
+      TakePiece(text.substr(0, LineReader::kMaxLine - 1));
+    }
+    TakePiece(text);
+  }
+
+  void TakePiece(std::string_view piece) {
+    if (!entry_.Take(piece)) return;
+    if (IsComplete()) row_.fault = "a line is so long that its end opens another entry";
+    row_.values = {std::string(entry_.Name()), std::string(entry_.Address())};
+  }
+
+  // `text` is the line that gave the value of the name, 0, or of the address, 1.
+  void LookAtValue(std::size_t field, std::string_view value, std::string_view text) {
+    constexpr const char* kFields[] = {"the name", "the address"};
+    hadValue_ = true;
+    valueBefore_ = kFields[field];
+    if (value.starts_with(':')) row_.fault = valueBefore_ + " is encoded, with a double colon";
+    text.remove_prefix(std::min(text.find(':') + 1, text.size()));
+    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+    if (text == value) return;
+    row_.fault = valueBefore_ + " with the blanks before it is longer than " +
+                 std::to_string(quillkit::EmailScriptBook().widths[field]) + " characters";
+  }
+
+  ImportRow row_;
+  quillkit::DirectoryEntry entry_;
+  bool hadValue_ = false;    // whether a name or an address came, complete or not
+  std::string valueBefore_;  // what the line before gave; empty for nothing
+};
+
+}  // namespace
+
+std::size_t ImportRows::Entries() const {
+  return static_cast<std::size_t>(
+      std::ranges::count_if(rows, [](const ImportRow& row) { return row.fault.empty(); }));
+}
+
+std::vector<std::string> DelimitedFields(std::string_view line) {
+  std::string text(line);
+  std::vector<std::int32_t> columns(
+      static_cast<std::size_t>(std::ranges::count(text, *kSeparator)) + 1);
+  std::iota(columns.begin(), columns.end(), 0);
+  std::vector<std::string> fields;
+  for (const std::string_view value : MappedValues(text, columns)) {
+    if (value.data() != nullptr) fields.emplace_back(value);
+  }
+  return fields;
+}
+
+std::string LineFault(std::string_view text) {
+  if (text.find('\0') != text.npos) return "it holds a NUL character";
+  if (text.size() < LineReader::kMaxLine) return {};
+  return "it is longer than " + std::to_string(LineReader::kMaxLine - 1) + " characters";
+}
+
+ImportRows DelimitedRows(std::string_view text, std::span<const std::int32_t> columns,
+                         bool hasHeader) {
+  ImportRows found;
+  for (FileLines lines(text); lines.Next();) {
+    if (lines.IsBlank()) continue;
+    if (hasHeader && found.header.empty()) {
+      found.header = lines.Bytes();
+    } else {
+      found.rows.push_back(DelimitedRow(lines, columns));
+    }
+  }
+  return found;
+}
+
+ImportRows DirectoryRows(std::string_view text) {
+  ImportRows found;
+  std::optional<DirectoryRow> row;
+  for (FileLines lines(text); lines.Next();) {
+    if (lines.Text().starts_with("dn:")) {
+      if (row) row->Finish(found);
+      row.emplace(lines);
+    } else if (row) {
+      row->Take(lines);
+    }
+  }
+  if (row) row->Finish(found);
+  return found;
+}
+
+ImportRows MailServerRows(std::string_view text) {
+  ImportRows found;
+  for (FileLines lines(text); lines.Next();) {
+    if (lines.IsBlank()) continue;
+    if (IsMailboxLine(lines.Text())) {
+      found.rows.push_back(MailServerRow(lines));
+      continue;
+    }
+    if (found.rows.empty() && found.passedOver == 0) found.header = lines.Bytes();
+    ++found.passedOver;
+  }
+  return found;
+}
+
+}  // namespace quillctl

@@ -1,0 +1,27 @@
+// A file in the system's folder for temporary ones that lasts as long as this object.
+
+#ifndef QUILLKIT_EXAMPLES_TEMPORARY_FILE_H_
+#define QUILLKIT_EXAMPLES_TEMPORARY_FILE_H_
+
+#include <string>
+#include <string_view>
+
+namespace quillctl {
+
+class TemporaryFile {
+ public:
+  // Creates it with these bytes. Throws a Refusal when that fails.
+  explicit TemporaryFile(std::string_view bytes);
+  TemporaryFile(const TemporaryFile&) = delete;
+  TemporaryFile& operator=(const TemporaryFile&) = delete;
+  ~TemporaryFile();
+
+  const std::string& path() const { return path_; }
+
+ private:
+  std::string path_;
+};
+
+}  // namespace quillctl
+
+#endif  // QUILLKIT_EXAMPLES_TEMPORARY_FILE_H_
