@@ -1,8 +1,8 @@
 #include "examples/command_line.h"
 
 #include <filesystem>
-#include <fstream>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -11,6 +11,7 @@
 #include "examples/displayed_text.h"
 #include "examples/failures.h"
 #include "examples/info_command.h"
+#include "examples/password.h"
 
 namespace quillctl {
 namespace {
@@ -18,21 +19,10 @@ namespace {
 constexpr const char* kFooter =
     "The options of quillctl itself (quillctl --help) stand before or behind the command.\n"
     "Exit status: 0 good; 1 the appliance or the library refused, or does not have what is named;\n"
-    "2 the command line or a file cannot be carried out as it stands.";
+    "2 the command line or a file cannot be carried out as it stands; 4 nobody could be logged in.";
 
 // The simulated appliance's, as it is delivered.
 constexpr const char* kSimulatedPassword = "quill";
-
-// The first line of a file.
-std::string ReadPassword(const std::string& path) {
-  std::ifstream file(path);
-  std::string password;
-  if (!std::getline(file, password)) {
-    throw UsageError("the password file cannot be read or is empty");
-  }
-  if (password.ends_with('\r')) password.pop_back();
-  return password;
-}
 
 class Parser {
  public:
@@ -42,6 +32,7 @@ class Parser {
 
  private:
   void AddCredentials();
+  void TakePassword();
   void AddInfoCommand();
   void AddDemoCommand(const std::string& program);
 
@@ -50,7 +41,8 @@ class Parser {
   CLI::App app_{"Looks after the soft keys and the address books of a Quillbox."};
   CommandLine line_;
   Commands commands_{app_, line_};
-  std::string passwordFile_;
+  std::optional<std::string> passwordFile_;
+  bool passwordIsInput_ = false;
 };
 
 Parser::Parser(const std::string& program) {
@@ -77,8 +69,7 @@ CommandLine Parser::Parse(int argc, const char* const* argv) {
   } catch (const CLI::ParseError& error) {
     throw UsageError(WhatIsWrong(error));
   }
-  line_.credentials.hasPassword = app_.count("--password") + app_.count("--password-file") != 0;
-  if (!passwordFile_.empty()) line_.credentials.password = ReadPassword(passwordFile_);
+  TakePassword();
   return line_;
 }
 
@@ -89,9 +80,24 @@ void Parser::AddCredentials() {
   app_.add_option("--user", into.user, "The account")->capture_default_str();
   auto* password = app_.add_option("--password", into.password,
                                    "Its password; others may see it in the list of processes");
-  app_.add_option("--password-file", passwordFile_, "A file whose first line is it")
-      ->excludes(password);
+  auto* file = app_.add_option("--password-file", passwordFile_, "A file whose first line is it")
+                   ->excludes(password);
+  app_.add_flag("--password-stdin", passwordIsInput_, "The first line of standard input is it")
+      ->excludes(password)
+      ->excludes(file);
   app_.add_option("--third", into.third, "The third field of the login");
+}
+
+void Parser::TakePassword() {
+  std::optional<std::string>& password = line_.credentials.password;
+  if (password) return;
+  if (passwordFile_) {
+    password = PasswordInFile(*passwordFile_);
+  } else if (passwordIsInput_) {
+    password = PasswordInInput();
+  } else {
+    password = PasswordInEnvironment();
+  }
 }
 
 void Parser::AddInfoCommand() {
@@ -108,8 +114,7 @@ void Parser::AddDemoCommand(const std::string& program) {
       commands_.AddOffline("demo", "Show what Quillkit does; adds to the appliance's books",
                            [folder](const Credentials& given) {
                              Credentials credentials = given;
-                             if (!credentials.hasPassword)
-                               credentials.password = kSimulatedPassword;
+                             if (!credentials.password) credentials.password = kSimulatedPassword;
                              Session session(credentials);
                              RunDemo(session, *folder);
                            });

@@ -15,10 +15,16 @@ inline constexpr int kExitGood = 0;
 inline constexpr int kExitRefused = 1;
 inline constexpr int kExitUsage = 2;
 inline constexpr int kExitPartly = 3;
+inline constexpr int kExitNoLogin = 4;
 
 // The appliance or the library refused, or does not have what was named.
 class Refusal : public std::runtime_error {
   using runtime_error::runtime_error;
+};
+
+// Nobody is logged in: there is no appliance, or it refused the account.
+class LoginRefusal : public Refusal {
+  using Refusal::Refusal;
 };
 
 // The command line cannot be carried out as it stands.

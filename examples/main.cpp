@@ -31,6 +31,8 @@ int main(int argc, char** argv) {
     return quillctl::Report(error.what(), quillctl::kExitUsage);
   } catch (const quillctl::PartialFailure& error) {
     return quillctl::Report(error.what(), quillctl::kExitPartly);
+  } catch (const quillctl::LoginRefusal& error) {
+    return quillctl::Report(error.what(), quillctl::kExitNoLogin);
   } catch (const std::exception& error) {
     return quillctl::Report(error.what(), quillctl::kExitRefused);
   }

@@ -2,6 +2,7 @@
 
 #include "examples/displayed_text.h"
 #include "examples/failures.h"
+#include "examples/password.h"
 
 namespace quillctl {
 namespace {
@@ -11,21 +12,27 @@ std::string WhyNoLogin(const Credentials& credentials) {
   const std::int32_t status = quillkit::GetLastToolkitError();
   if (status != 0) return CodeAndText(status);
   if (credentials.user.size() > 31) return "the user has more than 31 characters";
-  if (credentials.password.size() > 15) return "the password has more than 15 characters";
+  if (credentials.password->size() > 15) return "the password has more than 15 characters";
   if (credentials.third.size() > 255) return "the third field has more than 255 characters";
   return "no appliance can have this address";
 }
 
 }  // namespace
 
-Session::Session(const Credentials& credentials)
-    : scanner_(quillkit::LogToQuillbox(credentials.host, credentials.user, credentials.password,
-                                       credentials.third, 0)),
-      user_(credentials.user) {
-  if (scanner_ == nullptr) {
-    throw Refusal("cannot log in to " + Quoted(credentials.host) + " as " +
-                  Quoted(credentials.user) + ": " + WhyNoLogin(credentials));
+Session::Session(const Credentials& credentials) : credentials_(credentials) {
+  if (!credentials_.password) {
+    credentials_.password = AskForPassword(credentials_.user, credentials_.host);
   }
+  LogIn();
+}
+
+void Session::LogIn() {
+  scanner_ = quillkit::LogToQuillbox(credentials_.host, credentials_.user, *credentials_.password,
+                                     credentials_.third, 0);
+  open_ = scanner_ != nullptr;
+  if (open_) return;
+  throw LoginRefusal("cannot log in to " + Quoted(credentials_.host) + " as " +
+                     Quoted(credentials_.user) + ": " + WhyNoLogin(credentials_));
 }
 
 Session::~Session() {
@@ -41,7 +48,7 @@ void Session::LogOut() {
 quillkit::CTopLevelAB* Session::LoadKeys(bool withItems) const {
   quillkit::CTopLevelAB* book = quillkit::GetTopLevelAbook(scanner_);
   if (book == nullptr) {
-    throw Refusal(Quoted(user_) + " has no soft keys; ADMINISTRATOR and TOOLKIT do");
+    throw Refusal(Quoted(user()) + " has no soft keys; ADMINISTRATOR and TOOLKIT do");
   }
   RequireGood(quillkit::LoadTopLevelAbook(book, withItems ? 1 : 0), "read the soft keys");
   return book;

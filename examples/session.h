@@ -5,6 +5,7 @@
 #define QUILLKIT_EXAMPLES_SESSION_H_
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "toolkit/quillkit.h"
@@ -14,8 +15,7 @@ namespace quillctl {
 struct Credentials {
   std::string host = "127.0.0.1";
   std::string user = "ADMINISTRATOR";
-  std::string password;
-  bool hasPassword = false;  // whether one was given, be it empty
+  std::optional<std::string> password;  // none: whoever sits at the terminal is asked
   std::string third;
 };
 
@@ -29,7 +29,7 @@ using OwnedKey = std::unique_ptr<quillkit::CSoftKey, DestroyHandle>;
 
 class Session {
  public:
-  // Logs in. Throws a Refusal that tells why when that fails.
+  // Logs in. Throws a LoginRefusal that tells why when that fails.
   explicit Session(const Credentials& credentials);
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
@@ -40,17 +40,20 @@ class Session {
   // The scanner stays readable.
   void LogOut();
 
+  // Logs in anew, as the constructor did. Handles of the session before are good no more.
+  void LogIn();
+
   quillkit::CScanner* scanner() const { return scanner_; }
-  const std::string& user() const { return user_; }
+  const std::string& user() const { return credentials_.user; }
 
   // The top-level book, with its keys read anew, and their items too when `withItems` is set.
   // Throws a Refusal for a user who has no such book, and when it cannot be read.
   quillkit::CTopLevelAB* LoadKeys(bool withItems) const;
 
  private:
-  quillkit::CScanner* scanner_;
-  std::string user_;
-  bool open_ = true;
+  Credentials credentials_;
+  quillkit::CScanner* scanner_ = nullptr;
+  bool open_ = false;
 };
 
 }  // namespace quillctl

@@ -9,8 +9,8 @@
 
 transcript=tests/examples/quillctl.txt
 
-# check_quillctl FOLDER: whether the quillctl in the folder does what the transcript tells, and does
-# so again.
+# check_quillctl FOLDER: whether the quillctl in the folder does what the transcript tells, does so
+# again, and asks for passwords as it should.
 check_quillctl() {
   local pass
   write_session "$1" quillctl_session.sh \
@@ -20,8 +20,9 @@ check_quillctl() {
     -e "s|^\$ show |cat |p"
   for pass in 1 2; do
     clean_session "$1"
-    (cd "$1" && sh quillctl_session.sh </dev/null) | compare_transcript "$1" "$pass" || return 1
+    (cd "$1" && env -u QUILLCTL_PASSWORD sh quillctl_session.sh </dev/null) | compare_transcript "$1" "$pass" || return 1
   done
+  scripts/check_prompt "$1/quillctl"
 }
 
 # check_quillctl_exe FOLDER: the same of quillctl.exe, once and all in one run of Wine.
@@ -33,7 +34,7 @@ check_quillctl_exe() {
     -e "s|^\$ show |@type |p"
   clean_session "$1"
   echo '@exit 0' >>"$1/quillctl_session.bat"  # not the status of the last run
-  in_wine "$1" cmd /c quillctl_session.bat | compare_transcript "$1" 1
+  in_wine "$1" cmd /c quillctl_session.bat </dev/null | compare_transcript "$1" 1
 }
 
 # write_session FOLDER FILE COMMANDS: a script that makes the runs of the transcript. The commands are
@@ -48,6 +49,7 @@ write_session() {
 clean_session() {
   rm -f "$1"/session_*
   echo KELP >"$1/password.txt"
+  printf 'KELP\0\n' >"$1/session_zero"
   printf '%s\n' 'quillbox state 1' 'book 512 "Desks" ""' 'entry "Agnes"' end \
     >"$1/session_damaged"
   echo yes >"$1/session_yes"
@@ -79,11 +81,11 @@ check_without_server_library() {
   local out status=0
   out=$(mktemp -d)
   cp "$1/quillctl" "$1/libQuillkit.so" "$out"
-  "$out/quillctl" info 2>"$out/errors" || status=$?
-  if [ "$status" = 1 ] && grep -q 'code 20, IMSP Unitialized' "$out/errors"; then
+  "$out/quillctl" info </dev/null 2>"$out/errors" || status=$?
+  if [ "$status" = 4 ] && grep -q 'code 20, IMSP Unitialized' "$out/errors"; then
     status=0
   else
-    echo "quillctl without a server library: status $status, to be 1, with code 20:"
+    echo "quillctl without a server library: status $status, to be 4, with code 20:"
     cat "$out/errors"
     status=1
   fi

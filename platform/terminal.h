@@ -1,0 +1,24 @@
+// The terminal that standard input may be.
+
+#ifndef QUILLKIT_PLATFORM_TERMINAL_H_
+#define QUILLKIT_PLATFORM_TERMINAL_H_
+
+namespace quillkit {
+
+// Whether somebody types what standard input gives.
+bool IsInputTyped();
+
+// While it lives, the terminal does not show what is typed. It does so again afterwards, also when
+// the user interrupts the program. Without effect where standard input is no terminal. There is one
+// at a time.
+class HiddenInput {
+ public:
+  HiddenInput();
+  HiddenInput(const HiddenInput&) = delete;
+  HiddenInput& operator=(const HiddenInput&) = delete;
+  ~HiddenInput();
+};
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_PLATFORM_TERMINAL_H_
