@@ -1,25 +1,23 @@
 #include "examples/command_line.h"
 
 #include <filesystem>
+#include <iostream>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "examples/commands.h"
+#include "examples/completion.h"
 #include "examples/demo_command.h"
 #include "examples/displayed_text.h"
 #include "examples/failures.h"
+#include "examples/help_texts.h"
 #include "examples/info_command.h"
 #include "examples/password.h"
 
 namespace quillctl {
 namespace {
-
-constexpr const char* kFooter =
-    "The options of quillctl itself (quillctl --help) stand before or behind the command.\n"
-    "Exit status: 0 good; 1 the appliance or the library refused, or does not have what is named;\n"
-    "2 the command line or a file cannot be carried out as it stands; 4 nobody could be logged in.";
 
 // The simulated appliance's, as it is delivered.
 constexpr const char* kSimulatedPassword = "quill";
@@ -35,6 +33,7 @@ class Parser {
   void TakePassword();
   void AddInfoCommand();
   void AddDemoCommand(const std::string& program);
+  void AddCompletionCommand();
 
   std::string WhatIsWrong(const CLI::ParseError& error) const;
 
@@ -47,7 +46,6 @@ class Parser {
 
 Parser::Parser(const std::string& program) {
   app_.name("quillctl");
-  app_.footer(kFooter);
   app_.fallthrough();
   app_.allow_windows_style_options(false);  // a path may begin with a slash
   app_.require_subcommand(1);
@@ -58,6 +56,8 @@ Parser::Parser(const std::string& program) {
   AddKeySetCommands(commands_);
   AddImportCommand(commands_);
   AddDemoCommand(program);
+  AddCompletionCommand();
+  AddHelpTexts(app_);
 }
 
 CommandLine Parser::Parse(int argc, const char* const* argv) {
@@ -81,6 +81,7 @@ void Parser::AddCredentials() {
   auto* password = app_.add_option("--password", into.password,
                                    "Its password; others may see it in the list of processes");
   auto* file = app_.add_option("--password-file", passwordFile_, "A file whose first line is it")
+                   ->type_name("FILE")
                    ->excludes(password);
   app_.add_flag("--password-stdin", passwordIsInput_, "The first line of standard input is it")
       ->excludes(password)
@@ -122,11 +123,28 @@ void Parser::AddDemoCommand(const std::string& program) {
                    "The folder of the files to import, else \"data\" beside quillctl");
 }
 
+void Parser::AddCompletionCommand() {
+  const auto shell = std::make_shared<std::string>();
+  CLI::App* completion = app_.add_subcommand(
+      "completion", "Print a script by which a shell completes commands and options");
+  completion->add_option("shell", *shell, "The shell")
+      ->required()
+      ->check(CLI::IsMember(CompletionShells()));
+  completion->callback([this, shell] {
+    line_.action = [script = CompletionScript(app_, *shell)](const Credentials&) {
+      std::cout << script;
+    };
+  });
+}
+
 // What CLI11 says quotes arguments that it does not expect; one may be a password that follows a
 // misspelt option.
 std::string Parser::WhatIsWrong(const CLI::ParseError& error) const {
   const std::vector<std::string> unexpected = app_.remaining(true);
-  if (unexpected.empty()) return error.what();
+  if (unexpected.empty()) {
+    const bool needsCommand = app_.get_subcommands().empty() && error.get_name() == "RequiredError";
+    return needsCommand ? "a command is needed; quillctl --help tells them" : error.what();
+  }
   const std::string& first = unexpected.front();
   if (first.starts_with("--")) return "unknown option " + Quoted(first.substr(0, first.find('=')));
   if (first.starts_with('-')) return "unknown option " + Quoted(first.substr(0, 2));

@@ -47,8 +47,9 @@ void AddItemOptions(CLI::App* command, Fields& into) {
   command->add_option("--address", into.address, "Its address, at most 255 characters");
   command->add_option("--path", into.path, "Its path, at most 127");
   command->add_option("--application", into.appTag, "Its application tag, at most 127");
-  command->add_option("--file-format", into.fileFormat, "Its file format, a number");
-  command->add_option("--settings", into.settings, "Its settings, a number");
+  command->add_option("--file-format", into.fileFormat, "Its file format")->type_name("NUMBER");
+  command->add_option("--settings", into.settings, "Its settings, as 65538 or 0x10002")
+      ->type_name("NUMBER");
 }
 
 void AddListCommands(Commands& commands) {
@@ -99,7 +100,10 @@ CLI::App* Commands::AddOffline(const char* name, const char* help, CommandLine::
 }
 
 CLI::Option* AddName(CLI::App* command, const char* title, std::string& into, const char* help) {
-  return command->add_option(title, into, help)->required()->check(NameFault, "NAME");
+  return command->add_option(title, into, help)
+      ->required()
+      ->type_name("NAME")
+      ->check(NameFault, "");
 }
 
 void AddKeyCommands(Commands& commands) {
@@ -134,7 +138,7 @@ void AddItemCommands(Commands& commands) {
                                 [a](Session& s) { EditItem(s, a->key, a->name, a->edit); });
   AddName(edit, "key", a->key, kKeyHelp);
   AddName(edit, "name", a->name, kItemHelp);
-  edit->add_option("--name", a->edit.name, "Its new name")->check(NameFault, "NAME");
+  edit->add_option("--name", a->edit.name, "Its new name")->type_name("NAME")->check(NameFault, "");
   AddItemOptions(edit, a->edit);
 
   CLI::App* rename = commands.Add("rename-item", "Rename an item",
@@ -154,7 +158,7 @@ void AddKeySetCommands(Commands& commands) {
   const SharedArguments a = NewArguments();
   CLI::App* save = commands.Add("export", "Write all keys and items as JSON",
                                 [a](Session& s) { ExportKeys(s, a->file); });
-  save->add_option("file", a->file, "The file, else the standard output");
+  save->add_option("file", a->file, "The file, else the standard output")->type_name("FILE");
 
   CLI::App* apply =
       commands.Add("apply", "Make the keys those of a file of export", [a](Session& s) {
@@ -163,7 +167,7 @@ void AddKeySetCommands(Commands& commands) {
                   : a->yes  ? Consent::kGiven
                             : Consent::kAsk);
       });
-  apply->add_option("file", a->file, "The file")->required();
+  apply->add_option("file", a->file, "The file")->required()->type_name("FILE");
   auto* yes = apply->add_flag("--yes", a->yes, "Do not ask");
   apply->add_flag("--dry-run", a->dryRun, "Show what differs, and change nothing")->excludes(yes);
 }

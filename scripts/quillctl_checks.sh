@@ -10,7 +10,7 @@
 transcript=tests/examples/quillctl.txt
 
 # check_quillctl FOLDER: whether the quillctl in the folder does what the transcript tells, does so
-# again, and asks for passwords as it should.
+# again, asks for passwords and completes commands.
 check_quillctl() {
   local pass
   write_session "$1" quillctl_session.sh \
@@ -20,9 +20,34 @@ check_quillctl() {
     -e "s|^\$ show |cat |p"
   for pass in 1 2; do
     clean_session "$1"
-    (cd "$1" && env -u QUILLCTL_PASSWORD sh quillctl_session.sh </dev/null) | compare_transcript "$1" "$pass" || return 1
+    (cd "$1" && env -u QUILLCTL_PASSWORD sh quillctl_session.sh </dev/null) |
+      compare_transcript "$1" "$pass" || return 1
   done
-  scripts/check_prompt "$1/quillctl"
+  scripts/check_prompt "$1/quillctl" && check_completion "$1"
+}
+
+# check_completion FOLDER: whether bash completes commands, options and choices as quillctl tells it.
+check_completion() {
+  bash -euc '
+    eval "$("$1/quillctl" completion bash)"
+    complete -p quillctl >/dev/null
+    while IFS=: read -r line expected; do
+      IFS=" " read -ra words <<<"$line"
+      COMP_WORDS=(quillctl "${words[@]}") COMP_CWORD=${#words[@]}
+      _quillctl || true  # where it knows no word
+      [ "${COMPREPLY[*]-}" = "$expected" ] && continue
+      echo "quillctl $line completes to ${COMPREPLY[*]-}, not to $expected"
+      exit 1
+    done
+    echo "bash completes the commands of quillctl"
+  ' bash "$1" <<'END'
+inf:info
+--pass:--password --password-file --password-stdin
+apply --y:--yes
+--user keys completion f:fish
+import --format m:mail
+rename-item --host i:
+END
 }
 
 # check_quillctl_exe FOLDER: the same of quillctl.exe, once and all in one run of Wine.
