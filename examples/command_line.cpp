@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "examples/check_command.h"
 #include "examples/commands.h"
 #include "examples/completion.h"
 #include "examples/demo_command.h"
@@ -32,6 +33,7 @@ class Parser {
   void AddCredentials();
   void TakePassword();
   void AddInfoCommand();
+  void AddCheckCommand();
   void AddDemoCommand(const std::string& program);
   void AddCompletionCommand();
 
@@ -51,6 +53,7 @@ Parser::Parser(const std::string& program) {
   app_.require_subcommand(1);
   AddCredentials();
   AddInfoCommand();
+  AddCheckCommand();
   AddKeyCommands(commands_);
   AddItemCommands(commands_);
   AddKeySetCommands(commands_);
@@ -106,6 +109,20 @@ void Parser::AddInfoCommand() {
   CLI::App* info = commands_.Add("info", "Show the appliance and who is logged in",
                                  [json](Session& session) { ShowInfo(session, *json); });
   info->add_flag("--json", *json, "Show it as JSON");
+}
+
+void Parser::AddCheckCommand() {
+  struct Arguments {
+    bool write = false;
+    bool json = false;
+  };
+  const auto a = std::make_shared<Arguments>();
+  CLI::App* check =
+      commands_.AddOffline("check", "Check that an appliance answers as the toolkit needs it",
+                           [a](const Credentials& c) { CheckAppliance(c, a->write, a->json); });
+  check->add_flag("--write", a->write,
+                  "Also add a soft key of an unused name, change it and delete it again");
+  check->add_flag("--json", a->json, "Show it as JSON");
 }
 
 void Parser::AddDemoCommand(const std::string& program) {

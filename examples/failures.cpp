@@ -50,4 +50,11 @@ void RequireGood(std::int32_t status, std::string_view what) {
   if (status != 0) throw Refusal("cannot " + std::string(what) + ": " + CodeAndText(status));
 }
 
+void RequireCode(std::int32_t status, std::int32_t expected) {
+  if (status == expected) return;
+  if (expected == 0) throw Refusal(CodeAndText(status));
+  throw Refusal((status == 0 ? "it was accepted" : CodeAndText(status)) + "; to come was " +
+                CodeAndText(expected));
+}
+
 }  // namespace quillctl

@@ -44,6 +44,9 @@ std::string CodeAndText(std::int32_t status);
 // Throws "cannot `what`: code and text" unless the status is 0.
 void RequireGood(std::int32_t status, std::string_view what);
 
+// The same for what is asked only to see the code that comes.
+void RequireCode(std::int32_t status, std::int32_t expected);
+
 }  // namespace quillctl
 
 #endif  // QUILLKIT_EXAMPLES_FAILURES_H_

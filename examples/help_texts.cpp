@@ -28,6 +28,7 @@ struct Example {
 };
 constexpr Example kExamples[] = {
     {"info", "--host quillbox.example"},
+    {"check", "--host quillbox.example --write"},
     {"keys", "--json"},
     {"add-key", "Accounting"},
     {"rename-key", "Archive Records"},

@@ -8,9 +8,7 @@
 #include "examples/text_table.h"
 
 namespace quillctl {
-namespace {
 
-// The address is in network byte order: its first byte in memory is its first number.
 std::string DottedAddress(std::uint32_t address) {
   std::string text;
   for (const unsigned char byte : std::bit_cast<std::array<unsigned char, 4>>(address)) {
@@ -19,8 +17,6 @@ std::string DottedAddress(std::uint32_t address) {
   }
   return text;
 }
-
-}  // namespace
 
 void ShowInfo(const Session& session, bool json) {
   quillkit::CScanner* scanner = session.scanner();

@@ -3,9 +3,15 @@
 #ifndef QUILLKIT_EXAMPLES_INFO_COMMAND_H_
 #define QUILLKIT_EXAMPLES_INFO_COMMAND_H_
 
+#include <cstdint>
+#include <string>
+
 #include "examples/session.h"
 
 namespace quillctl {
+
+// The address is in network byte order: its first byte in memory is its first number.
+std::string DottedAddress(std::uint32_t address);
 
 void ShowInfo(const Session& session, bool json = false);
 

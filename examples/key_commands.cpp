@@ -9,9 +9,7 @@
 #include "examples/text_table.h"
 
 namespace quillctl {
-namespace {
 
-// A key that carries a name for the operations on a book.
 OwnedKey MakeKey(const std::string& name, quillkit::CTopLevelAB* book) {
   quillkit::CSoftKey* key = nullptr;
   const bool made = quillkit::CreateSoftKey(name, book, &key) != 0;
@@ -19,8 +17,6 @@ OwnedKey MakeKey(const std::string& name, quillkit::CTopLevelAB* book) {
   if (!made) throw std::bad_alloc();
   return owned;
 }
-
-}  // namespace
 
 void ShowKeys(const Session& session, bool json) {
   quillkit::CTopLevelAB* book = session.LoadKeys(false);

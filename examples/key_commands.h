@@ -21,6 +21,9 @@ void DeleteKey(const Session& session, const std::string& name);
 // The key of this name in a book that was loaded; throws a Refusal when there is none.
 quillkit::CSoftKey* FindKey(quillkit::CTopLevelAB* book, const std::string& name);
 
+// A key that carries a name for the operations on a book.
+OwnedKey MakeKey(const std::string& name, quillkit::CTopLevelAB* book);
+
 }  // namespace quillctl
 
 #endif  // QUILLKIT_EXAMPLES_KEY_COMMANDS_H_

@@ -14,6 +14,8 @@ namespace quillctl {
 struct KeyFields {
   std::string name;
   std::vector<ItemFields> items;
+
+  bool operator==(const KeyFields&) const = default;
 };
 using KeySet = std::vector<KeyFields>;
 

@@ -43,6 +43,7 @@ class Session {
   // Logs in anew, as the constructor did. Handles of the session before are good no more.
   void LogIn();
 
+  bool IsOpen() const { return open_; }
   quillkit::CScanner* scanner() const { return scanner_; }
   const std::string& user() const { return credentials_.user; }
 

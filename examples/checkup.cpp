@@ -1,0 +1,36 @@
+#include "examples/checkup.h"
+
+#include "examples/failures.h"
+#include "examples/key_set_difference.h"
+
+namespace quillctl {
+
+Session& Checkup::session() {
+  if (!session_ || !session_->IsOpen()) throw Skip("nobody is logged in");
+  return *session_;
+}
+
+const KeySet& Checkup::keys() const {
+  if (!keys_) throw Skip("the keys and their items were not read");
+  return *keys_;
+}
+
+void Checkup::RequireSameKeys() {
+  const KeySet& before = keys();
+  const KeySet now = ReadKeySet(session());
+  if (now == before) return;
+  const std::vector<KeySetChange> changes = Difference(before, now);
+  throw Refusal(changes.empty() ? "the order is not the one of before"
+                                : "this differs from before: " + Described(changes.front()));
+}
+
+std::string FreeName(quillkit::CTopLevelAB* book, const std::string& taken) {
+  const std::string first = "quillctl check";
+  std::string name = first;
+  for (int i = 2; name == taken || quillkit::FindSoftKeyIndex(book, name) >= 0; ++i) {
+    name = first + ' ' + std::to_string(i);
+  }
+  return name;
+}
+
+}  // namespace quillctl

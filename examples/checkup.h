@@ -1,0 +1,63 @@
+// The steps of `quillctl check`, and what they share.
+
+#ifndef QUILLKIT_EXAMPLES_CHECKUP_H_
+#define QUILLKIT_EXAMPLES_CHECKUP_H_
+
+#include <functional>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "examples/key_set.h"
+
+namespace quillctl {
+
+// Why a step was not made.
+class Skip : public std::runtime_error {
+  using runtime_error::runtime_error;
+};
+
+class Checkup {
+ public:
+  explicit Checkup(const Credentials& credentials) : credentials_(credentials) {}
+
+  Session& LogIn() { return session_.emplace(credentials_); }
+
+  // The session; a Skip where there is none.
+  Session& session();
+
+  // The keys as they were when they were first read; a Skip where they were not.
+  const KeySet& keys() const;
+  void SetKeys(KeySet keys) { keys_ = std::move(keys); }
+
+  // Reads the keys anew. A Refusal that tells what differs where they are not as they were.
+  void RequireSameKeys();
+
+ private:
+  Credentials credentials_;
+  std::optional<Session> session_;
+  std::optional<KeySet> keys_;
+};
+
+// A name that no key of a book that was loaded has, nor is `taken`.
+std::string FreeName(quillkit::CTopLevelAB* book, const std::string& taken = "");
+
+// What a step that is good has to tell, which may be nothing. One that fails throws a Refusal.
+struct Step {
+  std::string title;
+  std::function<std::string(Checkup&)> run;
+};
+
+// They change nothing on the server. The session is open behind them where the login was good.
+std::vector<Step> ReadingSteps();
+
+// They add a key of their own, change it and delete it again, once by the plain functions and once
+// by the Fast ones. Whatever fails, the key goes, or a step tells that it is left behind.
+std::vector<Step> ChangingSteps();
+
+std::vector<Step> ClosingSteps();
+
+}  // namespace quillctl
+
+#endif  // QUILLKIT_EXAMPLES_CHECKUP_H_
