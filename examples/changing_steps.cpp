@@ -107,6 +107,8 @@ constexpr Change kChanges[] = {
 
 std::string TakeName(Checkup& checkup, Trial& trial) {
   checkup.keys();
+  checkup.DeferEnding();
+  checkup.RequireTime();
   trial.book = checkup.session().LoadKeys(true);
   if (std::cmp_greater_equal(quillkit::GetCount(trial.book), kMostKeys))
     throw Skip("there is no room for one more key");
@@ -136,6 +138,7 @@ std::int32_t StatusOf(const Change& change, Trial& trial, bool isFast) {
 
 std::string Make(Checkup& checkup, Trial& trial, const Change& change, bool isFast) {
   const Session& session = checkup.session();
+  checkup.RequireTime();
   if (!trial.isGood) throw Skip("a step before it was not good");
   trial.isGood = false;
   trial.key = trial.wanted ? FindKey(trial.book, trial.wanted->name) : nullptr;

@@ -15,6 +15,10 @@ const KeySet& Checkup::keys() const {
   return *keys_;
 }
 
+void Checkup::RequireTime() const {
+  if (ending_ && ending_->IsDemanded()) throw Skip("the check was interrupted");
+}
+
 void Checkup::RequireSameKeys() {
   const KeySet& before = keys();
   const KeySet now = ReadKeySet(session());

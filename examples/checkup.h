@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "examples/key_set.h"
+#include "platform/ending.h"
 
 namespace quillctl {
 
@@ -31,6 +32,12 @@ class Checkup {
   const KeySet& keys() const;
   void SetKeys(KeySet keys) { keys_ = std::move(keys); }
 
+  // From here on the user's wish to end the program is a Skip of RequireTime.
+  void DeferEnding() {
+    if (!ending_) ending_.emplace();
+  }
+  void RequireTime() const;
+
   // Reads the keys anew. A Refusal that tells what differs where they are not as they were.
   void RequireSameKeys();
 
@@ -38,6 +45,7 @@ class Checkup {
   Credentials credentials_;
   std::optional<Session> session_;
   std::optional<KeySet> keys_;
+  std::optional<quillkit::DeferredEnding> ending_;
 };
 
 // A name that no key of a book that was loaded has, nor is `taken`.
@@ -53,7 +61,8 @@ struct Step {
 std::vector<Step> ReadingSteps();
 
 // They add a key of their own, change it and delete it again, once by the plain functions and once
-// by the Fast ones. Whatever fails, the key goes, or a step tells that it is left behind.
+// by the Fast ones. Whatever fails, and also when the user interrupts them, the key goes, or a step
+// tells that it is left behind.
 std::vector<Step> ChangingSteps();
 
 std::vector<Step> ClosingSteps();

@@ -1,28 +1,24 @@
 #include "examples/key_set_commands.h"
 
-#include <fstream>
 #include <iostream>
-#include <iterator>
-#include <string_view>
 
 #include "examples/displayed_text.h"
 #include "examples/failures.h"
 #include "examples/key_commands.h"
 #include "examples/key_set_difference.h"
 #include "examples/key_set_json.h"
+#include "examples/text_file.h"
+#include "platform/ending.h"
 
 namespace quillctl {
 namespace {
 
-std::string ReadFile(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-  if (!file.is_open() || file.bad()) throw UsageError("the file of keys cannot be read");
-  return bytes;
-}
+// More than the largest key set takes, however it is written.
+constexpr std::size_t kMostBytes = std::size_t{32} << 20;
 
 bool AskForConsent() {
   std::cout << "Make these changes? [y/N] " << std::flush;
+  if (!std::cout) throw Refusal("cannot show what would change");
   std::string answer;
   std::getline(std::cin, answer);
   std::cout << '\n';
@@ -71,13 +67,18 @@ class KeySetWriter {
 };
 
 void Make(const Session& session, const std::vector<KeySetChange>& changes) {
+  const quillkit::DeferredEnding ending;
   KeySetWriter writer(session);
   for (std::size_t i = 0; i < changes.size(); ++i) {
-    const std::int32_t status = writer.Make(changes[i]);
-    if (status == 0) continue;
-    throw Refusal("this change failed: " + Described(changes[i]) + ": " + CodeAndText(status) +
-                  "; of " + std::to_string(changes.size()) + " changes " + std::to_string(i) +
-                  " were made");
+    try {
+      if (ending.IsDemanded()) throw Refusal("interrupted before it");
+      RequireCode(writer.Make(changes[i]), 0);
+    } catch (const Refusal& why) {
+      throw Refusal("this change failed: " + Described(changes[i]) + ": " + why.what() + "; of " +
+                    std::to_string(changes.size()) + " changes the " + std::to_string(i) +
+                    " before it were made and the " + std::to_string(changes.size() - i - 1) +
+                    " behind it were not; to go on, apply the file again");
+    }
   }
 }
 
@@ -89,15 +90,12 @@ void ExportKeys(const Session& session, const std::string& path) {
     std::cout << json;
     return;
   }
-  std::ofstream file(path, std::ios::binary | std::ios::trunc);
-  file << json;
-  file.close();
-  if (!file) throw Refusal("the file cannot be written");
+  WriteTextFile(path, json);
   std::cout << "Wrote the keys.\n";
 }
 
 void ApplyKeys(const Session& session, const std::string& path, Consent consent) {
-  const KeySet wanted = ParseKeySet(ReadFile(path));
+  const KeySet wanted = ParseKeySet(ReadTextFile(path, kMostBytes));
   const std::vector<KeySetChange> changes = Difference(ReadKeySet(session), wanted);
   if (changes.empty()) {
     std::cout << "The appliance has these keys and items already.\n";
@@ -107,8 +105,10 @@ void ApplyKeys(const Session& session, const std::string& path, Consent consent)
   if (consent == Consent::kDryRun) return;
   if (consent == Consent::kAsk && !AskForConsent()) throw Refusal("nothing was changed");
   Make(session, changes);
-  if (!Difference(ReadKeySet(session), wanted).empty()) {
-    throw Refusal("the appliance accepted all changes, but does not have what the file tells");
+  const std::vector<KeySetChange> open = Difference(ReadKeySet(session), wanted);
+  if (!open.empty()) {
+    throw Refusal("the appliance accepted all changes, and yet this is to do: " +
+                  Described(open.front()));
   }
   std::cout << "Made " << changes.size() << (changes.size() == 1 ? " change.\n" : " changes.\n");
 }

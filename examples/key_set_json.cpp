@@ -1,6 +1,7 @@
 #include "examples/key_set_json.h"
 
 #include <algorithm>
+#include <functional>
 #include <initializer_list>
 #include <limits>
 #include <set>
@@ -38,6 +39,34 @@ std::string Latin1FromUtf8(const std::string& utf8, const std::string& where) {
   }
   return text;
 }
+
+// Refuses, while the file is parsed, what the parser would take: it lets the later of two members
+// of one name stand, and spends much time on very many of them and memory on depth.
+class ParseGuard {
+ public:
+  bool operator()(int depth, Json::parse_event_t event, const Json& parsed) {
+    using Event = Json::parse_event_t;
+    if (depth > kMostDepth) throw UsageError("the file is nested too deep");
+    if (event == Event::object_start) names_.emplace_back();
+    if (event == Event::object_end) names_.pop_back();
+    if (event == Event::key) Take(parsed.get<std::string>());
+    return true;
+  }
+
+ private:
+  static constexpr int kMostDepth = 8;
+  static constexpr std::size_t kMostMembers = 16;
+
+  void Take(const std::string& name) {
+    std::set<std::string>& names = names_.back();
+    if (!names.insert(name).second) {
+      throw UsageError("an object of the file has two members " + Quoted(name));
+    }
+    if (names.size() > kMostMembers) throw UsageError("an object of the file has too many members");
+  }
+
+  std::vector<std::set<std::string>> names_;  // of the objects that are open
+};
 
 // Reads the values of a file that is JSON. `where` is what a value is called in a failure.
 class Reader {
@@ -155,8 +184,9 @@ std::string JsonOf(const KeySet& keys) {
 
 KeySet ParseKeySet(std::string_view json) {
   Json file;
+  ParseGuard guard;
   try {
-    file = Json::parse(json);
+    file = Json::parse(json, std::ref(guard));
   } catch (const Json::parse_error& error) {
     const std::string_view read = json.substr(0, std::min(error.byte, json.size()));
     throw UsageError("line " + std::to_string(1 + std::ranges::count(read, '\n')) +

@@ -18,7 +18,8 @@ int Run(int argc, const char* const* argv) {
   const CommandLine line = ParseCommandLine(argc, argv);
   if (line.action) line.action(line.credentials);
   std::cout.flush();
-  return std::cout ? kExitGood : Report("cannot write the output", kExitRefused);
+  if (std::cout) return kExitGood;
+  return Report("cannot write the output; what the command did stands", kExitRefused);
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "examples/json_output.h"
 #include "examples/key_commands.h"
 #include "examples/key_set.h"
+#include "platform/ending.h"
 
 namespace quillctl {
 namespace {
@@ -94,6 +95,7 @@ void MoveWithinKey(const Session& session, const std::string& key, const std::st
     return;
   }
   const std::size_t kept = Kept(now, wanted);
+  const quillkit::DeferredEnding wholeMove;  // no item is lost between its places
   for (std::size_t i = kept; i < wanted.size(); ++i) {
     if (PutLast(found, wanted[i])) continue;
     throw Refusal(

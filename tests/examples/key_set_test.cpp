@@ -50,6 +50,8 @@ TEST(KeySetJson, RefusesWhatNoApplianceHolds) {
   for (char c = 'a'; c <= 'l'; ++c) {
     twelveKeys += (c == 'a' ? "" : ",") + std::string("{\"name\":\"") + c + "\",\"items\":[]}";
   }
+  std::string manyMembers = "{\"a\":0";
+  for (char c = 'b'; c <= 'z'; ++c) manyMembers += std::string(",\"") + c + "\":0";
   const auto keys = [](const std::string& list) {
     return "{\"quillbox-keys\":1,\"keys\":[" + list + "]}";
   };
@@ -82,6 +84,9 @@ TEST(KeySetJson, RefusesWhatNoApplianceHolds) {
       {item("\"name\":\"i\\u0000\""), "key 1, item 1: its name holds a character 0"},
       {item("\"name\":\"i\",\"format\":-1"), "its format is no number from 0"},
       {item("\"name\":\"i\",\"format\":4294967296"), "its format is no number from 0"},
+      {item("\"name\":\"i\",\"name\":\"j\""), "an object of the file has two members \"name\""},
+      {std::string(100000, '['), "the file is nested too deep"},
+      {manyMembers, "an object of the file has too many members"},
       {item("\"name\":\"i\",\"settings\":1.0"), "its settings is no number from 0"},
   };
   for (const auto& each : cases) EXPECT_THAT(FaultOf(each.json), HasSubstr(each.fault));

@@ -1,0 +1,61 @@
+#include "examples/text_file.h"
+
+#include <array>
+#include <filesystem>
+#include <fstream>
+
+#include "examples/displayed_text.h"
+#include "examples/failures.h"
+
+namespace quillctl {
+namespace {
+
+bool Write(const std::filesystem::path& path, const std::string& text) {
+  std::ofstream file(path, std::ios::binary | std::ios::trunc);
+  file << text;
+  file.close();
+  return bool(file);
+}
+
+// Whether a file of its own, with the rights of what is there, took the place of `path`.
+bool Replace(const std::filesystem::path& path, const std::string& text) {
+  std::error_code failure;
+  const std::filesystem::file_status before = std::filesystem::status(path, failure);
+  std::filesystem::path fresh = path;
+  fresh += ".new";
+  if (Write(fresh, text)) {
+    failure.clear();
+    if (exists(before)) std::filesystem::permissions(fresh, before.permissions(), failure);
+    if (!failure) std::filesystem::rename(fresh, path, failure);
+    if (!failure) return true;
+  }
+  std::filesystem::remove(fresh, failure);
+  return false;
+}
+
+}  // namespace
+
+std::string ReadTextFile(const std::string& path, std::size_t most) {
+  std::ifstream file(path, std::ios::binary);
+  std::string text;
+  std::array<char, 65536> block;
+  while (text.size() <= most && !file.read(block.data(), block.size()).bad() && file.gcount() > 0) {
+    text.append(block.data(), static_cast<std::size_t>(file.gcount()));
+  }
+  if (!file.is_open() || file.bad()) throw UsageError("cannot read " + Quoted(path));
+  if (text.size() > most) throw UsageError(Quoted(path) + " is too large");
+  return text;
+}
+
+void WriteTextFile(const std::string& path, const std::string& text) {
+  std::error_code failure;
+  const bool isPlain =
+      !std::filesystem::exists(path, failure) || std::filesystem::is_regular_file(path, failure);
+  // A link stays, and what it leads to changes.
+  const std::filesystem::path place = std::filesystem::weakly_canonical(path, failure);
+  if (!(isPlain && !failure ? Replace(place, text) : Write(path, text))) {
+    throw Refusal("cannot write " + Quoted(path) + "; what was there is as it was");
+  }
+}
+
+}  // namespace quillctl

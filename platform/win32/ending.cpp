@@ -1,0 +1,33 @@
+#include "platform/ending.h"
+
+#include <windows.h>
+
+#include <atomic>
+
+namespace quillkit {
+namespace {
+
+// Of the one DeferredEnding. The console's demands come in a thread of their own.
+std::atomic<bool> isDemanded = false;
+
+BOOL WINAPI NoteDemand(DWORD) {
+  isDemanded = true;
+  return TRUE;
+}
+
+}  // namespace
+
+DeferredEnding::DeferredEnding() {
+  isDemanded = false;
+  SetConsoleCtrlHandler(NoteDemand, TRUE);
+}
+
+DeferredEnding::~DeferredEnding() {
+  SetConsoleCtrlHandler(NoteDemand, FALSE);
+}
+
+bool DeferredEnding::IsDemanded() const {
+  return isDemanded;
+}
+
+}  // namespace quillkit
