@@ -30,10 +30,10 @@ struct Trial {
 };
 
 struct Change {
-  const char* title;
+  const char* title = nullptr;
   std::int32_t expected = 0;  // the status
-  std::int32_t (*plain)(Trial&);
-  bool (*fast)(Trial&);                   // whether it went well
+  std::int32_t (*plain)(Trial&) = nullptr;
+  bool (*fast)(Trial&) = nullptr;         // whether it went well
   void (*after)(Trial&) = [](Trial&) {};  // what it makes of the wanted key
   std::string Trial::*creates = nullptr;  // the name that the key then has for the first time
 };

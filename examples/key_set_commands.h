@@ -17,8 +17,9 @@ enum class Consent { kAsk, kGiven, kDryRun };
 
 // Shows what differs between the appliance and the file, and, once somebody said yes, makes the
 // appliance's keys those of the file. Throws a UsageError for a file that is not understood, with
-// nothing asked of the appliance, and a Refusal when nobody said yes, when a change fails, which
-// tells how many were made before, and when the appliance then does not have what the file tells.
+// nothing asked of the appliance, and a Refusal when nobody said yes, when a change fails or the
+// user interrupts them, which tells how many were made before, and when the appliance then does not
+// have what the file tells.
 void ApplyKeys(const Session& session, const std::string& path, Consent consent);
 
 }  // namespace quillctl

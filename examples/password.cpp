@@ -46,7 +46,7 @@ std::string AskForPassword(const std::string& user, const std::string& host) {
   if (!quillkit::IsInputTyped()) return {};
   const quillkit::HiddenInput hidden;
   std::cerr << "Password of " << Quoted(user) << " at " << Quoted(host) << ": " << std::flush;
-  const std::string password = FirstLine(std::cin, "no password was typed");
+  std::string password = FirstLine(std::cin, "no password was typed");
   std::cerr << '\n';  // the one that was typed does not show either
   return password;
 }

@@ -38,7 +38,7 @@ bool Replace(const std::filesystem::path& path, const std::string& text) {
 std::string ReadTextFile(const std::string& path, std::size_t most) {
   std::ifstream file(path, std::ios::binary);
   std::string text;
-  std::array<char, 65536> block;
+  std::array<char, 65536> block = {};
   while (text.size() <= most && !file.read(block.data(), block.size()).bad() && file.gcount() > 0) {
     text.append(block.data(), static_cast<std::size_t>(file.gcount()));
   }

@@ -107,7 +107,8 @@ check_without_server_library() {
   out=$(mktemp -d)
   cp "$1/quillctl" "$1/libQuillkit.so" "$out"
   "$out/quillctl" info </dev/null 2>"$out/errors" || status=$?
-  if [ "$status" = 4 ] && grep -q 'code 20, IMSP Unitialized' "$out/errors"; then
+  if [ "$status" = 4 ] && grep -q 'code 20, IMSP Unitialized' "$out/errors" &&
+    "$out/quillctl" check </dev/null 2>/dev/null | grep -q '^the server library: failed'; then
     status=0
   else
     echo "quillctl without a server library: status $status, to be 4, with code 20:"
