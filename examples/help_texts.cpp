@@ -50,10 +50,14 @@ constexpr Example kExamples[] = {
 void AddHelpTexts(CLI::App& app) {
   app.footer(kFooter);
   app.set_version_flag("--version", kVersion, "Print the version and exit");
-  for (CLI::App* command : app.get_subcommands(nullptr)) command->footer(kCommandFooter);
   for (const Example& each : kExamples) {
-    const std::string run = std::string(each.command) + ' ' + each.arguments;
-    app.get_subcommand(each.command)->footer("Example: quillctl " + run + '\n' + kCommandFooter);
+    CLI::App* command = app.get_subcommand(each.command);
+    const std::string own = command->get_footer();
+    command->footer("Example: quillctl " + command->get_name() + ' ' + each.arguments + '\n' +
+                    (own.empty() ? "" : '\n' + own + '\n'));
+  }
+  for (CLI::App* command : app.get_subcommands(nullptr)) {
+    command->footer(command->get_footer() + kCommandFooter);
   }
 }
 
