@@ -147,7 +147,8 @@ Status CAgent::ReadUser(CUserRecord* user) {
 Status CAgent::ModifyUser(CUserRecord* user) {
   ABIdent book(BookKind::kUsers, kUsersBook);
   EntryKey key = EntryKey::Of(user->name.View());
-  CUserEntry sent = *user;  // a server that writes into it changes nothing here
+  // A copy: a server that writes into it changes nothing here.
+  CUserEntry sent = static_cast<const CUserEntry&>(*user);
   return IMSPModifyEntry(&book, &key, &sent);
 }
 
