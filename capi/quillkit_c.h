@@ -82,6 +82,8 @@
 
 #include <stdint.h>  // NOLINT(modernize-deprecated-headers): C has this one alone
 
+#include "toolkit/version.h"
+
 #if defined(_WIN32)
 #define QUILL_API
 #else
@@ -110,8 +112,8 @@ enum {
 // This library
 // ---------------------------------------------------------------------------------------------
 
-// Its version, as "0.1.0", and the text of one of the errors above, empty for any other number.
-// Both live as long as the library.
+// QUILLKIT_VERSION as it was when the library was built, and the text of one of the errors above,
+// empty for any other number. Both live as long as the library.
 QUILL_API const char* quill_version(void);
 QUILL_API const char* quill_error_text(int32_t error);
 

@@ -84,7 +84,7 @@ class Options {
 }  // namespace
 
 const char* quill_version(void) {
-  return QUILLKIT_C_VERSION;
+  return QUILLKIT_VERSION;
 }
 
 const char* quill_error_text(int32_t error) {

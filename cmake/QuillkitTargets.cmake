@@ -55,3 +55,16 @@ function(quillkit_exports target def)
   target_link_options(${target} PRIVATE -Wl,--version-script=${version_script})
   set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${version_script})
 endfunction()
+
+# quillkit_versioned(target): a shared library that carries the project's version, on POSIX in its
+# names and on Windows as a resource. The resource is compiled apart from the sources, because its
+# compiler takes none of their options.
+function(quillkit_versioned target)
+  set_target_properties(${target} PROPERTIES VERSION ${PROJECT_VERSION}
+                        SOVERSION ${PROJECT_VERSION_MAJOR})
+  if(WIN32)
+    configure_file(${PROJECT_SOURCE_DIR}/platform/win32/version.rc.in ${target}_version.rc @ONLY)
+    add_library(${target}_version OBJECT ${CMAKE_CURRENT_BINARY_DIR}/${target}_version.rc)
+    target_sources(${target} PRIVATE $<TARGET_OBJECTS:${target}_version>)
+  endif()
+endfunction()

@@ -105,7 +105,7 @@ compare_transcript() {
 check_without_server_library() {
   local out status=0
   out=$(mktemp -d)
-  cp "$1/quillctl" "$1/libQuillkit.so" "$out"
+  cp "$1/quillctl" "$1"/libQuillkit.so.? "$out"
   "$out/quillctl" info </dev/null 2>"$out/errors" || status=$?
   if [ "$status" = 4 ] && grep -q 'code 20, IMSP Unitialized' "$out/errors" &&
     "$out/quillctl" check </dev/null 2>/dev/null | grep -q '^the server library: failed'; then

@@ -79,6 +79,7 @@
 #include <string>
 
 #include "import/import_options.h"
+#include "toolkit/version.h"
 
 #if defined(_WIN32)
 #define QUILLKIT_API
