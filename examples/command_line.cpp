@@ -1,6 +1,5 @@
 #include "examples/command_line.h"
 
-#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <optional>
@@ -25,7 +24,7 @@ constexpr const char* kSimulatedPassword = "quill";
 
 class Parser {
  public:
-  explicit Parser(const std::string& program);
+  Parser();
 
   CommandLine Parse(int argc, const char* const* argv);
 
@@ -34,7 +33,7 @@ class Parser {
   void TakePassword();
   void AddInfoCommand();
   void AddCheckCommand();
-  void AddDemoCommand(const std::string& program);
+  void AddDemoCommand();
   void AddCompletionCommand();
 
   std::string WhatIsWrong(const CLI::ParseError& error) const;
@@ -46,7 +45,7 @@ class Parser {
   bool passwordIsInput_ = false;
 };
 
-Parser::Parser(const std::string& program) {
+Parser::Parser() {
   app_.name("quillctl");
   app_.fallthrough();
   app_.allow_windows_style_options(false);  // a path may begin with a slash
@@ -58,7 +57,7 @@ Parser::Parser(const std::string& program) {
   AddItemCommands(commands_);
   AddKeySetCommands(commands_);
   AddImportCommand(commands_);
-  AddDemoCommand(program);
+  AddDemoCommand();
   AddCompletionCommand();
   AddHelpTexts(app_);
 }
@@ -125,9 +124,8 @@ void Parser::AddCheckCommand() {
   check->add_flag("--json", a->json, "Show it as JSON");
 }
 
-void Parser::AddDemoCommand(const std::string& program) {
-  const auto folder = std::make_shared<std::string>(
-      (std::filesystem::path(program).parent_path() / "data").string());
+void Parser::AddDemoCommand() {
+  const auto folder = std::make_shared<std::string>(DemoDataFolder());
   CLI::App* demo =
       commands_.AddOffline("demo", "Show what Quillkit does; adds to the appliance's books",
                            [folder](const Credentials& given) {
@@ -137,7 +135,7 @@ void Parser::AddDemoCommand(const std::string& program) {
                              RunDemo(session, *folder);
                            });
   demo->add_option("--data", *folder,
-                   "The folder of the files to import, else \"data\" beside quillctl");
+                   "The folder of the files to import, else those that came with quillctl");
 }
 
 void Parser::AddCompletionCommand() {
@@ -172,7 +170,7 @@ std::string Parser::WhatIsWrong(const CLI::ParseError& error) const {
 }  // namespace
 
 CommandLine ParseCommandLine(int argc, const char* const* argv) {
-  return Parser(argc > 0 ? argv[0] : "").Parse(argc, argv);
+  return Parser().Parse(argc, argv);
 }
 
 }  // namespace quillctl

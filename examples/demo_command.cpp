@@ -9,6 +9,7 @@
 #include "examples/info_command.h"
 #include "examples/item_commands.h"
 #include "examples/key_commands.h"
+#include "platform/program_file.h"
 
 namespace quillctl {
 namespace {
@@ -95,6 +96,13 @@ void ImportFiles(const Session& session, const DataFiles& files) {
 }
 
 }  // namespace
+
+std::string DemoDataFolder() {
+  const std::filesystem::path folder = std::filesystem::path(quillkit::ProgramFile()).parent_path();
+  const std::filesystem::path built = folder / "data";
+  if (std::error_code failure; std::filesystem::exists(built, failure)) return built.string();
+  return (folder / QUILLCTL_INSTALLED_DATA).lexically_normal().string();
+}
 
 void RunDemo(Session& session, const std::string& dataFolder) {
   const DataFiles files(dataFolder);

@@ -2,10 +2,12 @@
 
 #include <string>
 
+#include "toolkit/version.h"
+
 namespace quillctl {
 namespace {
 
-constexpr const char* kVersion = "quillctl " QUILLCTL_VERSION;
+constexpr const char* kVersion = "quillctl " QUILLKIT_VERSION;
 
 constexpr const char* kFooter =
     "These options stand before or behind the command; quillctl COMMAND --help tells its own.\n"

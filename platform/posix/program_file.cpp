@@ -1,0 +1,13 @@
+#include "platform/program_file.h"
+
+#include <filesystem>
+#include <system_error>
+
+namespace quillkit {
+
+std::string ProgramFile() {
+  std::error_code failure;
+  return std::filesystem::read_symlink("/proc/self/exe", failure).string();
+}
+
+}  // namespace quillkit

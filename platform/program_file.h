@@ -1,0 +1,16 @@
+// Where the running program stands. For programs; the library does not ask.
+
+#ifndef QUILLKIT_PLATFORM_PROGRAM_FILE_H_
+#define QUILLKIT_PLATFORM_PROGRAM_FILE_H_
+
+#include <string>
+
+namespace quillkit {
+
+// The path of the running program's own file, links followed where the system does. Empty when the
+// system does not tell it.
+std::string ProgramFile();
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_PLATFORM_PROGRAM_FILE_H_
