@@ -1,0 +1,20 @@
+# Run by cpack on what it is about to put into a .deb: what Debian wants beside it, or otherwise.
+set(share ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/share)
+set(documents ${share}/doc/${CPACK_PACKAGE_NAME})
+string(TIMESTAMP now "%a, %d %b %Y %H:%M:%S +0000" UTC)
+
+file(WRITE ${documents}/copyright "Quillkit
+
+Copyright by the Quillkit developers.
+
+No licence has been chosen yet.
+")
+file(WRITE ${documents}/changelog
+     "${CPACK_PACKAGE_NAME} (${CPACK_PACKAGE_VERSION}) unstable; urgency=medium
+
+  * CHANGELOG.md tells what is new.
+
+ -- ${CPACK_PACKAGE_CONTACT}  ${now}
+")
+execute_process(COMMAND gzip -9n ${documents}/changelog ${share}/man/man1/quillctl.1
+                COMMAND_ERROR_IS_FATAL ANY)

@@ -1,0 +1,97 @@
+# What `cmake --install` puts where, below a prefix that may be moved as a whole. The components:
+#
+#   Runtime      the shared libraries
+#   Development  headers, class library, CMake package, pkg-config, description of the functions
+#   Simulator    the simulated appliance, in a folder where nothing finds it that does not ask
+#   Tools        quillctl, its manual page and files, the example in Python
+#   Documents    what is to be read
+include(CMakePackageConfigHelpers)
+
+set(headers ${CMAKE_INSTALL_INCLUDEDIR}/quillkit)
+set(private ${CMAKE_INSTALL_LIBDIR}/quillkit)
+set(package ${CMAKE_INSTALL_LIBDIR}/cmake/Quillkit)
+set(shared ${CMAKE_INSTALL_DATADIR}/quillkit)
+
+# The headers, in the folders of this tree. What is one system's own stays here, but for the event
+# loop's functions.
+foreach(folder base platform bridge appliance softkeys books views lists import toolkit)
+  install(DIRECTORY ${folder} DESTINATION ${headers} COMPONENT Development
+          FILES_MATCHING PATTERN "*.h" PATTERN posix EXCLUDE PATTERN win32 EXCLUDE)
+endforeach()
+if(NOT WIN32)
+  install(FILES platform/posix/event_loop.h DESTINATION ${headers}/platform/posix
+          COMPONENT Development)
+endif()
+install(FILES capi/quillkit_c.h DESTINATION ${headers}/capi COMPONENT Development)
+install(FILES simulator/simulator.h DESTINATION ${headers}/simulator COMPONENT Development)
+install(FILES toolkit/api.json DESTINATION ${shared} COMPONENT Development)
+
+# The libraries.
+foreach(target Quillkit quillkit_classes IMSPAPI)
+  target_compile_features(${target} INTERFACE cxx_std_20)
+endforeach()
+set_target_properties(quillkit_classes PROPERTIES EXPORT_NAME Classes)
+set_target_properties(IMSPAPI PROPERTIES EXPORT_NAME Simulator)
+if(WIN32)
+  # An archive gives no resources: they are linked beside it.
+  set(resources ${private}/quillkit_resources.o)
+  install(FILES $<TARGET_OBJECTS:quillkit_resources> DESTINATION ${private} COMPONENT Development
+          RENAME quillkit_resources.o)
+  target_link_libraries(quillkit_classes INTERFACE
+                        $<INSTALL_INTERFACE:$<INSTALL_PREFIX>/${resources}>)
+else()
+  set_target_properties(quillkit_c PROPERTIES INSTALL_RPATH $ORIGIN)
+endif()
+install(TARGETS Quillkit quillkit_c EXPORT QuillkitTargets INCLUDES DESTINATION ${headers}
+        RUNTIME COMPONENT Runtime
+        LIBRARY COMPONENT Runtime NAMELINK_COMPONENT Development
+        ARCHIVE COMPONENT Development)
+install(TARGETS quillkit_classes EXPORT QuillkitTargets INCLUDES DESTINATION ${headers}
+        ARCHIVE COMPONENT Development)
+install(TARGETS IMSPAPI EXPORT QuillkitSimulatorTargets INCLUDES DESTINATION ${headers}
+        RUNTIME DESTINATION ${private}/simulator COMPONENT Simulator
+        LIBRARY DESTINATION ${private}/simulator COMPONENT Simulator
+        ARCHIVE DESTINATION ${private}/simulator COMPONENT Simulator)
+
+# find_package(Quillkit). The version of a 0 may change anything with its second number.
+install(EXPORT QuillkitTargets NAMESPACE Quillkit:: DESTINATION ${package} COMPONENT Development)
+install(EXPORT QuillkitSimulatorTargets NAMESPACE Quillkit:: DESTINATION ${package}
+        COMPONENT Simulator)
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/QuillkitConfigVersion.cmake
+                                 COMPATIBILITY SameMinorVersion)
+install(FILES cmake/QuillkitConfig.cmake ${PROJECT_BINARY_DIR}/QuillkitConfigVersion.cmake
+        DESTINATION ${package} COMPONENT Development)
+
+# quillkit_pkg_config(name description libs): name.pc.
+function(quillkit_pkg_config name description libs)
+  set(folder ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+  file(RELATIVE_PATH prefix /${folder} /)
+  configure_file(${PROJECT_SOURCE_DIR}/cmake/quillkit.pc.in ${name}.pc @ONLY)
+  install(FILES ${CMAKE_CURRENT_BINARY_DIR}/${name}.pc DESTINATION ${folder}
+          COMPONENT Development)
+endfunction()
+quillkit_pkg_config(quillkit "Programs a Quillbox network scanning appliance" -lQuillkit)
+quillkit_pkg_config(quillkit_c "Quillkit for C and what calls C" -lquillkit_c)
+if(WIN32)
+  quillkit_pkg_config(quillkit_classes "The objects of Quillkit"
+                      "-lquillkit_classes \${prefix}/${resources} -lws2_32")
+else()
+  quillkit_pkg_config(quillkit_classes "The objects of Quillkit" "-lquillkit_classes -ldl")
+endif()
+
+if(TARGET quillctl)
+  file(RELATIVE_PATH libraries ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
+  set_target_properties(quillctl PROPERTIES INSTALL_RPATH $ORIGIN/${libraries})
+  install(TARGETS quillctl COMPONENT Tools)
+  install(DIRECTORY examples/data/ examples/python/ DESTINATION ${shared}/examples
+          COMPONENT Tools FILES_MATCHING PATTERN "*.csv" PATTERN "*.ldif" PATTERN "*.py")
+  if(NOT WIN32)
+    install(FILES docs/quillctl.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT Tools)
+  endif()
+endif()
+
+# As they stand here, so that what they say of each other's places holds.
+set(documents ${CMAKE_INSTALL_DATADIR}/doc/quillkit)
+install(FILES README.md CHANGELOG.md DESTINATION ${documents} COMPONENT Documents)
+install(DIRECTORY docs DESTINATION ${documents} COMPONENT Documents
+        FILES_MATCHING PATTERN "*.md")
