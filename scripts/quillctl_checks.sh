@@ -101,20 +101,64 @@ compare_transcript() {
   echo "quillctl, pass $2: $(grep -c '^status' "$shown") runs show what they should"
 }
 
+# check_demo QUILLCTL: an installed one's demonstration, from here, shows what the first run of the transcript does.
+check_demo() {
+  if ! "$1" demo 2>&1 | diff <(sed '1d; /^status/,$d' "$transcript") -; then
+    echo "$1 demo: this differs (< to be shown, > shown)"
+    return 1
+  fi
+  echo "the installed quillctl shows its demonstration"
+}
+
+# check_manual FOLDER: the manual page describes the commands and the long options that the quillctl in
+# the folder offers, each option with its command, and nothing else.
+check_manual() {
+  local page=docs/quillctl.1 offered
+  mandoc -T lint -W warning "$page" || return 1
+  offered=$(offers "$1/quillctl") || return 1
+  if ! diff <(echo "$offered") <(awk '
+    /^\.Sh/ { command = $2 == "OPTIONS" ? "quillctl" : "" }
+    /^\.It Ic/ { command = $3; print command }
+    /^\.It/ && command != "" {
+      for (i = 2; i < NF; ++i) if ($i == "Fl" && $(i + 1) ~ /^-/) print command, "-" $(i + 1)
+    }' "$page" | sort -u); then
+    echo "$page differs from what quillctl offers (< missing, > too many)"
+    return 1
+  fi
+  echo "$page has the $(echo "$offered" | wc -l) commands and options that quillctl offers"
+}
+
+# offers QUILLCTL: its commands, and behind each command the long options, one a line.
+offers() {
+  local command commands options="s/^  \(-[a-z],\)\{0,1\}\(--[a-z-]*\).*/\2/p"
+  commands=$("$1" --help | sed -n '/^Subcommands:/,/^$/s/^  \([a-z-]*\) .*/\1/p')
+  {
+    "$1" --help | sed -n "$options" | sed 's/^/quillctl /'
+    for command in $commands; do
+      echo "$command"
+      "$1" "$command" --help | sed -n "$options" | sed "/^--help$/d; s/^/$command /"
+    done
+  } | sort -u
+}
+
 # check_without_server_library FOLDER: quillctl with no server library beside it ends with a code.
 check_without_server_library() {
   local out status=0
   out=$(mktemp -d)
   cp "$1/quillctl" "$1"/libQuillkit.so.? "$out"
-  "$out/quillctl" info </dev/null 2>"$out/errors" || status=$?
-  if [ "$status" = 4 ] && grep -q 'code 20, IMSP Unitialized' "$out/errors" &&
-    "$out/quillctl" check </dev/null 2>/dev/null | grep -q '^the server library: failed'; then
-    status=0
-  else
-    echo "quillctl without a server library: status $status, to be 4, with code 20:"
-    cat "$out/errors"
-    status=1
-  fi
+  check_no_server_library "$out/quillctl" || status=1
   rm -rf "$out"
   return "$status"
+}
+
+# check_no_server_library QUILLCTL: it finds none, and ends with a code.
+check_no_server_library() {
+  local errors status=0
+  errors=$("$1" info 2>&1 </dev/null) || status=$?
+  if [ "$status" != 4 ] || ! grep -q 'code 20, IMSP Unitialized' <<<"$errors" ||
+    ! grep -q '^the server library: failed' <<<"$("$1" check </dev/null 2>/dev/null)"; then
+    echo "quillctl without a server library: status $status, to be 4, with code 20:"
+    echo "$errors"
+    return 1
+  fi
 }

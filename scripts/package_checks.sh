@@ -1,0 +1,153 @@
+# Checks of what is installed and packed, from outside the tree; sourced by ./test.
+#
+# The programs of tests/package/ stand for an application. They are built in folders of their own,
+# against an installed tree that was moved after it was installed.
+# shellcheck shell=bash
+
+quillkit_version=$(sed -n 's/^#define QUILLKIT_VERSION_[A-Z]* \([0-9]\)/\1/p' toolkit/version.h |
+  paste -sd .)
+
+# check_packages FOLDER: what a native build folder installs and packs.
+check_packages() (
+  scratch=$(mktemp -d)
+  trap 'rm -rf "$scratch"' EXIT
+  cmake --install "$1" --prefix "$scratch/installed" >/dev/null &&
+    mv "$scratch/installed" "$scratch/moved" &&
+    check_names_no_folder "$scratch/moved" "$scratch" &&
+    build_outside "$scratch/moved" "$scratch" cc c++ &&
+    run_outside "$scratch/moved" "$scratch/by_cmake/build" toolkit quillkit_c classes simulated &&
+    run_outside "$scratch/moved" "$scratch/by_pkg_config" toolkit quillkit_c classes &&
+    check_installed_quillctl "$scratch/moved" &&
+    check_deb "$1" "$scratch"
+)
+
+# check_zip FOLDER: what a build folder for Windows packs. Its programs are built, and not run.
+check_zip() (
+  scratch=$(mktemp -d)
+  trap 'rm -rf "$scratch"' EXIT
+  name=quillkit-$quillkit_version-win32
+  pack "$1" "$name.zip" && unzip -q "$1/packages/$name.zip" -d "$scratch" &&
+    check_names_no_folder "$scratch/$name" "$scratch" &&
+    check_zip_files "$scratch/$name" &&
+    build_outside "$scratch/$name" "$scratch" i686-w64-mingw32-gcc-posix \
+      i686-w64-mingw32-g++-posix -D CMAKE_TOOLCHAIN_FILE="$PWD/cmake/i686-mingw.cmake" &&
+    check_texts "$scratch/by_cmake/build/classes.exe" &&
+    check_texts "$scratch/by_pkg_config/classes.exe" &&
+    echo "$name.zip is good"
+)
+
+# folder_of PREFIX NAME: the folder below the prefix where the file of this name stands.
+folder_of() {
+  find "$1" -name "$2" -printf '%h\n' -quit | grep .
+}
+
+# check_names_no_folder PREFIX OTHER: an installed tree names neither this tree nor the other folder.
+check_names_no_folder() {
+  if grep -rlF -e "$PWD/" -e "$2/" "$1"; then
+    echo "these installed files name a folder of this machine"
+    return 1
+  fi
+}
+
+# build_outside PREFIX SCRATCH CC CXX [options of cmake]: builds the programs by find_package and by
+# pkg-config, and sees that the installed headers need no others.
+build_outside() {
+  local prefix=$1 scratch=$2 cc=$3 cxx=$4 include=$1/include/quillkit name flags
+  local -A by_pkg_config=([toolkit]=quillkit [quillkit_c]=quillkit_c [classes]=quillkit_classes)
+  shift 4
+  find "$include" -name '*.h' -printf '#include "%P"\n' |
+    "$cxx" -std=c++20 -Wall -Wextra -Werror -fsyntax-only -I"$include" -x c++ - || return 1
+
+  cp -r tests/package "$scratch/by_cmake"
+  cmake -G Ninja -S "$scratch/by_cmake" -B "$scratch/by_cmake/build" --log-level=WARNING \
+    -D CMAKE_PREFIX_PATH="$prefix" -D QUILLKIT_VERSION="$quillkit_version" "$@" >/dev/null &&
+    cmake --build "$scratch/by_cmake/build" -- --quiet || return 1
+
+  mkdir "$scratch/by_pkg_config"
+  for name in "${!by_pkg_config[@]}"; do
+    read -ra flags < <(PKG_CONFIG_LIBDIR=$(folder_of "$prefix" quillkit.pc) pkg-config --cflags \
+      --libs "${by_pkg_config[$name]} = $quillkit_version")
+    if [ "$name" = quillkit_c ]; then
+      "$cc" -std=c99 "tests/package/$name.c" "${flags[@]}" -o "$scratch/by_pkg_config/$name"
+    else
+      "$cxx" -std=c++20 "tests/package/$name.cpp" "${flags[@]}" \
+        -o "$scratch/by_pkg_config/$name"
+    fi || return 1
+  done
+  echo "programs outside the tree are built by find_package and by pkg-config"
+}
+
+# with_simulator PREFIX COMMAND...: runs it where the installed simulator is found.
+with_simulator() {
+  LD_LIBRARY_PATH=$(folder_of "$1" libIMSPAPI.so) "${@:2}"
+}
+
+# run_outside PREFIX FOLDER PROGRAM...: they show what they should.
+run_outside() {
+  local prefix=$1 folder=$2 path program
+  local -A shown=([toolkit]="3 keys" [quillkit_c]="3 keys" [classes]="3 keys, 13 classes"
+    [simulated]="4 keys")
+  path=$(folder_of "$prefix" libQuillkit.so):$(folder_of "$prefix" libIMSPAPI.so)
+  shift 2
+  for program in "$@"; do
+    diff <(echo "$program $quillkit_version: ${shown[$program]}") \
+      <(LD_LIBRARY_PATH=$path "$folder/$program") || return 1
+  done
+  echo "programs outside the tree show what they should: $*"
+}
+
+# check_installed_quillctl PREFIX: it takes the simulator when it is asked to and not before, and has
+# its files.
+check_installed_quillctl() {
+  check_no_server_library "$1/bin/quillctl" &&
+    with_simulator "$1" check_demo "$1/bin/quillctl" &&
+    with_simulator "$1" check_python_example "$(folder_of "$1" libquillkit_c.so)"
+}
+
+# pack FOLDER FILE: makes the package of this name in the packages folder of a build folder.
+pack() {
+  rm -rf "$1/packages"
+  if ! cpack --config "$1/CPackConfig.cmake" >"$1/cpack.log" 2>&1 || [ ! -f "$1/packages/$2" ]; then
+    cat "$1/cpack.log"
+    echo "cpack made no $2"
+    return 1
+  fi
+}
+
+# check_deb FOLDER SCRATCH
+check_deb() {
+  local name deb root=$2/root
+  name=quillkit_${quillkit_version}_$(dpkg --print-architecture).deb
+  deb=$1/packages/$name
+  pack "$1" "$name" && dpkg-deb -x "$deb" "$root" || return 1
+  diff <(echo "$quillkit_version") <(dpkg-deb -f "$deb" Version) || return 1
+  if ! dpkg-deb -f "$deb" Depends | grep 'libc6.*libstdc++6' >/dev/null ||
+    ! grep -qx 'No licence has been chosen yet.' "$root/usr/share/doc/quillkit/copyright"; then
+    echo "$name: wrong dependencies, or a wrong copyright"
+    return 1
+  fi
+  check_installed_quillctl "$root/usr" && echo "$name is good"
+}
+
+# check_texts PROGRAM: the texts of the class library, which are no part of its archive, are in it.
+check_texts() {
+  if ! strings -el "$1" | grep 'IMSPAPI.DLL not loaded' >/dev/null; then
+    echo "$1 has not the class library's texts"
+    return 1
+  fi
+}
+
+# check_zip_files PREFIX: nothing is missing, and the libraries carry the version.
+check_zip_files() {
+  local file simulator=lib/quillkit/simulator
+  for file in bin/{Quillkit,quillkit_c}.dll bin/quillctl.exe lib/{Quillkit,quillkit_c}.dll.a \
+    lib/libquillkit_classes.a $simulator/IMSPAPI.DLL lib/cmake/Quillkit/QuillkitConfig.cmake \
+    lib/pkgconfig/quillkit.pc share/quillkit/{api.json,examples/contacts.csv} \
+    share/doc/quillkit/{README,CHANGELOG,docs/simulator}.md; do
+    [ -f "$1/$file" ] || { echo "$1 has no $file"; return 1; }
+  done
+  for file in Quillkit quillkit_c; do
+    strings -el "$1/bin/$file.dll" | grep -xA1 FileVersion | grep -xF "$quillkit_version" >/dev/null ||
+      { echo "$file.dll does not tell version $quillkit_version"; return 1; }
+  done
+}
