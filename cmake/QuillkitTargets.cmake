@@ -60,8 +60,12 @@ endfunction()
 # names and on Windows as a resource. The resource is compiled apart from the sources, because its
 # compiler takes none of their options.
 function(quillkit_versioned target)
-  set_target_properties(${target} PROPERTIES VERSION ${PROJECT_VERSION}
-                        SOVERSION ${PROJECT_VERSION_MAJOR})
+  # While the first number is 0, a new second one may change the interface.
+  set(interface ${PROJECT_VERSION_MAJOR})
+  if(interface EQUAL 0)
+    string(APPEND interface .${PROJECT_VERSION_MINOR})
+  endif()
+  set_target_properties(${target} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${interface})
   if(WIN32)
     configure_file(${PROJECT_SOURCE_DIR}/platform/win32/version.rc.in ${target}_version.rc @ONLY)
     add_library(${target}_version OBJECT ${CMAKE_CURRENT_BINARY_DIR}/${target}_version.rc)
