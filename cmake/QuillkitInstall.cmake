@@ -94,4 +94,4 @@ endif()
 set(documents ${CMAKE_INSTALL_DATADIR}/doc/quillkit)
 install(FILES README.md CHANGELOG.md DESTINATION ${documents} COMPONENT Documents)
 install(DIRECTORY docs DESTINATION ${documents} COMPONENT Documents
-        FILES_MATCHING PATTERN "*.md")
+        FILES_MATCHING PATTERN "*.md" PATTERN reference EXCLUDE)
