@@ -96,10 +96,12 @@ run_outside() {
   echo "programs outside the tree show what they should: $*"
 }
 
-# check_installed_quillctl PREFIX: it takes the simulator when it is asked to and not before, and has
-# its files.
+# check_installed_quillctl PREFIX: it tells its version, takes the simulator when it is asked to and
+# not before, and has its files.
 check_installed_quillctl() {
-  check_no_server_library "$1/bin/quillctl" &&
+  diff <(echo "quillctl $quillkit_version") \
+    <(with_simulator "$1" "$1/bin/quillctl" --version) &&
+    check_no_server_library "$1/bin/quillctl" &&
     with_simulator "$1" check_demo "$1/bin/quillctl" &&
     with_simulator "$1" check_python_example "$(folder_of "$1" libquillkit_c.so)"
 }
