@@ -6,23 +6,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 
-#include "tests/import/conversion_model.h"
+#include "tests/import/run_converter.h"
 #include "tests/support/scratch_folder.h"
 
 namespace quillkit {
-
-enum class Converter { kDelimited, kDirectory, kMailServer };
-
-inline constexpr Converter kConverters[] = {Converter::kDelimited, Converter::kDirectory,
-                                            Converter::kMailServer};
-
-// Runs the converter on two paths, without a window.
-std::int32_t RunConverter(Converter converter, const char* source, const char* script,
-                          const model::Request& request);
 
 class ConverterTest : public testing::Test {
  protected:
