@@ -4,15 +4,20 @@
 # step TEXT: a heading with the seconds since the script's start.
 step() { printf '\n== %s  [%d s]\n' "$1" "$SECONDS"; }
 
-# build PRESET FOLDER [options of cmake]: configures and builds, through ccache where there is one.
-build() {
+# configure PRESET FOLDER [options of cmake]: so that compilers run through ccache where there is one.
+configure() {
   local preset=$1 folder=$2 compiler
   shift 2
   if command -v ccache >/dev/null; then
     for compiler in C CXX; do set -- -D CMAKE_${compiler}_COMPILER_LAUNCHER=ccache "$@"; done
   fi
   cmake --preset "$preset" -B "$folder" --log-level=WARNING "$@" >/dev/null
-  cmake --build "$folder"
+}
+
+# build PRESET FOLDER [options of cmake]: configures and builds everything.
+build() {
+  configure "$@"
+  cmake --build "$2"
 }
 
 # run_tests NAME COMMAND...: runs a GoogleTest program, prints its failures and its closing lines,

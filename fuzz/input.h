@@ -1,0 +1,52 @@
+// What every fuzz target has: its input, taken from the front, and what has to hold of it.
+
+#ifndef QUILLKIT_FUZZ_INPUT_H_
+#define QUILLKIT_FUZZ_INPUT_H_
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <string_view>
+
+namespace quillkit {
+
+// Ends the process, which the fuzzer takes for a finding, where something does not hold.
+inline void Require(bool holds, const char* what) {
+  if (holds) return;
+  std::fprintf(stderr, "does not hold: %s\n", what);
+  std::abort();
+}
+
+// A target's input. Its first characters choose what is done, and are digits where somebody writes
+// an input by hand; the rest is what it is done to.
+class Input {
+ public:
+  Input(const std::uint8_t* data, std::size_t size)
+      : rest_(reinterpret_cast<const char*>(data), size) {}
+
+  // The next character, and a zero behind the end.
+  char TakeChar() {
+    if (rest_.empty()) return '0';
+    const char c = rest_.front();
+    rest_.remove_prefix(1);
+    return c;
+  }
+
+  // A number below `limit`, by one character: a digit stands for itself.
+  std::size_t TakeBelow(std::size_t limit) {
+    return static_cast<unsigned char>(TakeChar() - '0') % limit;
+  }
+
+  // A column of a file: a digit, or -1 and what is below it by the characters in front of the zero.
+  std::int32_t TakeColumn() { return static_cast<std::int32_t>(TakeChar()) - '0'; }
+
+  std::string_view Rest() const { return rest_; }
+
+ private:
+  std::string_view rest_;
+};
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_FUZZ_INPUT_H_
