@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <sstream>
 #include <tuple>
 
@@ -12,6 +11,7 @@
 #include "simulator/simulator.h"
 #include "tests/books/book_operation.h"
 #include "tests/support/appliance_fixture.h"
+#include "tests/support/combination_count.h"
 #include "toolkit/quillkit.h"
 
 namespace quillkit {
@@ -19,6 +19,9 @@ namespace {
 
 constexpr Status kEarlierError = 17;
 constexpr Status kCodes[] = {kDataNotFound, 6, 11, 24};
+
+CombinationCount& combinations =
+    CombinationCount::Of("failure sweep of the books, combinations of operation, call and code");
 
 struct Trial {
   std::int64_t result;
@@ -52,11 +55,6 @@ std::vector<BookCall> CallsOf(const BookOperation& operation) {
 class BookFailureSweep : public ApplianceTest,
                          public testing::WithParamInterface<std::tuple<BookOperation, bool>> {
  protected:
-  static void TearDownTestSuite() {
-    std::printf("failure sweep of the books: %d combinations of operation, call and code\n",
-                combinations_);
-  }
-
   const BookOperation& Operation() const { return std::get<0>(GetParam()); }
 
   // Runs the operation with its call number `failing` answering `code`; 0: none.
@@ -66,8 +64,6 @@ class BookFailureSweep : public ApplianceTest,
 
   void Compare(const Trial& trial, const Trial& undisturbed, const BookCall& call,
                std::size_t failing, Status code) const;
-
-  static inline int combinations_ = 0;
 };
 
 Trial BookFailureSweep::Try(std::size_t failing, Status code) const {
@@ -141,7 +137,7 @@ TEST_P(BookFailureSweep, ComesToWhatTheTableTells) {
       SCOPED_TRACE(calls[i].name + ", call " + std::to_string(i + 1) + ", fails with " +
                    std::to_string(code));
       Compare(Try(i + 1, code), undisturbed, calls[i], i + 1, code);
-      ++combinations_;
+      combinations.Add();
     }
   }
 }

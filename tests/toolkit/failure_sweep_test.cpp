@@ -4,41 +4,20 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <utility>
-#include <vector>
 
 #include "bridge/the_agent.h"
 #include "simulator/simulator.h"
-#include "tests/support/appliance_fixture.h"
+#include "tests/support/combination_count.h"
 #include "tests/toolkit/server_operation.h"
 
 namespace quillkit {
 namespace {
 
-using Names = std::vector<std::string>;
-// What an application can see of the keys in memory, each with its items; without a book that it
-// can reach, nothing.
-using Panel = std::vector<std::pair<std::string, Names>>;
-
 constexpr Status kHighestCode = 25;
 constexpr Status kEarlierError = 17;
 
-Panel Look(CTopLevelAB* book) {
-  Panel panel;
-  for (std::int32_t i = 0; book != nullptr && i < GetCount(book); ++i) {
-    CSoftKey* key = GetKeyAt(book, i);
-    Names& items = panel.emplace_back(GetKeyName(key), Names()).second;
-    for (std::int32_t at = 0; at < GetItemCount(key); ++at) {
-      items.emplace_back(GetItemName(GetItemAt(key, at)));
-    }
-  }
-  return panel;
-}
-
-std::int64_t FailureOf(Style style, Status status) {
-  if (style == Style::kStatus) return status;
-  return style == Style::kCount ? -1 : 0;
-}
+CombinationCount& combinations =
+    CombinationCount::Of("failure sweep of the exports, combinations of function, call and code");
 
 // What a run came to.
 struct Trial {
@@ -49,7 +28,7 @@ struct Trial {
   Panel after;
 };
 
-class FailureSweep : public ApplianceTest, public testing::WithParamInterface<Operation> {
+class FailureSweep : public OperationTest, public testing::WithParamInterface<Operation> {
  protected:
   // Sets the stage and runs the operation, with its call number `failing` answering `code`; 0:
   // none.
@@ -60,18 +39,7 @@ class FailureSweep : public ApplianceTest, public testing::WithParamInterface<Op
 };
 
 Trial FailureSweep::Try(std::size_t failing, Status code) {
-  SimulatorReset();
-  PutKey("Scan", {"Desk", "Mail"});
-  PutKey("Send", {"Fax"});
-  Stage stage;
-  stage.item.SetName("Desk");
-  stage.newItem.SetName("Fresh");
-  stage.box = LogIn();
-  stage.book = GetTopLevelAbook(stage.box);
-  EXPECT_EQ(LoadTopLevelAbook(stage.book, 1), 0);
-  stage.key = GetKeyAt(stage.book, 0);
-  EXPECT_EQ(CreateSoftKey("Copy", stage.book, &stage.newKey), 1);
-
+  Stage stage = SetStage();
   Trial trial;
   trial.before = Look(stage.book);
   SimulatorRecordCalls(1);
@@ -122,6 +90,7 @@ TEST_P(FailureSweep, ComesToWhatTheTableTells) {
       EXPECT_EQ(trial.lastError, expected.lastError);
       EXPECT_EQ(trial.calls, expected.calls);
       EXPECT_EQ(trial.after, expected.after);
+      combinations.Add();
     }
   }
 }

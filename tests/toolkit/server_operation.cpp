@@ -1,6 +1,6 @@
 #include "tests/toolkit/server_operation.h"
 
-#include "tests/support/appliance_fixture.h"
+#include "simulator/simulator.h"
 
 namespace quillkit {
 namespace {
@@ -75,6 +75,33 @@ std::vector<Operation> ServerOperations() {
       {"FastItemRename", kFlag, 1, Calls(renameItem),
        RUN(FastItemRename(on.key, "Desk", &on.newItem))},
   };
+}
+
+Panel Look(CTopLevelAB* book) {
+  Panel panel;
+  for (std::int32_t i = 0; book != nullptr && i < GetCount(book); ++i) {
+    CSoftKey* key = GetKeyAt(book, i);
+    Names& items = panel.emplace_back(GetKeyName(key), Names()).second;
+    for (std::int32_t at = 0; at < GetItemCount(key); ++at) {
+      items.emplace_back(GetItemName(GetItemAt(key, at)));
+    }
+  }
+  return panel;
+}
+
+Stage OperationTest::SetStage() {
+  SimulatorReset();
+  PutKey("Scan", {"Desk", "Mail"});
+  PutKey("Send", {"Fax"});
+  Stage stage;
+  stage.item.SetName("Desk");
+  stage.newItem.SetName("Fresh");
+  stage.box = LogIn();
+  stage.book = GetTopLevelAbook(stage.box);
+  EXPECT_EQ(LoadTopLevelAbook(stage.book, 1), 0);
+  stage.key = GetKeyAt(stage.book, 0);
+  EXPECT_EQ(CreateSoftKey("Copy", stage.book, &stage.newKey), 1);
+  return stage;
 }
 
 }  // namespace quillkit

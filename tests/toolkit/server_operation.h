@@ -8,9 +8,11 @@
 #include <functional>
 #include <ostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "bridge/records.h"
+#include "tests/support/appliance_fixture.h"
 #include "toolkit/quillkit.h"
 
 namespace quillkit {
@@ -28,6 +30,11 @@ struct Stage {
 
 // What a function returns when it fails: the status, -1, 0, nothing that tells.
 enum class Style { kStatus, kCount, kFlag, kNothing };
+
+inline std::int64_t FailureOf(Style style, Status status) {
+  if (style == Style::kStatus) return status;
+  return style == Style::kCount ? -1 : 0;
+}
 
 // `calls` are as the journal shows them, without "IMSP". The character before each tells what its
 // failure does:
@@ -49,6 +56,18 @@ inline std::ostream& operator<<(std::ostream& out, const Operation& each) {
 }
 
 std::vector<Operation> ServerOperations();
+
+using Names = std::vector<std::string>;
+// What an application can see of the keys in memory, each with its items; without a book that it
+// can reach, nothing.
+using Panel = std::vector<std::pair<std::string, Names>>;
+Panel Look(CTopLevelAB* book);
+
+class OperationTest : public ApplianceTest {
+ protected:
+  // Sets the stage on an appliance as delivered. The new key has to be destroyed.
+  static Stage SetStage();
+};
 
 }  // namespace quillkit
 
