@@ -21,9 +21,10 @@ Status CAgent::StartWakeup() {
   request.code = IOCtlCode::kGetWakeupPeriod;
   const Status status = IMSPIOCtl(&request);
   if (status != kNoError) return status;
-  wakeupPeriod = request.value >> 1;
+  const std::uint32_t period = request.value >> 1;
   const TimerId earlier = wakeupTimer;  // one with a period of 0 passes for none
-  wakeupTimer = StartThreadTimer(wakeupPeriod, SendSignOfLife);
+  wakeupTimer = StartThreadTimer(period, SendSignOfLife);
+  wakeupPeriod = period;  // only now: the timer may have been refused its memory
   if (earlier != 0) StopThreadTimer(earlier);
   return lastError;
 }
