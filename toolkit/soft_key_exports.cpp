@@ -1,5 +1,7 @@
 // One soft key and its items.
 
+#include <memory>
+
 #include "softkeys/soft_key.h"
 #include "toolkit/call_frame.h"
 #include "toolkit/quillkit.h"
@@ -9,8 +11,10 @@ namespace quillkit {
 std::int32_t CreateSoftKey(const std::string& name, CTopLevelAB* book, CSoftKey** key) {
   return InFrame(
       [&](const std::string& copy) {
-        *key = new CSoftKey;
-        return (*key)->Init(copy, MaxKeyItems, book);
+        auto made = std::make_unique<CSoftKey>();
+        const int result = made->Init(copy, MaxKeyItems, book);
+        *key = made.release();
+        return result;
       },
       name);
 }
