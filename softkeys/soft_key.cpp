@@ -32,11 +32,11 @@ Status CSoftKey::Load(const std::string& name, CTopLevelAB* newOwner, std::strin
 
 void CSoftKey::TakeOver(CSoftKey& other, CTopLevelAB* newOwner) {
   if (&other == this) return;
+  findPattern = other.findPattern;  // first what may be refused its memory
+  keyName = other.keyName;
+  findCursor = other.findCursor;
   items = std::move(other.items);
   owner = newOwner;
-  findCursor = other.findCursor;
-  findPattern = other.findPattern;
-  keyName = other.keyName;
 }
 
 int CSoftKey::SetKeyName(std::string_view name) {
