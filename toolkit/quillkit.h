@@ -65,7 +65,9 @@
 //   -11  unknown import format
 //
 // Memory. Where it is refused, std::bad_alloc passes from any function to the application, which
-// finds the objects usable. A LogToQuillbox that throws may leave a session open: end it by Logout.
+// finds the objects usable. Refused for the items of a key alone, it is a failure in the function's
+// style where one key is made or read or an item is added; where all keys are read, that key stays
+// without items. A LogToQuillbox that throws may leave a session open: end it by Logout.
 //
 // Plain and Fast. A plain operation changes the server and, with `reload`, reads the changed key or
 // all keys anew; without it the objects in memory show the old state. A Fast one changes the server
@@ -344,9 +346,9 @@ QUILLKIT_API std::int32_t SetSettings(CMenuItem* item, std::uint32_t value);
 // refused script stays carried out up to the refusal, and the server's time-out then stays at an
 // hour.
 //
-// The temporary file is deleted after the server has seen it, and stays behind after -11 and after
-// a failed conversion. Calls: IMSPIOCtl 2, IMSPIOCtl 1, IMSPBatchConfiguration, IMSPIOCtl 2,
-// IMSPIOCtl 1.
+// The temporary file is deleted after the server has seen it, and stays behind after -11, after a
+// failed conversion and where memory is refused. Calls: IMSPIOCtl 2, IMSPIOCtl 1,
+// IMSPBatchConfiguration, IMSPIOCtl 2, IMSPIOCtl 1.
 QUILLKIT_API std::int32_t ImportAddressBook(CScanner* scanner, const char* path,
                                             const ImportOptions* options);
 
