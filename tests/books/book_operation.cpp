@@ -277,6 +277,7 @@ Table PrivateOperations() {
       PRIVATE(ModifyMember, kStatus, "ModifyEntry! stale", 0, ("Board", &on.ann)),
       PRIVATE(DeleteMember, kStatus, "DeleteEntry! stale", 0, ("Board", &on.ann)),
       PRIVATE(Add, kStatus, "CreateEntry! ReadAB!", 0, (&on.zoe, 1)),
+      PRIVATE(Read, kStatus, "ReadEntryProperties! ReadAB!", 0, (&on.ann, 1)),
       PRIVATE(Modify, kStatus, "ModifyEntry! ReadAB!", 0, (&on.ann, 1)),
       PRIVATE(ModifyByKey, kStatus, "ModifyEntry! ReadAB!", 0, ("Ann", &on.zoe, 1)),
       PRIVATE(Remove, kStatus, "DeleteEntry! ReadAB~", 0, (&on.ann, 1)),

@@ -2,6 +2,7 @@
 // it, and that no value is ever seen half. On Windows all this is the registry's business, which
 // can neither be looked into nor be made to crash.
 
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -128,6 +129,22 @@ TEST_F(SettingsFolderTest, FileInTheWayIsAFailure) {
   EXPECT_NE(SettingsKey(key.c_str(), SettingsAccess::kWrite).OpenStatus(), kSettingsDone);
   EXPECT_NE(DeleteSettingsKey(key.c_str()), kSettingsDone);
   EXPECT_TRUE(fs::exists(folder / "key"));
+}
+
+TEST_F(SettingsFolderTest, WhereTheDiskIsFullTheOldValueStays) {
+  ASSERT_EQ(WriteText(root, "v", "x"), kSettingsDone);
+  rlimit unlimited{};
+  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &unlimited), 0);
+  rlimit full = unlimited;
+  full.rlim_cur = 1;  // a file of more than that is refused as by a full disk
+  const auto ending = signal(SIGXFSZ, SIG_IGN);
+  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &full), 0);
+  const SettingsStatus written = WriteText(root, "v", "y");
+  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &unlimited), 0);
+  signal(SIGXFSZ, ending);
+  EXPECT_NE(written, kSettingsDone);
+  EXPECT_EQ(Read(root, "v"), "x\0"s);
+  EXPECT_THAT(NamesIn(folder), ElementsAre("=v")) << "nothing is left of the new one";
 }
 
 // --- Other processes ---
