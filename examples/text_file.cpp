@@ -23,6 +23,10 @@ bool Replace(const std::filesystem::path& path, const std::string& text) {
   const std::filesystem::file_status before = std::filesystem::status(path, failure);
   std::filesystem::path fresh = path;
   fresh += ".new";
+  if (exists(std::filesystem::symlink_status(fresh, failure))) {
+    throw UsageError("a file is written beside its place first, and " + Quoted(fresh.string()) +
+                     " is there already");
+  }
   if (Write(fresh, text)) {
     failure.clear();
     if (exists(before)) std::filesystem::permissions(fresh, before.permissions(), failure);
