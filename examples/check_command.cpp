@@ -61,6 +61,9 @@ void CheckAppliance(const Credentials& credentials, bool write, bool json) {
   const bool isGood = counts[kOk] == steps.size();
   if (json) PrintJson({{"steps", std::move(list)}, {"good", isGood}});
   const std::string all = std::to_string(steps.size());
+  if (!checkup.WasLoggedIn()) {
+    throw LoginRefusal("nobody could be logged in, so that nothing is known of this server");
+  }
   if (!isGood) {
     throw Refusal("of " + all + " steps " + std::to_string(counts[kFailed]) + " failed and " +
                   std::to_string(counts[kSkipped]) + " were skipped: " +

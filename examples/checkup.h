@@ -23,7 +23,14 @@ class Checkup {
  public:
   explicit Checkup(const Credentials& credentials) : credentials_(credentials) {}
 
-  Session& LogIn() { return session_.emplace(credentials_); }
+  Session& LogIn() {
+    session_.emplace(credentials_);
+    wasLoggedIn_ = true;
+    return *session_;
+  }
+
+  // Whether a login was good, be the session open or not.
+  bool WasLoggedIn() const { return wasLoggedIn_; }
 
   // The session; a Skip where there is none.
   Session& session();
@@ -44,6 +51,7 @@ class Checkup {
  private:
   Credentials credentials_;
   std::optional<Session> session_;
+  bool wasLoggedIn_ = false;
   std::optional<KeySet> keys_;
   std::optional<quillkit::DeferredEnding> ending_;
 };

@@ -11,7 +11,8 @@ constexpr const char* kVersion = "quillctl " QUILLKIT_VERSION;
 
 constexpr const char* kFooter =
     "These options stand before or behind the command; quillctl COMMAND --help tells its own.\n"
-    "Without a password quillctl asks for it, or takes the empty one where nobody can type.\n"
+    "Without a password quillctl takes that of the variable QUILLCTL_PASSWORD, or asks for it, or\n"
+    "takes the empty one where nobody can type.\n"
     "\n"
     "Exit status:\n"
     "  0  good\n"

@@ -58,13 +58,13 @@ void ShowBook(const AddressBook& book, const std::vector<Row>& before, const std
 }
 
 // Tells what became of the rows in front of what the books show.
-void ShowRows(const ImportPlan& plan, const ImportRequest& request) {
+void ShowRows(const ImportPlan& plan, const ImportRequest& request, bool isSeen) {
   if (request.json) {
-    ShowImportJson(plan.rows());
+    ShowImportJson(plan.rows(), isSeen);
   } else if (plan.IsScript()) {
     std::cout << "Imported " << WithoutFolder(request.file) << ".\n";
   } else {
-    ShowImportSummary(WithoutFolder(request.file), plan.rows());
+    ShowImportSummary(WithoutFolder(request.file), plan.rows(), isSeen);
     ShowFaults(plan.rows(), request.faultsShown);
   }
 }
@@ -79,7 +79,7 @@ void Import(ImportPlan& plan, const ImportRequest& request, const Session& sessi
   const Contents now = canLook ? ReadAll(stored, books, session.user()) : Contents();
   if (status != 0) ThrowRefused(status, plan, WithoutFolder(request.file), now);
   if (canLook && !plan.IsScript()) FindAbsent(plan.rows().rows, now.front());
-  ShowRows(plan, request);
+  ShowRows(plan, request, canLook);
   if (request.json) return;
   if (!canLook) {
     std::cout << "What arrived cannot be shown: this server library is not the simulated one.\n";
@@ -94,7 +94,7 @@ void Import(ImportPlan& plan, const ImportRequest& request, const Session& sessi
 void RequireEntries(const ImportPlan& plan, const ImportRequest& request) {
   if (plan.IsScript() || plan.rows().Entries() != 0) return;
   if (request.json) {
-    ShowImportJson(plan.rows());
+    ShowImportJson(plan.rows(), true);
   } else {
     ShowFaults(plan.rows(), request.faultsShown);
   }
@@ -114,7 +114,7 @@ void RunImport(const ImportRequest& request, const Credentials& credentials) {
   RequireEntries(plan, request);
   if (request.dryRun) {
     std::cout << plan.Script();
-    ShowFaults(plan.rows(), request.faultsShown);
+    ShowFaults(plan.rows(), plan.rows().rows.size());
   } else {
     const std::size_t entries = plan.rows().Entries();
     const Session session(credentials);

@@ -5,9 +5,10 @@
 #include "examples/json_output.h"
 
 namespace quillctl {
-void ShowImportSummary(const std::string& file, const ImportRows& rows) {
+
+void ShowImportSummary(const std::string& file, const ImportRows& rows, bool isSeen) {
   std::cout << "Imported " << file << ": " << rows.Entries() << " of " << rows.rows.size()
-            << " rows became entries";
+            << (isSeen ? " rows became entries" : " rows were sent");
   if (rows.passedOver != 0) {
     std::cout << "; " << rows.passedOver << " that the format does not count were passed over";
   }
@@ -26,13 +27,14 @@ void ShowFaults(const ImportRows& rows, std::size_t most) {
   }
 }
 
-void ShowImportJson(const ImportRows& rows) {
+void ShowImportJson(const ImportRows& rows, bool isSeen) {
   Json rejected = Json::array();
   for (const ImportRow& row : rows.rows) {
     if (!row.fault.empty()) rejected.push_back({{"line", row.line}, {"reason", row.fault}});
   }
   PrintJson({{"rows", rows.rows.size()},
              {"imported", rows.Entries()},
+             {"verified", isSeen},
              {"passedOver", rows.passedOver},
              {"rejected", std::move(rejected)}});
 }

@@ -1,4 +1,5 @@
-// quillctl: an application of Quillkit. It uses the exported functions alone.
+// quillctl: an application of Quillkit. What it says to an appliance goes through the exported
+// functions alone.
 
 #include <iostream>
 
@@ -17,8 +18,13 @@ int Report(const char* text, int status) {
 int Run(int argc, const char* const* argv) {
   const CommandLine line = ParseCommandLine(argc, argv);
   if (line.action) line.action(line.credentials);
+  return kExitGood;
+}
+
+// The status, unless what the command shows could not be written.
+int Ended(int status) {
   std::cout.flush();
-  if (std::cout) return kExitGood;
+  if (std::cout) return status;
   return Report("cannot write the output; what the command did stands", kExitRefused);
 }
 
@@ -27,11 +33,11 @@ int Run(int argc, const char* const* argv) {
 
 int main(int argc, char** argv) {
   try {
-    return quillctl::Run(argc, argv);
+    return quillctl::Ended(quillctl::Run(argc, argv));
   } catch (const quillctl::UsageError& error) {
     return quillctl::Report(error.what(), quillctl::kExitUsage);
   } catch (const quillctl::PartialFailure& error) {
-    return quillctl::Report(error.what(), quillctl::kExitPartly);
+    return quillctl::Ended(quillctl::Report(error.what(), quillctl::kExitPartly));
   } catch (const quillctl::LoginRefusal& error) {
     return quillctl::Report(error.what(), quillctl::kExitNoLogin);
   } catch (const std::exception& error) {

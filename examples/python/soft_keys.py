@@ -101,6 +101,8 @@ def show_refusal(call, *arguments):
 
 
 def main():
+    if len(sys.argv) not in (2, 5):
+        sys.exit(__doc__)
     library, *account = sys.argv[1:]
     quill = Quillkit(library)
     host, user, password = account or ("127.0.0.1", "ADMINISTRATOR", "quill")
