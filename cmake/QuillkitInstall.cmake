@@ -53,12 +53,17 @@ install(TARGETS IMSPAPI EXPORT QuillkitSimulatorTargets INCLUDES DESTINATION ${h
         LIBRARY DESTINATION ${private}/simulator COMPONENT Simulator
         ARCHIVE DESTINATION ${private}/simulator COMPONENT Simulator)
 
-# find_package(Quillkit). The version of a 0 may change anything with its second number.
+# find_package(Quillkit). While the first number is 0, a new second one may change anything.
 install(EXPORT QuillkitTargets NAMESPACE Quillkit:: DESTINATION ${package} COMPONENT Development)
 install(EXPORT QuillkitSimulatorTargets NAMESPACE Quillkit:: DESTINATION ${package}
         COMPONENT Simulator)
+if(PROJECT_VERSION_MAJOR EQUAL 0)
+  set(compatibility SameMinorVersion)
+else()
+  set(compatibility SameMajorVersion)
+endif()
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/QuillkitConfigVersion.cmake
-                                 COMPATIBILITY SameMinorVersion)
+                                 COMPATIBILITY ${compatibility})
 install(FILES cmake/QuillkitConfig.cmake ${PROJECT_BINARY_DIR}/QuillkitConfigVersion.cmake
         DESTINATION ${package} COMPONENT Development)
 
@@ -66,6 +71,7 @@ install(FILES cmake/QuillkitConfig.cmake ${PROJECT_BINARY_DIR}/QuillkitConfigVer
 function(quillkit_pkg_config name description libs)
   set(folder ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
   file(RELATIVE_PATH prefix /${folder} /)
+  string(REGEX REPLACE "/$" "" prefix ${prefix})
   configure_file(${PROJECT_SOURCE_DIR}/cmake/quillkit.pc.in ${name}.pc @ONLY)
   install(FILES ${CMAKE_CURRENT_BINARY_DIR}/${name}.pc DESTINATION ${folder}
           COMPONENT Development)

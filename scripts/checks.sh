@@ -11,7 +11,7 @@ check_format() {
 }
 
 # def_names FILE: the names of a .def file, sorted.
-def_names() { sed -n 's/^ \{1,\}//p' "$1" | sort; }
+def_names() { sed -n 's/^[[:blank:]]\{1,\}//p' "$1" | sort; }
 
 # same_names FILE EXPECTED FOUND: whether two sorted lists of names agree; if not, how they differ.
 same_names() {
