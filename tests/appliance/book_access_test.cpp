@@ -17,7 +17,6 @@ namespace quillkit {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 constexpr Status kAnswer = 11;
 
@@ -39,57 +38,54 @@ class BookAccessTest : public ApplianceTest {
 
 // A null buffer and a count of 0 are refused by some operations; a null count is by all.
 TEST_F(BookAccessTest, GuardsStandBeforeTheCall) {
-  static KeyRange range;
-  static CEmailEntry records[2];
-  static EntryKey rows[2];
-  static ABIdent books[2];
-  static PageBoundary table[2];
+  KeyRange range;
+  CEmailEntry records[2];
+  EntryKey rows[2];
+  ABIdent books[2];
+  PageBoundary table[2];
   using Count = std::uint32_t*;
   const struct {
     const char* name;
     bool refusesNull;
     bool refusesZero;
-    std::function<Status(CScanner&, bool none, Count)> run;
+    std::function<Status(bool none, Count)> run;
   } operations[] = {
       {"Read", true, true,
-       [](CScanner& box, bool none, Count count) {
-         return box.EmailEntries().Read(&range, none ? nullptr : records, count, 1);
+       [&](bool none, Count count) {
+         return box_->EmailEntries().Read(&range, none ? nullptr : records, count, 1);
        }},
       {"List", true, true,
-       [](CScanner& box, bool none, Count count) {
-         return box.EmailEntries().List(&range, none ? nullptr : rows, count, 1);
+       [&](bool none, Count count) {
+         return box_->EmailEntries().List(&range, none ? nullptr : rows, count, 1);
        }},
       {"ReadPageBoundaries", true, true,
-       [](CScanner& box, bool none, Count count) {
-         return box.ReadPageBoundaries(none ? nullptr : table, count);
+       [&](bool none, Count count) {
+         return box_->ReadPageBoundaries(none ? nullptr : table, count);
        }},
       {"ListNames", false, true,
-       [](CScanner& box, bool none, Count count) {
-         return box.PrinterEntries().ListNames(none ? nullptr : rows, count);
+       [&](bool none, Count count) {
+         return box_->PrinterEntries().ListNames(none ? nullptr : rows, count);
        }},
       {"ListLists", false, true,
-       [](CScanner& box, bool none, Count count) {
-         return box.ListFaxLists(none ? nullptr : books, count);
-       }},
+       [&](bool none, Count count) { return box_->ListFaxLists(none ? nullptr : books, count); }},
       {"ReadAll", false, false,
-       [](CScanner& box, bool none, Count count) {
-         return box.PrivateList("Team").ReadAll(none ? nullptr : records, count);
+       [&](bool none, Count count) {
+         return box_->PrivateList("Team").ReadAll(none ? nullptr : records, count);
        }},
   };
   SimulatorSetLies(kLieFailedCount);
   SimulatorFail(nullptr, 0, kAnswer);
   for (const auto& each : operations) {
     SCOPED_TRACE(each.name);
-    const auto expect = [&](bool refused, bool none, Count count) {
-      EXPECT_EQ(each.run(*box_, none, count), refused ? kRefused : kAnswer);
+    std::uint32_t count = 2;
+    std::uint32_t zero = 0;
+    const auto expect = [&](bool refused, bool none, Count given) {
+      EXPECT_EQ(each.run(none, given), refused ? kRefused : kAnswer);
       EXPECT_EQ(TakeCalls().empty(), refused);
     };
-    std::uint32_t count = 2;
     expect(false, false, &count);
-    count = 2;
     expect(each.refusesNull, true, &count);
-    count = 0;
-    expect(each.refusesZero, false, &count);
+    expect(each.refusesZero, false, &zero);
     expect(true, false, nullptr);
   }
 }
@@ -112,15 +108,12 @@ TEST_F(BookAccessTest, ABatchOfModificationsEndsAtTheFirstRefusal) {
   for (const CEmailEntry& each : members) {
     SimulatorPutEntry(BookKind::kPublicList, "Team", nullptr, &each);
   }
-  std::uint32_t count = 5;
+  const std::uint32_t count = 5;
   SimulatorFail("IMSPModifyEntry", 3, kAnswer);
   EXPECT_EQ(box_->PublicList("Team").ModifyEach(members.data(), &count), kAnswer);
   EXPECT_EQ(TakeCalls().size(), 3U);
   EXPECT_EQ(box_->PublicList("Team").ModifyEach(members.data(), &count), kNoError);
   EXPECT_EQ(TakeCalls().back(), "IMSPModifyEntry 64:Team E E");
-  count = 0;
-  EXPECT_EQ(box_->PublicList("Team").ModifyEach(members.data(), &count), kNoError);
-  EXPECT_THAT(TakeCalls(), IsEmpty());
 }
 
 TEST_F(BookAccessTest, PrivateMembersOfThePublicBookGoWithoutTheirAddress) {
@@ -142,8 +135,8 @@ TEST_F(BookAccessTest, PrivateMembersOfThePublicBookGoWithoutTheirAddress) {
   EXPECT_EQ(more[2].address.View(), "address") << "not sent, not touched";
 }
 
-// Reads from a server that fills every text to its end and claims more than it delivered: each row
-// of the buffer ends inside its fields.
+// A server that fills every text to its end and claims more than it delivered: each row of the
+// buffer ends inside its fields.
 TEST_F(BookAccessTest, DeliveredTextsEndInsideTheirFields) {
   SimulatorSeed();
   box_ = LogIn();
@@ -164,10 +157,6 @@ TEST_F(BookAccessTest, DeliveredTextsEndInsideTheirFields) {
     std::uint32_t count = 3;
     EXPECT_EQ(box_->ListPublicLists(lists, &count), kNoError);
     for (const ABIdent& each : lists) EXPECT_TRUE(each.name.IsTerminated());
-    PrinterRecord printer;
-    printer.printerName.Assign("Workshop");
-    EXPECT_EQ(box_->PrinterEntries().ReadOne(&printer), kNoError);
-    EXPECT_TRUE(printer.IsValid());
     PrinterModelRecord model;
     model.modelName.Assign("Laserette 9");
     EXPECT_EQ(box_->ModelEntries().ReadOne(&model), kNoError);
