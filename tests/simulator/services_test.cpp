@@ -35,9 +35,6 @@ TEST_F(ServicesTest, TimeoutIsTheSessions) {
   EXPECT_EQ(SimulatorTimeout(), 3'600'000U);
   LogInAsAdministrator();
   EXPECT_EQ(SimulatorTimeout(), 30'000U);
-  SimulatorSetTimeout(1999);
-  LogInAsAdministrator();
-  EXPECT_EQ(SimulatorTimeout(), 1999U);
   EXPECT_EQ(Control(static_cast<IOCtlCode>(99), &value), kBadCommand);
 }
 
@@ -59,19 +56,12 @@ TEST_F(ServicesTest, CallThatTakesTooLongDoesNothing) {
 TEST_F(ServicesTest, RestorePutsBackTheBooksOfItsBackup) {
   PutEmail("Ann");
   EXPECT_EQ(Command("DBBACKUP......one,x"), kNoError);
-  PutEmail("Bob");
-  EXPECT_EQ(Command("DBBACKUP......two,"), kNoError);
   for (const char* name : {"Cid", "Dan"}) {
     PutEmail(name);
     EXPECT_EQ(Command("DBRESTORE.....one,y"), kNoError);
     EXPECT_EQ(EmailSize(), 1) << "the copy is not what is worked on";
   }
   EXPECT_EQ(Command("DBRESTORE.....three,"), kDataNotFound);
-  EXPECT_EQ(Command("DBRESTORE.....two,"), kNoError);
-  EXPECT_EQ(EmailSize(), 2);
-}
-
-TEST_F(ServicesTest, UnknownCommandIsBad) {
   EXPECT_EQ(Command("DBCHECK......."), kNoError);
   for (const std::string& text : {std::string(), std::string("DBCHECK"),
                                   std::string("dbcheck......."), std::string(1000, 'x')}) {
@@ -80,17 +70,16 @@ TEST_F(ServicesTest, UnknownCommandIsBad) {
 }
 
 TEST_F(ServicesTest, TextsAreCheckedForLengthAndCharacters) {
-  struct Case {
+  const struct {
     const char* text;
     std::int32_t limit;
     Status status;
+  } cases[] = {
+      {"", 0, kNoError},       {"abc", 3, kNoError},       {"abc", 2, kInvalidField},
+      {"", -1, kInvalidField}, {"a*\xE9", 9, kNoError},    {"a\"b", 9, kInvalidField},
+      {"\x80", 9, kNoError},   {"a\tb", 9, kInvalidField}, {"a\x7F", 9, kInvalidField},
   };
-  constexpr Case kCases[] = {
-      {"", 0, kNoError},          {"abc", 3, kNoError},        {"abc", 2, kInvalidField},
-      {"", -1, kInvalidField},    {"a*\xE9", 9, kNoError},     {"a\"b", 9, kInvalidField},
-      {"a\tb", 9, kInvalidField}, {"a\x7F", 9, kInvalidField}, {"\x80", 9, kNoError},
-  };
-  for (const Case& each : kCases) {
+  for (const auto& each : cases) {
     EXPECT_EQ(IMSPCheckString(each.text, each.limit), each.status) << each.text;
   }
 }
