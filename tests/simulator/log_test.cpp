@@ -9,6 +9,8 @@
 namespace quillkit {
 namespace {
 
+using testing::ElementsAre;
+
 // "user: text" of one record.
 std::string Show(const LogRecord& record) {
   return std::string(record.bytes) + ": " + (record.bytes + 32);
@@ -30,13 +32,11 @@ class LogTest : public ServerTest {
     return lines;
   }
 
-  static std::uint32_t Size(const char* user) {
+  static std::int32_t Size(const char* user) {
     std::uint32_t count = 99;
     EXPECT_EQ(IMSPSizeofAB(&book, user, &count), kNoError);
-    return count;
+    return static_cast<std::int32_t>(count);
   }
-
-  static Status Clear(const char* filter) { return IMSPClearAB(&book, filter); }
 
   // Two logins of TOOLKIT, with one of GUEST in between, and the administrator's.
   void LogInSeveral() {
@@ -52,28 +52,28 @@ TEST_F(LogTest, FilterIsAUser) {
   LogIn("TOOLKIT", "wrong");
   LogInSeveral();
   IMSPBatchConfiguration("no/such/file");
-  EXPECT_THAT(Read(""), testing::ElementsAre("TOOLKIT: login", "GUEST: login", "TOOLKIT: login",
-                                             "TOOLKIT: logout", "ADMINISTRATOR: login",
-                                             "ADMINISTRATOR: batch 17"));
-  EXPECT_EQ(Size(nullptr), 6U);
-  EXPECT_EQ(Size("*"), 6U);
-  EXPECT_EQ(Size("TOOLKIT"), 3U);
-  EXPECT_EQ(Size("TOOL*"), 0U);
-  EXPECT_THAT(Read("TOOLKIT", 2), testing::ElementsAre("TOOLKIT: login", "TOOLKIT: login"));
-  EXPECT_THAT(Read("TOOLKIT", 2, 1, 1), testing::ElementsAre("TOOLKIT: login", "TOOLKIT: logout"));
-  EXPECT_THAT(Read("TOOLKIT", 2, 0), testing::ElementsAre("TOOLKIT: login", "TOOLKIT: logout"));
+  EXPECT_THAT(Read(""),
+              ElementsAre("TOOLKIT: login", "GUEST: login", "TOOLKIT: login", "TOOLKIT: logout",
+                          "ADMINISTRATOR: login", "ADMINISTRATOR: batch 17"));
+  EXPECT_EQ(Size(nullptr), 6);
+  EXPECT_EQ(Size("*"), 6);
+  EXPECT_EQ(Size("TOOLKIT"), 3);
+  EXPECT_EQ(Size("TOOL*"), 0);
+  EXPECT_THAT(Read("TOOLKIT", 2), ElementsAre("TOOLKIT: login", "TOOLKIT: login"));
+  EXPECT_THAT(Read("TOOLKIT", 2, 1, 1), ElementsAre("TOOLKIT: login", "TOOLKIT: logout"));
+  EXPECT_THAT(Read("TOOLKIT", 2, 0), ElementsAre("TOOLKIT: login", "TOOLKIT: logout"));
   EXPECT_THAT(Read("Nobody"), testing::IsEmpty());
 }
 
 TEST_F(LogTest, ClearsAUserAllOrAllButSome) {
   LogInSeveral();
-  EXPECT_EQ(Clear("TOOLKIT"), kNoError);
-  EXPECT_THAT(Read(""), testing::ElementsAre("GUEST: login", "ADMINISTRATOR: login"));
+  EXPECT_EQ(IMSPClearAB(&book, "TOOLKIT"), kNoError);
+  EXPECT_THAT(Read(""), ElementsAre("GUEST: login", "ADMINISTRATOR: login"));
   LogIn("TOOLKIT", "KELP");
-  EXPECT_EQ(Clear("_!ADMINISTRATOR_!GUEST"), kNoError);
-  EXPECT_THAT(Read(""), testing::ElementsAre("GUEST: login", "ADMINISTRATOR: login"));
-  EXPECT_EQ(Clear(nullptr), kNoError);
-  EXPECT_EQ(Size(nullptr), 0U);
+  EXPECT_EQ(IMSPClearAB(&book, "_!ADMINISTRATOR_!GUEST"), kNoError);
+  EXPECT_THAT(Read(""), ElementsAre("GUEST: login", "ADMINISTRATOR: login"));
+  EXPECT_EQ(IMSPClearAB(&book, nullptr), kNoError);
+  EXPECT_EQ(Size(nullptr), 0);
 }
 
 TEST_F(LogTest, ItsRecordsAreNoEntries) {
@@ -97,11 +97,11 @@ TEST_F(LogTest, KeepsTheLatestRecords) {
     SimulatorPutEntry(BookKind::kLog, nullptr, nullptr, &record);
   }
   LogIn("TOOLKIT", "KELP");
-  EXPECT_EQ(Size(nullptr), static_cast<unsigned>(kCapacity));
-  EXPECT_THAT(Read("", 2), testing::ElementsAre("odd: 1", "even: 2"));
-  EXPECT_THAT(Read("even", 1), testing::ElementsAre("even: 2"));
-  EXPECT_THAT(Read("odd", 1, 0), testing::ElementsAre("odd: 65535"));
-  EXPECT_THAT(Read("TOOLKIT"), testing::ElementsAre("TOOLKIT: login"));
+  EXPECT_EQ(Size(nullptr), kCapacity);
+  EXPECT_THAT(Read("", 2), ElementsAre("odd: 1", "even: 2"));
+  EXPECT_THAT(Read("even", 1), ElementsAre("even: 2"));
+  EXPECT_THAT(Read("odd", 1, 0), ElementsAre("odd: 65535"));
+  EXPECT_THAT(Read("TOOLKIT"), ElementsAre("TOOLKIT: login"));
 }
 
 }  // namespace
