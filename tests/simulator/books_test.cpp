@@ -136,25 +136,23 @@ TEST_F(BooksTest, NullArgumentsAreInvalid) {
   EntryKey key("Ann");
   CEmailEntry record = MakeEmail("Ann");
   std::uint32_t count = 1;
-  const Status results[] = {
-      IMSPIOCtl(nullptr),
-      IMSPCheckString(nullptr, 5),
-      IMSPBatchConfiguration(nullptr),
-      IMSPChangeIdentity(nullptr),
-      IMSPClearAB(nullptr, nullptr),
-      IMSPSizeofAB(nullptr, nullptr, &count),
-      IMSPSizeofAB(&book, nullptr, nullptr),
-      IMSPReadAB(&book, nullptr, nullptr, &(count = 1), 1),
-      IMSPReadAB(&book, nullptr, &record, nullptr, 1),
-      IMSPListABEntries(&book, nullptr, nullptr, &(count = 1), 1),
-      IMSPListAB(&book, nullptr, &book, nullptr, 1),
-      IMSPReadPageBoundaries(&book, nullptr, &(count = 1)),
-      IMSPCreateEntry(&book, nullptr),
-      IMSPReadEntryProperties(&book, nullptr, &record),
-      IMSPReadEntryProperties(&book, &key, nullptr),
-      IMSPModifyEntry(&book, &key, nullptr),
-      IMSPDeleteEntry(&book, nullptr),
-  };
+  const Status results[] = {IMSPIOCtl(nullptr),
+                            IMSPCheckString(nullptr, 5),
+                            IMSPBatchConfiguration(nullptr),
+                            IMSPChangeIdentity(nullptr),
+                            IMSPClearAB(nullptr, nullptr),
+                            IMSPSizeofAB(nullptr, nullptr, &count),
+                            IMSPSizeofAB(&book, nullptr, nullptr),
+                            IMSPReadAB(&book, nullptr, nullptr, &(count = 1), 1),
+                            IMSPReadAB(&book, nullptr, &record, nullptr, 1),
+                            IMSPListABEntries(&book, nullptr, nullptr, &(count = 1), 1),
+                            IMSPListAB(&book, nullptr, &book, nullptr, 1),
+                            IMSPReadPageBoundaries(&book, nullptr, &(count = 1)),
+                            IMSPCreateEntry(&book, nullptr),
+                            IMSPReadEntryProperties(&book, nullptr, &record),
+                            IMSPReadEntryProperties(&book, &key, nullptr),
+                            IMSPModifyEntry(&book, &key, nullptr),
+                            IMSPDeleteEntry(&book, nullptr)};
   EXPECT_THAT(results, testing::Each(kInvalidField));
 }
 

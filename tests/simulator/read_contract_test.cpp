@@ -92,12 +92,12 @@ Reply Model(const Names& sorted, const KeyRange& range, std::size_t capacity, bo
   return {status, count, left};
 }
 
-// What `read` gives, which takes the buffer and the count.
+// What a read of `book` gives.
 template <class Row, class Read>
-Reply RowsOf(std::size_t capacity, Read read) {
+Reply RowsOf(Read read, ABIdent book, KeyRange* range, std::size_t capacity, bool forward) {
   std::vector<Row> rows(capacity + 2);
   auto count = static_cast<std::uint32_t>(capacity);
-  const Status status = read(rows.data() + 1, &count);
+  const Status status = read(&book, range, rows.data() + 1, &count, forward ? 1 : 0);
   Names names;
   for (const Row& row : rows) names.emplace_back(row.name.View());
   return {status, count, names};
@@ -129,28 +129,15 @@ TEST_F(ReadContractTest, ReadsDeliverWhatTheModelDelivers) {
       KeyRange drawn = random.Range(names);
       KeyRange* const range = random.Below(20) == 0 ? nullptr : &drawn;
       const std::size_t capacity = random.Below(20);
-      const int forward = random.Below(2) == 0 ? 1 : 0;
+      const bool forward = random.Below(2) == 0;
       SCOPED_TRACE(testing::Message()
                    << "seed " << seed << " step " << step << " capacity " << capacity << " forward "
                    << forward << " first '" << drawn.first.View() << "' filter '"
                    << drawn.filter.View() << "' skip " << drawn.skip);
-      const Reply expected =
-          Model(names, range != nullptr ? drawn : KeyRange(), capacity, forward == 1);
-      EXPECT_EQ(RowsOf<CMenuItem>(capacity,
-                                  [&](CMenuItem* rows, std::uint32_t* count) {
-                                    return IMSPReadAB(&top, range, rows, count, forward);
-                                  }),
-                expected);
-      EXPECT_EQ(RowsOf<EntryKey>(capacity,
-                                 [&](EntryKey* rows, std::uint32_t* count) {
-                                   return IMSPListABEntries(&top, range, rows, count, forward);
-                                 }),
-                expected);
-      EXPECT_EQ(RowsOf<ABIdent>(capacity,
-                                [&](ABIdent* rows, std::uint32_t* count) {
-                                  return IMSPListAB(&keys, range, rows, count, forward);
-                                }),
-                expected);
+      const Reply expected = Model(names, range != nullptr ? drawn : KeyRange(), capacity, forward);
+      EXPECT_EQ(RowsOf<CMenuItem>(IMSPReadAB, top, range, capacity, forward), expected);
+      EXPECT_EQ(RowsOf<EntryKey>(IMSPListABEntries, top, range, capacity, forward), expected);
+      EXPECT_EQ(RowsOf<ABIdent>(IMSPListAB, keys, range, capacity, forward), expected);
     }
   }
 }
