@@ -1,4 +1,4 @@
-// What a scanner is, what it owns, and what it does when it is not bound.
+// What a scanner is, what it does when it is not bound, and who writes its tag.
 
 #include "appliance/scanner.h"
 
@@ -8,7 +8,6 @@
 
 #include "bridge/the_agent.h"
 #include "simulator/simulator.h"
-#include "softkeys/top_level_ab.h"
 #include "tests/support/appliance_fixture.h"
 #include "toolkit/quillkit.h"
 
@@ -27,6 +26,11 @@ TEST(Scanner, IsNothingUntilItIsBound) {
   EXPECT_EQ(scanner.Init("a", &kNowhere, "b", "c", &TheAgent), 0);
   EXPECT_EQ(scanner.Init("a", nullptr, "b", "c", &TheAgent), 0);
   EXPECT_EQ(scanner.Name(), "");
+  CUserEntry entry;
+  EXPECT_EQ(scanner.EnrolUser(&entry), kRefused);
+  EXPECT_EQ(scanner.LogCount(), 0U);
+  EXPECT_EQ(scanner.LogRecordAt(0), nullptr);
+
   EXPECT_EQ(scanner.Init("a", &kAddress, "b", "c", &TheAgent), 1);
   CScanner other;
   EXPECT_TRUE(scanner != other);
@@ -48,24 +52,12 @@ TEST(Scanner, IsNothingUntilItIsBound) {
   }
 }
 
-class ScannerBooks : public ApplianceTest {
+class ScannerServices : public ApplianceTest {
  protected:
-  ScannerBooks() { PutKey("Scan", {"Desk"}); }
-
   CScanner* box_ = LogIn();
 };
 
-TEST_F(ScannerBooks, ATopBookIsLoadedAsItIsOpened) {
-  EXPECT_EQ(box_->SetTopBook(nullptr), 1);
-  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPListABEntries 256: [|*|0] 11 1",
-                                       "IMSPReadAB 512:Scan [|*|0] 512 1"));
-  EXPECT_EQ(box_->TopBook()->Count(), 1);
-  SimulatorFail("IMSPListABEntries", 1, 6);
-  EXPECT_EQ(box_->SetTopBook(nullptr), 1) << "what the load gave is dropped";
-  EXPECT_EQ(box_->TopBook()->Count(), 0);
-}
-
-TEST_F(ScannerBooks, AnUnboundScannerClearsNothingAndReadsAsSuccess) {
+TEST_F(ScannerServices, AnUnboundScannerClearsNothingAndReadsAsSuccess) {
   TheAgent.SetError(17);
   box_->SetAddress(&kNowhere);
   EXPECT_EQ(box_->ClearEmailBook(), kNoError);
@@ -73,21 +65,7 @@ TEST_F(ScannerBooks, AnUnboundScannerClearsNothingAndReadsAsSuccess) {
   EXPECT_THAT(TakeCalls(), IsEmpty());
 }
 
-TEST_F(ScannerBooks, TheAgentKeepsTheLogAndEnrols) {
-  CUserEntry entry;
-  entry.SetName("Ann");
-  EXPECT_EQ(CScanner().EnrolUser(&entry), kRefused);
-  EXPECT_EQ(CScanner().LogCount(), 0U);
-  EXPECT_EQ(CScanner().LogRecordAt(0), nullptr);
-
-  EXPECT_EQ(box_->ReadLog("ADMINISTRATOR"), kNoError);
-  EXPECT_EQ(box_->LogCount(), 1U);
-  EXPECT_EQ(box_->LogRecordAt(0), TheAgent.LogRecordAt(0));
-  EXPECT_EQ(box_->EnrolUser(&entry), kNoError);
-  EXPECT_EQ(SimulatorFindEntry(BookKind::kUsers, "", nullptr, "Ann", &entry), 1);
-}
-
-TEST_F(ScannerBooks, TheAdministratorAloneWritesTheTag) {
+TEST_F(ScannerServices, TheAdministratorAloneWritesTheTag) {
   const std::uint32_t tag = 77;
   const std::string read = "IMSPReadEntryProperties 4:USERSAB ADMINISTRATOR";
   EXPECT_EQ(box_->WriteAdminTag(&tag), kNoError);

@@ -48,7 +48,6 @@ TEST_F(SessionTest, IdentityIsCutAtTheCallersBuffer) {
   EXPECT_STREQ(buffer, "ABCDEF####");
   EXPECT_EQ(IMSPLogin(&login, buffer, 10), kNoError);
   EXPECT_EQ(std::string(buffer, 10), std::string("ABCDEF\0###", 10));
-  EXPECT_EQ(IMSPLogin(&login, nullptr, 0), kNoError);
 }
 
 // The private books are each user's own: all create a list of the same name.
