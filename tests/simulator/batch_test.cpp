@@ -81,7 +81,6 @@ TEST_F(BatchTest, LineThatIsNoCommandEndsTheScript) {
       {"SE emailab \"A\0\" \"b\""s, kBadCommand},
       {"SE usersab \"A\" \"b\" \"c\" \"d\" 1 0 0", kBadCommand},
       {"SE usersab \"A\" \"b\" \"c\" \"d\" 1 0 0 x", kBadCommand},
-      {"SE usersab \"A\" \"b\" \"c\" \"d\" 2 0 0 1", kInvalidField},
       {"SE usersab \"A\" \"b\" \"c\" \"d\" 1 0 0 16", kInvalidField},
       {"SE emailab \"\" \"b\"", kInvalidField},
       {"SE emailab " + Quote(std::string(32, 'n')) + " \"b\"", kInvalidField},
