@@ -52,23 +52,22 @@ TEST(Scanner, IsNothingUntilItIsBound) {
   }
 }
 
-class ScannerServices : public ApplianceTest {
- protected:
-  CScanner* box_ = LogIn();
-};
+using ScannerServices = ApplianceTest;
 
-TEST_F(ScannerServices, AnUnboundScannerClearsNothingAndReadsAsSuccess) {
+TEST_F(ScannerServices, ClearingOfAnUnboundScannerReadsAsSuccess) {
+  CScanner* const box = LogIn();
   TheAgent.SetError(17);
-  box_->SetAddress(&kNowhere);
-  EXPECT_EQ(box_->ClearEmailBook(), kNoError);
+  box->SetAddress(&kNowhere);
+  EXPECT_EQ(box->ClearEmailBook(), kNoError);
   EXPECT_EQ(TheAgent.LastError(), 17);
   EXPECT_THAT(TakeCalls(), IsEmpty());
 }
 
 TEST_F(ScannerServices, TheAdministratorAloneWritesTheTag) {
+  CScanner* const box = LogIn();
   const std::uint32_t tag = 77;
   const std::string read = "IMSPReadEntryProperties 4:USERSAB ADMINISTRATOR";
-  EXPECT_EQ(box_->WriteAdminTag(&tag), kNoError);
+  EXPECT_EQ(box->WriteAdminTag(&tag), kNoError);
   EXPECT_THAT(TakeCalls(),
               ElementsAre(read, "IMSPModifyEntry 4:USERSAB ADMINISTRATOR ADMINISTRATOR"));
   CUserEntry stored;
@@ -76,14 +75,14 @@ TEST_F(ScannerServices, TheAdministratorAloneWritesTheTag) {
   EXPECT_EQ(stored.password.View(), kPassword) << "the rest of the entry stays";
 
   std::uint32_t found = 0;
-  EXPECT_EQ(box_->ReadAdminTag(&found), kNoError);
+  EXPECT_EQ(box->ReadAdminTag(&found), kNoError);
   EXPECT_EQ(found, 77U);
   SimulatorFail("IMSPReadEntryProperties", 0, 6);
   found = 5;
-  EXPECT_EQ(box_->ReadAdminTag(&found), 6);
+  EXPECT_EQ(box->ReadAdminTag(&found), 6);
   EXPECT_EQ(found, 5U);
   TakeCalls();
-  EXPECT_EQ(box_->WriteAdminTag(&tag), 6);
+  EXPECT_EQ(box->WriteAdminTag(&tag), 6);
   EXPECT_THAT(TakeCalls(), ElementsAre(read));
 
   SimulatorClearFaults();

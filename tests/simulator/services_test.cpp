@@ -11,13 +11,6 @@ class ServicesTest : public ServerTest {
  protected:
   ServicesTest() { LogInAsAdministrator(); }
 
-  static Status Control(IOCtlCode code, std::uint32_t* value) {
-    IOCtlRecord record{code, *value, nullptr};
-    const Status status = IMSPIOCtl(&record);
-    *value = record.value;
-    return status;
-  }
-
   static Status Command(std::string text) {
     IOCtlRecord record{IOCtlCode::kDatabaseCommand, 0, text.data()};
     return IMSPIOCtl(&record);
@@ -27,15 +20,15 @@ class ServicesTest : public ServerTest {
 };
 
 TEST_F(ServicesTest, TimeoutIsTheSessions) {
-  std::uint32_t value = 0;
-  EXPECT_EQ(Control(IOCtlCode::kGetTimeout, &value), kNoError);
-  EXPECT_EQ(value, 30'000U);
-  value = 3'600'000;
-  EXPECT_EQ(Control(IOCtlCode::kSetTimeout, &value), kNoError);
+  IOCtlRecord record{IOCtlCode::kSetTimeout, 3'600'000, nullptr};
+  EXPECT_EQ(IMSPIOCtl(&record), kNoError);
   EXPECT_EQ(SimulatorTimeout(), 3'600'000U);
   LogInAsAdministrator();
-  EXPECT_EQ(SimulatorTimeout(), 30'000U);
-  EXPECT_EQ(Control(static_cast<IOCtlCode>(99), &value), kBadCommand);
+  record.code = IOCtlCode::kGetTimeout;
+  EXPECT_EQ(IMSPIOCtl(&record), kNoError);
+  EXPECT_EQ(record.value, 30'000U);
+  record.code = static_cast<IOCtlCode>(99);
+  EXPECT_EQ(IMSPIOCtl(&record), kBadCommand);
 }
 
 TEST_F(ServicesTest, CallThatTakesTooLongDoesNothing) {
