@@ -32,6 +32,7 @@ HiddenInput::HiddenInput() {
   caught.emplace(ShowAndEnd);
   termios hidden = shown;
   hidden.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+  hidden.c_cc[VSUSP] = _POSIX_VDISABLE;  // it would leave a shell in which nothing shows
   tcsetattr(STDIN_FILENO, TCSANOW, &hidden);
 }
 
