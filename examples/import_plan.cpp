@@ -7,9 +7,7 @@
 #include "examples/import_faults.h"
 #include "examples/import_file.h"
 #include "examples/temporary_file.h"
-#include "import/convert_delimited_text.h"
-#include "import/convert_directory_export.h"
-#include "import/convert_mail_server_export.h"
+#include "import/convert_file.h"
 #include "import/script.h"
 
 namespace quillctl {
@@ -124,28 +122,13 @@ std::string ImportPlan::RowsToSend() const {
   return bytes;
 }
 
-std::int32_t ImportPlan::Convert(const char* source, const char* script) const {
-  const quillkit::ImportOptions& options = mapped_.options;
-  const int isAdmin = isAdmin_ ? 1 : 0;
-  switch (options.format) {
-    case quillkit::ImportFormatDirectory:
-      return quillkit::ConvertDirectoryExport(source, script, options.clearFirst, isAdmin, nullptr,
-                                              0);
-    case quillkit::ImportFormatMailServer:
-      return quillkit::ConvertMailServerExport(source, script, options.clearFirst, isAdmin, nullptr,
-                                               0);
-    default:
-      return quillkit::ConvertDelimitedText(source, options.targetBook, ColumnMapOf(options),
-                                            script, 0, ",", options.clearFirst, isAdmin, "",
-                                            nullptr, 0);
-  }
-}
-
 std::string ImportPlan::Script() const {
   if (IsScript()) return ReadScript(file_);
   const TemporaryFile source(RowsToSend());
   const TemporaryFile script("");
-  RequireGood(Convert(source.path().c_str(), script.path().c_str()), "write the script");
+  const std::int32_t status = quillkit::ConvertFile(source.path().c_str(), script.path().c_str(),
+                                                    mapped_.options, isAdmin_ ? 1 : 0, "");
+  RequireGood(status, "write the script");
   return ReadScript(script.path());
 }
 

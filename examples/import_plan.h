@@ -57,7 +57,6 @@ class ImportPlan {
   void TakeDelimited(const ImportRequest& request);
   void TakeOther(const ImportRequest& request);
   std::string RowsToSend() const;
-  std::int32_t Convert(const char* source, const char* script) const;
 
   std::string file_;
   bool isAdmin_;

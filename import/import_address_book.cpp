@@ -6,9 +6,7 @@
 #include "books/user_record.h"
 #include "import/connected_user.h"
 #include "import/conversion.h"
-#include "import/convert_delimited_text.h"
-#include "import/convert_directory_export.h"
-#include "import/convert_mail_server_export.h"
+#include "import/convert_file.h"
 #include "platform/files.h"
 #include "platform/message_pump.h"
 
@@ -18,33 +16,14 @@ namespace {
 constexpr std::int32_t kNoSuchFile = -1;
 constexpr std::int32_t kNotConnected = -1;
 constexpr std::int32_t kNoOptions = -3;
-constexpr std::int32_t kUnknownFormat = -11;
 constexpr const char* kScriptPrefix = "QK7";
 
-// No window takes part in an import, so no messages are pumped.
-std::int32_t ConvertDelimited(const CScanner* scanner, const char* path, const char* script,
-                              const ImportOptions& options, std::int32_t isAdmin) {
-  char userName[32] = {};
-  GetConnectedUserName(scanner, userName, sizeof(userName));
-  return ConvertDelimitedText(path, options.targetBook, ColumnMapOf(options), script,
-                              options.skipHeader, ",", options.clearFirst, isAdmin, userName,
-                              nullptr, 0);
-}
-
-// Writes the script. What the converter gives.
+// Writes the script for whoever is connected. What the converter gives.
 std::int32_t Convert(const CScanner* scanner, const char* path, const char* script,
                      const ImportOptions& options) {
-  const std::int32_t isAdmin = IsConnectedUserAdministrator(scanner);
-  switch (options.format) {
-    case ImportFormatDirectory:
-      return ConvertDirectoryExport(path, script, options.clearFirst, isAdmin, nullptr, 0);
-    case ImportFormatMailServer:
-      return ConvertMailServerExport(path, script, options.clearFirst, isAdmin, nullptr, 0);
-    case ImportFormatDelimited:
-      return ConvertDelimited(scanner, path, script, options, isAdmin);
-    default:
-      return kUnknownFormat;
-  }
+  char userName[32] = {};
+  GetConnectedUserName(scanner, userName, sizeof(userName));
+  return ConvertFile(path, script, options, IsConnectedUserAdministrator(scanner), userName);
 }
 
 // Lets the server run the script, under the wait cursor.

@@ -1,0 +1,28 @@
+#include "import/convert_file.h"
+
+#include "bridge/status.h"
+#include "import/convert_delimited_text.h"
+#include "import/convert_directory_export.h"
+#include "import/convert_mail_server_export.h"
+
+namespace quillkit {
+
+std::int32_t ConvertFile(const char* sourcePath, const char* scriptPath,
+                         const ImportOptions& options, std::int32_t isAdmin, const char* userName) {
+  switch (options.format) {
+    case ImportFormatDirectory:
+      return ConvertDirectoryExport(sourcePath, scriptPath, options.clearFirst, isAdmin, nullptr,
+                                    0);
+    case ImportFormatMailServer:
+      return ConvertMailServerExport(sourcePath, scriptPath, options.clearFirst, isAdmin, nullptr,
+                                     0);
+    case ImportFormatDelimited:
+      return ConvertDelimitedText(sourcePath, options.targetBook, ColumnMapOf(options), scriptPath,
+                                  options.skipHeader, ",", options.clearFirst, isAdmin, userName,
+                                  nullptr, 0);
+    default:
+      return kUnknownFormat;
+  }
+}
+
+}  // namespace quillkit
