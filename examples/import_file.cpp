@@ -1,31 +1,25 @@
 #include "examples/import_file.h"
 
 #include <filesystem>
-#include <fstream>
-#include <vector>
+#include <optional>
+#include <utility>
 
 #include "examples/displayed_text.h"
 #include "examples/failures.h"
+#include "examples/text_file.h"
 
 namespace quillctl {
 namespace {
 
 constexpr std::size_t kLargest = std::size_t{64} << 20;
-constexpr std::size_t kBlock = std::size_t{64} << 10;
 
 }  // namespace
 
 std::string ReadImportFile(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  std::string bytes;
-  std::vector<char> block(kBlock);
-  while (file) {
-    file.read(block.data(), std::ssize(block));
-    bytes.append(block.data(), static_cast<std::size_t>(file.gcount()));
-    if (bytes.size() > kLargest) throw UsageError(WithoutFolder(path) + " is larger than 64 MiB");
-  }
-  if (!file.eof() || file.bad()) throw UsageError(WithoutFolder(path) + " cannot be read");
-  return bytes;
+  std::optional<std::string> bytes = ReadBytes(path, kLargest);
+  if (!bytes) throw UsageError(WithoutFolder(path) + " cannot be read");
+  if (bytes->size() > kLargest) throw UsageError(WithoutFolder(path) + " is larger than 64 MiB");
+  return std::move(*bytes);
 }
 
 std::string_view WithoutByteOrderMark(std::string_view text) {

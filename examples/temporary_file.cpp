@@ -1,17 +1,13 @@
 #include "examples/temporary_file.h"
 
-#include <fstream>
-
 #include "examples/failures.h"
+#include "examples/text_file.h"
 #include "platform/files.h"
 
 namespace quillctl {
 
 TemporaryFile::TemporaryFile(std::string_view bytes) : path_(quillkit::CreateTemporaryFile("QKC")) {
-  std::ofstream file(path_, std::ios::binary);
-  file << bytes;
-  file.close();
-  if (file) return;
+  if (WriteBytes(path_, bytes)) return;
   quillkit::DeleteFileAt(path_);
   throw Refusal("a temporary file cannot be written");
 }

@@ -3,19 +3,13 @@
 #include <array>
 #include <filesystem>
 #include <fstream>
+#include <utility>
 
 #include "examples/displayed_text.h"
 #include "examples/failures.h"
 
 namespace quillctl {
 namespace {
-
-bool Write(const std::filesystem::path& path, const std::string& text) {
-  std::ofstream file(path, std::ios::binary | std::ios::trunc);
-  file << text;
-  file.close();
-  return bool(file);
-}
 
 // Whether a file of its own, with the rights of what is there, took the place of `path`.
 bool Replace(const std::filesystem::path& path, const std::string& text) {
@@ -27,7 +21,7 @@ bool Replace(const std::filesystem::path& path, const std::string& text) {
     throw UsageError("a file is written beside its place first, and " + Quoted(fresh.string()) +
                      " is there already");
   }
-  if (Write(fresh, text)) {
+  if (WriteBytes(fresh.string(), text)) {
     failure.clear();
     if (exists(before)) std::filesystem::permissions(fresh, before.permissions(), failure);
     if (!failure) std::filesystem::rename(fresh, path, failure);
@@ -39,16 +33,30 @@ bool Replace(const std::filesystem::path& path, const std::string& text) {
 
 }  // namespace
 
-std::string ReadTextFile(const std::string& path, std::size_t most) {
+std::optional<std::string> ReadBytes(const std::string& path, std::size_t most) {
   std::ifstream file(path, std::ios::binary);
-  std::string text;
+  std::string bytes;
   std::array<char, 65536> block = {};
-  while (text.size() <= most && !file.read(block.data(), block.size()).bad() && file.gcount() > 0) {
-    text.append(block.data(), static_cast<std::size_t>(file.gcount()));
+  while (bytes.size() <= most && !file.read(block.data(), block.size()).bad() &&
+         file.gcount() > 0) {
+    bytes.append(block.data(), static_cast<std::size_t>(file.gcount()));
   }
-  if (!file.is_open() || file.bad()) throw UsageError("cannot read " + Quoted(path));
-  if (text.size() > most) throw UsageError(Quoted(path) + " is too large");
-  return text;
+  if (!file.is_open() || file.bad()) return std::nullopt;
+  return bytes;
+}
+
+bool WriteBytes(const std::string& path, std::string_view bytes) {
+  std::ofstream file(path, std::ios::binary | std::ios::trunc);
+  file << bytes;
+  file.close();
+  return bool(file);
+}
+
+std::string ReadTextFile(const std::string& path, std::size_t most) {
+  std::optional<std::string> text = ReadBytes(path, most);
+  if (!text) throw UsageError("cannot read " + Quoted(path));
+  if (text->size() > most) throw UsageError(Quoted(path) + " is too large");
+  return std::move(*text);
 }
 
 void WriteTextFile(const std::string& path, const std::string& text) {
@@ -57,7 +65,7 @@ void WriteTextFile(const std::string& path, const std::string& text) {
       !std::filesystem::exists(path, failure) || std::filesystem::is_regular_file(path, failure);
   // A link stays, and what it leads to changes.
   const std::filesystem::path place = std::filesystem::weakly_canonical(path, failure);
-  if (!(isPlain && !failure ? Replace(place, text) : Write(path, text))) {
+  if (!(isPlain && !failure ? Replace(place, text) : WriteBytes(path, text))) {
     throw Refusal("cannot write " + Quoted(path) + "; what was there is as it was");
   }
 }

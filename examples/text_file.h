@@ -4,9 +4,18 @@
 #define QUILLKIT_EXAMPLES_TEXT_FILE_H_
 
 #include <cstddef>
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace quillctl {
+
+// The bytes of a file, or none where it cannot be read. Of one that has more than `most` no more is
+// read than tells so: what comes is longer than that.
+std::optional<std::string> ReadBytes(const std::string& path, std::size_t most);
+
+// Writes the file in place. False where not all of it could be written.
+bool WriteBytes(const std::string& path, std::string_view bytes);
 
 // Throws a UsageError for a file that cannot be read or has more bytes than `most`.
 std::string ReadTextFile(const std::string& path, std::size_t most);
