@@ -12,10 +12,8 @@ namespace {
 
 constexpr const char* kMapHelp =
     "csv only: the column of the file for each field of the book. By numbers from 0, or -1 for "
-    "none: "
-    "2,10. Or by fields: name=2,address=10; a column's heading does for its number, and the line "
-    "of "
-    "headings is then skipped: \"name=Full Name,address=E-mail\"";
+    "none: 2,10. Or by fields: name=2,address=10; a column's heading does for its number, and the "
+    "line of headings is then skipped: \"name=Full Name,address=E-mail\"";
 
 constexpr const char* kFooter =
     "Rows that can become no entry are not sent. Exit status 3: some rows became no entries.";
