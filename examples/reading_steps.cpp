@@ -70,7 +70,7 @@ std::string AskAccount(Checkup& checkup) {
     throw Refusal("the library knows of no user");
   }
   const bool isAdmin = quillkit::IsAdminConnected(session.scanner()) != 0;
-  if (isAdmin != (session.user() == "ADMINISTRATOR")) throw Refusal("it has another one's rights");
+  if (isAdmin != (session.user() == kAdministrator)) throw Refusal("it has another one's rights");
   return isAdmin ? "an administrator" : "no administrator";
 }
 

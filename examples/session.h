@@ -12,9 +12,12 @@
 
 namespace quillctl {
 
+// The account that may do everything.
+inline constexpr const char* kAdministrator = "ADMINISTRATOR";
+
 struct Credentials {
   std::string host = "127.0.0.1";
-  std::string user = "ADMINISTRATOR";
+  std::string user = kAdministrator;
   std::optional<std::string> password;  // none: whoever sits at the terminal is asked
   std::string third;
 };
