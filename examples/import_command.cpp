@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iostream>
+#include <set>
 
 #include "examples/failures.h"
 #include "examples/import_faults.h"
@@ -24,10 +25,10 @@ Contents ReadAll(const StoredBooks& stored, std::span<const AddressBook> books,
   return contents;
 }
 
-// Drops the rows that were there before. Both are in the book's order.
+// Drops the rows that were there before.
 std::vector<Row> Arrived(std::vector<Row> now, const std::vector<Row>& before) {
-  std::erase_if(now,
-                [&](const Row& row) { return std::ranges::find(before, row) != before.end(); });
+  const std::set<Row> known(before.begin(), before.end());
+  std::erase_if(now, [&](const Row& row) { return known.contains(row); });
   return now;
 }
 
@@ -109,7 +110,7 @@ void WriteRejects(const ImportPlan& plan, const ImportRequest& request) {
 }  // namespace
 
 void RunImport(const ImportRequest& request, const Credentials& credentials) {
-  ImportPlan plan(request, credentials.user == "ADMINISTRATOR");
+  ImportPlan plan(request, credentials.user == kAdministrator);
   WriteRejects(plan, request);
   RequireEntries(plan, request);
   if (request.dryRun) {
