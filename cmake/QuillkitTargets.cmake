@@ -41,6 +41,14 @@ function(quillkit_executable name)
   target_link_libraries(${name} PRIVATE quillkit_options)
 endfunction()
 
+# quillkit_wrap_heap(target): a program that defines the functions of tests/support/wrapped_heap.h,
+# through which its memory then goes.
+function(quillkit_wrap_heap target)
+  target_sources(${target} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support/wrapped_heap.cpp)
+  target_link_options(${target} PRIVATE
+                      -Wl,--wrap=malloc,--wrap=calloc,--wrap=realloc,--wrap=free)
+endfunction()
+
 # quillkit_exports(target def [names]): a shared library exports what stands in a .def file of its
 # folder, on POSIX the further names too, and nothing else.
 function(quillkit_exports target def)
