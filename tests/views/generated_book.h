@@ -5,7 +5,7 @@
 
 #include <cstddef>
 
-#include "tests/views/model_book.h"
+#include "tests/views/model_view.h"
 
 namespace quillkit {
 

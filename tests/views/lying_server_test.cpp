@@ -33,7 +33,7 @@ class LyingServerTest : public ApplianceTest, public testing::WithParamInterface
     std::mt19937 random(lies + 100 * static_cast<std::uint32_t>(fault));
     for (int i = 0; i < kSteps; ++i) {
       Step step = DrawStep(random, content);
-      RunStep(view, step, step.key, step.entry);
+      RunStep(view, step, step.key, &step.entry);
       const std::string where = "lies " + std::to_string(lies) + " fault " + std::to_string(fault) +
                                 " step " + std::to_string(i) + ": " + Text(step);
       const CEmailEntry* held = view.Held();

@@ -9,108 +9,87 @@ namespace quillkit {
 
 class ModelFull : public ModelView {
  public:
-  using ModelView::ModelView;
+  ModelFull() : ModelView(0) {}
 
-  int Open() override {
+  std::string State() const { return "cursor " + std::to_string(cursor) + " " + Shown(entries); }
+  CEmailEntry* Held() { return GetAt(cursor); }
+
+  int AttachBook(CEmailAB* newBook) override {
+    CEntryView::AttachBook(newBook);
     const Status status = Load();
     return status == 0 || status == 4 ? 1 : 0;
   }
-  std::string State() const override {
-    return "cursor " + std::to_string(cursor) + " " + Shown(held);
+  CEmailEntry* First() override { return entries.empty() ? nullptr : GetAt(cursor = 0); }
+  CEmailEntry* Last() override { return GetAt(Count() - 1); }
+  CEmailEntry* Next() override { return cursor + 1 < Count() ? GetAt(++cursor) : nullptr; }
+  CEmailEntry* Prev() override {
+    return !entries.empty() && cursor > 0 ? GetAt(--cursor) : nullptr;
   }
-  const CEmailEntry* First() override {
-    if (held.empty()) return nullptr;
-    cursor = 0;
-    return At(0);
+  CEmailEntry* GetAt(std::int32_t index) override { return At(entries, index); }
+  Status Add(CEmailEntry* entry, std::int32_t reload) override {
+    return Count() >= 512 ? kRefused : Then(book->AddEntry(entry), reload);
   }
-  const CEmailEntry* Last() override { return At(Count() - 1); }
-  const CEmailEntry* Next() override { return cursor + 1 < Count() ? At(++cursor) : nullptr; }
-  const CEmailEntry* Prev() override {
-    return !held.empty() && cursor - 1 >= 0 ? At(--cursor) : nullptr;
-  }
-  const CEmailEntry* GetAt(std::int32_t index) override { return At(index); }
-  Status Add(const CEmailEntry& entry, std::int32_t reload) override {
-    return Count() >= 512 ? -1 : Then(CreateInBook(entry), reload);
-  }
-  Status Remove(const CEmailEntry& entry, std::int32_t reload) override {
-    return Then(book->Delete(entry.name.View()), reload);
+  Status Remove(CEmailEntry* entry, std::int32_t reload) override {
+    return Then(book->DeleteEntry(entry), reload);
   }
   std::int32_t RemoveAt(std::int32_t index) override {
-    if (At(index) == nullptr) return -1;
-    held.erase(held.begin() + index);
+    if (GetAt(index) == nullptr) return -1;
+    entries.erase(entries.begin() + index);
     return Count();
   }
-  const CEmailEntry* Find(std::string_view key, std::int32_t exact) override {
+  CEmailEntry* Find(std::string_view key, std::int32_t exact) override {
     cursor = -1;
-    const CEmailEntry* nearest = FindLetter(key.empty() ? '\0' : key.front());
-    const std::int32_t found = IndexOf(key, exact != 0 ? 1 : 0);
-    if (found < 0) return nearest;
-    cursor = found;
-    return At(found);
+    CEmailEntry* nearest = FindLetter(key.empty() ? '\0' : key.front());
+    const std::int32_t found = IndexOf(entries, key, exact != 0 ? 1 : 0);
+    return found >= 0 ? GetAt(cursor = found) : nearest;
   }
-  const CEmailEntry* FindLetter(char letter) override {
+  CEmailEntry* FindLetter(char letter) override {
     for (std::int32_t i = 0; i < Count(); ++i) {
-      if (At(i)->Name()[0] != letter) continue;
-      cursor = i;
-      return At(i);
+      if (GetAt(i)->Name()[0] == letter) return GetAt(cursor = i);
     }
     return Last();
   }
-  const CEmailEntry* FindNext(std::int32_t) override { return nullptr; }
-  const CEmailEntry* FindPrev(std::int32_t) override { return nullptr; }
-  const CEmailEntry* FindPrefix(std::string_view key) override { return Find(key, 0); }
-  Status Modify(const CEmailEntry& entry, std::int32_t reload) override {
-    return Then(book->Modify(entry.name.View(), entry), reload);
+  CEmailEntry* FindNext(std::int32_t /*exact*/) override { return nullptr; }
+  CEmailEntry* FindPrev(std::int32_t /*exact*/) override { return nullptr; }
+  CEmailEntry* FindPrefix(std::string_view key) override { return Find(key, 0); }
+  Status Modify(CEmailEntry* entry, std::int32_t reload) override {
+    return Then(book->ModifyEntry(entry), reload);
   }
-  Status ModifyByKey(std::string_view key, const CEmailEntry& entry, std::int32_t reload) override {
-    return Then(book->Modify(key, entry), reload);
+  Status ModifyByKey(std::string_view key, CEmailEntry* entry, std::int32_t reload) override {
+    return Then(book->RenameEntry(key, entry), reload);
   }
-  std::int32_t AddLocal(const CEmailEntry& entry) override {
-    if (Count() >= 512 || CreateInBook(entry) != 0) return -1;
-    held.push_back(entry);
+  std::int32_t AddLocal(CEmailEntry* entry) override {
+    if (Add(entry, 0) != kNoError) return -1;
+    entries.push_back(*entry);
     return Count();
   }
-  std::int32_t ModifyLocal(const CEmailEntry& entry) override {
-    return ModifyLocalByKey(entry.name.View(), entry);
+  std::int32_t ModifyLocal(CEmailEntry* entry) override {
+    return ModifyLocalByKey(entry->name.View(), entry);
   }
-  std::int32_t ModifyLocalByKey(std::string_view key, const CEmailEntry& entry) override {
-    if (book->Modify(key, entry) != 0) return 0;
-    const std::int32_t found = IndexOf(key, 1);
-    if (found < 0) return 0;
-    held[static_cast<std::size_t>(found)] = entry;
-    return 1;
+  std::int32_t ModifyLocalByKey(std::string_view key, CEmailEntry* entry) override {
+    if (book->RenameEntry(key, entry) != kNoError) return 0;
+    CEmailEntry* held = GetAt(IndexOf(entries, key, 1));
+    if (held != nullptr) *held = *entry;
+    return held != nullptr ? 1 : 0;
   }
-  std::int32_t RemoveLocal(const CEmailEntry& entry) override {
-    return book->Delete(entry.name.View()) == 0 ? RemoveAt(IndexOf(entry.name.View(), 1)) : -1;
+  std::int32_t RemoveLocal(CEmailEntry* entry) override {
+    if (book->DeleteEntry(entry) != kNoError) return -1;
+    return RemoveAt(IndexOf(entries, entry->name.View(), 1));
   }
 
  private:
-  std::int32_t Count() const { return static_cast<std::int32_t>(held.size()); }
-  const CEmailEntry* At(std::int32_t index) { return ModelView::At(held, index); }
-  std::int32_t IndexOf(std::string_view name, std::int32_t exact) {
-    for (std::int32_t i = 0; i < Count(); ++i) {
-      if (ModelMatches(*At(i), name, exact)) return i;
-    }
-    return -1;
-  }
+  std::int32_t Count() const { return static_cast<std::int32_t>(entries.size()); }
   Status Load() {
     cursor = 0;
-    const auto read = book->ReadOn("", "", 512);
-    held = read.entries;
+    Read read = ReadRun("", "", 0, 512, 1);
+    entries = std::move(read.entries);
     return read.status;
   }
   Status Then(Status changed, std::int32_t reload) {
-    return changed == 0 && reload != 0 ? Load() : changed;
-  }
-  // The book's own addition asks for the size first.
-  Status CreateInBook(const CEmailEntry& entry) {
-    std::uint32_t count = 0;
-    book->Size(&count);
-    return book->Create(entry);
+    return changed == kNoError && reload != 0 ? Load() : changed;
   }
 
-  Entries held;
-  std::int32_t cursor = 0;
+  Entries entries;
 };
 
 }  // namespace quillkit

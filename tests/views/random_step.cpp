@@ -1,50 +1,9 @@
 #include "tests/views/random_step.h"
 
-#include <functional>
-
 #include "tests/support/email_entry.h"
 
 namespace quillkit {
 namespace {
-
-// How often an operation is drawn, whether its number is an index or a size and not a flag, its
-// name, what it gives.
-#define VIEW_OPERATIONS(X)                                                     \
-  X(1, false, First, Text(view.First()))                                       \
-  X(1, false, Last, Text(view.Last()))                                         \
-  X(7, false, Next, Text(view.Next()))                                         \
-  X(6, false, Prev, Text(view.Prev()))                                         \
-  X(3, true, GetAt, Text(view.GetAt(step.number)))                             \
-  X(1, false, Add, Text(view.Add(argument, step.number)))                      \
-  X(1, false, Remove, Text(view.Remove(argument, step.number)))                \
-  X(1, true, RemoveAt, Text(view.RemoveAt(step.number)))                       \
-  X(2, false, Find, Text(view.Find(key, step.number)))                         \
-  X(2, false, FindLetter, Text(view.FindLetter(step.letter)))                  \
-  X(1, false, FindNext, Text(view.FindNext(step.number)))                      \
-  X(1, false, FindPrev, Text(view.FindPrev(step.number)))                      \
-  X(2, false, FindPrefix, Text(view.FindPrefix(key)))                          \
-  X(2, false, FindNextPrefix, Text(view.FindNextPrefix()))                     \
-  X(1, false, Modify, Text(view.Modify(argument, step.number)))                \
-  X(1, false, ModifyByKey, Text(view.ModifyByKey(key, argument, step.number))) \
-  X(1, false, AddLocal, Text(view.AddLocal(argument)))                         \
-  X(1, false, ModifyLocal, Text(view.ModifyLocal(argument)))                   \
-  X(1, false, ModifyLocalByKey, Text(view.ModifyLocalByKey(key, argument)))    \
-  X(1, false, RemoveLocal, Text(view.RemoveLocal(argument)))                   \
-  X(1, false, Reset, (view.Reset(), std::string()))                            \
-  X(1, true, SetPageSize, Text(view.SetPageSize(step.number)))                 \
-  X(1, false, FirstLetter, std::string(1, view.FirstLetter()))                 \
-  X(1, false, NextLetter, std::string(1, view.NextLetter(step.letter)))        \
-  X(1, false, LetterStart, Text(view.LetterStart(step.letter)))                \
-  X(1, true, LetterOfIndex, Text(view.LetterOfIndex(step.number, &letter)) + letter)
-
-struct ViewOperation {
-  std::int32_t weight;
-  bool takesIndex;
-  const char* name;
-};
-
-#define ROW(weight, takesIndex, name, result) {weight, takesIndex, #name},
-constexpr ViewOperation kOperations[] = {VIEW_OPERATIONS(ROW)};
 
 std::string Text(std::int32_t number) {
   return std::to_string(number);
@@ -53,16 +12,45 @@ std::string Text(const CEmailEntry* entry) {
   return entry != nullptr ? Shown(entry, 1) : "null";
 }
 
-// The entry is `argument`, in the form in which this kind of view takes it.
-template <class View, class Argument>
-std::string Run(View& view, const Step& step, std::string_view key, Argument argument) {
-  char letter = '?';
-  int operation = 0;
-#define RUN(weight, takesIndex, name, result) \
-  if (step.operation == operation++) return result;
-  VIEW_OPERATIONS(RUN)
-  return {};
-}
+struct ViewOperation {
+  std::size_t weight;  // how often it is drawn
+  bool takesIndex;     // the number is an index or a size, and not a flag
+  const char* name;
+  std::string (*run)(CEntryView& view, const Step& step, std::string_view key, CEmailEntry* entry);
+};
+
+#define ROW(weight, takesIndex, call)                                            \
+  {                                                                              \
+    weight, takesIndex, #call,                                                   \
+        []([[maybe_unused]] CEntryView& view, [[maybe_unused]] const Step& step, \
+           [[maybe_unused]] std::string_view key,                                \
+           [[maybe_unused]] CEmailEntry* entry) { return Text(call); }           \
+  }
+
+constexpr ViewOperation kOperations[] = {
+    ROW(1, false, view.First()),
+    ROW(1, false, view.Last()),
+    ROW(7, false, view.Next()),
+    ROW(6, false, view.Prev()),
+    ROW(3, true, view.GetAt(step.number)),
+    ROW(1, false, view.Add(entry, step.number)),
+    ROW(1, false, view.Remove(entry, step.number)),
+    ROW(1, true, view.RemoveAt(step.number)),
+    ROW(2, false, view.Find(key, step.number)),
+    ROW(2, false, view.FindLetter(step.letter)),
+    ROW(1, false, view.FindNext(step.number)),
+    ROW(1, false, view.FindPrev(step.number)),
+    ROW(2, false, view.FindPrefix(key)),
+    ROW(2, false, view.FindNextPrefix()),
+    ROW(1, false, view.Modify(entry, step.number)),
+    ROW(1, false, view.ModifyByKey(key, entry, step.number)),
+    ROW(1, false, view.AddLocal(entry)),
+    ROW(1, false, view.ModifyLocal(entry)),
+    ROW(1, false, view.ModifyLocalByKey(key, entry)),
+    ROW(1, false, view.RemoveLocal(entry)),
+    ROW(1, false, (view.Reset(), 0)),
+    ROW(1, true, view.SetPageSize(step.number)),
+};
 
 class Dice {
  public:
@@ -90,11 +78,11 @@ std::string DrawKey(Dice& dice, const Entries& content) {
   return name;
 }
 
-int DrawOperation(Dice& dice) {
-  std::int32_t all = 0;
+std::size_t DrawOperation(Dice& dice) {
+  std::size_t all = 0;
   for (const ViewOperation& each : kOperations) all += each.weight;
-  std::int32_t left = dice.Roll(static_cast<std::size_t>(all));
-  int operation = 0;
+  auto left = static_cast<std::size_t>(dice.Roll(all));
+  std::size_t operation = 0;
   while (left >= kOperations[operation].weight) left -= kOperations[operation++].weight;
   return operation;
 }
@@ -109,23 +97,19 @@ Step DrawStep(std::mt19937& random, const Entries& content) {
   step.number =
       kOperations[step.operation].takesIndex ? dice.Roll(content.size() + 2) - 1 : dice.Roll(2);
   step.letter = step.key.empty() ? static_cast<char>(dice.Roll(256)) : step.key.front();
-  step.entry = MakeEntry(DrawKey(dice, content).substr(0, 31), std::to_string(dice.Roll(1000)));
-  step.entry.flags = dice.Roll(2);
+  step.entry = MakeEntry(DrawKey(dice, content).substr(0, 31), std::to_string(dice.Roll(1000)),
+                         dice.Roll(2));
   return step;
 }
 
 std::string Text(const Step& step) {
   return std::string(kOperations[step.operation].name) + " key '" + step.key + "' number " +
-         std::to_string(step.number) + " letter " +
-         std::to_string(static_cast<unsigned char>(step.letter)) + " entry " + Text(&step.entry);
+         Text(step.number) + " letter " + Text(static_cast<unsigned char>(step.letter)) +
+         " entry " + Text(&step.entry);
 }
 
-std::string RunStep(CEntryView& view, const Step& step, std::string_view key, CEmailEntry& entry) {
-  return Run(view, step, key, &entry);
-}
-
-std::string RunStep(ModelView& view, const Step& step, std::string_view key, CEmailEntry& entry) {
-  return Run(view, step, key, std::cref(entry));
+std::string RunStep(CEntryView& view, const Step& step, std::string_view key, CEmailEntry* entry) {
+  return kOperations[step.operation].run(view, step, key, entry);
 }
 
 }  // namespace quillkit

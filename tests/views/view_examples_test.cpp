@@ -16,6 +16,8 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+const std::string kReadCensus = "IMSPReadPageBoundaries 1:EMAILAB 128";
+
 // Tells by [ and ] what is bracketed.
 class CountingBook : public CEmailAB {
  public:
@@ -32,17 +34,13 @@ class ViewExampleTest : public ApplianceTest {
  protected:
   ViewExampleTest() { book.Attach(LogIn(), 0); }
 
-  // Opens the view on a book of so many entries, n1000 and on.
-  void Open(CEntryView& view, std::size_t size) {
-    PutBook(GeneratedBook(BookStyle::kOneLetter, size));
-    view.AttachBook(&book);
-    TakeCalls();
+  static Entries BookOf(std::initializer_list<const char*> names) {
+    Entries entries;
+    for (const char* each : names) entries.push_back(MakeEntry(each));
+    return entries;
   }
 
-  // Opens the view on a book of these names.
-  void Open(CEntryView& view, std::initializer_list<const char*> names) {
-    Entries entries;
-    for (const char* each : names) entries.push_back(MakeEntry(each, "at"));
+  void Open(CEntryView& view, const Entries& entries) {
     PutBook(entries);
     view.AttachBook(&book);
     TakeCalls();
@@ -57,7 +55,7 @@ class ViewExampleTest : public ApplianceTest {
 
 TEST_F(ViewExampleTest, SlidingLosesTheSpanBehindTheLastEntry) {
   SlidingProbe view(16);
-  Open(view, 40);
+  Open(view, GeneratedBook(BookStyle::kOneLetter, 40));
   EXPECT_EQ(Name(view.First()), "n1000");
   EXPECT_THAT(TakeCalls(),
               ElementsAre("IMSPReadAB 1:EMAILAB [||0] 16 1", "IMSPReadAB 1:EMAILAB [n1015||0] 16 1",
@@ -72,17 +70,22 @@ TEST_F(ViewExampleTest, SlidingLosesTheSpanBehindTheLastEntry) {
   EXPECT_THAT(TakeCalls(), IsEmpty());
 }
 
+TEST_F(ViewExampleTest, SlidingLooksForANameAtItsPlaceAlone) {
+  SlidingProbe view(2);
+  Open(view, BookOf({"a1", "b1", "c1", "d1"}));
+  view.First();
+  CEmailEntry entry = MakeEntry("c1");
+  EXPECT_EQ(view.ModifyByKey("a2", &entry, 0), kNoError);
+  EXPECT_EQ(view.Find("a2", 0), nullptr) << "which stands where c1 stood";
+}
+
 TEST_F(ViewExampleTest, LetterStepsFromLetterToLetter) {
   LetterProbe view;
-  Open(view, {"a1", "a2", "b1", "c1", "c2"});
-  EXPECT_EQ(view.Last(), nullptr);
-  EXPECT_EQ(Name(view.First()), "a1");
-  TakeCalls();
-  EXPECT_EQ(Name(view.Next()), "a2");
-  EXPECT_THAT(TakeCalls(), IsEmpty());
-  EXPECT_EQ(Name(view.Next()), "b1");
-  EXPECT_EQ(Name(view.Next()), "c1");
-  EXPECT_EQ(Name(view.Next()), "c2");
+  Open(view, BookOf({"a1", "a2", "b1", "c1", "c2"}));
+  EXPECT_EQ(view.Last(), nullptr) << "before anything is loaded";
+  std::string walk = Name(view.First());
+  for (int i = 0; i < 4; ++i) walk += " " + Name(view.Next());
+  EXPECT_EQ(walk, "a1 a2 b1 c1 c2");
   EXPECT_EQ(view.Next(), nullptr);
   EXPECT_EQ(Name(view.Next()), "c2");
   EXPECT_EQ(view.Next(), nullptr);
@@ -94,35 +97,57 @@ TEST_F(ViewExampleTest, LetterStepsFromLetterToLetter) {
   EXPECT_EQ(Name(view.Next()), "c1");  // from the letter before Last
 }
 
-TEST_F(ViewExampleTest, FullMissesWithAnEntryAllTheSame) {
+TEST_F(ViewExampleTest, FullStepsBackThroughPlacesThatWereRemoved) {
   FullProbe view;
-  Open(view, {"a1", "b1", "b2", "c1"});
-  EXPECT_EQ(Name(view.FindLetter('x')), "c1");
-  EXPECT_EQ(Name(view.Find("x", 1)), "c1");
-  EXPECT_THAT(view.State(), testing::StartsWith("cursor -1 "));
-  EXPECT_EQ(Name(view.Find("b9", 1)), "b1");
-  EXPECT_THAT(view.State(), testing::StartsWith("cursor 1 "));
+  Open(view, BookOf({"a1", "b1", "c1"}));
+  view.Find("c1", 1);
+  view.RemoveAt(2);
+  view.RemoveAt(1);
+  EXPECT_EQ(view.Prev(), nullptr);
+  EXPECT_EQ(Name(view.Prev()), "a1");
 }
 
 TEST_F(ViewExampleTest, TheCensusIsReadOnce) {
+  SlidingProbe empty(16);
+  EXPECT_EQ(empty.LoadBoundaries(0), kRefused);
+  Open(empty, {});
+  EXPECT_EQ(empty.FirstLetter(), '\0');
+  EXPECT_EQ(empty.NextLetter('a'), '\0');
+  EXPECT_THAT(TakeCalls(), ElementsAre(kReadCensus));
+
   SlidingProbe view(16);
-  EXPECT_EQ(view.LoadBoundaries(0), kRefused);
-  Open(view, {"a1", "a2", "b1"});
+  Open(view, BookOf({"a1", "a2", "b1", "d1"}));
   std::int32_t count = 0;
   EXPECT_EQ(view.GetBoundaries(&count), nullptr);
   EXPECT_EQ(count, 128);
-  EXPECT_EQ(view.LetterStart('b'), 2);
-  char letter = '?';
-  EXPECT_EQ(view.LetterOfIndex(2, &letter), 0);  // GetAt(2) is b1
-  EXPECT_EQ(letter, 'a');
-  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPReadPageBoundaries 1:EMAILAB 128"));
-  EXPECT_EQ(view.LoadBoundaries(1), kNoError);
-  EXPECT_EQ(TakeCalls().size(), 1U);
+  EXPECT_EQ(view.FirstLetter(), 'a');
+  EXPECT_EQ(view.NextLetter('a'), 'b');
+  EXPECT_EQ(view.NextLetter('c'), 'd') << "the last one for a letter that the book lacks";
+  EXPECT_EQ(view.NextLetter('d'), 'd');
+  EXPECT_EQ(view.LetterStart('d'), 3);
+  EXPECT_EQ(view.LetterStart('c'), -1);
+  constexpr struct {
+    std::int32_t start;
+    char letter;
+  } kOfIndex[] = {{0, 'a'}, {0, 'a'}, {0, 'a'}, {2, 'b'}, {3, 'd'}, {-1, '?'}};
+  for (std::int32_t i = 0; i < std::ssize(kOfIndex); ++i) {
+    char letter = '?';
+    EXPECT_EQ(view.LetterOfIndex(i, &letter), kOfIndex[i].start) << i;
+    EXPECT_EQ(letter, kOfIndex[i].letter) << i;
+  }
+  EXPECT_THAT(TakeCalls(), ElementsAre(kReadCensus));
+
+  SimulatorFail("IMSPReadPageBoundaries", 1, 11);
+  EXPECT_EQ(view.LoadBoundaries(1), 11);
+  EXPECT_EQ(view.GetBoundaries(&count), nullptr);
+  PutBook(GeneratedBook(BookStyle::kManyFirstBytes, 150));
+  EXPECT_EQ(view.LoadBoundaries(0), kMoreData);
+  EXPECT_EQ(view.LoadBoundaries(0), kNoError);
 }
 
 TEST_F(ViewExampleTest, EveryLoadIsOnePairOfBrackets) {
   SlidingProbe sliding(2);
-  Open(sliding, 9);
+  Open(sliding, GeneratedBook(BookStyle::kOneLetter, 9));
   sliding.First();
   EXPECT_EQ(book.TakeBrackets(), "[]");
   sliding.Next();
@@ -133,7 +158,7 @@ TEST_F(ViewExampleTest, EveryLoadIsOnePairOfBrackets) {
   EXPECT_EQ(book.TakeBrackets(), "[][][]");
 
   LetterProbe letters;
-  Open(letters, {"a1", "b1", "c1"});
+  Open(letters, BookOf({"a1", "b1", "c1"}));
   letters.First();
   letters.Next();
   letters.FindLetter('c');
@@ -148,7 +173,7 @@ TEST_F(ViewExampleTest, EveryLoadIsOnePairOfBrackets) {
 
 TEST_F(ViewExampleTest, AnIndexThatTheCensusDoesNotReach) {
   SlidingProbe sliding(2);
-  Open(sliding, {"a1", "b1", "c1"});
+  Open(sliding, BookOf({"a1", "b1", "c1"}));
   EXPECT_EQ(Name(sliding.GetAt(1)), "b1");
   SimulatorInflateSizes(5);
   TakeCalls();
@@ -166,7 +191,7 @@ TEST_F(ViewExampleTest, AnIndexThatTheCensusDoesNotReach) {
 
 TEST_F(ViewExampleTest, ALetterWithoutEntriesLeavesThePage) {
   LetterProbe view;
-  Open(view, {"a1", "b1", "c1"});
+  Open(view, BookOf({"a1", "b1", "c1"}));
   SimulatorSetLies(kLieCensus);  // of which every other letter tells less than none
   EXPECT_EQ(Name(view.First()), "a1");
   const std::string page = view.State().substr(view.State().find("cursor"));
@@ -182,7 +207,7 @@ TEST_F(ViewExampleTest, ALetterWithoutEntriesLeavesThePage) {
 
 TEST_F(ViewExampleTest, FullKeepsBlanksOfAReadThatFailed) {
   FullProbe view;
-  Open(view, {"a1"});
+  Open(view, BookOf({"a1"}));
   SimulatorSetLies(kLieFailedCount);
   SimulatorFail("IMSPReadAB", 1, 11);
   EXPECT_EQ(view.AttachBook(&book), 0);
