@@ -21,8 +21,8 @@ using Entries = std::vector<CEmailEntry>;
 inline std::string Shown(const CEmailEntry* first, std::int32_t count) {
   std::string text = std::to_string(count) + "(";
   for (std::int32_t i = 0; i < count; ++i) {
-    text += std::string(first[i].Name()) + "=" + first[i].Address() + ":" +
-            std::to_string(first[i].flags) + " ";
+    text.append(first[i].Name()).append("=").append(first[i].Address()).append(":");
+    text.append(std::to_string(first[i].flags)).append(" ");
   }
   return text + ")";
 }
