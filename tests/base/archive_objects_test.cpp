@@ -41,32 +41,27 @@ Names LoadList(std::string_view bytes, bool* whole) {
 }
 
 TEST(ArchiveObjects, AListIsItsCountAndItsObjects) {
-  CScanner scanners[2];
   std::list<CScanner*> list;
-  for (std::uint32_t i = 0; i < 2; ++i) {
-    const std::uint32_t address = i + 1;
-    const std::string number = std::to_string(address);
-    scanners[i].SetName(i == 0 ? "one" : "two");
-    scanners[i].SetAddress(&address);
-    scanners[i].SetModel("m" + number);
-    scanners[i].SetVersion("v" + number);
-    list.push_back(&scanners[i]);
-  }
+  Archive loading(kList);
+  loading.Exchange(list);
+  ASSERT_EQ(list.size(), 2U);
+  const std::unique_ptr<CScanner> one(list.front());
+  const std::unique_ptr<CScanner> two(list.back());
+  EXPECT_EQ(one->Name() + one->Model() + one->Version(), "onem1v1");
+  EXPECT_EQ(two->Address(), 2U);
+
   std::string bytes;
   Archive storing(&bytes);
   storing.Exchange(list);
   storing.StoreObject(nullptr);
   EXPECT_EQ(bytes, kList + "\0"s);
-
-  Archive loading{std::string_view(bytes)};
-  loading.Exchange(list);
-  EXPECT_EQ(loading.LoadObject<CScanner>(), nullptr);
-  EXPECT_FALSE(loading.Failed());
+  Archive again{std::string_view(bytes)};
+  again.Exchange(list);
+  EXPECT_EQ(again.LoadObject<CScanner>(), nullptr);
+  EXPECT_FALSE(again.Failed());
   ASSERT_EQ(list.size(), 4U) << "behind what is there";
-  const std::unique_ptr<CScanner> one(*std::next(list.begin(), 2));
-  const std::unique_ptr<CScanner> two(list.back());
-  EXPECT_EQ(one->Name() + one->Model() + one->Version(), "onem1v1");
-  EXPECT_EQ(two->Address(), 2U);
+  delete *std::next(list.begin(), 2);
+  delete list.back();
 }
 
 // What follows the class is a scanner's content in each case, so that only the class can be at
