@@ -360,20 +360,26 @@ std::string Shown(const CFaxEntry& entry) {
   return std::string(entry.Name()) + "=" + entry.Number();
 }
 
+std::string Shown(const CUserRecord& account) {
+  return std::string(account.Name()) + "=" + account.Fourth();
+}
 std::string Shown(const PrinterRecord& printer) {
   return std::string(printer.printerName.View()) + "=" + std::string(printer.description.View()) +
          (printer.isDefault != 0 ? " default" : "");
 }
 
+template <class At>
+void Show(std::vector<std::string>& held, const std::string& of, std::int32_t size, At at) {
+  for (std::int32_t i = 0; i < size; ++i) held.push_back(of + Shown(*at(i)));
+}
+
 template <class Lists>
-void ShowLists(const std::string& of, const Lists& book, std::vector<std::string>& held) {
+void ShowLists(std::vector<std::string>& held, const std::string& of, const Lists& book) {
   for (std::int32_t i = 0; i < book.ListCount(); ++i) {
     auto* list = book.ListAt(i);
-    const std::string name = of + list->Name();
-    held.push_back(name);
-    for (std::int32_t j = 0; j < list->Count(); ++j) {
-      held.push_back(name + ": " + Shown(*list->GetAt(j)));
-    }
+    held.push_back(of + list->Name());
+    Show(held, of + list->Name() + ": ", list->Count(),
+         [&](std::int32_t at) { return list->GetAt(at); });
   }
 }
 
@@ -431,23 +437,16 @@ void BookStage::Furnish() {
 
 std::vector<std::string> BookStage::Held() {
   std::vector<std::string> held;
-  ShowLists("e-mail ", email, held);
-  ShowLists("fax ", fax, held);
-  ShowLists("private ", *user.PrivateBook(), held);
-  for (std::int32_t i = 0; i < fax.EntryCount(); ++i) {
-    held.push_back("fax: " + Shown(*fax.EntryAt(i)));
-  }
-  for (std::int32_t i = 0; i < user.PrivateBook()->EntryCount(); ++i) {
-    held.push_back("private: " + Shown(*user.PrivateBook()->EntryAt(i)));
-  }
-  for (std::int32_t i = 0; i < printers.PrinterCount(); ++i) {
-    held.push_back("printer: " + Shown(*printers.PrinterAt(i)));
-  }
-  for (std::int32_t i = 0; i < users.Count(); ++i) {
-    CUserRecord record;
-    users.GetAt(i, &record);
-    held.push_back(std::string("account: ") + record.Name() + "=" + record.Fourth());
-  }
+  ShowLists(held, "e-mail ", email);
+  ShowLists(held, "fax ", fax);
+  ShowLists(held, "private ", *user.PrivateBook());
+  Show(held, "fax: ", fax.EntryCount(), [&](std::int32_t i) { return fax.EntryAt(i); });
+  Show(held, "private: ", user.PrivateBook()->EntryCount(),
+       [&](std::int32_t i) { return user.PrivateBook()->EntryAt(i); });
+  Show(held, "printer: ", printers.PrinterCount(),
+       [&](std::int32_t i) { return printers.PrinterAt(i); });
+  CUserRecord record;
+  Show(held, "account: ", users.Count(), [&](std::int32_t i) { return users.GetAt(i, &record); });
   std::sort(held.begin(), held.end());
   return held;
 }

@@ -12,9 +12,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-const std::string kCountLists = "IMSPListAB 64: - - 1";
-const std::string kEnumerateLists = "IMSPListAB 64: [|*|0] 512 1";
-
 std::unique_ptr<CPubEmailDL> MakeList(std::string_view name) {
   auto list = std::make_unique<CPubEmailDL>();
   list->SetName(name);
@@ -29,22 +26,22 @@ TEST_F(EmailBookTest, LoadsTheListsOfTheServer) {
   EXPECT_EQ(book.ListAt(2), nullptr);
   Start();
   EXPECT_EQ(book.LoadLists(0), kNoError);
-  EXPECT_THAT(TakeCalls(), ElementsAre(kEnumerateLists));
+  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPListAB 64: [|*|0] 512 1"));
   EXPECT_EQ(book.ListAt(1)->Name(), "Choir");
   EXPECT_EQ(book.ListAt(1)->Count(), 0);
   EXPECT_EQ(book.ListAt(1)->Book(), nullptr);
-
   SimulatorFail("IMSPListAB", 1, kServerFault);
   EXPECT_EQ(book.LoadLists(0), kServerFault);
   EXPECT_EQ(book.ListCount(), 0);
+
   book.LoadLists(0);
   PutList("Unseen", {"Ann"});
   EXPECT_EQ(book.DeleteAllLists(), kNoError);
   EXPECT_EQ(book.ListCount(), 0);
   EXPECT_EQ(ServerSize("Board"), -1);
-  EXPECT_EQ(ServerSize("Unseen"), 1);  // what is not held stays
+  EXPECT_EQ(ServerSize("Unseen"), 1) << "what is not held stays";
   EXPECT_TRUE(book.DeleteListReload("Unseen", 0));
-  EXPECT_EQ(book.LoadLists(1), kNoError);  // there are none
+  EXPECT_EQ(book.LoadLists(1), kNoError) << "there are none";
 }
 
 TEST_F(EmailBookTest, HoldsTheFirstFiveHundredAndTwelve) {
@@ -68,7 +65,7 @@ TEST_F(EmailBookTest, AddsNoListToAFullServer) {
   TheAgent.SetError(kEarlierError);
   EXPECT_FALSE(book.AddListReload(*list, 1));
   EXPECT_EQ(TheAgent.LastError(), kBookFull);
-  EXPECT_THAT(TakeCalls(), ElementsAre(kCountLists, kCountLists));
+  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPListAB 64: - - 1", "IMSPListAB 64: - - 1"));
   SimulatorInflateSizes(509);
   EXPECT_TRUE(book.AddListReload(*list, 1));
   EXPECT_EQ(ListNames(book), "Board Choir Dance ");
@@ -82,39 +79,31 @@ TEST_F(EmailBookTest, DeletesAList) {
   EXPECT_EQ(ListNames(book), "Board Choir ");
 }
 
-TEST_F(EmailBookTest, CopiesAListFromTheServer) {
-  EXPECT_EQ(book.CopyListLocal(*MakeList("Board"), "Club"), 1);
-  EXPECT_EQ(MemberNames(*book.ListAt(0)), "Ann Zoe ");
-}
-
 TEST_F(EmailBookTest, SearchesItsLists) {
-  for (const char* name : {"ab", "abc", "b", "abd"}) PutList(name, {"Ann"});
-  book.DeleteListReload("Board", 0);
-  book.DeleteListReload("Choir", 1);  // leaves ab abc abd b
-  const auto found = [this] {
-    return book.FoundList() != nullptr ? book.FoundList()->Name() : std::string("-");
+  for (const char* name : {"ab", "abc", "abd"}) PutList(name, {"Ann"});
+  book.LoadLists(0);  // Board Choir ab abc abd
+  const auto first = [this](std::string_view pattern, std::int32_t exact) {
+    EXPECT_EQ(book.FindFirstList(pattern, exact), 0);
+    return book.FoundList() != nullptr ? book.FoundList()->Name() : "-";
   };
-  EXPECT_EQ(book.FindNextList(0), 0);
-  EXPECT_EQ(found(), "-");
-  EXPECT_EQ(book.FindFirstList("ab", 1), 0);
-  book.FindNextList(0);
-  EXPECT_EQ(found(), "abc");
-  EXPECT_EQ(book.FindFirstList("x", 0), 0);
-  EXPECT_EQ(found(), "-");
-  book.FindNextList(0);
-  EXPECT_EQ(found(), "-");
-  book.FindFirstList("abc", 0);
-  book.FindNextList(0);
-  EXPECT_EQ(found(), "-");
-  book.FindFirstList("ab", 0);
-  EXPECT_EQ(book.RemoveListAt(0), 1);
-  EXPECT_EQ(found(), "-");  // the walk stood on it
-  book.FindFirstList("ab", 0);
-  EXPECT_EQ(book.RemoveListAt(1), 1);
-  EXPECT_EQ(found(), "abc");
-  book.FindNextList(0);
-  EXPECT_EQ(found(), "-");
-  EXPECT_EQ(book.FindList("b")->Name(), "b");
+  const auto next = [this] {
+    EXPECT_EQ(book.FindNextList(0), 0);
+    return book.FoundList() != nullptr ? book.FoundList()->Name() : "-";
+  };
+  EXPECT_EQ(next(), "-") << "before any search";
+  EXPECT_EQ(first("ab", 1), "ab");
+  EXPECT_EQ(next(), "abc");
+  EXPECT_EQ(first("x", 0), "-");
+  EXPECT_EQ(next(), "-");
+  EXPECT_EQ(first("abc", 0), "abc");
+  EXPECT_EQ(next(), "-");
+  first("ab", 0);
+  EXPECT_EQ(book.RemoveListAt(3), 1);
+  EXPECT_EQ(next(), "abd");
+  first("ab", 0);
+  EXPECT_EQ(book.RemoveListAt(2), 1);
+  EXPECT_EQ(book.FoundList(), nullptr) << "the walk stood on it";
+  EXPECT_EQ(book.FindList("abd")->Name(), "abd");
   EXPECT_EQ(book.FindList("ab"), nullptr);
 }
 
@@ -130,9 +119,6 @@ TEST_F(EmailBookTest, ChangesItsListsLocally) {
   EXPECT_EQ(book.ListAt(1), list);
   EXPECT_EQ(old->Name(), "Choir");
   EXPECT_EQ(book.RemoveListAt(2), 0);
-  EXPECT_EQ(book.RemoveListAt(1), 1);
-  book.FreeLists();
-  EXPECT_EQ(book.ListCount(), 0);
   EXPECT_THAT(TakeCalls(), IsEmpty());
 }
 
@@ -158,31 +144,30 @@ TEST_F(EmailBookTest, StoresItsLists) {
 }
 
 TEST_F(EmailBookTest, HasASecondHandle) {
-  struct Case {
+  constexpr struct {
     std::int32_t mode;
     int result;
     bool entries, lists;
-  };
-  for (const Case& each : {Case{0, 1, true, true}, Case{1, 1, false, true}, Case{2, 1, true, false},
-                           Case{3, 0, false, false}}) {
+  } kCases[] = {{0, 1, true, true}, {1, 1, false, true}, {2, 1, true, false}, {3, 0, false, false}};
+  for (const auto& each : kCases) {
+    SCOPED_TRACE(each.mode);
     CEmailABHandle handle;
     EXPECT_THAT(Tour(handle), testing::Each("-"));
     EXPECT_EQ(handle.Attach(nullptr, each.mode), 0);
-    EXPECT_EQ(handle.Attach(&book, each.mode), each.result) << each.mode;
+    EXPECT_EQ(handle.Attach(&book, each.mode), each.result);
     EXPECT_EQ(handle.Mode(), each.mode);
-    EXPECT_EQ(Tour(handle), each.entries ? Tour(book) : Calls(11, "-")) << each.mode;
+    EXPECT_EQ(Tour(handle), each.entries ? Tour(book) : Calls(11, "-"));
     Start();
     std::uint32_t count = 0;
     EXPECT_EQ(handle.EntryCount(&count), each.entries ? kNoError : kRefused);
-    EXPECT_EQ(TakeCalls().empty(), !each.entries);
     EXPECT_EQ(handle.ServerListCount(&count), each.lists ? kNoError : kRefused);
     EXPECT_EQ(handle.ServerListSize("Board", &count), each.lists ? kNoError : kRefused);
+    EXPECT_EQ(TakeCalls().size(), (each.entries ? 1U : 0U) + (each.lists ? 2U : 0U));
     EXPECT_EQ(handle.FindList("Board") != nullptr, each.lists);
     EXPECT_EQ(handle.FindFirstList("C", 0), 0);
     EXPECT_EQ(handle.Book()->FoundList() != nullptr, each.lists);
     EXPECT_EQ(handle.FindNextList(0), 0);
     EXPECT_EQ(handle.Book()->FoundList(), nullptr);
-    EXPECT_EQ(TakeCalls().size(), each.lists ? 2U : 0U);
   }
 }
 

@@ -37,10 +37,6 @@ TEST_F(EmailBookTest, IsFullAtTwoHundredThousand) {
   EXPECT_EQ(TheAgent.LastError(), kNoError);
   SimulatorInflateSizes(199'996);
   EXPECT_EQ(book.AddEntry(&entry), kNoError);
-  SimulatorInflateSizes(500'000);
-  SimulatorFail("IMSPSizeofAB", 1, kServerFault);
-  EXPECT_EQ(book.DeleteEntry(&entry), kNoError);
-  EXPECT_EQ(book.AddEntry(&entry), kNoError);  // a failed count is no count
 }
 
 TEST_F(EmailBookTest, OpensTheViewAndTheListsAsAsked) {
@@ -71,9 +67,13 @@ TEST_F(EmailBookTest, OpensTheViewAndTheListsAsAsked) {
 
 TEST_F(EmailBookTest, PicksTheViewByItsMode) {
   EXPECT_NE(dynamic_cast<CSlidingEntryView*>(book.View()), nullptr);
+  EXPECT_EQ(book.SetPageSize(8), 8);
+  EXPECT_EQ(book.SetPageSize(0), -1);
   EXPECT_EQ(book.GetPageSize(), 16);
+  EXPECT_EQ(CEmailAB().SetPageSize(8), 8);
   EXPECT_EQ(book.Attach(box, 1), 1);
   EXPECT_NE(dynamic_cast<CLetterEntryView*>(book.View()), nullptr);
+  EXPECT_EQ(book.SetPageSize(8), -1);
   EXPECT_EQ(book.Attach(box, -3), 1);
   EXPECT_NE(dynamic_cast<CFullEntryView*>(book.View()), nullptr);
   SimulatorFail("IMSPReadAB", 1, kServerFault);
@@ -81,17 +81,6 @@ TEST_F(EmailBookTest, PicksTheViewByItsMode) {
   const CEntryView* view = book.View();
   EXPECT_EQ(book.Attach(nullptr, 0), 0);
   EXPECT_EQ(book.View(), view);
-}
-
-TEST_F(EmailBookTest, SetsThePageSizeOfASlidingViewAlone) {
-  EXPECT_EQ(book.SetPageSize(8), 8);
-  EXPECT_EQ(book.SetPageSize(0), -1);
-  EXPECT_EQ(book.GetPageSize(), 16);
-  book.Attach(box, 1);
-  EXPECT_EQ(book.SetPageSize(8), -1);
-  CEmailAB bare;
-  EXPECT_EQ(bare.SetPageSize(8), 8);
-  EXPECT_EQ(bare.GetPageSize(), 16);
 }
 
 TEST_F(EmailBookTest, PassesNavigationToTheView) {
@@ -115,7 +104,6 @@ TEST_F(EmailBookTest, AnswersNothingWithoutAView) {
   EXPECT_THAT(Tour(book), testing::Each("-"));
   CEmailEntry entry;
   char letter = '?';
-  EXPECT_EQ(book.Remove(&entry, 1), kRefused);
   EXPECT_EQ(book.FirstLetter(), '\0');
   EXPECT_EQ(book.NextLetter('A'), '\0');
   EXPECT_EQ(book.LetterStart('A'), -1);
@@ -184,8 +172,6 @@ TEST_F(EmailBookTest, DeletesTheBookUnderTheLongTimeout) {
   EXPECT_EQ(SimulatorTimeout(), 1999U);
   EXPECT_EQ(book.ListCount(), 0);
   EXPECT_EQ(book.View(), nullptr);
-  EXPECT_EQ(book.DeleteBook(), kNoError);
-  EXPECT_EQ(SimulatorBookSize(BookKind::kEmail, nullptr, nullptr), 0);
 }
 
 }  // namespace

@@ -69,28 +69,19 @@ struct Outcome {
 const Outcome kOutcomes[] = {
     {"AddEntry", RUN(book.AddEntry(fresh, 0)), 0, 1, 1, "abc abd b "},
     {"AddEntryReload", RUN(book.AddEntry(fresh, 1)), 0, 1, 2, "abc abd b fresh late "},
-    {"AddEntryReloadNone", RUN(book.AddEntry(fresh, 1)), 4, 1, 2, ""},
-    {"AddEntryReloadFails", RUN(book.AddEntry(fresh, 1)), 11, 0, 2, ""},
-    {"ReadEntryReloadFails", RUN(book.ReadEntry(late, 1)), 11, 0, 2, ""},
-    {"ModifyEntryReloadFails", RUN(book.ModifyEntry(late, 1)), 11, 0, 2, ""},
-    {"RenameEntryReloadFails", RUN(book.RenameEntry("b", fresh, 1)), 11, 0, 2, ""},
-    {"DeleteEntryReloadFails", RUN(book.DeleteEntry(late, 1)), 11, 0, 2, ""},
-    {"FastAddEntry", RUN(book.FastAddEntry(fresh)), 0, 4, 1, "abc abd b fresh "},
     {"FastModifyEntryNotHeld", RUN(book.FastModifyEntry(late)), 0, 0, 1, "abc abd b "},
     {"FastRenameEntry", RUN(book.FastRenameEntry("abd", fresh)), 0, 1, 1, "abc fresh b "},
     {"FastRenameEntryNotHeld", RUN(book.FastRenameEntry("late", fresh)), 0, 0, 1, "abc abd b "},
     {"FastDeleteEntryNotHeld", RUN(book.FastDeleteEntry(late)), 0, -1, 1, "abc abd b "},
     {"LoadEntriesNone", RUN(book.LoadEntries()), 4, 1, 1, ""},
+    {"LoadEntriesFails", RUN(book.LoadEntries()), 11, 0, 1, ""},
     {"AttachAlone", RUN(book.Attach(TheAgent.ScannerAt(0), 0)), 0, 1, 0, "abc abd b "},
     {"AttachNothing", RUN(book.Attach(nullptr, 1)), 0, 0, 0, "abc abd b "},
     {"RemoveEntryAt", RUN(book.RemoveEntryAt(0, 0)), 0, 1, 0, "abd b "},
     {"RemoveEntryAtReload", RUN(book.RemoveEntryAt(0, 1)), 0, 1, 1, "abc abd b late "},
     {"RemoveEntryAtNothing", RUN(book.RemoveEntryAt(3, 1)), 0, 0, 0, "abc abd b "},
     {"ClearBook", RUN(book.ClearBook()), 0, 0, 6, ""},
-    {"ClearBookReloadFails", RUN(book.ClearBook()), 11, 0, 6, ""},
     {"DeleteList", RUN(book.DeleteList("Late", 0)), 0, 1, 1, "abc abd b "},
-    {"DeleteListReloadFails", RUN((SimulatorFail("IMSPListAB", 1, 11), book.DeleteList("Late", 1))),
-     0, 0, 2, "abc abd b "},
     {"FastDeleteListNotHeld", RUN(book.FastDeleteList("Late")), 0, 0, 1, "abc abd b "},
     {"EntryAtNothing", RUN(book.EntryAt(3) == nullptr && book.EntryAt(-1) == nullptr), 0, 1, 0,
      "abc abd b "},
@@ -146,7 +137,8 @@ TEST_F(FaxBookTest, TheWalkRunsPastItsEndsAndComesBackStepByStep) {
   EXPECT_EQ(book.NextEntry(), nullptr);
   EXPECT_EQ(book.PrevEntry(), nullptr);
   EXPECT_EQ(book.PrevEntry(), book.EntryAt(2));
-  EXPECT_EQ(CFaxAB().FirstEntry(), nullptr);
+  EXPECT_EQ(book.FirstEntry(), book.EntryAt(0));
+  EXPECT_EQ(book.NextEntry(), book.EntryAt(1)) << "from the front again";
 }
 
 TEST_F(FaxBookTest, SearchesTellTheWholeNameByTheModeOneAlone) {
@@ -154,6 +146,8 @@ TEST_F(FaxBookTest, SearchesTellTheWholeNameByTheModeOneAlone) {
   EXPECT_EQ(book.FindFirstEntry("ab", 2), 0);
   EXPECT_EQ(book.FindNextEntry(0), 1);
   EXPECT_EQ(book.FindNextEntry(0), -1);
+  EXPECT_EQ(book.FindFirstEntry("x", 0), -1);
+  EXPECT_EQ(book.FindNextEntry(0), 0) << "with the pattern that hit before";
   EXPECT_EQ(book.FindEntryIndex("absent"), -1);
   EXPECT_EQ(book.FindNextEntry(0), 1) << "a miss of FindEntryIndex leaves the cursor at 0";
 
@@ -167,33 +161,10 @@ TEST_F(FaxBookTest, SearchesTellTheWholeNameByTheModeOneAlone) {
   EXPECT_EQ(CFaxEntryList().BinaryLookup("a", 0, 1), -1);
 }
 
-TEST_F(FaxBookTest, ListsAreLoadedAddedAndDeleted) {
-  PutMember("Team", MakeFax("m"));
-  EXPECT_EQ(book.LoadLists(1), 0);
-  ASSERT_EQ(book.ListCount(), 1);
-  EXPECT_EQ(book.FastDuplicateList(*book.ListAt(0), "Crew"), 1);
-  EXPECT_EQ(book.DuplicateList(*book.ListAt(0), "Gang", 1), 1);
-  EXPECT_EQ(book.ListCount(), 3);
-  EXPECT_EQ(book.FastDeleteList("Gang"), 2);
-  PutMember("Unseen", MakeFax("m"));
-  EXPECT_EQ(book.DeleteAllLists(), 0);
-  EXPECT_EQ(book.ListCount(), 0);
-  EXPECT_EQ(SimulatorBookSize(BookKind::kFaxList, "Crew", nullptr), -1);
-  EXPECT_EQ(SimulatorBookSize(BookKind::kFaxList, "Unseen", nullptr), 1);
-  SimulatorClearJournal();
+TEST_F(FaxBookTest, WithoutAnApplianceItsListsStillNeedATimeout) {
   EXPECT_EQ(CFaxAB().DeleteAllLists(), 0);
   EXPECT_THAT(TakeCalls(),
               ElementsAre("IMSPIOCtl 2 0", "IMSPIOCtl 1 3600000", "IMSPIOCtl 1 30000"));
-}
-
-TEST_F(FaxBookTest, At512ListsNoneIsAdded) {
-  SimulatorInflateSizes(MaxFaxLists);
-  CPubFaxDL list;
-  list.SetName("one more");
-  EXPECT_EQ(book.AddList(list, 1), 0);
-  EXPECT_EQ(TheAgent.LastError(), kBookFull);
-  EXPECT_EQ(book.FastAddList(&list), -1);
-  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPListAB 768: - - 1", "IMSPListAB 768: - - 1"));
 }
 
 TEST_F(FaxBookTest, TheStreamHoldsAsManyEntriesAsTheWalkHasPassed) {

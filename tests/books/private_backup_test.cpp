@@ -91,16 +91,6 @@ class PrivateBackupTest : public PrivateBookTest {
   std::vector<std::string> before;
 };
 
-TEST_P(PrivateBackupTest, RestoresWhatWasThere) {
-  PutAccount();
-  CUserRecord restored;
-  Load(restored, bytes);
-  EXPECT_FALSE(restored.NameMismatch());
-  EXPECT_THAT(TakeCalls(), IsEmpty());
-  EXPECT_EQ(restored.RestorePrivateBook(), 1);
-  EXPECT_EQ(Everything(), before);
-}
-
 TEST_P(PrivateBackupTest, AnotherUsersSectionIsLeftUnread) {
   CUserRecord other;
   Name(other, "Bertil");
