@@ -148,6 +148,7 @@ TEST_F(FaxBookTest, SearchesTellTheWholeNameByTheModeOneAlone) {
   EXPECT_EQ(book.FindNextEntry(0), -1);
   EXPECT_EQ(book.FindFirstEntry("x", 0), -1);
   EXPECT_EQ(book.FindNextEntry(0), 0) << "with the pattern that hit before";
+  EXPECT_EQ(book.FindNextEntry(0), 1);
   EXPECT_EQ(book.FindEntryIndex("absent"), -1);
   EXPECT_EQ(book.FindNextEntry(0), 1) << "a miss of FindEntryIndex leaves the cursor at 0";
 
