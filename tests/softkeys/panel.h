@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "simulator/simulator.h"
 #include "softkeys/top_level_ab.h"
 #include "tests/support/appliance_fixture.h"
 
@@ -37,21 +36,8 @@ class PanelTest : public ApplianceTest {
     return names;
   }
 
-  static Names ServerKeys() { return ServerNames(BookKind::kTop, ""); }
-  static Names ServerItems(const char* key) { return ServerNames(BookKind::kKeyItems, key); }
-
   CScanner* box_ = LogIn();
   CTopLevelAB book_;
-
- private:
-  static Names ServerNames(BookKind kind, const char* book) {
-    Names names;
-    CMenuItem entry;
-    for (int i = 0; SimulatorEntryAt(kind, book, nullptr, i, &entry) != 0; ++i) {
-      names.emplace_back(entry.name.View());
-    }
-    return names;
-  }
 };
 
 }  // namespace quillkit

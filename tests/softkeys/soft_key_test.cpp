@@ -103,16 +103,6 @@ TEST_F(SoftKeyTest, ALoadWithoutAnOwnerChangesNothingAndWithoutAScannerReadsNoth
   EXPECT_THAT(TakeCalls(), IsEmpty());
 }
 
-TEST_F(SoftKeyTest, WhatALyingServerDeliversStaysInItsFields) {
-  SimulatorSetLies(kLieDeliveredCount | kLieUnterminated | kLieUnsorted);
-  for (const std::int32_t direction : {0, 1}) {
-    EXPECT_EQ(key_.Load("Scan", &book_, {}, direction), kNoError);
-    EXPECT_EQ(key_.ItemCount(), 512);
-    for (std::int32_t i = 0; i < 512; ++i) EXPECT_TRUE(key_.ItemAt(i)->IsValid());
-    EXPECT_EQ(key_.FindFirstItem("D~", false), direction == 1 ? 0 : 509);
-  }
-}
-
 // --- Limits and oddities ---
 
 TEST_F(SoftKeyTest, FastAddEndsAt512CachedItems) {

@@ -45,32 +45,6 @@ class TopLevelTest : public PanelTest {
 
 // --- Loads ---
 
-TEST_F(TopLevelTest, ALoadWithItemsReadsEachKeyOnceAndKeepsOneWhoseReadFails) {
-  SimulatorFail("IMSPReadAB", 2, kFault);
-  EXPECT_EQ(book_.Load(1), kNoError);
-  EXPECT_THAT(TakeCalls(), ElementsAre(kListCall, ReadCall("B"), ReadCall("C"), ReadCall("D")));
-  EXPECT_EQ(NamesOf(book_), (Names{"B", "C", "D"}));
-  EXPECT_EQ(NamesOf(*book_.KeyAt(0)), (Names{"one"}));
-  EXPECT_TRUE(book_.KeyAt(1)->IsEmpty());
-}
-
-TEST_F(TopLevelTest, ALoadWithoutItemsGivesKeysThatKnowTheirNameAlone) {
-  EXPECT_EQ(book_.Load(0), kNoError);
-  EXPECT_THAT(TakeCalls(), ElementsAre(kListCall));
-  CSoftKey* key = book_.KeyAt(1);
-  EXPECT_TRUE(key->IsEmpty());
-  EXPECT_EQ(key->KeyName(), "C");
-  EXPECT_EQ(key->DeleteMenuItem("two", false), kRefused);
-}
-
-TEST_F(TopLevelTest, AListingThatFailsLeavesNoKeys) {
-  for (const Status status : {kFault, kDataNotFound}) {
-    SimulatorFail("IMSPListABEntries", 1, status);
-    EXPECT_EQ(book_.Load(1), status == kFault ? kFault : kNoError);
-    EXPECT_EQ(book_.Count(), 0);
-  }
-}
-
 TEST_F(TopLevelTest, TwelveKeysAreOneTooMany) {
   for (const char* name : {"E", "F", "G", "H", "I", "J", "K", "L"}) PutKey(name, {});
   EXPECT_EQ(book_.Load(0), kNoError);
@@ -78,14 +52,6 @@ TEST_F(TopLevelTest, TwelveKeysAreOneTooMany) {
   PutKey("M", {});
   EXPECT_EQ(book_.Load(0), kMoreData);
   EXPECT_EQ(book_.Count(), 0);
-}
-
-TEST_F(TopLevelTest, WhatALyingServerListsStaysInItsBounds) {
-  SimulatorSetLies(kLieDeliveredCount | kLieUnterminated);
-  EXPECT_EQ(book_.Load(1), kNoError);
-  EXPECT_EQ(book_.Count(), 11);
-  EXPECT_EQ(book_.KeyAt(0)->KeyName(), "B" + std::string(30, '~'));
-  EXPECT_EQ(book_.KeyAt(10)->KeyName(), "");
 }
 
 TEST_F(TopLevelTest, LoadItemsProvesThatTheBookCanBeRead) {
