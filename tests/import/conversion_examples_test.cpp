@@ -52,20 +52,6 @@ TEST_F(ConversionExamples, DelimitedRows) {
   Expect(Converter::kDelimited, {{"a,b,c\n", Entry("c", "")}}, {.columnMap = {2}});
 }
 
-// Anybody else fills two books with pairs. Other books get the rows as they stand, run together.
-TEST_F(ConversionExamples, DelimitedRowsOfAnybodyElse) {
-  const std::string rows = "Ann,\"1\",x\n " + X(80) + "," + X(80) + "  \n";
-  const std::string copied = "Ann,\"1\",x " + X(80) + "," + X(80);
-  for (const std::int32_t book : {-1, 0, 1, 2, 3, 4, 5}) {
-    std::string script = copied;
-    if (book == 1) script = "Ann\n1\n" + X(31) + "\n" + X(80) + "\n";
-    if (book == 2) script = "Ann\n1\n" + X(31) + "\n" + X(79) + "\n";
-    Expect(Converter::kDelimited, {{rows, script}},
-           {.isAdmin = false, .clearFirst = true, .targetBook = book});
-  }
-  Expect(Converter::kDelimited, {{rows, copied}}, {.clearFirst = true, .targetBook = 5});
-}
-
 // --- Directory export ---
 
 TEST_F(ConversionExamples, DirectoryEntries) {

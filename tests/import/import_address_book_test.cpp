@@ -22,7 +22,6 @@ using testing::SizeIs;
 using testing::StartsWith;
 
 constexpr Status kEarlier = 22;
-constexpr std::uint32_t kOneHour = 3'600'000;
 constexpr std::uint32_t kConvertedFormats[] = {ImportFormatDelimited, ImportFormatDirectory,
                                                ImportFormatMailServer};
 
@@ -116,15 +115,6 @@ TEST_F(ImportAddressBookTest, WhatIsWrongLocallyIsToldInItsOrder) {
   EXPECT_EQ(GetLastToolkitError(), kEarlier);
 }
 
-TEST_F(ImportAddressBookTest, ABackslashIsACharacterOfANameWhereItSeparatesNothing) {
-  if constexpr (std::filesystem::path::preferred_separator == '\\') {
-    GTEST_SKIP() << "here it separates folders";
-  }
-  files_.Write("a\\b", "");
-  EXPECT_EQ(ImportAddressBook(nullptr, files_.PathOf("a\\*").c_str(), Options(2)), -11);
-  EXPECT_EQ(ImportAddressBook(nullptr, files_.PathOf("\\b").c_str(), Options(2)), -1);
-}
-
 // It passes the first test and is then opened as it stands.
 TEST_F(ImportAddressBookTest, APatternThatMatchesIsNoFile) {
   CScanner* const box = LogIn();
@@ -159,35 +149,16 @@ TEST_F(ImportAddressBookTest, TheServerRunsTheScriptUnderTheLongTimeout) {
                             "IMSPIOCtl 2 0", "IMSPIOCtl 1 " + std::to_string(timeout)));
     EXPECT_EQ(SimulatorTimeout(), timeout);
     EXPECT_THAT(temporary_.Names(), IsEmpty());
-  }
-}
 
-// The first failure is the result and the last call; only a batch that succeeded is followed by the
-// old time-out.
-TEST_F(ImportAddressBookTest, AServerFailureIsTheResult) {
-  const struct {
-    const char* entry;
-    std::int32_t occurrence;
-    std::size_t calls;
-    std::uint32_t timeout;
-  } cases[] = {{"IMSPIOCtl", 1, 1, 30'000},
-               {"IMSPIOCtl", 2, 2, 30'000},
-               {"IMSPBatchConfiguration", 1, 3, kOneHour},
-               {"IMSPIOCtl", 3, 4, kOneHour},
-               {"IMSPIOCtl", 4, 5, kOneHour}};
-  const std::string path = AnyFile();
-  for (const auto& each : cases) {
-    CScanner* const box = LogIn();
-    SimulatorFail(each.entry, each.occurrence, 16);
-    EXPECT_EQ(ImportAddressBook(box, path.c_str(), Options(ImportFormatDirectory)), 16);
+    SimulatorFail("IMSPIOCtl", 3, 16);
+    EXPECT_EQ(ImportAddressBook(box, path.c_str(), Options(format)), 16);
+    EXPECT_THAT(TakeCalls(), SizeIs(4)) << "a failure ends it";
     EXPECT_EQ(GetLastToolkitError(), 16);
-    EXPECT_THAT(TakeCalls(), SizeIs(each.calls));
-    EXPECT_EQ(SimulatorTimeout(), each.timeout) << each.entry << ' ' << each.occurrence;
     EXPECT_THAT(temporary_.Names(), IsEmpty());
-    SimulatorClearFaults();
-    Logout();
+    SimulatorSetTimeout(timeout);
   }
-  EXPECT_EQ(ImportAddressBook(TheAgent.ScannerAt(0), path.c_str(), Options(16)), 10);
+  Logout();
+  EXPECT_EQ(ImportAddressBook(box, path.c_str(), Options(ImportFormatDirectory)), 10);
 }
 
 // The conversion runs all the same.

@@ -71,12 +71,5 @@ TEST_F(LineReaderTest, FollowsTheModelAcrossBlocks) {
   }
 }
 
-TEST_F(LineReaderTest, OpensFilesOnly) {
-  EXPECT_FALSE(LineReader().Open(nullptr));
-  EXPECT_FALSE(LineReader().Open(""));
-  EXPECT_FALSE(LineReader().Open(folder_.PathOf("missing").c_str()));
-  EXPECT_FALSE(LineReader().Open(folder_.Path().string().c_str()));
-}
-
 }  // namespace
 }  // namespace quillkit

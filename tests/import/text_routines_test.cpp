@@ -45,30 +45,6 @@ TEST(NextQuotedFieldTest, SplitsOutsideQuotes) {
   }
 }
 
-TEST(NextQuotedFieldTest, AnUnclosedQuoteLeavesTheTextAsItWas) {
-  std::string text = R"(a,b"c,d)";
-  NextQuotedField(text.data(), ',');
-  EXPECT_EQ(NextQuotedField(nullptr, ',').data(), nullptr);
-  EXPECT_STREQ(text.data() + 2, R"(b"c,d)");
-}
-
-TEST(NextQuotedFieldTest, ATextBeginsAnewAndSeparatorsMayChange) {
-  std::string first = "a,b,c";
-  std::string second = R"(d;e"f,g)";
-  EXPECT_EQ(View(NextQuotedField(first.data(), ',')), "a");
-  EXPECT_EQ(View(NextQuotedField(second.data(), ';')), "d");
-  EXPECT_EQ(View(NextQuotedField(nullptr, '"')), "e");
-  EXPECT_EQ(View(NextQuotedField(nullptr, ',')), "f");
-  EXPECT_STREQ(first.c_str() + 2, "b,c");
-}
-
-TEST(StripCharTest, RemovesEveryOccurrence) {
-  std::string text = "xaxxbx";
-  EXPECT_EQ(View(StripChar('x', text)), "ab");
-  text = "abc";
-  EXPECT_EQ(View(StripChar('x', text)), "abc");
-}
-
 // The first character of the separator counts, and every place of the result is written.
 TEST(SplitMappedColumnsTest, GivesTheColumnsOfTheMap) {
   std::string row = "a,b;\t\"c\" ;d";
