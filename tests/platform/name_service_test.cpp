@@ -26,18 +26,6 @@ TEST(NameServiceTest, ReadsDottedAddresses) {
   EXPECT_EQ(TextToAddress(nullptr), kNoAddress);
 }
 
-TEST(NameServiceTest, FindsHostsOrLeavesTheAddress) {
-  std::uint32_t address = 0;
-  EXPECT_TRUE(FindHostByName("192.168.7.9", &address));
-  EXPECT_EQ(address, Address(192, 168, 7, 9));
-  EXPECT_TRUE(FindHostByName("localhost", &address));
-  EXPECT_EQ(address, Address(127, 0, 0, 1));
-  address = 7;
-  EXPECT_FALSE(FindHostByName("", &address));
-  EXPECT_FALSE(FindHostByName(nullptr, &address));
-  EXPECT_EQ(address, 7U);
-}
-
 TEST(NameServiceTest, WritesDottedAddressesCutAtTheBuffer) {
   const std::uint32_t longest = Address(255, 250, 249, 100);
   const std::string whole("255.250.249.100\0", 16);
