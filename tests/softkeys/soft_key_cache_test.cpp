@@ -121,12 +121,13 @@ TEST_F(SoftKeyCache, StoresNoItems) {
 
 TEST_F(SoftKeyCache, LoadsItsPatternAndItsItems) {
   Fill({"A", "B", "C"});
+  key_.FindFirstItem("C", true);
   const std::string bytes = "\2\0\0\0\1I"s + kItem + kItem + "rest"s;
   Archive loading{std::string_view(bytes)};
   key_.Serialize(loading);
   EXPECT_EQ(key_.ItemCount(), 2);
   EXPECT_EQ(key_.ItemAt(1)->path.View(), "P");
-  EXPECT_EQ(key_.FindNextItem(true), 1);
+  EXPECT_EQ(key_.FindNextItem(true), 1) << "the walk begins anew";
   EXPECT_EQ(key_.KeyName(), "Scan");
   EXPECT_EQ(loading.Remaining(), 4U);
 }
