@@ -2,6 +2,8 @@
 
 #include <cstddef>
 #include <cstring>
+#include <string_view>
+#include <utility>
 
 namespace quillkit::model {
 namespace {
@@ -96,93 +98,66 @@ std::string DelimitedEntry(const std::string& row, const Request& request) {
 
 // --- Mail-server export ---
 
+constexpr std::size_t kNone = std::string::npos;
+
 // A row in memory as the splitting changes it: separators become NULs.
-class Row {
- public:
-  explicit Row(const std::string& line) : bytes_(line) { bytes_ += '\0'; }
+struct Row {
+  std::string bytes;     // with a NUL at its end
+  std::size_t next = 0;  // where the splitting goes on
 
-  // The text at a place, up to its NUL.
-  std::string TextAt(std::size_t place) const { return bytes_.c_str() + place; }
+  std::string TextAt(std::size_t place) const { return bytes.c_str() + place; }
+  bool IsLineEnd(std::size_t place) const { return place + 1 == bytes.size(); }
 
-  char& operator[](std::size_t place) { return bytes_[place]; }
-
-  // What lies behind the NUL of the text at a place, to the end of the line.
-  std::string BehindTextAt(std::size_t place) const {
-    const std::size_t behind = place + TextAt(place).size() + 1;
-    return behind < bytes_.size() ? std::string(bytes_.c_str() + behind) : std::string();
-  }
-
-  // Splits from a place on.
-  bool NextFrom(std::size_t place, char separator, std::size_t* field) {
-    position_ = place;
-    hasPosition_ = true;
-    return Next(separator, field);
-  }
-
-  bool Next(char separator, std::size_t* field) {
-    if (!hasPosition_) return false;
-    *field = position_;
-    std::size_t i = position_;
-    for (; bytes_[i] != '\0' && bytes_[i] != separator; ++i) {
-      if (bytes_[i] != '"') continue;
-      do {
-        ++i;
-      } while (bytes_[i] != '\0' && bytes_[i] != '"');
-      if (bytes_[i] == '\0') {
-        hasPosition_ = false;
-        return false;
-      }
+  // Where the next field stands.
+  std::size_t Next(char separator) {
+    const std::size_t field = std::exchange(next, kNone);
+    if (field == kNone) return kNone;
+    std::size_t i = field;
+    for (; bytes[i] != '\0' && bytes[i] != separator; ++i) {
+      if (bytes[i] != '"') continue;
+      i = bytes.find('"', i + 1);
+      if (i == kNone) return kNone;
     }
-    hasPosition_ = bytes_[i] != '\0';
-    if (hasPosition_) bytes_[i] = '\0';
-    position_ = i + 1;
-    return true;
+    if (bytes[i] != '\0') {
+      bytes[i] = '\0';
+      next = i + 1;
+    }
+    return field;
   }
-
-  bool IsLineEnd(std::size_t place) const { return place + 1 == bytes_.size(); }
-
- private:
-  std::string bytes_;
-  std::size_t position_ = 0;
-  bool hasPosition_ = false;
 };
 
-// Whether the row has a name, and where.
-bool FindName(Row& row, std::size_t* cursor) {
-  std::size_t first = 0;
-  if (!row.NextFrom(0, ',', &first)) return false;
-  if (row[first] == '"') ++first;
-  if (row.TextAt(first) != "Mailbox") return false;
-  *cursor = first + 7;
-  if (row.IsLineEnd(*cursor)) return false;
-  ++*cursor;
+// Where the row's name stands.
+std::size_t FindName(Row& row) {
+  constexpr std::string_view kWord = "Mailbox";
+  if (row.Next(',') == kNone || row.TextAt(0) != kWord || row.IsLineEnd(kWord.size())) return kNone;
+  std::size_t cursor = kWord.size() + 1;
   for (int pass = 1; pass <= 3; ++pass) {
-    if (row[*cursor] == ',') {
-      ++*cursor;
+    if (row.bytes[cursor] == ',') {
+      ++cursor;
       continue;
     }
-    if (!row.Next(',', cursor)) return false;
-    if (row[*cursor] != '"') continue;
-    const std::size_t end = *cursor + row.TextAt(*cursor).size();
-    if (!row.IsLineEnd(end)) row[end] = ',';
-    if (!row.NextFrom(*cursor + 1, '"', cursor)) return false;
+    cursor = row.Next(',');
+    if (cursor == kNone) return kNone;
+    if (row.bytes[cursor] != '"') continue;
+    const std::size_t end = cursor + row.TextAt(cursor).size();
+    if (!row.IsLineEnd(end)) row.bytes[end] = ',';
+    row.next = cursor + 1;
+    cursor = row.Next('"');
+    if (cursor == kNone) return kNone;
   }
-  return true;
+  return cursor;
 }
 
 std::string MailServerEntry(const std::string& line, bool isAdmin) {
-  Row row(line);
-  std::size_t name = 0;
-  if (!FindName(row, &name)) return "";
-  const std::string rest = row.BehindTextAt(name);
+  Row row{line + '\0'};
+  const std::size_t name = FindName(row);
+  if (name == kNone) return "";
+  const std::size_t behind = name + row.TextAt(name).size() + 1;
+  const std::string rest = behind < row.bytes.size() ? row.TextAt(behind) : "";
   const std::size_t mark = rest.find("SMTP:");
   if (mark == rest.npos) return "";
-  std::string address;
-  for (std::size_t i = mark + 5; i < rest.size(); ++i) {
-    if (rest[i] == '%' || rest[i] == ',' || rest[i] == '"') break;
-    address += rest[i];
-  }
-  return EmailEntry(row.TextAt(name), address, isAdmin);
+  const std::string address = rest.substr(mark + 5);
+  return EmailEntry(row.TextAt(name), address.substr(0, address.find_first_of("%,\"")), isAdmin);
 }
 
 }  // namespace
