@@ -138,6 +138,8 @@ TEST_F(LdapSettingsTest, ProfilesAreDeletedOnceNothingIsBelowThem) {
   EXPECT_EQ(DeleteLdapProfile(profile), 1);
   EXPECT_EQ(GetLdapDword(profile, "port", 7), 0U);
   EXPECT_EQ(DeleteLdapProfile(profile), 0);
+  SetLdapDword(profile, "other", 1);
+  EXPECT_EQ(GetLdapDword(profile, "port", 7), 7U) << "its values went with it";
   EXPECT_THAT(shown, ElementsAre(kMessage, kMessage, kMessage));
 
   SetLdapDword(Profile(std::string(300, 'x')), "port", 389);

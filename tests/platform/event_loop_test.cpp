@@ -50,13 +50,6 @@ TEST_F(EventLoop, DispatchesTheSignOfLifeWheneverItIsDue) {
   EXPECT_EQ(IsAdminConnected(box), 1);
 }
 
-TEST_F(EventLoop, IsQuietUntilThen) {
-  LogInWithPeriod(60'000);
-  EXPECT_FALSE(IsReadable(QuillkitEventDescriptor(), 0));
-  EXPECT_EQ(QuillkitDispatchEvents(), 0);
-  EXPECT_THAT(TakeCalls(), IsEmpty());
-}
-
 TEST_F(EventLoop, IsQuietAfterLogoutAndAfterExit) {
   for (void (*end)() : {Logout, Exit}) {
     LogInWithPeriod(10);

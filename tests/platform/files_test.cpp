@@ -96,13 +96,5 @@ TEST(TemporaryFileTest, IsEmptyAndNewAndBearsThePrefixAndIsDeletedOnce) {
   EXPECT_TRUE(folder.Names().empty());
 }
 
-TEST(TemporaryFileTest, WithoutTheFolderThereIsNone) {
-  const ScratchFolder folder;
-  for (const std::string& path : {folder.PathOf("missing"), folder.Write("file", "x")}) {
-    const TemporaryFolder redirected(path);
-    EXPECT_EQ(CreateTemporaryFile("QK7"), "") << path;
-  }
-}
-
 }  // namespace
 }  // namespace quillkit

@@ -42,21 +42,6 @@ TEST_F(UserSettingsTest, SmallBufferTakesNothing) {
   EXPECT_EQ(std::string(bytes.data(), bytes.size()), "abcd\0#"s);
 }
 
-TEST_F(UserSettingsTest, KeyIsDeletedWithItsValues) {
-  const std::string outer = Make(root + "\\outer");
-  const std::string inner = Make(outer + "\\inner");
-  ASSERT_EQ(WriteText(outer, "v", "kept"), kSettingsDone);
-  ASSERT_EQ(WriteText(inner, "v", ""), kSettingsDone);
-  EXPECT_EQ(DeleteSettingsKey(outer.c_str()), kSettingsDenied);
-  EXPECT_EQ(Read(outer, "v"), "kept\0"s);
-  EXPECT_EQ(DeleteSettingsKey(inner.c_str()), kSettingsDone);
-  EXPECT_EQ(DeleteSettingsKey(inner.c_str()), kNoSuchSetting);
-  EXPECT_EQ(DeleteSettingsKey(outer.c_str()), kSettingsDone);
-  EXPECT_EQ(Open(outer), kNoSuchSetting);
-  Make(outer);
-  EXPECT_EQ(Read(outer, "v"), "status 2");
-}
-
 // Names that mean something elsewhere are names like any other here, of keys and of values.
 TEST_F(UserSettingsTest, AnyNameWillDo) {
   std::vector<std::string> names = {" ",     "%",      "%2E",     "%zz",  "..", "../../up",
