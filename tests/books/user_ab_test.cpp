@@ -66,7 +66,6 @@ TEST_F(UserBookTest, WalksAndSearchesWithoutTheServer) {
   CUserRecord record;
   EXPECT_STREQ(book.First(&record)->Name(), "ADMINISTRATOR");
   EXPECT_EQ(record.Owner(), &book);
-  EXPECT_EQ(record.PrivateBook(), nullptr);
   EXPECT_EQ(book.Previous(&record), nullptr);
   EXPECT_EQ(book.Previous(&record), nullptr);
   EXPECT_EQ(book.Next(&record), nullptr);
@@ -79,6 +78,7 @@ TEST_F(UserBookTest, WalksAndSearchesWithoutTheServer) {
   EXPECT_EQ(book.FindFirst("A", 0, &record), 0);
   EXPECT_EQ(book.FindNext(0, &record), 1);
   EXPECT_STREQ(record.Name(), "Abel");
+  EXPECT_EQ(record.PrivateBook(), nullptr);
   EXPECT_EQ(book.FindNext(0, &record), 2);
   EXPECT_EQ(book.FindFirst("Abe", 1, &record), -1);
   EXPECT_EQ(book.FindNext(0, &record), 0) << "with the pattern of the search that hit";
