@@ -1,4 +1,4 @@
-// A handler for the signals that end a program which does nothing about them.
+// Signals that have another effect for a time. When these objects go, all is as it was.
 
 #ifndef QUILLKIT_PLATFORM_POSIX_CAUGHT_SIGNALS_H_
 #define QUILLKIT_PLATFORM_POSIX_CAUGHT_SIGNALS_H_
@@ -8,7 +8,25 @@
 
 namespace quillkit {
 
-// A signal that is ignored stays so. When this goes, all is as it was.
+// Has no effect.
+class IgnoredSignal {
+ public:
+  explicit IgnoredSignal(int number) : number_(number) {
+    struct sigaction action = {};
+    action.sa_handler = SIG_IGN;
+    sigaction(number_, &action, &before_);
+  }
+  IgnoredSignal(const IgnoredSignal&) = delete;
+  IgnoredSignal& operator=(const IgnoredSignal&) = delete;
+  ~IgnoredSignal() { sigaction(number_, &before_, nullptr); }
+
+ private:
+  int number_;
+  struct sigaction before_ = {};
+};
+
+// Those by which a program is ended that does nothing about them call the handler. One that is
+// ignored stays so.
 class CaughtSignals {
  public:
   explicit CaughtSignals(void (*handler)(int)) {
@@ -29,7 +47,8 @@ class CaughtSignals {
   }
 
  private:
-  static constexpr std::array<int, 4> kSignals = {SIGHUP, SIGINT, SIGQUIT, SIGTERM};
+  static constexpr std::array kSignals = {SIGHUP,  SIGINT,  SIGQUIT, SIGTERM,
+                                          SIGALRM, SIGUSR1, SIGUSR2};
   std::array<struct sigaction, kSignals.size()> before_ = {};
 };
 

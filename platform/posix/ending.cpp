@@ -10,7 +10,7 @@ namespace {
 // Of the one DeferredEnding.
 volatile std::sig_atomic_t isDemanded = 0;
 std::optional<CaughtSignals> caught;
-struct sigaction brokenPipe;
+std::optional<IgnoredSignal> brokenPipe;
 
 extern "C" void NoteDemand(int) {
   isDemanded = 1;
@@ -21,13 +21,11 @@ extern "C" void NoteDemand(int) {
 DeferredEnding::DeferredEnding() {
   isDemanded = 0;
   caught.emplace(NoteDemand);
-  struct sigaction ignore = {};
-  ignore.sa_handler = SIG_IGN;
-  sigaction(SIGPIPE, &ignore, &brokenPipe);
+  brokenPipe.emplace(SIGPIPE);
 }
 
 DeferredEnding::~DeferredEnding() {
-  sigaction(SIGPIPE, &brokenPipe, nullptr);
+  brokenPipe.reset();
   caught.reset();
 }
 

@@ -12,7 +12,9 @@ namespace {
 
 // Of the one HiddenInput.
 termios shown;
-std::optional<CaughtSignals> caught;  // where the terminal hides what is typed
+// Where the terminal hides what is typed.
+std::optional<CaughtSignals> caught;
+std::optional<IgnoredSignal> suspension;  // it would leave a shell in which nothing shows
 
 // The signal's own effect comes when this returns.
 extern "C" void ShowAndEnd(int number) {
@@ -27,18 +29,23 @@ bool IsInputTyped() {
   return isatty(STDIN_FILENO) != 0;
 }
 
+// In the background, the drain stops the program until it comes to the front: before that, the
+// settings of the terminal are those of the shell's own line.
 HiddenInput::HiddenInput() {
+  static_cast<void>(tcdrain(STDIN_FILENO));
   if (tcgetattr(STDIN_FILENO, &shown) != 0) return;
   caught.emplace(ShowAndEnd);
+  suspension.emplace(SIGTSTP);
   termios hidden = shown;
   hidden.c_lflag &= ~static_cast<tcflag_t>(ECHO);
-  hidden.c_cc[VSUSP] = _POSIX_VDISABLE;  // it would leave a shell in which nothing shows
+  hidden.c_cc[VSUSP] = _POSIX_VDISABLE;
   tcsetattr(STDIN_FILENO, TCSANOW, &hidden);
 }
 
 HiddenInput::~HiddenInput() {
   if (!caught) return;
   tcsetattr(STDIN_FILENO, TCSANOW, &shown);
+  suspension.reset();
   caught.reset();
 }
 
