@@ -12,7 +12,9 @@ void JournalFile::Open(const std::string& path) {
 }
 
 void JournalFile::Add(std::string_view text, Status status) {
+  if (!file_) return;
   file_ << Escaped(text) << " = " << status << std::endl;
+  if (!file_) Complain(kJournalVariable, "the file cannot be written; the journal ends here");
 }
 
 }  // namespace quillkit

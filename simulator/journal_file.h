@@ -20,7 +20,8 @@ class JournalFile {
   bool IsOpen() const { return file_.is_open(); }
 
   // Adds the line "TEXT = STATUS", with what is no printable ASCII escaped, and writes it out: a
-  // process that then crashes has told its last call.
+  // process that then crashes has told its last call. Where that fails, standard error tells it,
+  // once.
   void Add(std::string_view text, Status status);
 
  private:

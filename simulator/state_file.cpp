@@ -22,10 +22,15 @@ bool WriteFile(const std::string& path, const Contents& contents) {
 
 void StateFile::Open(const std::string& path, Contents& contents) {
   std::error_code failure;
-  if (!std::filesystem::exists(path, failure) && !failure) {
+  const std::filesystem::file_status found = std::filesystem::status(path, failure);
+  if (found.type() == std::filesystem::file_type::not_found) {
     path_ = path;
     contents.store.TakeChange();
     Save(contents);
+    return;
+  }
+  if (std::filesystem::is_other(found)) {
+    Complain(kStateVariable, "this is no file; the books are as delivered, and nothing is kept");
     return;
   }
   TextLines lines(path.c_str());
