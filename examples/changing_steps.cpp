@@ -1,5 +1,5 @@
+#include <algorithm>
 #include <memory>
-#include <utility>
 
 #include "examples/checkup.h"
 #include "examples/displayed_text.h"
@@ -9,8 +9,6 @@
 namespace quillctl {
 namespace {
 
-constexpr std::int32_t kNameConflict = 14;
-
 const ItemFields kItem = {"Item", "192.0.2.1", "/first", "quillctl", 1, 0x10002};
 const ItemFields kModified = {"Item", "192.0.2.2", "/second", "check", 3, 0x20031};
 const ItemFields kRenamed = {"Renamed", "192.0.2.2", "/second", "check", 3, 0x20031};
@@ -19,7 +17,8 @@ const ItemFields kRenamed = {"Renamed", "192.0.2.2", "/second", "check", 3, 0x20
 struct Trial {
   std::string name;
   std::string newName;
-  std::vector<std::string> ours;    // of the two, those that a key of ours may have
+  KeySet others;                    // the keys that were there before
+  std::vector<std::string> ours;    // of the two names, those that a key of ours may have
   bool isGood = false;              // whether all steps before were
   std::optional<KeyFields> wanted;  // what the changes before made of it
   quillkit::CTopLevelAB* book = nullptr;
@@ -35,17 +34,13 @@ struct Change {
   std::int32_t (*plain)(Trial&) = nullptr;
   bool (*fast)(Trial&) = nullptr;         // whether it went well
   void (*after)(Trial&) = [](Trial&) {};  // what it makes of the wanted key
-  std::string Trial::*creates = nullptr;  // the name that the key then has for the first time
+  // The name that the key then has for the first time. The plain form reads nothing anew: its
+  // status has to be the one of the change alone.
+  std::string Trial::*creates = nullptr;
 };
 
-// In memory, RenameSoftKey leaves the old name.
-std::int32_t RenameAndLoad(Trial& t) {
-  const std::int32_t status = quillkit::RenameSoftKey(t.book, t.name, t.Renamed().get());
-  return status != 0 ? status : quillkit::LoadTopLevelAbook(t.book, 1);
-}
-
 std::int32_t PlainAdd(Trial& t) {
-  return quillkit::AddKey(t.book, t.name, 1);
+  return quillkit::AddKey(t.book, t.name, 0);
 }
 
 bool FastAdd(Trial& t) {
@@ -89,7 +84,7 @@ constexpr Change kChanges[] = {
      .plain = [](Trial& t) { return quillkit::ModifyKey(t.book, t.Named().get(), 1); },
      .fast = [](Trial& t) { return quillkit::FastKeyModify(t.book, t.key) != 0; }},
     {.title = "rename the key",
-     .plain = RenameAndLoad,
+     .plain = [](Trial& t) { return quillkit::RenameSoftKey(t.book, t.name, t.Renamed().get()); },
      .fast =
          [](Trial& t) { return quillkit::FastKeyRename(t.book, t.name, t.Renamed().get()) != 0; },
      .after = [](Trial& t) { t.wanted->name = t.newName; },
@@ -109,24 +104,27 @@ std::string TakeName(Checkup& checkup, Trial& trial) {
   checkup.keys();
   checkup.DeferEnding();
   checkup.RequireTime();
-  trial.book = checkup.session().LoadKeys(true);
-  if (std::cmp_greater_equal(quillkit::GetCount(trial.book), kMostKeys))
-    throw Skip("there is no room for one more key");
+  trial.others = ReadKeySet(checkup.session());
+  if (trial.others.size() >= kMostKeys) throw Skip("there is no room for one more key");
+  trial.book = checkup.session().book();
   trial.name = FreeName(trial.book);
   trial.newName = FreeName(trial.book, trial.name);
   trial.isGood = true;
   return Quoted(trial.name);
 }
 
-// Requires that the key in memory is what the changes made of it.
-void RequireWanted(const Trial& trial, const char* where) {
-  std::vector<KeyFields> found;
-  for (const std::string& name : {trial.name, trial.newName}) {
-    const std::int32_t index = quillkit::FindSoftKeyIndex(trial.book, name);
-    if (index >= 0) found.push_back({name, ItemsOf(quillkit::GetKeyAt(trial.book, index))});
+// Requires that of the keys found ours is what the changes made of it, and the others as they were.
+void RequireWanted(const Trial& trial, KeySet found, const char* where) {
+  const auto ours = std::stable_partition(found.begin(), found.end(), [&](const KeyFields& key) {
+    return key.name != trial.name && key.name != trial.newName;
+  });
+  if (KeySet(ours, found.end()) != (trial.wanted ? KeySet{*trial.wanted} : KeySet{})) {
+    throw Refusal(std::string("done, but it is not so ") + where);
   }
-  const auto wanted = trial.wanted ? KeySet{*trial.wanted} : KeySet{};
-  if (found != wanted) throw Refusal(std::string("done, but it is not so ") + where);
+  found.erase(ours, found.end());
+  if (found != trial.others) {
+    throw Refusal(std::string("done, but another key is not as it was ") + where);
+  }
 }
 
 // The server's status. A Fast function also fails when the server was good and memory did not
@@ -149,42 +147,40 @@ std::string Make(Checkup& checkup, Trial& trial, const Change& change, bool isFa
   }
   RequireCode(status, change.expected);
   change.after(trial);
-  RequireWanted(trial, "in memory");
-  session.LoadKeys(true);
-  RequireWanted(trial, "on the server");
+  const bool isFollowed = isFast || change.creates == nullptr;
+  if (isFollowed) RequireWanted(trial, KeysIn(trial.book), "in memory");
+  RequireWanted(trial, ReadKeySet(session), "on the server");
   trial.isGood = true;
   return {};
 }
 
-// The keys anew; where that fails, in a session anew.
-quillkit::CTopLevelAB* LoadKeysSomehow(Session& session) {
-  try {
-    return session.LoadKeys(false);
-  } catch (const Refusal&) {
-    session.LogIn();
-    return session.LoadKeys(false);
-  }
+// Deletes the key, whether the server lists it or not; where that fails, in a session anew.
+void RequireGone(Checkup& checkup, const std::string& name) {
+  const auto isGone = [](std::int32_t status) { return status == 0 || status == kNoSuchBook; };
+  Session& session = checkup.session();
+  if (isGone(quillkit::DeleteKey(session.book(), name, 0))) return;
+  session.LogIn();
+  const std::int32_t status = quillkit::DeleteKey(session.book(), name, 0);
+  if (!isGone(status)) throw Refusal(CodeAndText(status));
 }
 
-// Whether this key is gone, and if not, why.
-void RequireGone(Session& session, const std::string& name) {
-  quillkit::CTopLevelAB* book = LoadKeysSomehow(session);
-  if (quillkit::FindSoftKeyIndex(book, name) < 0) return;
-  RequireCode(quillkit::DeleteKey(book, name, 1), 0);
-  if (quillkit::FindSoftKeyIndex(book, name) >= 0) throw Refusal("it was deleted, and is there");
-}
-
-std::string CleanUp(Checkup& checkup, const Trial& trial) {
-  if (trial.ours.empty()) throw Skip("nothing was added");
+// Deletes what may be there under our names. A Refusal that tells what may be left.
+void DeleteOurs(Checkup& checkup, const Trial& trial) {
   std::string left;
   for (const std::string& name : trial.ours) {
     try {
-      RequireGone(checkup.session(), name);
+      RequireGone(checkup, name);
     } catch (const std::exception& error) {
       left += (left.empty() ? "" : "; ") + Quoted(name) + " may be left behind: " + error.what();
     }
   }
   if (!left.empty()) throw Refusal(left);
+}
+
+std::string CleanUp(Checkup& checkup, const Trial& trial) {
+  if (trial.ours.empty()) throw Skip("nothing was added");
+  const bool isDeleted = trial.isGood && !trial.wanted;
+  if (!isDeleted) DeleteOurs(checkup, trial);
   checkup.RequireSameKeys();
   return "the keys are those of before";
 }

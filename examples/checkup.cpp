@@ -10,6 +10,11 @@ Session& Checkup::session() {
   return *session_;
 }
 
+const std::vector<std::string>& Checkup::listed() const {
+  if (!listed_) throw Skip("the keys were not listed");
+  return *listed_;
+}
+
 const KeySet& Checkup::keys() const {
   if (!keys_) throw Skip("the keys and their items were not read");
   return *keys_;

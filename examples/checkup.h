@@ -3,16 +3,23 @@
 #ifndef QUILLKIT_EXAMPLES_CHECKUP_H_
 #define QUILLKIT_EXAMPLES_CHECKUP_H_
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "examples/key_set.h"
 #include "platform/ending.h"
 
 namespace quillctl {
+
+// What servers answer that the steps look for.
+inline constexpr std::int32_t kNoSuchBook = 3;
+inline constexpr std::int32_t kDataNotFound = 4;
+inline constexpr std::int32_t kNameConflict = 14;
 
 // Why a step was not made.
 class Skip : public std::runtime_error {
@@ -35,6 +42,10 @@ class Checkup {
   // The session; a Skip where there is none.
   Session& session();
 
+  // The names of the keys when they were first listed; a Skip where they were not.
+  const std::vector<std::string>& listed() const;
+  void SetListed(std::vector<std::string> names) { listed_ = std::move(names); }
+
   // The keys as they were when they were first read; a Skip where they were not.
   const KeySet& keys() const;
   void SetKeys(KeySet keys) { keys_ = std::move(keys); }
@@ -52,6 +63,7 @@ class Checkup {
   Credentials credentials_;
   std::optional<Session> session_;
   bool wasLoggedIn_ = false;
+  std::optional<std::vector<std::string>> listed_;
   std::optional<KeySet> keys_;
   std::optional<quillkit::DeferredEnding> ending_;
 };

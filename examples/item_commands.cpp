@@ -46,6 +46,7 @@ void AddHits(FoundItems& found, quillkit::CSoftKey* key, const std::string& patt
 ItemFields ItemOf(quillkit::CSoftKey* key, const std::string& name) {
   const std::int32_t index = quillkit::FindFirstItem(key, name, 1);
   if (index < 0) {
+    RequireWhole(key);
     throw Refusal("the key " + Quoted(quillkit::GetKeyName(key)) + " has no item " + Quoted(name));
   }
   return FieldsOf(quillkit::GetItemAt(key, index));

@@ -28,14 +28,17 @@ std::vector<ItemFields> ItemsOf(quillkit::CSoftKey* key) {
   return items;
 }
 
-KeySet ReadKeySet(const Session& session) {
-  quillkit::CTopLevelAB* book = session.LoadKeys(true);
+KeySet KeysIn(quillkit::CTopLevelAB* book) {
   KeySet keys;
   for (std::int32_t i = 0; i < quillkit::GetCount(book); ++i) {
     quillkit::CSoftKey* key = quillkit::GetKeyAt(book, i);
     keys.push_back({quillkit::GetKeyName(key), ItemsOf(key)});
   }
   return keys;
+}
+
+KeySet ReadKeySet(const Session& session) {
+  return KeysIn(session.LoadKeys(true));
 }
 
 }  // namespace quillctl

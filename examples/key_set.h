@@ -29,6 +29,9 @@ void RequireWhole(quillkit::CSoftKey* key);
 // The items of a key that is whole.
 std::vector<ItemFields> ItemsOf(quillkit::CSoftKey* key);
 
+// The keys of a book that was loaded with the items. Throws a Refusal for one that is not whole.
+KeySet KeysIn(quillkit::CTopLevelAB* book);
+
 // Reads all keys. Throws a Refusal when it cannot read them whole.
 KeySet ReadKeySet(const Session& session);
 

@@ -82,6 +82,20 @@ void Make(const Session& session, const std::vector<KeySetChange>& changes) {
   }
 }
 
+// Whether the appliance has what was made, as far as it can be read.
+void RequireMade(const Session& session, const KeySet& wanted) {
+  std::vector<KeySetChange> open;
+  try {
+    open = Difference(ReadKeySet(session), wanted);
+  } catch (const Refusal& why) {
+    throw Refusal(std::string("the appliance accepted all changes, and they cannot be read: ") +
+                  why.what());
+  }
+  if (open.empty()) return;
+  throw Refusal("the appliance accepted all changes, and yet this is to do: " +
+                Described(open.front()));
+}
+
 }  // namespace
 
 void ExportKeys(const Session& session, const std::string& path) {
@@ -105,11 +119,7 @@ void ApplyKeys(const Session& session, const std::string& path, Consent consent)
   if (consent == Consent::kDryRun) return;
   if (consent == Consent::kAsk && !AskForConsent()) throw Refusal("nothing was changed");
   Make(session, changes);
-  const std::vector<KeySetChange> open = Difference(ReadKeySet(session), wanted);
-  if (!open.empty()) {
-    throw Refusal("the appliance accepted all changes, and yet this is to do: " +
-                  Described(open.front()));
-  }
+  RequireMade(session, wanted);
   std::cout << "Made " << changes.size() << (changes.size() == 1 ? " change.\n" : " changes.\n");
 }
 

@@ -45,13 +45,16 @@ void Session::LogOut() {
   open_ = false;
 }
 
-quillkit::CTopLevelAB* Session::LoadKeys(bool withItems) const {
+quillkit::CTopLevelAB* Session::book() const {
   quillkit::CTopLevelAB* book = quillkit::GetTopLevelAbook(scanner_);
-  if (book == nullptr) {
-    throw Refusal(Quoted(user()) + " has no soft keys; ADMINISTRATOR and TOOLKIT do");
-  }
-  RequireGood(quillkit::LoadTopLevelAbook(book, withItems ? 1 : 0), "read the soft keys");
-  return book;
+  if (book != nullptr) return book;
+  throw Refusal(Quoted(user()) + " has no soft keys; ADMINISTRATOR and TOOLKIT do");
+}
+
+quillkit::CTopLevelAB* Session::LoadKeys(bool withItems) const {
+  quillkit::CTopLevelAB* const loaded = book();
+  RequireGood(quillkit::LoadTopLevelAbook(loaded, withItems ? 1 : 0), "read the soft keys");
+  return loaded;
 }
 
 }  // namespace quillctl

@@ -50,8 +50,11 @@ class Session {
   quillkit::CScanner* scanner() const { return scanner_; }
   const std::string& user() const { return credentials_.user; }
 
+  // The top-level book as it is in memory. Throws a Refusal for a user who has none.
+  quillkit::CTopLevelAB* book() const;
+
   // The top-level book, with its keys read anew, and their items too when `withItems` is set.
-  // Throws a Refusal for a user who has no such book, and when it cannot be read.
+  // Throws as book() does, and a Refusal when it cannot be read.
   quillkit::CTopLevelAB* LoadKeys(bool withItems) const;
 
  private:
