@@ -86,6 +86,7 @@ void Parser::AddCredentials() {
                    ->type_name("FILE")
                    ->excludes(password);
   app_.add_flag("--password-stdin", passwordIsInput_, "The first line of standard input is it")
+      ->disable_flag_override()
       ->excludes(password)
       ->excludes(file);
   app_.add_option("--third", into.third, "The third field of the login");
@@ -161,6 +162,7 @@ std::string Parser::WhatIsWrong(const CLI::ParseError& error) const {
     return needsCommand ? "a command is needed; quillctl --help tells them" : error.what();
   }
   const std::string& first = unexpected.front();
+  if (first.starts_with("--password")) return "unknown option that begins with --password";
   if (first.starts_with("--")) return "unknown option " + Quoted(first.substr(0, first.find('=')));
   if (first.starts_with('-')) return "unknown option " + Quoted(first.substr(0, 2));
   if (app_.get_subcommands().empty()) return "unknown command";
