@@ -61,11 +61,17 @@ std::string ReadTextFile(const std::string& path, std::size_t most) {
 
 void WriteTextFile(const std::string& path, const std::string& text) {
   std::error_code failure;
-  const bool isPlain =
-      !std::filesystem::exists(path, failure) || std::filesystem::is_regular_file(path, failure);
+  const bool isThere = std::filesystem::exists(path, failure);
+  if (isThere && !std::filesystem::is_regular_file(path, failure)) {
+    if (!WriteBytes(path, text)) throw Refusal("cannot write " + Quoted(path));
+    return;
+  }
+  if (!isThere && std::filesystem::is_symlink(std::filesystem::symlink_status(path, failure))) {
+    throw UsageError(Quoted(path) + " is a link that leads nowhere");
+  }
   // A link stays, and what it leads to changes.
   const std::filesystem::path place = std::filesystem::weakly_canonical(path, failure);
-  if (!(isPlain && !failure ? Replace(place, text) : WriteBytes(path, text))) {
+  if (failure || !Replace(place, text)) {
     throw Refusal("cannot write " + Quoted(path) + "; what was there is as it was");
   }
 }

@@ -21,8 +21,8 @@ bool WriteBytes(const std::string& path, std::string_view bytes);
 std::string ReadTextFile(const std::string& path, std::size_t most);
 
 // Writes the file beside its place and then moves it there, so that it is written whole or, with a
-// Refusal, not at all. A UsageError where a file stands there with ".new" behind its name. What is
-// there and is no plain file, as a device, is written in place.
+// Refusal, not at all. A UsageError where a file stands there with ".new" behind its name, and for
+// a link that leads nowhere. What is there and is no plain file, as a device, is written in place.
 void WriteTextFile(const std::string& path, const std::string& text);
 
 }  // namespace quillctl
