@@ -28,8 +28,7 @@ Row Cells(const quillkit::PrinterRecord& entry) {
 }
 
 Row Cells(const quillkit::CUserEntry& entry) {
-  return {Text(entry.name), std::string(entry.password.IsEmpty() ? "" : kHiddenPassword),
-          Text(entry.third), Text(entry.fourth)};
+  return {Text(entry.name), Text(entry.password), Text(entry.third), Text(entry.fourth)};
 }
 
 template <typename Record, BookKind kKind>
@@ -43,6 +42,11 @@ std::vector<Row> ReadBook(EntryAt entryAt, const char* user) {
 }
 
 }  // namespace
+
+Row AddressBook::Shown(Row row) const {
+  if (secret < row.size() && !row[secret].empty()) row[secret] = "(set)";
+  return row;
+}
 
 std::span<const AddressBook> PublicBooks() {
   static const std::array<AddressBook, 4> books = {{
@@ -69,7 +73,8 @@ std::span<const AddressBook> PublicBooks() {
        quillkit::TargetUsers,
        {"Name", "Password", "Third", "Fourth"},
        1,
-       ReadBook<quillkit::CUserEntry, BookKind::kUsers>},
+       ReadBook<quillkit::CUserEntry, BookKind::kUsers>,
+       1},
   }};
   return books;
 }

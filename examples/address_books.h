@@ -17,9 +17,6 @@ namespace quillctl {
 // The simulated appliance's function that gives one entry.
 using EntryAt = decltype(&quillkit::SimulatorEntryAt);
 
-// What a row shows for a password that is not empty.
-inline constexpr std::string_view kHiddenPassword = "(set)";
-
 struct AddressBook {
   std::string_view word;   // its name on the command line
   std::string_view title;  // its name in sentences
@@ -29,8 +26,14 @@ struct AddressBook {
   Row fields;
   std::size_t needed;  // how many of them, from the first on, no entry is of use without
   // A row for each entry, in the book's order. `user` is whose the book is, where books are users'
-  // own. A password is shown as kHiddenPassword.
+  // own.
   std::vector<Row> (*read)(EntryAt entryAt, const char* user);
+  std::size_t secret = kNone;  // the field that is not to be seen
+
+  static constexpr auto kNone = static_cast<std::size_t>(-1);
+
+  // A row as it may be seen: "(set)" for a secret that is not empty.
+  Row Shown(Row row) const;
 };
 
 // Those that the administrator's imports fill. The e-mail book is the first.

@@ -17,10 +17,11 @@ namespace {
 
 using Contents = std::vector<std::vector<Row>>;
 
-// What the books hold, one after the other.
+// What the books hold, one after the other; nothing where nobody can look into them.
 Contents ReadAll(const StoredBooks& stored, std::span<const AddressBook> books,
                  const std::string& user) {
   Contents contents;
+  if (!stored.CanLook()) return contents;
   for (const AddressBook& each : books) contents.push_back(stored.Read(each, user));
   return contents;
 }
@@ -41,54 +42,74 @@ void ShowBook(const AddressBook& book, const std::vector<Row>& before, const std
   std::cout << (arrived.empty() ? ".\n" : ", beginning with:\n");
   if (arrived.empty()) return;
   TextTable table(book.fields);
-  for (Row& row : arrived) table.AddRow(std::move(row));
+  for (Row& row : arrived) table.AddRow(book.Shown(std::move(row)));
   table.Print(std::cout);
 }
 
 // A batch that fails leaves on the appliance what it had carried out.
-[[noreturn]] void ThrowRefused(std::int32_t status, const ImportPlan& plan, const std::string& file,
+[[noreturn]] void ThrowRefused(std::int32_t status, const ImportPlan& plan, std::size_t sent,
+                               const std::string& file, const Contents& before,
                                const Contents& now) {
   std::string text = "cannot import " + file + ": " + CodeAndText(status);
-  if (!now.empty() && !plan.IsScript()) {
-    ImportRows rows = plan.rows();
-    FindAbsent(rows.rows, now.front());
-    text += "; the appliance has " + std::to_string(rows.Entries()) + " of the " +
-            std::to_string(plan.rows().Entries()) + " entries";
-  }
-  throw Refusal(text);
+  if (now.empty() || plan.IsScript())
+    throw Refusal(text + "; what was carried out before it stays");
+  throw Refusal(text + "; of the " + std::to_string(sent) + " rows that were sent " +
+                std::to_string(plan.rows().Entries()) + " are entries; the " +
+                std::string(plan.books().front().title) + " held " +
+                std::to_string(before.front().size()) + " entries and holds " +
+                std::to_string(now.front().size()));
+}
+
+// Gives a fault to the rows that were sent and did not become entries, as far as the books show it;
+// nobody knows it of rows that were refused where they cannot be seen.
+void FindLost(ImportPlan& plan, std::int32_t status, const Contents& now) {
+  if (plan.IsScript() || (status == 0 && now.empty())) return;
+  FindAbsent(plan.rows().rows, now.empty() ? std::vector<Row>() : now.front(),
+             status == 0 ? "the appliance took the row, but has no such entry"
+                         : "the appliance refused the import, and shows no such entry");
 }
 
 // Tells what became of the rows in front of what the books show.
 void ShowRows(const ImportPlan& plan, const ImportRequest& request, bool isSeen) {
   if (request.json) {
     ShowImportJson(plan.rows(), isSeen);
-  } else if (plan.IsScript()) {
-    std::cout << "Imported " << WithoutFolder(request.file) << ".\n";
   } else {
     ShowImportSummary(WithoutFolder(request.file), plan.rows(), isSeen);
     ShowFaults(plan.rows(), request.faultsShown);
   }
 }
 
-// Imports what the plan has, and gives its rows the faults that the books show afterwards.
-void Import(ImportPlan& plan, const ImportRequest& request, const Session& session) {
-  const std::span<const AddressBook> books = plan.books();
-  const StoredBooks stored;
-  const bool canLook = stored.CanLook();
-  const Contents before = canLook ? ReadAll(stored, books, session.user()) : Contents();
-  const std::int32_t status = plan.Send(session.scanner());
-  const Contents now = canLook ? ReadAll(stored, books, session.user()) : Contents();
-  if (status != 0) ThrowRefused(status, plan, WithoutFolder(request.file), now);
-  if (canLook && !plan.IsScript()) FindAbsent(plan.rows().rows, now.front());
-  ShowRows(plan, request, canLook);
-  if (request.json) return;
-  if (!canLook) {
+void ShowBooks(const ImportPlan& plan, const ImportRequest& request, const Contents& before,
+               const Contents& now) {
+  if (now.empty()) {
     std::cout << "What arrived cannot be shown: this server library is not the simulated one.\n";
-    return;
   }
-  for (std::size_t i = 0; i < books.size(); ++i) {
-    ShowBook(books[i], before[i], now[i], request.shown);
+  for (std::size_t i = 0; i < now.size(); ++i) {
+    ShowBook(plan.books()[i], before[i], now[i], request.shown);
   }
+}
+
+void WriteRejects(const ImportPlan& plan, const ImportRequest& request) {
+  if (!request.rejects.empty()) WriteRejectedRows(request.rejects, request.file, plan.rows());
+}
+
+// Imports what the plan has, and gives the rows that did not become entries their faults.
+void Import(ImportPlan& plan, const ImportRequest& request, const Session& session) {
+  const StoredBooks stored;
+  const std::string file = WithoutFolder(request.file);
+  const std::size_t sent = plan.rows().Entries();
+  const Contents before = ReadAll(stored, plan.books(), session.user());
+  const std::int32_t status = plan.Send(session.scanner());
+  const Contents now = ReadAll(stored, plan.books(), session.user());
+  FindLost(plan, status, now);
+  if (!plan.IsScript()) {
+    ShowRows(plan, request, stored.CanLook());
+  } else if (status == 0) {
+    std::cout << "Imported " << file << ".\n";
+  }
+  if (plan.rows().Entries() != sent) WriteRejects(plan, request);
+  if (status != 0) ThrowRefused(status, plan, sent, file, before, now);
+  if (!request.json) ShowBooks(plan, request, before, now);
 }
 
 // With nothing to send, a book would at most be cleared.
@@ -103,10 +124,6 @@ void RequireEntries(const ImportPlan& plan, const ImportRequest& request) {
                 " can become an entry; nothing was sent");
 }
 
-void WriteRejects(const ImportPlan& plan, const ImportRequest& request) {
-  if (!request.rejects.empty()) WriteRejectedRows(request.rejects, request.file, plan.rows());
-}
-
 }  // namespace
 
 void RunImport(const ImportRequest& request, const Credentials& credentials) {
@@ -117,10 +134,8 @@ void RunImport(const ImportRequest& request, const Credentials& credentials) {
     std::cout << plan.Script();
     ShowFaults(plan.rows(), plan.rows().rows.size());
   } else {
-    const std::size_t entries = plan.rows().Entries();
     const Session session(credentials);
     Import(plan, request, session);
-    if (plan.rows().Entries() != entries) WriteRejects(plan, request);
   }
   const std::size_t rejected = plan.rows().Rejected();
   if (rejected == 0) return;

@@ -54,7 +54,7 @@ class EntryFit {
 // Whether the entry has the values, as far as it shows them: a private book's has but two.
 bool IsEntryOf(const Row& values, const Row& entry) {
   for (std::size_t i = 0; i < std::min(values.size(), entry.size()); ++i) {
-    if (values[i] != entry[i] && entry[i] != kHiddenPassword) return false;
+    if (values[i] != entry[i]) return false;
   }
   return true;
 }
@@ -73,14 +73,15 @@ void FindFaults(std::vector<ImportRow>& rows, const AddressBook& book, bool isAd
   }
 }
 
-void FindAbsent(std::vector<ImportRow>& rows, const std::vector<Row>& entries) {
+void FindAbsent(std::vector<ImportRow>& rows, const std::vector<Row>& entries,
+                std::string_view why) {
   std::map<std::string_view, const Row*> entryOfName;
   for (const Row& entry : entries) entryOfName[entry.front()] = &entry;
   for (ImportRow& row : rows) {
     if (!row.fault.empty()) continue;
     const auto found = entryOfName.find(row.values.front());
     if (found == entryOfName.end() || !IsEntryOf(row.values, *found->second)) {
-      row.fault = "the appliance took the row, but has no such entry";
+      row.fault = why;
     }
   }
 }

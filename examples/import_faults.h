@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <span>
+#include <string_view>
 #include <vector>
 
 #include "examples/address_books.h"
@@ -20,9 +21,10 @@ namespace quillctl {
 void FindFaults(std::vector<ImportRow>& rows, const AddressBook& book, bool isAdmin,
                 std::span<const std::int32_t> columns);
 
-// The same for the rows that were sent, by what the book now holds: those whose entry is not there,
-// or is another one of that name.
-void FindAbsent(std::vector<ImportRow>& rows, const std::vector<Row>& entries);
+// Gives the fault `why` to the rows that were sent and of which the book now holds no entry, or
+// another one of that name.
+void FindAbsent(std::vector<ImportRow>& rows, const std::vector<Row>& entries,
+                std::string_view why);
 
 }  // namespace quillctl
 

@@ -23,8 +23,7 @@ std::string ReadImportFile(const std::string& path) {
 }
 
 std::string_view WithoutByteOrderMark(std::string_view text) {
-  constexpr std::string_view kMark = "\xEF\xBB\xBF";
-  if (text.starts_with(kMark)) text.remove_prefix(kMark.size());
+  if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
   return text;
 }
 

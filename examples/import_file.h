@@ -14,7 +14,9 @@ namespace quillctl {
 // larger than any address book: 64 MiB.
 std::string ReadImportFile(const std::string& path);
 
-// The text without the mark that some programs put in front of UTF-8.
+// The mark that some programs put in front of UTF-8.
+inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
 std::string_view WithoutByteOrderMark(std::string_view text);
 
 // The name that messages have for it, quoted.

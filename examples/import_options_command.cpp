@@ -40,10 +40,12 @@ void AddImportCommand(Commands& commands) {
   import->add_option("--show", into.shown, "How many of the new entries to show")
       ->capture_default_str();
   import->add_option("--rejects", into.rejects,
-                     "A file for the rows that become no entry, as they stand");
-  auto* json = import->add_flag("--json", into.json, "Show what became of the rows as JSON");
-  import->add_flag("--dry-run", into.dryRun, "Show the script that would be sent, and send nothing")
-      ->excludes(json);
-}
+                     "A file for the rows that become no entry, as they stand")
+      ->check([](const std::string& path) { return path.empty() ? "a file needs a name" : "";
+}, "");
+auto* json = import->add_flag("--json", into.json, "Show what became of the rows as JSON");
+import->add_flag("--dry-run", into.dryRun, "Show the script that would be sent, and send nothing")
+    ->excludes(json);
+}  // namespace quillctl
 
 }  // namespace quillctl

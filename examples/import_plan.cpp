@@ -6,9 +6,9 @@
 #include "examples/failures.h"
 #include "examples/import_faults.h"
 #include "examples/import_file.h"
-#include "examples/temporary_file.h"
 #include "import/convert_file.h"
 #include "import/script.h"
+#include "platform/ending.h"
 
 namespace quillctl {
 namespace {
@@ -71,6 +71,7 @@ ImportPlan::ImportPlan(const ImportRequest& request, bool isAdmin)
 void ImportPlan::TakeDelimited(const ImportRequest& request) {
   books_ = BookOfWord(request.target.empty() ? "email" : request.target);
   const AddressBook& book = books_.front();
+  if (!isAdmin_ && request.clearFirst) throw UsageError("ADMINISTRATOR alone clears a book");
   if (!isAdmin_ && !quillkit::FindScriptBook(book.target)->hasPlainPair) {
     throw UsageError("ADMINISTRATOR alone fills the " + std::string(book.title));
   }
@@ -78,9 +79,10 @@ void ImportPlan::TakeDelimited(const ImportRequest& request) {
   const ColumnMap map(request.map, book);
   text_ = ReadImportFile(file_);
   const std::string_view text = WithoutByteOrderMark(text_);
+  const bool hasHeader = request.skipHeader || map.HasHeadings();
   const std::vector<std::int32_t> columns =
-      map.Columns(map.HasHeadings() ? Headings(text) : std::vector<std::string>());
-  rows_ = DelimitedRows(text, columns, request.skipHeader || map.HasHeadings());
+      map.Columns(hasHeader ? Headings(text) : std::vector<std::string>());
+  rows_ = DelimitedRows(text, columns, hasHeader);
   FindFaults(rows_.rows, book, isAdmin_, columns);
 
   quillkit::ImportOptions& options = mapped_.options;
@@ -91,11 +93,10 @@ void ImportPlan::TakeDelimited(const ImportRequest& request) {
 }
 
 void ImportPlan::TakeOther(const ImportRequest& request) {
-  if (request.skipHeader || !request.target.empty() || !request.map.empty()) {
-    throw UsageError("--target, --map and --skip-header are for the format csv");
+  if (request.skipHeader || request.clearFirst || !request.target.empty() || !request.map.empty()) {
+    throw UsageError("--target, --map, --skip-header and --clear are for the format csv");
   }
   if (IsScript()) {
-    if (request.clearFirst) throw UsageError("--clear has no effect on a script");
     if (request.json || !request.rejects.empty()) {
       throw UsageError("--json and --rejects are for files of rows; a script goes as it stands");
     }
@@ -122,19 +123,27 @@ std::string ImportPlan::RowsToSend() const {
   return bytes;
 }
 
-std::string ImportPlan::Script() const {
-  if (IsScript()) return ReadScript(file_);
-  const TemporaryFile source(RowsToSend());
-  const TemporaryFile script("");
+void ImportPlan::Convert(const TemporaryFile& source, const TemporaryFile& script) const {
   const std::int32_t status = quillkit::ConvertFile(source.path().c_str(), script.path().c_str(),
                                                     mapped_.options, isAdmin_ ? 1 : 0, "");
   RequireGood(status, "write the script");
+}
+
+std::string ImportPlan::Script() const {
+  if (IsScript()) return ReadScript(file_);
+  const quillkit::DeferredEnding whileFilesAreThere;
+  const TemporaryFile source(RowsToSend());
+  const TemporaryFile script("");
+  Convert(source, script);
   return ReadScript(script.path());
 }
 
+// The library leaves its script behind where it cannot be written; so one is written here first.
 std::int32_t ImportPlan::Send(quillkit::CScanner* scanner) const {
   if (IsScript()) return ImportAddressBook(scanner, file_.c_str(), &mapped_.options);
+  const quillkit::DeferredEnding whileFilesAreThere;
   const TemporaryFile source(RowsToSend());
+  Convert(source, TemporaryFile(""));
   return ImportAddressBook(scanner, source.path().c_str(), &mapped_.options);
 }
 

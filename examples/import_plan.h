@@ -12,6 +12,7 @@
 #include "examples/address_books.h"
 #include "examples/import_request.h"
 #include "examples/import_rows.h"
+#include "examples/temporary_file.h"
 #include "toolkit/quillkit.h"
 
 namespace quillctl {
@@ -42,7 +43,8 @@ class ImportPlan {
   // temporary files for it cannot be written.
   std::string Script() const;
 
-  // Sends it. What ImportAddressBook gives. Throws a Refusal as Script() does.
+  // Sends it, to the end: a demand to end the program takes no effect before. What
+  // ImportAddressBook gives. Throws a Refusal as Script() does.
   std::int32_t Send(quillkit::CScanner* scanner) const;
 
  private:
@@ -57,6 +59,7 @@ class ImportPlan {
   void TakeDelimited(const ImportRequest& request);
   void TakeOther(const ImportRequest& request);
   std::string RowsToSend() const;
+  void Convert(const TemporaryFile& source, const TemporaryFile& script) const;
 
   std::string file_;
   bool isAdmin_;

@@ -18,6 +18,9 @@ using quillkit::LineReader;
 
 constexpr const char* kSeparator = ",";
 
+// Other programs may have meant it for the end of a line, with another row behind it.
+constexpr const char* kBareReturn = "it holds a carriage return that ends no line";
+
 bool HasOpenQuote(std::string_view text) {
   return std::ranges::count(text, '"') % 2 != 0;
 }
@@ -82,6 +85,7 @@ class DirectoryRow {
     const std::string_view text = line.Text();
     row_.bytes = {row_.bytes.data(), text.data() + line.Bytes().size()};
     if (text.find('\0') != text.npos) row_.fault = "a line holds a NUL character";
+    if (text.find('\r') != text.npos) row_.fault = kBareReturn;
     if (!valueBefore_.empty() && text.starts_with(' ')) {
       row_.fault = valueBefore_ + " goes on in the next line";
     }
@@ -100,7 +104,7 @@ class DirectoryRow {
   }
 
   void Finish(ImportRows& into) {
-    if (!hadValue_) {
+    if (!hadValue_ && row_.fault.empty()) {
       ++into.passedOver;
       return;
     }
@@ -169,6 +173,7 @@ std::vector<std::string> DelimitedFields(std::string_view line) {
 
 std::string LineFault(std::string_view text) {
   if (text.find('\0') != text.npos) return "it holds a NUL character";
+  if (text.find('\r') != text.npos) return kBareReturn;
   if (text.size() < LineReader::kMaxLine) return {};
   return "it is longer than " + std::to_string(LineReader::kMaxLine - 1) + " characters";
 }
@@ -206,7 +211,7 @@ ImportRows MailServerRows(std::string_view text) {
   ImportRows found;
   for (FileLines lines(text); lines.Next();) {
     if (lines.IsBlank()) continue;
-    if (IsMailboxLine(lines.Text())) {
+    if (IsMailboxLine(lines.Text()) || lines.Text().find('\r') != std::string_view::npos) {
       found.rows.push_back(MailServerRow(lines));
       continue;
     }

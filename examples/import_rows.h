@@ -39,19 +39,20 @@ struct ImportRows {
 // has no more characters than the converter takes.
 std::vector<std::string> DelimitedFields(std::string_view line);
 
-// What keeps the converters from taking a line without its end whole: a NUL, or its length. Empty
-// for nothing.
+// What keeps the converters from taking a line without its end whole: a NUL, a carriage return that
+// may have been meant for an end, or its length. Empty for nothing.
 std::string LineFault(std::string_view text);
 
 // A row is a line that is not blank. Field i of the book has the column columns[i], or none for -1.
 ImportRows DelimitedRows(std::string_view text, std::span<const std::int32_t> columns,
                          bool hasHeader);
 
-// A row is what begins with a "dn:" line, up to the next one. One with neither name nor address is
-// passed over.
+// A row is what begins with a "dn:" line, up to the next one. One with neither name nor address, in
+// which nothing is wrong, is passed over.
 ImportRows DirectoryRows(std::string_view text);
 
-// A row is a mailbox's line. Those of other classes are passed over; the first one is the header.
+// A row is a mailbox's line, or one that may hold one behind a carriage return. Those of other
+// classes are passed over; the first one is the header.
 ImportRows MailServerRows(std::string_view text);
 
 }  // namespace quillctl

@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "examples/failures.h"
+#include "examples/import_file.h"
 #include "examples/text_file.h"
 
 namespace quillctl {
@@ -31,6 +32,8 @@ void WriteRejectedRows(const std::string& path, const std::string& imported,
   for (const ImportRow& row : rows.rows) {
     if (!row.fault.empty()) text += row.bytes;
   }
+  // A row that begins like a mark that some programs put in front keeps what it begins with.
+  if (WithoutByteOrderMark(text).size() != text.size()) text.insert(0, kByteOrderMark);
   WriteTextFile(path, text);
 }
 

@@ -89,7 +89,8 @@ TEST(ImportPlan, RefusesAnOptionWithoutAMeaning) {
       {{file, "csv", "", ""}, false},
       {{file + "s", "csv", "", "0,1"}, false},
       {{folder.Path().string(), "csv", "", "0,1"}, false},
-      {{file, "directory", "", "", false, true}, true},
+      {{file, "directory", "", ""}, true},
+      {{file, "directory", "", "", false, true}, false},
       {{file, "directory", "email", ""}, false},
       {{file, "mail", "", "0,1"}, false},
       {{file, "mail", "", "", true}, false},
@@ -106,6 +107,9 @@ TEST(ImportPlan, RefusesAnOptionWithoutAMeaning) {
     }
   }
   EXPECT_THROW(ImportPlan({file, "csv", "users", "0,1,2,3"}, false), UsageError);
+  EXPECT_THROW(ImportPlan({file, "csv", "", "0,1", false, true}, false), UsageError);
+  const std::string twoLines = folder.Write("old", "Name,Mail\rAnn,box1\nBob,box2\n");
+  EXPECT_THROW(ImportPlan({twoLines, "csv", "", "0,1", true}, true), UsageError);
 }
 
 // What a file comes to: "line: fault" for each row that is not sent, and the script of the others.
@@ -118,6 +122,7 @@ struct RowsCase {
 };
 
 const std::string kLong(4094, 'z');
+const std::string kBare = "it holds a carriage return that ends no line";
 const std::string k31(31, 'n');
 const std::string k255(255, 'a');
 
@@ -147,7 +152,7 @@ const RowsCase kCases[] = {
      {"4: the third is longer than 10 characters", "5: the name is that of line 3"},
      "CA faxab\nSE faxab \"Ann\" \"\" \"1\"\nSE faxab \"ann\" \"\" \"3\"\n"},
     // A pair of lines has no third field and no clear line.
-    {{"", "csv", "fax", "0,1,2", true, true},
+    {{"", "csv", "fax", "0,1,2", true},
      false,
      "head\nAnn,1,12345678901\n \" \",2,3\n",
      {"3: the name is empty"},
@@ -190,11 +195,28 @@ const RowsCase kCases[] = {
       "8: its class is not the bare word Mailbox", "9: a double quote is not closed",
       "11: the name has a double quote in it", "12: the name is empty"},
      "SE emailab \"Ann\" \"box1\"\nSE emailab \"G, \" \"box7\"\nSE emailab \"Lou\" \"box10\"\n"},
+    // What was meant for the ends of lines may hide rows.
+    {{"", "csv", "", "0,1"},
+     true,
+     "A,box1\rB,box2\nC,box3,\r\rD,box4\r\nE,box5\r\r\nF,box6\n\r\n\nG,box7\r",
+     {"1: " + kBare, "2: " + kBare, "3: " + kBare, "7: " + kBare},
+     "SE emailab \"F\" \"box6\"\n"},
+    {{"", "directory"},
+     true,
+     "dn: 1\rcn: A\rmail: box1\rdn: 2\ncn: B\ndn: 3\ncn: C\nmail: box3\r\ndn: 4\ncn: D\nmail: "
+     "box4\r",
+     {"1: " + kBare, "6: " + kBare},
+     "SE emailab \"C\" \"box3\"\n"},
+    {{"", "mail"},
+     true,
+     "Class\nList,\rMailbox,A,B,Ann,%SMTP:box1%\nMailbox,A,B,Bob,%SMTP:box2%",
+     {"2: " + kBare},
+     "SE emailab \"Bob\" \"box2\"\n"},
     // Nothing at all, and nothing but a header.
     {{"", "csv", "", "0,1"}, true, "", {}, ""},
     {{"", "csv", "", "0,1", true, true}, true, "Name,Address", {}, "CA emailab\n"},
     {{"", "mail"}, false, "Class,First", {}, ""},
-    {{"", "directory", "", "", false, true}, true, Bytes("\0\n"), {}, "CA %s\n"},
+    {{"", "directory"}, true, Bytes("\0\n"), {}, ""},
 };
 
 TEST(ImportPlan, SendsTheRowsThatArriveWholeAndTellsOfTheOthers) {
@@ -222,9 +244,23 @@ TEST(RejectedRows, StandInTheirFileAsTheyStoodInTheOther) {
   EXPECT_EQ(ReadBytes(rejects), "Name,Mail\r\nAnn\r\n" + Bytes("C\0\n") + "Di,\"box4");
   EXPECT_THAT(folder.Names(), ElementsAre("rejects", "rows"));
 
+  const std::string marked = folder.Write("rows",
+                                          "Ann,box1\n\xEF\xBB\xBF"
+                                          "Bob\n");
+  WriteRejectedRows(rejects, marked, ImportPlan({marked, "csv", "", "0,1"}, true).rows());
+  EXPECT_EQ(ReadBytes(rejects),
+            "\xEF\xBB\xBF\xEF\xBB\xBF"
+            "Bob\n")
+      << "the first one is no row's";
+
   EXPECT_THROW(WriteRejectedRows(folder.PathOf("./rows"), file, plan.rows()), UsageError);
   EXPECT_THROW(WriteRejectedRows(folder.Path().string(), file, plan.rows()), UsageError);
   EXPECT_THROW(WriteRejectedRows(folder.PathOf("none/x"), file, plan.rows()), Refusal);
+  std::error_code noLinks;
+  std::filesystem::create_symlink("nowhere", folder.PathOf("link"), noLinks);
+  if (!noLinks) {
+    EXPECT_THROW(WriteRejectedRows(folder.PathOf("link"), file, plan.rows()), UsageError);
+  }
   const std::string inTheWay = folder.Write("x.new", "kept");
   EXPECT_THROW(WriteRejectedRows(folder.PathOf("x"), file, plan.rows()), UsageError);
   EXPECT_EQ(ReadBytes(inTheWay), "kept");
