@@ -23,7 +23,8 @@ check_quillctl() {
     (cd "$1" && env -u QUILLCTL_PASSWORD sh quillctl_session.sh </dev/null) |
       compare_transcript "$1" "$pass" || return 1
   done
-  scripts/check_interactive "$1/quillctl" && check_completion "$1"
+  scripts/check_interactive "$1/quillctl" && check_completion "$1" &&
+    scripts/check_failures "$1/quillctl"
 }
 
 # check_completion FOLDER: whether bash completes commands, options and choices as quillctl tells it.
