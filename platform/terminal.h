@@ -9,9 +9,9 @@ namespace quillkit {
 bool IsInputTyped();
 
 // While it lives, the terminal does not show what is typed. It does so again afterwards, also when
-// the user interrupts the program, and the user cannot suspend it. In the background, it waits first
-// until the program comes to the front. Without effect where standard input is no terminal. There is one
-// at a time.
+// the user interrupts the program, and the user cannot suspend it. In the background, it waits
+// first until the program comes to the front. Without effect where standard input is no terminal.
+// There is one at a time.
 class HiddenInput {
  public:
   HiddenInput();

@@ -8,17 +8,18 @@
 
 namespace quillkit {
 
-// Has no effect.
-class IgnoredSignal {
+// A signal with a handler of its own, or with SIG_IGN.
+class SignalEffect {
  public:
-  explicit IgnoredSignal(int number) : number_(number) {
+  SignalEffect(int number, void (*handler)(int)) : number_(number) {
     struct sigaction action = {};
-    action.sa_handler = SIG_IGN;
+    action.sa_handler = handler;
+    action.sa_flags = SA_RESTART;
     sigaction(number_, &action, &before_);
   }
-  IgnoredSignal(const IgnoredSignal&) = delete;
-  IgnoredSignal& operator=(const IgnoredSignal&) = delete;
-  ~IgnoredSignal() { sigaction(number_, &before_, nullptr); }
+  SignalEffect(const SignalEffect&) = delete;
+  SignalEffect& operator=(const SignalEffect&) = delete;
+  ~SignalEffect() { sigaction(number_, &before_, nullptr); }
 
  private:
   int number_;
@@ -48,7 +49,7 @@ class CaughtSignals {
 
  private:
   static constexpr std::array kSignals = {SIGHUP,  SIGINT,  SIGQUIT, SIGTERM,
-                                          SIGALRM, SIGUSR1, SIGUSR2};
+                                          SIGPIPE, SIGALRM, SIGUSR1, SIGUSR2};
   std::array<struct sigaction, kSignals.size()> before_ = {};
 };
 

@@ -10,9 +10,13 @@ namespace {
 // Of the one DeferredEnding.
 volatile std::sig_atomic_t isDemanded = 0;
 std::optional<CaughtSignals> caught;
-std::optional<IgnoredSignal> brokenPipe;
+std::optional<SignalEffect> brokenPipe;
 
-extern "C" void NoteDemand(int) {
+extern "C" void NoteDemand(int number) {
+  if (number != SIGHUP && isDemanded != 0) {  // that one comes twice where a terminal goes
+    static_cast<void>(std::signal(number, SIG_DFL));
+    static_cast<void>(raise(number));
+  }
   isDemanded = 1;
 }
 
@@ -21,7 +25,7 @@ extern "C" void NoteDemand(int) {
 DeferredEnding::DeferredEnding() {
   isDemanded = 0;
   caught.emplace(NoteDemand);
-  brokenPipe.emplace(SIGPIPE);
+  brokenPipe.emplace(SIGPIPE, SIG_IGN);
 }
 
 DeferredEnding::~DeferredEnding() {

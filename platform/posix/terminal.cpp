@@ -12,15 +12,21 @@ namespace {
 
 // Of the one HiddenInput.
 termios shown;
+termios hidden;
 // Where the terminal hides what is typed.
 std::optional<CaughtSignals> caught;
-std::optional<IgnoredSignal> suspension;  // it would leave a shell in which nothing shows
+std::optional<SignalEffect> suspension;  // it would leave a shell in which nothing shows
+std::optional<SignalEffect> goingOn;     // behind a halt, at which a shell shows all
 
 // The signal's own effect comes when this returns.
 extern "C" void ShowAndEnd(int number) {
   tcsetattr(STDIN_FILENO, TCSANOW, &shown);
   static_cast<void>(std::signal(number, SIG_DFL));
   static_cast<void>(raise(number));
+}
+
+extern "C" void HideAgain(int) {
+  tcsetattr(STDIN_FILENO, TCSANOW, &hidden);
 }
 
 }  // namespace
@@ -35,16 +41,18 @@ HiddenInput::HiddenInput() {
   static_cast<void>(tcdrain(STDIN_FILENO));
   if (tcgetattr(STDIN_FILENO, &shown) != 0) return;
   caught.emplace(ShowAndEnd);
-  suspension.emplace(SIGTSTP);
-  termios hidden = shown;
+  suspension.emplace(SIGTSTP, SIG_IGN);
+  hidden = shown;
   hidden.c_lflag &= ~static_cast<tcflag_t>(ECHO);
   hidden.c_cc[VSUSP] = _POSIX_VDISABLE;
+  goingOn.emplace(SIGCONT, HideAgain);
   tcsetattr(STDIN_FILENO, TCSANOW, &hidden);
 }
 
 HiddenInput::~HiddenInput() {
   if (!caught) return;
   tcsetattr(STDIN_FILENO, TCSANOW, &shown);
+  goingOn.reset();
   suspension.reset();
   caught.reset();
 }

@@ -11,8 +11,7 @@ namespace {
 std::atomic<bool> isDemanded = false;
 
 BOOL WINAPI NoteDemand(DWORD) {
-  isDemanded = true;
-  return TRUE;
+  return isDemanded.exchange(true) ? FALSE : TRUE;
 }
 
 }  // namespace
