@@ -1,15 +1,15 @@
 #include "examples/temporary_file.h"
 
 #include "examples/failures.h"
-#include "examples/text_file.h"
 #include "platform/files.h"
+#include "platform/written_file.h"
 
 namespace quillctl {
 
 TemporaryFile::TemporaryFile(std::string_view bytes) : path_(quillkit::CreateTemporaryFile("QKC")) {
-  if (WriteBytes(path_, bytes)) return;
+  if (quillkit::WriteFileInPlace(path_, bytes)) return;
   quillkit::DeleteFileAt(path_);
-  throw Refusal("a temporary file cannot be written");
+  throw Refusal(kNoTemporaryFile);
 }
 
 TemporaryFile::~TemporaryFile() {

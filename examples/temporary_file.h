@@ -8,6 +8,9 @@
 
 namespace quillctl {
 
+inline constexpr const char* kNoTemporaryFile =
+    "a temporary file cannot be written; the variable TMPDIR, or TMP, names its folder";
+
 class TemporaryFile {
  public:
   // Creates it with these bytes. Throws a Refusal when that fails.

@@ -14,15 +14,11 @@ namespace quillctl {
 // read than tells so: what comes is longer than that.
 std::optional<std::string> ReadBytes(const std::string& path, std::size_t most);
 
-// Writes the file in place. False where not all of it could be written.
-bool WriteBytes(const std::string& path, std::string_view bytes);
-
 // Throws a UsageError for a file that cannot be read or has more bytes than `most`.
 std::string ReadTextFile(const std::string& path, std::size_t most);
 
-// Writes the file beside its place and then moves it there, so that it is written whole or, with a
-// Refusal, not at all. A UsageError where a file stands there with ".new" behind its name, and for
-// a link that leads nowhere. What is there and is no plain file, as a device, is written in place.
+// Writes the file whole or, with a Refusal, not at all: for a link that leads nowhere, too. What is
+// there and is no plain file, as a device, is written in place.
 void WriteTextFile(const std::string& path, const std::string& text);
 
 }  // namespace quillctl

@@ -16,6 +16,10 @@ bool MatchesAnyFile(const char* path);
 // for temporary files, and gives its path; an empty text when that cannot be done.
 std::string CreateTemporaryFile(const char* prefix);
 
+// Creates an empty file beside `path`, with the rights that new files have, under a name that
+// begins with that of `path` and that nothing else has; an empty text when that cannot be done.
+std::string CreateFileBeside(const std::string& path);
+
 // Deletes a file. A failure is ignored.
 void DeleteFileAt(const std::string& path);
 

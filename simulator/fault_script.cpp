@@ -5,6 +5,7 @@
 #include <iterator>
 #include <utility>
 
+#include "simulator/escaped_text.h"
 #include "simulator/whole_number.h"
 
 namespace quillkit {
@@ -51,10 +52,10 @@ std::string AddFault(std::string_view text, Faults& faults) {
   const auto status = WholeNumber<std::int32_t>(statusText);
   const auto occurrence = WholeNumber<std::int32_t>(occurrenceText);
   if (!status || !occurrence || *occurrence < 0) {
-    return '"' + std::string(text) + "\" is not ENTRY:OCCURRENCE=STATUS";
+    return '"' + Escaped(text) + "\" is not ENTRY:OCCURRENCE=STATUS";
   }
   if (std::ranges::find(kEntryPoints, entry) == std::end(kEntryPoints)) {
-    return "there is no entry point \"" + std::string(entry) + '"';
+    return "there is no entry point \"" + Escaped(entry) + '"';
   }
   faults.Add(entry == "*" ? std::string_view() : entry, *occurrence, *status);
   return {};

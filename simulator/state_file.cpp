@@ -1,30 +1,23 @@
 #include "simulator/state_file.h"
 
 #include <filesystem>
-#include <fstream>
+#include <sstream>
 #include <system_error>
 #include <utility>
 
+#include "platform/written_file.h"
 #include "simulator/complaint.h"
 #include "simulator/environment.h"
 
 namespace quillkit {
-namespace {
-
-bool WriteFile(const std::string& path, const Contents& contents) {
-  std::ofstream file(path, std::ios::binary | std::ios::trunc);
-  WriteState(file, contents);
-  file.close();
-  return file.good();
-}
-
-}  // namespace
 
 void StateFile::Open(const std::string& path, Contents& contents) {
   std::error_code failure;
   const std::filesystem::file_status found = std::filesystem::status(path, failure);
+  // The process may change its folder.
+  const std::string place = std::filesystem::absolute(path, failure).string();
   if (found.type() == std::filesystem::file_type::not_found) {
-    path_ = path;
+    path_ = place;
     contents.store.TakeChange();
     Save(contents);
     return;
@@ -40,20 +33,16 @@ void StateFile::Open(const std::string& path, Contents& contents) {
     Complain(kStateVariable, fault + "; the books are as delivered, and nothing is kept");
     return;
   }
-  path_ = path;
+  path_ = place;
   contents = std::move(read);
   contents.store.TakeChange();
 }
 
 void StateFile::Save(const Contents& contents) const {
-  const std::string fresh = path_ + ".new";
-  std::error_code failure;
-  if (WriteFile(fresh, contents)) {
-    std::filesystem::rename(fresh, path_, failure);
-    if (!failure) return;
-  }
-  std::filesystem::remove(fresh, failure);
-  Complain(kStateVariable, "the file cannot be written; its state is an earlier one");
+  std::ostringstream text;
+  WriteState(text, contents);
+  if (WriteFileWhole(path_, text.view())) return;
+  Complain(kStateVariable, "the file cannot be written, and is as it was before");
 }
 
 }  // namespace quillkit

@@ -19,9 +19,9 @@ class StateFile {
   // Whether there is a file that Save writes.
   bool IsOpen() const { return !path_.empty(); }
 
-  // Writes the contents to a file beside it, which then takes its place at once: whoever reads it
-  // finds the old state or the new one. A failure is told on standard error, and leaves the old
-  // one. REQUIRES: IsOpen().
+  // Writes the contents to a file of its own beside it, which then takes its place and its rights
+  // at once: whoever reads it finds the old state or the new one. A failure is told on standard
+  // error, and leaves the old one. REQUIRES: IsOpen().
   void Save(const Contents& contents) const;
 
  private:

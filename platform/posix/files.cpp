@@ -5,6 +5,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <atomic>
+#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
@@ -74,6 +76,18 @@ std::string CreateTemporaryFile(const char* prefix) {
   if (file == -1) return {};
   close(file);
   return path;
+}
+
+std::string CreateFileBeside(const std::string& path) {
+  static std::atomic<unsigned> made = 0;
+  for (;;) {
+    std::string fresh = path + ".new-" + std::to_string(getpid()) + '-' + std::to_string(++made);
+    const int file = open(fresh.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    if (file == -1 && errno == EEXIST) continue;
+    if (file == -1) return {};
+    close(file);
+    return fresh;
+  }
 }
 
 void DeleteFileAt(const std::string& path) {

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <array>
+#include <atomic>
 
 namespace quillkit {
 
@@ -23,6 +24,20 @@ std::string CreateTemporaryFile(const char* prefix) {
   std::array<char, MAX_PATH + 1> path{};
   if (GetTempFileNameA(folder.data(), prefix, 0, path.data()) == 0) return {};
   return path.data();
+}
+
+std::string CreateFileBeside(const std::string& path) {
+  static std::atomic<unsigned> made = 0;
+  for (;;) {
+    std::string fresh =
+        path + ".new-" + std::to_string(GetCurrentProcessId()) + '-' + std::to_string(++made);
+    const HANDLE file = CreateFileA(fresh.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE && GetLastError() == ERROR_FILE_EXISTS) continue;
+    if (file == INVALID_HANDLE_VALUE) return {};
+    CloseHandle(file);
+    return fresh;
+  }
 }
 
 void DeleteFileAt(const std::string& path) {

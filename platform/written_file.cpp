@@ -1,0 +1,45 @@
+#include "platform/written_file.h"
+
+#include <filesystem>
+#include <fstream>
+#include <system_error>
+
+#include "platform/files.h"
+
+namespace quillkit {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Whether the file is written, has the rights and the name.
+bool MoveInto(const fs::path& place, const std::string& fresh, std::string_view bytes) {
+  if (!WriteFileInPlace(fresh, bytes)) return false;
+  std::error_code failure;
+  const fs::file_status before = fs::status(place, failure);
+  failure.clear();
+  if (fs::exists(before)) fs::permissions(fresh, before.permissions(), failure);
+  if (!failure) fs::rename(fresh, place, failure);
+  return !failure;
+}
+
+}  // namespace
+
+bool WriteFileInPlace(const std::string& path, std::string_view bytes) {
+  std::ofstream file(path, std::ios::binary | std::ios::trunc);
+  file << bytes;
+  file.close();
+  return bool(file);
+}
+
+bool WriteFileWhole(const std::string& path, std::string_view bytes) {
+  std::error_code failure;
+  const fs::path place = fs::weakly_canonical(path, failure);
+  if (failure || fs::is_symlink(fs::symlink_status(place, failure))) return false;
+  const std::string fresh = CreateFileBeside(place.string());
+  if (fresh.empty()) return false;
+  const bool isReplaced = MoveInto(place, fresh, bytes);
+  if (!isReplaced) DeleteFileAt(fresh);
+  return isReplaced;
+}
+
+}  // namespace quillkit
