@@ -79,8 +79,12 @@ void AddMoveCommand(Commands& commands) {
       });
   AddName(move, "key", a->key, kKeyHelp);
   AddName(move, "name", a->name, kItemHelp);
-  auto* to = move->add_option("--to", a->newName, "The other key");
+  auto* to = move->add_option("--to", a->newName, "The other key")
+                 ->type_name("NAME")
+                 ->check(NameFault, "");
   move->add_option("--before", a->item.name, "The item to stand in front of, else the end")
+      ->type_name("NAME")
+      ->check(NameFault, "")
       ->excludes(to);
 }
 
@@ -160,13 +164,13 @@ void AddKeySetCommands(Commands& commands) {
                                 [a](Session& s) { ExportKeys(s, a->file); });
   save->add_option("file", a->file, "The file, else the standard output")->type_name("FILE");
 
-  CLI::App* apply =
-      commands.Add("apply", "Make the keys those of a file of export", [a](Session& s) {
-        ApplyKeys(s, a->file,
-                  a->dryRun ? Consent::kDryRun
-                  : a->yes  ? Consent::kGiven
-                            : Consent::kAsk);
-      });
+  CLI::App* apply = commands.AddOffline("apply", "Make the keys those of a file of export",
+                                        [a](const Credentials& c) {
+                                          ApplyKeys(c, a->file,
+                                                    a->dryRun ? Consent::kDryRun
+                                                    : a->yes  ? Consent::kGiven
+                                                              : Consent::kAsk);
+                                        });
   apply->add_option("file", a->file, "The file")->required()->type_name("FILE");
   auto* yes = apply->add_flag("--yes", a->yes, "Do not ask");
   apply->add_flag("--dry-run", a->dryRun, "Show what differs, and change nothing")->excludes(yes);

@@ -24,6 +24,9 @@ std::vector<ItemFields> ItemsOf(quillkit::CSoftKey* key) {
   items.reserve(static_cast<std::size_t>(std::max(count, 0)));
   for (std::int32_t i = 0; i < count; ++i) {
     items.push_back(FieldsOf(quillkit::GetItemAt(key, i)));
+    if (items.back().name.empty()) {
+      throw Refusal("an item of " + Quoted(quillkit::GetKeyName(key)) + " came without a name");
+    }
   }
   return items;
 }

@@ -26,7 +26,8 @@ inline constexpr std::size_t kMostItems = 512;
 // what was read is taken for the whole.
 void RequireWhole(quillkit::CSoftKey* key);
 
-// The items of a key that is whole.
+// The items of a key. Throws as RequireWhole does, and a Refusal for an item without a name, as
+// which a place that a server counts and does not fill looks.
 std::vector<ItemFields> ItemsOf(quillkit::CSoftKey* key);
 
 // The keys of a book that was loaded with the items. Throws a Refusal for one that is not whole.

@@ -45,23 +45,67 @@ std::size_t Kept(const Items& now, const Items& wanted) {
   return kept;
 }
 
-void AddAgain(quillkit::CSoftKey* key, const ItemFields& item) {
-  const OwnedItem made = MakeItem(item);
-  if (quillkit::AddMenuItem(key, made.get(), 1) == 0) return;
-  const std::int32_t status = quillkit::AddMenuItem(key, made.get(), 1);
-  if (status == 0) return;
-  throw Refusal(DescribedItem(item.name, quillkit::GetKeyName(key)) +
-                " was deleted and cannot be added again: " + CodeAndText(status) +
-                "; it was: " + ItemJson(item, Utf8Text).dump());
+bool Holds(const Items& items, const ItemFields& item) {
+  return std::ranges::find(items, item) != items.end();
 }
 
-// Deletes an item and adds it again. Whether it is now the last one.
-bool PutLast(quillkit::CSoftKey* key, const ItemFields& item) {
-  RequireGood(quillkit::DeleteMenuItem(key, item.name, 0),
-              "delete " + DescribedItem(item.name, quillkit::GetKeyName(key)));
-  AddAgain(key, item);
-  const Items now = ItemsOf(key);
-  return !now.empty() && now.back() == item;
+std::string Lost(const ItemFields& item, const std::string& key, const std::string& why) {
+  return DescribedItem(item.name, key) + " is gone" + why +
+         "; it was: " + ItemJson(item, Utf8Text).dump();
+}
+
+// Deletes an item and adds it again. The items then. A Refusal that tells the item when it may be
+// lost, whatever the appliance answered.
+Items PutLast(const Session& session, const std::string& key, const ItemFields& item) {
+  quillkit::CSoftKey* const owner = FindKey(session.book(), key);
+  const OwnedItem made = MakeItem(item);
+  RequireGood(quillkit::DeleteMenuItem(owner, item.name, 0),
+              "delete " + DescribedItem(item.name, key));
+  std::int32_t status = quillkit::AddMenuItem(owner, made.get(), 0);
+  if (status != 0) status = quillkit::AddMenuItem(owner, made.get(), 0);
+  const std::string why = status == 0 ? "" : ": " + CodeAndText(status);
+  try {
+    Items now = ReadItems(session, key);
+    if (Holds(now, item)) return now;
+  } catch (const Refusal& unread) {
+    throw Refusal(Lost(item, key, " or not" + why + ": " + unread.what()));
+  }
+  throw Refusal(Lost(item, key, why));
+}
+
+std::string Order(bool isKept) {
+  return std::string("the items are all there, and ") +
+         (isKept ? "none has moved" : "their order may have changed");
+}
+
+// Puts the wanted items behind the first `kept`, which stand where they are to stand.
+void PutInOrder(const Session& session, const std::string& key, const Items& before,
+                const Items& wanted, std::size_t kept) {
+  const quillkit::DeferredEnding ending;  // no item is lost between its places
+  Items now = before;
+  for (std::size_t i = kept; i < wanted.size(); ++i) {
+    if (ending.IsDemanded()) throw Refusal("interrupted; " + Order(now == before));
+    now = PutLast(session, key, wanted[i]);
+    for (const ItemFields& item : wanted) {
+      if (!Holds(now, item)) throw Refusal(Lost(item, key, ""));
+    }
+    if (now.back() == wanted[i]) continue;
+    throw Refusal("this appliance puts a new item where it wants to; " + Order(now == before));
+  }
+  if (now != wanted) {
+    throw Refusal("this appliance orders items itself; " + Order(now == before));
+  }
+}
+
+// Whether the key has an item of the name. A Refusal that says what was `done` when that cannot be
+// read.
+bool HasItem(const Session& session, const std::string& key, const std::string& name,
+             const std::string& done) {
+  try {
+    return std::ranges::count(ReadItems(session, key), name, &ItemFields::name) != 0;
+  } catch (const Refusal& why) {
+    throw Refusal(done + ": " + why.what());
+  }
 }
 
 }  // namespace
@@ -69,17 +113,21 @@ bool PutLast(quillkit::CSoftKey* key, const ItemFields& item) {
 void MoveToKey(const Session& session, const std::string& key, const std::string& name,
                const std::string& target) {
   if (key == target) throw UsageError("the item is to go under the key that it is under");
-  quillkit::CTopLevelAB* book = session.LoadKeys(true);
-  quillkit::CSoftKey* from = FindKey(book, key);
-  quillkit::CSoftKey* to = FindKey(book, target);
-  const Items items = ItemsOf(from);
-  const OwnedItem item = MakeItem(*Find(items, key, name));
-  RequireGood(quillkit::AddMenuItem(to, item.get(), 0), "add " + DescribedItem(name, target));
-  const std::int32_t status = quillkit::DeleteMenuItem(from, name, 0);
-  if (status != 0) {
+  const ItemFields item = *Find(ReadItems(session, key), key, name);
+  const std::string moved = DescribedItem(name, target);
+  RequireGood(quillkit::AddMenuItem(FindKey(session.book(), target), MakeItem(item).get(), 0),
+              "add " + moved);
+  // The copy has to be there before the original goes.
+  if (!HasItem(session, target, name, moved + " was added, and cannot be read")) {
+    throw Refusal("the appliance took " + moved + ", and does not have it; nothing was deleted");
+  }
+  const std::int32_t status = quillkit::DeleteMenuItem(FindKey(session.book(), key), name, 0);
+  if (status != 0 || HasItem(session, key, name,
+                             moved + " stands there; whether it is gone under " + Quoted(key) +
+                                 " cannot be read")) {
     throw Refusal("the item " + Quoted(name) +
                   " is now under both keys; it cannot be deleted under " + Quoted(key) + ": " +
-                  CodeAndText(status));
+                  (status != 0 ? CodeAndText(status) : "the appliance says that it did"));
   }
   std::cout << "Moved " << DescribedItem(name, key) << " to the key " << Quoted(target) << ".\n";
 }
@@ -87,24 +135,13 @@ void MoveToKey(const Session& session, const std::string& key, const std::string
 void MoveWithinKey(const Session& session, const std::string& key, const std::string& name,
                    const std::string& next) {
   if (name == next) throw UsageError("an item cannot stand in front of itself");
-  quillkit::CSoftKey* found = FindKey(session.LoadKeys(true), key);
-  const Items now = ItemsOf(found);
+  const Items now = ReadItems(session, key);
   const Items wanted = Moved(now, key, name, next);
   if (now == wanted) {
     std::cout << "Nothing to move: " << DescribedItem(name, key) << " stands there.\n";
     return;
   }
-  const std::size_t kept = Kept(now, wanted);
-  const quillkit::DeferredEnding wholeMove;  // no item is lost between its places
-  for (std::size_t i = kept; i < wanted.size(); ++i) {
-    if (PutLast(found, wanted[i])) continue;
-    throw Refusal(
-        "this appliance puts a new item where it wants to; the items are all there, and " +
-        std::string(i == kept ? "none has moved" : "their order may have changed"));
-  }
-  if (ReadItems(session, key) != wanted) {
-    throw Refusal("this appliance orders items itself; they are all there, in its order");
-  }
+  PutInOrder(session, key, now, wanted, Kept(now, wanted));
   std::cout << "Moved " << DescribedItem(name, key) << ".\n";
 }
 
