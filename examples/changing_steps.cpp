@@ -17,7 +17,6 @@ const ItemFields kRenamed = {"Renamed", "192.0.2.2", "/second", "check", 3, 0x20
 struct Trial {
   std::string name;
   std::string newName;
-  KeySet others;                    // the keys that were there before
   std::vector<std::string> ours;    // of the two names, those that a key of ours may have
   bool isGood = false;              // whether all steps before were
   std::optional<KeyFields> wanted;  // what the changes before made of it
@@ -104,8 +103,8 @@ std::string TakeName(Checkup& checkup, Trial& trial) {
   checkup.keys();
   checkup.DeferEnding();
   checkup.RequireTime();
-  trial.others = ReadKeySet(checkup.session());
-  if (trial.others.size() >= kMostKeys) throw Skip("there is no room for one more key");
+  checkup.RequireSameKeys();  // no name that looks free is somebody's
+  if (checkup.keys().size() >= kMostKeys) throw Skip("there is no room for one more key");
   trial.book = checkup.session().book();
   trial.name = FreeName(trial.book);
   trial.newName = FreeName(trial.book, trial.name);
@@ -114,7 +113,7 @@ std::string TakeName(Checkup& checkup, Trial& trial) {
 }
 
 // Requires that of the keys found ours is what the changes made of it, and the others as they were.
-void RequireWanted(const Trial& trial, KeySet found, const char* where) {
+void RequireWanted(const Checkup& checkup, const Trial& trial, KeySet found, const char* where) {
   const auto ours = std::stable_partition(found.begin(), found.end(), [&](const KeyFields& key) {
     return key.name != trial.name && key.name != trial.newName;
   });
@@ -122,7 +121,7 @@ void RequireWanted(const Trial& trial, KeySet found, const char* where) {
     throw Refusal(std::string("done, but it is not so ") + where);
   }
   found.erase(ours, found.end());
-  if (found != trial.others) {
+  if (found != checkup.keys()) {
     throw Refusal(std::string("done, but another key is not as it was ") + where);
   }
 }
@@ -148,8 +147,8 @@ std::string Make(Checkup& checkup, Trial& trial, const Change& change, bool isFa
   RequireCode(status, change.expected);
   change.after(trial);
   const bool isFollowed = isFast || change.creates == nullptr;
-  if (isFollowed) RequireWanted(trial, KeysIn(trial.book), "in memory");
-  RequireWanted(trial, ReadKeySet(session), "on the server");
+  if (isFollowed) RequireWanted(checkup, trial, KeysIn(trial.book), "in memory");
+  RequireWanted(checkup, trial, ReadKeySet(session), "on the server");
   trial.isGood = true;
   return {};
 }
@@ -164,7 +163,7 @@ void RequireGone(Checkup& checkup, const std::string& name) {
   if (!isGone(status)) throw Refusal(CodeAndText(status));
 }
 
-// Deletes what may be there under our names. A Refusal that tells what may be left.
+// Deletes what may be there under our names.
 void DeleteOurs(Checkup& checkup, const Trial& trial) {
   std::string left;
   for (const std::string& name : trial.ours) {
@@ -177,11 +176,23 @@ void DeleteOurs(Checkup& checkup, const Trial& trial) {
   if (!left.empty()) throw Refusal(left);
 }
 
+// Requires that none of the keys has a name of ours.
+void RequireNoneOfOurs(const KeySet& keys, const Trial& trial) {
+  std::string left;
+  for (const std::string& name : trial.ours) {
+    if (std::ranges::count(keys, name, &KeyFields::name) == 0) continue;
+    left += (left.empty() ? "" : "; ") + Quoted(name) + " is left behind";
+  }
+  if (!left.empty()) throw Refusal(left);
+}
+
 std::string CleanUp(Checkup& checkup, const Trial& trial) {
   if (trial.ours.empty()) throw Skip("nothing was added");
   const bool isDeleted = trial.isGood && !trial.wanted;
   if (!isDeleted) DeleteOurs(checkup, trial);
-  checkup.RequireSameKeys();
+  const KeySet now = ReadKeySet(checkup.session());
+  RequireNoneOfOurs(now, trial);
+  checkup.RequireSame(now);
   return "the keys are those of before";
 }
 

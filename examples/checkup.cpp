@@ -24,9 +24,8 @@ void Checkup::RequireTime() const {
   if (ending_ && ending_->IsDemanded()) throw Skip("the check was interrupted");
 }
 
-void Checkup::RequireSameKeys() {
+void Checkup::RequireSame(const KeySet& now) const {
   const KeySet& before = keys();
-  const KeySet now = ReadKeySet(session());
   if (now == before) return;
   const std::vector<KeySetChange> changes = Difference(before, now);
   throw Refusal(changes.empty() ? "the order is not the one of before"

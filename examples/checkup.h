@@ -56,8 +56,11 @@ class Checkup {
   }
   void RequireTime() const;
 
-  // Reads the keys anew. A Refusal that tells what differs where they are not as they were.
-  void RequireSameKeys();
+  // A Refusal that tells what differs where the keys are not as they were.
+  void RequireSame(const KeySet& now) const;
+
+  // The same for the keys as they are when they are read anew.
+  void RequireSameKeys() { RequireSame(ReadKeySet(session())); }
 
  private:
   Credentials credentials_;
