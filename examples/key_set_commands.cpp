@@ -108,8 +108,9 @@ void ExportKeys(const Session& session, const std::string& path) {
   std::cout << "Wrote the keys.\n";
 }
 
-void ApplyKeys(const Session& session, const std::string& path, Consent consent) {
+void ApplyKeys(const Credentials& credentials, const std::string& path, Consent consent) {
   const KeySet wanted = ParseKeySet(ReadTextFile(path, kMostBytes));
+  const Session session(credentials);
   const std::vector<KeySetChange> changes = Difference(ReadKeySet(session), wanted);
   if (changes.empty()) {
     std::cout << "The appliance has these keys and items already.\n";

@@ -15,12 +15,12 @@ void ExportKeys(const Session& session, const std::string& path);
 
 enum class Consent { kAsk, kGiven, kDryRun };
 
-// Shows what differs between the appliance and the file, and, once somebody said yes, makes the
-// appliance's keys those of the file. Throws a UsageError for a file that is not understood, with
-// nothing asked of the appliance, and a Refusal when nobody said yes, when a change fails or the
-// user interrupts them, which tells how many were made before, and when the appliance then does not
-// have what the file tells.
-void ApplyKeys(const Session& session, const std::string& path, Consent consent);
+// Logs in, shows what differs between the appliance and the file, and, once somebody said yes,
+// makes the appliance's keys those of the file. Throws a UsageError for a file that is not
+// understood, with nothing asked of the appliance, and a Refusal when nobody said yes, when a
+// change fails or the user interrupts them, which tells how many were made before, and when the
+// appliance then does not have what the file tells.
+void ApplyKeys(const Credentials& credentials, const std::string& path, Consent consent);
 
 }  // namespace quillctl
 
