@@ -11,6 +11,7 @@
 #include "examples/import_report.h"
 #include "examples/rejected_rows.h"
 #include "examples/stored_books.h"
+#include "platform/ending.h"
 
 namespace quillctl {
 namespace {
@@ -95,6 +96,7 @@ void WriteRejects(const ImportPlan& plan, const ImportRequest& request) {
 
 // Imports what the plan has, and gives the rows that did not become entries their faults.
 void Import(ImportPlan& plan, const ImportRequest& request, const Session& session) {
+  const quillkit::DeferredEnding toTheEnd;
   const StoredBooks stored;
   const std::string file = WithoutFolder(request.file);
   const std::size_t sent = plan.rows().Entries();
@@ -102,12 +104,12 @@ void Import(ImportPlan& plan, const ImportRequest& request, const Session& sessi
   const std::int32_t status = plan.Send(session.scanner());
   const Contents now = ReadAll(stored, plan.books(), session.user());
   FindLost(plan, status, now);
+  if (plan.rows().Entries() != sent) WriteRejects(plan, request);
   if (!plan.IsScript()) {
     ShowRows(plan, request, stored.CanLook());
   } else if (status == 0) {
     std::cout << "Imported " << file << ".\n";
   }
-  if (plan.rows().Entries() != sent) WriteRejects(plan, request);
   if (status != 0) ThrowRefused(status, plan, sent, file, before, now);
   if (!request.json) ShowBooks(plan, request, before, now);
 }

@@ -9,9 +9,6 @@
 namespace quillctl {
 namespace {
 
-// Anybody but the administrator sends a name and one more field.
-constexpr std::size_t kFieldsOfPair = 2;
-
 class EntryFit {
  public:
   EntryFit(const AddressBook& book, bool isAdmin, std::span<const std::int32_t> columns)

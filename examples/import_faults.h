@@ -3,6 +3,7 @@
 #ifndef QUILLKIT_EXAMPLES_IMPORT_FAULTS_H_
 #define QUILLKIT_EXAMPLES_IMPORT_FAULTS_H_
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string_view>
@@ -12,6 +13,9 @@
 #include "examples/import_rows.h"
 
 namespace quillctl {
+
+// Anybody but the administrator sends a name and one more field.
+inline constexpr std::size_t kFieldsOfPair = 2;
 
 // Gives a fault to each row that has none yet and whose values do not fit an entry of the book: too
 // long, with characters that a script cannot hold, empty where the book needs them, or with the

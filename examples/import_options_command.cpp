@@ -18,6 +18,14 @@ constexpr const char* kMapHelp =
 constexpr const char* kFooter =
     "Rows that can become no entry are not sent. Exit status 3: some rows became no entries.";
 
+std::string CountFault(const std::string& text) {
+  return text.find_first_not_of("0123456789") != text.npos ? "this is no count" : "";
+}
+
+std::string PathFault(const std::string& path) {
+  return path.empty() ? "a file needs a name" : "";
+}
+
 }  // namespace
 
 void AddImportCommand(Commands& commands) {
@@ -38,14 +46,15 @@ void AddImportCommand(Commands& commands) {
   import->add_flag("--clear", into.clearFirst,
                    "Clear the book first: as ADMINISTRATOR, and with csv");
   import->add_option("--show", into.shown, "How many of the new entries to show")
+      ->check(CountFault, "")
       ->capture_default_str();
-  import->add_option("--rejects", into.rejects,
-                     "A file for the rows that become no entry, as they stand")
-      ->check([](const std::string& path) { return path.empty() ? "a file needs a name" : "";
-}, "");
-auto* json = import->add_flag("--json", into.json, "Show what became of the rows as JSON");
-import->add_flag("--dry-run", into.dryRun, "Show the script that would be sent, and send nothing")
-    ->excludes(json);
+  import
+      ->add_option("--rejects", into.rejects,
+                   "A file for the rows that become no entry, as they stand")
+      ->check(PathFault, "");
+  auto* json = import->add_flag("--json", into.json, "Show what became of the rows as JSON");
+  import->add_flag("--dry-run", into.dryRun, "Show the script that would be sent, and send nothing")
+      ->excludes(json);
 }  // namespace quillctl
 
 }  // namespace quillctl

@@ -82,6 +82,11 @@ void ImportPlan::TakeDelimited(const ImportRequest& request) {
   const bool hasHeader = request.skipHeader || map.HasHeadings();
   const std::vector<std::int32_t> columns =
       map.Columns(hasHeader ? Headings(text) : std::vector<std::string>());
+  const auto isThere = [](std::int32_t column) { return column >= 0; };
+  if (!isAdmin_ && std::any_of(columns.begin() + kFieldsOfPair, columns.end(), isThere)) {
+    throw UsageError(
+        "ADMINISTRATOR alone fills more than two fields; in the map the others are -1");
+  }
   rows_ = DelimitedRows(text, columns, hasHeader);
   FindFaults(rows_.rows, book, isAdmin_, columns);
 
@@ -100,6 +105,7 @@ void ImportPlan::TakeOther(const ImportRequest& request) {
     if (request.json || !request.rejects.empty()) {
       throw UsageError("--json and --rejects are for files of rows; a script goes as it stands");
     }
+    ReadImportFile(file_);
     books_ = PublicBooks();
     return;
   }
@@ -126,7 +132,7 @@ std::string ImportPlan::RowsToSend() const {
 void ImportPlan::Convert(const TemporaryFile& source, const TemporaryFile& script) const {
   const std::int32_t status = quillkit::ConvertFile(source.path().c_str(), script.path().c_str(),
                                                     mapped_.options, isAdmin_ ? 1 : 0, "");
-  RequireGood(status, "write the script");
+  if (status != 0) throw Refusal(kNoTemporaryFile);
 }
 
 std::string ImportPlan::Script() const {
@@ -141,7 +147,6 @@ std::string ImportPlan::Script() const {
 // The library leaves its script behind where it cannot be written; so one is written here first.
 std::int32_t ImportPlan::Send(quillkit::CScanner* scanner) const {
   if (IsScript()) return ImportAddressBook(scanner, file_.c_str(), &mapped_.options);
-  const quillkit::DeferredEnding whileFilesAreThere;
   const TemporaryFile source(RowsToSend());
   Convert(source, TemporaryFile(""));
   return ImportAddressBook(scanner, source.path().c_str(), &mapped_.options);

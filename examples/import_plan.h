@@ -43,8 +43,8 @@ class ImportPlan {
   // temporary files for it cannot be written.
   std::string Script() const;
 
-  // Sends it, to the end: a demand to end the program takes no effect before. What
-  // ImportAddressBook gives. Throws a Refusal as Script() does.
+  // Sends it. What ImportAddressBook gives. Throws a Refusal as Script() does. A program that ends
+  // in the meantime leaves files with the rows behind.
   std::int32_t Send(quillkit::CScanner* scanner) const;
 
  private:

@@ -18,6 +18,8 @@ using quillkit::LineReader;
 
 constexpr const char* kSeparator = ",";
 
+constexpr std::int32_t kMailNameColumn = 3;
+
 // Other programs may have meant it for the end of a line, with another row behind it.
 constexpr const char* kBareReturn = "it holds a carriage return that ends no line";
 
@@ -31,6 +33,23 @@ std::vector<std::string_view> MappedValues(std::string& line,
   std::vector<std::string_view> values(columns.size());
   quillkit::SplitMappedColumns(line.data(), columns, values, kSeparator);
   return values;
+}
+
+// Whether the column has a quote that is doubled so that it stands for itself.
+bool HasDoubledQuote(std::string_view text, std::int32_t wanted) {
+  bool isQuoted = false;
+  std::int32_t column = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == *kSeparator && !isQuoted) ++column;
+    if (text[i] != '"') continue;
+    if (isQuoted && text.substr(i + 1).starts_with('"')) {
+      if (column == wanted) return true;
+      ++i;
+    } else {
+      isQuoted = !isQuoted;
+    }
+  }
+  return false;
 }
 
 ImportRow DelimitedRow(const FileLines& line, std::span<const std::int32_t> columns) {
@@ -68,10 +87,31 @@ ImportRow MailServerRow(const FileLines& line) {
                                           : "it ends before or with the name";
   } else if (parts.address.data() == nullptr) {
     row.fault = "it has no address: no \"SMTP:\" stands behind the name";
+  } else if (HasDoubledQuote(line.Text(), kMailNameColumn)) {
+    row.fault = "the name would be cut at a doubled quote";
   } else {
     row.values = {std::string(parts.name), std::string(parts.address)};
   }
   return row;
+}
+
+// Whether the line has the attribute, which other programs write in letters of any size.
+bool HasAttribute(std::string_view text, std::string_view attribute) {
+  return InSmallLetters(std::string(text.substr(0, attribute.size()))) == attribute;
+}
+
+bool HasValue(std::string_view text) {
+  return HasAttribute(text, "cn:") || HasAttribute(text, "mail:");
+}
+
+// What keeps the converter from seeing what the line is, or an empty text.
+std::string HiddenFault(std::string_view text) {
+  if (text.find('\0') != text.npos) return "a line holds a NUL character";
+  if (text.find('\r') != text.npos) return kBareReturn;
+  if (HasAttribute(text, "dn:") && !text.starts_with("dn:")) {
+    return "an entry begins with \"dn:\" in small letters alone";
+  }
+  return {};
 }
 
 // An entry of a directory export on its way through the converter's own class.
@@ -84,8 +124,10 @@ class DirectoryRow {
   void Take(const FileLines& line) {
     const std::string_view text = line.Text();
     row_.bytes = {row_.bytes.data(), text.data() + line.Bytes().size()};
-    if (text.find('\0') != text.npos) row_.fault = "a line holds a NUL character";
-    if (text.find('\r') != text.npos) row_.fault = kBareReturn;
+    const std::string hidden = HiddenFault(text);
+    if (!hidden.empty()) row_.fault = hidden;
+    if (HasValue(text)) LookAtPlace(text);
+    wasBlank_ = wasBlank_ || line.IsBlank();
     if (!valueBefore_.empty() && text.starts_with(' ')) {
       row_.fault = valueBefore_ + " goes on in the next line";
     }
@@ -133,6 +175,14 @@ class DirectoryRow {
     row_.values = {std::string(entry_.Name()), std::string(entry_.Address())};
   }
 
+  // A blank line ends an entry, elsewhere.
+  void LookAtPlace(std::string_view text) {
+    if (wasBlank_) row_.fault = "a name or an address behind a blank line has no \"dn:\"";
+    const bool isRead = text.starts_with("cn:") || text.starts_with("mail:");
+    if (!isRead && !IsComplete())
+      row_.fault = "\"cn:\" and \"mail:\" are read in small letters alone";
+  }
+
   // `text` is the line that gave the value of the name, 0, or of the address, 1.
   void LookAtValue(std::size_t field, std::string_view value, std::string_view text) {
     constexpr const char* kFields[] = {"the name", "the address"};
@@ -148,9 +198,17 @@ class DirectoryRow {
 
   ImportRow row_;
   quillkit::DirectoryEntry entry_;
+  bool wasBlank_ = false;    // whether a line was
   bool hadValue_ = false;    // whether a name or an address came, complete or not
   std::string valueBefore_;  // what the line before gave; empty for nothing
 };
+
+// A line in front of the first entry is none, unless it seems to be of one.
+void AddStray(const FileLines& line, ImportRows& into) {
+  std::string fault = HiddenFault(line.Text());
+  if (fault.empty() && HasValue(line.Text())) fault = "there is no \"dn:\" in front of it";
+  if (!fault.empty()) into.rows.push_back({line.Number(), line.Bytes(), {}, std::move(fault)});
+}
 
 }  // namespace
 
@@ -201,6 +259,8 @@ ImportRows DirectoryRows(std::string_view text) {
       row.emplace(lines);
     } else if (row) {
       row->Take(lines);
+    } else {
+      AddStray(lines, found);
     }
   }
   if (row) row->Finish(found);

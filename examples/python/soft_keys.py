@@ -7,6 +7,7 @@ LIBRARY is the path of libquillkit_c.so, or of quillkit_c.dll for a 32-bit Pytho
 administrator of the simulated appliance logs in. What the functions do stands in capi/quillkit_c.h.
 """
 import ctypes
+import os
 import sys
 
 Handle = ctypes.c_uint64
@@ -24,7 +25,8 @@ class Quillkit:
     """
 
     def __init__(self, library):
-        self._library = ctypes.CDLL(library)
+        # A bare name would be looked for where the system has its libraries.
+        self._library = ctypes.CDLL(os.path.abspath(library))
         self._library.quill_error_text.restype = ctypes.c_char_p
 
     def number(self, name, *arguments):
@@ -126,5 +128,5 @@ def main():
 if __name__ == "__main__":
     try:
         main()
-    except QuillError as failure:
+    except (QuillError, OSError, UnicodeError) as failure:
         sys.exit(f"soft_keys.py: {failure}")
