@@ -14,8 +14,6 @@ namespace quillkit {
 
 using Names = std::vector<std::string>;
 
-inline const std::string kListCall = "IMSPListABEntries 256: [|*|0] 11 1";
-
 inline std::string ReadCall(const std::string& key) {
   return "IMSPReadAB 512:" + key + " [|*|0] 512 1";
 }

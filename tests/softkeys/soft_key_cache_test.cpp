@@ -72,30 +72,11 @@ TEST_F(SoftKeyCache, ItemsAreReplacedAndRemovedByIndex) {
 
 // --- Searches ---
 
-TEST_F(SoftKeyCache, FindsByPrefixAndByWholeName) {
-  Fill({"ABC", "X", "ABD", "", "ABC"});
-  EXPECT_EQ(key_.FindFirstItem("AB", false), 0);
-  EXPECT_EQ(key_.FindNextItem(false), 2);
-  EXPECT_EQ(key_.FindNextItem(false), 4);
-  EXPECT_EQ(key_.FindNextItem(false), -1);
-  EXPECT_EQ(key_.FindNextItem(false), -1) << "the same walk again";
-
-  EXPECT_EQ(key_.FindFirstItem("abc", false), -1);
-  EXPECT_EQ(key_.FindFirstItem("ABCD", false), -1);
-  EXPECT_EQ(key_.FindFirstItem("", false), 0);
-  EXPECT_EQ(key_.FindFirstItem("", true), 3);
-
-  CMenuItem item;
-  item.SetName("ABC");
-  EXPECT_EQ(key_.FindMenuItemIndex(item), 0);
-  item.SetName("AB");
-  EXPECT_EQ(key_.FindMenuItemIndex(item), -1);
-}
-
 TEST_F(SoftKeyCache, ANextSearchTakesItsOwnFlagAndTheLastPatternThatHit) {
   Fill({"AB", "ABC", "AB", "X"});
   EXPECT_EQ(key_.FindFirstItem("AB", false), 0);
   EXPECT_EQ(key_.FindNextItem(true), 2);
+  EXPECT_EQ(key_.FindNextItem(false), -1);
   EXPECT_EQ(key_.FindFirstItem("none", false), -1);
   EXPECT_EQ(key_.FindNextItem(true), 0) << "a miss lets it start at 0, with the earlier pattern";
 
@@ -130,17 +111,6 @@ TEST_F(SoftKeyCache, LoadsItsPatternAndItsItems) {
   EXPECT_EQ(key_.FindNextItem(true), 1) << "the walk begins anew";
   EXPECT_EQ(key_.KeyName(), "Scan");
   EXPECT_EQ(loading.Remaining(), 4U);
-}
-
-TEST_F(SoftKeyCache, ACountThatLiesGivesNoItems) {
-  for (const std::string& count : {"\3\0\0\0"s, "\xFF\xFF\xFF\xFF"s}) {
-    Fill({"A"});
-    const std::string bytes = count + "\0"s + kItem + kItem;
-    Archive loading{std::string_view(bytes)};
-    key_.Serialize(loading);
-    EXPECT_EQ(key_.ItemCount(), 0);
-    EXPECT_TRUE(loading.Failed());
-  }
 }
 
 }  // namespace

@@ -6,7 +6,6 @@
 
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "appliance/scanner.h"
 #include "bridge/the_agent.h"
@@ -74,15 +73,8 @@ TEST_F(SoftKeyTest, ALoadGoesOnFromANameAndBackFromOne) {
   EXPECT_EQ(NamesOf(key_), (Names{"B", "C", "A"}));
 }
 
-TEST_F(SoftKeyTest, AKeyThatIsMissingOrNotDeliveredLoadsAsEmpty) {
-  EXPECT_EQ(key_.Load("Missing", &book_, {}, 1), kNoError);
-  EXPECT_TRUE(key_.IsEmpty());
-  EXPECT_EQ(key_.KeyName(), "Missing");
-  SimulatorFail("IMSPReadAB", 1, kFault);
-  EXPECT_EQ(key_.Load("Scan", &book_, {}, 1), kNoError);
-  EXPECT_EQ(TheAgent.LastError(), kFault);
-
-  // Where the count stays as it was, only the status tells that nothing is there.
+// Where the count stays as it was, only the status tells that nothing is there.
+TEST_F(SoftKeyTest, AKeyThatIsNotDeliveredLoadsAsEmpty) {
   SimulatorSetLies(kLieFailedCount);
   SimulatorFail("IMSPReadAB", 1, kDataNotFound);
   EXPECT_EQ(key_.Load("Scan", &book_, {}, 1), kNoError);
@@ -126,17 +118,6 @@ TEST_F(SoftKeyTest, AnItemOfTheKeyItselfMayBeGiven) {
   CMenuItem outside = Item("E");
   EXPECT_EQ(key_.FastItemAdd(&outside), 3);
   EXPECT_EQ(NamesOf(key_), (Names{"C", "D", "E"}));
-}
-
-TEST_F(SoftKeyTest, AnOldNameThatIsTooLongIsTheEmptyOne) {
-  const std::string tooLong = "C" + std::string(31, 'x');
-  CMenuItem item = Item("A");
-  EXPECT_NE(key_.RenameMenuItem(tooLong, &item, false), kNoError);
-  EXPECT_NE(key_.DeleteMenuItem(tooLong, false), kNoError);
-  EXPECT_EQ(key_.FastItemRename(tooLong, &item), 0);
-  EXPECT_THAT(TakeCalls(),
-              ElementsAre("IMSPModifyEntry 512:Scan \"\" A", "IMSPDeleteEntry 512:Scan \"\"",
-                          "IMSPModifyEntry 512:Scan \"\" A"));
 }
 
 TEST_F(SoftKeyTest, TheServersCountIsToldWithAnOwnerAndWithout) {
