@@ -14,7 +14,6 @@ namespace quillkit {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 const std::string kReadCensus = "IMSPReadPageBoundaries 1:EMAILAB 128";
 
@@ -60,16 +59,6 @@ TEST_F(ViewExampleTest, SlidingLooksForANameAtItsPlaceAlone) {
   CEmailEntry entry = MakeEntry("c1");
   EXPECT_EQ(view.ModifyByKey("a2", &entry, 0), kNoError);
   EXPECT_EQ(view.Find("a2", 0), nullptr) << "which stands where c1 stood";
-}
-
-TEST_F(ViewExampleTest, FullStepsBackThroughPlacesThatWereRemoved) {
-  FullProbe view;
-  Open(view, BookOf({"a1", "b1", "c1"}));
-  view.Find("c1", 1);
-  view.RemoveAt(2);
-  view.RemoveAt(1);
-  EXPECT_EQ(view.Prev(), nullptr);
-  EXPECT_EQ(Name(view.Prev()), "a1");
 }
 
 TEST_F(ViewExampleTest, TheCensusIsReadOnce) {
@@ -153,38 +142,6 @@ TEST_F(ViewExampleTest, AnIndexThatTheCensusDoesNotReach) {
   EXPECT_EQ(letters.GetAt(8), nullptr);
   EXPECT_EQ(letters.GetAt(7), nullptr);
   EXPECT_EQ(book.TakeBrackets(), "[") << "which is not ended";
-}
-
-TEST_F(ViewExampleTest, ALetterWithoutEntriesLeavesThePage) {
-  LetterProbe view;
-  Open(view, BookOf({"a1", "b1", "c1"}));
-  SimulatorSetLies(kLieCensus);  // of which every other letter tells less than none
-  EXPECT_EQ(Name(view.First()), "a1");
-  const std::string page = view.State().substr(view.State().find("cursor"));
-  TakeCalls();
-  EXPECT_EQ(view.FindLetter('b'), nullptr);
-  EXPECT_THAT(TakeCalls(), IsEmpty());
-  EXPECT_EQ(view.State(), "row 1 " + page);
-  EXPECT_EQ(Name(view.Next()), "c1") << "from the letter that was looked for";
-  view.First();
-  view.FindLetter('b');
-  EXPECT_EQ(Name(view.Prev()), "a1");
-}
-
-TEST_F(ViewExampleTest, FullKeepsBlanksOfAReadThatFailed) {
-  FullProbe view;
-  Open(view, BookOf({"a1"}));
-  SimulatorSetLies(kLieFailedCount);
-  SimulatorFail("IMSPReadAB", 1, 11);
-  EXPECT_EQ(view.AttachBook(&book), 0);
-  ASSERT_NE(view.GetAt(MaxFullEntries - 1), nullptr);
-  EXPECT_TRUE(view.GetAt(MaxFullEntries - 1)->IsBlank());
-  EXPECT_EQ(view.GetAt(MaxFullEntries), nullptr);
-  TakeCalls();
-  CEmailEntry entry = MakeEntry("b1");
-  EXPECT_EQ(view.Add(&entry, 1), kRefused);
-  EXPECT_EQ(view.AddLocal(&entry), -1);
-  EXPECT_THAT(TakeCalls(), IsEmpty());
 }
 
 }  // namespace
