@@ -15,7 +15,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr Status kEarlier = 11;
 const std::string kPeriodCall = "IMSPIOCtl 6 0";
 
 class AgentWakeup : public ApplianceTest {
@@ -31,23 +30,6 @@ class AgentWakeup : public ApplianceTest {
     TakeCalls();
   }
 };
-
-TEST_F(AgentWakeup, AsksUntilItIsAnsweredAndTakesHalfThePeriod) {
-  const TimerId before = TheAgent.WakeupTimer();
-  SimulatorFail("IMSPIOCtl", 1, 6);
-  EXPECT_EQ(TheAgent.StartWakeup(), 6);
-  EXPECT_EQ(TheAgent.LastError(), 6);
-  EXPECT_EQ(TheAgent.WakeupPeriod(), 0U);
-  EXPECT_EQ(TheAgent.WakeupTimer(), before);
-
-  SimulatorSetWakeupPeriod(60'001);
-  EXPECT_EQ(TheAgent.StartWakeup(), kNoError);
-  EXPECT_EQ(TheAgent.WakeupPeriod(), 30'000U);
-  TheAgent.SetError(kEarlier);
-  EXPECT_EQ(TheAgent.StartWakeup(), kNoError);
-  EXPECT_EQ(TheAgent.LastError(), kEarlier);
-  EXPECT_THAT(TakeCalls(), ElementsAre(kPeriodCall, kPeriodCall));
-}
 
 TEST_F(AgentWakeup, APeriodOfOneStartsATimerEachTime) {
   SimulatorSetWakeupPeriod(1);

@@ -47,18 +47,6 @@ TEST_F(ForwardingTest, MakesItsCallAndRecordsTheStatus) {
   }
 }
 
-TEST_F(ForwardingTest, ALogoutIsNotRecorded) {
-  for (const Status status : {kNoError, kAnswer}) {
-    TheAgent.SetError(kEarlier);
-    SimulatorFail("IMSPLogout", 1, status);
-    EXPECT_EQ(TheAgent.IMSPLogout(), status);
-    EXPECT_EQ(TheAgent.LastError(), kEarlier);
-  }
-  CAgent unloaded;
-  EXPECT_EQ(unloaded.IMSPLogout(), kNotInitialised);
-  EXPECT_EQ(unloaded.LastError(), kNoError);
-}
-
 TEST_F(ForwardingTest, ADeliveredCountIsBelievedUpToWhatWasAskedFor) {
   SimulatorSeed();
   LogIn();
