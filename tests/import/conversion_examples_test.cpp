@@ -52,27 +52,6 @@ TEST_F(ConversionExamples, DelimitedRows) {
   Expect(Converter::kDelimited, {{"a,b,c\n", Entry("c", "")}}, {.columnMap = {2}});
 }
 
-// --- Directory export ---
-
-TEST_F(ConversionExamples, DirectoryEntries) {
-  Expect(Converter::kDirectory,
-         {
-             {"dn: x\r\n\r\ncn:  Ann\r\nsn: Lee\r\nmail:box\r\n", kAnnBox},
-             // A line loses its last character, be it the newline or not.
-             {"dn: x\ncn: Ann\nmail: box1", kAnnBox},
-             {"dn: x\ncn: Ann1\0x\nmail: box\n"s, kAnnBox},
-             {"dn:\ncn: Ann\n" + X(4094) + "mail: box\n", kAnnBox},
-             // The first of each counts, and nothing behind the second.
-             {"dn: x\nmail: box\nmail: b2\ncn: Ann\ncn: Bob\nmail: b3\n", kAnnBox},
-             {"dn: x\nCN: Ann\n cn: Ann\nmail: box\n", ""},
-             // "dn:" drops what there was, in a value too, but opens nothing there.
-             {"dn: x\ncn: Bob\nmail: dn:b2\ncn: Ann\nmail: box\n", kAnnBox},
-             {"description: adn:b\ncn: Ann\nmail: box\n", ""},
-             // The cut comes before the blanks go, and nothing else does.
-             {"dn:\ncn:   " + X(31) + "\nmail:: \"b\" \n", Entry(X(28), ": \"b\" ")},
-         });
-}
-
 // --- Mail-server export ---
 
 TEST_F(ConversionExamples, MailServerRows) {
@@ -93,26 +72,6 @@ TEST_F(ConversionExamples, MailServerRows) {
   const model::Request clear{.clearFirst = true};
   Expect(Converter::kMailServer, {{"Mailbox,a,b,Ann,SMTP:box%\n", "CA %s\n" + kAnnBox}}, clear);
   Expect(Converter::kDirectory, {{"dn:\ncn:Ann\nmail:box\n", "CA %s\n" + kAnnBox}}, clear);
-}
-
-// Where a field before the name is quoted or empty, the name is another field.
-TEST_F(ConversionExamples, MailServerNamesAsTheWalkFallsOut) {
-  const struct {
-    const char* row;
-    const char* name;
-  } rows[] = {
-      {"Mailbox,\"a\",b,n,x", "b"},
-      {"Mailbox,a,\"b\",n,x", ""},
-      {"Mailbox,a,b,\"n, m\",x", "n, m"},
-      {"Mailbox,a,\",b\",n,x", "b"},
-      {"Mailbox,,b,n,x", "b"},
-      {"Mailbox,,,n,x", ""},
-      {"Mailbox,a,,n,x", "n"},
-      {"Mailbox,a,b,,x", ""},
-  };
-  for (const auto& each : rows) {
-    Expect(Converter::kMailServer, {{each.row + ",SMTP:box%\n"s, Entry(each.name, "box")}});
-  }
 }
 
 }  // namespace

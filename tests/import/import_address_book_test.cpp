@@ -115,16 +115,6 @@ TEST_F(ImportAddressBookTest, WhatIsWrongLocallyIsToldInItsOrder) {
   EXPECT_EQ(GetLastToolkitError(), kEarlier);
 }
 
-// It passes the first test and is then opened as it stands.
-TEST_F(ImportAddressBookTest, APatternThatMatchesIsNoFile) {
-  CScanner* const box = LogIn();
-  AnyFile();
-  const std::string pattern = files_.PathOf("a*");
-  EXPECT_EQ(ImportAddressBook(box, pattern.c_str(), Options(1)), -2);
-  EXPECT_NE(ImportAddressBook(box, pattern.c_str(), Options(ImportFormatScript)), 0);
-  EXPECT_EQ(TakeCalls().back(), "IMSPBatchConfiguration " + pattern);
-}
-
 TEST_F(ImportAddressBookTest, NeedsTheTemporaryFolderForAScriptOfItsOwn) {
   const TemporaryFolder missing(temporary_.PathOf("missing"));
   CScanner* const box = LogIn();
@@ -238,24 +228,6 @@ TEST_F(ImportAddressBookTest, ACountOfZeroOrLessIsAnEmptyMap) {
 // --- The connected user ---
 
 using ConnectedUserTest = ApplianceTest;
-
-TEST_F(ConnectedUserTest, IsFoundThroughAnyScanner) {
-  const CScanner unbound;
-  char name[32] = "stale";
-  EXPECT_EQ(ConnectedUser(nullptr), nullptr);
-  EXPECT_EQ(GetConnectedUserName(&unbound, name, sizeof name), 0);
-  EXPECT_STREQ(name, "stale");
-
-  const CScanner* const box = LogIn();
-  for (const CScanner* each : {box, &unbound, static_cast<const CScanner*>(nullptr)}) {
-    ASSERT_NE(ConnectedUser(each), nullptr);
-    EXPECT_EQ(GetConnectedUserName(each, name, sizeof name), 1);
-    EXPECT_STREQ(name, "ADMINISTRATOR");
-  }
-  Logout();
-  EXPECT_EQ(ConnectedUser(box), nullptr);
-  EXPECT_THAT(TakeCalls(), testing::ElementsAre("IMSPLogout"));
-}
 
 // The name is cut to what fits in front of a NUL, and NULs fill the rest.
 TEST_F(ConnectedUserTest, NameFillsTheBuffer) {

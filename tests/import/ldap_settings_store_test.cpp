@@ -66,17 +66,6 @@ class LdapSettingsTest : public testing::Test {
   MessageBoxHandler earlier_ = nullptr;
 };
 
-TEST_F(LdapSettingsTest, NumbersAreStoredAndReadWithAFallback) {
-  const char* const profile = Profile("");
-  EXPECT_EQ(GetLdapDword(profile, "port", 7), 0U);
-  EXPECT_EQ(GetLdapString(profile, "host"), "");
-  SetLdapDword(profile, "other", 0xFFFFFFFFU);
-  EXPECT_EQ(GetLdapDword(profile, "other", 7), 0xFFFFFFFFU);
-  EXPECT_EQ(GetLdapDword(profile, "port", 7), 7U) << "only where the profile is";
-  EXPECT_EQ(GetLdapString(profile, "host"), "");
-  EXPECT_THAT(shown, IsEmpty());
-}
-
 TEST_F(LdapSettingsTest, TextsAreReadUpTo512Characters) {
   const char* const profile = Profile("");
   for (const std::size_t each : {1U, 511U, 512U, 513U, 5000U}) {
@@ -100,14 +89,6 @@ TEST_F(LdapSettingsTest, TypesAreNotLookedAt) {
   EXPECT_EQ(GetLdapDword(profile, "text", 7), 7U);
   SetLdapString(profile, "text", "");
   EXPECT_EQ(GetLdapDword(profile, "text", 7), 0U);
-}
-
-TEST_F(LdapSettingsTest, NoProfileIsAKeyOfItsOwn) {
-  const char* const profile = Profile("");
-  EXPECT_EQ(SetLdapString(profile, "host", "profile"), 1);
-  EXPECT_EQ(SetLdapString(nullptr, "host", "none"), 1);
-  EXPECT_EQ(GetLdapString(profile, "host"), "profile");
-  EXPECT_EQ(GetLdapString("", "host"), "none");
 }
 
 // 37 characters of the path are the store's own.

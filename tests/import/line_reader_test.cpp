@@ -32,28 +32,6 @@ class LineReaderTest : public testing::Test {
   const ScratchFolder folder_;
 };
 
-TEST_F(LineReaderTest, EndsLinesAtNewlinesAndCutsLongOnes) {
-  const std::string cut(4094, 'x');
-  const struct {
-    std::string file;
-    std::vector<std::string> lines;
-  } cases[] = {
-      {"", {}},
-      {"a\n\nb", {"a\n", "\n", "b"}},
-      // One carriage return right before a newline is folded away, any other stays.
-      {"a\r\r\n\rb\n\r", {"a\r\n", "\rb\n", "\r"}},
-      // A NUL ends the text of its line, and nothing more. No other character is special.
-      {"a\0\r\n\x1A\n\0"s, {"a", "\x1A\n", ""}},
-      // A line holds 4094 characters, its newline among them and NULs, and no folded return.
-      {cut.substr(1) + "\r\nb", {cut.substr(1) + "\n", "b"}},
-      {cut + "\r\nb", {cut, "\n", "b"}},
-      {"\0"s + cut.substr(1) + "y\nb", {"", "y\n", "b"}},
-  };
-  for (const auto& each : cases) {
-    EXPECT_EQ(Lines(each.file), each.lines) << testing::PrintToString(each.file.substr(0, 60));
-  }
-}
-
 // Files of many blocks, with lines of about as many characters as a line holds and of few.
 TEST_F(LineReaderTest, FollowsTheModelAcrossBlocks) {
   for (unsigned seed = 0; seed < 12; ++seed) {
