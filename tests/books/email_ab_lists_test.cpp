@@ -2,7 +2,6 @@
 
 #include <memory>
 
-#include "base/archive.h"
 #include "books/email_ab_handle.h"
 #include "tests/books/email_fixture.h"
 
@@ -71,14 +70,6 @@ TEST_F(EmailBookTest, AddsNoListToAFullServer) {
   EXPECT_EQ(ListNames(book), "Board Choir Dance ");
 }
 
-TEST_F(EmailBookTest, DeletesAList) {
-  book.LoadLists(0);
-  PutList("Unseen", {"Ann"});
-  EXPECT_EQ(book.DeleteList("Unseen"), 2);  // a count also for a list that is not held
-  EXPECT_TRUE(book.DeleteListReload("Choir", 0));
-  EXPECT_EQ(ListNames(book), "Board Choir ");
-}
-
 TEST_F(EmailBookTest, SearchesItsLists) {
   for (const char* name : {"ab", "abc", "abd"}) PutList(name, {"Ann"});
   book.LoadLists(0);  // Board Choir ab abc abd
@@ -120,27 +111,6 @@ TEST_F(EmailBookTest, ChangesItsListsLocally) {
   EXPECT_EQ(old->Name(), "Choir");
   EXPECT_EQ(book.RemoveListAt(2), 0);
   EXPECT_THAT(TakeCalls(), IsEmpty());
-}
-
-TEST_F(EmailBookTest, StoresItsLists) {
-  book.LoadLists(1);
-  std::string stored;
-  Archive sink(&stored);
-  book.Serialize(sink);
-  CEmailAB other;
-  other.Attach(box, 0, 1);
-  Archive source{std::string_view(stored)};
-  other.Serialize(source);
-  EXPECT_FALSE(source.Failed());
-  EXPECT_EQ(ListNames(other), "Board Choir ");
-  EXPECT_EQ(MemberNames(*other.ListAt(0)), "Ann Zoe ");
-  EXPECT_EQ(other.ListAt(0)->Book(), nullptr);
-
-  stored.resize(stored.size() - 1);
-  Archive cut{std::string_view(stored)};
-  other.Serialize(cut);
-  EXPECT_TRUE(cut.Failed());
-  EXPECT_EQ(ListNames(other), "Board ");
 }
 
 TEST_F(EmailBookTest, HasASecondHandle) {

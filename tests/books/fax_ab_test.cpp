@@ -12,10 +12,7 @@
 namespace quillkit {
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
-
-const std::string kReadFax = "IMSPReadAB 2:FAXAB [||0] 2048 1";
 
 CFaxEntry MakeFax(std::string_view name, std::string_view number = "1") {
   CFaxEntry entry;
@@ -103,14 +100,6 @@ TEST_P(FaxOutcomeTest, IsAsTheTableTells) {
 INSTANTIATE_TEST_SUITE_P(Outcomes, FaxOutcomeTest, testing::ValuesIn(kOutcomes),
                          [](const auto& each) { return std::string(each.param.name); });
 
-TEST_F(FaxBookTest, IsClearedUnderATimeoutThatMayStayShort) {
-  SimulatorFail("IMSPIOCtl", 1, 6);
-  SimulatorFail("IMSPClearAB", 1, 11);
-  EXPECT_EQ(book.ClearBook(), 11);
-  EXPECT_EQ(TakeCalls().back(), kReadFax);
-  EXPECT_EQ(Held(book), "abc abd b ");
-}
-
 TEST_F(FaxBookTest, AtTheLimitNothingIsSent) {
   for (int i = 3; i < FaxReadCapacity; ++i) Put(MakeFax("n" + std::to_string(i)));
   ASSERT_EQ(book.LoadEntries(), 1);
@@ -160,12 +149,6 @@ TEST_F(FaxBookTest, SearchesTellTheWholeNameByTheModeOneAlone) {
   EXPECT_EQ(sorted.BinaryLookup("d", 0, 1), -1);
   EXPECT_EQ(sorted.BinaryLookup("g", 3, 1), 3);
   EXPECT_EQ(CFaxEntryList().BinaryLookup("a", 0, 1), -1);
-}
-
-TEST_F(FaxBookTest, WithoutAnApplianceItsListsStillNeedATimeout) {
-  EXPECT_EQ(CFaxAB().DeleteAllLists(), 0);
-  EXPECT_THAT(TakeCalls(),
-              ElementsAre("IMSPIOCtl 2 0", "IMSPIOCtl 1 3600000", "IMSPIOCtl 1 30000"));
 }
 
 TEST_F(FaxBookTest, TheStreamHoldsAsManyEntriesAsTheWalkHasPassed) {

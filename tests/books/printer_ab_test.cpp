@@ -4,7 +4,6 @@
 
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "appliance/scanner.h"
 #include "base/archive.h"
@@ -153,25 +152,6 @@ TEST_F(PrinterBookTest, LyingServer) {
   for (std::int32_t i = 0; i < book.PrinterCount(); ++i) EXPECT_TRUE(book.PrinterAt(i)->IsValid());
 }
 
-TEST_F(PrinterBookTest, ClearBookDropsThePrintersWhateverTheServerGives) {
-  SimulatorFail("IMSPClearAB", 1, kServerFault);
-  EXPECT_EQ(book.ClearBook(), kServerFault);
-  EXPECT_EQ(book.PrinterCount(), 0);
-  EXPECT_EQ(book.ModelCount(), 2);
-  EXPECT_EQ(OnServer(), "Attic Hall* Lab ");
-}
-
-// The time-out of an appliance need not be whole seconds, and comes back as it was.
-TEST_F(PrinterBookTest, DeleteBookGoesToTheAgent) {
-  SimulatorSetTimeout(30500);
-  EXPECT_EQ(CPrinterAB().DeleteBook(), kNoError);
-  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPIOCtl 2 0", "IMSPIOCtl 1 3600000",
-                                       "IMSPDeleteAB 8:PRINTERSAB", "IMSPIOCtl 1 30500"));
-  SimulatorFail("IMSPDeleteAB", 1, kServerFault);
-  EXPECT_EQ(book.DeleteBook(), kServerFault);
-  EXPECT_EQ(book.PrinterCount(), 0);
-}
-
 TEST_F(PrinterBookTest, StreamHoldsThePrintersAlone) {
   std::string stored;
   Archive storing(&stored);
@@ -209,14 +189,6 @@ TEST_F(PrinterBookTest, RecordsRefuseTextsThatDoNotFit) {
 }
 
 // --- Changes ---
-
-TEST_F(PrinterBookTest, AnAdditionGivesTheCountBehindTheLoad) {
-  PrinterRecord desk = MakePrinter("Desk", "Inky");
-  EXPECT_EQ(book.AddPrinter(&desk, true), 4);
-  desk.SetPrinterName("Den");
-  SimulatorFail("IMSPListABEntries", 0, kServerFault);
-  EXPECT_EQ(book.AddPrinter(&desk, true), 0);
-}
 
 TEST_F(PrinterBookTest, FastChangesKeepTheOrderOfTheList) {
   Put(MakePrinter("Cellar", "Inky"));
@@ -269,18 +241,6 @@ TEST_F(PrinterBookTest, LimitsAreReachedInMemory) {
   EXPECT_EQ(book.ModelCount(), 0);
 }
 
-TEST_F(PrinterBookTest, ModelChanges) {
-  PrinterModelRecord aqua = MakeModel("Aqua");
-  EXPECT_EQ(book.AddModel(&aqua, false), 2);
-  aqua.modelWord1 = 9;
-  EXPECT_EQ(book.DeleteModel("Laser", false), 1);
-  EXPECT_NE(book.FindModel("Laser"), nullptr);
-  EXPECT_EQ(book.ModifyModel(&aqua, true), 1);
-  EXPECT_EQ(book.FindModel("Laser"), nullptr);
-  ASSERT_NE(book.FindModel("Aqua"), nullptr);
-  EXPECT_EQ(book.FindModel("Aqua")->modelWord1, 9U);
-}
-
 // --- The default printer ---
 
 TEST_F(PrinterBookTest, DefaultMoves) {
@@ -290,13 +250,6 @@ TEST_F(PrinterBookTest, DefaultMoves) {
   EXPECT_EQ(book.SetDefaultPrinter("Lab"), -1);
   EXPECT_EQ(OnServer(), "Attic Hall Lab ") << "named anew it is lost";
   EXPECT_EQ(book.FindDefaultPrinter(), -1);
-}
-
-TEST_F(PrinterBookTest, ADefaultThatTheServerKeepsIsGoneFromMemory) {
-  SimulatorFail("IMSPModifyEntry", 2, kServerFault);
-  EXPECT_EQ(book.SetDefaultPrinter("Attic"), -1);
-  EXPECT_EQ(OnServer(), "Attic* Hall* Lab ");
-  EXPECT_EQ(InMemory(), "Attic Hall Lab ");
 }
 
 TEST_F(PrinterBookTest, WithoutADefaultInMemoryTheListStaysStale) {

@@ -149,17 +149,6 @@ TEST_P(PrivateBookTest, ClearedItIsPreparedForALoad) {
   EXPECT_EQ(count, 1U) << "what was not held stays";
 }
 
-TEST_P(PrivateBookTest, ListsAreDeletedUnderTheLongTimeOutWhateverTheServerGives) {
-  for (const char* name : {"Crew", "Team"}) PutMember(name, MakeEntry("own"));
-  ASSERT_EQ(Book().LoadLists(0), kNoError);
-  SimulatorSetTimeout(1999);
-  SimulatorFail("IMSPDeleteAB", 1, 11);
-  Book().DeleteAllLists();
-  EXPECT_EQ(Book().ListCount(), 0);
-  EXPECT_EQ(MembersOnServer("Crew").size() + MembersOnServer("Team").size(), 1U);
-  EXPECT_EQ(SimulatorTimeout(), 1999U);
-}
-
 TEST_P(PrivateBookTest, ListsThatWereNotReadAreReadBeforeTheyAreStored) {
   for (const char* name : {"Crew", "Gang", "Team"}) PutMember(name, MakeEntry("own"));
   ASSERT_EQ(Book().LoadLists(0), kNoError);

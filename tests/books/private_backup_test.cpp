@@ -1,8 +1,7 @@
 // A private book is written to an archive, emptied on the server, and restored from the bytes:
-// whole, with each server call failing in turn, and from bytes that were cut or changed.
+// whole, and with each server call failing in turn.
 
 #include <algorithm>
-#include <random>
 
 #include "base/archive.h"
 #include "lists/priv_email_dl.h"
@@ -100,6 +99,7 @@ TEST_P(PrivateBackupTest, AnotherUsersSectionIsLeftUnread) {
   EXPECT_TRUE(other.NameMismatch());
   EXPECT_EQ(other.PrivateBook()->EntryCount(), 0);
   EXPECT_GT(archive.Remaining(), 0U);
+  EXPECT_THAT(TakeCalls(), IsEmpty());
 }
 
 // Lists that came out of an archive have no book: what the server refuses them goes unnoticed.
@@ -140,32 +140,6 @@ TEST_P(PrivateBackupTest, WritingBackWithACallRefused) {
       {"IMSPCreateEntry 128:Team Public", 11, "AAAAA."},
   };
   CheckRefusals(kRefusals, [&] { return Book().WriteBack(); });
-}
-
-TEST_P(PrivateBackupTest, CutBytesGiveAPrefixOfTheBook) {
-  for (std::size_t length = 0; length < bytes.size(); ++length) {
-    CUserRecord loaded;
-    Load(loaded, std::string_view(bytes).substr(0, length));
-    ASSERT_LE(loaded.PrivateBook()->ListCount(), 2) << length;
-    ASSERT_LE(loaded.PrivateBook()->EntryCount(), 3) << length;
-  }
-  EXPECT_THAT(TakeCalls(), IsEmpty());
-}
-
-TEST_P(PrivateBackupTest, ChangedBytesAreReadWithinBounds) {
-  std::mt19937 random(20'260'000);
-  for (int round = 0; round < 2000; ++round) {
-    std::string changed = bytes;
-    for (int i = 0; i < 3; ++i) changed[random() % changed.size()] = static_cast<char>(random());
-    CUserRecord loaded;
-    Load(loaded, changed);
-    if (loaded.NameMismatch()) continue;
-    ASSERT_LE(loaded.PrivateBook()->EntryCount(), static_cast<std::int32_t>(changed.size()));
-    for (std::int32_t i = 0; i < loaded.PrivateBook()->ListCount(); ++i) {
-      ASSERT_LE(loaded.PrivateBook()->ListAt(i)->Count(),
-                static_cast<std::int32_t>(changed.size()));
-    }
-  }
 }
 
 INSTANTIATE_TEST_SUITE_P(Routes, PrivateBackupTest, testing::Bool(), RouteName);

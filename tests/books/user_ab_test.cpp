@@ -96,17 +96,6 @@ TEST_F(UserBookTest, RecordsThatAreHandedOutGetAPrivateBookWhereAskedFor) {
   EXPECT_EQ(toolkit.PrivateBook(), nullptr);
 }
 
-TEST_F(UserBookTest, PlainChangesReadTheBookAnewWhereAskedFor) {
-  book.Attach(box, 0, 1);
-  CUserRecord record;
-  Fill(record, "Anna");
-  EXPECT_TRUE(book.AddUser(&record, 0));
-  EXPECT_EQ(book.Count(), 3);
-  EXPECT_TRUE(book.ModifyUser(&record, 1));
-  EXPECT_EQ(record.Owner(), &book) << "the record went through the copy step";
-  EXPECT_EQ(book.Count(), 4);
-}
-
 TEST_F(UserBookTest, LocalChangesPatchTheList) {
   book.Attach(box, 0, 1);
   CUserRecord record;
@@ -149,20 +138,6 @@ TEST_F(UserBookTest, ClearAllGoesThroughTheApplianceOfTheLastLogin) {
   EXPECT_FALSE(IsOnServer("Anna"));
   TheAgent.DeleteScanners();
   EXPECT_EQ(loose.ClearAll(), -1);
-}
-
-TEST_F(UserBookTest, ALoginReadsThePrivateBookWhereAskedFor) {
-  CUserRecord record;
-  Fill(record, "Anna");
-  SimulatorPutEntry(BookKind::kUsers, "", nullptr, static_cast<CUserEntry*>(&record));
-  const CEmailEntry entry = MakeEntry("Ann");
-  SimulatorPutEntry(BookKind::kPrivateEmail, "", "Anna", &entry);
-  SimulatorPutEntry(BookKind::kPrivateList, "Team", "Anna", &entry);
-  std::string third;
-  ASSERT_EQ(TheAgent.Login(&record, box, third, 1), 0);
-  ASSERT_NE(TheAgent.CurrentUser()->PrivateBook(), nullptr);
-  EXPECT_EQ(TheAgent.CurrentUser()->PrivateBook()->EntryCount(), 1);
-  EXPECT_EQ(TheAgent.CurrentUser()->PrivateBook()->ListCount(), 1);
 }
 
 }  // namespace
