@@ -39,6 +39,10 @@ struct ImportRows {
 // has no more characters than the converter takes.
 std::vector<std::string> DelimitedFields(std::string_view line);
 
+// What is wrong with a line that has a carriage return inside. Other programs may have meant it for
+// the end of a line, with another row behind it.
+inline constexpr const char* kBareReturn = "it holds a carriage return that ends no line";
+
 // What keeps the converters from taking a line without its end whole: a NUL, a carriage return that
 // may have been meant for an end, or its length. Empty for nothing.
 std::string LineFault(std::string_view text);
