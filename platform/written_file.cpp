@@ -13,11 +13,14 @@ namespace fs = std::filesystem;
 
 // Whether the file is written, has the rights and the name.
 bool MoveInto(const fs::path& place, const std::string& fresh, std::string_view bytes) {
-  if (!WriteFileInPlace(fresh, bytes)) return false;
   std::error_code failure;
   const fs::file_status before = fs::status(place, failure);
   failure.clear();
-  if (fs::exists(before)) fs::permissions(fresh, before.permissions(), failure);
+  const bool isThere = fs::exists(before);
+  // Nobody reads in it what was not to be read in the old one.
+  if (isThere) fs::permissions(fresh, before.permissions() | fs::perms::owner_write, failure);
+  if (failure || !WriteFileInPlace(fresh, bytes)) return false;
+  if (isThere) fs::permissions(fresh, before.permissions(), failure);
   if (!failure) fs::rename(fresh, place, failure);
   return !failure;
 }
