@@ -48,8 +48,8 @@ class CaughtSignals {
   }
 
  private:
-  static constexpr std::array kSignals = {SIGHUP,  SIGINT,  SIGQUIT, SIGTERM,
-                                          SIGPIPE, SIGALRM, SIGUSR1, SIGUSR2};
+  static constexpr std::array kSignals = {SIGHUP,  SIGINT,  SIGQUIT, SIGTERM,   SIGPIPE, SIGALRM,
+                                          SIGUSR1, SIGUSR2, SIGXCPU, SIGVTALRM, SIGPROF};
   std::array<struct sigaction, kSignals.size()> before_ = {};
 };
 
