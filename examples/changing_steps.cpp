@@ -103,11 +103,13 @@ std::string TakeName(Checkup& checkup, Trial& trial) {
   checkup.keys();
   checkup.DeferEnding();
   checkup.RequireTime();
-  checkup.RequireSameKeys();  // no name that looks free is somebody's
+  checkup.RequireSameKeys();
   if (checkup.keys().size() >= kMostKeys) throw Skip("there is no room for one more key");
   trial.book = checkup.session().book();
   trial.name = FreeName(trial.book);
   trial.newName = FreeName(trial.book, trial.name);
+  RequireUnknown(trial.book, trial.name);
+  RequireUnknown(trial.book, trial.newName);
   trial.isGood = true;
   return Quoted(trial.name);
 }
@@ -163,6 +165,17 @@ void RequireGone(Checkup& checkup, const std::string& name) {
   if (!isGone(status)) throw Refusal(CodeAndText(status));
 }
 
+// What the server has, when our key is to be gone.
+KeySet ReadWithoutOurs(const Session& session, const Trial& trial) {
+  try {
+    return ReadKeySet(session);
+  } catch (const Refusal& why) {
+    std::string names;
+    for (const std::string& name : trial.ours) names += Quoted(name) + " may be left behind; ";
+    throw Refusal(names + why.what());
+  }
+}
+
 // Deletes what may be there under our names.
 void DeleteOurs(Checkup& checkup, const Trial& trial) {
   std::string left;
@@ -190,7 +203,7 @@ std::string CleanUp(Checkup& checkup, const Trial& trial) {
   if (trial.ours.empty()) throw Skip("nothing was added");
   const bool isDeleted = trial.isGood && !trial.wanted;
   if (!isDeleted) DeleteOurs(checkup, trial);
-  const KeySet now = ReadKeySet(checkup.session());
+  const KeySet now = ReadWithoutOurs(checkup.session(), trial);
   RequireNoneOfOurs(now, trial);
   checkup.RequireSame(now);
   return "the keys are those of before";

@@ -1,6 +1,7 @@
 #include "examples/checkup.h"
 
 #include "examples/failures.h"
+#include "examples/key_commands.h"
 #include "examples/key_set_difference.h"
 
 namespace quillctl {
@@ -30,6 +31,12 @@ void Checkup::RequireSame(const KeySet& now) const {
   const std::vector<KeySetChange> changes = Difference(before, now);
   throw Refusal(changes.empty() ? "the order is not the one of before"
                                 : "this differs from before: " + Described(changes.front()));
+}
+
+void RequireUnknown(quillkit::CTopLevelAB* book, const std::string& name) {
+  const OwnedKey key = MakeKey(name, book);
+  std::uint32_t items = 0;
+  RequireCode(quillkit::GetDBItemCount(key.get(), &items), kNoSuchBook);
 }
 
 std::string FreeName(quillkit::CTopLevelAB* book, const std::string& taken) {

@@ -74,6 +74,9 @@ class Checkup {
 // A name that no key of a book that was loaded has, nor is `taken`.
 std::string FreeName(quillkit::CTopLevelAB* book, const std::string& taken = "");
 
+// Requires that the server, asked for a key of this name, says that there is none.
+void RequireUnknown(quillkit::CTopLevelAB* book, const std::string& name);
+
 // What a step that is good has to tell, which may be nothing. One that fails throws a Refusal.
 struct Step {
   std::string title;

@@ -50,7 +50,7 @@ bool Holds(const Items& items, const ItemFields& item) {
 }
 
 std::string Lost(const ItemFields& item, const std::string& key, const std::string& why) {
-  return DescribedItem(item.name, key) + " is gone" + why +
+  return DescribedItem(item.name, key) + " is gone, as far as the appliance tells" + why +
          "; it was: " + ItemJson(item, Utf8Text).dump();
 }
 
@@ -68,7 +68,7 @@ Items PutLast(const Session& session, const std::string& key, const ItemFields& 
     Items now = ReadItems(session, key);
     if (Holds(now, item)) return now;
   } catch (const Refusal& unread) {
-    throw Refusal(Lost(item, key, " or not" + why + ": " + unread.what()));
+    throw Refusal(Lost(item, key, why + ": " + unread.what()));
   }
   throw Refusal(Lost(item, key, why));
 }
@@ -118,8 +118,9 @@ void MoveToKey(const Session& session, const std::string& key, const std::string
   RequireGood(quillkit::AddMenuItem(FindKey(session.book(), target), MakeItem(item).get(), 0),
               "add " + moved);
   // The copy has to be there before the original goes.
-  if (!HasItem(session, target, name, moved + " was added, and cannot be read")) {
-    throw Refusal("the appliance took " + moved + ", and does not have it; nothing was deleted");
+  if (!HasItem(session, target, name,
+               "the appliance took " + moved + ", which cannot be read; nothing was deleted")) {
+    throw Refusal("the appliance took " + moved + ", and does not tell of it; nothing was deleted");
   }
   const std::int32_t status = quillkit::DeleteMenuItem(FindKey(session.book(), key), name, 0);
   if (status != 0 || HasItem(session, key, name,

@@ -126,9 +126,7 @@ std::string ReadAgain(Checkup& checkup) {
 
 std::string AskForUnknownKey(Checkup& checkup) {
   quillkit::CTopLevelAB* book = checkup.session().book();
-  const OwnedKey key = MakeKey(FreeName(book), book);
-  std::uint32_t items = 0;
-  RequireCode(quillkit::GetDBItemCount(key.get(), &items), kNoSuchBook);
+  RequireUnknown(book, FreeName(book));
   return "refused with " + CodeAndText(kNoSuchBook);
 }
 
