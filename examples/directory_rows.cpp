@@ -1,5 +1,5 @@
 #include <algorithm>
-#include <optional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -24,6 +24,15 @@ bool HasValue(std::string_view text) {
   return HasAttribute(text, "cn:") || HasAttribute(text, "mail:");
 }
 
+// The line as it is sent: the converter counts the blanks in front of a value with it.
+std::string WithoutBlanks(std::string_view text) {
+  std::string line(text);
+  if (!text.starts_with("cn:") && !text.starts_with("mail:")) return line;
+  const std::size_t colon = line.find(':');
+  return line.erase(colon + 1,
+                    std::min(line.find_first_not_of(' ', colon + 1), line.size()) - colon - 1);
+}
+
 // What keeps the converter from seeing what the line is, or an empty text.
 std::string HiddenFault(std::string_view text) {
   if (text.find('\0') != text.npos) return "a line holds a NUL character";
@@ -44,25 +53,37 @@ class DirectoryRow {
   void Take(const FileLines& line) {
     const std::string_view text = line.Text();
     row_.bytes = {row_.bytes.data(), text.data() + line.Bytes().size()};
-    const std::string hidden = HiddenFault(text);
-    if (!hidden.empty()) row_.fault = hidden;
+    Fail(HiddenFault(text));
     if (HasValue(text)) LookAtPlace(text);
-    wasBlank_ = wasBlank_ || line.IsBlank();
+    if (text.empty()) blank_ = line.Bytes().data();
     if (!valueBefore_.empty() && text.starts_with(' ')) {
-      row_.fault = valueBefore_ + " goes on in the next line";
+      Fail(valueBefore_ + " goes on in the next line");
     }
     valueBefore_.clear();
 
+    const std::string read = WithoutBlanks(text);
     const bool wasOpen = !IsComplete();
     const bool hadName = entry_.HasName();
     const bool hadAddress = entry_.HasAddress();
-    TakeIntoEntry(text);
+    TakeIntoEntry(read);
     if (wasOpen && !hadName && (IsComplete() || entry_.HasName())) {
-      LookAtValue(0, entry_.Name(), text);
+      LookAtValue(0, entry_.Name(), read);
     }
     if (wasOpen && !hadAddress && (IsComplete() || entry_.HasAddress())) {
-      LookAtValue(1, entry_.Address(), text);
+      LookAtValue(1, entry_.Address(), read);
     }
+  }
+
+  // Whether the line is none of this row, but of an entry behind it that the converter does not
+  // see.
+  bool EndsBefore(const FileLines& line) const {
+    const std::string_view text = line.Text();
+    return IsComplete() && (HasAttribute(text, "dn:") || (blank_ != nullptr && HasValue(text)));
+  }
+
+  // Where that begins, with the blank line in front of it: without it, another row would take it.
+  const char* End(const FileLines& line) const {
+    return blank_ != nullptr ? blank_ : line.Bytes().data();
   }
 
   void Finish(ImportRows& into) {
@@ -70,16 +91,20 @@ class DirectoryRow {
       ++into.passedOver;
       return;
     }
-    if (!IsComplete() && row_.fault.empty()) {
-      row_.fault = entry_.HasName()
-                       ? "it has no address: no \"mail:\" line"
-                       : "it has no name: no \"cn:\" line, or \"dn:\" stands behind it";
+    if (!IsComplete()) {
+      Fail(entry_.HasName() ? "it has no address: no \"mail:\" line"
+                            : "it has no name: no \"cn:\" line, or \"dn:\" stands behind it");
     }
     into.rows.push_back(std::move(row_));
   }
 
  private:
   bool IsComplete() const { return !row_.values.empty(); }
+
+  // The first reason is the one that is told.
+  void Fail(std::string why) {
+    if (row_.fault.empty()) row_.fault = std::move(why);
+  }
 
   // Gives the line in the pieces that LineReader makes of it, less the character that each loses.
   void TakeIntoEntry(std::string_view text) {
@@ -91,16 +116,15 @@ class DirectoryRow {
 
   void TakePiece(std::string_view piece) {
     if (!entry_.Take(piece)) return;
-    if (IsComplete()) row_.fault = "a line is so long that its end opens another entry";
+    if (IsComplete()) Fail("a line is so long that its end opens another entry");
     row_.values = {std::string(entry_.Name()), std::string(entry_.Address())};
   }
 
   // A blank line ends an entry, elsewhere.
   void LookAtPlace(std::string_view text) {
-    if (wasBlank_) row_.fault = "a name or an address behind a blank line has no \"dn:\"";
+    if (blank_ != nullptr) Fail("a name or an address behind a blank line has no \"dn:\"");
     const bool isRead = text.starts_with("cn:") || text.starts_with("mail:");
-    if (!isRead && !IsComplete())
-      row_.fault = "\"cn:\" and \"mail:\" are read in small letters alone";
+    if (!isRead && !IsComplete()) Fail("\"cn:\" and \"mail:\" are read in small letters alone");
   }
 
   // `text` is the line that gave the value of the name, 0, or of the address, 1.
@@ -108,41 +132,47 @@ class DirectoryRow {
     constexpr const char* kFields[] = {"the name", "the address"};
     hadValue_ = true;
     valueBefore_ = kFields[field];
-    if (value.starts_with(':')) row_.fault = valueBefore_ + " is encoded, with a double colon";
-    text.remove_prefix(std::min(text.find(':') + 1, text.size()));
-    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
-    if (text == value) return;
-    row_.fault = valueBefore_ + " with the blanks before it is longer than " +
-                 std::to_string(quillkit::EmailScriptBook().widths[field]) + " characters";
+    if (value.starts_with(':')) Fail(valueBefore_ + " is encoded, with a double colon");
+    if (text.substr(text.find(':') + 1) == value) return;
+    Fail(valueBefore_ + " is longer than " +
+         std::to_string(quillkit::EmailScriptBook().widths[field]) + " characters");
   }
 
   ImportRow row_;
   quillkit::DirectoryEntry entry_;
-  bool wasBlank_ = false;    // whether a line was
-  bool hadValue_ = false;    // whether a name or an address came, complete or not
-  std::string valueBefore_;  // what the line before gave; empty for nothing
+  const char* blank_ = nullptr;  // the last blank line
+  bool hadValue_ = false;        // whether a name or an address came, complete or not
+  std::string valueBefore_;      // what the line before gave; empty for nothing
 };
 
-// A line in front of the first entry is none, unless it seems to be of one.
-void AddStray(const FileLines& line, ImportRows& into) {
+// A line of no entry is none, unless it seems to be of one. Its bytes begin at `from`.
+void AddStray(const FileLines& line, const char* from, ImportRows& into) {
   std::string fault = HiddenFault(line.Text());
   if (fault.empty() && HasValue(line.Text())) fault = "there is no \"dn:\" in front of it";
-  if (!fault.empty()) into.rows.push_back({line.Number(), line.Bytes(), {}, std::move(fault)});
+  if (fault.empty()) return;
+  const std::string_view bytes(from, line.Bytes().data() + line.Bytes().size());
+  into.rows.push_back({line.Number(), bytes, {}, std::move(fault)});
 }
 
 }  // namespace
 
 ImportRows DirectoryRows(std::string_view text) {
   ImportRows found;
-  std::optional<DirectoryRow> row;
+  std::unique_ptr<DirectoryRow> row;
   for (FileLines lines(text); lines.Next();) {
-    if (lines.Text().starts_with("dn:")) {
-      if (row) row->Finish(found);
-      row.emplace(lines);
+    const bool opens = lines.Text().starts_with("dn:");
+    const char* from = lines.Bytes().data();
+    if (row && (opens || row->EndsBefore(lines))) {
+      from = row->End(lines);
+      row->Finish(found);
+      row.reset();
+    }
+    if (opens) {
+      row = std::make_unique<DirectoryRow>(lines);
     } else if (row) {
       row->Take(lines);
     } else {
-      AddStray(lines, found);
+      AddStray(lines, from, found);
     }
   }
   if (row) row->Finish(found);

@@ -55,6 +55,6 @@ void AddImportCommand(Commands& commands) {
   auto* json = import->add_flag("--json", into.json, "Show what became of the rows as JSON");
   import->add_flag("--dry-run", into.dryRun, "Show the script that would be sent, and send nothing")
       ->excludes(json);
-}  // namespace quillctl
+}
 
 }  // namespace quillctl

@@ -117,15 +117,20 @@ void ImportPlan::TakeOther(const ImportRequest& request) {
   FindFaults(rows_.rows, books_.front(), isAdmin_, {});
 }
 
-// The directory converter takes a character from a last line without an end; the mail server's
-// takes the end of a line for a part of an address that nothing else ends.
+// Of a directory the values alone: its converter takes the blanks in front of a value for a part of
+// it, and a character from a last line without an end. The other rows go as they stand: the mail
+// server's converter takes the end of a line for a part of an address that nothing else ends.
 std::string ImportPlan::RowsToSend() const {
+  const bool isDirectory = mapped_.options.format == quillkit::ImportFormatDirectory;
   std::string bytes;
   for (const ImportRow& row : rows_.rows) {
-    if (row.fault.empty()) bytes += row.bytes;
+    if (!row.fault.empty()) continue;
+    if (isDirectory) {
+      bytes += "dn:\ncn:" + row.values[0] + "\nmail:" + row.values[1] + '\n';
+    } else {
+      bytes += row.bytes;
+    }
   }
-  const bool isDirectory = mapped_.options.format == quillkit::ImportFormatDirectory;
-  if (isDirectory && !bytes.ends_with('\n')) bytes += '\n';
   return bytes;
 }
 

@@ -51,8 +51,8 @@ std::string LineFault(std::string_view text);
 ImportRows DelimitedRows(std::string_view text, std::span<const std::int32_t> columns,
                          bool hasHeader);
 
-// A row is what begins with a "dn:" line, up to the next one, or a line of an entry in front of the
-// first one. One with neither name nor address, in
+// A row is what begins with a "dn:" line, up to the next one, or a line of an entry that has none.
+// One with neither name nor address, in
 // which nothing is wrong, is passed over.
 ImportRows DirectoryRows(std::string_view text);
 

@@ -173,13 +173,12 @@ const RowsCase kCases[] = {
     {{"", "directory"},
      false,
      "dn: 1\ncn: A\n nn\nmail: box1\ndn: 2\ncn: B\nmail: bo\n x2\ndn: 3\ncn:: Qw==\nmail: box3\n"
-     "dn: 4\ncn: " +
+     "dn: 4\ncn: x" +
          k31 + "\nmail: box4\ndn: 5\ncn: E\nxdn: y\nmail: box5\n" +
-         Bytes("dn: 6\ncn: F\nmail: b\0x6\n") + "dn: 7\ncn:" + k31 + "\nmail: box7\n" +
+         Bytes("dn: 6\ncn: F\nmail: b\0x6\n") + "dn: 7\ncn:  " + k31 + "\nmail: box7\n" +
          "dn: 8\ncn: G\nmail:\n",
      {"1: the name goes on in the next line", "5: the address goes on in the next line",
-      "9: the name is encoded, with a double colon",
-      "12: the name with the blanks before it is longer than 31 characters",
+      "9: the name is encoded, with a double colon", "12: the name is longer than 31 characters",
       "15: it has no name: no \"cn:\" line, or \"dn:\" stands behind it",
       "19: a line holds a NUL character", "25: the address is empty"},
      k31 + "\nbox7\n"},
@@ -227,9 +226,9 @@ const RowsCase kCases[] = {
      {"2: an entry begins with \"dn:\" in small letters alone",
       "3: there is no \"dn:\" in front of it",
       "4: \"cn:\" and \"mail:\" are read in small letters alone",
-      "12: a name or an address behind a blank line has no \"dn:\"",
-      "17: an entry begins with \"dn:\" in small letters alone"},
-     "SE emailab \"C\" \"box3\"\n"},
+      "16: there is no \"dn:\" in front of it",
+      "20: an entry begins with \"dn:\" in small letters alone"},
+     "SE emailab \"C\" \"box3\"\nSE emailab \"D\" \"box4\"\nSE emailab \"F\" \"box5\"\n"},
 };
 
 TEST(ImportPlan, SendsTheRowsThatArriveWholeAndTellsOfTheOthers) {
@@ -265,6 +264,11 @@ TEST(RejectedRows, StandInTheirFileAsTheyStoodInTheOther) {
             "\xEF\xBB\xBF\xEF\xBB\xBF"
             "Bob\n")
       << "the first one is no row's";
+
+  const std::string parted =
+      folder.Write("rows", "dn: 1\ncn: A\ndn: 2\ncn: B\nmail: box2\n\nmail: box3\n");
+  WriteRejectedRows(rejects, parted, ImportPlan({parted, "directory"}, true).rows());
+  EXPECT_EQ(ReadBytes(rejects), "dn: 1\ncn: A\n\nmail: box3\n") << "it is not the first one's";
 
   EXPECT_THROW(WriteRejectedRows(folder.PathOf("./rows"), file, plan.rows()), UsageError);
   EXPECT_THROW(WriteRejectedRows(folder.Path().string(), file, plan.rows()), UsageError);
