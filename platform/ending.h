@@ -5,9 +5,9 @@
 
 namespace quillkit {
 
-// While it lives, Ctrl-C and other demands to end the program are only noted, but for one
-// behind another, which ends it as ever, unless the terminal has gone. Output that nobody reads any
-// more fails, and does not end it. There is one at a time.
+// While it lives, Ctrl-C and other demands to end the program are only noted, but for one behind
+// another, which ends it as ever, unless the terminal has gone. Output that nobody reads any more
+// fails, and does not end it. There is one at a time.
 class DeferredEnding {
  public:
   DeferredEnding();

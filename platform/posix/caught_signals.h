@@ -5,6 +5,8 @@
 
 #include <array>
 #include <csignal>
+#include <cstddef>
+#include <optional>
 
 namespace quillkit {
 
@@ -31,26 +33,17 @@ class SignalEffect {
 class CaughtSignals {
  public:
   explicit CaughtSignals(void (*handler)(int)) {
-    struct sigaction action = {};
-    action.sa_handler = handler;
-    action.sa_flags = SA_RESTART;
     for (std::size_t i = 0; i < kSignals.size(); ++i) {
-      sigaction(kSignals[i], nullptr, &before_[i]);
-      if (before_[i].sa_handler != SIG_IGN) sigaction(kSignals[i], &action, nullptr);
-    }
-  }
-  CaughtSignals(const CaughtSignals&) = delete;
-  CaughtSignals& operator=(const CaughtSignals&) = delete;
-  ~CaughtSignals() {
-    for (std::size_t i = 0; i < kSignals.size(); ++i) {
-      sigaction(kSignals[i], &before_[i], nullptr);
+      struct sigaction now = {};
+      sigaction(kSignals[i], nullptr, &now);
+      if (now.sa_handler != SIG_IGN) effects_[i].emplace(kSignals[i], handler);
     }
   }
 
  private:
   static constexpr std::array kSignals = {SIGHUP,  SIGINT,  SIGQUIT, SIGTERM,   SIGPIPE, SIGALRM,
                                           SIGUSR1, SIGUSR2, SIGXCPU, SIGVTALRM, SIGPROF};
-  std::array<struct sigaction, kSignals.size()> before_ = {};
+  std::array<std::optional<SignalEffect>, kSignals.size()> effects_;
 };
 
 }  // namespace quillkit

@@ -9,9 +9,6 @@ namespace {
 
 // Of the one DeferredEnding.
 volatile std::sig_atomic_t isDemanded = 0;
-std::optional<CaughtSignals> caught;
-std::optional<SignalEffect> brokenPipe;
-
 extern "C" void NoteDemand(int number) {
   if (number != SIGHUP && isDemanded != 0) {  // that one comes twice where a terminal goes
     static_cast<void>(std::signal(number, SIG_DFL));
@@ -20,17 +17,21 @@ extern "C" void NoteDemand(int number) {
   isDemanded = 1;
 }
 
+struct Effects {
+  CaughtSignals demands{NoteDemand};
+  SignalEffect brokenPipe{SIGPIPE, SIG_IGN};  // it is none
+};
+std::optional<Effects> effects;
+
 }  // namespace
 
 DeferredEnding::DeferredEnding() {
   isDemanded = 0;
-  caught.emplace(NoteDemand);
-  brokenPipe.emplace(SIGPIPE, SIG_IGN);
+  effects.emplace();
 }
 
 DeferredEnding::~DeferredEnding() {
-  brokenPipe.reset();
-  caught.reset();
+  effects.reset();
 }
 
 bool DeferredEnding::IsDemanded() const {

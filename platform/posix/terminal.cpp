@@ -13,10 +13,6 @@ namespace {
 // Of the one HiddenInput.
 termios shown;
 termios hidden;
-// Where the terminal hides what is typed.
-std::optional<CaughtSignals> caught;
-std::optional<SignalEffect> suspension;  // it would leave a shell in which nothing shows
-std::optional<SignalEffect> goingOn;     // behind a halt, at which a shell shows all
 
 // The signal's own effect comes when this returns.
 extern "C" void ShowAndEnd(int number) {
@@ -29,6 +25,13 @@ extern "C" void HideAgain(int) {
   tcsetattr(STDIN_FILENO, TCSANOW, &hidden);
 }
 
+struct Effects {
+  CaughtSignals ending{ShowAndEnd};
+  SignalEffect suspension{SIGTSTP, SIG_IGN};  // it would leave a shell in which nothing shows
+  SignalEffect goingOn{SIGCONT, HideAgain};   // behind a halt, at which a shell shows all
+};
+std::optional<Effects> effects;  // where the terminal hides what is typed
+
 }  // namespace
 
 bool IsInputTyped() {
@@ -40,21 +43,17 @@ bool IsInputTyped() {
 HiddenInput::HiddenInput() {
   static_cast<void>(tcdrain(STDIN_FILENO));
   if (tcgetattr(STDIN_FILENO, &shown) != 0) return;
-  caught.emplace(ShowAndEnd);
-  suspension.emplace(SIGTSTP, SIG_IGN);
   hidden = shown;
   hidden.c_lflag &= ~static_cast<tcflag_t>(ECHO);
   hidden.c_cc[VSUSP] = _POSIX_VDISABLE;
-  goingOn.emplace(SIGCONT, HideAgain);
+  effects.emplace();
   tcsetattr(STDIN_FILENO, TCSANOW, &hidden);
 }
 
 HiddenInput::~HiddenInput() {
-  if (!caught) return;
+  if (!effects) return;
   tcsetattr(STDIN_FILENO, TCSANOW, &shown);
-  goingOn.reset();
-  suspension.reset();
-  caught.reset();
+  effects.reset();
 }
 
 }  // namespace quillkit
