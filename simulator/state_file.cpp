@@ -22,13 +22,12 @@ void StateFile::Open(const std::string& path, Contents& contents) {
     Save(contents);
     return;
   }
-  if (std::filesystem::is_other(found)) {
-    Complain(kStateVariable, "this is no file; the books are as delivered, and nothing is kept");
-    return;
-  }
-  TextLines lines(path.c_str());
   Contents read;
-  const std::string fault = ReadState(lines, read);
+  std::string fault = "this is no file";
+  if (!std::filesystem::is_other(found)) {
+    TextLines lines(path.c_str());
+    fault = ReadState(lines, read);
+  }
   if (!fault.empty()) {
     Complain(kStateVariable, fault + "; the books are as delivered, and nothing is kept");
     return;
