@@ -165,14 +165,19 @@ void RequireGone(Checkup& checkup, const std::string& name) {
   if (!isGone(status)) throw Refusal(CodeAndText(status));
 }
 
+// Adds to a text that tells of names of ours.
+void Tell(std::string& left, const std::string& name, const std::string& how) {
+  left += (left.empty() ? "" : "; ") + Quoted(name) + how;
+}
+
 // What the server has, when our key is to be gone.
 KeySet ReadWithoutOurs(const Session& session, const Trial& trial) {
   try {
     return ReadKeySet(session);
   } catch (const Refusal& why) {
-    std::string names;
-    for (const std::string& name : trial.ours) names += Quoted(name) + " may be left behind; ";
-    throw Refusal(names + why.what());
+    std::string left;
+    for (const std::string& name : trial.ours) Tell(left, name, " may be left behind");
+    throw Refusal(left + "; " + why.what());
   }
 }
 
@@ -183,7 +188,7 @@ void DeleteOurs(Checkup& checkup, const Trial& trial) {
     try {
       RequireGone(checkup, name);
     } catch (const std::exception& error) {
-      left += (left.empty() ? "" : "; ") + Quoted(name) + " may be left behind: " + error.what();
+      Tell(left, name, std::string(" may be left behind: ") + error.what());
     }
   }
   if (!left.empty()) throw Refusal(left);
@@ -193,8 +198,8 @@ void DeleteOurs(Checkup& checkup, const Trial& trial) {
 void RequireNoneOfOurs(const KeySet& keys, const Trial& trial) {
   std::string left;
   for (const std::string& name : trial.ours) {
-    if (std::ranges::count(keys, name, &KeyFields::name) == 0) continue;
-    left += (left.empty() ? "" : "; ") + Quoted(name) + " is left behind";
+    const bool isThere = std::ranges::count(keys, name, &KeyFields::name) != 0;
+    if (isThere) Tell(left, name, " is left behind");
   }
   if (!left.empty()) throw Refusal(left);
 }

@@ -3,7 +3,6 @@
 #ifndef QUILLKIT_EXAMPLES_CHECKUP_H_
 #define QUILLKIT_EXAMPLES_CHECKUP_H_
 
-#include <cstdint>
 #include <functional>
 #include <optional>
 #include <stdexcept>
@@ -13,13 +12,14 @@
 
 #include "examples/key_set.h"
 #include "platform/ending.h"
+#include "simulator/status_codes.h"
 
 namespace quillctl {
 
 // What servers answer that the steps look for.
-inline constexpr std::int32_t kNoSuchBook = 3;
-inline constexpr std::int32_t kDataNotFound = 4;
-inline constexpr std::int32_t kNameConflict = 14;
+using quillkit::kDataNotFound;
+using quillkit::kNameConflict;
+using quillkit::kNoSuchBook;
 
 // Why a step was not made.
 class Skip : public std::runtime_error {

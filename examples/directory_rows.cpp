@@ -24,13 +24,16 @@ bool HasValue(std::string_view text) {
   return HasAttribute(text, "cn:") || HasAttribute(text, "mail:");
 }
 
-// The line as it is sent: the converter counts the blanks in front of a value with it.
+// Whether the converter may read a value from the line.
+bool IsRead(std::string_view text) {
+  return text.starts_with("cn:") || text.starts_with("mail:");
+}
+
+// A line that is read, as it is sent: the converter counts the blanks in front of a value with it.
 std::string WithoutBlanks(std::string_view text) {
-  std::string line(text);
-  if (!text.starts_with("cn:") && !text.starts_with("mail:")) return line;
-  const std::size_t colon = line.find(':');
-  return line.erase(colon + 1,
-                    std::min(line.find_first_not_of(' ', colon + 1), line.size()) - colon - 1);
+  const std::size_t value = text.find(':') + 1;
+  const std::size_t blanks = std::min(text.find_first_not_of(' ', value), text.size()) - value;
+  return std::string(text).erase(value, blanks);
 }
 
 // What keeps the converter from seeing what the line is, or an empty text.
@@ -61,7 +64,9 @@ class DirectoryRow {
     }
     valueBefore_.clear();
 
-    const std::string read = WithoutBlanks(text);
+    std::string value;
+    std::string_view read = text;
+    if (IsRead(text)) read = value = WithoutBlanks(text);
     const bool wasOpen = !IsComplete();
     const bool hadName = entry_.HasName();
     const bool hadAddress = entry_.HasAddress();
@@ -123,8 +128,8 @@ class DirectoryRow {
   // A blank line ends an entry, elsewhere.
   void LookAtPlace(std::string_view text) {
     if (blank_ != nullptr) Fail("a name or an address behind a blank line has no \"dn:\"");
-    const bool isRead = text.starts_with("cn:") || text.starts_with("mail:");
-    if (!isRead && !IsComplete()) Fail("\"cn:\" and \"mail:\" are read in small letters alone");
+    if (!IsRead(text) && !IsComplete())
+      Fail("\"cn:\" and \"mail:\" are read in small letters alone");
   }
 
   // `text` is the line that gave the value of the name, 0, or of the address, 1.

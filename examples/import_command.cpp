@@ -65,7 +65,7 @@ void ShowBook(const AddressBook& book, const std::vector<Row>& before, const std
 // nobody knows it of rows that were refused where they cannot be seen.
 void FindLost(ImportPlan& plan, std::int32_t status, const Contents& now) {
   if (plan.IsScript() || (status == 0 && now.empty())) return;
-  FindAbsent(plan.rows().rows, now.empty() ? std::vector<Row>() : now.front(),
+  FindAbsent(plan.rows().rows, now.empty() ? std::span<const Row>() : now.front(),
              status == 0 ? "the appliance took the row, but has no such entry"
                          : "the appliance refused the import, and shows no such entry");
 }

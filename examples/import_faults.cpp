@@ -70,8 +70,7 @@ void FindFaults(std::vector<ImportRow>& rows, const AddressBook& book, bool isAd
   }
 }
 
-void FindAbsent(std::vector<ImportRow>& rows, const std::vector<Row>& entries,
-                std::string_view why) {
+void FindAbsent(std::vector<ImportRow>& rows, std::span<const Row> entries, std::string_view why) {
   std::map<std::string_view, const Row*> entryOfName;
   for (const Row& entry : entries) entryOfName[entry.front()] = &entry;
   for (ImportRow& row : rows) {

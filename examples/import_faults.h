@@ -27,8 +27,7 @@ void FindFaults(std::vector<ImportRow>& rows, const AddressBook& book, bool isAd
 
 // Gives the fault `why` to the rows that were sent and of which the book now holds no entry, or
 // another one of that name.
-void FindAbsent(std::vector<ImportRow>& rows, const std::vector<Row>& entries,
-                std::string_view why);
+void FindAbsent(std::vector<ImportRow>& rows, std::span<const Row> entries, std::string_view why);
 
 }  // namespace quillctl
 

@@ -17,6 +17,7 @@ std::string ReadImportFile(const std::string& path);
 // The mark that some programs put in front of UTF-8.
 inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
+// The text without one.
 std::string_view WithoutByteOrderMark(std::string_view text);
 
 // The name that messages have for it, quoted.

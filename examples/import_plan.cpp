@@ -37,9 +37,8 @@ std::vector<std::string> Headings(std::string_view text) {
   return {};
 }
 
-// The script file's text with LF for the line ends of the system.
-std::string ReadScript(const std::string& path) {
-  const std::string bytes = ReadImportFile(path);
+// A script with LF for the line ends of the system.
+std::string FoldedScript(std::string_view bytes) {
   std::string text;
   for (FileLines lines(bytes); lines.Next();) text += lines.Folded();
   return text;
@@ -101,16 +100,13 @@ void ImportPlan::TakeOther(const ImportRequest& request) {
   if (request.skipHeader || request.clearFirst || !request.target.empty() || !request.map.empty()) {
     throw UsageError("--target, --map, --skip-header and --clear are for the format csv");
   }
-  if (IsScript()) {
-    if (request.json || !request.rejects.empty()) {
-      throw UsageError("--json and --rejects are for files of rows; a script goes as it stands");
-    }
-    ReadImportFile(file_);
-    books_ = PublicBooks();
-    return;
+  if (IsScript() && (request.json || !request.rejects.empty())) {
+    throw UsageError("--json and --rejects are for files of rows; a script goes as it stands");
   }
-  books_ = PublicBooks().first(1);
   text_ = ReadImportFile(file_);
+  books_ = PublicBooks();
+  if (IsScript()) return;
+  books_ = books_.first(1);
   const std::string_view text = WithoutByteOrderMark(text_);
   const bool isDirectory = mapped_.options.format == quillkit::ImportFormatDirectory;
   rows_ = isDirectory ? DirectoryRows(text) : MailServerRows(text);
@@ -141,12 +137,12 @@ void ImportPlan::Convert(const TemporaryFile& source, const TemporaryFile& scrip
 }
 
 std::string ImportPlan::Script() const {
-  if (IsScript()) return ReadScript(file_);
+  if (IsScript()) return FoldedScript(text_);
   const quillkit::DeferredEnding whileFilesAreThere;
   const TemporaryFile source(RowsToSend());
   const TemporaryFile script("");
   Convert(source, script);
-  return ReadScript(script.path());
+  return FoldedScript(ReadImportFile(script.path()));
 }
 
 // The library leaves its script behind where it cannot be written; so one is written here first.

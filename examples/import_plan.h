@@ -63,7 +63,7 @@ class ImportPlan {
 
   std::string file_;
   bool isAdmin_;
-  std::string text_;  // of the file; not of a script
+  std::string text_;  // of the file
   MappedOptions mapped_ = {};
   std::span<const AddressBook> books_;  // those that it may fill for the administrator
   ImportRows rows_;                     // lies in text_

@@ -52,8 +52,7 @@ ImportRows DelimitedRows(std::string_view text, std::span<const std::int32_t> co
                          bool hasHeader);
 
 // A row is what begins with a "dn:" line, up to the next one, or a line of an entry that has none.
-// One with neither name nor address, in
-// which nothing is wrong, is passed over.
+// One with neither name nor address, in which nothing is wrong, is passed over.
 ImportRows DirectoryRows(std::string_view text);
 
 // A row is a mailbox's line, or one that may hold one behind a carriage return. Those of other
