@@ -2,15 +2,10 @@
 
 #include "simulator/status_codes.h"
 #include "tests/simulator/server_fixture.h"
+#include "tests/support/menu_item.h"
 
 namespace quillkit {
 namespace {
-
-CMenuItem MakeItem(std::string_view name) {
-  CMenuItem item;
-  item.SetName(name);
-  return item;
-}
 
 class BooksTest : public ServerTest {
  protected:

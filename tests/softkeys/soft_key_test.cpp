@@ -5,12 +5,12 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <string_view>
 
 #include "appliance/scanner.h"
 #include "bridge/the_agent.h"
 #include "simulator/simulator.h"
 #include "tests/softkeys/panel.h"
+#include "tests/support/menu_item.h"
 
 namespace quillkit {
 namespace {
@@ -20,12 +20,6 @@ using testing::IsEmpty;
 
 constexpr Status kFault = 11;
 constexpr Status kEarlier = 17;
-
-CMenuItem Item(std::string_view name) {
-  CMenuItem item;
-  item.SetName(name);
-  return item;
-}
 
 // A key Scan of the items B, C and D, here and on the server.
 class SoftKeyTest : public PanelTest {
@@ -40,7 +34,7 @@ class SoftKeyTest : public PanelTest {
   // Puts `count` items with numbers for names into the server's key, beside what is there.
   static void PutItems(int count) {
     for (int i = 0; i < count; ++i) {
-      const CMenuItem item = Item(std::to_string(1000 + i));
+      const CMenuItem item = MakeItem(std::to_string(1000 + i));
       SimulatorPutEntry(BookKind::kKeyItems, "Scan", nullptr, &item);
     }
   }
@@ -68,7 +62,7 @@ TEST_F(SoftKeyTest, ALoadGoesOnFromANameAndBackFromOne) {
   EXPECT_EQ(NamesOf(key_), (Names{"B", "C"}));
   EXPECT_THAT(TakeCalls(), ElementsAre("IMSPReadAB 512:Scan [C|*|0] 512 1",
                                        "IMSPReadAB 512:Scan [D|*|0] 512 0"));
-  CMenuItem added = Item("A");
+  CMenuItem added = MakeItem("A");
   EXPECT_EQ(key_.FastItemAdd(&added), 3) << "behind what stands at the block's end";
   EXPECT_EQ(NamesOf(key_), (Names{"B", "C", "A"}));
 }
@@ -100,7 +94,7 @@ TEST_F(SoftKeyTest, ALoadWithoutAnOwnerChangesNothingAndWithoutAScannerReadsNoth
 TEST_F(SoftKeyTest, FastAddEndsAt512CachedItems) {
   PutItems(508);
   key_.Load("Scan", &book_, {}, 1);
-  CMenuItem item = Item("X");
+  CMenuItem item = MakeItem("X");
   EXPECT_EQ(key_.FastItemAdd(&item), 512);
   TheAgent.SetError(kEarlier);
   TakeCalls();
@@ -115,7 +109,7 @@ TEST_F(SoftKeyTest, AnItemOfTheKeyItselfMayBeGiven) {
   EXPECT_EQ(key_.FastItemRename("C", key_.ItemAt(1)), 1);
   EXPECT_EQ(key_.ModifyMenuItem(key_.ItemAt(2), true), kNoError);
   EXPECT_EQ(key_.FastItemRemove(key_.ItemAt(0)), 2);
-  CMenuItem outside = Item("E");
+  CMenuItem outside = MakeItem("E");
   EXPECT_EQ(key_.FastItemAdd(&outside), 3);
   EXPECT_EQ(NamesOf(key_), (Names{"C", "D", "E"}));
 }
