@@ -15,16 +15,16 @@ set(shared ${CMAKE_INSTALL_DATADIR}/quillkit)
 # The headers, in the folders of this tree. What is one system's own stays here, but for the event
 # loop's functions.
 foreach(folder base platform bridge appliance softkeys books views lists import toolkit)
-  install(DIRECTORY ${folder} DESTINATION ${headers} COMPONENT Development
+  install(DIRECTORY src/${folder} DESTINATION ${headers} COMPONENT Development
           FILES_MATCHING PATTERN "*.h" PATTERN posix EXCLUDE PATTERN win32 EXCLUDE)
 endforeach()
 if(NOT WIN32)
-  install(FILES platform/posix/event_loop.h DESTINATION ${headers}/platform/posix
+  install(FILES src/platform/posix/event_loop.h DESTINATION ${headers}/platform/posix
           COMPONENT Development)
 endif()
-install(FILES capi/quillkit_c.h DESTINATION ${headers}/capi COMPONENT Development)
+install(FILES src/capi/quillkit_c.h DESTINATION ${headers}/capi COMPONENT Development)
 install(FILES simulator/simulator.h DESTINATION ${headers}/simulator COMPONENT Development)
-install(FILES toolkit/api.json DESTINATION ${shared} COMPONENT Development)
+install(FILES src/toolkit/api.json DESTINATION ${shared} COMPONENT Development)
 
 # The libraries.
 foreach(target Quillkit quillkit_classes IMSPAPI)
@@ -89,7 +89,7 @@ if(TARGET quillctl)
   file(RELATIVE_PATH libraries ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
   set_target_properties(quillctl PROPERTIES INSTALL_RPATH $ORIGIN/${libraries})
   install(TARGETS quillctl COMPONENT Tools)
-  install(DIRECTORY examples/data/ examples/python/ DESTINATION ${shared}/examples
+  install(DIRECTORY quillctl/data/ examples/python/ DESTINATION ${shared}/examples
           COMPONENT Tools FILES_MATCHING PATTERN "*.csv" PATTERN "*.ldif" PATTERN "*.py")
   if(NOT WIN32)
     install(FILES docs/quillctl.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT Tools)

@@ -19,7 +19,9 @@ target_compile_options(quillkit_options INTERFACE -Wall -Wextra -Wpedantic -Wcon
                        -Werror)
 # GCC 12 finds overlaps inside std::string's own code that cannot be.
 target_compile_options(quillkit_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
-target_include_directories(quillkit_options INTERFACE ${PROJECT_SOURCE_DIR})
+# "bridge/agent.h" is in src/, "simulator/simulator.h" and "quillctl/session.h" at the top.
+target_include_directories(quillkit_options INTERFACE ${PROJECT_SOURCE_DIR}/src
+                           ${PROJECT_SOURCE_DIR})
 if(QUILLKIT_SANITIZE)
   target_compile_options(quillkit_options INTERFACE -fsanitize=address,undefined
                          -fno-sanitize-recover=all -fno-omit-frame-pointer)
@@ -79,7 +81,7 @@ function(quillkit_versioned target)
   endif()
   set_target_properties(${target} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${interface})
   if(WIN32)
-    configure_file(${PROJECT_SOURCE_DIR}/platform/win32/version.rc.in ${target}_version.rc @ONLY)
+    configure_file(${PROJECT_SOURCE_DIR}/src/platform/win32/version.rc.in ${target}_version.rc @ONLY)
     add_library(${target}_version OBJECT ${CMAKE_CURRENT_BINARY_DIR}/${target}_version.rc)
     target_sources(${target} PRIVATE $<TARGET_OBJECTS:${target}_version>)
   endif()

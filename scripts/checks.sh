@@ -34,9 +34,9 @@ check_shared_object() {
 
 # check_shared_objects FOLDER: those of this tree that applications link.
 check_shared_objects() {
-  check_shared_object "$1/libQuillkit.so" toolkit/quillkit.def QuillkitDispatchEvents \
+  check_shared_object "$1/libQuillkit.so" src/toolkit/quillkit.def QuillkitDispatchEvents \
     QuillkitEventDescriptor
-  check_shared_object "$1/libquillkit_c.so" capi/quillkit_c.def
+  check_shared_object "$1/libquillkit_c.so" src/capi/quillkit_c.def
 }
 
 # check_dll FILE LIBRARY DEF [import]: it exports what the .def file names, which its import library
@@ -59,7 +59,7 @@ check_dll() {
 # check_headers CC CXX: each exported header is complete by itself and good under all warnings, and
 # that for C in C99 too.
 check_headers() {
-  local header strict=(-Wall -Wextra -Wpedantic -Wconversion -Werror -fsyntax-only -I.)
+  local header strict=(-Wall -Wextra -Wpedantic -Wconversion -Werror -fsyntax-only -Isrc)
   for header in toolkit/quillkit.h capi/quillkit_c.h; do
     "$2" -std=c++20 "${strict[@]}" -x c++ -include "$header" /dev/null || return 1
   done
@@ -70,7 +70,7 @@ check_headers() {
 
 # check_python_example FOLDER: the example in Python shows what it should on the simulated appliance.
 check_python_example() {
-  local expected=tests/examples/soft_keys.txt
+  local expected=examples/python/soft_keys.txt
   if ! python3 examples/python/soft_keys.py "$1/libquillkit_c.so" | diff "$expected" -; then
     echo "soft_keys.py: this differs (< to be shown, > shown)"
     return 1

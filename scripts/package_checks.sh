@@ -4,7 +4,7 @@
 # against an installed tree that was moved after it was installed.
 # shellcheck shell=bash
 
-quillkit_version=$(sed -n 's/^#define QUILLKIT_VERSION_[A-Z]* \([0-9]\)/\1/p' toolkit/version.h |
+quillkit_version=$(sed -n 's/^#define QUILLKIT_VERSION_[A-Z]* \([0-9]\)/\1/p' src/toolkit/version.h |
   paste -sd .)
 
 # check_packages FOLDER: what a native build folder installs and packs.

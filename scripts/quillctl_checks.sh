@@ -1,13 +1,13 @@
 # Runs quillctl on the simulated appliance as a user does; sourced by ./test.
 #
-# What it has to show stands in tests/examples/quillctl.txt: behind "$ quillctl " the arguments of a
+# What it has to show stands in tests/quillctl/quillctl.txt: behind "$ quillctl " the arguments of a
 # run, below them what it shows on both outputs, and its exit status. "$ set NAME=VALUE" sets a
 # variable of the environment for the runs behind it, and "$ show FILE" shows a file. Every run finds
 # the appliance as it is delivered, unless QUILLBOX_STATE is set. The password that fails is
 # "sesame", which nothing may show.
 # shellcheck shell=bash
 
-transcript=tests/examples/quillctl.txt
+transcript=tests/quillctl/quillctl.txt
 
 # check_quillctl FOLDER: whether the quillctl in the folder does what the transcript tells, does so
 # again, asks for passwords and completes commands.

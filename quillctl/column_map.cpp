@@ -1,0 +1,108 @@
+#include "quillctl/column_map.h"
+
+#include <algorithm>
+#include <charconv>
+#include <set>
+#include <system_error>
+
+#include "quillctl/displayed_text.h"
+#include "quillctl/failures.h"
+#include "quillctl/import_rows.h"
+
+namespace quillctl {
+namespace {
+
+std::int32_t ParseColumn(std::string_view text) {
+  std::int32_t column = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), column);
+  if (error == std::errc() && end == text.data() + text.size() && column >= -1) return column;
+  throw UsageError("in a map, " + Quoted(text) + " is neither a column's number nor -1");
+}
+
+bool LooksLikeNumber(std::string_view text) {
+  return text.find_first_not_of("-0123456789") == text.npos;
+}
+
+std::string Listed(const std::vector<std::string>& texts) {
+  std::string list;
+  for (const std::string& each : texts) list += (list.empty() ? "" : ", ") + Quoted(each);
+  return list.empty() ? "none" : list;
+}
+
+std::int32_t ColumnOf(const std::string& heading, const std::vector<std::string>& headings) {
+  const auto found = std::ranges::find(headings, heading);
+  const char* fault = nullptr;
+  if (found == headings.end()) {
+    fault = "no column has the heading ";
+  } else if (std::find(found + 1, headings.end(), heading) != headings.end()) {
+    fault = "more than one column has the heading ";
+  }
+  if (fault == nullptr) return static_cast<std::int32_t>(found - headings.begin());
+  throw UsageError(fault + Quoted(heading) + "; the file's headings: " + Listed(headings));
+}
+
+}  // namespace
+
+ColumnMap::ColumnMap(std::string_view text, const AddressBook& book)
+    : book_(book), sources_(book.fields.size()) {
+  if (text.find('=') == text.npos) {
+    TakeNumbers(text);
+  } else {
+    TakeFields(text);
+  }
+}
+
+void ColumnMap::TakeNumbers(std::string_view text) {
+  sources_.clear();
+  for (std::size_t comma = 0; comma != text.npos; text.remove_prefix(comma + 1)) {
+    comma = text.find(',');
+    sources_.push_back({ParseColumn(text.substr(0, comma))});
+    if (comma == text.npos) break;
+  }
+  if (sources_.size() == book_.fields.size()) return;
+  throw UsageError("a map for the " + std::string(book_.title) + " has " +
+                   std::to_string(book_.fields.size()) + " columns");
+}
+
+void ColumnMap::TakeFields(std::string_view text) {
+  if (std::ranges::count(text, '"') % 2 != 0) {
+    throw UsageError("in a map, a double quote is not closed");
+  }
+  std::set<std::string> words;
+  for (const std::string& each : DelimitedFields(text)) {
+    const std::size_t equals = each.find('=');
+    const std::string word = each.substr(0, equals);
+    Source& source = OfField(word);
+    const std::string from = equals == each.npos ? "" : each.substr(equals + 1);
+    if (from.empty()) throw UsageError("in a map, " + Quoted(word) + " has no column");
+    if (!words.insert(word).second) throw UsageError("a map has " + Quoted(word) + " twice");
+    if (LooksLikeNumber(from)) {
+      source.column = ParseColumn(from);
+    } else {
+      source.heading = from;
+    }
+  }
+}
+
+ColumnMap::Source& ColumnMap::OfField(const std::string& word) {
+  std::vector<std::string> words;
+  for (const std::string& each : book_.fields) words.push_back(InSmallLetters(each));
+  const auto found = std::ranges::find(words, word);
+  if (found != words.end()) return sources_[static_cast<std::size_t>(found - words.begin())];
+  throw UsageError("in a map, " + Quoted(word) + " is no field of the " + std::string(book_.title) +
+                   "; its fields: " + Listed(words));
+}
+
+bool ColumnMap::HasHeadings() const {
+  return std::ranges::any_of(sources_, [](const Source& each) { return !each.heading.empty(); });
+}
+
+std::vector<std::int32_t> ColumnMap::Columns(const std::vector<std::string>& headings) const {
+  std::vector<std::int32_t> columns;
+  for (const Source& each : sources_) {
+    columns.push_back(each.heading.empty() ? each.column : ColumnOf(each.heading, headings));
+  }
+  return columns;
+}
+
+}  // namespace quillctl

@@ -1,0 +1,187 @@
+#include "quillctl/completion.h"
+
+#include <algorithm>
+
+namespace quillctl {
+namespace {
+
+using Words = std::vector<std::string>;
+
+std::string Joined(const Words& words, const char* between) {
+  return CLI::detail::join(words, between);
+}
+
+bool TakesValue(const CLI::Option& option) {
+  return option.get_items_expected_max() > 0;
+}
+
+// The words that an argument is one of: its type is shown as "TEXT:{csv,mail}". None for any value.
+Words Choices(const CLI::Option& option) {
+  const std::string type = option.get_type_name();
+  const std::size_t from = type.find('{');
+  if (from == type.npos) return {};
+  return CLI::detail::split(type.substr(from + 1, type.find('}') - from - 1), ',');
+}
+
+// All options and positional arguments; --help as one of the program alone.
+std::vector<const CLI::Option*> Arguments(const CLI::App& app) {
+  return app.get_options([&app](const CLI::Option* each) {
+    return app.get_parent() == nullptr || each != app.get_help_ptr();
+  });
+}
+
+std::vector<const CLI::App*> CommandsOf(const CLI::App& app) {
+  return app.get_subcommands(nullptr);
+}
+
+Words CommandNames(const CLI::App& app) {
+  Words names;
+  for (const CLI::App* each : CommandsOf(app)) names.push_back(each->get_name());
+  return names;
+}
+
+// What may stand behind the command itself, or behind the program: options and, of positional
+// arguments, the choices.
+Words WordsOf(const CLI::App& app) {
+  Words words;
+  for (const CLI::Option* each : Arguments(app)) {
+    if (each->nonpositional()) {
+      words.push_back("--" + each->get_lnames().front());
+    } else {
+      for (const std::string& choice : Choices(*each)) words.push_back(choice);
+    }
+  }
+  return words;
+}
+
+// The options with a value, of the program and of all commands; each name once.
+std::vector<const CLI::Option*> OptionsWithValue(const CLI::App& app) {
+  std::vector<const CLI::App*> apps = CommandsOf(app);
+  apps.insert(apps.begin(), &app);
+  std::vector<const CLI::Option*> found;
+  const auto has = [&found](const CLI::Option* option) {
+    return std::ranges::any_of(found, [option](const CLI::Option* each) {
+      return each->get_lnames() == option->get_lnames();
+    });
+  };
+  for (const CLI::App* each : apps) {
+    for (const CLI::Option* option : Arguments(*each)) {
+      if (option->nonpositional() && TakesValue(*option) && !has(option)) found.push_back(option);
+    }
+  }
+  return found;
+}
+
+// It looks for the command among the words before the one to complete, past the values of options.
+constexpr const char* kBashScript =
+    R"script(# Completes quillctl's commands and options. In bash: eval "$(quillctl completion bash)"
+_quillctl() {
+  local command='' before='' each words
+  for each in "${COMP_WORDS[@]:1:$((COMP_CWORD - 1))}"; do
+    case $before in
+      @VALUED@) ;;
+      *) case $command$each in @COMMANDS@) command=$each ;; esac ;;
+    esac
+    before=$each
+  done
+  case "$command $before" in
+@CASES@
+  esac
+  COMPREPLY=($(compgen -W "$words" -- "${COMP_WORDS[COMP_CWORD]}"))
+}
+complete -o default -F _quillctl quillctl
+)script";
+
+// The case of a shell's case statement.
+std::string Case(const std::string& pattern, const Words& words) {
+  return "    " + pattern + ") words='" + Joined(words, " ") + "' ;;\n";
+}
+
+std::string BashScript(const CLI::App& app) {
+  Words withValue;
+  std::string cases;
+  for (const CLI::Option* each : OptionsWithValue(app)) {
+    withValue.push_back("--" + each->get_lnames().front());
+    const Words choices = Choices(*each);
+    if (!choices.empty()) cases += Case("*" + withValue.back(), choices);
+  }
+  cases += Case("*" + Joined(withValue, "|*"), {});
+  Words general = WordsOf(app);
+  for (const CLI::App* each : CommandsOf(app)) {
+    Words words = WordsOf(*each);
+    words.insert(words.end(), general.begin(), general.end());
+    cases += Case(each->get_name() + "\\ *", words);
+  }
+  const Words names = CommandNames(app);
+  general.insert(general.begin(), names.begin(), names.end());
+  cases += Case("*", general);
+  std::string script = kBashScript;
+  script = CLI::detail::find_and_replace(script, "@VALUED@", Joined(withValue, "|"));
+  script = CLI::detail::find_and_replace(script, "@COMMANDS@", Joined(names, "|"));
+  return CLI::detail::find_and_replace(script, "@CASES@\n", cases);
+}
+
+std::string ZshScript(const CLI::App& app) {
+  return "(( $+functions[compdef] )) || { autoload -U +X compinit && compinit; }\n"
+         "autoload -U +X bashcompinit && bashcompinit\n" +
+         BashScript(app);
+}
+
+// A text between fish's single quotes.
+std::string FishText(const std::string& text) {
+  std::string quoted = "'";
+  for (const char c : text) {
+    if (c == '\'' || c == '\\') quoted += '\\';
+    quoted += c;
+  }
+  return quoted + '\'';
+}
+
+// The lines for the words of the program or of a command, where the condition holds.
+std::string FishLines(const CLI::App& app, const std::string& condition) {
+  std::string lines;
+  for (const CLI::Option* each : Arguments(app)) {
+    const std::string choices = Joined(Choices(*each), " ");
+    const bool isOption = each->nonpositional();
+    if (!isOption && choices.empty()) continue;
+    lines += "complete -c quillctl" + condition;
+    if (isOption) lines += " -l " + each->get_lnames().front();
+    if (isOption && TakesValue(*each)) lines += " -r";
+    if (!choices.empty()) lines += " -f -a " + FishText(choices);
+    lines += " -d " + FishText(each->get_description()) + '\n';
+  }
+  return lines;
+}
+
+std::string FishScript(const CLI::App& app) {
+  std::string script = FishLines(app, "");
+  for (const CLI::App* each : CommandsOf(app)) {
+    script += "complete -c quillctl -n __fish_use_subcommand -f -a " + each->get_name() + " -d " +
+              FishText(each->get_description()) + '\n';
+    script += FishLines(*each, " -n '__fish_seen_subcommand_from " + each->get_name() + "'");
+  }
+  return script;
+}
+
+struct Shell {
+  const char* name;
+  std::string (*script)(const CLI::App& app);
+};
+constexpr Shell kShells[] = {{"bash", BashScript}, {"zsh", ZshScript}, {"fish", FishScript}};
+
+}  // namespace
+
+std::vector<std::string> CompletionShells() {
+  Words names;
+  for (const Shell& each : kShells) names.emplace_back(each.name);
+  return names;
+}
+
+std::string CompletionScript(const CLI::App& app, const std::string& shell) {
+  for (const Shell& each : kShells) {
+    if (shell == each.name) return each.script(app);
+  }
+  return {};
+}
+
+}  // namespace quillctl

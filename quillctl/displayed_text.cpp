@@ -1,0 +1,103 @@
+#include "quillctl/displayed_text.h"
+
+#include <algorithm>
+
+namespace quillctl {
+namespace {
+
+// What well-formed UTF-8 has behind a lead byte: a second byte within bounds of its own, which rule
+// out overlong forms, surrogates and what lies above U+10FFFF, and then bytes of 80 to BF.
+struct Lead {
+  unsigned char first, last;
+  unsigned char secondFirst, secondLast;
+  std::size_t length;
+};
+
+constexpr Lead kLeads[] = {
+    {0xC2, 0xDF, 0x80, 0xBF, 2}, {0xE0, 0xE0, 0xA0, 0xBF, 3}, {0xE1, 0xEC, 0x80, 0xBF, 3},
+    {0xED, 0xED, 0x80, 0x9F, 3}, {0xEE, 0xEF, 0x80, 0xBF, 3}, {0xF0, 0xF0, 0x90, 0xBF, 4},
+    {0xF1, 0xF3, 0x80, 0xBF, 4}, {0xF4, 0xF4, 0x80, 0x8F, 4},
+};
+
+unsigned char Byte(std::string_view text, std::size_t at) {
+  return static_cast<unsigned char>(text[at]);
+}
+
+bool IsContinuation(char byte) {
+  return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
+
+// The bytes of the UTF-8 character that the text, which is not empty, begins with; 0 for none.
+std::size_t CharacterLength(std::string_view text) {
+  const unsigned char first = Byte(text, 0);
+  if (first < 0x80) return 1;
+  const auto* lead = std::ranges::find_if(
+      kLeads, [first](const Lead& each) { return first >= each.first && first <= each.last; });
+  if (lead == std::end(kLeads) || text.size() < lead->length) return 0;
+  const unsigned char second = Byte(text, 1);
+  if (second < lead->secondFirst || second > lead->secondLast) return 0;
+  return std::ranges::all_of(text.substr(2, lead->length - 2), IsContinuation) ? lead->length : 0;
+}
+
+}  // namespace
+
+bool IsUtf8(std::string_view text) {
+  while (!text.empty()) {
+    const std::size_t length = CharacterLength(text);
+    if (length == 0) return false;
+    text.remove_prefix(length);
+  }
+  return true;
+}
+
+std::string Utf8FromLatin1(std::string_view text) {
+  std::string utf8;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const unsigned char byte = Byte(text, i);
+    if (byte >= 0x80) utf8 += static_cast<char>(0xC0 | (byte >> 6));
+    utf8 += byte >= 0x80 ? static_cast<char>(0x80 | (byte & 0x3F)) : text[i];
+  }
+  return utf8;
+}
+
+std::string Utf8Text(std::string_view text) {
+  return IsUtf8(text) ? std::string(text) : Utf8FromLatin1(text);
+}
+
+namespace {
+
+// The number of a control character, or -1. Those of 128 to 159 are C2 80 to C2 9F.
+int ControlNumber(std::string_view character) {
+  const unsigned char first = Byte(character, 0);
+  if (first < 0x20 || first == 0x7F) return first;
+  return first == 0xC2 && Byte(character, 1) < 0xA0 ? Byte(character, 1) : -1;
+}
+
+}  // namespace
+
+std::string DisplayedText(std::string_view text) {
+  constexpr char kDigits[] = "0123456789ABCDEF";
+  const std::string utf8 = Utf8Text(text);
+  std::string displayed;
+  for (std::string_view rest = utf8; !rest.empty();) {
+    const std::string_view character = rest.substr(0, CharacterLength(rest));
+    rest.remove_prefix(character.size());
+    if (const int number = ControlNumber(character); number >= 0) {
+      displayed += {'\\', 'x', kDigits[number >> 4], kDigits[number & 0xF]};
+    } else {
+      displayed += character;
+    }
+  }
+  return displayed;
+}
+
+std::string Quoted(std::string_view text) {
+  return '"' + DisplayedText(text) + '"';
+}
+
+std::size_t DisplayedWidth(std::string_view displayed) {
+  return displayed.size() -
+         static_cast<std::size_t>(std::ranges::count_if(displayed, IsContinuation));
+}
+
+}  // namespace quillctl

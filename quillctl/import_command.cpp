@@ -1,0 +1,154 @@
+#include "quillctl/import_command.h"
+
+#include <algorithm>
+#include <iostream>
+#include <set>
+
+#include "quillctl/failures.h"
+#include "quillctl/import_faults.h"
+#include "quillctl/import_file.h"
+#include "quillctl/import_plan.h"
+#include "quillctl/import_report.h"
+#include "quillctl/rejected_rows.h"
+#include "quillctl/stored_books.h"
+#include "platform/ending.h"
+
+namespace quillctl {
+namespace {
+
+using Contents = std::vector<std::vector<Row>>;
+
+// What the books hold, one after the other; nothing where nobody can look into them.
+Contents ReadAll(const StoredBooks& stored, std::span<const AddressBook> books,
+                 const std::string& user) {
+  Contents contents;
+  if (!stored.CanLook()) return contents;
+  for (const AddressBook& each : books) contents.push_back(stored.Read(each, user));
+  return contents;
+}
+
+// Drops the rows that were there before.
+std::vector<Row> Arrived(std::vector<Row> now, const std::vector<Row>& before) {
+  const std::set<Row> known(before.begin(), before.end());
+  std::erase_if(now, [&](const Row& row) { return known.contains(row); });
+  return now;
+}
+
+void ShowBook(const AddressBook& book, const std::vector<Row>& before, const std::vector<Row>& now,
+              std::size_t shown) {
+  std::vector<Row> arrived = Arrived(now, before);
+  std::cout << "The " << book.title << " held " << before.size() << " entries and holds "
+            << now.size() << "; " << arrived.size() << " are new or changed";
+  arrived.resize(std::min(arrived.size(), shown));
+  std::cout << (arrived.empty() ? ".\n" : ", beginning with:\n");
+  if (arrived.empty()) return;
+  TextTable table(book.fields);
+  for (Row& row : arrived) table.AddRow(book.Shown(std::move(row)));
+  table.Print(std::cout);
+}
+
+// A batch that fails leaves on the appliance what it had carried out.
+[[noreturn]] void ThrowRefused(std::int32_t status, const ImportPlan& plan, std::size_t sent,
+                               const std::string& file, const Contents& before,
+                               const Contents& now) {
+  std::string text = "cannot import " + file + ": " + CodeAndText(status);
+  if (now.empty() || plan.IsScript())
+    throw Refusal(text + "; what was carried out before it stays");
+  throw Refusal(text + "; of the " + std::to_string(sent) + " rows that were sent " +
+                std::to_string(plan.rows().Entries()) + " are entries; the " +
+                std::string(plan.books().front().title) + " held " +
+                std::to_string(before.front().size()) + " entries and holds " +
+                std::to_string(now.front().size()));
+}
+
+// Gives a fault to the rows that were sent and did not become entries, as far as the books show it;
+// nobody knows it of rows that were refused where they cannot be seen.
+void FindLost(ImportPlan& plan, std::int32_t status, const Contents& now) {
+  if (plan.IsScript() || (status == 0 && now.empty())) return;
+  FindAbsent(plan.rows().rows, now.empty() ? std::span<const Row>() : now.front(),
+             status == 0 ? "the appliance took the row, but has no such entry"
+                         : "the appliance refused the import, and shows no such entry");
+}
+
+// Tells what became of the rows in front of what the books show.
+void ShowRows(const ImportPlan& plan, const ImportRequest& request, bool isSeen) {
+  if (request.json) {
+    ShowImportJson(plan.rows(), isSeen);
+  } else {
+    ShowImportSummary(WithoutFolder(request.file), plan.rows(), isSeen);
+    ShowFaults(plan.rows(), request.faultsShown);
+  }
+}
+
+void ShowBooks(const ImportPlan& plan, const ImportRequest& request, const Contents& before,
+               const Contents& now) {
+  if (now.empty()) {
+    std::cout << "What arrived cannot be shown: this server library is not the simulated one.\n";
+  }
+  for (std::size_t i = 0; i < now.size(); ++i) {
+    ShowBook(plan.books()[i], before[i], now[i], request.shown);
+  }
+}
+
+void WriteRejects(const ImportPlan& plan, const ImportRequest& request) {
+  if (!request.rejects.empty()) WriteRejectedRows(request.rejects, request.file, plan.rows());
+}
+
+// Imports what the plan has, and gives the rows that did not become entries their faults.
+void Import(ImportPlan& plan, const ImportRequest& request, const Session& session) {
+  const quillkit::DeferredEnding toTheEnd;
+  const StoredBooks stored;
+  const std::string file = WithoutFolder(request.file);
+  const std::size_t sent = plan.rows().Entries();
+  const Contents before = ReadAll(stored, plan.books(), session.user());
+  const std::int32_t status = plan.Send(session.scanner());
+  const Contents now = ReadAll(stored, plan.books(), session.user());
+  FindLost(plan, status, now);
+  if (plan.rows().Entries() != sent) WriteRejects(plan, request);
+  if (!plan.IsScript()) {
+    ShowRows(plan, request, stored.CanLook());
+  } else if (status == 0) {
+    std::cout << "Imported " << file << ".\n";
+  }
+  if (status != 0) ThrowRefused(status, plan, sent, file, before, now);
+  if (!request.json) ShowBooks(plan, request, before, now);
+}
+
+// With nothing to send, a book would at most be cleared.
+void RequireEntries(const ImportPlan& plan, const ImportRequest& request) {
+  if (plan.IsScript() || plan.rows().Entries() != 0) return;
+  if (request.json) {
+    ShowImportJson(plan.rows(), true);
+  } else {
+    ShowFaults(plan.rows(), request.faultsShown);
+  }
+  throw Refusal("no row of " + WithoutFolder(request.file) +
+                " can become an entry; nothing was sent");
+}
+
+}  // namespace
+
+void RunImport(const ImportRequest& request, const Credentials& credentials) {
+  ImportPlan plan(request, credentials.user == kAdministrator);
+  WriteRejects(plan, request);
+  RequireEntries(plan, request);
+  if (request.dryRun) {
+    std::cout << plan.Script();
+    ShowFaults(plan.rows(), plan.rows().rows.size());
+  } else {
+    const Session session(credentials);
+    Import(plan, request, session);
+  }
+  const std::size_t rejected = plan.rows().Rejected();
+  if (rejected == 0) return;
+  throw PartialFailure(std::to_string(rejected) + " of " + std::to_string(plan.rows().rows.size()) +
+                       " rows " + (request.dryRun ? "can become no entries" : "became no entries"));
+}
+
+void ImportAsPartOfSession(const ImportRequest& request, const Session& session) {
+  ImportPlan plan(request, quillkit::IsAdminConnected(session.scanner()) != 0);
+  RequireEntries(plan, request);
+  Import(plan, request, session);
+}
+
+}  // namespace quillctl

@@ -1,0 +1,85 @@
+#include "quillctl/import_faults.h"
+
+#include <algorithm>
+#include <map>
+#include <string_view>
+
+#include "import/script.h"
+
+namespace quillctl {
+namespace {
+
+class EntryFit {
+ public:
+  EntryFit(const AddressBook& book, bool isAdmin, std::span<const std::int32_t> columns)
+      : book_(book),
+        script_(*quillkit::FindScriptBook(book.target)),
+        isAdmin_(isAdmin),
+        columns_(columns) {}
+
+  // What is wrong with the values of a row, or an empty text.
+  std::string Fault(const Row& values) const {
+    const std::size_t sent = isAdmin_ ? script_.fieldCount : kFieldsOfPair;
+    for (std::size_t i = 0; i < sent; ++i) {
+      const std::string fault = FieldFault(i, values[i]);
+      if (!fault.empty()) return "the " + InSmallLetters(book_.fields[i]) + ' ' + fault;
+    }
+    return {};
+  }
+
+ private:
+  std::string FieldFault(std::size_t field, std::string_view value) const {
+    const std::size_t width = script_.widths[field];
+    if (value.size() > width) return "is longer than " + std::to_string(width) + " characters";
+    if (value.find('\n') != value.npos) return "does not end before the line does";
+    if (isAdmin_ && value.find('"') != value.npos) return "has a double quote in it";
+    const bool isEmpty = value.find_first_not_of(" \t\r") == value.npos;
+    return isEmpty && IsNeeded(field) ? "is empty" : "";
+  }
+
+  bool IsNeeded(std::size_t field) const {
+    if (field == 0) return true;
+    return field < book_.needed && (columns_.empty() || columns_[field] >= 0);
+  }
+
+  const AddressBook& book_;
+  const quillkit::ScriptBook& script_;
+  const bool isAdmin_;
+  const std::span<const std::int32_t> columns_;
+};
+
+// Whether the entry has the values, as far as it shows them: a private book's has but two.
+bool IsEntryOf(const Row& values, const Row& entry) {
+  for (std::size_t i = 0; i < std::min(values.size(), entry.size()); ++i) {
+    if (values[i] != entry[i]) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+void FindFaults(std::vector<ImportRow>& rows, const AddressBook& book, bool isAdmin,
+                std::span<const std::int32_t> columns) {
+  const EntryFit fit(book, isAdmin, columns);
+  std::map<std::string_view, std::size_t> lineOfName;
+  for (ImportRow& row : rows) {
+    if (row.fault.empty()) row.fault = fit.Fault(row.values);
+    if (!row.fault.empty()) continue;
+    const auto [first, isNew] = lineOfName.try_emplace(row.values.front(), row.line);
+    if (!isNew) row.fault = "the name is that of line " + std::to_string(first->second);
+  }
+}
+
+void FindAbsent(std::vector<ImportRow>& rows, std::span<const Row> entries, std::string_view why) {
+  std::map<std::string_view, const Row*> entryOfName;
+  for (const Row& entry : entries) entryOfName[entry.front()] = &entry;
+  for (ImportRow& row : rows) {
+    if (!row.fault.empty()) continue;
+    const auto found = entryOfName.find(row.values.front());
+    if (found == entryOfName.end() || !IsEntryOf(row.values, *found->second)) {
+      row.fault = why;
+    }
+  }
+}
+
+}  // namespace quillctl

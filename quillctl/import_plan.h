@@ -1,0 +1,74 @@
+// An import made ready: the file is read, and it is settled which of its rows are sent.
+
+#ifndef QUILLKIT_EXAMPLES_IMPORT_PLAN_H_
+#define QUILLKIT_EXAMPLES_IMPORT_PLAN_H_
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "quillctl/address_books.h"
+#include "quillctl/import_request.h"
+#include "quillctl/import_rows.h"
+#include "quillctl/temporary_file.h"
+#include "toolkit/quillkit.h"
+
+namespace quillctl {
+
+// The formats of files by the names that the command line has for them.
+std::vector<std::string> ImportFormatWords();
+
+class ImportPlan {
+ public:
+  // `isAdmin` tells whether ADMINISTRATOR is to send it. Throws a UsageError for what does not fit
+  // the format, for a map that fits the book or the file's headings not, and for a file that cannot
+  // be read.
+  ImportPlan(const ImportRequest& request, bool isAdmin);
+  ImportPlan(const ImportPlan&) = delete;
+  ImportPlan& operator=(const ImportPlan&) = delete;
+
+  // A ready-made script has no rows, and goes to the appliance as it stands.
+  bool IsScript() const { return mapped_.options.format == quillkit::ImportFormatScript; }
+
+  // Those without a fault are sent.
+  ImportRows& rows() { return rows_; }
+  const ImportRows& rows() const { return rows_; }
+
+  // Those that it may fill.
+  std::span<const AddressBook> books() const { return isAdmin_ ? books_ : PrivateBook(); }
+
+  // The script that the appliance will get, its lines ended by LF. Throws a Refusal when the
+  // temporary files for it cannot be written.
+  std::string Script() const;
+
+  // Sends it. What ImportAddressBook gives. Throws a Refusal as Script() does. A program that ends
+  // in the meantime leaves files with the rows behind.
+  std::int32_t Send(quillkit::CScanner* scanner) const;
+
+ private:
+  // The options with room for as many columns as any book has fields.
+  static constexpr std::size_t kMostColumns = 4;
+  struct MappedOptions {
+    quillkit::ImportOptions options;
+    std::int32_t moreColumns[kMostColumns - 1];
+  };
+  static_assert(offsetof(MappedOptions, moreColumns) == sizeof(quillkit::ImportOptions));
+
+  void TakeDelimited(const ImportRequest& request);
+  void TakeOther(const ImportRequest& request);
+  std::string RowsToSend() const;
+  void Convert(const TemporaryFile& source, const TemporaryFile& script) const;
+
+  std::string file_;
+  bool isAdmin_;
+  std::string text_;  // of the file
+  MappedOptions mapped_ = {};
+  std::span<const AddressBook> books_;  // those that it may fill for the administrator
+  ImportRows rows_;                     // lies in text_
+};
+
+}  // namespace quillctl
+
+#endif  // QUILLKIT_EXAMPLES_IMPORT_PLAN_H_

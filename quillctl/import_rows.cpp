@@ -1,0 +1,147 @@
+#include "quillctl/import_rows.h"
+
+#include <algorithm>
+#include <numeric>
+#include <utility>
+
+#include "quillctl/import_file.h"
+#include "import/convert_delimited_text.h"
+#include "import/convert_mail_server_export.h"
+#include "import/line_reader.h"
+
+namespace quillctl {
+namespace {
+
+using quillkit::LineReader;
+
+constexpr const char* kSeparator = ",";
+
+constexpr std::int32_t kMailNameColumn = 3;
+
+bool HasOpenQuote(std::string_view text) {
+  return std::ranges::count(text, '"') % 2 != 0;
+}
+
+// The values of the columns, null where the line has no such column. They lie in `line`.
+std::vector<std::string_view> MappedValues(std::string& line,
+                                           std::span<const std::int32_t> columns) {
+  std::vector<std::string_view> values(columns.size());
+  quillkit::SplitMappedColumns(line.data(), columns, values, kSeparator);
+  return values;
+}
+
+// Whether the column has a quote that is doubled so that it stands for itself.
+bool HasDoubledQuote(std::string_view text, std::int32_t wanted) {
+  bool isQuoted = false;
+  std::int32_t column = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == *kSeparator && !isQuoted) ++column;
+    if (text[i] != '"') continue;
+    if (isQuoted && text.substr(i + 1).starts_with('"')) {
+      if (column == wanted) return true;
+      ++i;
+    } else {
+      isQuoted = !isQuoted;
+    }
+  }
+  return false;
+}
+
+ImportRow DelimitedRow(const FileLines& line, std::span<const std::int32_t> columns) {
+  ImportRow row{line.Number(), line.Bytes()};
+  row.fault = LineFault(line.Text());
+  if (!row.fault.empty()) return row;
+  std::string text(line.Text());
+  const std::vector<std::string_view> values = MappedValues(text, columns);
+  row.values.assign(values.begin(), values.end());
+  for (std::size_t i = 0; i < values.size() && row.fault.empty(); ++i) {
+    if (values[i].data() != nullptr || columns[i] < 0) continue;
+    row.fault = HasOpenQuote(line.Text()) ? "a double quote is not closed"
+                                          : "there is no column " + std::to_string(columns[i]);
+  }
+  return row;
+}
+
+// Whether the class of a line is that of mailboxes, be it in quotes.
+bool IsMailboxLine(std::string_view text) {
+  constexpr std::int32_t kClass[] = {0};
+  std::string line(text);
+  return MappedValues(line, kClass).front() == "Mailbox";
+}
+
+ImportRow MailServerRow(const FileLines& line) {
+  ImportRow row{line.Number(), line.Bytes()};
+  row.fault = LineFault(line.Text());
+  if (!row.fault.empty()) return row;
+  std::string text = line.Folded();
+  const quillkit::MailServerRow parts = quillkit::SplitMailServerRow(text);
+  if (!parts.isMailbox) {
+    row.fault = "its class is not the bare word Mailbox";
+  } else if (parts.name.data() == nullptr) {
+    row.fault = HasOpenQuote(line.Text()) ? "a double quote is not closed"
+                                          : "it ends before or with the name";
+  } else if (parts.address.data() == nullptr) {
+    row.fault = "it has no address: no \"SMTP:\" stands behind the name";
+  } else if (HasDoubledQuote(line.Text(), kMailNameColumn)) {
+    row.fault = "the name would be cut at a doubled quote";
+  } else {
+    row.values = {std::string(parts.name), std::string(parts.address)};
+  }
+  return row;
+}
+
+}  // namespace
+
+std::size_t ImportRows::Entries() const {
+  return static_cast<std::size_t>(
+      std::ranges::count_if(rows, [](const ImportRow& row) { return row.fault.empty(); }));
+}
+
+std::vector<std::string> DelimitedFields(std::string_view line) {
+  std::string text(line);
+  std::vector<std::int32_t> columns(
+      static_cast<std::size_t>(std::ranges::count(text, *kSeparator)) + 1);
+  std::iota(columns.begin(), columns.end(), 0);
+  std::vector<std::string> fields;
+  for (const std::string_view value : MappedValues(text, columns)) {
+    if (value.data() != nullptr) fields.emplace_back(value);
+  }
+  return fields;
+}
+
+std::string LineFault(std::string_view text) {
+  if (text.find('\0') != text.npos) return "it holds a NUL character";
+  if (text.find('\r') != text.npos) return kBareReturn;
+  if (text.size() < LineReader::kMaxLine) return {};
+  return "it is longer than " + std::to_string(LineReader::kMaxLine - 1) + " characters";
+}
+
+ImportRows DelimitedRows(std::string_view text, std::span<const std::int32_t> columns,
+                         bool hasHeader) {
+  ImportRows found;
+  for (FileLines lines(text); lines.Next();) {
+    if (lines.IsBlank()) continue;
+    if (hasHeader && found.header.empty()) {
+      found.header = lines.Bytes();
+    } else {
+      found.rows.push_back(DelimitedRow(lines, columns));
+    }
+  }
+  return found;
+}
+
+ImportRows MailServerRows(std::string_view text) {
+  ImportRows found;
+  for (FileLines lines(text); lines.Next();) {
+    if (lines.IsBlank()) continue;
+    if (IsMailboxLine(lines.Text()) || lines.Text().find('\r') != std::string_view::npos) {
+      found.rows.push_back(MailServerRow(lines));
+      continue;
+    }
+    if (found.rows.empty() && found.passedOver == 0) found.header = lines.Bytes();
+    ++found.passedOver;
+  }
+  return found;
+}
+
+}  // namespace quillctl

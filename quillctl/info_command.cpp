@@ -1,0 +1,42 @@
+#include "quillctl/info_command.h"
+
+#include <array>
+#include <bit>
+#include <iostream>
+
+#include "quillctl/json_output.h"
+#include "quillctl/text_table.h"
+
+namespace quillctl {
+
+std::string DottedAddress(std::uint32_t address) {
+  std::string text;
+  for (const unsigned char byte : std::bit_cast<std::array<unsigned char, 4>>(address)) {
+    if (!text.empty()) text += '.';
+    text += std::to_string(byte);
+  }
+  return text;
+}
+
+void ShowInfo(const Session& session, bool json) {
+  quillkit::CScanner* scanner = session.scanner();
+  const bool isAdmin = quillkit::IsAdminConnected(scanner) != 0;
+  const Row rows[] = {{"Name", quillkit::GetScannerName(scanner)},
+                      {"Address", DottedAddress(quillkit::GetScannerAddress(scanner))},
+                      {"Model", quillkit::GetScannerModel(scanner)},
+                      {"Version", quillkit::GetScannerVersion(scanner)},
+                      {"User", session.user()}};
+  if (json) {
+    Json info;
+    for (const Row& row : rows) info[InSmallLetters(row[0])] = Utf8Text(row[1]);
+    info["administrator"] = isAdmin;
+    PrintJson(info);
+    return;
+  }
+  TextTable table;
+  for (const Row& row : rows) table.AddRow(row);
+  table.AddRow({"Administrator", isAdmin ? "yes" : "no"});
+  table.Print(std::cout);
+}
+
+}  // namespace quillctl

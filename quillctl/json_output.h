@@ -1,0 +1,39 @@
+// What --json makes of the appliance's answers.
+
+#ifndef QUILLKIT_EXAMPLES_JSON_OUTPUT_H_
+#define QUILLKIT_EXAMPLES_JSON_OUTPUT_H_
+
+#include <nlohmann/json.hpp>
+
+#include <string>
+#include <string_view>
+
+#include "quillctl/displayed_text.h"
+#include "quillctl/item_fields.h"
+
+namespace quillctl {
+
+using Json = nlohmann::ordered_json;
+
+// An item's members under the words of kItemTexts and kItemNumbers; `text` makes UTF-8 of a text.
+template <class Text>
+Json ItemJson(const ItemFields& item, Text text) {
+  Json json;
+  for (const ItemText& each : kItemTexts) json[each.word] = text(item.*each.field);
+  for (const ItemNumber& each : kItemNumbers) json[each.word] = item.*each.field;
+  return json;
+}
+
+// The item as `items --json` shows it.
+inline Json ShownItem(const std::string& key, const ItemFields& item) {
+  Json json = {{"key", Utf8Text(key)}};
+  json.update(ItemJson(item, Utf8Text));
+  return json;
+}
+
+// Prints a value with a newline behind it.
+void PrintJson(const Json& json);
+
+}  // namespace quillctl
+
+#endif  // QUILLKIT_EXAMPLES_JSON_OUTPUT_H_

@@ -1,0 +1,198 @@
+#include "quillctl/key_set_json.h"
+
+#include <algorithm>
+#include <functional>
+#include <initializer_list>
+#include <limits>
+#include <set>
+
+#include "quillctl/displayed_text.h"
+#include "quillctl/failures.h"
+#include "quillctl/json_output.h"
+
+namespace quillctl {
+namespace {
+
+constexpr const char* kFormatMember = "quillbox-keys";
+constexpr const char* kUtf8 = "utf-8";
+constexpr const char* kLatin1 = "latin-1";
+
+bool HoldsUtf8(const ItemFields& item) {
+  return std::ranges::all_of(kItemTexts,
+                             [&](const ItemText& text) { return IsUtf8(item.*text.field); });
+}
+
+bool HoldsUtf8(const KeySet& keys) {
+  return std::ranges::all_of(keys, [](const KeyFields& key) {
+    return IsUtf8(key.name) &&
+           std::ranges::all_of(key.items, [](const ItemFields& item) { return HoldsUtf8(item); });
+  });
+}
+
+// One byte a character, or a UsageError.
+std::string Latin1FromUtf8(const std::string& utf8, const std::string& where) {
+  std::string text;
+  for (std::size_t i = 0; i < utf8.size(); ++i) {
+    const auto byte = static_cast<unsigned char>(utf8[i]);
+    if (byte > 0xC3) throw UsageError(where + " has a character that latin-1 lacks");
+    text += byte < 0x80 ? utf8[i] : static_cast<char>((byte & 3) << 6 | (utf8[++i] & 0x3F));
+  }
+  return text;
+}
+
+// Refuses, while the file is parsed, what the parser would take: it lets the later of two members
+// of one name stand, and spends much time on very many of them and memory on depth.
+class ParseGuard {
+ public:
+  bool operator()(int depth, Json::parse_event_t event, const Json& parsed) {
+    using Event = Json::parse_event_t;
+    if (depth > kMostDepth) throw UsageError("the file is nested too deep");
+    if (event == Event::object_start) names_.emplace_back();
+    if (event == Event::object_end) names_.pop_back();
+    if (event == Event::key) Take(parsed.get<std::string>());
+    return true;
+  }
+
+ private:
+  static constexpr int kMostDepth = 8;
+  static constexpr std::size_t kMostMembers = 16;
+
+  void Take(const std::string& name) {
+    std::set<std::string>& names = names_.back();
+    if (!names.insert(name).second) {
+      throw UsageError("an object of the file has two members " + Quoted(name));
+    }
+    if (names.size() > kMostMembers) throw UsageError("an object of the file has too many members");
+  }
+
+  std::vector<std::set<std::string>> names_;  // of the objects that are open
+};
+
+// Reads the values of a file that is JSON. `where` is what a value is called in a failure.
+class Reader {
+ public:
+  KeySet Read(const Json& file) {
+    RequireMembers(file, "the file", {kFormatMember, "encoding", "keys"});
+    if (file.value(kFormatMember, Json()) != Json(1)) {
+      throw UsageError("the file has no \"quillbox-keys\": 1");
+    }
+    const Json encoding = file.value("encoding", Json(kUtf8));
+    isLatin1_ = encoding == Json(kLatin1);
+    if (!isLatin1_ && encoding != Json(kUtf8)) {
+      throw UsageError("the file's \"encoding\" is neither \"utf-8\" nor \"latin-1\"");
+    }
+    KeySet keys;
+    std::set<std::string> names;
+    for (const Json& each : List(file, "keys", "the file", kMostKeys)) {
+      const std::string where = "key " + std::to_string(keys.size() + 1);
+      keys.push_back(Key(each, where));
+      if (!names.insert(keys.back().name).second) throw UsageError(where + " is there twice");
+    }
+    return keys;
+  }
+
+ private:
+  static void RequireMembers(const Json& object, const std::string& where,
+                             const std::vector<std::string>& known) {
+    if (!object.is_object()) throw UsageError(where + " is no object");
+    for (const auto& [name, value] : object.items()) {
+      if (std::ranges::find(known, name) != known.end()) continue;
+      throw UsageError(where + " has an unknown member " + Quoted(name));
+    }
+  }
+
+  static const Json& List(const Json& object, const char* member, const std::string& where,
+                          std::size_t most) {
+    const auto found = object.find(member);
+    if (found == object.end() || !found->is_array()) {
+      throw UsageError(where + " has no list \"" + member + "\"");
+    }
+    if (found->size() > most) {
+      throw UsageError(where + " has more than " + std::to_string(most) + " " + member);
+    }
+    return *found;
+  }
+
+  KeyFields Key(const Json& json, const std::string& where) const {
+    RequireMembers(json, where, {"name", "items"});
+    KeyFields key{Text(json, "name", where, kItemTexts[0].limit), {}};
+    if (key.name.empty()) throw UsageError(where + " has no name");
+    std::set<std::string> names;
+    for (const Json& each : List(json, "items", where, kMostItems)) {
+      const std::string item = where + ", item " + std::to_string(key.items.size() + 1);
+      key.items.push_back(Item(each, item));
+      if (!names.insert(key.items.back().name).second) throw UsageError(item + " is there twice");
+    }
+    return key;
+  }
+
+  ItemFields Item(const Json& json, const std::string& where) const {
+    std::vector<std::string> known;
+    for (const ItemText& each : kItemTexts) known.emplace_back(each.word);
+    for (const ItemNumber& each : kItemNumbers) known.emplace_back(each.word);
+    RequireMembers(json, where, known);
+    ItemFields item;
+    for (const ItemText& each : kItemTexts) {
+      item.*each.field = Text(json, each.word, where, each.limit);
+    }
+    for (const ItemNumber& each : kItemNumbers) item.*each.field = Number(json, each.word, where);
+    if (item.name.empty()) throw UsageError(where + " has no name");
+    return item;
+  }
+
+  std::string Text(const Json& object, const char* member, const std::string& where,
+                   std::size_t limit) const {
+    const std::string what = where + ": its " + member;
+    const Json value = object.value(member, Json(""));
+    if (!value.is_string()) throw UsageError(what + " is no text");
+    std::string text = value.get<std::string>();
+    if (isLatin1_) text = Latin1FromUtf8(text, what);
+    if (text.find('\0') != text.npos) throw UsageError(what + " holds a character 0");
+    if (text.size() <= limit) return text;
+    throw UsageError(what + " has more than " + std::to_string(limit) + " characters");
+  }
+
+  static std::uint32_t Number(const Json& object, const char* member, const std::string& where) {
+    const Json value = object.value(member, Json(0U));
+    if (value.is_number_unsigned() &&
+        value.get<std::uint64_t>() <= std::numeric_limits<std::uint32_t>::max()) {
+      return value.get<std::uint32_t>();
+    }
+    throw UsageError(where + ": its " + member + " is no number from 0 to 4294967295");
+  }
+
+  bool isLatin1_ = false;
+};
+
+}  // namespace
+
+std::string JsonOf(const KeySet& keys) {
+  const bool isUtf8 = HoldsUtf8(keys);
+  const auto text = [isUtf8](const std::string& bytes) {
+    return isUtf8 ? bytes : Utf8FromLatin1(bytes);
+  };
+  Json list = Json::array();
+  for (const KeyFields& key : keys) {
+    Json items = Json::array();
+    for (const ItemFields& item : key.items) items.push_back(ItemJson(item, text));
+    list.push_back({{"name", text(key.name)}, {"items", items}});
+  }
+  const Json file = {
+      {kFormatMember, 1}, {"encoding", isUtf8 ? kUtf8 : kLatin1}, {"keys", std::move(list)}};
+  return file.dump(2) + '\n';
+}
+
+KeySet ParseKeySet(std::string_view json) {
+  Json file;
+  ParseGuard guard;
+  try {
+    file = Json::parse(json, std::ref(guard));
+  } catch (const Json::parse_error& error) {
+    const std::string_view read = json.substr(0, std::min(error.byte, json.size()));
+    throw UsageError("line " + std::to_string(1 + std::ranges::count(read, '\n')) +
+                     " of the file is not JSON");
+  }
+  return Reader().Read(file);
+}
+
+}  // namespace quillctl

@@ -1,0 +1,43 @@
+#include "quillctl/text_file.h"
+
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <utility>
+
+#include "quillctl/displayed_text.h"
+#include "quillctl/failures.h"
+#include "platform/written_file.h"
+
+namespace quillctl {
+
+std::optional<std::string> ReadBytes(const std::string& path, std::size_t most) {
+  std::ifstream file(path, std::ios::binary);
+  std::string bytes;
+  std::array<char, 65536> block = {};
+  while (bytes.size() <= most && !file.read(block.data(), block.size()).bad() &&
+         file.gcount() > 0) {
+    bytes.append(block.data(), static_cast<std::size_t>(file.gcount()));
+  }
+  if (!file.is_open() || file.bad()) return std::nullopt;
+  return bytes;
+}
+
+std::string ReadTextFile(const std::string& path, std::size_t most) {
+  std::optional<std::string> text = ReadBytes(path, most);
+  if (!text) throw UsageError("cannot read " + Quoted(path));
+  if (text->size() > most) throw UsageError(Quoted(path) + " is too large");
+  return std::move(*text);
+}
+
+void WriteTextFile(const std::string& path, const std::string& text) {
+  std::error_code failure;
+  const auto found = std::filesystem::status(path, failure);
+  if (std::filesystem::exists(found) && !std::filesystem::is_regular_file(found)) {
+    if (!quillkit::WriteFileInPlace(path, text)) throw Refusal("cannot write " + Quoted(path));
+  } else if (!quillkit::WriteFileWhole(path, text)) {
+    throw Refusal("cannot write " + Quoted(path) + "; what was there is as it was");
+  }
+}
+
+}  // namespace quillctl
