@@ -66,9 +66,6 @@ class Appliance {
 // Fills an appliance as delivered with a small office.
 void Seed(Appliance& appliance);
 
-// The one of this process: seeded at first, and then as its environment says.
-Appliance& TheAppliance();
-
 }  // namespace quillkit
 
 #endif  // QUILLKIT_SIMULATOR_APPLIANCE_H_

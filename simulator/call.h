@@ -9,8 +9,8 @@
 #include <string>
 #include <utility>
 
-#include "simulator/appliance.h"
 #include "simulator/status_codes.h"
+#include "simulator/the_appliance.h"
 
 namespace quillkit {
 

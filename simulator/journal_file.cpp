@@ -1,7 +1,6 @@
 #include "simulator/journal_file.h"
 
 #include "simulator/complaint.h"
-#include "simulator/environment.h"
 #include "simulator/escaped_text.h"
 
 namespace quillkit {

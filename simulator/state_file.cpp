@@ -7,7 +7,6 @@
 
 #include "platform/written_file.h"
 #include "simulator/complaint.h"
-#include "simulator/environment.h"
 
 namespace quillkit {
 

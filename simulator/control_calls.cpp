@@ -1,9 +1,8 @@
-#include "simulator/simulator.h"
-
 #include <cstring>
 #include <string_view>
 
-#include "simulator/appliance.h"
+#include "simulator/simulator.h"
+#include "simulator/the_appliance.h"
 
 namespace quillkit {
 namespace {

@@ -1,0 +1,34 @@
+#include "simulator/the_appliance.h"
+
+#include <utility>
+
+#include "simulator/environment.h"
+
+namespace quillkit {
+namespace {
+
+Appliance* instance = nullptr;
+
+// Destroys the appliance when the library or the process ends.
+struct Ending {
+  ~Ending() {
+    if (instance != nullptr) instance->SaveChange();
+    delete std::exchange(instance, nullptr);
+  }
+};
+const Ending ending;
+
+}  // namespace
+
+// The static objects of this library can be destroyed before those of its callers. A call after
+// that finds a fresh appliance, not a destroyed one.
+Appliance& TheAppliance() {
+  if (instance == nullptr) {
+    instance = new Appliance;
+    Seed(*instance);
+    ReadEnvironment(*instance);
+  }
+  return *instance;
+}
+
+}  // namespace quillkit

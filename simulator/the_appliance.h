@@ -1,0 +1,15 @@
+// The appliance of this process.
+
+#ifndef QUILLKIT_SIMULATOR_THE_APPLIANCE_H_
+#define QUILLKIT_SIMULATOR_THE_APPLIANCE_H_
+
+#include "simulator/appliance.h"
+
+namespace quillkit {
+
+// Created by the first call: seeded, then set up from the environment.
+Appliance& TheAppliance();
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_SIMULATOR_THE_APPLIANCE_H_
