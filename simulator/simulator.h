@@ -1,33 +1,37 @@
-// The control of the simulated appliance, for whoever stands it in a Quillbox's place: tests,
-// benchmarks, demonstrations.
+// Control functions of the simulated appliance, for tests, benchmarks and demonstrations.
 //
-// The simulator is a server library, libIMSPAPI.so or IMSPAPI.DLL: it offers the entry points of
-// bridge/imsp_api.h, and holds one appliance in memory, or in a file where the environment names
-// one (docs/simulator.md). The functions here set that appliance up and look into it behind the
-// library's back. They have C linkage, so that a program which must run with any server library can
-// look them up by name and do without.
+// The simulator is a server library, libIMSPAPI.so or IMSPAPI.DLL. It implements the entry points
+// of bridge/imsp_api.h and keeps one appliance in memory, or in a file if the environment names one
+// (docs/simulator.md). The functions here configure and inspect that appliance without server
+// calls. They have C linkage: a program that must run with any server library looks them up by
+// name.
 //
-// There is one appliance a process. It comes seeded, and stays through IMSPTerminate and IMSPInit;
-// unloading the library ends it. Call everything from one thread at a time.
+// Each process has one appliance. It starts seeded, survives IMSPTerminate and IMSPInit, and is
+// destroyed when the library is unloaded. Call all functions from one thread at a time.
 //
-// An account is a user's name. Books of the kinds kPrivateEmail and kPrivateList are each user's
-// own; functions that name a book take the user for those and ignore it, null included, for all
-// others. Fixed books may be named by their kind alone, with any name.
+// Arguments: `user` is the name of an account. Only the kinds kPrivateEmail and kPrivateList have
+// one book per user; for all other kinds `user` is ignored and may be null. For a fixed book,
+// `book` is ignored: the kind identifies it.
 //
-// What it settles where a client can only take what comes:
-//   - GUEST may create an entry in the users' book and nothing else. ADMINISTRATOR and TOOLKIT may
-//     do anything. Any other account may read every book and change its own private ones. Else 11.
-//   - Only who logged in as ADMINISTRATOR may change identity, and back; the rights are then those
-//     of the other user.
-//   - The three accounts stay: clearing the users' book leaves them; deleting or renaming one
-//     gives 11.
-//   - Deleting the e-mail, printer or private book empties it; any other fixed book gives 12.
-//   - A key book and its entry in the top-level book come, go and change their names together. The
-//     private books of a user do the same with the account.
-//   - A record is refused with 7 when its name is empty or a text has no NUL in its field.
-//   - LOGAB offers IMSPSizeofAB, IMSPReadAB and IMSPClearAB; other calls on it give 13. It has a
-//     record (32 bytes user, then a text) of each login, logout and batch, the last 65,536.
-//   - IMSPIOCtl 7 is for ADMINISTRATOR and TOOLKIT. A backup does not hold the log.
+// Behaviour the simulator defines where the protocol leaves it open:
+//   - GUEST may only create entries in the users' book. ADMINISTRATOR and TOOLKIT may do
+//   everything.
+//     Any other account may read every book and change its own private books. Otherwise: 11.
+//   - Only ADMINISTRATOR may change identity, and change it back. The rights are then those of the
+//     other user.
+//   - The three accounts are permanent: clearing the users' book keeps them, and deleting or
+//   renaming
+//     one yields 11.
+//   - Deleting the e-mail, printer or private book empties it. Deleting any other fixed book
+//   yields 12.
+//   - A key book and its entry in the top-level book are created, deleted and renamed together. So
+//   are
+//     an account and the private books of its user.
+//   - A record with an empty name, or with a text that has no NUL in its field, yields 7.
+//   - LOGAB supports IMSPSizeofAB, IMSPReadAB and IMSPClearAB; other calls on it yield 13. It holds
+//   one
+//     record (32 bytes user name, then a text) for each login, logout and batch, at most 65,536.
+//   - IMSPIOCtl 7 is reserved for ADMINISTRATOR and TOOLKIT. A backup does not include the log.
 //   - IMSPBatchConfiguration runs the script language that simulator/batch.h describes.
 
 #ifndef QUILLKIT_SIMULATOR_SIMULATOR_H_
@@ -39,27 +43,27 @@
 
 namespace quillkit {
 
-// Ways in which a broken server lies, to be combined. None changes what is stored.
+// Kinds of wrong replies, combined with |. None changes what is stored.
 enum SimulatorLie : std::uint32_t {
-  // Bulk reads, listings and the census claim to have delivered 1000 more than the buffer holds,
-  // unless they give 4; no record is written outside it.
+  // Bulk reads, listings and the census report 1000 records more than the buffer holds, unless
+  // their
+  // status is 4. No record is written outside the buffer.
   kLieDeliveredCount = 1,
-  // The text fields of delivered records, rows and census letters are filled to their ends, without
-  // a NUL.
+  // Text fields of delivered records, rows and census letters are filled completely, without a NUL.
   kLieUnterminated = 2,
-  // A call that fails, 4 and faults included, leaves the count as it came in; else it delivers 0.
+  // A failing call, including status 4 and faults, leaves the count unchanged instead of setting it
+  // to 0.
   kLieFailedCount = 4,
-  // Records and rows of one read stand in descending order.
+  // Records and rows of one read are in descending order.
   kLieUnsorted = 8,
-  // The rows of a letter census tell one entry more than twice the number, every other one a
-  // negative number.
+  // The rows of the letter census report twice the number of entries plus one; every other row
+  // reports a negative number.
   kLieCensus = 16,
-  // Sizes, and the numbers of books, are off by 7 more at every call.
+  // Sizes and numbers of books are wrong by 7 more at every call.
   kLieSize = 32,
-  // The key and the record that come with a change of an entry are overwritten to their ends,
-  // whatever the appliance answers.
+  // The caller's key and record of a change are overwritten completely, whatever the status.
   kLieScribble = 64,
-  // Bulk reads, listings and the census tell one less than they delivered.
+  // Bulk reads, listings and the census report one record less than they delivered.
   kLieUntold = 128,
 };
 
@@ -67,98 +71,99 @@ extern "C" {
 
 // --- The appliance ---
 
-// As delivered: the accounts ADMINISTRATOR ("quill"), TOOLKIT ("KELP") and GUEST (no password), and
-// nothing else. No session, no journal and no recording, no faults, lies or latency; the settings
-// below at their defaults. Whether IMSPInit has run stays as it was, and so do the files that the
-// environment names; the state file follows at the next call of an entry point.
+// Resets the appliance to the accounts ADMINISTRATOR ("quill"), TOOLKIT ("KELP") and GUEST (no
+// password), with all books empty. Closes the session, clears and stops the journal, removes
+// faults, lies and latency, and resets the settings below. Does not undo IMSPInit, and keeps the
+// files that the environment names; the next call of an entry point updates the state file.
 void SimulatorReset();
 
-// SimulatorReset, and then a small office: further accounts, e-mail, fax and printer entries, a
-// public list, and soft keys with items.
+// Resets the appliance and adds a small office: accounts, e-mail, fax and printer entries, a public
+// list, and soft keys with items.
 void SimulatorSeed();
 
-// What IMSPLogin answers: `size` bytes, cut at the caller's capacity, with a NUL only where that
-// leaves room. Default "Quillbox 40 - 3.1 - K7".
+// Sets the identity text that IMSPLogin returns: `size` bytes, cut at the caller's capacity,
+// followed by a NUL if there is room. Default: "Quillbox 40 - 3.1 - K7".
 void SimulatorSetIdentity(const char* bytes, std::uint32_t size);
 
-// Milliseconds: the time-out of calls (30,000), and the period within which a session has to show a
-// sign of life (60,000), which is any call of it. A session that does not is dropped: later calls
-// give 10. Real silence counts from a tenth of a second on. IMSPIOCtl 1 sets the time-out for the
-// session; a login sets it back to what was set here. SimulatorTimeout tells the present one.
+// Set the time-out of calls (default 30,000) and the keep-alive period (default 60,000), both in
+// milliseconds. A session without any call for that period is dropped: later calls return 10. Real
+// time without calls counts from a tenth of a second. IMSPIOCtl 1 changes the time-out for the
+// session; a login resets it to the value set here. SimulatorTimeout returns the current one.
 void SimulatorSetTimeout(std::uint32_t milliseconds);
 void SimulatorSetWakeupPeriod(std::uint32_t milliseconds);
 std::uint32_t SimulatorTimeout();
 
-// Moves the appliance's clock on without waiting.
+// Advances the appliance's clock without waiting.
 void SimulatorAdvanceClock(std::uint32_t milliseconds);
 
-// Every later call takes this long, really; one that takes longer than the time-out does nothing
-// and gives 19 after the time-out.
+// Makes every later call wait this long, in real time. If that exceeds the time-out, the call does
+// nothing and returns 19 after the time-out.
 void SimulatorSetLatency(std::uint32_t milliseconds);
 
-// The text that IMSPIOCtl 12 answers; null lets its record point at nothing.
+// Sets the text that IMSPIOCtl 12 returns. Null: the returned record holds a null pointer.
 void SimulatorSetServerText(const char* text);
 
-// --- What it holds ---
+// --- Contents ---
 
-// The user of the open session, "" without one. Good until the next call of anything.
+// Returns the user of the open session, or "" if there is none. Valid until the next call of any
+// function.
 const char* SimulatorSessionUser();
 
-// The number of entries, or -1 when there is no such book.
+// Returns the number of entries, or -1 if the book does not exist.
 std::int32_t SimulatorBookSize(BookKind kind, const char* book, const char* user);
 
-// Copies the entry at `index`, in the book's order, or of this name into `record`, which has room
-// for the book's record: 1, or 0 when there is none.
+// Copy an entry into `record`, which must have the size of the book's record: the entry at `index`
+// in the book's order, or the entry of this name. Return 1, or 0 if there is none.
 std::int32_t SimulatorEntryAt(BookKind kind, const char* book, const char* user, std::int32_t index,
                               void* record);
 std::int32_t SimulatorFindEntry(BookKind kind, const char* book, const char* user, const char* name,
                                 void* record);
 
-// Stores a copy of a record under its own name, replacing an entry of that name, and creates the
-// list or key book that is not there. An entry of kTop brings its key's book. 1, or 0 for a record
-// without a name.
+// Stores a copy of a record under its own name and replaces an entry of that name. Creates a
+// missing list or key book; an entry of kTop also creates the book of its key. Returns 1, or 0 for
+// a record without a name.
 std::int32_t SimulatorPutEntry(BookKind kind, const char* book, const char* user,
                                const void* record);
 
 // --- Journal ---
 
-// Records every later entry point call, or none. Off at first: a long run need not remember its
-// calls.
+// Starts (1) or stops (0) the recording of entry point calls. Off by default.
 void SimulatorRecordCalls(std::int32_t record);
 void SimulatorClearJournal();
 std::int32_t SimulatorCallCount();
 
-// The recorded call: its entry point's name and its arguments, separated by blanks, or null out of
-// range. Good until the journal changes. Buffers, records and counts that only come out are left
-// out; the count of an IMSPListAB that asks for the number alone stands as -.
+// Returns a recorded call, or null for an index out of range: the name of the entry point and its
+// arguments, separated by spaces. Valid until the journal changes. Output arguments are omitted;
+// the count of an IMSPListAB that only asks for the number is shown as -.
 //   a book       kind:name, as 512:Scan
 //   a range      [first|filter|skip], as [|*|0]
-//   a count      what came in
-//   a record     the name it carries
-//   a key, text  as it stands, "" when empty
+//   a count      its input value
+//   a record     its name
+//   a key, text  unchanged, or "" if empty
 //   null         -
 //   IMSPLogin    address user password
 //   IMSPIOCtl    code value, and the text of code 7
-// As in "IMSPReadAB 512:Scan [|*|0] 512 1", "IMSPSizeofAB 1:EMAILAB -", "IMSPIOCtl 1 3600000",
+// Examples: "IMSPReadAB 512:Scan [|*|0] 512 1", "IMSPSizeofAB 1:EMAILAB -", "IMSPIOCtl 1 3600000",
 // "IMSPModifyEntry 256:TOPAB Scan Copy", "IMSPLogin 127.0.0.1 TOOLKIT KELP", "IMSPLogout".
 const char* SimulatorCallText(std::int32_t index);
 
-// What it gave.
+// Returns the status of a recorded call.
 Status SimulatorCallStatus(std::int32_t index);
 
 // --- Faults ---
 
-// Makes a later call of the entry point, or of any for null, do nothing but give `status`:
-// occurrence 1 is the next one, 2 the one after it; 0 is every one. Several faults may wait; where
-// two meet, the earlier one counts. The call is journaled, and is no sign of life.
+// Makes later calls of the entry point return `status` and do nothing. `entry` null: any entry
+// point. Occurrence 1 is the next call, 2 the one after it, 0 every call. Several faults can be
+// pending; if two match a call, the earlier one applies. The call is recorded, and does not keep
+// the session alive.
 void SimulatorFail(const char* entry, std::int32_t occurrence, Status status);
 void SimulatorClearFaults();
 
-// Lies from now on: any of SimulatorLie, 0 for none.
+// Sets the wrong replies from now on: a combination of SimulatorLie, 0 for none.
 void SimulatorSetLies(std::uint32_t lies);
 
-// Tells every size of a book, and every number of books, this much above what it is: an appliance
-// near its limits without the entries. 0 ends it.
+// Increases every reported size of a book and number of books by `by`, to simulate an appliance
+// near its limits. 0: no increase.
 void SimulatorInflateSizes(std::uint32_t by);
 
 }  // extern "C"

@@ -1,9 +1,11 @@
-// The two functions with which a POSIX application's own event loop keeps a session alive. They are
-// exported by libQuillkit.so beside the toolkit's 60 functions, and belong to the calling thread:
-// call them on the thread that logged in. A forked child has none of its parent's timers.
+// Session keep-alive from an application's own event loop, on POSIX systems.
 //
-//   poll the descriptor for reading together with your own; when it is readable, call
-//   QuillkitDispatchEvents().
+// Poll the descriptor for reading together with your own descriptors. When it is readable, call
+// QuillkitDispatchEvents().
+//
+// libQuillkit.so exports these two functions in addition to the 60 of toolkit/quillkit.h. Both work
+// on the timers of the calling thread: call them on the thread that logged in. A forked child
+// process has no timers.
 
 #ifndef QUILLKIT_PLATFORM_POSIX_EVENT_LOOP_H_
 #define QUILLKIT_PLATFORM_POSIX_EVENT_LOOP_H_
@@ -12,14 +14,14 @@
 extern "C" {
 #endif
 
-// A descriptor that is readable while one of the calling thread's timers is due. It stays the same
-// for the thread's life and belongs to the library: do not read, write or close it. -1 when the
-// system has no descriptor to give.
+// Returns a descriptor that is readable while a timer of the calling thread is due, or -1 if the
+// system cannot create one. It stays the same for the life of the thread. The library owns it: do
+// not read, write or close it. No server calls.
 __attribute__((visibility("default"))) int QuillkitEventDescriptor(void);
 
-// Runs the calling thread's due timers and gives the number that ran. The one timer of the library
-// calls IMSPWakeup, whose result is discarded. A call from within a timer's own run does nothing
-// and gives 0.
+// Runs the due timers of the calling thread. Returns the number of timers run. A call from within a
+// running timer does nothing and returns 0.
+// Server calls: IMSPWakeup if the keep-alive timer is due; its status is discarded.
 __attribute__((visibility("default"))) int QuillkitDispatchEvents(void);
 
 #ifdef __cplusplus
