@@ -114,4 +114,9 @@ int CScanner::SetTopBook(CTopLevelAB* book) {
   return Replace(topBook, book, 1);
 }
 
+const CScanner& ScannerOrUnbound(const CScanner* scanner) {
+  static const CScanner unbound;
+  return scanner != nullptr ? *scanner : unbound;
+}
+
 }  // namespace quillkit

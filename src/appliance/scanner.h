@@ -220,6 +220,10 @@ inline bool operator==(const CScanner& a, const CScanner& b) {
   return a.Address() == b.Address();
 }
 
+// The scanner of an object that has one, otherwise a scanner without an agent: its operations
+// return -1 and make no call, those of ClearEmailBook's kind 0.
+const CScanner& ScannerOrUnbound(const CScanner* scanner);
+
 }  // namespace quillkit
 
 #endif  // QUILLKIT_APPLIANCE_SCANNER_H_

@@ -1,8 +1,8 @@
 #include "softkeys/soft_key.h"
 
+#include "appliance/after_change.h"
 #include "appliance/book_access.h"
 #include "base/archive.h"
-#include "base/name_search.h"
 #include "bridge/the_agent.h"
 #include "softkeys/top_level_ab.h"
 
@@ -10,7 +10,7 @@ namespace quillkit {
 
 int CSoftKey::Init(const std::string& name, std::int32_t capacity, CTopLevelAB* newOwner) {
   if (newOwner == nullptr) return 0;
-  findCursor = 0;
+  findCursor.MoveTo(0);
   owner = newOwner;
   keyName = name;
   return items.Allocate(capacity) ? 1 : 0;
@@ -32,9 +32,8 @@ Status CSoftKey::Load(const std::string& name, CTopLevelAB* newOwner, std::strin
 
 void CSoftKey::TakeOver(CSoftKey& other, CTopLevelAB* newOwner) {
   if (&other == this) return;
-  findPattern = other.findPattern;  // first what may be refused its memory
+  findCursor = other.findCursor;  // the two steps that can fail to allocate come first
   keyName = other.keyName;
-  findCursor = other.findCursor;
   items = std::move(other.items);
   owner = newOwner;
 }
@@ -57,52 +56,38 @@ int CSoftKey::RemoveItemAt(std::int32_t index) {
 }
 
 std::int32_t CSoftKey::FindFirstItem(const std::string& pattern, bool wholeName) {
-  findCursor = IndexOf(pattern, 0, wholeName);
-  if (findCursor >= 0) findPattern = pattern;
-  return findCursor;
+  return findCursor.FindFirst(ItemCount(), pattern, wholeName, ItemName());
 }
 
 std::int32_t CSoftKey::FindNextItem(bool wholeName) {
-  const std::int32_t hit = IndexOf(findPattern, findCursor + 1, wholeName);
-  if (hit >= 0) findCursor = hit;
-  return hit;
+  return findCursor.FindNext(ItemCount(), wholeName, ItemName());
 }
 
 std::int32_t CSoftKey::FindMenuItemIndex(const CMenuItem& item) const {
-  return IndexOf(item.name.View(), 0, true);
-}
-
-std::int32_t CSoftKey::IndexOf(std::string_view name, std::int32_t start, bool wholeName) const {
-  return FindName(start, items.count(), name, wholeName,
-                  [&](std::int32_t i) { return items.At(i)->name.View(); });
+  return FindName(0, ItemCount(), item.name.View(), true, ItemName());
 }
 
 Status CSoftKey::AddMenuItem(CMenuItem* item, bool reload) {
   if (owner == nullptr) return kRefused;
-  return Reload(owner->CreateKeyItem(keyName, item), reload);
+  return AfterChange(owner->CreateKeyItem(keyName, item), reload, [&] { return Reload(); });
 }
 
 Status CSoftKey::ModifyMenuItem(CMenuItem* item, bool reload) {
   if (owner == nullptr) return kRefused;
-  return Reload(owner->ModifyKeyItem(keyName, item), reload);
+  return AfterChange(owner->ModifyKeyItem(keyName, item), reload, [&] { return Reload(); });
 }
 
 Status CSoftKey::RenameMenuItem(const std::string& oldName, CMenuItem* item, bool reload) {
   if (owner == nullptr) return kRefused;
-  return Reload(owner->RenameKeyItem(keyName, oldName, item), reload);
+  return AfterChange(owner->RenameKeyItem(keyName, oldName, item), reload,
+                     [&] { return Reload(); });
 }
 
 Status CSoftKey::DeleteMenuItem(const std::string& name, bool reload) {
   if (owner == nullptr) return kRefused;
   CMenuItem item;
   item.SetName(name);
-  return Reload(owner->DeleteKeyItem(keyName, item), reload);
-}
-
-// What a plain change ends in: its own status, or that of reading the key anew.
-Status CSoftKey::Reload(Status changed, bool reload) {
-  if (changed != kNoError || !reload) return changed;
-  return Load(keyName, owner, {}, 1);
+  return AfterChange(owner->DeleteKeyItem(keyName, item), reload, [&] { return Reload(); });
 }
 
 std::int32_t CSoftKey::FastItemAdd(CMenuItem* item) {
@@ -152,10 +137,10 @@ Status CSoftKey::SaveAllItems() {
 
 void CSoftKey::Serialize(Archive& archive) {
   items.Free();
-  findCursor = 0;
+  findCursor.MoveTo(0);
   std::uint32_t count = 0;
   archive.Exchange(count);
-  archive.Exchange(findPattern);
+  archive.Exchange(findCursor.Pattern());
   if (!archive.Prepare(items, count)) return;
   for (CMenuItem& each : items) each.Serialize(archive);
 }

@@ -1,16 +1,18 @@
 // One soft key: a named button with an ordered list of up to 512 menu items, cached in one block.
 //
-// On the server a key is an entry of the top-level book, which CTopLevelAB looks after, and a book
-// of its own under the key's name, whose entries are the items. Two families change items:
-//   plain  changes the server and, if asked, reads the whole key anew; a Status, 0 is good
-//   Fast   changes the server and then patches the cache in place; a count, or 1, or -1 or 0
-// In both the server comes first: a refusal leaves the cache as it was, and nothing is undone.
-// SetItemAt and RemoveItemAt change the cache alone.
+// On the server a key is an entry of the top-level book (CTopLevelAB), and a book under the key's
+// name whose entries are the items. Two families change items:
+//   plain  changes the server, then reloads the whole key if `reload` is set; returns a Status
+//   Fast   changes the server, then updates the cache in place; returns a count or 1, or -1 or 0
+// In both, if the server refuses the change, the cache stays unchanged. Nothing is rolled back.
+// SetItemAt and RemoveItemAt change only the cache.
 //
 // Invariants:
-//   1. Items stand in the server's order, followed by what FastItemAdd appended.
-//   2. An item's address is good until the next operation that changes the key.
-//   3. Without an owner every server operation but GetDBItemCount fails with -1 (or 0) and no call.
+//   1. Items are in the server's order, followed by those that FastItemAdd appended.
+//   2. A pointer to an item is valid until the next operation that changes the key.
+//   3. Without an owner, every server operation except GetDBItemCount returns -1 (or 0) and makes
+//   no
+//      call.
 
 #ifndef QUILLKIT_SOFTKEYS_SOFT_KEY_H_
 #define QUILLKIT_SOFTKEYS_SOFT_KEY_H_
@@ -20,6 +22,7 @@
 #include <string_view>
 
 #include "base/entry_block.h"
+#include "base/name_search.h"
 #include "bridge/records.h"
 
 namespace quillkit {
@@ -32,24 +35,25 @@ inline constexpr std::int32_t MaxKeyItems = 512;
 
 class CSoftKey {
  public:
-  // Takes a name of any length, an owner, and a block of `capacity` zeroed items, all of which
-  // count: a new key of capacity 512 holds 512 items until it is loaded. Whether there is a block
-  // now; 0 and no change for a null owner.
+  // Sets the name (of any length) and the owner, and allocates `capacity` blank items, which all
+  // count: a new key of capacity 512 has 512 items until it is loaded. Returns 1, or 0 without
+  // memory or, with no change, for a null owner.
   int Init(const std::string& name, std::int32_t capacity, CTopLevelAB* newOwner);
 
-  // Reads the key of this name, from behind `firstName`, in one IMSPReadAB of up to 512 items. A
-  // missing or empty book gives 0 and no items, and so does a failure that delivers nothing. 21 and
-  // any other failing status come with what was delivered: 512 blank items where the count was left
-  // as it went out. -1, and no call, without an owner (nothing changes), without memory (name
-  // and owner are taken, the items are gone), and without a scanner (512 blank items).
+  // Reads up to 512 items of the key `name`, starting after `firstName`. Returns the status of the
+  // read. A missing or empty book, or a failure that delivers nothing, returns 0 and leaves no
+  // items. With 21 and any other failure, the key holds what was delivered: 512 blank items if the
+  // server left the count unchanged. Returns -1 and makes no call without an owner (no change),
+  // without memory (name and owner are set, the items are released), and without a scanner (512
+  // blank items). Server calls: IMSPReadAB.
   Status Load(const std::string& name, CTopLevelAB* newOwner, std::string_view firstName,
               std::int32_t direction);
 
-  // Takes over all that `other` holds but its owner, in the place of which comes `newOwner`: its
-  // own book may go at any time. `other` keeps its name and owner and no items.
+  // Moves the content of `other` into this key and sets the owner to `newOwner`: the owner of
+  // `other` may be destroyed at any time. `other` keeps its name and owner, and has no items.
   void TakeOver(CSoftKey& other, CTopLevelAB* newOwner);
 
-  // 1, or 0 and no change for a name of 32 or more characters.
+  // Returns 1, or 0 and no change for a name of 32 or more bytes.
   int SetKeyName(std::string_view name);
 
   const std::string& KeyName() const { return keyName; }
@@ -59,30 +63,31 @@ class CSoftKey {
   std::int32_t ItemCount() const { return items.count(); }
   bool IsEmpty() const { return items.IsEmpty(); }
 
-  // Null for an index out of range.
+  // Returns null for an index out of range.
   CMenuItem* ItemAt(std::int32_t index) { return items.At(index); }
 
-  // CMenuItem::SetAll on the slot with the item's fields: its result, with the slot half updated
-  // when a text is refused. 0 for an index out of range.
+  // Copies the fields of `item` with CMenuItem::SetAll and returns its result; if it refuses a
+  // text, the fields before it are changed. Returns 0 for an index out of range.
   int SetItemAt(std::int32_t index, const CMenuItem& item);
 
-  // 1, or 0 for an index out of range.
+  // Returns 1, or 0 for an index out of range.
   int RemoveItemAt(std::int32_t index);
 
-  // Searches by name: whole, or by as many characters as the pattern has. The index or -1. A hit is
-  // what FindNextItem goes on behind, with the pattern of the latest FindFirstItem that hit; a miss
-  // of FindFirstItem lets it start at 0, a miss of its own leaves it where it was. After a Load it
-  // starts at 1.
+  // Search by name: the whole name if `wholeName` is set, otherwise its beginning. Return the index
+  // of the hit, or -1. FindNextItem continues as NameCursor does; after a Load it starts at
+  // index 1.
   std::int32_t FindFirstItem(const std::string& pattern, bool wholeName);
   std::int32_t FindNextItem(bool wholeName);
 
-  // The first item with the same name, or -1.
+  // Returns the index of the first item with the same name, or -1.
   std::int32_t FindMenuItemIndex(const CMenuItem& item) const;
 
-  // --- Plain family: the server's status, or that of the reload ---
+  // --- Plain family: return the status of the change, or of the reload ---
   //
-  // A name of 32 or more characters goes out as the empty one, here and below: nothing that another
-  // name begins with is changed in its place.
+  // Here and below, a name of 32 or more bytes is sent as the empty name, so that no entry with the
+  // truncated name is changed instead.
+  // Server calls: IMSPCreateEntry, IMSPModifyEntry or IMSPDeleteEntry; then IMSPReadAB if `reload`
+  // is set.
 
   Status AddMenuItem(CMenuItem* item, bool reload);
   Status ModifyMenuItem(CMenuItem* item, bool reload);
@@ -91,38 +96,42 @@ class CSoftKey {
 
   // --- Fast family ---
 
-  // The new count, or -1. At 512 cached items code 24 is recorded and no call is made.
+  // Server calls: IMSPCreateEntry, IMSPDeleteEntry or IMSPModifyEntry.
+
+  // Returns the new count, or -1. At 512 cached items, records code 24 and makes no call.
   std::int32_t FastItemAdd(CMenuItem* item);
 
-  // The new count, or -1, also when the server dropped an item that was not cached.
+  // Returns the new count, or -1; also -1 if the server deleted an item that was not cached.
   std::int32_t FastItemRemove(CMenuItem* item);
 
-  // 1, or 0, also when the server changed an item that was not cached.
+  // Return 1, or 0; also 0 if the server changed an item that was not cached.
   std::int32_t FastItemModify(CMenuItem* item);
   std::int32_t FastItemRename(const std::string& oldName, CMenuItem* item);
 
   // --- More ---
 
-  // The server's number of items: IMSPSizeofAB, also on a key without an owner.
+  // Stores the number of items on the server in `*count`. Works without an owner too.
+  // Server calls: IMSPSizeofAB.
   Status GetDBItemCount(std::uint32_t* count) const;
 
-  // Sends every cached item as a modification, whatever the earlier ones gave; the last status, or
-  // -1 for an empty key.
+  // Sends every cached item as a modification, regardless of failures. Returns the last status, or
+  // -1 for an empty key. Server calls: IMSPModifyEntry for each item.
   Status SaveAllItems();
 
-  // Both directions begin by dropping the cached items. Loading: the count, the search pattern, the
-  // items, also without an owner; name and owner stay. Storing thus writes a count of 0 and the
-  // pattern.
+  // First releases the cached items, in both directions. Loading reads the count, the search
+  // pattern and the items, without needing an owner; name and owner stay. Storing therefore writes
+  // a count of 0 and the pattern.
   void Serialize(Archive& archive);
 
  private:
-  Status Reload(Status changed, bool reload);
-  std::int32_t IndexOf(std::string_view name, std::int32_t start, bool wholeName) const;
+  Status Reload() { return Load(keyName, owner, {}, 1); }
+  auto ItemName() const {
+    return [this](std::int32_t i) { return items.At(i)->name.View(); };
+  }
 
   CTopLevelAB* owner = nullptr;
   EntryBlock<CMenuItem> items;
-  std::int32_t findCursor = 0;
-  std::string findPattern;
+  NameCursor findCursor;
   std::string keyName;
 };
 

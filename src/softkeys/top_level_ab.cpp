@@ -1,7 +1,6 @@
 #include "softkeys/top_level_ab.h"
 
-#include "appliance/scanner.h"
-#include "base/name_search.h"
+#include "appliance/after_change.h"
 
 namespace quillkit {
 namespace {
@@ -26,10 +25,9 @@ int CTopLevelAB::Attach(CScanner* newScanner, std::int32_t load) {
 
 Status CTopLevelAB::Load(std::int32_t withItems) {
   Clear();
-  if (scanner == nullptr) return kRefused;
   EntryKey names[MaxSoftKeys];
   std::uint32_t count = MaxSoftKeys;
-  const Status status = scanner->ListKeys(names, &count);
+  const Status status = Scanner().ListKeys(names, &count);
   if (status == kDataNotFound) return kNoError;
   if (status != kNoError) return status;
   keys.reserve(MaxSoftKeys);
@@ -47,25 +45,16 @@ CSoftKey* CTopLevelAB::KeyAt(std::int32_t index) const {
 }
 
 std::int32_t CTopLevelAB::Find(std::string_view name) const {
-  return IndexOf(name, 0, true);
+  return FindName(0, Count(), name, true, NameOfKey());
 }
 
 std::int32_t CTopLevelAB::FindFirstKey(const std::string& pattern, bool wholeName) {
-  findCursor = IndexOf(pattern, 0, wholeName);
-  if (findCursor >= 0) findPattern = pattern;
-  return findCursor;
+  return findCursor.FindFirst(Count(), pattern, wholeName, NameOfKey());
 }
 
 std::int32_t CTopLevelAB::FindNextKey(bool wholeName) {
-  const std::int32_t hit = IndexOf(findPattern, findCursor + 1, wholeName);
-  if (hit >= 0) findCursor = hit;
-  return findCursor;
-}
-
-std::int32_t CTopLevelAB::IndexOf(std::string_view name, std::int32_t start, bool wholeName) const {
-  return FindName(start, Count(), name, wholeName, [&](std::int32_t i) -> std::string_view {
-    return keys[static_cast<std::size_t>(i)]->KeyName();
-  });
+  findCursor.FindNext(Count(), wholeName, NameOfKey());
+  return findCursor.Position();
 }
 
 CSoftKey* CTopLevelAB::LoadItems(const std::string& name) {
@@ -80,16 +69,16 @@ Status CTopLevelAB::AddKey(const std::string& name, bool reload) {
 
 Status CTopLevelAB::AddKey(CMenuItem* record, bool reload) {
   if (Count() >= MaxSoftKeys) return kBookFull;
-  return Reload(CreateKeyEntry(record), reload);
+  return AfterChange(CreateKeyEntry(record), reload, [&] { return Load(1); });
 }
 
 Status CTopLevelAB::DeleteKey(const std::string& name, bool reload) {
-  return Reload(DeleteKeyBook(name), reload);
+  return AfterChange(DeleteKeyBook(name), reload, [&] { return Load(1); });
 }
 
 Status CTopLevelAB::ModifyKey(const CSoftKey& key, bool reload) {
   CMenuItem record = KeyRecord(key.KeyName());
-  return Reload(ModifyKeyEntry(key.KeyName(), &record), reload);
+  return AfterChange(ModifyKeyEntry(key.KeyName(), &record), reload, [&] { return Load(1); });
 }
 
 Status CTopLevelAB::RenameSoftKey(const std::string& oldName, const CSoftKey& key) {
@@ -100,11 +89,6 @@ Status CTopLevelAB::RenameSoftKey(const std::string& oldName, const CSoftKey& ke
 Status CTopLevelAB::RenameSoftKeyByName(const std::string& oldName, const std::string& newName) {
   const CSoftKey* key = KeyAt(Find(newName));
   return key != nullptr ? RenameSoftKey(oldName, *key) : kRefused;
-}
-
-// What a plain change ends in: its own status, or that of loading the keys anew with items.
-Status CTopLevelAB::Reload(Status changed, bool reload) {
-  return changed == kNoError && reload ? Load(1) : changed;
 }
 
 std::int32_t CTopLevelAB::FastKeyAdd(const CSoftKey& key) {
@@ -142,54 +126,11 @@ std::int32_t CTopLevelAB::FastKeyRename(const std::string& oldName, const CSoftK
   return 1;
 }
 
-Status CTopLevelAB::SizeofTop(std::uint32_t* count) const {
-  return scanner != nullptr ? scanner->SizeofTop(count) : kRefused;
-}
-
 Status CTopLevelAB::ClearAll() {
   if (scanner == nullptr) return kRefused;
   const Status status = scanner->ClearTopBook();
   Load(1);
   return status;
-}
-
-Status CTopLevelAB::ReadKeyItems(std::string_view key, KeyRange* range, CMenuItem* items,
-                                 std::uint32_t* count, std::int32_t direction) const {
-  if (scanner == nullptr) return kRefused;
-  return scanner->ReadKeyItems(key, range, items, count, direction);
-}
-
-Status CTopLevelAB::CreateKeyItem(std::string_view key, CMenuItem* item) const {
-  return scanner != nullptr ? scanner->CreateKeyItem(key, item) : kRefused;
-}
-
-Status CTopLevelAB::ModifyKeyItem(std::string_view key, CMenuItem* item) const {
-  return scanner != nullptr ? scanner->ModifyKeyItem(key, item) : kRefused;
-}
-
-Status CTopLevelAB::RenameKeyItem(std::string_view key, std::string_view oldName,
-                                  CMenuItem* item) const {
-  return scanner != nullptr ? scanner->RenameKeyItem(key, oldName, item) : kRefused;
-}
-
-Status CTopLevelAB::DeleteKeyItem(std::string_view key, const CMenuItem& item) const {
-  return scanner != nullptr ? scanner->DeleteKeyItem(key, item) : kRefused;
-}
-
-Status CTopLevelAB::SizeofKey(const std::string& key, std::uint32_t* count) const {
-  return scanner != nullptr ? scanner->SizeofKey(key, count) : kRefused;
-}
-
-Status CTopLevelAB::CreateKeyEntry(CMenuItem* record) const {
-  return scanner != nullptr ? scanner->CreateKeyEntry(record) : kRefused;
-}
-
-Status CTopLevelAB::ModifyKeyEntry(std::string_view name, CMenuItem* record) const {
-  return scanner != nullptr ? scanner->ModifyKeyEntry(name, record) : kRefused;
-}
-
-Status CTopLevelAB::DeleteKeyBook(std::string_view name) const {
-  return scanner != nullptr ? scanner->DeleteKeyBook(name) : kRefused;
 }
 
 }  // namespace quillkit

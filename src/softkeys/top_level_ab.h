@@ -1,17 +1,16 @@
-// The appliance's set of soft keys: at most 11 CSoftKey objects, held in memory and kept in step
-// with the top-level book on the server.
+// The soft keys of the appliance: a cache of at most 11 CSoftKey objects and the top-level book on
+// the server.
 //
-// A key exists on the server as an entry of the top-level book and as a book of its own; the server
-// ties the two together. A new key is requested as an entry, and a key is removed by the deletion
-// of its book.
+// On the server, a key is an entry of the top-level book and a book of its own; the server keeps
+// both in step. To add a key, create the entry; to remove one, delete the book.
 //
-//   plain, with reload     the server changes, then the cache is rebuilt with items: every key
-//                          handle is gone
-//   plain, without reload  the server changes; the cache shows the old state until Load
-//   Fast                   the server changes, then the cache is patched: other handles stay good
+//   plain, with reload     changes the server, then reloads the cache with items: all key handles
+//                          become invalid
+//   plain, without reload  changes the server; the cache stays stale until Load
+//   Fast                   changes the server, then updates the cache: other handles stay valid
 //
-// The server comes first and nothing is undone. Without a scanner no request makes a call: each
-// fails in the style of its family.
+// If the server refuses a change, the cache stays unchanged. Nothing is rolled back. Without a
+// scanner, every request fails in the style of its family and makes no call.
 
 #ifndef QUILLKIT_SOFTKEYS_TOP_LEVEL_AB_H_
 #define QUILLKIT_SOFTKEYS_TOP_LEVEL_AB_H_
@@ -22,13 +21,13 @@
 #include <string_view>
 #include <vector>
 
+#include "appliance/scanner.h"
+#include "base/name_search.h"
 #include "base/root_object.h"
 #include "bridge/records.h"
 #include "softkeys/soft_key.h"
 
 namespace quillkit {
-
-class CScanner;
 
 // The most keys of an appliance.
 inline constexpr std::int32_t MaxSoftKeys = 11;
@@ -37,104 +36,123 @@ class CTopLevelAB : public RootObject {
  public:
   static const ClassRecord kClass;
 
-  // The class has a schema but no stream form: Serialize stays the root's empty one.
+  // The class has a schema but no archive form: Serialize is the empty one of RootObject.
   const ClassRecord* GetRuntimeClass() const override { return &kClass; }
 
-  // Stores the scanner, which must outlive this object, and with `load` runs Load with items, whose
-  // outcome is dropped. Always 1.
+  // Sets the scanner, which must outlive this object. If `load` is set, runs Load with items and
+  // discards its status. Always returns 1.
   int Attach(CScanner* newScanner, std::int32_t load);
 
-  // Replaces the cache by the server's keys: IMSPListABEntries, and with items one IMSPReadAB a
-  // key, whose status is ignored. The status of the listing, with 4 (no keys) as 0. A failed
-  // listing leaves no keys; a server with more than 11 is one such case. A key read without items
-  // has no owner: of what needs the server it answers its count alone.
+  // Replaces the cache by the server's keys. Returns the status of the listing, with 4 (no keys) as
+  // 0. A failed listing leaves no keys; 21, from a server with more than 11, is such a failure. A
+  // key loaded without items has no owner: of the server operations, only GetDBItemCount works.
+  // Server calls: IMSPListABEntries; with items, one IMSPReadAB for each key, whose status is
+  // ignored.
   Status Load(std::int32_t withItems);
 
-  // Drops all cached keys.
+  // Destroys all cached keys.
   void Clear() { keys.clear(); }
 
   // --- The cache ---
 
   std::int32_t Count() const { return static_cast<std::int32_t>(keys.size()); }
 
-  // Null for an index out of range.
+  // Returns null for an index out of range.
   CSoftKey* KeyAt(std::int32_t index) const;
 
-  // The lowest index of a key with exactly this name, or -1.
+  // Returns the lowest index of a key with exactly this name, or -1.
   std::int32_t Find(std::string_view name) const;
 
-  // Searches as CSoftKey's, over key names, with one difference: a FindNextKey that finds nothing
-  // gives the index of the previous hit.
+  // Search key names as CSoftKey::FindFirstItem and FindNextItem do, with one difference: without a
+  // hit, FindNextKey returns the index of the previous hit.
   std::int32_t FindFirstKey(const std::string& pattern, bool wholeName);
   std::int32_t FindNextKey(bool wholeName);
 
-  // The cached key of this name once a read of its book has given 0, as one does that fails and
-  // delivers nothing; else null. The items that were read are dropped: the cached key keeps what it
-  // held.
+  // Reads the book of the key and returns the cached key of this name if CSoftKey::Load returns 0,
+  // otherwise null. Discards the items read: the cached key keeps its own.
+  // Server calls: IMSPReadAB.
   CSoftKey* LoadItems(const std::string& name);
 
-  // --- Plain family: the server's status, or that of the reload ---
+  // --- Plain family: return the status of the change, or of the reload ---
   //
-  // A name of 32 or more characters goes out as the empty one, here and below.
+  // Here and below, a name of 32 or more bytes is sent as the empty name.
 
-  // 24, with nothing recorded and no call, when 11 keys are cached.
+  // AddKey returns 24 if 11 keys are cached, and then records nothing and makes no call.
   Status AddKey(const std::string& name, bool reload);
   Status AddKey(CMenuItem* record, bool reload);
   Status DeleteKey(const std::string& name, bool reload);
   Status ModifyKey(const CSoftKey& key, bool reload);
 
-  // `key` carries the new name; nothing local changes.
+  // Gives the key `oldName` on the server the name of `key`. The cache stays unchanged.
   Status RenameSoftKey(const std::string& oldName, const CSoftKey& key);
 
-  // The same with the new name taken from the cached key of that name; -1 when there is none.
+  // The same with the name of the cached key `newName`. Returns -1 if there is none.
   Status RenameSoftKeyByName(const std::string& oldName, const std::string& newName);
 
   // --- Fast family ---
 
-  // Adds a key with the name of `key`, which stays the caller's: the new count, or -1. At 11 cached
-  // keys nothing is recorded and no call is made.
+  // Adds a key with the name of `key`, which stays owned by the caller. Returns the new count, or
+  // -1. At 11 cached keys, records nothing and makes no call.
   std::int32_t FastKeyAdd(const CSoftKey& key);
 
-  // The new count, or -1, also when the server dropped a key that was not cached. The cached key is
-  // gone, be it `key` itself.
+  // Returns the new count, or -1; also -1 if the server deleted a key that was not cached. Destroys
+  // the cached key, even if it is `key` itself.
   std::int32_t FastKeyRemove(const CSoftKey& key);
 
-  // 1, or 0, also when the server changed a key that was not cached. The cached key takes over the
-  // content of `key`, which keeps its name and no items: go on with the cached one.
+  // Returns 1, or 0; also 0 if the server changed a key that was not cached. Moves the content of
+  // `key` into the cached key: `key` keeps its name and has no items.
   std::int32_t FastKeyModify(CSoftKey* key);
 
-  // Gives the cached key `oldName` the name of `key`. 1, or 0 as above.
+  // Gives the cached key `oldName` the name of `key`. Returns 1, or 0 as above.
   std::int32_t FastKeyRename(const std::string& oldName, const CSoftKey& key);
 
   // --- More ---
 
-  // The server's number of keys: IMSPSizeofAB.
-  Status SizeofTop(std::uint32_t* count) const;
-
-  // Empties the top-level book on the server under the long time-out and loads what is left, with
-  // items. The status of the clear.
+  // Clears the top-level book on the server under the long time-out, then runs Load with items.
+  // Returns the status of the clear, or -1 without a scanner.
   Status ClearAll();
 
-  // What CSoftKey asks of the scanner.
+  // --- Forwards to the scanner; without one they return -1 and make no call ---
+
+  // Stores the number of keys on the server in `*count`. Server calls: IMSPSizeofAB.
+  Status SizeofTop(std::uint32_t* count) const { return Scanner().SizeofTop(count); }
+
   Status ReadKeyItems(std::string_view key, KeyRange* range, CMenuItem* items, std::uint32_t* count,
-                      std::int32_t direction) const;
-  Status CreateKeyItem(std::string_view key, CMenuItem* item) const;
-  Status ModifyKeyItem(std::string_view key, CMenuItem* item) const;
-  Status RenameKeyItem(std::string_view key, std::string_view oldName, CMenuItem* item) const;
-  Status DeleteKeyItem(std::string_view key, const CMenuItem& item) const;
-  Status SizeofKey(const std::string& key, std::uint32_t* count) const;
+                      std::int32_t direction) const {
+    return Scanner().ReadKeyItems(key, range, items, count, direction);
+  }
+  Status CreateKeyItem(std::string_view key, CMenuItem* item) const {
+    return Scanner().CreateKeyItem(key, item);
+  }
+  Status ModifyKeyItem(std::string_view key, CMenuItem* item) const {
+    return Scanner().ModifyKeyItem(key, item);
+  }
+  Status RenameKeyItem(std::string_view key, std::string_view oldName, CMenuItem* item) const {
+    return Scanner().RenameKeyItem(key, oldName, item);
+  }
+  Status DeleteKeyItem(std::string_view key, const CMenuItem& item) const {
+    return Scanner().DeleteKeyItem(key, item);
+  }
+  Status SizeofKey(const std::string& key, std::uint32_t* count) const {
+    return Scanner().SizeofKey(key, count);
+  }
 
  private:
-  Status CreateKeyEntry(CMenuItem* record) const;
-  Status ModifyKeyEntry(std::string_view name, CMenuItem* record) const;
-  Status DeleteKeyBook(std::string_view name) const;
-  Status Reload(Status changed, bool reload);
-  std::int32_t IndexOf(std::string_view name, std::int32_t start, bool wholeName) const;
+  const CScanner& Scanner() const { return ScannerOrUnbound(scanner); }
+  Status CreateKeyEntry(CMenuItem* record) const { return Scanner().CreateKeyEntry(record); }
+  Status ModifyKeyEntry(std::string_view name, CMenuItem* record) const {
+    return Scanner().ModifyKeyEntry(name, record);
+  }
+  Status DeleteKeyBook(std::string_view name) const { return Scanner().DeleteKeyBook(name); }
+  auto NameOfKey() const {
+    return [this](std::int32_t i) -> std::string_view {
+      return keys[static_cast<std::size_t>(i)]->KeyName();
+    };
+  }
 
   CScanner* scanner = nullptr;
   std::vector<std::unique_ptr<CSoftKey>> keys;
-  std::int32_t findCursor = -1;
-  std::string findPattern;
+  NameCursor findCursor{-1};
 };
 
 }  // namespace quillkit

@@ -1,0 +1,21 @@
+// How a plain change of an entry ends.
+
+#ifndef QUILLKIT_APPLIANCE_AFTER_CHANGE_H_
+#define QUILLKIT_APPLIANCE_AFTER_CHANGE_H_
+
+#include <cstdint>
+
+#include "bridge/status.h"
+
+namespace quillkit {
+
+// After a successful change, runs `load` if `reload` is set and returns its status. Otherwise
+// returns the status of the change.
+template <class Load>
+Status AfterChange(Status changed, std::int32_t reload, Load load) {
+  return changed == kNoError && reload != 0 ? load() : changed;
+}
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_APPLIANCE_AFTER_CHANGE_H_
