@@ -131,8 +131,10 @@ class CPrivEmailAB : public RootObject, private ListSet<CPrivEmailDL> {
   int RenameList(const std::string& name, const std::string& newName, std::int32_t reload);
 
   // Add a list under a new name with the members that the source has on the server, or that a
-  // public list has. 1 when AddList gave true or AddListLocal a count, else 0; 0 and
-  // nothing added when the members cannot be read.
+  // public list holds. 1 when AddList gave true or AddListLocal a count, else 0; 0 and nothing
+  // added when the members cannot be read. A public list that holds no members is read first,
+  // through the e-mail book of the owner's scanner, or of the agent's last one for the session's
+  // own account. If none is open there, the result is 0, without a call.
   int CopyList(const CPrivEmailDL& source, const std::string& newName, std::int32_t reload);
   int CopyListLocal(const CPrivEmailDL& source, const std::string& newName);
   int CopyPublicList(CPubEmailDL* source, const std::string& newName, std::int32_t reload);

@@ -114,7 +114,8 @@ bool CPrivEmailAB::FillCopy(const CPrivEmailDL& source, const std::string& newNa
   return status == kNoError || status == kMoreData || status == kDataNotFound;
 }
 
-// The same with the members of a public list, which are read from the server where none are held.
+// The same with the members of a public list. If it holds none, they are read from the server,
+// through the e-mail book that is open on the appliance.
 bool CPrivEmailAB::FillCopyOfPublic(CPubEmailDL* source, const std::string& newName,
                                     CPrivEmailDL* copy) {
   if (source->IsEmpty()) {
@@ -122,6 +123,7 @@ bool CPrivEmailAB::FillCopyOfPublic(CPubEmailDL* source, const std::string& newN
     const CScanner* scanner =
         owner != nullptr ? owner->Scanner() : TheAgent.ScannerAt(TheAgent.ScannerCount() - 1);
     CEmailAB* book = scanner != nullptr ? scanner->EmailBook() : nullptr;
+    if (book == nullptr) return false;
     const Status status = source->Open(book, std::string(source->Name()));
     if (status != kNoError && status != kMoreData && status != kDataNotFound) return false;
   }

@@ -104,13 +104,25 @@ TEST_P(PrivateBookTest, ListsAreCopiedAndGoStaleWithoutAReload) {
 TEST_P(PrivateBookTest, APublicListIsCopiedWithTheMembersThatTheServerHas) {
   const CEmailEntry member = MakeEntry("pub", "pub@example.org");
   SimulatorPutEntry(BookKind::kPublicList, "All", nullptr, &member);
-  box->SetEmailBook(nullptr);
   CPubEmailDL list;
   list.SetName("All");
+  const auto expectRefusal = [this](CPubEmailDL* source) {
+    EXPECT_EQ(Book().CopyPublicList(source, "Mine", 0), 0);
+    EXPECT_EQ(Book().CopyPublicListLocal(source, "Mine"), 0);
+    EXPECT_THAT(TakeCalls(), IsEmpty());
+  };
+  expectRefusal(&list);  // no e-mail book is open
+  box->SetEmailBook(nullptr);
   EXPECT_EQ(Book().CopyPublicList(&list, "Mine", 0), 1);
   EXPECT_THAT(MembersOnServer("Mine"), ElementsAre("pub=pub@example.org"));
   EXPECT_EQ(Book().CopyPublicListLocal(&list, "Also mine"), 1);
   EXPECT_EQ(Book().ListCount(), 1);
+  TakeCalls();
+  CUserAB nowhere;
+  account.SetOwner(GetParam() ? &nowhere : nullptr);
+  TheAgent.DeleteScanners();
+  CPubEmailDL unread;
+  expectRefusal(&unread);
 }
 
 TEST_P(PrivateBookTest, BulkDeletionsWorkUnderTheLongTimeOut) {
