@@ -121,8 +121,10 @@ class CEmailAB : public RootObject, public PublicListBook<CEmailAB, CPubEmailDL>
   // IMSPDeleteAB, and on 0 with `reload` LoadLists with members. Whether all of that went well.
   bool DeleteListReload(std::string_view name, std::int32_t reload) { return Delete(name, reload); }
 
-  // Read the list's members from the server and add them under a new name, by AddListReload (1 or
-  // 0) or by AddList (its result). 0 or -1 also when the members cannot be read.
+  // Read the list's members from the server, at most 512, and add those that were delivered under a
+  // new name, by AddListReload (1 or 0) or by AddList (its result). 0 or -1, and nothing added,
+  // also when the members cannot be read. A list that the server does not know (4 for its size) is
+  // copied as an empty one.
   int CopyList(const CPubEmailDL& list, std::string_view newName, std::int32_t reload);
   std::int32_t CopyListLocal(const CPubEmailDL& list, std::string_view newName);
 

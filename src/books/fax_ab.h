@@ -112,7 +112,9 @@ class CFaxAB : public RootObject, public PublicListBook<CFaxAB, CPubFaxDL> {
   }
   std::int32_t FastDeleteList(std::string_view name) { return Drop(name); }
 
-  // Add a list under a new name with the members that the server has for the source: 1 or 0.
+  // Read the source's members from the server, at most 512, and add those that were delivered under
+  // a new name: 1 or 0. 0, and nothing added, also when the members cannot be read. A list that the
+  // server does not know (4 for its size) is copied as an empty one.
   int DuplicateList(const CPubFaxDL& source, std::string_view newName, std::int32_t reload);
   int FastDuplicateList(const CPubFaxDL& source, std::string_view newName);
 

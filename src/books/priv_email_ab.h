@@ -130,9 +130,10 @@ class CPrivEmailAB : public RootObject, private ListSet<CPrivEmailDL> {
   // 1 when the server gave 0, else 0.
   int RenameList(const std::string& name, const std::string& newName, std::int32_t reload);
 
-  // Add a list under a new name with the members that the source has on the server, or that a
-  // public list holds. 1 when AddList gave true or AddListLocal a count, else 0; 0 and nothing
-  // added when the members cannot be read. A public list that holds no members is read first,
+  // Add a list under a new name with the members that the server delivers for the source, at most
+  // 512, or that a public list holds. 1 when AddList gave true or AddListLocal a count, else 0; 0
+  // and nothing added when the members cannot be read. A list that the server does not know (4 for
+  // its size) is copied as an empty one. A public list that holds no members is read first,
   // through the e-mail book of the owner's scanner, or of the agent's last one for the session's
   // own account. If none is open there, the result is 0, without a call.
   int CopyList(const CPrivEmailDL& source, const std::string& newName, std::int32_t reload);

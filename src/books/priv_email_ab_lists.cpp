@@ -105,13 +105,13 @@ bool CPrivEmailAB::TakeOver(std::unique_ptr<CPrivEmailDL> list) {
   return true;
 }
 
-// Gives `copy` the new name and the members that the server has for `source`. Whether they could be
-// read.
+// Gives `copy` the new name and the members that the server delivers for `source`. Whether they
+// could be read.
 bool CPrivEmailAB::FillCopy(const CPrivEmailDL& source, const std::string& newName,
                             CPrivEmailDL* copy) {
-  const Status status = copy->Open(this, source.Name());
+  const bool isRead = OpenDelivered(*copy, this, source.Name());
   copy->SetName(newName);
-  return status == kNoError || status == kMoreData || status == kDataNotFound;
+  return isRead;
 }
 
 // The same with the members of a public list. If it holds none, they are read from the server,
@@ -124,8 +124,7 @@ bool CPrivEmailAB::FillCopyOfPublic(CPubEmailDL* source, const std::string& newN
         owner != nullptr ? owner->Scanner() : TheAgent.ScannerAt(TheAgent.ScannerCount() - 1);
     CEmailAB* book = scanner != nullptr ? scanner->EmailBook() : nullptr;
     if (book == nullptr) return false;
-    const Status status = source->Open(book, std::string(source->Name()));
-    if (status != kNoError && status != kMoreData && status != kDataNotFound) return false;
+    if (!OpenDelivered(*source, book, std::string(source->Name()))) return false;
   }
   copy->SetName(newName);
   copy->SetBook(this);

@@ -11,7 +11,8 @@ template class ServerList<CEmailDL, CPrivEmailAB, BookKind::kPrivateList>;
 const ClassRecord CPrivEmailDL::kClass = {"CPrivEmailDL", sizeof(CPrivEmailDL), 1,
                                           CreateObject<CPrivEmailDL>, &CEmailDL::kClass};
 
-Status CPrivEmailDL::Open(CPrivEmailAB* newBook, std::string_view newName) {
+Status CPrivEmailDL::Open(CPrivEmailAB* newBook, std::string_view newName,
+                          std::uint32_t* delivered) {
   if (newBook == nullptr) return kRefused;
   Status status = InitName(newName);
   if (status != kNoError) return status;
@@ -19,7 +20,7 @@ Status CPrivEmailDL::Open(CPrivEmailAB* newBook, std::string_view newName) {
   status = MakeRoom(MaxListMembers);
   if (status != kNoError) return status;
   if (!IsEmpty()) filled = 1;
-  return ReadRoom();
+  return ReadRoom(delivered);
 }
 
 Status CPrivEmailDL::AddMember(CEmailEntry* entry, std::int32_t reload) {

@@ -28,8 +28,9 @@ class CPrivEmailDL : public ServerList<CEmailDL, CPrivEmailAB, BookKind::kPrivat
 
   // Takes name and book, which must outlive the list, and reads the members, at most 512. Calls:
   // IMSPSizeofAB and, for a list that has any, IMSPReadAB. The first status that is not 0 ends it.
-  // -1 and no change without a book; -1 for an empty name.
-  Status Open(CPrivEmailAB* newBook, std::string_view newName);
+  // The count is that of the size query, and `delivered` as in CPubEmailDL::Open. -1 and no change
+  // without a book; -1 for an empty name.
+  Status Open(CPrivEmailAB* newBook, std::string_view newName, std::uint32_t* delivered = nullptr);
 
   // Takes the book alone.
   void SetBook(CPrivEmailAB* newBook) { book = newBook; }

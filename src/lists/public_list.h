@@ -24,8 +24,10 @@ class PublicList : public ServerList<Base, BookClass, kListKind> {
   // Takes the name and the book, which must outlive the list, and reads at most 512 members of the
   // list of that name: IMSPSizeofAB and, unless that tells of none, IMSPReadAB. The first status
   // that is not 0; 21 comes with 512 members. The count is that of the size query: what the read
-  // did not deliver is blank. -1 for an empty name, with no call. 0 and no change for a null book.
-  Status Open(BookClass* newBook, std::string_view newName);
+  // did not deliver is blank. Once the size is known, `*delivered`, unless it is null, becomes the
+  // number of members that were delivered. -1 for an empty name, with no call. 0 and no change for
+  // a null book.
+  Status Open(BookClass* newBook, std::string_view newName, std::uint32_t* delivered = nullptr);
 
   // IMSPCreateEntry. At 512 members code 24 is recorded and given, with no call.
   Status AddMember(Member* entry, std::int32_t reload) override;
@@ -67,13 +69,14 @@ class PublicList : public ServerList<Base, BookClass, kListKind> {
 };
 
 template <class Base, class BookClass, BookKind kListKind>
-Status PublicList<Base, BookClass, kListKind>::Open(BookClass* newBook, std::string_view newName) {
+Status PublicList<Base, BookClass, kListKind>::Open(BookClass* newBook, std::string_view newName,
+                                                    std::uint32_t* delivered) {
   if (newBook == nullptr) return kNoError;
   Status status = this->InitName(newName);
   if (status != kNoError) return status;
   book = newBook;
   status = this->MakeRoom(MaxListMembers);
-  return status == kNoError ? this->ReadRoom() : status;
+  return status == kNoError ? this->ReadRoom(delivered) : status;
 }
 
 template <class Base, class BookClass, BookKind kListKind>

@@ -60,8 +60,8 @@ class PublicListBook : public ListSet<List> {
   // Whether all went well.
   bool Delete(std::string_view name, std::int32_t reload);
 
-  // A list with a new name and the members that the server has for another; null when they cannot
-  // be read. A list that the server does not know (4) is an empty one.
+  // A list with a new name and the members that the server delivers for another, as OpenDelivered
+  // reads them; null when they cannot be read.
   std::unique_ptr<List> Copy(const List& source, std::string_view newName);
 
  private:
@@ -139,8 +139,7 @@ template <class Book, class List>
 std::unique_ptr<List> PublicListBook<Book, List>::Copy(const List& source,
                                                        std::string_view newName) {
   auto copy = std::make_unique<List>();
-  const Status status = copy->Open(Self(), source.Name());
-  if (status != kNoError && status != kMoreData && status != kDataNotFound) return nullptr;
+  if (!OpenDelivered(*copy, Self(), source.Name())) return nullptr;
   copy->SetName(newName);
   return copy;
 }

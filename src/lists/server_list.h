@@ -90,8 +90,8 @@ class ServerList : public Base {
   Status MakeRoom(std::int32_t limit);
 
   // Reads the list into the room, if there is any: IMSPReadAB. The count stays, whatever was
-  // delivered.
-  Status ReadRoom();
+  // delivered; `*delivered`, unless it is null, becomes the number that was.
+  Status ReadRoom(std::uint32_t* delivered = nullptr);
 
   BookClass* book = nullptr;  // not owned
 };
@@ -155,12 +155,27 @@ Status ServerList<Base, BookClass, kListKind>::MakeRoom(std::int32_t limit) {
 }
 
 template <class Base, class BookClass, BookKind kListKind>
-Status ServerList<Base, BookClass, kListKind>::ReadRoom() {
-  if (members.IsEmpty()) return kNoError;
+Status ServerList<Base, BookClass, kListKind>::ReadRoom(std::uint32_t* delivered) {
   auto count = static_cast<std::uint32_t>(members.count());
-  const Status status = Access().ReadAll(members.data(), &count);
+  const Status status = count != 0 ? Access().ReadAll(members.data(), &count) : kNoError;
   std::for_each(members.begin() + count, members.end(), [](Member& each) { each.Blank(); });
+  if (delivered != nullptr) *delivered = count;
   return status;
+}
+
+// Opens a list that holds no members, to copy what the server has for it: unlike after Open, the
+// list holds the members that were delivered and no others. Returns whether they could be read; if
+// not, the list holds none. A list that the server does not know (4 for its size) has none. Of more
+// than 512 members (21) the first 512 are taken.
+template <class List, class Book>
+bool OpenDelivered(List& list, Book* book, std::string_view name) {
+  std::uint32_t delivered = 0;
+  const Status status = list.Open(book, name, &delivered);
+  const bool isUnknown = status == kDataNotFound && list.IsEmpty();
+  const bool isRead = status == kNoError || (status == kMoreData && !list.IsEmpty());
+  const std::int32_t kept = isRead ? static_cast<std::int32_t>(delivered) : 0;
+  while (list.Count() > kept) list.RemoveLocalAt(list.Count() - 1);
+  return isRead || isUnknown;
 }
 
 }  // namespace quillkit

@@ -56,6 +56,13 @@ TEST_F(EmailBookTest, HoldsTheFirstFiveHundredAndTwelve) {
   EXPECT_EQ(book.ListCount(), 512);
 }
 
+TEST_F(EmailBookTest, CopiesTheMembersThatWereDelivered) {
+  SimulatorSetLies(kLieUntold);  // one of two
+  ASSERT_EQ(book.CopyListLocal(*MakeList("Board"), "Copy"), 1);
+  EXPECT_EQ(MemberNames(*book.ListAt(0)), "Ann ");
+  EXPECT_EQ(ServerSize("Copy"), 1);
+}
+
 TEST_F(EmailBookTest, AddsNoListToAFullServer) {
   const auto list = MakeList("Dance");
   SimulatorInflateSizes(510);

@@ -99,6 +99,9 @@ TEST_P(PrivateBookTest, ListsAreCopiedAndGoStaleWithoutAReload) {
   EXPECT_EQ(Book().RenameList("Gang", "Band", 0), 1);
   EXPECT_NE(Book().FindList("Gang"), nullptr);
   EXPECT_EQ(Book().DeleteListLocal("Band"), 3) << "no list of that name is held";
+  SimulatorSetLies(kLieUntold);
+  EXPECT_EQ(Book().CopyListLocal(*Book().FindList("Team"), "Copy"), 1);
+  EXPECT_TRUE(Book().FindList("Copy")->IsEmpty()) << "its member was not delivered";
 }
 
 TEST_P(PrivateBookTest, APublicListIsCopiedWithTheMembersThatTheServerHas) {
@@ -113,6 +116,9 @@ TEST_P(PrivateBookTest, APublicListIsCopiedWithTheMembersThatTheServerHas) {
   };
   expectRefusal(&list);  // no e-mail book is open
   box->SetEmailBook(nullptr);
+  SimulatorFail("IMSPReadAB", 1, kDataNotFound);
+  EXPECT_EQ(Book().CopyPublicList(&list, "Mine", 0), 0);
+  EXPECT_TRUE(list.IsEmpty()) << "a copy that is tried again reads the members again";
   EXPECT_EQ(Book().CopyPublicList(&list, "Mine", 0), 1);
   EXPECT_THAT(MembersOnServer("Mine"), ElementsAre("pub=pub@example.org"));
   EXPECT_EQ(Book().CopyPublicListLocal(&list, "Also mine"), 1);
