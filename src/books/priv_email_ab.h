@@ -161,6 +161,8 @@ class CPrivEmailAB : public RootObject, private ListSet<CPrivEmailDL> {
   Status CreateListWithMembers(std::string_view list, CEmailEntry* members,
                                const std::uint32_t* count);
   Status ListLists(ABIdent* books, std::uint32_t* count);
+
+  // IMSPSizeofAB. -1, with no call, also where the owner's scanner has no address.
   Status ListSize(std::string_view list, std::uint32_t* count);
 
   // 24, with nothing recorded and no call, when the copy holds 2000 entries, however short the

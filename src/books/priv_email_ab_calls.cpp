@@ -51,7 +51,7 @@ Status CPrivEmailAB::ListLists(ABIdent* books, std::uint32_t* count) {
 }
 
 Status CPrivEmailAB::ListSize(std::string_view list, std::uint32_t* count) {
-  return MembersOf(list).Size(count);
+  return Route().SizeofPrivateList(std::string(list), count);
 }
 
 Status CPrivEmailAB::AddMember(std::string_view list, CEmailEntry* entry) {

@@ -7,10 +7,15 @@
 namespace quillkit {
 namespace {
 
-// It has no address: the access methods ask for an agent alone.
+// Its address makes it a bound scanner, as the sizes need one. Nothing connects to it: calls go to
+// the agent, and so to the appliance of the session.
 class SessionRoute : public CScanner {
  public:
-  SessionRoute() { SetAgent(&TheAgent); }
+  SessionRoute() {
+    const std::uint32_t any = 1;
+    SetAddress(&any);
+    SetAgent(&TheAgent);
+  }
 };
 
 }  // namespace

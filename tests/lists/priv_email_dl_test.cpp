@@ -111,6 +111,34 @@ TEST_P(PrivateListTest, IsDeletedWithItsMembersDroppedOrKept) {
   PutMember("Team", MakeEntry("Ann"));
   EXPECT_EQ(list.DestroyList(), kNoError);
   EXPECT_EQ(list.Count(), 0);
+  PutMember("Team", MakeEntry("Ann"));
+  list.SetBook(nullptr);
+  EXPECT_EQ(list.DestroyKeepingMembers(), kNoError) << "the session's own list";
+}
+
+// The time-outs alone go to the agent in any case.
+TEST_P(PrivateListTest, TakesTheRouteOfItsBook) {
+  PutEntry(MakeEntry("Ann"));
+  ASSERT_EQ(Book().LoadEntries(0), 1);
+  const std::uint32_t nowhere = 0;
+  box->SetAddress(&nowhere);
+  EXPECT_EQ(list.Reload(), GetParam() ? kRefused : kNoError) << "a size needs an address";
+  EXPECT_EQ(list.Count(), 2);
+  CUserAB unattached;
+  account.SetOwner(&unattached);
+  TakeCalls();
+  TheAgent.SetError(kEarlierError);
+  CEmailEntry entry = MakeEntry("Zoe");
+  EXPECT_EQ(list.AddLocal(&entry), -1);
+  EXPECT_EQ(Book().WriteBack(), kRefused);
+  EXPECT_EQ(TheAgent.LastError(), kEarlierError);
+  EXPECT_EQ(list.DestroyKeepingMembers(), kRefused);
+  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPIOCtl 2 0", "IMSPIOCtl 1 3600000"));
+
+  CPrivEntryPage loose;
+  loose.Append(entry);
+  EXPECT_EQ(loose.SendAll(), kNoError);
+  EXPECT_THAT(EntriesOnServer(), ElementsAre("Ann=at", "Zoe=at")) << "the session's own book";
 }
 
 TEST_P(PrivateListTest, OverwritesLocallyByFlag) {
