@@ -62,6 +62,9 @@ class CScanner : public RootObject {
   // The agent of a bound scanner, else null.
   CAgent* Agent() const { return IsBound() ? agent : nullptr; }
 
+  // The agent, of a scanner without an address too; null before SetAgent.
+  CAgent* RawAgent() const { return agent; }
+
   void SetName(const std::string& text) { name = text; }
   void SetModel(const std::string& text) { model = text; }
   void SetVersion(const std::string& text) { version = text; }

@@ -74,7 +74,7 @@ std::int32_t CEmailAB::SetPageSize(std::int32_t size) {
 }
 
 CAgent* CEmailAB::Agent() const {
-  return scanner != nullptr ? scanner->Agent() : nullptr;
+  return scanner != nullptr ? scanner->RawAgent() : nullptr;
 }
 
 Status CEmailAB::EntryCount(std::uint32_t* count) const {

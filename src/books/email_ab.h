@@ -73,7 +73,7 @@ class CEmailAB : public RootObject, public PublicListBook<CEmailAB, CPubEmailDL>
   CScanner* Scanner() const { return scanner; }
   CEntryView* View() const { return view.get(); }
 
-  // The scanner's agent, or null.
+  // The scanner's agent, also where the scanner has no address; or null.
   CAgent* Agent() const;
 
   // --- Whole book on the server ---

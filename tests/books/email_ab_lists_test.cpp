@@ -43,6 +43,16 @@ TEST_F(EmailBookTest, LoadsTheListsOfTheServer) {
   EXPECT_EQ(book.LoadLists(1), kNoError) << "there are none";
 }
 
+TEST_F(EmailBookTest, DeletesThroughAScannerWithoutAnAddress) {
+  book.LoadLists(0);
+  const std::uint32_t nowhere = 0;
+  box->SetAddress(&nowhere);
+  EXPECT_EQ(book.DeleteAllLists(), kNoError);
+  EXPECT_EQ(ServerSize("Board"), -1);
+  EXPECT_EQ(book.DeleteBook(), kNoError);
+  EXPECT_EQ(SimulatorBookSize(BookKind::kEmail, "", nullptr), 0);
+}
+
 TEST_F(EmailBookTest, HoldsTheFirstFiveHundredAndTwelve) {
   for (int i = 0; i < 511; ++i) PutList(("List" + std::to_string(1000 + i)).c_str(), {"Ann"});
   EXPECT_EQ(book.LoadLists(0), kMoreData);
