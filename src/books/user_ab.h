@@ -29,6 +29,8 @@ class CUserAB : public RootObject {
  public:
   static const ClassRecord kClass;
 
+  CUserAB() { users.Init(0, this); }  // the list knows its book before any load
+
   const ClassRecord* GetRuntimeClass() const override { return &kClass; }
 
   // Writes every account in turn, without their number; the archive's direction is not looked at,
@@ -103,6 +105,7 @@ class CUserAB : public RootObject {
   // The server's number of accounts: IMSPSizeofAB.
   Status ServerCount(std::uint32_t* count) const;
 
+  // CUserList::SaveAll of the accounts in memory, whether they were loaded or added.
   Status SaveAll() { return users.SaveAll(); }
 
   // The account's log, as CAgent::ReadLog and ClearLog.

@@ -59,7 +59,7 @@ class CUserList {
   Status Load(std::string_view startKey, std::int32_t direction);
 
   // Writes every record to the server in turn: IMSPModifyEntry. The first status that is not 0 ends
-  // it. -1 for an empty list.
+  // it. -1, and no call, for an empty list and for one without an owner.
   Status SaveAll();
 
   // Searches by name, in list order: the whole name where `exact` is 1, else as many characters as

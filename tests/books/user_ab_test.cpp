@@ -112,6 +112,16 @@ TEST_F(UserBookTest, LocalChangesPatchTheList) {
   EXPECT_FALSE(IsOnServer("Bo"));
 }
 
+TEST_F(UserBookTest, SavesAccountsThatWereOnlyAdded) {
+  book.Attach(box, 0, 0);
+  CUserRecord record;
+  Fill(record, "Anna");
+  ASSERT_EQ(book.AddLocal(&record), 1);
+  TakeCalls();
+  EXPECT_EQ(book.SaveAll(), kNoError);
+  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPModifyEntry 4:USERSAB Anna Anna"));
+}
+
 TEST_F(UserBookTest, AFullListRefusesAndRecordsIt) {
   for (int i = 3; i < MaxUsers; ++i) PutUser(NumberedName(i));
   CUserRecord record;
