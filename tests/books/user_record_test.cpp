@@ -110,6 +110,15 @@ TEST(UserList, KeepsTheBackOfAShortReadBackwards) {
   EXPECT_EQ(list.Load({}, 1), kRefused);
 }
 
+TEST(UserList, RefusesMoreThanItsLimitAndRecordsIt) {
+  CUserList list;
+  list.Allocate(MaxUsers);
+  TheAgent.SetError(kNoError);
+  EXPECT_EQ(list.Append(MakeUser("a")), 0);
+  EXPECT_EQ(TheAgent.LastError(), kBookFull);
+  EXPECT_EQ(list.Count(), MaxUsers);
+}
+
 TEST(UserList, IsStoredWithItsCount) {
   CUserList list;
   for (const char* name : {"a", "b"}) list.Append(MakeUser(name));

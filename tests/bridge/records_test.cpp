@@ -227,9 +227,10 @@ TEST(CUserEntry, TellsHostsByTheirAddress) {
 // --- What a server can leave in a record ---
 
 // A record that a server filled without a NUL is valid once its texts are ended, and is stored as
-// far as its fields go: each text is one character longer than its field holds.
-template <class Record>
-void ExpectEndsItsTexts() {
+// far as its fields go: each text is one character longer than its field holds. One text without an
+// end makes it invalid.
+template <class Record, class... Texts>
+void ExpectEndsItsTexts(Texts Record::*... texts) {
   Record record;
   std::memset(static_cast<void*>(&record), 'x', sizeof record);
   std::string bytes;
@@ -247,13 +248,21 @@ void ExpectEndsItsTexts() {
   record.Terminate();
   EXPECT_TRUE(record.IsValid());
   EXPECT_EQ(std::strlen(record.name.c_str()), 31U);
+
+  const auto expectInvalid = [](auto text) {
+    Record one;
+    std::memset(static_cast<void*>(&(one.*text)), 'x', sizeof(one.*text));
+    EXPECT_FALSE(one.IsValid());
+  };
+  (expectInvalid(texts), ...);
 }
 
 TEST(ServedRecord, IsValidOnceItsTextsAreEnded) {
-  ExpectEndsItsTexts<CMenuItem>();
-  ExpectEndsItsTexts<CEmailEntry>();
-  ExpectEndsItsTexts<CFaxEntry>();
-  ExpectEndsItsTexts<CUserEntry>();
+  ExpectEndsItsTexts(&CMenuItem::name, &CMenuItem::path, &CMenuItem::appTag, &CMenuItem::ipAddress);
+  ExpectEndsItsTexts(&CEmailEntry::name, &CEmailEntry::address);
+  ExpectEndsItsTexts(&CFaxEntry::name, &CFaxEntry::number, &CFaxEntry::third);
+  ExpectEndsItsTexts(&CUserEntry::name, &CUserEntry::password, &CUserEntry::third,
+                     &CUserEntry::fourth);
 }
 
 }  // namespace
