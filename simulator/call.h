@@ -43,6 +43,7 @@ Status Serve(const EntryPoint& entry, Work work, const Arguments&... arguments) 
   const Status status = refusal ? *refusal : work(appliance);
   const bool isFailure = refusal || (status != kNoError && status != kMoreData);
   if (isFailure && entry.count != nullptr && !appliance.lies.KeepsFailedCount()) *entry.count = 0;
+  (appliance.lies.ScribbleArgument(arguments), ...);
   if (isRecorded) RecordCall(appliance, std::move(text), status);
   appliance.SaveChange();
   return status;

@@ -31,6 +31,12 @@ void Lies::Scribble(BookKind kind, EntryKey* key, void* record) const {
   if (type != nullptr && record != nullptr) std::memset(record, '~', type->recordSize);
 }
 
+void Lies::ScribbleArgument(ABIdent* book) const {
+  if (Tells(kLieScribble) && book != nullptr) {
+    std::memset(static_cast<void*>(book), '~', sizeof *book);
+  }
+}
+
 void Lies::Distort(PageBoundary* row, std::size_t index) const {
   FillText(row->reserved, sizeof row->reserved);
   if (!Tells(kLieCensus)) return;

@@ -37,6 +37,11 @@ class Lies {
   // this kind, where they are not null.
   void Scribble(BookKind kind, EntryKey* key, void* record) const;
 
+  // Overwrites the book of a call; any other argument stays.
+  void ScribbleArgument(ABIdent* book) const;
+  template <class Other>
+  void ScribbleArgument(const Other& /*argument*/) const {}
+
   // Distorts a row of the census.
   void Distort(PageBoundary* row, std::size_t index) const;
 

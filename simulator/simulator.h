@@ -46,8 +46,7 @@ namespace quillkit {
 // Kinds of wrong replies, combined with |. None changes what is stored.
 enum SimulatorLie : std::uint32_t {
   // Bulk reads, listings and the census report 1000 records more than the buffer holds, unless
-  // their
-  // status is 4. No record is written outside the buffer.
+  // their status is 4. No record is written outside the buffer.
   kLieDeliveredCount = 1,
   // Text fields of delivered records, rows and census letters are filled completely, without a NUL.
   kLieUnterminated = 2,
@@ -61,7 +60,8 @@ enum SimulatorLie : std::uint32_t {
   kLieCensus = 16,
   // Sizes and numbers of books are wrong by 7 more at every call.
   kLieSize = 32,
-  // The caller's key and record of a change are overwritten completely, whatever the status.
+  // The caller's book of every call, and its key and record of a change, are overwritten completely,
+  // whatever the status.
   kLieScribble = 64,
   // Bulk reads, listings and the census report one record less than they delivered.
   kLieUntold = 128,

@@ -6,6 +6,9 @@
 // ("Data Not Found") are the caller's to judge, who may have received records with either. Without
 // an agent every operation gives -1 and makes no call.
 //
+// The book, the key and a record that is sent go out as copies: a server that writes into them
+// changes nothing here, and not what the next call sends.
+//
 // Records and rows that a server delivered are ended inside their text fields, so that their texts
 // may be read as C strings. A record's first field is its name, and its key in the book. The name
 // of a book or an entry that is too long for its field goes out as the empty one: cut, it could be
@@ -76,19 +79,18 @@ class BookAccess {
     return ListRange(&range, rows, count, 1);
   }
 
-  // IMSPCreateEntry. What goes out here and below is a copy: a server that writes into it changes
-  // nothing here.
+  // IMSPCreateEntry.
   Status Create(Entry* entry) {
     if (agent_ == nullptr) return kRefused;
     Entry sent = *entry;
-    return agent_->IMSPCreateEntry(&book_, &sent);
+    return Call(&CAgent::IMSPCreateEntry, &sent);
   }
 
   // IMSPReadEntryProperties of the entry that the record names, into the record.
   Status ReadOne(Entry* entry) {
     if (agent_ == nullptr) return kRefused;
     EntryKey key = KeyOf(*entry);
-    const Status status = agent_->IMSPReadEntryProperties(&book_, &key, entry);
+    const Status status = Call(&CAgent::IMSPReadEntryProperties, &key, entry);
     entry->Terminate();
     return status;
   }
@@ -118,21 +120,27 @@ class BookAccess {
   }
 
   // IMSPCreateAB, IMSPDeleteAB; IMSPClearAB and IMSPSizeofAB with a null filter.
-  Status CreateBook() { return agent_ != nullptr ? agent_->IMSPCreateAB(&book_) : kRefused; }
-  Status DeleteBook() { return agent_ != nullptr ? agent_->IMSPDeleteAB(&book_) : kRefused; }
-  Status ClearBook() { return agent_ != nullptr ? agent_->IMSPClearAB(&book_) : kRefused; }
-  Status Size(std::uint32_t* count) {
-    return agent_ != nullptr ? agent_->IMSPSizeofAB(&book_, count) : kRefused;
-  }
+  Status CreateBook() { return Call(&CAgent::IMSPCreateAB); }
+  Status DeleteBook() { return Call(&CAgent::IMSPDeleteAB); }
+  Status ClearBook() { return Call(&CAgent::IMSPClearAB, nullptr); }
+  Status Size(std::uint32_t* count) { return Call(&CAgent::IMSPSizeofAB, count, nullptr); }
 
  private:
+  // The one way out: the call goes with a copy of the book.
+  template <class... Parameters, class... Arguments>
+  Status Call(Status (CAgent::*call)(ABIdent*, Parameters...), Arguments... arguments) {
+    if (agent_ == nullptr) return kRefused;
+    ABIdent sent = book_;
+    return (agent_->*call)(&sent, arguments...);
+  }
+
   static EntryKey KeyOf(const Entry& entry) {
     return EntryKey::Of(reinterpret_cast<const FixedText<32>&>(entry).View());
   }
 
   Status ReadRange(KeyRange* range, Entry* records, std::uint32_t* count, std::int32_t direction) {
     const std::uint32_t capacity = *count;
-    const Status status = agent_->IMSPReadAB(&book_, range, records, count, direction);
+    const Status status = Call(&CAgent::IMSPReadAB, range, records, count, direction);
     TerminateDelivered(records, capacity, *count, direction);
     return status;
   }
@@ -140,7 +148,7 @@ class BookAccess {
   Status ListRange(KeyRange* range, EntryKey* rows, std::uint32_t* count, std::int32_t direction) {
     if (agent_ == nullptr || !OffersRoom(count)) return kRefused;
     const std::uint32_t capacity = *count;
-    const Status status = agent_->IMSPListABEntries(&book_, range, rows, count, direction);
+    const Status status = Call(&CAgent::IMSPListABEntries, range, rows, count, direction);
     TerminateDelivered(rows, capacity, *count, direction);
     return status;
   }
@@ -148,13 +156,10 @@ class BookAccess {
   Status ModifyByKey(EntryKey key, Entry* entry) {
     if (agent_ == nullptr) return kRefused;
     Entry sent = *entry;
-    return agent_->IMSPModifyEntry(&book_, &key, &sent);
+    return Call(&CAgent::IMSPModifyEntry, &key, &sent);
   }
 
-  Status DeleteByKey(EntryKey key) {
-    if (agent_ == nullptr) return kRefused;
-    return agent_->IMSPDeleteEntry(&book_, &key);
-  }
+  Status DeleteByKey(EntryKey key) { return Call(&CAgent::IMSPDeleteEntry, &key); }
 
   CAgent* agent_;
   ABIdent book_;

@@ -93,8 +93,9 @@ Status CAgent::DatabaseCommand(std::int32_t kind, const char* first, const char*
 
 Status CAgent::ReadLog(const std::string& user) {
   ABIdent book(BookKind::kLog, kLogBook);
+  ABIdent sized = book;  // a copy for each call: the server may write into it
   std::uint32_t count = 0;
-  const Status status = IMSPSizeofAB(&book, &count, user.c_str());
+  const Status status = IMSPSizeofAB(&sized, &count, user.c_str());
   if (status != kNoError) return status;
   FreeLogRecords();
   logCount = 0;

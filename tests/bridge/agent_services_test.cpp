@@ -148,7 +148,7 @@ TEST_F(AgentLog, RecordsGoWithTheServersAndWithTheScanners) {
 
 TEST_F(AgentLog, TheCountIsWhatWasDelivered) {
   PutLog("Ann", 3);
-  SimulatorSetLies(kLieSize);  // the size is told as 10
+  SimulatorSetLies(kLieSize | kLieScribble);  // the size is told as 10
   EXPECT_EQ(TheAgent.ReadLog("Ann"), kNoError);
   EXPECT_EQ(TheAgent.LogCount(), 3U);
 
