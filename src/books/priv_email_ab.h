@@ -44,7 +44,8 @@ class CPrivEmailAB : public RootObject, private ListSet<CPrivEmailDL> {
   const ClassRecord* GetRuntimeClass() const override { return &kClass; }
 
   // The lists as objects, then the entries. Storing first reads the members of every list that has
-  // none. Loading replaces both.
+  // none, by LoadAllMembers, whose status is not reported. Loading replaces both. The lists that it
+  // makes have no book until SetBook or Open.
   void Serialize(Archive& archive) override;
 
   // Stores the user, who must outlive the book. Whether it was not null, which changes nothing.
@@ -73,7 +74,8 @@ class CPrivEmailAB : public RootObject, private ListSet<CPrivEmailDL> {
 
   // Creates the book on the server from the copy: every entry (CPrivEntryPage::SendAll) and, if the
   // last gave 0, every list by its WriteMembers, up to the first failing status, which is the
-  // result.
+  // result. Lists that were read from an archive have no book and give 0 whatever the server
+  // refuses.
   Status WriteBack();
 
   // Deletes the lists, if there are at most 100, and the book itself on the server and leaves the

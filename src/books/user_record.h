@@ -73,6 +73,14 @@ class CUserRecord : public CUserEntry {
   // IMSPReadEntryProperties for the account, then those of CPrivEmailAB::EmptyOnServer and
   // WriteBack. 1, or 0 at the first failure and without a book; an absent book on the server (4) is
   // none. What is in memory is all that is then there: restore no book that was not read whole.
+  //
+  // The result 1 does not mean that everything was written. Of the entries, only the last one's
+  // status counts. Lists that were read from an archive have no book: what the server refuses of
+  // them is not reported (CPrivEmailDL::WriteMembers). The last error is that of the last call
+  // only. To find out, read the book back and compare it: the entries and lists themselves, or
+  // CPrivEmailAB's ServerEntryCount, ServerListCount and ListSize with the counts in memory. To
+  // learn which step failed, make the steps one by one (EmptyOnServer, CreateServerEntry of each
+  // entry, WriteMembers of each list) and look at the last error after each.
   int RestorePrivateBook();
 
   // Adds an entry to the user's private book on the server: IMSPCreateEntry.
@@ -82,6 +90,12 @@ class CUserRecord : public CUserEntry {
   // one first and loads its entries and lists from the server. Storing loads what is not loaded.
   // Loading stops at another user's name, which NameMismatch() then tells, and leaves the book as
   // it was. A privileged account has the name alone.
+  //
+  // A read that fails while storing gives a shorter section, or blank members, and is not reported:
+  // the last error is that of the last call only. For a backup, read everything first and check
+  // each step: CPrivEmailAB::LoadEntries(0) and LoadListsChecked(0) give 1, and each list's Open
+  // gives 0 and delivers its count. Storing then calls the server for lists without members only.
+  // After loading, check Archive::Failed().
   void SerializeWithBook(Archive& archive);
 
   // --- Log: CAgent::ReadLog, ClearLog, LogCount and LogRecordAt for this user ---

@@ -44,9 +44,15 @@ class CPrivEmailDL : public ServerList<CEmailDL, CPrivEmailAB, BookKind::kPrivat
   // Reads the list anew, with as many members as there are.
   Status Reload() override;
 
-  // Creates the list and its members on the server: CPrivEmailAB::CreateListWithMembers. Without a
-  // book the session's own list is created, past every refusal: 0. Addresses of members whose flags
-  // are 0 are blanked here, too.
+  // Creates the list and its members on the server: CPrivEmailAB::CreateListWithMembers, whose
+  // status it gives; a list without members is not created. Addresses of members whose flags are 0
+  // are blanked here, too.
+  //
+  // Without a book, as after a load from an archive, the session's own list is created, with or
+  // without members, and the result is 0 whatever the server refuses. The last error is then that
+  // of the last call, the creation of the last member; earlier refusals show only in the list's
+  // size on the server (GetMemberCount, CPrivEmailAB::ListSize), compared with Count(). After
+  // SetBook refusals are reported.
   Status WriteMembers() override;
 
   // Delete the list on the server under the long time-out, with the members here dropped first or
