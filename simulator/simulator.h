@@ -60,8 +60,8 @@ enum SimulatorLie : std::uint32_t {
   kLieCensus = 16,
   // Sizes and numbers of books are wrong by 7 more at every call.
   kLieSize = 32,
-  // The caller's book of every call, and its key and record of a change, are overwritten completely,
-  // whatever the status.
+  // The caller's book of every call, and its key and record of a change, are overwritten
+  // completely, whatever the status.
   kLieScribble = 64,
   // Bulk reads, listings and the census report one record less than they delivered.
   kLieUntold = 128,
