@@ -1,19 +1,36 @@
 // The sign of life that keeps the server from dropping the session.
 
+#include <utility>
+
+#include "bridge/keep_alive.h"
 #include "bridge/the_agent.h"
 
 namespace quillkit {
 namespace {
 
-// What the timer runs. Its result is discarded, so that a failing sign of life never changes the
-// last error.
+constinit KeepAliveSender keepAliveSender = nullptr;
+
+// Its result is discarded, so that a failing sign of life never changes the last error.
 void SendSignOfLife() {
   auto* wakeup =
       reinterpret_cast<Status (*)()>(FindEntryPoint(TheAgent.ServerLibrary(), "IMSPWakeup"));
   if (wakeup != nullptr) wakeup();
 }
 
+// What the timer runs.
+void OnWakeupTimer() {
+  if (keepAliveSender != nullptr) {
+    keepAliveSender(SendSignOfLife);
+  } else {
+    SendSignOfLife();
+  }
+}
+
 }  // namespace
+
+KeepAliveSender SetKeepAliveSender(KeepAliveSender sender) {
+  return std::exchange(keepAliveSender, sender);
+}
 
 Status CAgent::StartWakeup() {
   if (wakeupPeriod != 0) return kNoError;
@@ -23,7 +40,7 @@ Status CAgent::StartWakeup() {
   if (status != kNoError) return status;
   const std::uint32_t period = request.value >> 1;
   const TimerId earlier = wakeupTimer;  // one with a period of 0 passes for none
-  wakeupTimer = StartThreadTimer(period, SendSignOfLife);
+  wakeupTimer = StartThreadTimer(period, OnWakeupTimer);
   wakeupPeriod = period;  // only now: the timer may have been refused its memory
   if (earlier != 0) StopThreadTimer(earlier);
   return lastError;

@@ -1,0 +1,23 @@
+// Who sends the session keep-alive (IMSPWakeup) when it is due.
+//
+// The library sends it at once, on the thread of the timer. A module that serialises the calls of
+// several threads takes over the sending, so that the keep-alive waits for its turn too.
+
+#ifndef QUILLKIT_BRIDGE_KEEP_ALIVE_H_
+#define QUILLKIT_BRIDGE_KEEP_ALIVE_H_
+
+namespace quillkit {
+
+// Sends the keep-alive. Does nothing if the server library is not loaded.
+using KeepAlive = void (*)();
+using KeepAliveSender = void (*)(KeepAlive send);
+
+// Passes every later keep-alive to `sender`, on the thread of the timer; null restores the sending
+// at once. `sender` runs `send` now or later, on any thread, while no other call is inside the
+// library. Returns the earlier sender, null if there was none.
+// REQUIRES: no other thread uses the library.
+KeepAliveSender SetKeepAliveSender(KeepAliveSender sender);
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_BRIDGE_KEEP_ALIVE_H_
