@@ -39,8 +39,6 @@ if(WIN32)
           RENAME quillkit_resources.o)
   target_link_libraries(quillkit_classes INTERFACE
                         $<INSTALL_INTERFACE:$<INSTALL_PREFIX>/${resources}>)
-else()
-  set_target_properties(quillkit_c PROPERTIES INSTALL_RPATH $ORIGIN)
 endif()
 install(TARGETS Quillkit quillkit_c EXPORT QuillkitTargets INCLUDES DESTINATION ${headers}
         RUNTIME COMPONENT Runtime

@@ -18,9 +18,10 @@
 // underscores, and makes the same calls to the server, which are listed there. What differs is said
 // here: handles are checked, texts are copied, and nothing ends the process that is called wrongly.
 // Call everything from one thread at a time, and log in on the thread that dispatches messages; on
-// POSIX QuillkitEventDescriptor and QuillkitDispatchEvents of libQuillkit.so
-// (platform/posix/event_loop.h) keep the session alive. Functions of toolkit/quillkit.h are not to
-// be called beside these: they would end objects behind their handles.
+// POSIX QuillkitEventDescriptor and QuillkitDispatchEvents (platform/posix/event_loop.h), which this
+// library exports too, keep the session alive. This library contains Quillkit. Do not use
+// Quillkit.dll or libQuillkit.so in the same process: it would be a second client of the same server
+// library.
 //
 // Handles. Numbers, 0 for none. A handle names one object as long as that lives, the same object
 // has the same handle, and no handle ever comes to name another object. One that has ended, is 0 or

@@ -3,9 +3,9 @@
 // Poll the descriptor for reading together with your own descriptors. When it is readable, call
 // QuillkitDispatchEvents().
 //
-// libQuillkit.so exports these two functions in addition to the 60 of toolkit/quillkit.h. Both work
-// on the timers of the calling thread: call them on the thread that logged in. A forked child
-// process has no timers.
+// libQuillkit.so and libquillkit_c.so both export these two functions, each for its own timers: link
+// only the library that logs in. Both functions work on the timers of the calling thread: call them
+// on the thread that logged in. A forked child process has no timers.
 
 #ifndef QUILLKIT_PLATFORM_POSIX_EVENT_LOOP_H_
 #define QUILLKIT_PLATFORM_POSIX_EVENT_LOOP_H_
