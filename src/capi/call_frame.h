@@ -1,9 +1,9 @@
 // What surrounds the work of every function: its arguments are checked and turned into the
 // library's, and no exception leaves it.
 //
-// An argument class tells its fault, 0 or one of the QUILL_E_ values, and gives its value when it
-// has none. It looks its handle up when it is made, so that the faults count in the order of the
-// arguments.
+// An argument class keeps what the caller passed. Its Check(), which runs in the frame, returns 0
+// or one of the QUILL_E_ values; its Value() is valid after a 0. The checks run in the order of
+// the arguments.
 
 #ifndef QUILLKIT_CAPI_CALL_FRAME_H_
 #define QUILLKIT_CAPI_CALL_FRAME_H_
@@ -45,22 +45,24 @@ enum class Need {
 template <class Object, Need kNeed = Need::kAlive>
 class ObjectArgument {
  public:
-  explicit ObjectArgument(quill_handle handle) {
-    if (kNeed == Need::kAliveOrNone && handle == 0) return;
-    const HandleEntry* entry = Handles().Find(handle, kKindOf<Object>, &fault_);
-    if (entry == nullptr) return;
-    object_ = static_cast<Object*>(entry->object);
-    if (kNeed == Need::kOwnership && !entry->isApplications) fault_ = QUILL_E_OWNER;
-    if (kNeed == Need::kItsBook && entry->parent != 0 && !Handles().IsLive(entry->parent)) {
-      fault_ = QUILL_E_STALE;
-    }
-  }
+  explicit ObjectArgument(quill_handle handle) : handle_(handle) {}
 
-  std::int32_t Fault() const { return fault_; }
+  std::int32_t Check() {
+    if (kNeed == Need::kAliveOrNone && handle_ == 0) return 0;
+    std::int32_t fault = 0;
+    const HandleEntry* entry = Handles().Find(handle_, kKindOf<Object>, &fault);
+    if (entry == nullptr) return fault;
+    object_ = static_cast<Object*>(entry->object);
+    if (kNeed == Need::kOwnership && !entry->isApplications) return QUILL_E_OWNER;
+    if (kNeed == Need::kItsBook && entry->parent != 0 && !Handles().IsLive(entry->parent)) {
+      return QUILL_E_STALE;
+    }
+    return 0;
+  }
   Object* Value() const { return object_; }
 
  private:
-  std::int32_t fault_ = 0;
+  quill_handle handle_;
   Object* object_ = nullptr;
 };
 
@@ -74,7 +76,7 @@ class Text {
  public:
   explicit Text(const char* text) : text_(text) {}
 
-  std::int32_t Fault() const { return text_ != nullptr ? 0 : QUILL_E_ARGUMENT; }
+  std::int32_t Check() const { return text_ != nullptr ? 0 : QUILL_E_ARGUMENT; }
   std::string Value() const { return text_; }
 
  private:
@@ -86,7 +88,7 @@ class NumberResult {
  public:
   explicit NumberResult(std::uint32_t* number) : number_(number) {}
 
-  std::int32_t Fault() const { return number_ != nullptr ? 0 : QUILL_E_ARGUMENT; }
+  std::int32_t Check() const { return number_ != nullptr ? 0 : QUILL_E_ARGUMENT; }
   const NumberResult& Value() const { return *this; }
 
   std::uint32_t* number() const { return number_; }
@@ -105,7 +107,7 @@ class TextResult {
  public:
   TextResult(char* buffer, std::uint32_t* size) : buffer_(buffer), size_(size) {}
 
-  std::int32_t Fault() const {
+  std::int32_t Check() const {
     return size_ != nullptr && (buffer_ != nullptr || *size_ == 0) ? 0 : QUILL_E_ARGUMENT;
   }
   const TextResult& Value() const { return *this; }
@@ -133,7 +135,7 @@ class HandleResult {
     if (handle_ != nullptr) *handle_ = 0;
   }
 
-  std::int32_t Fault() const { return handle_ != nullptr ? 0 : QUILL_E_ARGUMENT; }
+  std::int32_t Check() const { return handle_ != nullptr ? 0 : QUILL_E_ARGUMENT; }
   const HandleResult& Value() const { return *this; }
 
   // 1, or 0 for null.
@@ -168,11 +170,11 @@ class HandleResult {
 };
 
 template <class Argument>
-std::int32_t FaultOf(const Argument& argument) {
+std::int32_t Check(Argument& argument) {
   if constexpr (std::is_integral_v<Argument>) {
     return 0;
   } else {
-    return argument.Fault();
+    return argument.Check();
   }
 }
 
@@ -188,10 +190,10 @@ decltype(auto) ValueOf(const Argument& argument) {
 // Does `work` on the values of the arguments, and gives its result, 1 where it has none; or the
 // first fault of an argument, with nothing done.
 template <class Work, class... Arguments>
-std::int32_t InFrame(Work work, const Arguments&... arguments) noexcept {
+std::int32_t InFrame(Work work, Arguments... arguments) noexcept {
   try {
     std::int32_t fault = 0;
-    ((fault = fault != 0 ? fault : FaultOf(arguments)), ...);
+    ((fault = fault != 0 ? fault : Check(arguments)), ...);
     if (fault != 0) return fault;
     if constexpr (std::is_void_v<decltype(work(ValueOf(arguments)...))>) {
       work(ValueOf(arguments)...);
