@@ -12,6 +12,7 @@ set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 find_package(Threads REQUIRED)
 
 option(QUILLKIT_SANITIZE "Build with address and undefined-behaviour sanitizers" OFF)
+option(QUILLKIT_SANITIZE_THREADS "Build with the thread sanitizer" OFF)
 option(QUILLKIT_BUILD_FUZZ "Build the fuzz targets, and all else for them: clang++ alone" OFF)
 
 add_library(quillkit_options INTERFACE)
@@ -26,6 +27,10 @@ if(QUILLKIT_SANITIZE)
   target_compile_options(quillkit_options INTERFACE -fsanitize=address,undefined
                          -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(quillkit_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(QUILLKIT_SANITIZE_THREADS)
+  target_compile_options(quillkit_options INTERFACE -fsanitize=thread -fno-omit-frame-pointer)
+  target_link_options(quillkit_options INTERFACE -fsanitize=thread)
 endif()
 if(QUILLKIT_BUILD_FUZZ)
   target_compile_options(quillkit_options INTERFACE -fsanitize=fuzzer-no-link)

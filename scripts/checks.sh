@@ -68,6 +68,13 @@ check_headers() {
   echo "$2 and $1 take the exported headers"
 }
 
+# check_threads SECONDS: quillkit_c takes calls of several threads, as the thread sanitizer sees it.
+check_threads() {
+  configure threads build/threads
+  cmake --build build/threads --target quillkit_c_threads
+  build/threads/bin/quillkit_c_threads "$1"
+}
+
 # check_python_example FOLDER: the example in Python shows what it should on the simulated appliance.
 check_python_example() {
   local expected=examples/python/soft_keys.txt

@@ -1,8 +1,8 @@
-// What surrounds the work of every function: its arguments are checked and turned into the
-// library's, and no exception leaves it.
+// What surrounds the work of every function: it waits for its turn, its arguments are checked and
+// turned into the library's, and no exception leaves it.
 //
-// An argument class keeps what the caller passed. Its Check(), which runs in the frame, returns 0
-// or one of the QUILL_E_ values; its Value() is valid after a 0. The checks run in the order of
+// An argument class keeps what the caller passed. Its Check(), which runs inside the turn, returns
+// 0 or one of the QUILL_E_ values; its Value() is valid after a 0. The checks run in the order of
 // the arguments.
 
 #ifndef QUILLKIT_CAPI_CALL_FRAME_H_
@@ -16,6 +16,7 @@
 #include <string>
 #include <type_traits>
 
+#include "capi/call_turn.h"
 #include "capi/handle_table.h"
 #include "toolkit/quillkit.h"
 
@@ -188,11 +189,12 @@ decltype(auto) ValueOf(const Argument& argument) {
 }
 
 // Does `work` on the values of the arguments, and gives its result, 1 where it has none; or the
-// first fault of an argument, with nothing done.
+// fault of the turn or the first of an argument, with nothing done.
 template <class Work, class... Arguments>
 std::int32_t InFrame(Work work, Arguments... arguments) noexcept {
   try {
-    std::int32_t fault = 0;
+    const CallTurn turn;
+    std::int32_t fault = turn.Fault();
     ((fault = fault != 0 ? fault : Check(arguments)), ...);
     if (fault != 0) return fault;
     if constexpr (std::is_void_v<decltype(work(ValueOf(arguments)...))>) {

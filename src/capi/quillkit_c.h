@@ -17,11 +17,27 @@
 // Functions. Each is the function of toolkit/quillkit.h whose name it spells in small letters with
 // underscores, and makes the same calls to the server, which are listed there. What differs is said
 // here: handles are checked, texts are copied, and nothing ends the process that is called wrongly.
-// Call everything from one thread at a time, and log in on the thread that dispatches messages; on
-// POSIX QuillkitEventDescriptor and QuillkitDispatchEvents (platform/posix/event_loop.h), which this
-// library exports too, keep the session alive. This library contains Quillkit. Do not use
-// Quillkit.dll or libQuillkit.so in the same process: it would be a second client of the same server
-// library.
+// This library contains Quillkit. Do not use Quillkit.dll or libQuillkit.so in the same process: it
+// would be a second client of the same server library.
+//
+// Threads. Any thread may call any function. The library runs one call at a time; other threads
+// wait until it returns, which can take up to an hour for an import. Handles, the session and the
+// last error belong to the process: another thread's call may end a handle, which is then refused
+// as stale, or replace the last error. A call from inside another call of the same thread does
+// nothing and gives QUILL_E_NESTED. This happens if the server library dispatches messages while it
+// waits, and a window procedure calls this library.
+//
+// Keep-alive. The session keep-alive (IMSPWakeup; its status is discarded) is a timer of the thread
+// that logged in, and ends with that thread. The thread has to let it run: on Windows by
+// dispatching messages; on POSIX by any call that is not refused, or by QuillkitDispatchEvents
+// (platform/posix/event_loop.h), which this library exports too. The keep-alive takes its turn as
+// calls do. If it falls due while another thread's call runs, it is sent at the end of that call,
+// by the thread that made the call; the thread that logged in does not wait for it. Log out on the
+// thread that logged in: after a logout on another thread the timer continues, without a session.
+//
+// Fork. In a child of fork() every function but quill_version and quill_error_text does nothing,
+// takes no lock and gives QUILL_E_FORKED. The parent's session is not affected. End the child by
+// exec or _exit(): exit() would send IMSPTerminate from the child.
 //
 // Handles. Numbers, 0 for none. A handle names one object as long as that lives, the same object
 // has the same handle, and no handle ever comes to name another object. One that has ended, is 0 or
@@ -106,7 +122,9 @@ enum {
   QUILL_E_ARGUMENT = -1005,  // a text, result or size is null
   QUILL_E_BUFFER = -1006,    // the text needs a larger buffer
   QUILL_E_MEMORY = -1007,    // memory was refused; what the call had done until then stays done
-  QUILL_E_INTERNAL = -1008   // another failure inside, after which the same holds
+  QUILL_E_INTERNAL = -1008,  // another failure inside, after which the same holds
+  QUILL_E_NESTED = -1009,    // the thread is inside another call
+  QUILL_E_FORKED = -1010     // the process is a fork of the one that loaded the library
 };
 
 // ---------------------------------------------------------------------------------------------

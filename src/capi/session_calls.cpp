@@ -22,6 +22,8 @@ constexpr const char* kErrorTexts[] = {
     /*-1006*/ "the buffer is too small",
     /*-1007*/ "out of memory",
     /*-1008*/ "internal failure",
+    /*-1009*/ "the thread is inside another call",
+    /*-1010*/ "the process is a fork of the one that loaded the library",
 };
 
 using ScannerOrNone = ObjectArgument<CScanner, Need::kAliveOrNone>;

@@ -1,4 +1,4 @@
-// The library for C is tried from C, in a process of its own: its server library is not this one's.
+// The library for C is tried by programs of its own: its server library is not this process's.
 
 #include <gtest/gtest.h>
 
@@ -9,6 +9,10 @@ namespace {
 
 TEST(LibraryForC, DoesWhatItsProgramInCExpects) {
   EXPECT_EQ(OutputOnFailure(".", "quillkit_c_tests"), "");
+}
+
+TEST(LibraryForC, TakesCallsOfEightThreadsInTurn) {
+  EXPECT_EQ(OutputOnFailure(".", "quillkit_c_threads"), "");
 }
 
 }  // namespace

@@ -309,7 +309,8 @@ static void CheckTexts(void) {
   EQ(9, size);
   TEXT_EQ("the handle is 0", quill_error_text(QUILL_E_NULL));
   TEXT_EQ("internal failure", quill_error_text(QUILL_E_INTERNAL));
-  TEXT_EQ("", quill_error_text(QUILL_E_INTERNAL - 1));
+  TEXT_EQ("the thread is inside another call", quill_error_text(QUILL_E_NESTED));
+  TEXT_EQ("", quill_error_text(QUILL_E_FORKED - 1));
   TEXT_EQ("", quill_error_text(0));
   ClearStage();
 }

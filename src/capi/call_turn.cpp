@@ -1,0 +1,57 @@
+#include "capi/call_turn.h"
+
+#include <atomic>
+#include <mutex>
+
+#include "bridge/keep_alive.h"
+#include "capi/quillkit_c.h"
+#include "platform/forked_child.h"
+
+namespace quillkit {
+namespace {
+
+// Recursive, so that a thread inside a call sends a keep-alive that falls due there, and is told
+// when it enters another call.
+constinit std::recursive_mutex door;
+constinit int depth = 0;  // of the thread that holds the door
+
+// A keep-alive that waits for the door to be free.
+constinit std::atomic<KeepAlive> owed = nullptr;
+
+// Sends what is owed unless another thread holds the door. That thread looks for it once it has
+// left, so that none stays behind.
+void SendOwed() {
+  while (owed.load() != nullptr && door.try_lock()) {
+    ++depth;
+    if (const KeepAlive send = owed.exchange(nullptr)) send();
+    --depth;
+    door.unlock();
+  }
+}
+
+void OnKeepAlive(KeepAlive send) {
+  owed.store(send);
+  SendOwed();
+}
+
+[[maybe_unused]] const KeepAliveSender earlierSender = SetKeepAliveSender(OnKeepAlive);
+
+}  // namespace
+
+CallTurn::CallTurn() {
+  if (IsForkedChild()) {
+    fault_ = QUILL_E_FORKED;
+    return;
+  }
+  door.lock();
+  if (++depth != 1) fault_ = QUILL_E_NESTED;
+}
+
+CallTurn::~CallTurn() {
+  if (fault_ == QUILL_E_FORKED) return;
+  --depth;
+  door.unlock();
+  SendOwed();
+}
+
+}  // namespace quillkit
