@@ -3,7 +3,7 @@
 //   quill_handle box, keys, key;
 //   char name[32];
 //   if (quill_log_to_quillbox("quillbox.example", "ADMINISTRATOR", password, "", 1, &box) != 1)
-//     return quill_get_last_toolkit_error();
+//     return 1;  // not the last error, which is 0 if nothing was recorded
 //   quill_get_top_level_abook(box, &keys);
 //   for (int32_t i = 0; quill_get_key_at(keys, i, &key) == 1; ++i) {
 //     uint32_t size = sizeof name;

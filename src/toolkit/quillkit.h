@@ -3,7 +3,7 @@
 //
 //   using namespace quillkit;
 //   CScanner* box = LogToQuillbox("quillbox.example", "ADMINISTRATOR", password, "", 1);
-//   if (box == nullptr) return GetLastToolkitError();
+//   if (box == nullptr) return 1;  // not GetLastToolkitError(), which is 0 if nothing was recorded
 //   CTopLevelAB* keys = GetTopLevelAbook(box);
 //   for (int i = 0; i < GetCount(keys); ++i) puts(GetKeyName(GetKeyAt(keys, i)));
 //   Logout();

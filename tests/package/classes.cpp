@@ -17,7 +17,7 @@ int main() {
     if (object == nullptr) return 2;
   }
   CScanner* box = LogToQuillbox("127.0.0.1", "ADMINISTRATOR", "quill", "", 1);
-  if (box == nullptr) return GetLastToolkitError();
+  if (box == nullptr) return 3;
   std::printf("classes %s: %d keys, %zu classes\n", QUILLKIT_VERSION,
               GetCount(GetTopLevelAbook(box)), RegisteredClasses().size());
   CToolkitApp::Stop();

@@ -9,7 +9,7 @@ int main() {
   using namespace quillkit;
   SimulatorSeed();
   CScanner* box = LogToQuillbox("127.0.0.1", "ADMINISTRATOR", "quill", "", 1);
-  if (box == nullptr) return GetLastToolkitError();
+  if (box == nullptr) return 3;
   AddKey(GetTopLevelAbook(box), "Outside", 0);
   std::printf("simulated %s: %d keys\n", QUILLKIT_VERSION,
               SimulatorBookSize(BookKind::kTop, nullptr, nullptr));
