@@ -186,6 +186,10 @@ class CPrivEmailAB : public RootObject, private ListSet<CPrivEmailDL> {
   }
 
   // --- Entries: each as CPrivEntryPage's ---
+  //
+  // LoadEntries, ClearAll and loading from an archive attach the page to the book. Before that
+  // there are no entries, and operations that need the server make no call and fail: -1, or 0 for
+  // ModifyLocal and ModifyLocalByKey.
 
   std::int32_t EntryCount() const { return entries.Count(); }
   CEmailEntry* EntryAt(std::int32_t index) { return entries.At(index); }

@@ -108,10 +108,14 @@ class CUserRecord : public CUserEntry {
   const LogRecord* LogAt(std::int32_t index) const;
 
   // --- Flags, written to the server: IMSPModifyEntry ---
+  //
+  // 1, or 0 when the server refuses; the flag in memory changes in both cases. `reload` has an
+  // effect if the server gave 0 and the record has an owner: the owner passes the record through
+  // its copy step and reads its accounts anew. The copy step releases the private book of the
+  // record without deleting it: call DetachPrivateBook before. The record then has a new empty book
+  // if its owner was attached with private books, else none.
 
-  // Sets the once-only mark. 0 and no call when it is set already; it stays set in memory when the
-  // write fails. `reload`, on these and below, lets the owner read its accounts anew, which also
-  // passes this record through the owner's copy step.
+  // Sets the once-only mark. 0 and no call when it is set already.
   int MarkOnce(std::int32_t reload);
 
   bool IsOn() const { return (flags & kOnFlag) != 0; }

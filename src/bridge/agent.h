@@ -90,8 +90,13 @@ class CAgent : public RootObject {
   Status Relogin(CUserRecord* user, CScanner* target, std::string& third,
                  std::int32_t loadPrivateBook);
 
-  // Logs in with a ready record and adds a scanner without a name; no user record is touched.
-  // `identity` takes the server's identity text whatever the result.
+  // Logs in with a ready record and adds a scanner without a name, replacing one of the same
+  // address. `identity` takes the server's identity text whatever the result. The current user
+  // stays that of an earlier login.
+  //   A refused login gives the status of IMSPLogin and leaves IsConnected() as it was.
+  //   If the period of the keep-alive cannot be read, its status is the result. The session is then
+  //   open, IsConnected() is 1, and no scanner is added: the caller logs out.
+  //   A record with address 0 that the server accepts gives 0 and adds an empty scanner, not bound.
   Status LoginByRecord(LoginRecord* login, std::string& identity);
 
   // Calls IMSPLogout and returns its status, which is not recorded. Deletes the current user, stops
@@ -145,7 +150,9 @@ class CAgent : public RootObject {
   // that.
   void StopWakeup();
 
-  // Starts the timer when none is set; whether that gave 0.
+  // Starts the timer when none is set; whether that gave 0. True also where no timer runs: after
+  // Logout(), which keeps the timer's number, and after StopWakeup(), where StartWakeup() gives 0
+  // and starts none. False only if the server is asked for its period and refuses.
   bool EnsureWakeup();
 
   TimerId WakeupTimer() const { return wakeupTimer; }

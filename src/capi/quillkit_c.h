@@ -17,8 +17,10 @@
 // Functions. Each is the function of toolkit/quillkit.h whose name it spells in small letters with
 // underscores, and makes the same calls to the server, which are listed there. What differs is said
 // here: handles are checked, texts are copied, and nothing ends the process that is called wrongly.
-// This library contains Quillkit. Do not use Quillkit.dll or libQuillkit.so in the same process: it
-// would be a second client of the same server library.
+// This library contains Quillkit, and loads and starts the server library as that does: if it
+// cannot, then on Windows this library does not load; on POSIX every server call gives 20. Do not
+// use Quillkit.dll or libQuillkit.so in the same process: it would be a second client of the same
+// server library.
 //
 // Threads. Any thread may call any function. The library runs one call at a time; other threads
 // wait until it returns, which can take up to an hour for an import. Handles, the session and the
@@ -142,7 +144,8 @@ QUILL_API const char* quill_error_text(int32_t error);
 
 // Logs in to the appliance `host` (a name, or a dotted IPv4 address). `third`: the account record's
 // third text, which the server's own takes the place of. ADMINISTRATOR and TOOLKIT get a top-level
-// book, which is loaded with all items when `load_top_book` is set. 1, or 0 with the reason in
+// book, which is loaded with all items when `load_top_book` is set. A failed load does not stop the
+// login; the last error is then the load's. 1, or 0 with the reason in
 // quill_get_last_toolkit_error: unless that stands for an earlier failure, because a user over 31,
 // a password over 15 or a third text over 255 characters was refused, or host 0.0.0.0.
 QUILL_API int32_t quill_log_to_quillbox(const char* host, const char* user, const char* password,

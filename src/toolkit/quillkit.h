@@ -12,10 +12,14 @@
 // CONVENTIONS
 //
 // Functions. 60 plain functions with C linkage and undecorated names, inside namespace quillkit for
-// C++. Loading the library loads the server library. Call everything from one thread at a time, and
-// log in on the thread that dispatches messages: the session's sign of life (IMSPWakeup, whose
-// status nobody sees) is a timer of that thread. On POSIX an application's own event loop keeps it
-// alive with the two functions of platform/posix/event_loop.h.
+// C++. Call everything from one thread at a time, and log in on the thread that dispatches
+// messages: the session keep-alive (IMSPWakeup; its status is discarded) is a timer of that thread.
+// On POSIX an application's own event loop keeps the session alive with the two functions of
+// platform/posix/event_loop.h.
+//
+// Loading. Loading the library loads and initialises the server library. If that fails, the reason
+// is shown in a message box on Windows, and the library does not load. On POSIX it is written to
+// standard error, and the library loads all the same: every server call then gives 20.
 //
 // Handles. Plain pointers to the library's objects, not checked: pass one that is alive. Where it
 // comes from says who owns it:
@@ -55,9 +59,10 @@
 // library recorded itself; a success without a call leaves it as it was. Every function that calls
 // the server says which calls it makes, in their order, and can give any server code of
 // TranslateToolkitError; a call that fails is the last unless something else is said. "No call"
-// means that the server hears nothing. A server library that is not loaded, or lacks what is
-// called, gives 20. Of the codes, the library itself raises 24 ("Address Book Full") and 25
-// ("Invalid host name"). Local codes are results and are never recorded:
+// means that the function itself calls nothing. On POSIX entering any function, these included,
+// sends the keep-alive of the calling thread if it is due. A server library that is not loaded, or
+// lacks what is called, gives 20. Of the codes, the library itself raises 24 ("Address Book Full")
+// and 25 ("Invalid host name"). Local codes are results and are never recorded:
 //
 //   -1   not connected, a bad argument, or no such file
 //   -2   the input file cannot be read
@@ -106,8 +111,9 @@ extern "C" {
 // Logs in to the appliance `host` (a name, a name with one or two leading slashes or backslashes,
 // or a dotted IPv4 address) and gives its handle, or null. `third`: the account record's third
 // text, which the server's own takes the place of. ADMINISTRATOR and TOOLKIT, spelled exactly so,
-// get a top-level book, which is loaded with all items when `loadTopBook` is set; a failed load
-// does not stop the login.
+// get a top-level book, which is loaded with all items when `loadTopBook` is set. A failed load
+// does not stop the login. After a login with a load the last error is that of the load: the status
+// of its last call, which is 4 for a book without keys.
 //
 // A user over 31, a password over 15 or a `third` over 255 characters gives null with nothing
 // changed and no call. A host that does not resolve gives null and records 25; 0.0.0.0 gives null

@@ -1,8 +1,8 @@
 // The entries of a private book, held whole: at most 2000, read by index and searched by name.
 //
 // Every change goes to the server through the book first. A plain change with `reload` then reads
-// the whole list anew; a local one patches it. Without a book every change but SendAll fails, as
-// where the server refuses, and makes no call.
+// the whole list anew; a local one patches it. Before Attach has set a book, every change but
+// SendAll makes no call and fails: -1, or 0 for ModifyLocal and ModifyLocalByKey.
 
 #ifndef QUILLKIT_VIEWS_PRIV_ENTRY_PAGE_H_
 #define QUILLKIT_VIEWS_PRIV_ENTRY_PAGE_H_

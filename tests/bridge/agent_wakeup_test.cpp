@@ -61,6 +61,11 @@ TEST_F(AgentWakeup, AStoppedTimerPassesForRunningUntilALogout) {
   EXPECT_NE(TheAgent.WakeupTimer(), 0U);
   EXPECT_TRUE(TheAgent.EnsureWakeup());
   EXPECT_THAT(TakeCalls(), IsEmpty());
+
+  TheAgent.Logout(0);
+  TakeCalls();
+  EXPECT_TRUE(TheAgent.EnsureWakeup()) << "the number of the stopped timer stays";
+  EXPECT_THAT(TakeCalls(), IsEmpty());
 }
 
 }  // namespace
