@@ -65,8 +65,9 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/QuillkitConfigVersion.cma
 install(FILES cmake/QuillkitConfig.cmake ${PROJECT_BINARY_DIR}/QuillkitConfigVersion.cmake
         DESTINATION ${package} COMPONENT Development)
 
-# quillkit_pkg_config(name description libs): name.pc.
+# quillkit_pkg_config(name description libs [flags]): name.pc, with further flags for the compiler.
 function(quillkit_pkg_config name description libs)
+  list(JOIN ARGN " " flags)
   set(folder ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
   file(RELATIVE_PATH prefix /${folder} /)
   string(REGEX REPLACE "/$" "" prefix ${prefix})
@@ -74,13 +75,14 @@ function(quillkit_pkg_config name description libs)
   install(FILES ${CMAKE_CURRENT_BINARY_DIR}/${name}.pc DESTINATION ${folder}
           COMPONENT Development)
 endfunction()
-quillkit_pkg_config(quillkit "Programs a Quillbox network scanning appliance" -lQuillkit)
+quillkit_pkg_config(quillkit "Programs a Quillbox network scanning appliance" -lQuillkit -std=c++20)
 quillkit_pkg_config(quillkit_c "Quillkit for C and what calls C" -lquillkit_c)
 if(WIN32)
   quillkit_pkg_config(quillkit_classes "The objects of Quillkit"
-                      "-lquillkit_classes \${prefix}/${resources} -lws2_32")
+                      "-lquillkit_classes \${prefix}/${resources} -lws2_32" -std=c++20)
 else()
-  quillkit_pkg_config(quillkit_classes "The objects of Quillkit" "-lquillkit_classes -ldl")
+  quillkit_pkg_config(quillkit_classes "The objects of Quillkit" "-lquillkit_classes -ldl"
+                      -std=c++20)
 endif()
 
 if(TARGET quillctl)

@@ -49,18 +49,34 @@ check_names_no_folder() {
   fi
 }
 
+# check_language PREFIX CXX: a C++17 compiler takes an installed header, or prints one message that
+# asks for C++20 and ends at the missing file of base/language.h.
+check_language() {
+  local header messages include=$1/include/quillkit
+  while read -r header; do
+    messages=$("$2" -std=c++17 -fsyntax-only -I"$include" -x c++ "$header" 2>&1) && continue
+    if [ "$(grep -c 'error:' <<<"$messages")" != 2 ] ||
+      ! grep -q 'error:.*"Quillkit needs C++20: compile' <<<"$messages"; then
+      printf '%s: a compiler of C++17 is not just asked for C++20:\n%s\n' "$header" "$messages"
+      return 1
+    fi
+  done < <(find "$include"/{toolkit,import,simulator,books,views} -name "*.h")
+}
+
 # build_outside PREFIX SCRATCH CC CXX [options of cmake]: builds the programs by find_package and by
-# pkg-config, and sees that the installed headers need no others.
+# pkg-config, which raise C++17 to what the headers need, and sees that these need no others.
 build_outside() {
   local prefix=$1 scratch=$2 cc=$3 cxx=$4 include=$1/include/quillkit name flags
   local -A by_pkg_config=([toolkit]=quillkit [quillkit_c]=quillkit_c [classes]=quillkit_classes)
   shift 4
   find "$include" -name '*.h' -printf '#include "%P"\n' |
     "$cxx" -std=c++20 -Wall -Wextra -Werror -fsyntax-only -I"$include" -x c++ - || return 1
+  check_language "$prefix" "$cxx" || return 1
 
   cp -r tests/package "$scratch/by_cmake"
   cmake -G Ninja -S "$scratch/by_cmake" -B "$scratch/by_cmake/build" --log-level=WARNING \
-    -D CMAKE_PREFIX_PATH="$prefix" -D QUILLKIT_VERSION="$quillkit_version" "$@" >/dev/null &&
+    -D CMAKE_PREFIX_PATH="$prefix" -D QUILLKIT_VERSION="$quillkit_version" \
+    -D CMAKE_CXX_STANDARD=17 "$@" >/dev/null &&
     cmake --build "$scratch/by_cmake/build" -- --quiet || return 1
 
   mkdir "$scratch/by_pkg_config"
@@ -68,9 +84,10 @@ build_outside() {
     read -ra flags < <(PKG_CONFIG_LIBDIR=$(folder_of "$prefix" quillkit.pc) pkg-config --cflags \
       --libs "${by_pkg_config[$name]} = $quillkit_version")
     if [ "$name" = quillkit_c ]; then
-      "$cc" -std=c99 "tests/package/$name.c" "${flags[@]}" -o "$scratch/by_pkg_config/$name"
+      "$cc" -std=c99 -Werror "tests/package/$name.c" "${flags[@]}" \
+        -o "$scratch/by_pkg_config/$name"
     else
-      "$cxx" -std=c++20 "tests/package/$name.cpp" "${flags[@]}" \
+      "$cxx" -std=c++17 "tests/package/$name.cpp" "${flags[@]}" \
         -o "$scratch/by_pkg_config/$name"
     fi || return 1
   done

@@ -9,6 +9,8 @@
 #include <span>
 #include <string_view>
 
+#include "base/language.h"
+
 namespace quillkit {
 
 class RootObject;

@@ -22,6 +22,8 @@
 #include <type_traits>
 #include <utility>
 
+#include "base/language.h"
+
 namespace quillkit {
 
 template <class Record>

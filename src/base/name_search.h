@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/language.h"
+
 namespace quillkit {
 
 // Whether `name` matches `pattern`: its whole text if `wholeName` is set, otherwise its beginning,

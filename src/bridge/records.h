@@ -6,6 +6,7 @@
 
 #include <bit>
 
+#include "base/language.h"
 #include "bridge/ab_ident.h"
 #include "bridge/address_entries.h"
 #include "bridge/call_records.h"

@@ -11,6 +11,7 @@
 #include <span>
 #include <string_view>
 
+#include "base/language.h"
 #include "platform/message_pump.h"
 
 namespace quillkit {

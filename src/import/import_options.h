@@ -11,6 +11,8 @@
 #include <cstdint>
 #include <span>
 
+#include "base/language.h"
+
 namespace quillkit {
 
 // ImportOptions::format: the format of the file.

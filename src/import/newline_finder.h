@@ -12,6 +12,8 @@
 #include <cstdint>
 #include <cstring>
 
+#include "base/language.h"
+
 namespace quillkit {
 
 class NewlineFinder {

@@ -18,6 +18,7 @@
 #include <span>
 #include <string_view>
 
+#include "base/language.h"
 #include "import/script_writer.h"
 
 namespace quillkit {

@@ -85,6 +85,7 @@
 #include <cstdint>
 #include <string>
 
+#include "base/language.h"
 #include "import/import_options.h"
 #include "toolkit/version.h"
 

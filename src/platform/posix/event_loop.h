@@ -3,9 +3,9 @@
 // Poll the descriptor for reading together with your own descriptors. When it is readable, call
 // QuillkitDispatchEvents().
 //
-// libQuillkit.so and libquillkit_c.so both export these two functions, each for its own timers: link
-// only the library that logs in. Both functions work on the timers of the calling thread: call them
-// on the thread that logged in. A forked child process has no timers.
+// libQuillkit.so and libquillkit_c.so both export these two functions, each for its own timers:
+// link only the library that logs in. Both functions work on the timers of the calling thread: call
+// them on the thread that logged in. A forked child process has no timers.
 
 #ifndef QUILLKIT_PLATFORM_POSIX_EVENT_LOOP_H_
 #define QUILLKIT_PLATFORM_POSIX_EVENT_LOOP_H_
@@ -22,6 +22,8 @@ __attribute__((visibility("default"))) int QuillkitEventDescriptor(void);
 // Runs the due timers of the calling thread. Returns the number of timers run. A call from within a
 // running timer does nothing and returns 0.
 // Server calls: IMSPWakeup if the keep-alive timer is due; its status is discarded.
+// In libquillkit_c.so, if another thread is inside the library, that thread makes the call at the
+// end of its own.
 __attribute__((visibility("default"))) int QuillkitDispatchEvents(void);
 
 #ifdef __cplusplus
