@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "quillctl/key_set.h"
-#include "platform/ending.h"
+#include "quillctl/system/ending.h"
 #include "simulator/status_codes.h"
 
 namespace quillctl {

@@ -9,7 +9,7 @@
 #include "quillctl/info_command.h"
 #include "quillctl/item_commands.h"
 #include "quillctl/key_commands.h"
-#include "platform/program_file.h"
+#include "quillctl/system/program_file.h"
 
 namespace quillctl {
 namespace {

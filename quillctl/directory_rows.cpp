@@ -4,11 +4,11 @@
 #include <string_view>
 #include <utility>
 
-#include "quillctl/import_file.h"
-#include "quillctl/import_rows.h"
 #include "import/convert_directory_export.h"
 #include "import/line_reader.h"
 #include "import/script.h"
+#include "quillctl/import_file.h"
+#include "quillctl/import_rows.h"
 
 namespace quillctl {
 namespace {

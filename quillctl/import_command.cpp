@@ -11,7 +11,7 @@
 #include "quillctl/import_report.h"
 #include "quillctl/rejected_rows.h"
 #include "quillctl/stored_books.h"
-#include "platform/ending.h"
+#include "quillctl/system/ending.h"
 
 namespace quillctl {
 namespace {

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 
+#include "import/convert_file.h"
+#include "import/script.h"
 #include "quillctl/column_map.h"
 #include "quillctl/failures.h"
 #include "quillctl/import_faults.h"
 #include "quillctl/import_file.h"
-#include "import/convert_file.h"
-#include "import/script.h"
-#include "platform/ending.h"
+#include "quillctl/system/ending.h"
 
 namespace quillctl {
 namespace {

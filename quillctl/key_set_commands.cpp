@@ -7,8 +7,8 @@
 #include "quillctl/key_commands.h"
 #include "quillctl/key_set_difference.h"
 #include "quillctl/key_set_json.h"
+#include "quillctl/system/ending.h"
 #include "quillctl/text_file.h"
-#include "platform/ending.h"
 
 namespace quillctl {
 namespace {

@@ -8,7 +8,7 @@
 #include "quillctl/json_output.h"
 #include "quillctl/key_commands.h"
 #include "quillctl/key_set.h"
-#include "platform/ending.h"
+#include "quillctl/system/ending.h"
 
 namespace quillctl {
 namespace {

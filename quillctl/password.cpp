@@ -6,7 +6,7 @@
 
 #include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
-#include "platform/terminal.h"
+#include "quillctl/system/terminal.h"
 
 namespace quillctl {
 namespace {

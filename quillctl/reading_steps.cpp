@@ -1,12 +1,12 @@
 #include <algorithm>
 #include <memory>
 
+#include "platform/module.h"
 #include "quillctl/checkup.h"
 #include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
 #include "quillctl/info_command.h"
 #include "quillctl/key_commands.h"
-#include "platform/module.h"
 
 namespace quillctl {
 namespace {

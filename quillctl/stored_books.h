@@ -11,8 +11,8 @@
 #include <string>
 #include <vector>
 
-#include "quillctl/address_books.h"
 #include "platform/module.h"
+#include "quillctl/address_books.h"
 
 namespace quillctl {
 

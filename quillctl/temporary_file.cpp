@@ -1,8 +1,8 @@
 #include "quillctl/temporary_file.h"
 
-#include "quillctl/failures.h"
 #include "platform/files.h"
 #include "platform/written_file.h"
+#include "quillctl/failures.h"
 
 namespace quillctl {
 

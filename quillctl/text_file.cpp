@@ -5,9 +5,9 @@
 #include <fstream>
 #include <utility>
 
+#include "platform/written_file.h"
 #include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
-#include "platform/written_file.h"
 
 namespace quillctl {
 

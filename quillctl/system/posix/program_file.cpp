@@ -1,4 +1,4 @@
-#include "platform/program_file.h"
+#include "quillctl/system/program_file.h"
 
 #include <filesystem>
 #include <system_error>

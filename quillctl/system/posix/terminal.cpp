@@ -1,11 +1,11 @@
-#include "platform/terminal.h"
+#include "quillctl/system/terminal.h"
 
 #include <termios.h>
 #include <unistd.h>
 
 #include <optional>
 
-#include "platform/posix/caught_signals.h"
+#include "quillctl/system/posix/caught_signals.h"
 
 namespace quillkit {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/terminal.h"
+#include "quillctl/system/terminal.h"
 
 #include <windows.h>
 

@@ -1,4 +1,4 @@
-#include "platform/ending.h"
+#include "quillctl/system/ending.h"
 
 #include <windows.h>
 

@@ -1,7 +1,7 @@
 // Where the running program stands. For programs; the library does not ask.
 
-#ifndef QUILLKIT_PLATFORM_PROGRAM_FILE_H_
-#define QUILLKIT_PLATFORM_PROGRAM_FILE_H_
+#ifndef QUILLCTL_SYSTEM_PROGRAM_FILE_H_
+#define QUILLCTL_SYSTEM_PROGRAM_FILE_H_
 
 #include <string>
 
@@ -13,4 +13,4 @@ std::string ProgramFile();
 
 }  // namespace quillkit
 
-#endif  // QUILLKIT_PLATFORM_PROGRAM_FILE_H_
+#endif  // QUILLCTL_SYSTEM_PROGRAM_FILE_H_

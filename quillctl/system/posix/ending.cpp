@@ -1,8 +1,8 @@
-#include "platform/ending.h"
+#include "quillctl/system/ending.h"
 
 #include <optional>
 
-#include "platform/posix/caught_signals.h"
+#include "quillctl/system/posix/caught_signals.h"
 
 namespace quillkit {
 namespace {

@@ -1,7 +1,7 @@
 // Signals that have another effect for a time. When these objects go, all is as it was.
 
-#ifndef QUILLKIT_PLATFORM_POSIX_CAUGHT_SIGNALS_H_
-#define QUILLKIT_PLATFORM_POSIX_CAUGHT_SIGNALS_H_
+#ifndef QUILLCTL_SYSTEM_POSIX_CAUGHT_SIGNALS_H_
+#define QUILLCTL_SYSTEM_POSIX_CAUGHT_SIGNALS_H_
 
 #include <array>
 #include <csignal>
@@ -48,4 +48,4 @@ class CaughtSignals {
 
 }  // namespace quillkit
 
-#endif  // QUILLKIT_PLATFORM_POSIX_CAUGHT_SIGNALS_H_
+#endif  // QUILLCTL_SYSTEM_POSIX_CAUGHT_SIGNALS_H_

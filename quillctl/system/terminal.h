@@ -1,7 +1,7 @@
 // The terminal that standard input may be.
 
-#ifndef QUILLKIT_PLATFORM_TERMINAL_H_
-#define QUILLKIT_PLATFORM_TERMINAL_H_
+#ifndef QUILLCTL_SYSTEM_TERMINAL_H_
+#define QUILLCTL_SYSTEM_TERMINAL_H_
 
 namespace quillkit {
 
@@ -22,4 +22,4 @@ class HiddenInput {
 
 }  // namespace quillkit
 
-#endif  // QUILLKIT_PLATFORM_TERMINAL_H_
+#endif  // QUILLCTL_SYSTEM_TERMINAL_H_

@@ -1,7 +1,7 @@
 // A program that has to finish something before it ends.
 
-#ifndef QUILLKIT_PLATFORM_ENDING_H_
-#define QUILLKIT_PLATFORM_ENDING_H_
+#ifndef QUILLCTL_SYSTEM_ENDING_H_
+#define QUILLCTL_SYSTEM_ENDING_H_
 
 namespace quillkit {
 
@@ -21,4 +21,4 @@ class DeferredEnding {
 
 }  // namespace quillkit
 
-#endif  // QUILLKIT_PLATFORM_ENDING_H_
+#endif  // QUILLCTL_SYSTEM_ENDING_H_
