@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include "bridge/status.h"
 #include "fuzz/input.h"
-#include "simulator/status_codes.h"
 #include "tests/support/scratch_folder.h"
 
 namespace quillkit {

@@ -10,9 +10,9 @@
 #include <utility>
 #include <vector>
 
+#include "bridge/status.h"
 #include "quillctl/key_set.h"
 #include "quillctl/system/ending.h"
-#include "simulator/status_codes.h"
 
 namespace quillctl {
 

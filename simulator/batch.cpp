@@ -6,9 +6,9 @@
 #include <iterator>
 #include <optional>
 
+#include "bridge/status.h"
 #include "simulator/book_type.h"
 #include "simulator/line_parser.h"
-#include "simulator/status_codes.h"
 #include "simulator/text_lines.h"
 
 namespace quillkit {

@@ -9,7 +9,7 @@
 #include <string>
 #include <utility>
 
-#include "simulator/status_codes.h"
+#include "bridge/status.h"
 #include "simulator/the_appliance.h"
 
 namespace quillkit {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "simulator/status_codes.h"
+#include "bridge/status.h"
 
 namespace quillkit {
 

@@ -1,7 +1,7 @@
 #include "simulator/rights.h"
 
+#include "bridge/status.h"
 #include "simulator/book_type.h"
-#include "simulator/status_codes.h"
 
 namespace quillkit {
 namespace {

@@ -4,9 +4,9 @@
 #include <ostream>
 #include <string_view>
 
+#include "bridge/status.h"
 #include "simulator/escaped_text.h"
 #include "simulator/line_parser.h"
-#include "simulator/status_codes.h"
 
 namespace quillkit {
 namespace {

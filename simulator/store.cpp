@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "bridge/status.h"
 #include "simulator/selection.h"
-#include "simulator/status_codes.h"
 
 namespace quillkit {
 namespace {

@@ -11,13 +11,32 @@ namespace quillkit {
 // 0, a server code, or one of the local codes below 0.
 using Status = std::int32_t;
 
-// Server codes that the library itself tells apart or raises.
+// The server's codes. The library itself raises or tells apart those with a comment.
 inline constexpr Status kNoError = 0;
-inline constexpr Status kDataNotFound = 4;     // an empty result
+inline constexpr Status kDuplicateLogin = 1;
+inline constexpr Status kWrongUser = 2;
+inline constexpr Status kNoSuchBook = 3;
+inline constexpr Status kDataNotFound = 4;  // an empty result
+inline constexpr Status kNoMoreAddresses = 5;
+inline constexpr Status kGeneralFailure = 6;
+inline constexpr Status kInvalidField = 7;
+inline constexpr Status kBookLocked = 8;
+inline constexpr Status kDuplicateBook = 9;
+inline constexpr Status kNotLoggedIn = 10;
+inline constexpr Status kAccessDenied = 11;
+inline constexpr Status kStaticBook = 12;
+inline constexpr Status kNotImplemented = 13;
+inline constexpr Status kNameConflict = 14;
+inline constexpr Status kServerIdle = 15;
+inline constexpr Status kServerBusy = 16;
+inline constexpr Status kBadCommand = 17;
+inline constexpr Status kServerFailure = 18;
+inline constexpr Status kTimeoutExpired = 19;
 inline constexpr Status kNotInitialised = 20;  // the server library is not loaded
-inline constexpr Status kMoreData = 21;        // success with what fitted
-inline constexpr Status kBookFull = 24;        // a limit of the library or the server
-inline constexpr Status kInvalidHost = 25;     // a host name that does not resolve
+inline constexpr Status kMoreData = 21;        // success; more data than the buffer holds
+inline constexpr Status kBusy = 22;
+inline constexpr Status kBookFull = 24;     // a limit of the library or the server
+inline constexpr Status kInvalidHost = 25;  // a host name that does not resolve
 
 // Local codes. They are results only and are not recorded as the last error, with the one exception
 // that CAgent::BackupDatabase and RestoreDatabase tell.

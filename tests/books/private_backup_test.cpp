@@ -4,8 +4,8 @@
 #include <algorithm>
 
 #include "base/archive.h"
+#include "bridge/status.h"
 #include "lists/priv_email_dl.h"
-#include "simulator/status_codes.h"
 #include "tests/books/private_fixture.h"
 
 namespace quillkit {

@@ -1,6 +1,6 @@
 // Books and entries: what may be created, renamed and deleted, and what goes with what.
 
-#include "simulator/status_codes.h"
+#include "bridge/status.h"
 #include "tests/simulator/server_fixture.h"
 #include "tests/support/menu_item.h"
 

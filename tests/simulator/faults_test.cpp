@@ -1,6 +1,6 @@
 // Faults, lies and the journal: what a test orders is what it gets.
 
-#include "simulator/status_codes.h"
+#include "bridge/status.h"
 #include "tests/simulator/server_fixture.h"
 
 namespace quillkit {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "simulator/status_codes.h"
+#include "bridge/status.h"
 #include "tests/simulator/server_fixture.h"
 
 namespace quillkit {

@@ -8,7 +8,7 @@
 #include <tuple>
 #include <utility>
 
-#include "simulator/status_codes.h"
+#include "bridge/status.h"
 #include "tests/simulator/server_fixture.h"
 
 namespace quillkit {

@@ -1,7 +1,7 @@
 // The services that are about no book: time-outs, database commands, texts; and the control of
 // time.
 
-#include "simulator/status_codes.h"
+#include "bridge/status.h"
 #include "tests/simulator/server_fixture.h"
 
 namespace quillkit {

@@ -1,6 +1,6 @@
 // The session: who is let in, what each may do, what may be done without one, and when it ends.
 
-#include "simulator/status_codes.h"
+#include "bridge/status.h"
 #include "tests/simulator/server_fixture.h"
 
 namespace quillkit {

@@ -10,10 +10,10 @@
 #include <string>
 #include <string_view>
 
+#include "bridge/status.h"
 #include "simulator/escaped_text.h"
 #include "simulator/fault_script.h"
 #include "simulator/state_file.h"
-#include "simulator/status_codes.h"
 #include "tests/support/scratch_folder.h"
 
 namespace quillkit {
