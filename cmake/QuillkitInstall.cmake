@@ -87,7 +87,8 @@ endif()
 
 if(TARGET quillctl)
   file(RELATIVE_PATH libraries ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
-  set_target_properties(quillctl PROPERTIES INSTALL_RPATH $ORIGIN/${libraries})
+  # Where the server library is found, beside the places of the system.
+  set_target_properties(quillctl PROPERTIES INSTALL_RPATH "$ORIGIN;$ORIGIN/${libraries}")
   install(TARGETS quillctl COMPONENT Tools)
   install(DIRECTORY quillctl/data/ examples/python/ DESTINATION ${shared}/examples
           COMPONENT Tools FILES_MATCHING PATTERN "*.csv" PATTERN "*.ldif" PATTERN "*.py")

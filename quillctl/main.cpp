@@ -1,13 +1,25 @@
-// quillctl: an application of Quillkit. What it says to an appliance goes through the exported
-// functions alone.
+// quillctl: the command-line tool, a program on the class library.
 
 #include <iostream>
 
 #include "quillctl/command_line.h"
 #include "quillctl/failures.h"
+#include "toolkit/toolkit_app.h"
 
 namespace quillctl {
 namespace {
+
+// The class library, started while this object lives. A failed start is shown; every call to the
+// server then has status 20.
+class RunningLibrary {
+ public:
+  RunningLibrary() {
+    if (!quillkit::CToolkitApp::Start()) quillkit::CToolkitApp::Stop();
+  }
+  RunningLibrary(const RunningLibrary&) = delete;
+  RunningLibrary& operator=(const RunningLibrary&) = delete;
+  ~RunningLibrary() { quillkit::CToolkitApp::Stop(); }
+};
 
 int Report(const char* text, int status) {
   std::cout.flush();
@@ -32,6 +44,7 @@ int Ended(int status) {
 }  // namespace quillctl
 
 int main(int argc, char** argv) {
+  const quillctl::RunningLibrary library;
   try {
     return quillctl::Ended(quillctl::Run(argc, argv));
   } catch (const quillctl::UsageError& error) {
