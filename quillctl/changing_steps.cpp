@@ -101,7 +101,7 @@ constexpr Change kChanges[] = {
 
 std::string TakeName(Checkup& checkup, Trial& trial) {
   checkup.keys();
-  checkup.DeferEnding();
+  checkup.DeferTermination();
   checkup.RequireTime();
   checkup.RequireSameKeys();
   if (checkup.keys().size() >= kMostKeys) throw Skip("there is no room for one more key");

@@ -22,7 +22,7 @@ const KeySet& Checkup::keys() const {
 }
 
 void Checkup::RequireTime() const {
-  if (ending_ && ending_->IsDemanded()) throw Skip("the check was interrupted");
+  if (termination_ && termination_->IsRequested()) throw Skip("the check was interrupted");
 }
 
 void Checkup::RequireSame(const KeySet& now) const {

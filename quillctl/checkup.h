@@ -12,7 +12,7 @@
 
 #include "bridge/status.h"
 #include "quillctl/key_set.h"
-#include "quillctl/system/ending.h"
+#include "quillctl/system/deferred_termination.h"
 
 namespace quillctl {
 
@@ -50,9 +50,9 @@ class Checkup {
   const KeySet& keys() const;
   void SetKeys(KeySet keys) { keys_ = std::move(keys); }
 
-  // From here on the user's wish to end the program is a Skip of RequireTime.
-  void DeferEnding() {
-    if (!ending_) ending_.emplace();
+  // From here on RequireTime throws a Skip once termination is requested.
+  void DeferTermination() {
+    if (!termination_) termination_.emplace();
   }
   void RequireTime() const;
 
@@ -68,7 +68,7 @@ class Checkup {
   bool wasLoggedIn_ = false;
   std::optional<std::vector<std::string>> listed_;
   std::optional<KeySet> keys_;
-  std::optional<quillkit::DeferredEnding> ending_;
+  std::optional<DeferredTermination> termination_;
 };
 
 // A name that no key of a book that was loaded has, nor is `taken`.

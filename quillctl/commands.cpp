@@ -69,23 +69,14 @@ void AddListCommands(Commands& commands) {
 
 void AddMoveCommand(Commands& commands) {
   const SharedArguments a = NewArguments();
-  CLI::App* move = commands.Add(
-      "move", "Move an item under another key, or to another place of its key", [a](Session& s) {
-        if (a->newName.empty()) {
-          MoveWithinKey(s, a->key, a->name, a->item.name);
-        } else {
-          MoveToKey(s, a->key, a->name, a->newName);
-        }
-      });
+  CLI::App* move = commands.Add("move", "Move an item under another key",
+                                [a](Session& s) { MoveToKey(s, a->key, a->name, a->newName); });
   AddName(move, "key", a->key, kKeyHelp);
   AddName(move, "name", a->name, kItemHelp);
-  auto* to = move->add_option("--to", a->newName, "The other key")
-                 ->type_name("NAME")
-                 ->check(NameFault, "");
-  move->add_option("--before", a->item.name, "The item to stand in front of, else the end")
+  move->add_option("--to", a->newName, "The other key")
+      ->required()
       ->type_name("NAME")
-      ->check(NameFault, "")
-      ->excludes(to);
+      ->check(NameFault, "");
 }
 
 }  // namespace

@@ -98,7 +98,7 @@ void ImportFiles(const Session& session, const DataFiles& files) {
 }  // namespace
 
 std::string DemoDataFolder() {
-  const std::filesystem::path folder = std::filesystem::path(quillkit::ProgramFile()).parent_path();
+  const std::filesystem::path folder = std::filesystem::path(ProgramFile()).parent_path();
   const std::filesystem::path built = folder / "data";
   if (std::error_code failure; std::filesystem::exists(built, failure)) return built.string();
   return (folder / QUILLCTL_INSTALLED_DATA).lexically_normal().string();

@@ -11,7 +11,7 @@
 #include "quillctl/import_report.h"
 #include "quillctl/rejected_rows.h"
 #include "quillctl/stored_books.h"
-#include "quillctl/system/ending.h"
+#include "quillctl/system/deferred_termination.h"
 
 namespace quillctl {
 namespace {
@@ -96,7 +96,7 @@ void WriteRejects(const ImportPlan& plan, const ImportRequest& request) {
 
 // Imports what the plan has, and gives the rows that did not become entries their faults.
 void Import(ImportPlan& plan, const ImportRequest& request, const Session& session) {
-  const quillkit::DeferredEnding toTheEnd;
+  const DeferredTermination untilReported;
   const StoredBooks stored;
   const std::string file = WithoutFolder(request.file);
   const std::size_t sent = plan.rows().Entries();

@@ -8,7 +8,7 @@
 #include "quillctl/failures.h"
 #include "quillctl/import_faults.h"
 #include "quillctl/import_file.h"
-#include "quillctl/system/ending.h"
+#include "quillctl/system/deferred_termination.h"
 
 namespace quillctl {
 namespace {
@@ -138,7 +138,7 @@ void ImportPlan::Convert(const TemporaryFile& source, const TemporaryFile& scrip
 
 std::string ImportPlan::Script() const {
   if (IsScript()) return FoldedScript(text_);
-  const quillkit::DeferredEnding whileFilesAreThere;
+  const DeferredTermination whileFilesAreThere;
   const TemporaryFile source(RowsToSend());
   const TemporaryFile script("");
   Convert(source, script);

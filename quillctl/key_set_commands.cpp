@@ -7,7 +7,7 @@
 #include "quillctl/key_commands.h"
 #include "quillctl/key_set_difference.h"
 #include "quillctl/key_set_json.h"
-#include "quillctl/system/ending.h"
+#include "quillctl/system/deferred_termination.h"
 #include "quillctl/text_file.h"
 
 namespace quillctl {
@@ -67,11 +67,11 @@ class KeySetWriter {
 };
 
 void Make(const Session& session, const std::vector<KeySetChange>& changes) {
-  const quillkit::DeferredEnding ending;
+  const DeferredTermination termination;
   KeySetWriter writer(session);
   for (std::size_t i = 0; i < changes.size(); ++i) {
     try {
-      if (ending.IsDemanded()) throw Refusal("interrupted before it");
+      if (termination.IsRequested()) throw Refusal("interrupted before it");
       RequireCode(writer.Make(changes[i]), 0);
     } catch (const Refusal& why) {
       throw Refusal("this change failed: " + Described(changes[i]) + ": " + why.what() + "; of " +

@@ -32,7 +32,7 @@ std::string PasswordInFile(const std::string& path) {
 }
 
 std::string PasswordInInput() {
-  const quillkit::HiddenInput hidden;
+  const EchoOff echoOff;
   return FirstLine(std::cin, "standard input has no line with the password");
 }
 
@@ -43,8 +43,8 @@ std::optional<std::string> PasswordInEnvironment() {
 }
 
 std::string AskForPassword(const std::string& user, const std::string& host) {
-  if (!quillkit::IsInputTyped()) return {};
-  const quillkit::HiddenInput hidden;
+  if (!StdinIsTerminal()) return {};
+  const EchoOff echoOff;
   std::cerr << "Password of " << Quoted(user) << " at " << Quoted(host) << ": " << std::flush;
   std::string password = FirstLine(std::cin, "no password was typed");
   std::cerr << '\n';  // the one that was typed does not show either

@@ -1,24 +1,24 @@
-// A program that has to finish something before it ends.
+// A program that must finish something before it terminates.
 
-#ifndef QUILLCTL_SYSTEM_ENDING_H_
-#define QUILLCTL_SYSTEM_ENDING_H_
+#ifndef QUILLCTL_SYSTEM_DEFERRED_TERMINATION_H_
+#define QUILLCTL_SYSTEM_DEFERRED_TERMINATION_H_
 
-namespace quillkit {
+namespace quillctl {
 
-// While it lives, Ctrl-C and other demands to end the program are only noted, but for one behind
-// another, which ends it as ever, unless the terminal has gone. Output that nobody reads any more
-// fails, and does not end it. There is one at a time.
-class DeferredEnding {
+// While this object exists, it records requests to terminate the program, such as Ctrl-C. A second
+// request terminates, except after the terminal was closed. Writing to a closed pipe fails and does
+// not terminate. Only one object may exist at a time.
+class DeferredTermination {
  public:
-  DeferredEnding();
-  DeferredEnding(const DeferredEnding&) = delete;
-  DeferredEnding& operator=(const DeferredEnding&) = delete;
-  ~DeferredEnding();
+  DeferredTermination();
+  DeferredTermination(const DeferredTermination&) = delete;
+  DeferredTermination& operator=(const DeferredTermination&) = delete;
+  ~DeferredTermination();
 
-  // Whether the program is to end.
-  bool IsDemanded() const;
+  // Whether termination was requested.
+  bool IsRequested() const;
 };
 
-}  // namespace quillkit
+}  // namespace quillctl
 
-#endif  // QUILLCTL_SYSTEM_ENDING_H_
+#endif  // QUILLCTL_SYSTEM_DEFERRED_TERMINATION_H_

@@ -1,16 +1,16 @@
-// Where the running program stands. For programs; the library does not ask.
+// The file of the running program.
 
 #ifndef QUILLCTL_SYSTEM_PROGRAM_FILE_H_
 #define QUILLCTL_SYSTEM_PROGRAM_FILE_H_
 
 #include <string>
 
-namespace quillkit {
+namespace quillctl {
 
-// The path of the running program's own file, links followed where the system does. Empty when the
-// system does not tell it.
+// Returns the path of the running program's file, on POSIX with links resolved. Empty if the system
+// does not provide it.
 std::string ProgramFile();
 
-}  // namespace quillkit
+}  // namespace quillctl
 
 #endif  // QUILLCTL_SYSTEM_PROGRAM_FILE_H_

@@ -3,23 +3,23 @@
 #ifndef QUILLCTL_SYSTEM_TERMINAL_H_
 #define QUILLCTL_SYSTEM_TERMINAL_H_
 
-namespace quillkit {
+namespace quillctl {
 
-// Whether somebody types what standard input gives.
-bool IsInputTyped();
+// Returns whether standard input is a terminal.
+bool StdinIsTerminal();
 
-// While it lives, the terminal does not show what is typed. It does so again afterwards, also when
-// the user interrupts the program, and the user cannot suspend it. In the background, it waits
-// first until the program comes to the front. Without effect where standard input is no terminal.
-// There is one at a time.
-class HiddenInput {
+// While this object exists, the terminal does not echo what is typed. The destructor restores the
+// echo, and so does an interrupt by the user, who cannot suspend the program meanwhile. In the
+// background, the constructor waits until the program is in the foreground. No effect if standard
+// input is not a terminal. Only one object may exist at a time.
+class EchoOff {
  public:
-  HiddenInput();
-  HiddenInput(const HiddenInput&) = delete;
-  HiddenInput& operator=(const HiddenInput&) = delete;
-  ~HiddenInput();
+  EchoOff();
+  EchoOff(const EchoOff&) = delete;
+  EchoOff& operator=(const EchoOff&) = delete;
+  ~EchoOff();
 };
 
-}  // namespace quillkit
+}  // namespace quillctl
 
 #endif  // QUILLCTL_SYSTEM_TERMINAL_H_

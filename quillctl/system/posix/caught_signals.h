@@ -1,4 +1,4 @@
-// Signals that have another effect for a time. When these objects go, all is as it was.
+// Signal handlers that are installed for a time. The destructors restore the former ones.
 
 #ifndef QUILLCTL_SYSTEM_POSIX_CAUGHT_SIGNALS_H_
 #define QUILLCTL_SYSTEM_POSIX_CAUGHT_SIGNALS_H_
@@ -8,44 +8,44 @@
 #include <cstddef>
 #include <optional>
 
-namespace quillkit {
+namespace quillctl {
 
-// A signal with a handler of its own, or with SIG_IGN.
-class SignalEffect {
+// The handler of one signal, or SIG_IGN.
+class SignalAction {
  public:
-  SignalEffect(int number, void (*handler)(int)) : number_(number) {
+  SignalAction(int caughtSignal, void (*handler)(int)) : number(caughtSignal) {
     struct sigaction action = {};
     action.sa_handler = handler;
     action.sa_flags = SA_RESTART;
-    sigaction(number_, &action, &before_);
+    sigaction(number, &action, &former);
   }
-  SignalEffect(const SignalEffect&) = delete;
-  SignalEffect& operator=(const SignalEffect&) = delete;
-  ~SignalEffect() { sigaction(number_, &before_, nullptr); }
+  SignalAction(const SignalAction&) = delete;
+  SignalAction& operator=(const SignalAction&) = delete;
+  ~SignalAction() { sigaction(number, &former, nullptr); }
 
  private:
-  int number_;
-  struct sigaction before_ = {};
+  int number;
+  struct sigaction former = {};
 };
 
-// Those by which a program is ended that does nothing about them call the handler. One that is
-// ignored stays so.
+// Routes every signal whose default action is to terminate to the handler. An ignored signal stays
+// ignored.
 class CaughtSignals {
  public:
   explicit CaughtSignals(void (*handler)(int)) {
     for (std::size_t i = 0; i < kSignals.size(); ++i) {
       struct sigaction now = {};
       sigaction(kSignals[i], nullptr, &now);
-      if (now.sa_handler != SIG_IGN) effects_[i].emplace(kSignals[i], handler);
+      if (now.sa_handler != SIG_IGN) actions[i].emplace(kSignals[i], handler);
     }
   }
 
  private:
   static constexpr std::array kSignals = {SIGHUP,  SIGINT,  SIGQUIT, SIGTERM,   SIGPIPE, SIGALRM,
                                           SIGUSR1, SIGUSR2, SIGXCPU, SIGVTALRM, SIGPROF};
-  std::array<std::optional<SignalEffect>, kSignals.size()> effects_;
+  std::array<std::optional<SignalAction>, kSignals.size()> actions;
 };
 
-}  // namespace quillkit
+}  // namespace quillctl
 
 #endif  // QUILLCTL_SYSTEM_POSIX_CAUGHT_SIGNALS_H_

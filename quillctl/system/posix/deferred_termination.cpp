@@ -1,41 +1,41 @@
-#include "quillctl/system/ending.h"
+#include "quillctl/system/deferred_termination.h"
 
 #include <optional>
 
 #include "quillctl/system/posix/caught_signals.h"
 
-namespace quillkit {
+namespace quillctl {
 namespace {
 
-// Of the one DeferredEnding.
-volatile std::sig_atomic_t isDemanded = 0;
-extern "C" void NoteDemand(int number) {
-  if (number != SIGHUP && isDemanded != 0) {  // that one comes twice where a terminal goes
+// Belongs to the one DeferredTermination.
+volatile std::sig_atomic_t isRequested = 0;
+extern "C" void RecordRequest(int number) {
+  if (number != SIGHUP && isRequested != 0) {  // SIGHUP arrives twice when a terminal is closed
     static_cast<void>(std::signal(number, SIG_DFL));
     static_cast<void>(raise(number));
   }
-  isDemanded = 1;
+  isRequested = 1;
 }
 
-struct Effects {
-  CaughtSignals demands{NoteDemand};
-  SignalEffect brokenPipe{SIGPIPE, SIG_IGN};  // it is none
+struct Actions {
+  CaughtSignals requests{RecordRequest};
+  SignalAction brokenPipe{SIGPIPE, SIG_IGN};  // no request
 };
-std::optional<Effects> effects;
+std::optional<Actions> actions;
 
 }  // namespace
 
-DeferredEnding::DeferredEnding() {
-  isDemanded = 0;
-  effects.emplace();
+DeferredTermination::DeferredTermination() {
+  isRequested = 0;
+  actions.emplace();
 }
 
-DeferredEnding::~DeferredEnding() {
-  effects.reset();
+DeferredTermination::~DeferredTermination() {
+  actions.reset();
 }
 
-bool DeferredEnding::IsDemanded() const {
-  return isDemanded != 0;
+bool DeferredTermination::IsRequested() const {
+  return isRequested != 0;
 }
 
-}  // namespace quillkit
+}  // namespace quillctl

@@ -3,11 +3,11 @@
 #include <filesystem>
 #include <system_error>
 
-namespace quillkit {
+namespace quillctl {
 
 std::string ProgramFile() {
   std::error_code failure;
   return std::filesystem::read_symlink("/proc/self/exe", failure).string();
 }
 
-}  // namespace quillkit
+}  // namespace quillctl

@@ -7,53 +7,53 @@
 
 #include "quillctl/system/posix/caught_signals.h"
 
-namespace quillkit {
+namespace quillctl {
 namespace {
 
-// Of the one HiddenInput.
-termios shown;
-termios hidden;
+// Belong to the one EchoOff.
+termios withEcho;
+termios withoutEcho;
 
-// The signal's own effect comes when this returns.
-extern "C" void ShowAndEnd(int number) {
-  tcsetattr(STDIN_FILENO, TCSANOW, &shown);
+// The default action takes place when this handler returns.
+extern "C" void RestoreEchoAndTerminate(int number) {
+  tcsetattr(STDIN_FILENO, TCSANOW, &withEcho);
   static_cast<void>(std::signal(number, SIG_DFL));
   static_cast<void>(raise(number));
 }
 
-extern "C" void HideAgain(int) {
-  tcsetattr(STDIN_FILENO, TCSANOW, &hidden);
+extern "C" void TurnEchoOffAgain(int) {
+  tcsetattr(STDIN_FILENO, TCSANOW, &withoutEcho);
 }
 
-struct Effects {
-  CaughtSignals ending{ShowAndEnd};
-  SignalEffect suspension{SIGTSTP, SIG_IGN};  // it would leave a shell in which nothing shows
-  SignalEffect goingOn{SIGCONT, HideAgain};   // behind a halt, at which a shell shows all
+struct Actions {
+  CaughtSignals termination{RestoreEchoAndTerminate};
+  SignalAction suspension{SIGTSTP, SIG_IGN};             // would leave the shell without echo
+  SignalAction continuation{SIGCONT, TurnEchoOffAgain};  // after a stop the shell restores the echo
 };
-std::optional<Effects> effects;  // where the terminal hides what is typed
+std::optional<Actions> actions;  // set while the echo is off
 
 }  // namespace
 
-bool IsInputTyped() {
+bool StdinIsTerminal() {
   return isatty(STDIN_FILENO) != 0;
 }
 
-// In the background, the drain stops the program until it comes to the front: before that, the
-// settings of the terminal are those of the shell's own line.
-HiddenInput::HiddenInput() {
+// In the background, tcdrain stops the program until it is in the foreground. Until then the
+// settings of the terminal are those of the shell's command line.
+EchoOff::EchoOff() {
   static_cast<void>(tcdrain(STDIN_FILENO));
-  if (tcgetattr(STDIN_FILENO, &shown) != 0) return;
-  hidden = shown;
-  hidden.c_lflag &= ~static_cast<tcflag_t>(ECHO);
-  hidden.c_cc[VSUSP] = _POSIX_VDISABLE;
-  effects.emplace();
-  tcsetattr(STDIN_FILENO, TCSANOW, &hidden);
+  if (tcgetattr(STDIN_FILENO, &withEcho) != 0) return;
+  withoutEcho = withEcho;
+  withoutEcho.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+  withoutEcho.c_cc[VSUSP] = _POSIX_VDISABLE;
+  actions.emplace();
+  tcsetattr(STDIN_FILENO, TCSANOW, &withoutEcho);
 }
 
-HiddenInput::~HiddenInput() {
-  if (!effects) return;
-  tcsetattr(STDIN_FILENO, TCSANOW, &shown);
-  effects.reset();
+EchoOff::~EchoOff() {
+  if (!actions) return;
+  tcsetattr(STDIN_FILENO, TCSANOW, &withEcho);
+  actions.reset();
 }
 
-}  // namespace quillkit
+}  // namespace quillctl

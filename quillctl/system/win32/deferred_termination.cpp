@@ -1,32 +1,32 @@
-#include "quillctl/system/ending.h"
+#include "quillctl/system/deferred_termination.h"
 
 #include <windows.h>
 
 #include <atomic>
 
-namespace quillkit {
+namespace quillctl {
 namespace {
 
-// Of the one DeferredEnding. The console's demands come in a thread of their own.
-std::atomic<bool> isDemanded = false;
+// Belongs to the one DeferredTermination. The console calls the handler in a thread of its own.
+std::atomic<bool> isRequested = false;
 
-BOOL WINAPI NoteDemand(DWORD) {
-  return isDemanded.exchange(true) ? FALSE : TRUE;
+BOOL WINAPI RecordRequest(DWORD) {
+  return isRequested.exchange(true) ? FALSE : TRUE;
 }
 
 }  // namespace
 
-DeferredEnding::DeferredEnding() {
-  isDemanded = false;
-  SetConsoleCtrlHandler(NoteDemand, TRUE);
+DeferredTermination::DeferredTermination() {
+  isRequested = false;
+  SetConsoleCtrlHandler(RecordRequest, TRUE);
 }
 
-DeferredEnding::~DeferredEnding() {
-  SetConsoleCtrlHandler(NoteDemand, FALSE);
+DeferredTermination::~DeferredTermination() {
+  SetConsoleCtrlHandler(RecordRequest, FALSE);
 }
 
-bool DeferredEnding::IsDemanded() const {
-  return isDemanded;
+bool DeferredTermination::IsRequested() const {
+  return isRequested;
 }
 
-}  // namespace quillkit
+}  // namespace quillctl

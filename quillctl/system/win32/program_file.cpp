@@ -2,13 +2,13 @@
 
 #include <windows.h>
 
-namespace quillkit {
+namespace quillctl {
 
 std::string ProgramFile() {
   std::string path(MAX_PATH, '\0');
   const DWORD size = GetModuleFileNameA(nullptr, path.data(), MAX_PATH);
-  path.resize(size < MAX_PATH ? size : 0);  // a longer one is cut and has no use
+  path.resize(size < MAX_PATH ? size : 0);  // a longer path is cut off and useless
   return path;
 }
 
-}  // namespace quillkit
+}  // namespace quillctl

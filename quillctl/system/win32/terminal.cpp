@@ -2,42 +2,42 @@
 
 #include <windows.h>
 
-namespace quillkit {
+namespace quillctl {
 namespace {
 
-// Of the one HiddenInput. A console keeps its mode when the program ends.
-bool isHidden = false;
-DWORD shown = 0;
+// Belong to the one EchoOff. A console keeps its mode when the program terminates.
+bool isEchoOff = false;
+DWORD withEcho = 0;
 
 HANDLE Input() {
   return GetStdHandle(STD_INPUT_HANDLE);
 }
 
-// What else ends the program at Ctrl-C comes behind this.
-BOOL WINAPI ShowAndEnd(DWORD) {
-  SetConsoleMode(Input(), shown);
+// FALSE passes Ctrl-C on to the next handler, which terminates the program.
+BOOL WINAPI RestoreEcho(DWORD) {
+  SetConsoleMode(Input(), withEcho);
   return FALSE;
 }
 
 }  // namespace
 
-bool IsInputTyped() {
+bool StdinIsTerminal() {
   DWORD mode = 0;
   return GetConsoleMode(Input(), &mode) != 0;
 }
 
-HiddenInput::HiddenInput() {
-  if (GetConsoleMode(Input(), &shown) == 0) return;
-  isHidden = true;
-  SetConsoleCtrlHandler(ShowAndEnd, TRUE);
-  SetConsoleMode(Input(), shown & ~static_cast<DWORD>(ENABLE_ECHO_INPUT));
+EchoOff::EchoOff() {
+  if (GetConsoleMode(Input(), &withEcho) == 0) return;
+  isEchoOff = true;
+  SetConsoleCtrlHandler(RestoreEcho, TRUE);
+  SetConsoleMode(Input(), withEcho & ~static_cast<DWORD>(ENABLE_ECHO_INPUT));
 }
 
-HiddenInput::~HiddenInput() {
-  if (!isHidden) return;
-  isHidden = false;
-  SetConsoleMode(Input(), shown);
-  SetConsoleCtrlHandler(ShowAndEnd, FALSE);
+EchoOff::~EchoOff() {
+  if (!isEchoOff) return;
+  isEchoOff = false;
+  SetConsoleMode(Input(), withEcho);
+  SetConsoleCtrlHandler(RestoreEcho, FALSE);
 }
 
-}  // namespace quillkit
+}  // namespace quillctl
