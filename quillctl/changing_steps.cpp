@@ -30,72 +30,50 @@ struct Trial {
 struct Change {
   const char* title = nullptr;
   std::int32_t expected = 0;  // the status
-  std::int32_t (*plain)(Trial&) = nullptr;
-  bool (*fast)(Trial&) = nullptr;         // whether it went well
+  std::int32_t (*make)(Trial&) = nullptr;
   void (*after)(Trial&) = [](Trial&) {};  // what it makes of the wanted key
-  // The name that the key then has for the first time. The plain form reads nothing anew: its
-  // status has to be the one of the change alone.
+  // The name that the key then has for the first time. Such a change does not reload the keys, so
+  // that its status is that of the change alone.
   std::string Trial::*creates = nullptr;
 };
 
-std::int32_t PlainAdd(Trial& t) {
+std::int32_t Add(Trial& t) {
   return quillkit::AddKey(t.book, t.name, 0);
 }
 
-bool FastAdd(Trial& t) {
-  return quillkit::FastKeyAdd(t.book, t.Named().get()) >= 0;
-}
-
+// The Fast functions make the same calls of the server.
 constexpr Change kChanges[] = {
     {.title = "add a key",
-     .plain = PlainAdd,
-     .fast = FastAdd,
+     .make = Add,
      .after =
          [](Trial& t) {
            t.wanted.emplace(KeyFields{t.name, {}});
          },
      .creates = &Trial::name},
-    {.title = "add it again, which is refused",
-     .expected = kNameConflict,
-     .plain = PlainAdd,
-     .fast = FastAdd},
+    {.title = "add it again, which is refused", .expected = kNameConflict, .make = Add},
     {.title = "add an item",
-     .plain = [](Trial& t) { return quillkit::AddMenuItem(t.key, MakeItem(kItem).get(), 1); },
-     .fast = [](Trial& t) { return quillkit::FastItemAdd(t.key, MakeItem(kItem).get()) >= 0; },
+     .make = [](Trial& t) { return quillkit::AddMenuItem(t.key, MakeItem(kItem).get(), 1); },
      .after = [](Trial& t) { t.wanted->items = {kItem}; }},
     {.title = "modify the item",
-     .plain =
-         [](Trial& t) { return quillkit::ModifyMenuItem(t.key, MakeItem(kModified).get(), 1); },
-     .fast =
-         [](Trial& t) { return quillkit::FastItemModify(t.key, MakeItem(kModified).get()) != 0; },
+     .make = [](Trial& t) { return quillkit::ModifyMenuItem(t.key, MakeItem(kModified).get(), 1); },
      .after = [](Trial& t) { t.wanted->items = {kModified}; }},
     {.title = "rename the item",
-     .plain =
+     .make =
          [](Trial& t) {
            return quillkit::RenameMenuItem(t.key, kItem.name, MakeItem(kRenamed).get(), 1);
          },
-     .fast =
-         [](Trial& t) {
-           return quillkit::FastItemRename(t.key, kItem.name, MakeItem(kRenamed).get()) != 0;
-         },
      .after = [](Trial& t) { t.wanted->items = {kRenamed}; }},
     {.title = "write the key",
-     .plain = [](Trial& t) { return quillkit::ModifyKey(t.book, t.Named().get(), 1); },
-     .fast = [](Trial& t) { return quillkit::FastKeyModify(t.book, t.key) != 0; }},
+     .make = [](Trial& t) { return quillkit::ModifyKey(t.book, t.Named().get(), 1); }},
     {.title = "rename the key",
-     .plain = [](Trial& t) { return quillkit::RenameSoftKey(t.book, t.name, t.Renamed().get()); },
-     .fast =
-         [](Trial& t) { return quillkit::FastKeyRename(t.book, t.name, t.Renamed().get()) != 0; },
+     .make = [](Trial& t) { return quillkit::RenameSoftKey(t.book, t.name, t.Renamed().get()); },
      .after = [](Trial& t) { t.wanted->name = t.newName; },
      .creates = &Trial::newName},
     {.title = "delete the item",
-     .plain = [](Trial& t) { return quillkit::DeleteMenuItem(t.key, kRenamed.name, 1); },
-     .fast =
-         [](Trial& t) { return quillkit::FastItemRemove(t.key, MakeItem(kRenamed).get()) >= 0; },
+     .make = [](Trial& t) { return quillkit::DeleteMenuItem(t.key, kRenamed.name, 1); },
      .after = [](Trial& t) { t.wanted->items.clear(); }},
     {.title = "delete the key",
-     .plain = [](Trial& t) { return quillkit::DeleteKey(t.book, t.newName, 1); },
-     .fast = [](Trial& t) { return quillkit::FastKeyRemove(t.book, t.Renamed().get()) >= 0; },
+     .make = [](Trial& t) { return quillkit::DeleteKey(t.book, t.newName, 1); },
      .after = [](Trial& t) { t.wanted.reset(); }},
 };
 
@@ -128,28 +106,20 @@ void RequireWanted(const Checkup& checkup, const Trial& trial, KeySet found, con
   }
 }
 
-// The server's status. A Fast function also fails when the server was good and memory did not
-// follow, which a look at memory tells.
-std::int32_t StatusOf(const Change& change, Trial& trial, bool isFast) {
-  if (!isFast) return change.plain(trial);
-  return change.fast(trial) ? 0 : quillkit::GetLastToolkitError();
-}
-
-std::string Make(Checkup& checkup, Trial& trial, const Change& change, bool isFast) {
+std::string Make(Checkup& checkup, Trial& trial, const Change& change) {
   const Session& session = checkup.session();
   checkup.RequireTime();
   if (!trial.isGood) throw Skip("a step before it was not good");
   trial.isGood = false;
   trial.key = trial.wanted ? FindKey(trial.book, trial.wanted->name) : nullptr;
-  const std::int32_t status = StatusOf(change, trial, isFast);
+  const std::int32_t status = change.make(trial);
   // A key that has the name already is somebody else's; after any other failure it may be ours.
   if (change.creates != nullptr && status != kNameConflict) {
     trial.ours.push_back(trial.*change.creates);
   }
   RequireCode(status, change.expected);
   change.after(trial);
-  const bool isFollowed = isFast || change.creates == nullptr;
-  if (isFollowed) RequireWanted(checkup, trial, KeysIn(trial.book), "in memory");
+  if (change.creates == nullptr) RequireWanted(checkup, trial, KeysIn(trial.book), "in memory");
   RequireWanted(checkup, trial, ReadKeySet(session), "on the server");
   trial.isGood = true;
   return {};
@@ -217,19 +187,13 @@ std::string CleanUp(Checkup& checkup, const Trial& trial) {
 }  // namespace
 
 std::vector<Step> ChangingSteps() {
-  std::vector<Step> steps;
-  for (const bool isFast : {false, true}) {
-    const std::string form = isFast ? "Fast: " : "plain: ";
-    const auto trial = std::make_shared<Trial>();
-    steps.push_back(
-        {form + "a name for a key", [trial](Checkup& c) { return TakeName(c, *trial); }});
-    for (const Change& each : kChanges) {
-      steps.push_back({form + each.title, [trial, &each, isFast](Checkup& c) {
-                         return Make(c, *trial, each, isFast);
-                       }});
-    }
-    steps.push_back({form + "clean up", [trial](Checkup& c) { return CleanUp(c, *trial); }});
+  const auto trial = std::make_shared<Trial>();
+  std::vector<Step> steps = {
+      {"a name for a key", [trial](Checkup& c) { return TakeName(c, *trial); }}};
+  for (const Change& each : kChanges) {
+    steps.push_back({each.title, [trial, &each](Checkup& c) { return Make(c, *trial, each); }});
   }
+  steps.push_back({"clean up", [trial](Checkup& c) { return CleanUp(c, *trial); }});
   return steps;
 }
 

@@ -86,9 +86,8 @@ struct Step {
 // They change nothing on the server. The session is open behind them where the login was good.
 std::vector<Step> ReadingSteps();
 
-// They add a key of their own, change it and delete it again, once by the plain functions and once
-// by the Fast ones. Whatever fails, and also when the user interrupts them, the key goes, or a step
-// tells that it is left behind.
+// They add a key of their own, change it and delete it again. Whatever fails, and also when the
+// user interrupts them, the key goes, or a step tells that it is left behind.
 std::vector<Step> ChangingSteps();
 
 std::vector<Step> ClosingSteps();
