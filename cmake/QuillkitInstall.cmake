@@ -6,23 +6,19 @@
 #   Tools        quillctl, its manual page and files, the example in Python
 #   Documents    what is to be read
 include(CMakePackageConfigHelpers)
+include(QuillkitHeaders)
 
 set(headers ${CMAKE_INSTALL_INCLUDEDIR}/quillkit)
 set(private ${CMAKE_INSTALL_LIBDIR}/quillkit)
 set(package ${CMAKE_INSTALL_LIBDIR}/cmake/Quillkit)
 set(shared ${CMAKE_INSTALL_DATADIR}/quillkit)
 
-# The headers, in the folders of this tree. What is one system's own stays here, but for the event
-# loop's functions.
-foreach(folder base platform bridge appliance softkeys books views lists import toolkit)
-  install(DIRECTORY src/${folder} DESTINATION ${headers} COMPONENT Development
-          FILES_MATCHING PATTERN "*.h" PATTERN posix EXCLUDE PATTERN win32 EXCLUDE)
+# The headers for programs, in the folders of this tree.
+quillkit_with_included(public_headers ${QUILLKIT_ENTRY_HEADERS})
+foreach(header IN LISTS public_headers)
+  cmake_path(GET header PARENT_PATH folder)
+  install(FILES src/${header} DESTINATION ${headers}/${folder} COMPONENT Development)
 endforeach()
-if(NOT WIN32)
-  install(FILES src/platform/posix/event_loop.h DESTINATION ${headers}/platform/posix
-          COMPONENT Development)
-endif()
-install(FILES src/capi/quillkit_c.h DESTINATION ${headers}/capi COMPONENT Development)
 install(FILES simulator/simulator.h DESTINATION ${headers}/simulator COMPONENT Development)
 install(FILES src/toolkit/api.json DESTINATION ${shared} COMPONENT Development)
 

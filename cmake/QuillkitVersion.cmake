@@ -1,5 +1,5 @@
 # QUILLKIT_VERSION: the version in src/toolkit/version.h.
-set(header ${CMAKE_CURRENT_LIST_DIR}/../src/toolkit/version.h)
+cmake_path(SET header NORMALIZE ${CMAKE_CURRENT_LIST_DIR}/../src/toolkit/version.h)
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${header})
 file(STRINGS ${header} QUILLKIT_VERSION REGEX "^#define QUILLKIT_VERSION_(MAJOR|MINOR|PATCH) [0-9]+$")
 list(TRANSFORM QUILLKIT_VERSION REPLACE ".* " "")

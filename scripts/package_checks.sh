@@ -18,6 +18,7 @@ check_packages() (
     run_outside "$scratch/moved" "$scratch/by_cmake/build" toolkit quillkit_c classes simulated &&
     run_outside "$scratch/moved" "$scratch/by_pkg_config" toolkit quillkit_c classes &&
     check_installed_quillctl "$scratch/moved" &&
+    scripts/check_declarations "$scratch/moved" &&
     check_deb "$1" "$scratch"
 )
 
@@ -69,9 +70,7 @@ build_outside() {
   local prefix=$1 scratch=$2 cc=$3 cxx=$4 include=$1/include/quillkit name flags
   local -A by_pkg_config=([toolkit]=quillkit [quillkit_c]=quillkit_c [classes]=quillkit_classes)
   shift 4
-  find "$include" -name '*.h' -printf '#include "%P"\n' |
-    "$cxx" -std=c++20 -Wall -Wextra -Werror -fsyntax-only -I"$include" -x c++ - || return 1
-  check_language "$prefix" "$cxx" || return 1
+  check_each_header "$include" "$cxx" && check_language "$prefix" "$cxx" || return 1
 
   cp -r tests/package "$scratch/by_cmake"
   cmake -G Ninja -S "$scratch/by_cmake" -B "$scratch/by_cmake/build" --log-level=WARNING \
@@ -92,6 +91,13 @@ build_outside() {
     fi || return 1
   done
   echo "programs outside the tree are built by find_package and by pkg-config"
+}
+
+# check_each_header INCLUDE CXX: each installed header compiles alone.
+check_each_header() {
+  find "$1" -name '*.h' -printf '%P\0' | xargs -0 -n 1 -P "$(nproc)" \
+    "$2" -std=c++20 -Wall -Wextra -Werror -fsyntax-only -I"$1" -x c++ /dev/null -include &&
+    echo "each installed header compiles alone"
 }
 
 # with_simulator PREFIX COMMAND...: runs it where the installed simulator is found.
