@@ -1,9 +1,10 @@
 # What `cmake --install` puts where, below a prefix that may be moved as a whole. The components:
 #
 #   Runtime      the shared libraries
-#   Development  headers, class library, CMake package, pkg-config, description of the functions
+#   Development  headers, class library, CMake package, pkg-config, description of the functions,
+#                examples
 #   Simulator    the simulated appliance, in a folder where nothing finds it that does not ask
-#   Tools        quillctl, its manual page and files, the example in Python
+#   Tools        quillctl, its manual page and files
 #   Documents    what is to be read
 include(CMakePackageConfigHelpers)
 include(QuillkitHeaders)
@@ -21,6 +22,7 @@ foreach(header IN LISTS public_headers)
 endforeach()
 install(FILES simulator/simulator.h DESTINATION ${headers}/simulator COMPONENT Development)
 install(FILES src/toolkit/api.json DESTINATION ${shared} COMPONENT Development)
+install(DIRECTORY examples DESTINATION ${shared} COMPONENT Development)
 
 # The libraries.
 foreach(target Quillkit quillkit_classes IMSPAPI)
@@ -28,13 +30,25 @@ foreach(target Quillkit quillkit_classes IMSPAPI)
 endforeach()
 set_target_properties(quillkit_classes PROPERTIES EXPORT_NAME Classes)
 set_target_properties(IMSPAPI PROPERTIES EXPORT_NAME Simulator)
+
+# For a program built in this tree, such as an example: the same names and headers.
+foreach(target Quillkit quillkit_c quillkit_classes IMSPAPI)
+  get_target_property(name ${target} EXPORT_NAME)
+  if(NOT name)
+    set(name ${target})
+  endif()
+  add_library(Quillkit::${name} ALIAS ${target})
+  target_include_directories(${target} INTERFACE
+                             "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src;${PROJECT_SOURCE_DIR}>")
+endforeach()
 if(WIN32)
   # An archive gives no resources: they are linked beside it.
   set(resources ${private}/quillkit_resources.o)
   install(FILES $<TARGET_OBJECTS:quillkit_resources> DESTINATION ${private} COMPONENT Development
           RENAME quillkit_resources.o)
   target_link_libraries(quillkit_classes INTERFACE
-                        $<INSTALL_INTERFACE:$<INSTALL_PREFIX>/${resources}>)
+                        $<INSTALL_INTERFACE:$<INSTALL_PREFIX>/${resources}>
+                        $<BUILD_INTERFACE:$<TARGET_OBJECTS:quillkit_resources>>)
 endif()
 install(TARGETS Quillkit quillkit_c EXPORT QuillkitTargets INCLUDES DESTINATION ${headers}
         RUNTIME COMPONENT Runtime
@@ -86,8 +100,8 @@ if(TARGET quillctl)
   # Where the server library is found, beside the places of the system.
   set_target_properties(quillctl PROPERTIES INSTALL_RPATH "$ORIGIN;$ORIGIN/${libraries}")
   install(TARGETS quillctl COMPONENT Tools)
-  install(DIRECTORY quillctl/data/ examples/python/ DESTINATION ${shared}/examples
-          COMPONENT Tools FILES_MATCHING PATTERN "*.csv" PATTERN "*.ldif" PATTERN "*.py")
+  install(DIRECTORY quillctl/data/ DESTINATION ${shared}/examples COMPONENT Tools
+          FILES_MATCHING PATTERN "*.csv" PATTERN "*.ldif")
   if(NOT WIN32)
     install(FILES docs/quillctl.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT Tools)
   endif()

@@ -74,13 +74,3 @@ check_threads() {
   cmake --build build/threads --target quillkit_c_threads
   build/threads/bin/quillkit_c_threads "$1"
 }
-
-# check_python_example FOLDER: the example in Python shows what it should on the simulated appliance.
-check_python_example() {
-  local expected=examples/python/soft_keys.txt
-  if ! python3 examples/python/soft_keys.py "$1/libquillkit_c.so" | diff "$expected" -; then
-    echo "soft_keys.py: this differs (< to be shown, > shown)"
-    return 1
-  fi
-  echo "soft_keys.py shows what it should"
-}

@@ -19,6 +19,8 @@ check_packages() (
     run_outside "$scratch/moved" "$scratch/by_pkg_config" toolkit quillkit_c classes &&
     check_installed_quillctl "$scratch/moved" &&
     scripts/check_declarations "$scratch/moved" &&
+    build_installed_examples "$scratch/moved" "$scratch" &&
+    with_simulator "$scratch/moved" check_examples "$scratch/examples" &&
     check_deb "$1" "$scratch"
 )
 
@@ -34,6 +36,8 @@ check_zip() (
       i686-w64-mingw32-g++-posix -D CMAKE_TOOLCHAIN_FILE="$PWD/cmake/i686-mingw.cmake" &&
     check_texts "$scratch/by_cmake/build/classes.exe" &&
     check_texts "$scratch/by_pkg_config/classes.exe" &&
+    build_installed_examples "$scratch/$name" "$scratch" \
+      -D CMAKE_TOOLCHAIN_FILE="$PWD/cmake/i686-mingw.cmake" &&
     echo "$name.zip is good"
 )
 
@@ -98,6 +102,13 @@ check_each_header() {
   find "$1" -name '*.h' -printf '%P\0' | xargs -0 -n 1 -P "$(nproc)" \
     "$2" -std=c++20 -Wall -Wextra -Werror -fsyntax-only -I"$1" -x c++ /dev/null -include &&
     echo "each installed header compiles alone"
+}
+
+# build_installed_examples PREFIX SCRATCH [options of cmake]: in $2/examples, outside the tree.
+build_installed_examples() {
+  cmake -G Ninja -S "$1/share/quillkit/examples" -B "$2/examples" --log-level=WARNING \
+    -D CMAKE_PREFIX_PATH="$1" "${@:3}" >/dev/null && cmake --build "$2/examples" -- --quiet &&
+    echo "the installed examples are built outside the tree"
 }
 
 # with_simulator PREFIX COMMAND...: runs it where the installed simulator is found.
@@ -167,7 +178,7 @@ check_zip_files() {
   local file simulator=lib/quillkit/simulator
   for file in bin/{Quillkit,quillkit_c}.dll bin/quillctl.exe lib/{Quillkit,quillkit_c}.dll.a \
     lib/libquillkit_classes.a $simulator/IMSPAPI.DLL lib/cmake/Quillkit/QuillkitConfig.cmake \
-    lib/pkgconfig/quillkit.pc share/quillkit/{api.json,examples/contacts.csv} \
+    lib/pkgconfig/quillkit.pc share/quillkit/{api.json,examples/{contacts.csv,soft_keys.cpp}} \
     share/doc/quillkit/{README,CHANGELOG,docs/simulator}.md; do
     [ -f "$1/$file" ] || { echo "$1 has no $file"; return 1; }
   done
