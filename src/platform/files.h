@@ -13,7 +13,8 @@ namespace quillkit {
 bool MatchesAnyFile(const char* path);
 
 // Creates an empty file with a unique name that begins with `prefix` (three letters) in the folder
-// for temporary files, and gives its path; an empty text when that cannot be done.
+// for temporary files, and gives its path; an empty text when that cannot be done. On POSIX the
+// folder is the first of $TMPDIR, $TMP, $TEMP and $TEMPDIR that is not empty, else /tmp.
 std::string CreateTemporaryFile(const char* prefix);
 
 // Creates an empty file beside `path`, with the rights that new files have, under a name that

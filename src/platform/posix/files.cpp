@@ -11,7 +11,6 @@
 #include <filesystem>
 #include <memory>
 #include <string_view>
-#include <system_error>
 
 namespace quillkit {
 namespace {
@@ -52,6 +51,15 @@ bool FolderHolds(const std::string& folder, std::string_view pattern) {
   return false;
 }
 
+// The first of these variables that is not empty names the folder.
+std::filesystem::path TemporaryFolder() {
+  for (const char* const variable : {"TMPDIR", "TMP", "TEMP", "TEMPDIR"}) {
+    const char* const folder = std::getenv(variable);
+    if (folder != nullptr && *folder != '\0') return folder;
+  }
+  return "/tmp";
+}
+
 }  // namespace
 
 bool MatchesAnyFile(const char* path) {
@@ -68,10 +76,7 @@ bool MatchesAnyFile(const char* path) {
 }
 
 std::string CreateTemporaryFile(const char* prefix) {
-  std::error_code failure;
-  const std::filesystem::path folder = std::filesystem::temp_directory_path(failure);
-  if (failure) return {};
-  std::string path = (folder / prefix).string() + "XXXXXX";
+  std::string path = (TemporaryFolder() / prefix).string() + "XXXXXX";
   const int file = mkostemp(path.data(), O_CLOEXEC);
   if (file == -1) return {};
   close(file);
