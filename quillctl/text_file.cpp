@@ -2,9 +2,9 @@
 
 #include <array>
 #include <filesystem>
-#include <fstream>
 #include <utility>
 
+#include "platform/open_file.h"
 #include "platform/written_file.h"
 #include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
@@ -12,14 +12,16 @@
 namespace quillctl {
 
 std::optional<std::string> ReadBytes(const std::string& path, std::size_t most) {
-  std::ifstream file(path, std::ios::binary);
+  quillkit::OpenFile file = quillkit::OpenFile::ToRead(path.c_str());
+  if (!file.IsOpen()) return std::nullopt;
   std::string bytes;
   std::array<char, 65536> block = {};
-  while (bytes.size() <= most && !file.read(block.data(), block.size()).bad() &&
-         file.gcount() > 0) {
-    bytes.append(block.data(), static_cast<std::size_t>(file.gcount()));
+  while (bytes.size() <= most) {
+    const std::size_t size = file.Read(block.data(), block.size());
+    if (size == 0) break;
+    bytes.append(block.data(), size);
   }
-  if (!file.is_open() || file.bad()) return std::nullopt;
+  if (file.HasFailed()) return std::nullopt;
   return bytes;
 }
 

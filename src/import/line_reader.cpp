@@ -17,19 +17,14 @@ constexpr std::size_t kHeadRoom = 4096;
 LineReader::LineReader()
     : storage_(std::make_unique<char[]>(kHeadRoom + kBlockSize + NewlineFinder::kOverrun)) {}
 
-LineReader::~LineReader() {
-  if (file_ != nullptr) std::fclose(file_);
-}
-
 bool LineReader::Open(const char* path) {
-  if (path == nullptr) return false;
-  file_ = std::fopen(path, "rb");
-  if (file_ == nullptr) return false;
+  file_ = OpenFile::ToRead(path);
+  if (!file_.IsOpen()) return false;
   next_ = end_ = storage_.get() + kHeadRoom;
   Refill();
   lineEnd_ = next_;
   covered_ = *next_;
-  return !failed_;
+  return !HasFailed();
 }
 
 void LineReader::Refill() {
@@ -37,14 +32,13 @@ void LineReader::Refill() {
   char* const block = storage_.get() + kHeadRoom;
   const auto kept = static_cast<std::size_t>(end_ - next_);
   std::memmove(block - kept, next_, kept);
-  const std::size_t read = std::fread(block, 1, kBlockSize, file_);
+  const std::size_t read = file_.Read(block, kBlockSize);
   next_ = block - kept;
   end_ = block + read;
   atEnd_ = read < kBlockSize;
   newlines_.Start(next_, end_);
   newline_ = newlines_.Next();
   hasNul_ = std::memchr(next_, '\0', static_cast<std::size_t>(end_ - next_)) != nullptr;
-  failed_ = std::ferror(file_) != 0;
 }
 
 }  // namespace quillkit

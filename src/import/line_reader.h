@@ -11,13 +11,13 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdio>
 #include <cstring>
 #include <memory>
 #include <span>
 #include <string_view>
 
 #include "import/newline_finder.h"
+#include "platform/open_file.h"
 
 namespace quillkit {
 
@@ -36,7 +36,6 @@ class LineReader {
   LineReader();
   LineReader(const LineReader&) = delete;
   LineReader& operator=(const LineReader&) = delete;
-  ~LineReader();
 
   // Opens the file and reads its first block. False when either fails, as it does for a folder, or
   // when `path` is null. Called once.
@@ -59,7 +58,7 @@ class LineReader {
   }
 
   // Whether a read failed, so that the lines given are not all lines of the file.
-  bool HasFailed() const { return failed_; }
+  bool HasFailed() const { return file_.HasFailed(); }
 
  private:
   // Where a line ends can be told when this much is at hand: its characters and the carriage
@@ -87,7 +86,7 @@ class LineReader {
   void Refill();
 
   std::unique_ptr<char[]> storage_;
-  std::FILE* file_ = nullptr;
+  OpenFile file_;
   NewlineFinder newlines_;   // behind newline_
   char* next_ = nullptr;     // the first character that was not given yet
   char* newline_ = nullptr;  // the first newline behind it, or end_
@@ -96,7 +95,6 @@ class LineReader {
   char covered_ = '\0';      // the character of the file in its place
   bool hasNul_ = false;      // whether there is a NUL in what was read but not given
   bool atEnd_ = false;       // nothing is left to read
-  bool failed_ = false;
 };
 
 }  // namespace quillkit

@@ -10,9 +10,10 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdio>
 #include <memory>
 #include <string_view>
+
+#include "platform/open_file.h"
 
 namespace quillkit {
 
@@ -23,7 +24,6 @@ class ScriptWriter {
   ScriptWriter();
   ScriptWriter(const ScriptWriter&) = delete;
   ScriptWriter& operator=(const ScriptWriter&) = delete;
-  ~ScriptWriter();
 
   // Creates the file, or empties the one that is there. False when that fails or `path` is null.
   // Called once.
@@ -44,7 +44,7 @@ class ScriptWriter {
   }
 
   // Whether everything that left the buffer so far was written.
-  bool IsGood() const { return good_; }
+  bool IsGood() const { return !file_.HasFailed(); }
 
   // Writes what is left and closes the file. Whether the whole script was written.
   // REQUIRES: the file is open.
@@ -55,8 +55,7 @@ class ScriptWriter {
 
   std::unique_ptr<char[]> buffer_;
   std::size_t size_ = 0;  // bytes in the buffer
-  std::FILE* file_ = nullptr;
-  bool good_ = true;
+  OpenFile file_;
 };
 
 }  // namespace quillkit

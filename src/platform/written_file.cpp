@@ -1,10 +1,10 @@
 #include "platform/written_file.h"
 
 #include <filesystem>
-#include <fstream>
 #include <system_error>
 
 #include "platform/files.h"
+#include "platform/open_file.h"
 
 namespace quillkit {
 namespace {
@@ -28,10 +28,8 @@ bool MoveInto(const fs::path& place, const std::string& fresh, std::string_view 
 }  // namespace
 
 bool WriteFileInPlace(const std::string& path, std::string_view bytes) {
-  std::ofstream file(path, std::ios::binary | std::ios::trunc);
-  file << bytes;
-  file.close();
-  return bool(file);
+  OpenFile file = OpenFile::ToWrite(path.c_str());
+  return file.Write(bytes) && file.Close();
 }
 
 bool WriteFileWhole(const std::string& path, std::string_view bytes) {

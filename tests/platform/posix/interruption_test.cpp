@@ -1,0 +1,119 @@
+// Pipes that are read and written while signals arrive whose handler interrupts system calls.
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/time.h>
+
+#include <chrono>
+#include <csignal>
+#include <fstream>
+#include <thread>
+
+#include "examples/text_file.h"
+#include "tests/import/run_converter.h"
+#include "tests/support/scratch_folder.h"
+
+namespace quillkit {
+namespace {
+
+volatile std::sig_atomic_t signals = 0;
+
+extern "C" void CountSignal(int) {
+  signals = signals + 1;
+}
+
+// Sends SIGALRM every millisecond to the threads that do not block it.
+class SteadySignals {
+ public:
+  SteadySignals() {
+    signals = 0;
+    struct sigaction action = {};
+    action.sa_handler = CountSignal;
+    sigaction(SIGALRM, &action, &before_);
+    SetPeriod(1000);
+  }
+  SteadySignals(const SteadySignals&) = delete;
+  SteadySignals& operator=(const SteadySignals&) = delete;
+  ~SteadySignals() {
+    SetPeriod(0);
+    sigaction(SIGALRM, &before_, nullptr);
+  }
+
+ private:
+  static void SetPeriod(suseconds_t microseconds) {
+    const itimerval period = {{0, microseconds}, {0, microseconds}};
+    setitimer(ITIMER_REAL, &period, nullptr);
+  }
+
+  struct sigaction before_ = {};
+};
+
+class InterruptionTest : public testing::Test {
+ protected:
+  InterruptionTest() {
+    for (const std::string& each : {in_, out_}) EXPECT_EQ(mkfifo(each.c_str(), 0600), 0);
+  }
+
+  // The other ends of the pipes: opens each late, writes `text` into one with pauses, and returns
+  // what comes out of the other.
+  static void ServePipes(std::string_view text, std::string* result, const std::string& in,
+                         const std::string& out) {
+    sigset_t alarm;
+    sigemptyset(&alarm);
+    sigaddset(&alarm, SIGALRM);
+    pthread_sigmask(SIG_BLOCK, &alarm, nullptr);
+    const auto pause = [] { std::this_thread::sleep_for(std::chrono::milliseconds(20)); };
+    pause();
+    std::ofstream writer(in);
+    pause();
+    writer << text.substr(0, 10) << std::flush;
+    pause();
+    std::thread rest([&] {
+      writer << text.substr(10);
+      writer.close();
+    });
+    std::ifstream reader(out);
+    pause();
+    result->assign(std::istreambuf_iterator<char>(reader), {});
+    rest.join();
+  }
+
+  const ScratchFolder folder_;
+  const std::string in_ = folder_.PathOf("in");
+  const std::string out_ = folder_.PathOf("out");
+};
+
+TEST_F(InterruptionTest, ConversionGoesOn) {
+  std::string rows;
+  while (rows.size() < 400'000) rows += "Ann Lee,box" + std::to_string(rows.size()) + "\n";
+  const std::string source = folder_.Write("source", rows);
+  const std::string script = folder_.PathOf("script");
+  const model::Request request;
+  ASSERT_EQ(RunConverter(Converter::kDelimited, source.c_str(), script.c_str(), request), 0);
+
+  std::string result;
+  std::thread otherEnds([&] { ServePipes(rows, &result, in_, out_); });
+  {
+    const SteadySignals interruptions;
+    EXPECT_EQ(RunConverter(Converter::kDelimited, in_.c_str(), out_.c_str(), request), 0);
+  }
+  otherEnds.join();
+  EXPECT_GT(signals, 0);
+  EXPECT_EQ(result, ReadBytes(script));
+}
+
+TEST_F(InterruptionTest, WholeFilesAreReadAndWritten) {
+  const std::string text(400'000, 'x');
+  std::string result;
+  std::thread otherEnds([&] { ServePipes(text, &result, in_, out_); });
+  {
+    const SteadySignals interruptions;
+    quillctl::WriteTextFile(out_, quillctl::ReadTextFile(in_, text.size()));
+  }
+  otherEnds.join();
+  EXPECT_GT(signals, 0);
+  EXPECT_EQ(result, text);
+}
+
+}  // namespace
+}  // namespace quillkit
