@@ -130,8 +130,8 @@ std::string ImportPlan::RowsToSend() const {
   return bytes;
 }
 
-void ImportPlan::Convert(const TemporaryFile& source, const TemporaryFile& script) const {
-  const std::int32_t status = quillkit::ConvertFile(source.path().c_str(), script.path().c_str(),
+void ImportPlan::Convert(const TemporaryFile& source, TemporaryFile& script) const {
+  const std::int32_t status = quillkit::ConvertFile(source.path().c_str(), script.TakeFile(),
                                                     mapped_.options, isAdmin_ ? 1 : 0, "");
   if (status != 0) throw Refusal(kNoTemporaryFile);
 }
@@ -140,7 +140,7 @@ std::string ImportPlan::Script() const {
   if (IsScript()) return FoldedScript(text_);
   const DeferredTermination whileFilesAreThere;
   const TemporaryFile source(RowsToSend());
-  const TemporaryFile script("");
+  TemporaryFile script;
   Convert(source, script);
   return FoldedScript(ReadImportFile(script.path()));
 }
@@ -149,7 +149,10 @@ std::string ImportPlan::Script() const {
 std::int32_t ImportPlan::Send(quillkit::CScanner* scanner) const {
   if (IsScript()) return ImportAddressBook(scanner, file_.c_str(), &mapped_.options);
   const TemporaryFile source(RowsToSend());
-  Convert(source, TemporaryFile(""));
+  {
+    TemporaryFile script;
+    Convert(source, script);
+  }
   return ImportAddressBook(scanner, source.path().c_str(), &mapped_.options);
 }
 

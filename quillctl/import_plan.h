@@ -59,7 +59,7 @@ class ImportPlan {
   void TakeDelimited(const ImportRequest& request);
   void TakeOther(const ImportRequest& request);
   std::string RowsToSend() const;
-  void Convert(const TemporaryFile& source, const TemporaryFile& script) const;
+  void Convert(const TemporaryFile& source, TemporaryFile& script) const;
 
   std::string file_;
   bool isAdmin_;

@@ -1,19 +1,22 @@
 #include "quillctl/temporary_file.h"
 
-#include "platform/files.h"
-#include "platform/written_file.h"
 #include "quillctl/failures.h"
 
 namespace quillctl {
 
-TemporaryFile::TemporaryFile(std::string_view bytes) : path_(quillkit::CreateTemporaryFile("QKC")) {
-  if (quillkit::WriteFileInPlace(path_, bytes)) return;
-  quillkit::DeleteFileAt(path_);
-  throw Refusal(kNoTemporaryFile);
+TemporaryFile::TemporaryFile() : created_(quillkit::CreateTemporaryFile("QKC")) {
+  if (!created_.file.IsOpen()) throw Refusal(kNoTemporaryFile);
 }
 
+TemporaryFile::TemporaryFile(std::string_view bytes) : TemporaryFile() {
+  created_.file.Write(bytes);
+  if (!created_.file.Close()) throw Refusal(kNoTemporaryFile);
+}
+
+// A file that is open cannot be deleted on every system.
 TemporaryFile::~TemporaryFile() {
-  quillkit::DeleteFileAt(path_);
+  created_.file.Close();
+  quillkit::DeleteFileAt(created_.path);
 }
 
 }  // namespace quillctl

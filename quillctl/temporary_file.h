@@ -5,6 +5,9 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
+
+#include "platform/files.h"
 
 namespace quillctl {
 
@@ -13,16 +16,21 @@ inline constexpr const char* kNoTemporaryFile =
 
 class TemporaryFile {
  public:
-  // Creates it with these bytes. Throws a Refusal when that fails.
+  // Creates it, empty and open for writing. Throws a Refusal when that fails.
+  TemporaryFile();
+  // Creates it with these bytes, and closes it. Throws a Refusal when that fails.
   explicit TemporaryFile(std::string_view bytes);
   TemporaryFile(const TemporaryFile&) = delete;
   TemporaryFile& operator=(const TemporaryFile&) = delete;
   ~TemporaryFile();
 
-  const std::string& path() const { return path_; }
+  const std::string& path() const { return created_.path; }
+
+  // The open file of an empty one. Called once.
+  quillkit::OpenFile TakeFile() { return std::move(created_.file); }
 
  private:
-  std::string path_;
+  quillkit::CreatedFile created_;
 };
 
 }  // namespace quillctl

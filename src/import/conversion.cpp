@@ -1,10 +1,12 @@
 #include "import/conversion.h"
 
+#include <utility>
+
 namespace quillkit {
 
-std::int32_t Conversion::Open(const char* sourcePath, const char* scriptPath) {
+std::int32_t Conversion::Open(const char* sourcePath, ScriptTarget script) {
   if (!source_.Open(sourcePath)) return kSourceFailed;
-  if (!script_.Open(scriptPath)) return kScriptFailed;
+  if (!script_.Open(std::move(script))) return kScriptFailed;
   return kConverted;
 }
 

@@ -20,9 +20,9 @@ inline constexpr std::int32_t kSourceFailed = -2;
 
 class Conversion {
  public:
-  // Opens the source and then creates the script; the first failure is returned and the script is
+  // Opens the source and then the script; the first failure is returned and the script is
   // left untouched when it is the source's. Called once.
-  std::int32_t Open(const char* sourcePath, const char* scriptPath);
+  std::int32_t Open(const char* sourcePath, ScriptTarget script);
 
   // Stores the source's next line as LineReader does. False when there is none, and as soon as the
   // script can no longer be written.

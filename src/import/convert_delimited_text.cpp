@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <utility>
 
 #include "import/conversion.h"
 #include "import/script.h"
@@ -43,13 +44,13 @@ std::string_view ValueOf(TextSpan field) {
 }  // namespace
 
 std::int32_t ConvertDelimitedText(const char* sourcePath, std::int32_t targetBook,
-                                  std::span<const std::int32_t> columnMap, const char* scriptPath,
+                                  std::span<const std::int32_t> columnMap, ScriptTarget script,
                                   std::int32_t skipHeader, const char* separator,
                                   std::int32_t clearFirst, std::int32_t isAdmin,
                                   const char* /*userName*/, WindowHandle pumpWindow,
                                   std::int32_t restoreCursor) {
   Conversion conversion;
-  const std::int32_t failure = conversion.Open(sourcePath, scriptPath);
+  const std::int32_t failure = conversion.Open(sourcePath, std::move(script));
   if (failure != kConverted) return failure;
 
   const ScriptBook* book = FindScriptBook(targetBook);

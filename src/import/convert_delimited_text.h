@@ -12,11 +12,12 @@
 #include <string_view>
 
 #include "base/language.h"
+#include "import/script_target.h"
 #include "platform/message_pump.h"
 
 namespace quillkit {
 
-// Writes the script at `scriptPath`, replacing what is there, from the file at `sourcePath`;
+// Writes the script from the file at `sourcePath`, replacing what the script's file held;
 // entries keep their order. Gives what ConvertDirectoryExport gives, and `clearFirst`, `isAdmin`
 // and the last two arguments mean the same; the clear line holds the book's word.
 //   `targetBook`  One of the targets of ImportOptions. For any other, and for the users and the
@@ -29,7 +30,7 @@ namespace quillkit {
 //   `separator`   Its first character separates the fields.
 //   `userName`    Has no effect.
 std::int32_t ConvertDelimitedText(const char* sourcePath, std::int32_t targetBook,
-                                  std::span<const std::int32_t> columnMap, const char* scriptPath,
+                                  std::span<const std::int32_t> columnMap, ScriptTarget script,
                                   std::int32_t skipHeader, const char* separator,
                                   std::int32_t clearFirst, std::int32_t isAdmin,
                                   const char* userName, WindowHandle pumpWindow,

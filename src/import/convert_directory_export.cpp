@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstring>
 #include <string_view>
+#include <utility>
 
 #include "import/conversion.h"
 #include "import/script.h"
@@ -84,11 +85,11 @@ bool DirectoryEntry::CloseWhenComplete() {
   return true;
 }
 
-std::int32_t ConvertDirectoryExport(const char* sourcePath, const char* scriptPath,
+std::int32_t ConvertDirectoryExport(const char* sourcePath, ScriptTarget script,
                                     std::int32_t clearFirst, std::int32_t isAdmin,
                                     WindowHandle pumpWindow, std::int32_t restoreCursor) {
   Conversion conversion;
-  const std::int32_t failure = conversion.Open(sourcePath, scriptPath);
+  const std::int32_t failure = conversion.Open(sourcePath, std::move(script));
   if (failure != kConverted) return failure;
   if (isAdmin != 0 && clearFirst != 0) conversion.script().Append(kWordlessClearLine);
 

@@ -18,17 +18,18 @@
 #include <cstdint>
 #include <string_view>
 
+#include "import/script_target.h"
 #include "platform/message_pump.h"
 
 namespace quillkit {
 
-// Writes the script at `scriptPath`, replacing what is there, from the file at `sourcePath`;
+// Writes the script from the file at `sourcePath`, replacing what the script's file held;
 // entries keep their order. `isAdmin` nonzero writes the administrator's lines, and before them, if
 // `clearFirst` is nonzero too, the line "CA %s" as it stands. The last two arguments go to
 // PumpPendingMessages once a line.
 // Gives 0; -2 when the source cannot be read; -1 when the script cannot be written. A file that
 // holds no entry is none of these. A null path cannot be read or written.
-std::int32_t ConvertDirectoryExport(const char* sourcePath, const char* scriptPath,
+std::int32_t ConvertDirectoryExport(const char* sourcePath, ScriptTarget script,
                                     std::int32_t clearFirst, std::int32_t isAdmin,
                                     WindowHandle pumpWindow, std::int32_t restoreCursor);
 

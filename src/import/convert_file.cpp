@@ -1,5 +1,7 @@
 #include "import/convert_file.h"
 
+#include <utility>
+
 #include "bridge/status.h"
 #include "import/convert_delimited_text.h"
 #include "import/convert_directory_export.h"
@@ -7,19 +9,19 @@
 
 namespace quillkit {
 
-std::int32_t ConvertFile(const char* sourcePath, const char* scriptPath,
-                         const ImportOptions& options, std::int32_t isAdmin, const char* userName) {
+std::int32_t ConvertFile(const char* sourcePath, ScriptTarget script, const ImportOptions& options,
+                         std::int32_t isAdmin, const char* userName) {
   switch (options.format) {
     case ImportFormatDirectory:
-      return ConvertDirectoryExport(sourcePath, scriptPath, options.clearFirst, isAdmin, nullptr,
-                                    0);
+      return ConvertDirectoryExport(sourcePath, std::move(script), options.clearFirst, isAdmin,
+                                    nullptr, 0);
     case ImportFormatMailServer:
-      return ConvertMailServerExport(sourcePath, scriptPath, options.clearFirst, isAdmin, nullptr,
-                                     0);
+      return ConvertMailServerExport(sourcePath, std::move(script), options.clearFirst, isAdmin,
+                                     nullptr, 0);
     case ImportFormatDelimited:
-      return ConvertDelimitedText(sourcePath, options.targetBook, ColumnMapOf(options), scriptPath,
-                                  options.skipHeader, ",", options.clearFirst, isAdmin, userName,
-                                  nullptr, 0);
+      return ConvertDelimitedText(sourcePath, options.targetBook, ColumnMapOf(options),
+                                  std::move(script), options.skipHeader, ",", options.clearFirst,
+                                  isAdmin, userName, nullptr, 0);
     default:
       return kUnknownFormat;
   }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 #include "import/conversion.h"
 #include "import/script.h"
@@ -67,11 +68,11 @@ void TakeRow(TextSpan line, ScriptWriter& script, bool isAdmin) {
 
 }  // namespace
 
-std::int32_t ConvertMailServerExport(const char* sourcePath, const char* scriptPath,
+std::int32_t ConvertMailServerExport(const char* sourcePath, ScriptTarget script,
                                      std::int32_t clearFirst, std::int32_t isAdmin,
                                      WindowHandle pumpWindow, std::int32_t restoreCursor) {
   Conversion conversion;
-  const std::int32_t failure = conversion.Open(sourcePath, scriptPath);
+  const std::int32_t failure = conversion.Open(sourcePath, std::move(script));
   if (failure != kConverted) return failure;
   if (isAdmin != 0 && clearFirst != 0) conversion.script().Append(kWordlessClearLine);
 

@@ -16,12 +16,13 @@
 #include <string_view>
 
 #include "import/line_reader.h"
+#include "import/script_target.h"
 #include "platform/message_pump.h"
 
 namespace quillkit {
 
 // Arguments and results are those of ConvertDirectoryExport.
-std::int32_t ConvertMailServerExport(const char* sourcePath, const char* scriptPath,
+std::int32_t ConvertMailServerExport(const char* sourcePath, ScriptTarget script,
                                      std::int32_t clearFirst, std::int32_t isAdmin,
                                      WindowHandle pumpWindow, std::int32_t restoreCursor);
 

@@ -1,6 +1,7 @@
 #include "import/import_address_book.h"
 
 #include <string>
+#include <utility>
 
 #include "appliance/scanner.h"
 #include "books/user_record.h"
@@ -19,11 +20,12 @@ constexpr std::int32_t kNoOptions = -3;
 constexpr const char* kScriptPrefix = "QK7";
 
 // Writes the script for whoever is connected. What the converter gives.
-std::int32_t Convert(const CScanner* scanner, const char* path, const char* script,
+std::int32_t Convert(const CScanner* scanner, const char* path, OpenFile script,
                      const ImportOptions& options) {
   char userName[32] = {};
   GetConnectedUserName(scanner, userName, sizeof(userName));
-  return ConvertFile(path, script, options, IsConnectedUserAdministrator(scanner), userName);
+  return ConvertFile(path, std::move(script), options, IsConnectedUserAdministrator(scanner),
+                     userName);
 }
 
 // Lets the server run the script, under the wait cursor.
@@ -41,16 +43,17 @@ std::int32_t ImportAddressBookFile(const CScanner* scanner, const char* path,
   if (options == nullptr) return kNoOptions;
   if (!MatchesAnyFile(path)) return kNoSuchFile;
 
-  // Where no file can be created the path is empty: the converter cannot write there.
-  const std::string script = CreateTemporaryFile(kScriptPrefix);
+  // Where no file can be created, none is open: the converter cannot write it.
+  CreatedFile script = CreateTemporaryFile(kScriptPrefix);
   if (options->format == ImportFormatScript) {
-    DeleteFileAt(script);
+    script.file.Close();
+    DeleteFileAt(script.path);
     return SubmitImportScript(scanner, path);
   }
-  const std::int32_t failure = Convert(scanner, path, script.c_str(), *options);
+  const std::int32_t failure = Convert(scanner, path, std::move(script.file), *options);
   if (failure != kConverted) return failure;
-  const std::int32_t result = SubmitImportScript(scanner, script);
-  DeleteFileAt(script);
+  const std::int32_t result = SubmitImportScript(scanner, script.path);
+  DeleteFileAt(script.path);
   return result;
 }
 

@@ -23,8 +23,9 @@ class CScanner;
 //   else  the status of CAgent::RunBatch, 0 for a script that ran without an error
 //
 // "*" and "?" in the last component of `path` are wildcards in the second test and nowhere else: a
-// pattern that matches something is then opened as it stands. The temporary script is deleted once
-// the server has answered. A ready-made script goes to the server by `path` itself, and is never
+// pattern that matches something is then opened as it stands. The temporary script is written
+// through the file that was created, not through its name, and is deleted once the server has
+// answered. A ready-made script goes to the server by `path` itself, and is never
 // deleted.
 std::int32_t ImportAddressBookFile(const CScanner* scanner, const char* path,
                                    const ImportOptions* options);

@@ -4,8 +4,8 @@ namespace quillkit {
 
 ScriptWriter::ScriptWriter() : buffer_(new char[kBufferSize]) {}
 
-bool ScriptWriter::Open(const char* path) {
-  file_ = OpenFile::ToWrite(path);
+bool ScriptWriter::Open(ScriptTarget target) {
+  file_ = target.Open();
   if (!file_.IsOpen()) return false;
   file_.WriteAsText();
   return true;

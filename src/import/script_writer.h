@@ -13,6 +13,7 @@
 #include <memory>
 #include <string_view>
 
+#include "import/script_target.h"
 #include "platform/open_file.h"
 
 namespace quillkit {
@@ -25,9 +26,8 @@ class ScriptWriter {
   ScriptWriter(const ScriptWriter&) = delete;
   ScriptWriter& operator=(const ScriptWriter&) = delete;
 
-  // Creates the file, or empties the one that is there. False when that fails or `path` is null.
-  // Called once.
-  bool Open(const char* path);
+  // Opens the file. Returns false on failure. Called once.
+  bool Open(ScriptTarget target);
 
   // Room for `size` characters of the script's next text, good until the next call of anything;
   // Take then adds to the script what was written there in front of `end`.

@@ -5,6 +5,8 @@
 
 #include <string>
 
+#include "platform/open_file.h"
+
 namespace quillkit {
 
 // Whether anything has this path. "*" and "?" in the last component match any run of characters and
@@ -12,10 +14,17 @@ namespace quillkit {
 // path that ends in a separator has none. False for null.
 bool MatchesAnyFile(const char* path);
 
+// A file that this process created.
+struct CreatedFile {
+  std::string path;  // empty if it could not be created
+  OpenFile file;     // open for writing
+};
+
 // Creates an empty file with a unique name that begins with `prefix` (three letters) in the folder
-// for temporary files, and gives its path; an empty text when that cannot be done. On POSIX the
-// folder is the first of $TMPDIR, $TMP, $TEMP and $TEMPDIR that is not empty, else /tmp.
-std::string CreateTemporaryFile(const char* prefix);
+// for temporary files. On POSIX the folder is the first of $TMPDIR, $TMP, $TEMP and $TEMPDIR that
+// is not empty, else /tmp; the file belongs to the user alone. Where others can rename files in the
+// folder, the path may lead to another file at any time: write to the open file only.
+CreatedFile CreateTemporaryFile(const char* prefix);
 
 // Creates an empty file beside `path`, with the rights that new files have, under a name that
 // begins with that of `path` and that nothing else has; an empty text when that cannot be done.

@@ -353,6 +353,12 @@ QUILLKIT_API std::int32_t SetSettings(CMenuItem* item, std::uint32_t value);
 // refused script stays carried out up to the refusal, and the server's time-out then stays at an
 // hour.
 //
+// The temporary file is created for the user alone, and is written through the handle that created
+// it: on POSIX no link can redirect it. On Windows the system creates and closes it, and the
+// library opens it again, without sharing for writing. The server opens it by name. A folder for
+// temporary files in which other users can rename files is therefore unsafe: they can make the
+// server run another script.
+//
 // The temporary file is deleted after the server has seen it, and stays behind after -11, after a
 // failed conversion and where memory is refused. Calls: IMSPIOCtl 2, IMSPIOCtl 1,
 // IMSPBatchConfiguration, IMSPIOCtl 2, IMSPIOCtl 1.

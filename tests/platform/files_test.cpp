@@ -82,7 +82,7 @@ TEST(TemporaryFileTest, IsEmptyAndNewAndBearsThePrefixAndIsDeletedOnce) {
   const ScratchFolder folder;
   const TemporaryFolder redirected(folder.Path().string());
   for (int i = 0; i < 50; ++i) {
-    const fs::path path = CreateTemporaryFile("QK7");
+    const fs::path path = CreateTemporaryFile("QK7").path;
     EXPECT_TRUE(fs::equivalent(path.parent_path(), folder.Path())) << path;
   }
   const std::vector<std::string> names = folder.Names();

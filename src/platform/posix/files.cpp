@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 namespace quillkit {
 namespace {
@@ -75,12 +76,11 @@ bool MatchesAnyFile(const char* path) {
   return lstat(path, &found) == 0;
 }
 
-std::string CreateTemporaryFile(const char* prefix) {
+CreatedFile CreateTemporaryFile(const char* prefix) {
   std::string path = (TemporaryFolder() / prefix).string() + "XXXXXX";
-  const int file = mkostemp(path.data(), O_CLOEXEC);
-  if (file == -1) return {};
-  close(file);
-  return path;
+  OpenFile file(mkostemp(path.data(), O_CLOEXEC));
+  if (!file.IsOpen()) return {};
+  return {std::move(path), std::move(file)};
 }
 
 std::string CreateFileBeside(const std::string& path) {

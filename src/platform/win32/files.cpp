@@ -4,6 +4,7 @@
 
 #include <array>
 #include <atomic>
+#include <utility>
 
 namespace quillkit {
 
@@ -16,14 +17,20 @@ bool MatchesAnyFile(const char* path) {
   return true;
 }
 
-std::string CreateTemporaryFile(const char* prefix) {
+// The system closes the file that it has created.
+CreatedFile CreateTemporaryFile(const char* prefix) {
   constexpr DWORD kLongestFolder = MAX_PATH - 14;  // what a name of 8.3 characters leaves room for
   std::array<char, MAX_PATH + 1> folder{};
   const DWORD length = GetTempPathA(static_cast<DWORD>(folder.size()), folder.data());
   if (length == 0 || length > kLongestFolder) return {};
   std::array<char, MAX_PATH + 1> path{};
   if (GetTempFileNameA(folder.data(), prefix, 0, path.data()) == 0) return {};
-  return path.data();
+  OpenFile file = OpenFile::ToWrite(path.data());
+  if (!file.IsOpen()) {
+    DeleteFileAt(path.data());
+    return {};
+  }
+  return {path.data(), std::move(file)};
 }
 
 std::string CreateFileBeside(const std::string& path) {
