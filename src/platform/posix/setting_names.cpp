@@ -84,11 +84,6 @@ std::optional<std::string> KeyOfFolderName(std::string_view folder) {
   return key;
 }
 
-std::string DraftBeside(std::string_view folder) {
-  const std::size_t name = folder.rfind('/') + 1;
-  return std::string(folder.substr(0, name)) + DraftName(folder.substr(name));
-}
-
 bool IsValueFileName(std::string_view file) {
   return file.starts_with(kValueMark) || file.starts_with(kDraftPrefix);
 }

@@ -23,9 +23,6 @@ std::string KeyFolder(std::string_view path);
 // The key whose folder has this name, or none where it is not what a key of any name would have.
 std::optional<std::string> KeyOfFolderName(std::string_view folder);
 
-// Where what is about to be deleted goes: beside the folder, under the name of a draft.
-std::string DraftBeside(std::string_view folder);
-
 // Whether a file of this name is a value or a draft.
 bool IsValueFileName(std::string_view file);
 

@@ -2,6 +2,7 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -65,9 +66,31 @@ bool MakeFolder(const std::string& path) {
          (mkdir(path.c_str(), kPrivateFolder) == 0 || errno == EEXIST);
 }
 
+// While it lives, no other thread or process creates or deletes keys: no key gets subkeys between
+// the look at it and its deletion. Where the file system has no locks, that is left to chance.
+class KeysLock {
+ public:
+  KeysLock() : tree_(open(KeyFolder({}).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+    while (flock(tree_.Number(), LOCK_EX) != 0 && errno == EINTR) {
+    }
+  }
+
+  KeysLock(const KeysLock&) = delete;
+  KeysLock& operator=(const KeysLock&) = delete;
+  // Not left to the closing of the file: a process that was forked meanwhile has it open too.
+  ~KeysLock() {
+    if (tree_.IsOpen()) flock(tree_.Number(), LOCK_UN);
+  }
+
+ private:
+  const Descriptor tree_;
+};
+
 int OpenKey(const std::string& folder, SettingsAccess access) {
   const int key = open(folder.c_str(), kFolder);
   if (key >= 0 || errno != ENOENT || access == SettingsAccess::kRead) return key;
+  if (!MakeFolder(KeyFolder({}))) return -1;
+  const KeysLock lock;
   return MakeFolder(folder) ? open(folder.c_str(), kFolder) : -1;
 }
 
@@ -95,6 +118,30 @@ std::vector<std::string> NamesIn(int key) {
   return names;
 }
 
+// The folder that a key becomes while its values are deleted: beside the others, and none of them.
+constexpr const char* kDeletedKey = ".quillkit-deleted";
+
+// Deletes what has become of a deleted key in this folder. Where its deletion was killed, or a
+// value was written meanwhile, that is left for the next change.
+void RemoveDeletedKey(int folder) {
+  const Descriptor key(openat(folder, kDeletedKey, kFolder));
+  if (!key.IsOpen()) return;
+  for (const std::string& each : NamesIn(key.Number())) {
+    if (IsValueFileName(each)) unlinkat(key.Number(), each.c_str(), 0);
+  }
+  unlinkat(folder, kDeletedKey, AT_REMOVEDIR);
+}
+
+// Status 0 when there is nothing but values in the key, and all of them can be deleted.
+SettingsStatus StatusOfDeletion(int key) {
+  if (faccessat(key, ".", W_OK | X_OK, AT_EACCESS) != 0) return StatusOf(errno);
+  const std::vector<std::string> names = NamesIn(key);
+  const auto isValue = [&](const std::string& each) {
+    return IsValueFileName(each) && !IsFolder(key, each.c_str());
+  };
+  return std::all_of(names.begin(), names.end(), isValue) ? kSettingsDone : kSettingsDenied;
+}
+
 SettingsStatus Write(std::intptr_t key, const char* name, const void* bytes, std::size_t size) {
   return StatusOf(ReplaceFile(static_cast<int>(key), ValueFileName(name).c_str(), bytes, size));
 }
@@ -104,6 +151,11 @@ SettingsStatus Write(std::intptr_t key, const char* name, const void* bytes, std
 SettingsKey::SettingsKey(const char* path, SettingsAccess access)
     : handle_(OpenKey(KeyFolder(path), access)) {
   if (handle_ < 0) openStatus_ = StatusOf(errno);
+  if (handle_ < 0 || access == SettingsAccess::kRead) return;
+  const int key = static_cast<int>(handle_);
+  RemoveDeletedKey(key);
+  const Descriptor parent(openat(key, "..", kFolder));
+  RemoveDeletedKey(parent.Number());
 }
 
 SettingsKey::~SettingsKey() {
@@ -142,18 +194,21 @@ SettingsStatus SettingsKey::WriteNumber(const char* name, std::uint32_t number) 
 
 SettingsStatus DeleteSettingsKey(const char* path) {
   const std::string folder = KeyFolder(path);
-  const Descriptor key(OpenKey(folder, SettingsAccess::kRead));
+  const std::size_t split = folder.rfind('/') + 1;
+  const char* const name = folder.c_str() + split;
+  const Descriptor parent(
+      open(folder.substr(0, split).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (!parent.IsOpen()) return StatusOf(errno);
+  const KeysLock lock;
+  RemoveDeletedKey(parent.Number());
+  const Descriptor key(openat(parent.Number(), name, kFolder));
   if (!key.IsOpen()) return StatusOf(errno);
-  const std::vector<std::string> files = NamesIn(key.Number());
-  const auto isValue = [&](const std::string& each) {
-    return IsValueFileName(each) && !IsFolder(key.Number(), each.c_str());
-  };
-  if (!std::all_of(files.begin(), files.end(), isValue)) return kSettingsDenied;
+  RemoveDeletedKey(key.Number());
+  const SettingsStatus status = StatusOfDeletion(key.Number());
+  if (status != kSettingsDone) return status;
   // First the name goes, at once or not at all; then what it stood for.
-  const std::string gone = DraftBeside(folder);
-  if (rename(folder.c_str(), gone.c_str()) != 0) return StatusOf(errno);
-  for (const std::string& each : files) unlinkat(key.Number(), each.c_str(), 0);
-  rmdir(gone.c_str());
+  if (renameat(parent.Number(), name, parent.Number(), kDeletedKey) != 0) return StatusOf(errno);
+  RemoveDeletedKey(parent.Number());
   return kSettingsDone;
 }
 

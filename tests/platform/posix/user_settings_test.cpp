@@ -7,10 +7,13 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <thread>
 
+#include "tests/platform/posix/stopped_process.h"
 #include "tests/platform/user_settings_fixture.h"
 
 namespace quillkit {
@@ -102,17 +105,35 @@ TEST_F(SettingsFolderTest, WhatOthersPutThereIsNotTouched) {
   EXPECT_FALSE(fs::exists(folder / "inner"));
 }
 
+TEST_F(SettingsFolderTest, EveryNameThatCanBeStoredCanBeDeleted) {
+  for (const std::size_t length : {1U, 200U, 240U, 254U, 255U}) {
+    const std::string key = root + '\\' + std::string(length, 'k');
+    ASSERT_EQ(WriteText(key, "v", "x"), kSettingsDone);
+    EXPECT_EQ(DeleteSettingsKey(key.c_str()), kSettingsDone) << length;
+    EXPECT_THAT(NamesIn(folder), ElementsAre());
+  }
+}
+
 TEST_F(SettingsFolderTest, WithoutPermissionNothingChanges) {
   ASSERT_EQ(WriteText(root, "v", "x"), kSettingsDone);
   const std::string inner = root + "\\inner";
+  const std::string closed = Make(root + "\\closed");
+  ASSERT_EQ(WriteText(closed, "v", "x"), kSettingsDone);
   const auto permit = [&](fs::perms allowed) {
     for (fs::path each = folder; each != home.Folder().parent_path(); each = each.parent_path()) {
       fs::permissions(each, allowed);
     }
   };
-  permit(fs::perms(0555));
   // The administrator may do anything, so somebody else does it.
   const bool isAdministrator = geteuid() == 0;
+  permit(fs::perms(0777));
+  fs::permissions(folder / "closed", fs::perms(0555));
+  ASSERT_EQ(isAdministrator ? seteuid(65534) : 0, 0);
+  EXPECT_EQ(DeleteSettingsKey(closed.c_str()), kSettingsDenied) << "its values would stay";
+  ASSERT_EQ(isAdministrator ? seteuid(0) : 0, 0);
+  EXPECT_EQ(Read(closed, "v"), "x\0"s);
+  fs::permissions(folder / "closed", fs::perms::owner_all);
+  permit(fs::perms(0555));
   ASSERT_EQ(isAdministrator ? seteuid(65534) : 0, 0);
   EXPECT_EQ(WriteText(root, "v", "y"), kSettingsDenied);
   EXPECT_EQ(SettingsKey(inner.c_str(), SettingsAccess::kWrite).OpenStatus(), kSettingsDenied);
@@ -176,6 +197,28 @@ TEST_F(SettingsFolderTest, NeitherWritersNorTheirCrashesTearAValue) {
   EXPECT_THAT(Subkeys(root), ElementsAre());
   EXPECT_EQ(WriteText(root, "v", "after"), kSettingsDone);
   EXPECT_EQ(DeleteSettingsKey(root.c_str()), kSettingsDone);  // with what the crashes left
+}
+
+constexpr const char* kNotTraced = "processes cannot be traced";
+
+// A key is not deleted with a key in it that another process creates meanwhile.
+TEST_F(SettingsFolderTest, DeletionSparesAKeyThatGetsSubkeys) {
+  const std::string key = root + "\\key";
+  const std::string inner = key + "\\inner";
+  ASSERT_EQ(WriteText(key, "v", "x"), kSettingsDone);
+  const auto remove = [&] { return DeleteSettingsKey(key.c_str()) == kSettingsDone; };
+  const int stops = StopAtEveryCall(remove, [&](pid_t deleter) {
+    const pid_t creator =
+        Start([&] { _exit(WriteText(inner, "v", "x") == kSettingsDone ? 0 : 1); });
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));  // it may wait for the deleter
+    LetGoOn(deleter);
+    EXPECT_TRUE(ResultOf(creator));
+    EXPECT_EQ(Read(inner, "v"), "x\0"s);
+    EXPECT_EQ(DeleteSettingsKey(inner.c_str()), kSettingsDone);
+    EXPECT_EQ(WriteText(key, "v", "x"), kSettingsDone);
+  });
+  if (stops == 0) GTEST_SKIP() << kNotTraced;
+  EXPECT_THAT(NamesIn(folder), ElementsAre());
 }
 
 }  // namespace
