@@ -26,10 +26,6 @@ struct CreatedFile {
 // folder, the path may lead to another file at any time: write to the open file only.
 CreatedFile CreateTemporaryFile(const char* prefix);
 
-// Creates an empty file beside `path`, with the rights that new files have, under a name that
-// begins with that of `path` and that nothing else has; an empty text when that cannot be done.
-std::string CreateFileBeside(const std::string& path);
-
 // Deletes a file. A failure is ignored.
 void DeleteFileAt(const std::string& path);
 

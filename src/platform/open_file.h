@@ -47,6 +47,9 @@ class OpenFile {
   // Writes all bytes. Returns false on failure.
   bool Write(std::string_view bytes);
 
+  // Waits until what was written is on the disk. Returns false on failure.
+  bool Sync();
+
   // Whether an operation has failed.
   bool HasFailed() const { return hasFailed_; }
 

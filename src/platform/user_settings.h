@@ -4,9 +4,10 @@
 // On Windows it is the registry under HKEY_CURRENT_USER. On POSIX it is the folder "quillkit" in
 // the user's configuration folder ($XDG_CONFIG_HOME, else $HOME/.config): a key is a folder, a
 // value a file that is written whole and renamed into place, so that no reader, no second writer
-// and no crash ever makes half a value. A crash may leave a file ".new-..." behind, which goes with
-// its key, or a folder ".quillkit-deleted" with values of a deleted key. The next change of that
-// key, of one beside it or of the one above it removes the folder.
+// and no crash ever makes half a value. A crash may leave a draft of a value behind
+// (platform/draft.h), which the next change of the key removes, or a folder ".quillkit-deleted"
+// with values of a deleted key. The next change of that key, of one beside it or of the one above
+// it removes the folder.
 //
 // A path is key names joined by backslashes; doubled backslashes and one at the end count for
 // nothing. Every other byte may stand in a name, and ".." is a name like any other: nothing reaches

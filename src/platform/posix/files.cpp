@@ -5,8 +5,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <atomic>
-#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
@@ -81,18 +79,6 @@ CreatedFile CreateTemporaryFile(const char* prefix) {
   OpenFile file(mkostemp(path.data(), O_CLOEXEC));
   if (!file.IsOpen()) return {};
   return {std::move(path), std::move(file)};
-}
-
-std::string CreateFileBeside(const std::string& path) {
-  static std::atomic<unsigned> made = 0;
-  for (;;) {
-    std::string fresh = path + ".new-" + std::to_string(getpid()) + '-' + std::to_string(++made);
-    const int file = open(fresh.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    if (file == -1 && errno == EEXIST) continue;
-    if (file == -1) return {};
-    close(file);
-    return fresh;
-  }
 }
 
 void DeleteFileAt(const std::string& path) {

@@ -45,6 +45,11 @@ std::ptrdiff_t OpenFile::WritePart(std::string_view bytes) const {
   return part;
 }
 
+bool OpenFile::Sync() {
+  if (Repeated([this] { return fsync(descriptor_); }) != 0) hasFailed_ = true;
+  return !hasFailed_;
+}
+
 // An interrupted close has closed the file.
 bool OpenFile::Close() {
   if (!IsOpen()) return false;

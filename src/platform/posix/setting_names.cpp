@@ -3,7 +3,7 @@
 #include <charconv>
 #include <cstdlib>
 
-#include "platform/posix/whole_file.h"
+#include "platform/draft.h"
 
 namespace quillkit {
 namespace {
@@ -85,7 +85,7 @@ std::optional<std::string> KeyOfFolderName(std::string_view folder) {
 }
 
 bool IsValueFileName(std::string_view file) {
-  return file.starts_with(kValueMark) || file.starts_with(kDraftPrefix);
+  return file.starts_with(kValueMark) || IsDraftName(file);
 }
 
 }  // namespace quillkit

@@ -3,7 +3,7 @@
 //   key    the name, with the bytes escaped that a file's name must not have or that would make it
 //          look like one of the others
 //   value  "=" and the name in the same form
-//   draft  a value that is being written (platform/posix/whole_file.h)
+//   draft  a value that is being written (platform/draft.h)
 
 #ifndef QUILLKIT_PLATFORM_POSIX_SETTING_NAMES_H_
 #define QUILLKIT_PLATFORM_POSIX_SETTING_NAMES_H_

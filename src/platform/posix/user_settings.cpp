@@ -1,6 +1,5 @@
 #include "platform/user_settings.h"
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -9,7 +8,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -17,6 +15,7 @@
 #include <vector>
 
 #include "platform/posix/descriptor.h"
+#include "platform/posix/folder_names.h"
 #include "platform/posix/setting_names.h"
 #include "platform/posix/whole_file.h"
 
@@ -97,25 +96,6 @@ int OpenKey(const std::string& folder, SettingsAccess access) {
 bool IsFolder(int key, const char* name) {
   struct stat found {};
   return fstatat(key, name, &found, AT_SYMLINK_NOFOLLOW) == 0 && S_ISDIR(found.st_mode);
-}
-
-// What stands in a key's folder.
-std::vector<std::string> NamesIn(int key) {
-  struct Close {
-    void operator()(DIR* open) const { closedir(open); }
-  };
-  std::vector<std::string> names;
-  const int again = openat(key, ".", kFolder);
-  const std::unique_ptr<DIR, Close> folder(fdopendir(again));
-  if (folder == nullptr) {
-    const Descriptor closed(again);
-    return names;
-  }
-  while (const dirent* entry = readdir(folder.get())) {
-    const std::string_view name = entry->d_name;
-    if (name != "." && name != "..") names.emplace_back(name);
-  }
-  return names;
 }
 
 // The folder that a key becomes while its values are deleted: beside the others, and none of them.

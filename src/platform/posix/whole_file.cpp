@@ -1,6 +1,7 @@
 #include "platform/posix/whole_file.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -8,75 +9,128 @@
 #include <cerrno>
 #include <cstdio>
 #include <string>
+#include <string_view>
+#include <utility>
 
+#include "platform/draft.h"
+#include "platform/open_file.h"
 #include "platform/posix/descriptor.h"
+#include "platform/posix/folder_names.h"
 
 namespace quillkit {
 namespace {
 
 constexpr mode_t kPrivateFile = 0600;
+constexpr mode_t kNewFile = 0666;
+constexpr mode_t kAllRights = 07777;
 
-// Creates a file that nobody else has, and gives its name.
-int CreateDraft(int folder, std::string* name) {
-  static unsigned drafts = 0;
-  int file = -1;
-  do {
-    *name = DraftName('-' + std::to_string(++drafts));
-    file = openat(folder, name->c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kPrivateFile);
-  } while (file < 0 && errno == EEXIST);
-  return file;
+// Whether the name in the folder is that of the open file, which is a plain one.
+bool IsAt(int folder, const std::string& name, int file) {
+  struct stat open {};
+  struct stat named {};
+  return fstat(file, &open) == 0 && S_ISREG(open.st_mode) &&
+         fstatat(folder, name.c_str(), &named, AT_SYMLINK_NOFOLLOW) == 0 &&
+         open.st_dev == named.st_dev && open.st_ino == named.st_ino;
 }
 
-// Calls `step` until `size` bytes have gone. False, and errno, when it fails or the file ends.
-template <class Step>
-bool Transfer(std::size_t size, Step step) {
-  for (std::size_t gone = 0; gone < size;) {
-    const ssize_t part = step(gone, size - gone);
-    if (part == 0) errno = EIO;
-    if (part == 0 || (part < 0 && errno != EINTR)) return false;
-    if (part > 0) gone += static_cast<std::size_t>(part);
+bool Lock(int file) {
+  return flock(file, LOCK_EX | LOCK_NB) == 0;
+}
+
+// Behind the lock the name may have become another file's.
+void RemoveAbandonedDrafts(int folder) {
+  for (const std::string& each : NamesIn(folder)) {
+    if (!IsDraftName(each)) continue;
+    const Descriptor draft(
+        openat(folder, each.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    if (draft.IsOpen() && Lock(draft.Number()) && IsAt(folder, each, draft.Number())) {
+      unlinkat(folder, each.c_str(), 0);
+    }
   }
-  return true;
 }
 
-bool Fill(int file, const char* bytes, std::size_t size) {
-  return Transfer(size, [=](std::size_t from,
-                            std::size_t left) { return write(file, bytes + from, left); }) &&
-         fsync(file) == 0;
-}
+// A draft that is locked as long as the object lives.
+class Draft {
+ public:
+  Draft(int folder, mode_t rights) : folder_(folder) {
+    RemoveAbandonedDrafts(folder);
+    file_ = Create(rights);
+  }
+  Draft(const Draft&) = delete;
+  Draft& operator=(const Draft&) = delete;
+  ~Draft() {
+    if (file_.IsOpen() && !isMoved_) unlinkat(folder_, name_.c_str(), 0);
+  }
+
+  int Descriptor() const { return file_.Descriptor(); }
+
+  // Writes the draft and moves it to this name. Returns 0 or an errno value.
+  int Become(const char* name, std::string_view bytes) {
+    if (!file_.IsOpen()) return error_;
+    isMoved_ =
+        file_.Write(bytes) && file_.Sync() && renameat(folder_, name_.c_str(), folder_, name) == 0;
+    return isMoved_ ? 0 : errno;
+  }
+
+ private:
+  // Takes the first number that is free. Until the draft is locked it looks abandoned: where
+  // another process has locked or removed it, there must be a new one. Where no file can be locked,
+  // no draft is ever removed.
+  OpenFile Create(mode_t rights) {
+    for (unsigned number = 1;; ++number) {
+      name_ = DraftName(number);
+      OpenFile file(
+          openat(folder_, name_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, rights));
+      error_ = errno;
+      if (!file.IsOpen() && error_ != EEXIST) return {};
+      if (!file.IsOpen()) continue;
+      const bool isTaken = !Lock(file.Descriptor()) && errno == EWOULDBLOCK;
+      if (!isTaken && IsAt(folder_, name_, file.Descriptor())) return file;
+    }
+  }
+
+  int folder_;
+  std::string name_;
+  OpenFile file_;
+  int error_ = 0;  // of the creation
+  bool isMoved_ = false;
+};
 
 }  // namespace
 
-std::string DraftName(std::string_view mark) {
-  return std::string(kDraftPrefix) + std::to_string(getpid()) + std::string(mark);
+int ReplaceFile(int folder, const char* name, const void* bytes, std::size_t size) {
+  return Draft(folder, kPrivateFile).Become(name, {static_cast<const char*>(bytes), size});
 }
 
-int ReplaceFile(int folder, const char* name, const void* bytes, std::size_t size) {
-  std::string draft;
-  const Descriptor file(CreateDraft(folder, &draft));
-  if (!file.IsOpen()) return errno;
-  if (Fill(file.Number(), static_cast<const char*>(bytes), size) &&
-      renameat(folder, draft.c_str(), folder, name) == 0) {
-    return 0;
-  }
-  const int error = errno;
-  unlinkat(folder, draft.c_str(), 0);
-  return error;
+bool ReplaceFileAt(const std::string& path, std::string_view bytes) {
+  const std::size_t split = path.rfind('/') + 1;  // 0 without a folder
+  const char* const name = path.c_str() + split;
+  const Descriptor folder(
+      open(split == 0 ? "." : path.substr(0, split).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (!folder.IsOpen()) return false;
+  struct stat before {};
+  const bool isThere = fstatat(folder.Number(), name, &before, AT_SYMLINK_NOFOLLOW) == 0;
+  const mode_t rights = before.st_mode & kAllRights;
+
+  Draft draft(folder.Number(), isThere ? kPrivateFile : kNewFile);
+  // Nobody reads in the new file what was not to be read in the old one.
+  if (isThere && fchmod(draft.Descriptor(), rights | kPrivateFile) != 0) return false;
+  if (draft.Become(name, bytes) != 0) return false;
+  if (isThere) fchmod(draft.Descriptor(), rights);
+  return true;
 }
 
 int ReadFile(int folder, const char* name, void* bytes, std::uint32_t* size) {
   // Not blocking, for the sake of what is no plain file.
-  const Descriptor file(openat(folder, name, O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  OpenFile file(openat(folder, name, O_RDONLY | O_NONBLOCK | O_CLOEXEC));
   struct stat found {};
-  if (!file.IsOpen() || fstat(file.Number(), &found) != 0) return errno;
+  if (!file.IsOpen() || fstat(file.Descriptor(), &found) != 0) return errno;
   if (!S_ISREG(found.st_mode)) return ENOENT;
   const std::uint32_t room = *size;
   *size = static_cast<std::uint32_t>(std::min<off_t>(found.st_size, UINT32_MAX));
   if (*size > room) return EOVERFLOW;
-  const bool whole = Transfer(*size, [&](std::size_t from, std::size_t left) {
-    return read(file.Number(), static_cast<char*>(bytes) + from, left);
-  });
-  return whole ? 0 : errno;
+  if (file.Read(static_cast<char*>(bytes), *size) == *size) return 0;
+  return file.HasFailed() ? errno : EIO;
 }
 
 }  // namespace quillkit

@@ -3,7 +3,6 @@
 #include <windows.h>
 
 #include <array>
-#include <atomic>
 #include <utility>
 
 namespace quillkit {
@@ -31,20 +30,6 @@ CreatedFile CreateTemporaryFile(const char* prefix) {
     return {};
   }
   return {path.data(), std::move(file)};
-}
-
-std::string CreateFileBeside(const std::string& path) {
-  static std::atomic<unsigned> made = 0;
-  for (;;) {
-    std::string fresh =
-        path + ".new-" + std::to_string(GetCurrentProcessId()) + '-' + std::to_string(++made);
-    const HANDLE file = CreateFileA(fresh.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
-                                    FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (file == INVALID_HANDLE_VALUE && GetLastError() == ERROR_FILE_EXISTS) continue;
-    if (file == INVALID_HANDLE_VALUE) return {};
-    CloseHandle(file);
-    return fresh;
-  }
 }
 
 void DeleteFileAt(const std::string& path) {

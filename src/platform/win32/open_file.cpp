@@ -43,6 +43,11 @@ std::ptrdiff_t OpenFile::WritePart(std::string_view bytes) const {
   return _write(descriptor_, bytes.data(), PartOf(bytes.size()));
 }
 
+bool OpenFile::Sync() {
+  if (_commit(descriptor_) != 0) hasFailed_ = true;
+  return !hasFailed_;
+}
+
 bool OpenFile::Close() {
   if (!IsOpen()) return false;
   if (_close(std::exchange(descriptor_, -1)) != 0) hasFailed_ = true;

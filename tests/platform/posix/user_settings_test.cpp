@@ -11,6 +11,7 @@
 #include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <thread>
 
 #include "tests/platform/posix/stopped_process.h"
@@ -201,6 +202,18 @@ TEST_F(SettingsFolderTest, NeitherWritersNorTheirCrashesTearAValue) {
 
 constexpr const char* kNotTraced = "processes cannot be traced";
 
+// A writer does not lose its draft to another, and both values come to be.
+TEST_F(SettingsFolderTest, WritersLeaveEachOthersDrafts) {
+  const auto write = [this] { return WriteText(root, "v", "x") == kSettingsDone; };
+  const int stops = StopAtEveryCall(write, [&](pid_t writer) {
+    EXPECT_EQ(WriteText(root, "w", "y"), kSettingsDone);
+    EXPECT_TRUE(LetGoOn(writer));
+    EXPECT_EQ(Read(root, "v"), "x\0"s);
+  });
+  if (stops == 0) GTEST_SKIP() << kNotTraced;
+  EXPECT_THAT(NamesIn(folder), testing::UnorderedElementsAre("=v", "=w"));
+}
+
 // A key is not deleted with a key in it that another process creates meanwhile.
 TEST_F(SettingsFolderTest, DeletionSparesAKeyThatGetsSubkeys) {
   const std::string key = root + "\\key";
@@ -219,6 +232,44 @@ TEST_F(SettingsFolderTest, DeletionSparesAKeyThatGetsSubkeys) {
   });
   if (stops == 0) GTEST_SKIP() << kNotTraced;
   EXPECT_THAT(NamesIn(folder), ElementsAre());
+}
+
+// Whenever a change of a key is killed, each value is whole, and the key is there with all of its
+// values or not at all. The next change of the key, of either kind, removes what the kill has left.
+TEST_F(SettingsFolderTest, KillsLeaveNothingForGood) {
+  const std::string key = root + "\\key";
+  const struct {
+    bool isThere;
+    std::function<bool()> change;
+  } kCases[] = {
+      {true, [&] { return WriteText(key, "v", "new") == kSettingsDone; }},
+      {false, [&] { return WriteText(key, "v", "new") == kSettingsDone; }},
+      {true, [&] { return DeleteSettingsKey(key.c_str()) == kSettingsDone; }},
+  };
+  for (const auto& each : kCases) {
+    const auto prepare = [&] {
+      if (!each.isThere) return DeleteSettingsKey(key.c_str());
+      return std::max(WriteText(key, "v", "old"), WriteText(key, "w", "other"));
+    };
+    bool isDeletedNext = false;
+    const auto killAndCheck = [&](pid_t process) {
+      Kill(process);
+      if (Open(key) == kSettingsDone) {
+        EXPECT_THAT(Read(key, "v"),
+                    testing::AnyOf("new\0"s, each.isThere ? "old\0"s : "status 2"s));
+        EXPECT_EQ(Read(key, "w"), each.isThere ? "other\0"s : "status 2"s);
+      }
+      isDeletedNext = !isDeletedNext;
+      isDeletedNext ? DeleteSettingsKey(key.c_str()) : WriteText(key, "v", "next");
+      for (const auto& left : fs::recursive_directory_iterator(folder)) {
+        EXPECT_NE(left.path().filename().string().front(), '.') << left;
+      }
+      prepare();
+    };
+    prepare();
+    if (StopAtEveryCall(each.change, killAndCheck) == 0) GTEST_SKIP() << kNotTraced;
+  }
+  DeleteSettingsKey(key.c_str());
 }
 
 }  // namespace
