@@ -104,4 +104,12 @@ std::vector<std::string> BookWords() {
   return words;
 }
 
+StoredBooks::StoredBooks()
+    : module_(quillkit::LoadModule("IMSPAPI")),
+      entryAt_(reinterpret_cast<EntryAt>(quillkit::FindEntryPoint(module_, "SimulatorEntryAt"))) {}
+
+StoredBooks::~StoredBooks() {
+  quillkit::UnloadModule(module_);
+}
+
 }  // namespace quillctl

@@ -1,14 +1,16 @@
-// The address books that an import can fill, as one table.
+// The address books that an import can fill, as one table, and a look at what they hold.
 
-#ifndef QUILLKIT_EXAMPLES_ADDRESS_BOOKS_H_
-#define QUILLKIT_EXAMPLES_ADDRESS_BOOKS_H_
+#ifndef QUILLCTL_ADDRESS_BOOKS_H_
+#define QUILLCTL_ADDRESS_BOOKS_H_
 
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
+#include "platform/module.h"
 #include "quillctl/text_table.h"
 #include "simulator/simulator.h"
 
@@ -47,6 +49,26 @@ std::span<const AddressBook> BookOfWord(std::string_view word);
 
 std::vector<std::string> BookWords();
 
+class StoredBooks {
+ public:
+  StoredBooks();
+  StoredBooks(const StoredBooks&) = delete;
+  StoredBooks& operator=(const StoredBooks&) = delete;
+  ~StoredBooks();
+
+  // Whether there is a simulated appliance to look into.
+  bool CanLook() const { return entryAt_ != nullptr; }
+
+  // REQUIRES: CanLook().
+  std::vector<Row> Read(const AddressBook& book, const std::string& user) const {
+    return book.read(entryAt_, user.c_str());
+  }
+
+ private:
+  quillkit::ModuleHandle module_;
+  EntryAt entryAt_;
+};
+
 }  // namespace quillctl
 
-#endif  // QUILLKIT_EXAMPLES_ADDRESS_BOOKS_H_
+#endif  // QUILLCTL_ADDRESS_BOOKS_H_

@@ -1,10 +1,10 @@
 #include <algorithm>
 #include <memory>
 
-#include "quillctl/checkup.h"
+#include "quillctl/check_command.h"
 #include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
-#include "quillctl/key_commands.h"
+#include "quillctl/key_set.h"
 
 namespace quillctl {
 namespace {
@@ -50,7 +50,7 @@ constexpr Change kChanges[] = {
            t.wanted.emplace(KeyFields{t.name, {}});
          },
      .creates = &Trial::name},
-    {.title = "add it again, which is refused", .expected = kNameConflict, .make = Add},
+    {.title = "add it again, which is refused", .expected = quillkit::kNameConflict, .make = Add},
     {.title = "add an item",
      .make = [](Trial& t) { return quillkit::AddMenuItem(t.key, MakeItem(kItem).get(), 1); },
      .after = [](Trial& t) { t.wanted->items = {kItem}; }},
@@ -114,7 +114,7 @@ std::string Make(Checkup& checkup, Trial& trial, const Change& change) {
   trial.key = trial.wanted ? FindKey(trial.book, trial.wanted->name) : nullptr;
   const std::int32_t status = change.make(trial);
   // A key that has the name already is somebody else's; after any other failure it may be ours.
-  if (change.creates != nullptr && status != kNameConflict) {
+  if (change.creates != nullptr && status != quillkit::kNameConflict) {
     trial.ours.push_back(trial.*change.creates);
   }
   RequireCode(status, change.expected);
@@ -127,7 +127,9 @@ std::string Make(Checkup& checkup, Trial& trial, const Change& change) {
 
 // Deletes the key, whether the server lists it or not; where that fails, in a session anew.
 void RequireGone(Checkup& checkup, const std::string& name) {
-  const auto isGone = [](std::int32_t status) { return status == 0 || status == kNoSuchBook; };
+  const auto isGone = [](std::int32_t status) {
+    return status == 0 || status == quillkit::kNoSuchBook;
+  };
   Session& session = checkup.session();
   if (isGone(quillkit::DeleteKey(session.book(), name, 0))) return;
   session.LogIn();

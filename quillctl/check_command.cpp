@@ -1,10 +1,12 @@
 #include "quillctl/check_command.h"
 
 #include <iostream>
+#include <memory>
 
-#include "quillctl/checkup.h"
+#include "quillctl/commands.h"
 #include "quillctl/failures.h"
 #include "quillctl/json_output.h"
+#include "quillctl/key_set.h"
 
 namespace quillctl {
 namespace {
@@ -41,8 +43,8 @@ std::vector<Step> Steps(bool write) {
   return steps;
 }
 
-}  // namespace
-
+// Makes the steps, the changing ones only if `write` is set, and shows each as a line, and then a
+// judgement; or all of it as JSON. Throws a Refusal with the judgement unless all steps were good.
 void CheckAppliance(const Credentials& credentials, bool write, bool json) {
   Checkup checkup(credentials);
   const std::vector<Step> steps = Steps(write);
@@ -72,6 +74,64 @@ void CheckAppliance(const Credentials& credentials, bool write, bool json) {
   }
   if (!json)
     std::cout << "All " << all << " steps are ok: the toolkit can work with this server.\n";
+}
+
+}  // namespace
+
+Session& Checkup::session() {
+  if (!session_ || !session_->IsOpen()) throw Skip("nobody is logged in");
+  return *session_;
+}
+
+const std::vector<std::string>& Checkup::listed() const {
+  if (!listed_) throw Skip("the keys were not listed");
+  return *listed_;
+}
+
+const KeySet& Checkup::keys() const {
+  if (!keys_) throw Skip("the keys and their items were not read");
+  return *keys_;
+}
+
+void Checkup::RequireTime() const {
+  if (termination_ && termination_->IsRequested()) throw Skip("the check was interrupted");
+}
+
+void Checkup::RequireSame(const KeySet& now) const {
+  const KeySet& before = keys();
+  if (now == before) return;
+  const std::vector<KeySetChange> changes = Difference(before, now);
+  throw Refusal(changes.empty() ? "the order is not the one of before"
+                                : "this differs from before: " + Described(changes.front()));
+}
+
+void RequireUnknown(quillkit::CTopLevelAB* book, const std::string& name) {
+  const OwnedKey key = MakeKey(name, book);
+  std::uint32_t items = 0;
+  RequireCode(quillkit::GetDBItemCount(key.get(), &items), quillkit::kNoSuchBook);
+}
+
+std::string FreeName(quillkit::CTopLevelAB* book, const std::string& taken) {
+  const std::string first = "quillctl check";
+  std::string name = first;
+  for (int i = 2; name == taken || quillkit::FindSoftKeyIndex(book, name) >= 0; ++i) {
+    name = first + ' ' + std::to_string(i);
+  }
+  return name;
+}
+
+void AddCheckCommand(Commands& commands) {
+  struct Arguments {
+    bool write = false;
+    bool json = false;
+  };
+  const auto a = std::make_shared<Arguments>();
+  CLI::App* check =
+      commands.AddOffline("check", "Check that an appliance answers as the toolkit needs it",
+                          [a](const Credentials& c) { CheckAppliance(c, a->write, a->json); });
+  check->add_flag("--write", a->write,
+                  "Also add a soft key of an unused name, change it and delete it again");
+  AddJson(check, a->json);
 }
 
 }  // namespace quillctl

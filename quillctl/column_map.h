@@ -7,8 +7,8 @@
 //
 // What looks like a number is one. Double quotes around "field=heading" keep a comma in it.
 
-#ifndef QUILLKIT_EXAMPLES_COLUMN_MAP_H_
-#define QUILLKIT_EXAMPLES_COLUMN_MAP_H_
+#ifndef QUILLCTL_COLUMN_MAP_H_
+#define QUILLCTL_COLUMN_MAP_H_
 
 #include <cstdint>
 #include <string>
@@ -47,4 +47,4 @@ class ColumnMap {
 
 }  // namespace quillctl
 
-#endif  // QUILLKIT_EXAMPLES_COLUMN_MAP_H_
+#endif  // QUILLCTL_COLUMN_MAP_H_

@@ -1,7 +1,5 @@
 #include "quillctl/command_line.h"
 
-#include <iostream>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -12,167 +10,167 @@
 #include "quillctl/demo_command.h"
 #include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
-#include "quillctl/help_texts.h"
+#include "quillctl/import_command.h"
 #include "quillctl/info_command.h"
+#include "quillctl/item_commands.h"
+#include "quillctl/key_commands.h"
+#include "quillctl/key_set_commands.h"
 #include "quillctl/password.h"
+#include "toolkit/version.h"
 
 namespace quillctl {
 namespace {
 
-// The simulated appliance's, as it is delivered.
-constexpr const char* kSimulatedPassword = "quill";
+constexpr const char* kVersion = "quillctl " QUILLKIT_VERSION;
+
+constexpr const char* kFooter =
+    "These options stand before or behind the command; quillctl COMMAND --help tells its own.\n"
+    "Without a password quillctl takes that of the variable QUILLCTL_PASSWORD, or asks for it, or\n"
+    "takes the empty one where nobody can type.\n"
+    "\n"
+    "Exit status:\n"
+    "  0  good\n"
+    "  1  the appliance or the library refused, does not have what is named, or fails a check\n"
+    "  2  the command line or a file cannot be carried out as it stands\n"
+    "  3  an import of which some rows did not become entries\n"
+    "  4  nobody could be logged in: no appliance is there, or it refused the account";
+
+constexpr const char* kCommandFooter =
+    "\nThe options for the login, and the exit statuses: quillctl --help";
+
+// A run of each command.
+struct Example {
+  const char* command;
+  const char* arguments;
+};
+constexpr Example kExamples[] = {
+    {"info", "--host quillbox.example"},
+    {"check", "--host quillbox.example --write"},
+    {"keys", "--json"},
+    {"add-key", "Accounting"},
+    {"rename-key", "Archive Records"},
+    {"delete-key", "Accounting"},
+    {"items", "Desks"},
+    {"find", "Inv"},
+    {"add-item", "Desks Dora --address 10.0.4.24 --path /inbox"},
+    {"edit-item", "Desks Agnes --address 10.0.4.25"},
+    {"rename-item", "Desks Ewa \"Ewa Lind\""},
+    {"move", "Desks Ewa --to Workshop"},
+    {"delete-item", "Desks Ewa"},
+    {"export", "keys.json"},
+    {"apply", "keys.json --dry-run"},
+    {"import", "contacts.csv --format csv --map 2,10 --skip-header"},
+};
+
+// For a program that has all its commands.
+void AddHelpTexts(CLI::App& app) {
+  app.footer(kFooter);
+  app.set_version_flag("--version", kVersion, "Print the version and exit");
+  for (const Example& each : kExamples) {
+    CLI::App* command = app.get_subcommand(each.command);
+    const std::string own = command->get_footer();
+    command->footer("Example: quillctl " + command->get_name() + ' ' + each.arguments + '\n' +
+                    (own.empty() ? "" : '\n' + own + '\n'));
+  }
+  for (CLI::App* command : app.get_subcommands(nullptr)) {
+    command->footer(command->get_footer() + kCommandFooter);
+  }
+}
 
 class Parser {
  public:
   Parser();
 
-  CommandLine Parse(int argc, const char* const* argv);
+  void Run(int argc, const char* const* argv);
 
  private:
   void AddCredentials();
   void TakePassword();
-  void AddInfoCommand();
-  void AddCheckCommand();
-  void AddDemoCommand();
-  void AddCompletionCommand();
 
   std::string WhatIsWrong(const CLI::ParseError& error) const;
 
-  CLI::App app_{"Looks after the soft keys and the address books of a Quillbox."};
-  CommandLine line_;
-  Commands commands_{app_, line_};
-  std::optional<std::string> passwordFile_;
-  bool passwordIsInput_ = false;
+  CLI::App app{"Looks after the soft keys and the address books of a Quillbox."};
+  Commands commands{app};
+  Credentials credentials;
+  std::optional<std::string> passwordFile;
+  bool passwordIsInput = false;
 };
 
 Parser::Parser() {
-  app_.name("quillctl");
-  app_.fallthrough();
-  app_.allow_windows_style_options(false);  // a path may begin with a slash
-  app_.require_subcommand(1);
+  app.name("quillctl");
+  app.fallthrough();
+  app.allow_windows_style_options(false);  // a path may begin with a slash
+  app.require_subcommand(1);
   AddCredentials();
-  AddInfoCommand();
-  AddCheckCommand();
-  AddKeyCommands(commands_);
-  AddItemCommands(commands_);
-  AddKeySetCommands(commands_);
-  AddImportCommand(commands_);
-  AddDemoCommand();
-  AddCompletionCommand();
-  AddHelpTexts(app_);
+  for (const auto add :
+       {AddInfoCommand, AddCheckCommand, AddKeyCommands, AddItemCommands, AddKeySetCommands,
+        AddImportCommand, AddDemoCommand, AddCompletionCommand}) {
+    add(commands);
+  }
+  AddHelpTexts(app);
 }
 
-CommandLine Parser::Parse(int argc, const char* const* argv) {
+void Parser::Run(int argc, const char* const* argv) {
   try {
-    app_.parse(argc, argv);
+    app.parse(argc, argv);
   } catch (const CLI::Success& help) {
-    app_.exit(help);
-    return {};
+    app.exit(help);
+    return;
   } catch (const CLI::ParseError& error) {
     throw UsageError(WhatIsWrong(error));
   }
   TakePassword();
-  return line_;
+  commands.Run(credentials);
 }
 
 void Parser::AddCredentials() {
-  Credentials& into = line_.credentials;
-  app_.add_option("--host", into.host, "The appliance: a name or a dotted address")
+  app.add_option("--host", credentials.host, "The appliance: a name or a dotted address")
       ->capture_default_str();
-  app_.add_option("--user", into.user, "The account")->capture_default_str();
-  auto* password = app_.add_option("--password", into.password,
-                                   "Its password; others may see it in the list of processes");
-  auto* file = app_.add_option("--password-file", passwordFile_, "A file whose first line is it")
+  app.add_option("--user", credentials.user, "The account")->capture_default_str();
+  auto* option = app.add_option("--password", credentials.password,
+                                "Its password; others may see it in the list of processes");
+  auto* file = app.add_option("--password-file", passwordFile, "A file whose first line is it")
                    ->type_name("FILE")
-                   ->excludes(password);
-  app_.add_flag("--password-stdin", passwordIsInput_, "The first line of standard input is it")
+                   ->excludes(option);
+  app.add_flag("--password-stdin", passwordIsInput, "The first line of standard input is it")
       ->disable_flag_override()
-      ->excludes(password)
+      ->excludes(option)
       ->excludes(file);
-  app_.add_option("--third", into.third, "The third field of the login");
+  app.add_option("--third", credentials.third, "The third field of the login");
 }
 
 void Parser::TakePassword() {
-  std::optional<std::string>& password = line_.credentials.password;
+  std::optional<std::string>& password = credentials.password;
   if (password) return;
-  if (passwordFile_) {
-    password = PasswordInFile(*passwordFile_);
-  } else if (passwordIsInput_) {
+  if (passwordFile) {
+    password = PasswordInFile(*passwordFile);
+  } else if (passwordIsInput) {
     password = PasswordInInput();
   } else {
     password = PasswordInEnvironment();
   }
 }
 
-void Parser::AddInfoCommand() {
-  const auto json = std::make_shared<bool>(false);
-  CLI::App* info = commands_.Add("info", "Show the appliance and who is logged in",
-                                 [json](Session& session) { ShowInfo(session, *json); });
-  info->add_flag("--json", *json, "Show it as JSON");
-}
-
-void Parser::AddCheckCommand() {
-  struct Arguments {
-    bool write = false;
-    bool json = false;
-  };
-  const auto a = std::make_shared<Arguments>();
-  CLI::App* check =
-      commands_.AddOffline("check", "Check that an appliance answers as the toolkit needs it",
-                           [a](const Credentials& c) { CheckAppliance(c, a->write, a->json); });
-  check->add_flag("--write", a->write,
-                  "Also add a soft key of an unused name, change it and delete it again");
-  check->add_flag("--json", a->json, "Show it as JSON");
-}
-
-void Parser::AddDemoCommand() {
-  const auto folder = std::make_shared<std::string>(DemoDataFolder());
-  CLI::App* demo =
-      commands_.AddOffline("demo", "Show what Quillkit does; adds to the appliance's books",
-                           [folder](const Credentials& given) {
-                             Credentials credentials = given;
-                             if (!credentials.password) credentials.password = kSimulatedPassword;
-                             Session session(credentials);
-                             RunDemo(session, *folder);
-                           });
-  demo->add_option("--data", *folder,
-                   "The folder of the files to import, else those that came with quillctl");
-}
-
-void Parser::AddCompletionCommand() {
-  const auto shell = std::make_shared<std::string>();
-  CLI::App* completion = app_.add_subcommand(
-      "completion", "Print a script by which a shell completes commands and options");
-  completion->add_option("shell", *shell, "The shell")
-      ->required()
-      ->check(CLI::IsMember(CompletionShells()));
-  completion->callback([this, shell] {
-    line_.action = [script = CompletionScript(app_, *shell)](const Credentials&) {
-      std::cout << script;
-    };
-  });
-}
-
 // What CLI11 says quotes arguments that it does not expect; one may be a password that follows a
 // misspelt option.
 std::string Parser::WhatIsWrong(const CLI::ParseError& error) const {
-  const std::vector<std::string> unexpected = app_.remaining(true);
+  const std::vector<std::string> unexpected = app.remaining(true);
   if (unexpected.empty()) {
-    const bool needsCommand = app_.get_subcommands().empty() && error.get_name() == "RequiredError";
+    const bool needsCommand = app.get_subcommands().empty() && error.get_name() == "RequiredError";
     return needsCommand ? "a command is needed; quillctl --help tells them" : error.what();
   }
   const std::string& first = unexpected.front();
   if (first.starts_with("--password")) return "unknown option that begins with --password";
   if (first.starts_with("--")) return "unknown option " + Quoted(first.substr(0, first.find('=')));
   if (first.starts_with('-')) return "unknown option " + Quoted(first.substr(0, 2));
-  if (app_.get_subcommands().empty()) return "unknown command";
+  if (app.get_subcommands().empty()) return "unknown command";
   return "an argument too many; one with blanks needs quotes";
 }
 
 }  // namespace
 
-CommandLine ParseCommandLine(int argc, const char* const* argv) {
-  return Parser().Parse(argc, argv);
+void RunCommandLine(int argc, const char* const* argv) {
+  Parser().Run(argc, argv);
 }
 
 }  // namespace quillctl

@@ -1,44 +1,49 @@
-// The commands of quillctl as they are added to its command line. Each family has a file of its
-// own.
+// What the families of commands need to add themselves to the command line.
 
-#ifndef QUILLKIT_EXAMPLES_COMMANDS_H_
-#define QUILLKIT_EXAMPLES_COMMANDS_H_
+#ifndef QUILLCTL_COMMANDS_H_
+#define QUILLCTL_COMMANDS_H_
 
 #include <CLI/CLI.hpp>
 
 #include <functional>
 #include <string>
 
-#include "quillctl/command_line.h"
+#include "quillctl/session.h"
 
 namespace quillctl {
 
 class Commands {
  public:
-  // Both stay as long as this object and what it made.
-  Commands(CLI::App& app, CommandLine& line) : app_(app), line_(line) {}
+  using Action = std::function<void(const Credentials&)>;
+
+  // `program` must outlive this object, and this object what it added.
+  explicit Commands(CLI::App& program) : app(program) {}
 
   // Adds a command that logs in and then runs `action`.
   CLI::App* Add(const char* name, const char* help, std::function<void(Session&)> action);
 
   // Adds a command that decides itself whether it logs in.
-  CLI::App* AddOffline(const char* name, const char* help, CommandLine::Action action);
+  CLI::App* AddOffline(const char* name, const char* help, Action action);
 
-  CLI::App& app() { return app_; }
+  // Runs the command that was parsed.
+  void Run(const Credentials& credentials) const { parsed(credentials); }
+
+  const CLI::App& Program() const { return app; }
 
  private:
-  CLI::App& app_;
-  CommandLine& line_;
+  CLI::App& app;
+  Action parsed;
 };
 
-// A positional argument that names a key or an item.
+// Requires the name of a key or an item as the option's value.
+CLI::Option* AsName(CLI::Option* option);
+
+// Adds a positional argument that names a key or an item.
 CLI::Option* AddName(CLI::App* command, const char* title, std::string& into, const char* help);
 
-void AddKeyCommands(Commands& commands);
-void AddItemCommands(Commands& commands);
-void AddKeySetCommands(Commands& commands);
-void AddImportCommand(Commands& commands);
+// Adds --json.
+void AddJson(CLI::App* command, bool& into);
 
 }  // namespace quillctl
 
-#endif  // QUILLKIT_EXAMPLES_COMMANDS_H_
+#endif  // QUILLCTL_COMMANDS_H_

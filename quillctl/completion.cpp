@@ -1,6 +1,12 @@
 #include "quillctl/completion.h"
 
 #include <algorithm>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "quillctl/commands.h"
 
 namespace quillctl {
 namespace {
@@ -169,19 +175,33 @@ struct Shell {
 };
 constexpr Shell kShells[] = {{"bash", BashScript}, {"zsh", ZshScript}, {"fish", FishScript}};
 
-}  // namespace
-
-std::vector<std::string> CompletionShells() {
+// The shells that have a script.
+Words CompletionShells() {
   Words names;
   for (const Shell& each : kShells) names.emplace_back(each.name);
   return names;
 }
 
+// The script for one of them. If several commands have an option of one name, it takes a value, and
+// the same choices, under each.
 std::string CompletionScript(const CLI::App& app, const std::string& shell) {
   for (const Shell& each : kShells) {
     if (shell == each.name) return each.script(app);
   }
   return {};
+}
+
+}  // namespace
+
+void AddCompletionCommand(Commands& commands) {
+  const auto shell = std::make_shared<std::string>();
+  const CLI::App& program = commands.Program();
+  CLI::App* completion = commands.AddOffline(
+      "completion", "Print a script by which a shell completes commands and options",
+      [&program, shell](const Credentials&) { std::cout << CompletionScript(program, *shell); });
+  completion->add_option("shell", *shell, "The shell")
+      ->required()
+      ->check(CLI::IsMember(CompletionShells()));
 }
 
 }  // namespace quillctl

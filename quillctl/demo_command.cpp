@@ -2,8 +2,10 @@
 
 #include <filesystem>
 #include <iostream>
+#include <memory>
 #include <system_error>
 
+#include "quillctl/commands.h"
 #include "quillctl/failures.h"
 #include "quillctl/import_command.h"
 #include "quillctl/info_command.h"
@@ -13,6 +15,9 @@
 
 namespace quillctl {
 namespace {
+
+// The password of a simulated appliance as it is delivered.
+constexpr const char* kSimulatedPassword = "quill";
 
 const std::string kKey = "Accounting";
 
@@ -95,8 +100,8 @@ void ImportFiles(const Session& session, const DataFiles& files) {
   ImportExport(session, files.mailServer, "mail");
 }
 
-}  // namespace
-
+// The folder of the files that came with quillctl: "data" beside the program where it was built, or
+// the folder that is installed with it.
 std::string DemoDataFolder() {
   const std::filesystem::path folder = std::filesystem::path(ProgramFile()).parent_path();
   const std::filesystem::path built = folder / "data";
@@ -104,6 +109,9 @@ std::string DemoDataFolder() {
   return (folder / QUILLCTL_INSTALLED_DATA).lexically_normal().string();
 }
 
+// Shows the appliance, adds a soft key with items, imports the three files of the data folder into
+// the address books, deletes the key and logs out. Throws a UsageError, with nothing done, if a
+// file is missing. The first step that fails ends it, with that step's exception.
 void RunDemo(Session& session, const std::string& dataFolder) {
   const DataFiles files(dataFolder);
   ShowAppliance(session);
@@ -114,6 +122,22 @@ void RunDemo(Session& session, const std::string& dataFolder) {
   ShowKeys(session);
   session.LogOut();
   std::cout << "\nLogged out.\n";
+}
+
+}  // namespace
+
+void AddDemoCommand(Commands& commands) {
+  const auto folder = std::make_shared<std::string>(DemoDataFolder());
+  CLI::App* demo =
+      commands.AddOffline("demo", "Show what Quillkit does; adds to the appliance's books",
+                          [folder](const Credentials& given) {
+                            Credentials credentials = given;
+                            if (!credentials.password) credentials.password = kSimulatedPassword;
+                            Session session(credentials);
+                            RunDemo(session, *folder);
+                          });
+  demo->add_option("--data", *folder,
+                   "The folder of the files to import, else those that came with quillctl");
 }
 
 }  // namespace quillctl

@@ -7,8 +7,8 @@
 #include "import/convert_directory_export.h"
 #include "import/line_reader.h"
 #include "import/script.h"
-#include "quillctl/import_file.h"
 #include "quillctl/import_rows.h"
+#include "quillctl/text_file.h"
 
 namespace quillctl {
 namespace {

@@ -1,8 +1,8 @@
 // Texts of the appliance made fit for a terminal. They are 8-bit, without a character set, and come
 // from outside.
 
-#ifndef QUILLKIT_EXAMPLES_DISPLAYED_TEXT_H_
-#define QUILLKIT_EXAMPLES_DISPLAYED_TEXT_H_
+#ifndef QUILLCTL_DISPLAYED_TEXT_H_
+#define QUILLCTL_DISPLAYED_TEXT_H_
 
 #include <cstddef>
 #include <string>
@@ -28,4 +28,4 @@ std::size_t DisplayedWidth(std::string_view displayed);
 
 }  // namespace quillctl
 
-#endif  // QUILLKIT_EXAMPLES_DISPLAYED_TEXT_H_
+#endif  // QUILLCTL_DISPLAYED_TEXT_H_

@@ -1,8 +1,8 @@
 // How quillctl fails: with one of the exceptions below, whose text is shown and whose kind is
 // the exit status. Results of the library become exceptions here and nowhere else.
 
-#ifndef QUILLKIT_EXAMPLES_FAILURES_H_
-#define QUILLKIT_EXAMPLES_FAILURES_H_
+#ifndef QUILLCTL_FAILURES_H_
+#define QUILLCTL_FAILURES_H_
 
 #include <cstdint>
 #include <stdexcept>
@@ -49,4 +49,4 @@ void RequireCode(std::int32_t status, std::int32_t expected);
 
 }  // namespace quillctl
 
-#endif  // QUILLKIT_EXAMPLES_FAILURES_H_
+#endif  // QUILLCTL_FAILURES_H_

@@ -1,10 +1,9 @@
-#include "quillctl/import_faults.h"
-
 #include <algorithm>
 #include <map>
 #include <string_view>
 
 #include "import/script.h"
+#include "quillctl/import_rows.h"
 
 namespace quillctl {
 namespace {

@@ -6,9 +6,9 @@
 #include "import/script.h"
 #include "quillctl/column_map.h"
 #include "quillctl/failures.h"
-#include "quillctl/import_faults.h"
-#include "quillctl/import_file.h"
+#include "quillctl/import_rows.h"
 #include "quillctl/system/deferred_termination.h"
+#include "quillctl/text_file.h"
 
 namespace quillctl {
 namespace {

@@ -1,7 +1,7 @@
 // An import made ready: the file is read, and it is settled which of its rows are sent.
 
-#ifndef QUILLKIT_EXAMPLES_IMPORT_PLAN_H_
-#define QUILLKIT_EXAMPLES_IMPORT_PLAN_H_
+#ifndef QUILLCTL_IMPORT_PLAN_H_
+#define QUILLCTL_IMPORT_PLAN_H_
 
 #include <cstddef>
 #include <cstdint>
@@ -10,12 +10,27 @@
 #include <vector>
 
 #include "quillctl/address_books.h"
-#include "quillctl/import_request.h"
 #include "quillctl/import_rows.h"
 #include "quillctl/temporary_file.h"
 #include "toolkit/quillkit.h"
 
 namespace quillctl {
+
+// `target`, `map` and `skipHeader` are for the format "csv" alone; `json` and `rejects` for all but
+// "script", whose lines are not looked at.
+struct ImportRequest {
+  std::string file = {};
+  std::string format = {};  // one of ImportFormatWords()
+  std::string target = {};  // one of BookWords(), or empty for the e-mail book
+  std::string map = {};     // as ColumnMap takes it
+  bool skipHeader = false;  // implied by a map with headings
+  bool clearFirst = false;
+  std::size_t shown = 5;         // how many of the entries that arrived are shown
+  std::size_t faultsShown = 20;  // how many of the rows that become no entry are told
+  std::string rejects = {};      // where rows that become no entry go; empty for nowhere
+  bool dryRun = false;
+  bool json = false;
+};
 
 // The formats of files by the names that the command line has for them.
 std::vector<std::string> ImportFormatWords();
@@ -71,4 +86,4 @@ class ImportPlan {
 
 }  // namespace quillctl
 
-#endif  // QUILLKIT_EXAMPLES_IMPORT_PLAN_H_
+#endif  // QUILLCTL_IMPORT_PLAN_H_

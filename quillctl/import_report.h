@@ -1,7 +1,8 @@
-// What an import tells about the rows of its file.
+// What an import reports about the rows of its file: on the screen, as JSON, and in the file of
+// rejected rows.
 
-#ifndef QUILLKIT_EXAMPLES_IMPORT_REPORT_H_
-#define QUILLKIT_EXAMPLES_IMPORT_REPORT_H_
+#ifndef QUILLCTL_IMPORT_REPORT_H_
+#define QUILLCTL_IMPORT_REPORT_H_
 
 #include <string>
 
@@ -19,6 +20,13 @@ void ShowFaults(const ImportRows& rows, std::size_t most);
 // Both as JSON on standard output.
 void ShowImportJson(const ImportRows& rows, bool isSeen);
 
+// Writes the header, where there is one, and the rows with a fault as they stand in the file that
+// is imported, so that the same command can import them once they are repaired. What is
+// there stays whole until it is replaced whole. Throws a UsageError when `path` is the imported
+// file or no place for a file, and a Refusal when it cannot be written.
+void WriteRejectedRows(const std::string& path, const std::string& imported,
+                       const ImportRows& rows);
+
 }  // namespace quillctl
 
-#endif  // QUILLKIT_EXAMPLES_IMPORT_REPORT_H_
+#endif  // QUILLCTL_IMPORT_REPORT_H_

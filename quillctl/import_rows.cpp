@@ -7,7 +7,7 @@
 #include "import/convert_delimited_text.h"
 #include "import/convert_mail_server_export.h"
 #include "import/line_reader.h"
-#include "quillctl/import_file.h"
+#include "quillctl/text_file.h"
 
 namespace quillctl {
 namespace {

@@ -3,10 +3,11 @@
 // What a row gives is found by the functions of the library's converters. These refuse nothing:
 // they cut what is too long, take a column that is not there for an empty one, and leave rows out
 // without a word. Here such a row has a fault, and so has one whose line in the script no server
-// could take. What has nothing to do with the format is for quillctl/import_faults.h.
+// could take. FindFaults finds what does
+// not depend on the format.
 
-#ifndef QUILLKIT_EXAMPLES_IMPORT_ROWS_H_
-#define QUILLKIT_EXAMPLES_IMPORT_ROWS_H_
+#ifndef QUILLCTL_IMPORT_ROWS_H_
+#define QUILLCTL_IMPORT_ROWS_H_
 
 #include <cstddef>
 #include <cstdint>
@@ -15,6 +16,7 @@
 #include <string_view>
 #include <vector>
 
+#include "quillctl/address_books.h"
 #include "quillctl/text_table.h"
 
 namespace quillctl {
@@ -59,6 +61,21 @@ ImportRows DirectoryRows(std::string_view text);
 // classes are passed over; the first one is the header.
 ImportRows MailServerRows(std::string_view text);
 
+// Anybody but the administrator sends a name and one more field.
+inline constexpr std::size_t kFieldsOfPair = 2;
+
+// Gives a fault to each row that has none yet and whose values do not fit an entry of the book: too
+// long, with characters that a script cannot hold, empty where the book needs them, or with the
+// name of an earlier row, whose entry the server would replace. `isAdmin` tells which kind of
+// script it is for. A field whose element of `columns` is -1 may be empty; where there are no
+// columns the format supplies all fields.
+void FindFaults(std::vector<ImportRow>& rows, const AddressBook& book, bool isAdmin,
+                std::span<const std::int32_t> columns);
+
+// Gives the fault `why` to the rows that were sent and of which the book now holds no entry, or
+// another one of that name.
+void FindAbsent(std::vector<ImportRow>& rows, std::span<const Row> entries, std::string_view why);
+
 }  // namespace quillctl
 
-#endif  // QUILLKIT_EXAMPLES_IMPORT_ROWS_H_
+#endif  // QUILLCTL_IMPORT_ROWS_H_

@@ -3,7 +3,9 @@
 #include <array>
 #include <bit>
 #include <iostream>
+#include <memory>
 
+#include "quillctl/commands.h"
 #include "quillctl/json_output.h"
 #include "quillctl/text_table.h"
 
@@ -37,6 +39,13 @@ void ShowInfo(const Session& session, bool json) {
   for (const Row& row : rows) table.AddRow(row);
   table.AddRow({"Administrator", isAdmin ? "yes" : "no"});
   table.Print(std::cout);
+}
+
+void AddInfoCommand(Commands& commands) {
+  const auto json = std::make_shared<bool>(false);
+  AddJson(commands.Add("info", "Show the appliance and who is logged in",
+                       [json](Session& session) { ShowInfo(session, *json); }),
+          *json);
 }
 
 }  // namespace quillctl

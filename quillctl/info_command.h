@@ -1,7 +1,7 @@
 // What the appliance says of itself, and who is logged in.
 
-#ifndef QUILLKIT_EXAMPLES_INFO_COMMAND_H_
-#define QUILLKIT_EXAMPLES_INFO_COMMAND_H_
+#ifndef QUILLCTL_INFO_COMMAND_H_
+#define QUILLCTL_INFO_COMMAND_H_
 
 #include <cstdint>
 #include <string>
@@ -10,11 +10,16 @@
 
 namespace quillctl {
 
+class Commands;
+
 // The address is in network byte order: its first byte in memory is its first number.
 std::string DottedAddress(std::uint32_t address);
 
 void ShowInfo(const Session& session, bool json = false);
 
+// Adds "info".
+void AddInfoCommand(Commands& commands);
+
 }  // namespace quillctl
 
-#endif  // QUILLKIT_EXAMPLES_INFO_COMMAND_H_
+#endif  // QUILLCTL_INFO_COMMAND_H_

@@ -1,14 +1,18 @@
 #include "quillctl/item_commands.h"
 
+#include <algorithm>
 #include <iostream>
+#include <memory>
+#include <optional>
 #include <utility>
 #include <vector>
 
+#include "quillctl/commands.h"
 #include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
 #include "quillctl/json_output.h"
-#include "quillctl/key_commands.h"
 #include "quillctl/key_set.h"
+#include "quillctl/text_table.h"
 
 namespace quillctl {
 namespace {
@@ -16,13 +20,14 @@ namespace {
 using FoundItems = std::vector<std::pair<std::string, ItemFields>>;  // with their key's name
 
 void PrintItems(const FoundItems& found, bool json) {
-  TextTable table = ItemTable();
+  TextTable table({"Key", "Item", "Address", "Path", "Application", "Format", "Settings"});
   Json items = Json::array();
   for (const auto& [key, item] : found) {
     if (json) {
       items.push_back(ShownItem(key, item));
     } else {
-      AddItemRow(table, key, item);
+      table.AddRow({key, item.name, item.address, item.path, item.appTag,
+                    std::to_string(item.fileFormat), Hexadecimal(item.settings)});
     }
   }
   if (json) {
@@ -42,19 +47,18 @@ void AddHits(FoundItems& found, quillkit::CSoftKey* key, const std::string& patt
   }
 }
 
+Refusal NoItem(const std::string& key, const std::string& name) {
+  return Refusal("the key " + Quoted(key) + " has no item " + Quoted(name));
+}
+
 // The item of this name under a key that was read.
 ItemFields ItemOf(quillkit::CSoftKey* key, const std::string& name) {
   const std::int32_t index = quillkit::FindFirstItem(key, name, 1);
   if (index < 0) {
     RequireWhole(key);
-    throw Refusal("the key " + Quoted(quillkit::GetKeyName(key)) + " has no item " + Quoted(name));
+    throw NoItem(quillkit::GetKeyName(key), name);
   }
   return FieldsOf(quillkit::GetItemAt(key, index));
-}
-
-template <class Value>
-void SetWhereGiven(Value& field, const std::optional<Value>& value) {
-  if (value) field = *value;
 }
 
 }  // namespace
@@ -80,6 +84,47 @@ void AddItem(const Session& session, const std::string& key, const ItemFields& f
   std::cout << "Added " << what << ".\n";
 }
 
+void RenameItem(const Session& session, const std::string& key, const std::string& oldName,
+                const std::string& newName) {
+  quillkit::CSoftKey* found = FindKey(session.LoadKeys(true), key);
+  const std::string what = DescribedItem(oldName, key);
+  ItemFields fields = ItemOf(found, oldName);
+  fields.name = newName;
+  const OwnedItem item = MakeItem(fields);
+  RequireGood(quillkit::RenameMenuItem(found, oldName, item.get(), 0), "rename " + what);
+  std::cout << "Renamed " << what << " to " << Quoted(newName) << ".\n";
+}
+
+void FindItems(const Session& session, const std::string& pattern, bool wholeName, bool json) {
+  quillkit::CTopLevelAB* book = session.LoadKeys(true);
+  FoundItems found;
+  for (std::int32_t i = 0; i < quillkit::GetCount(book); ++i) {
+    AddHits(found, quillkit::GetKeyAt(book, i), pattern, wholeName ? 1 : 0);
+  }
+  if (found.empty()) {
+    throw Refusal(std::string("no item has a name that ") + (wholeName ? "is " : "begins with ") +
+                  Quoted(pattern));
+  }
+  PrintItems(found, json);
+}
+
+namespace {
+
+// What an edit sets; the item's other fields stay.
+struct ItemEdit {
+  std::optional<std::string> name;
+  std::optional<std::string> address;
+  std::optional<std::string> path;
+  std::optional<std::string> appTag;
+  std::optional<std::uint32_t> fileFormat;
+  std::optional<std::uint32_t> settings;
+};
+
+template <class Value>
+void SetWhereGiven(Value& field, const std::optional<Value>& value) {
+  if (value) field = *value;
+}
+
 void EditItem(const Session& session, const std::string& key, const std::string& name,
               const ItemEdit& edit) {
   quillkit::CSoftKey* found = FindKey(session.LoadKeys(true), key);
@@ -103,17 +148,6 @@ void EditItem(const Session& session, const std::string& key, const std::string&
   std::cout << "Changed " << what << ".\n";
 }
 
-void RenameItem(const Session& session, const std::string& key, const std::string& oldName,
-                const std::string& newName) {
-  quillkit::CSoftKey* found = FindKey(session.LoadKeys(true), key);
-  const std::string what = DescribedItem(oldName, key);
-  ItemFields fields = ItemOf(found, oldName);
-  fields.name = newName;
-  const OwnedItem item = MakeItem(fields);
-  RequireGood(quillkit::RenameMenuItem(found, oldName, item.get(), 0), "rename " + what);
-  std::cout << "Renamed " << what << " to " << Quoted(newName) << ".\n";
-}
-
 void DeleteItem(const Session& session, const std::string& key, const std::string& name) {
   quillkit::CSoftKey* found = FindKey(session.LoadKeys(true), key);
   const std::string what = DescribedItem(name, key);
@@ -121,17 +155,128 @@ void DeleteItem(const Session& session, const std::string& key, const std::strin
   std::cout << "Deleted " << what << ".\n";
 }
 
-void FindItems(const Session& session, const std::string& pattern, bool wholeName, bool json) {
-  quillkit::CTopLevelAB* book = session.LoadKeys(true);
-  FoundItems found;
-  for (std::int32_t i = 0; i < quillkit::GetCount(book); ++i) {
-    AddHits(found, quillkit::GetKeyAt(book, i), pattern, wholeName ? 1 : 0);
+using Items = std::vector<ItemFields>;
+
+Items ReadItems(const Session& session, const std::string& key) {
+  return ItemsOf(FindKey(session.LoadKeys(true), key));
+}
+
+// Whether the key has an item of the name. A Refusal that says what was `done` when that cannot be
+// read.
+bool HasItem(const Session& session, const std::string& key, const std::string& name,
+             const std::string& done) {
+  try {
+    return std::ranges::count(ReadItems(session, key), name, &ItemFields::name) != 0;
+  } catch (const Refusal& why) {
+    throw Refusal(done + ": " + why.what());
   }
-  if (found.empty()) {
-    throw Refusal(std::string("no item has a name that ") + (wholeName ? "is " : "begins with ") +
-                  Quoted(pattern));
+}
+
+// Moves an item under another key: it is added there before it is deleted here, so that a failure
+// leaves it in both places and never in none.
+void MoveToKey(const Session& session, const std::string& key, const std::string& name,
+               const std::string& target) {
+  if (key == target) throw UsageError("the item is to go under the key that it is under");
+  const Items items = ReadItems(session, key);
+  const auto found = std::ranges::find(items, name, &ItemFields::name);
+  if (found == items.end()) throw NoItem(key, name);
+  const std::string moved = DescribedItem(name, target);
+  RequireGood(quillkit::AddMenuItem(FindKey(session.book(), target), MakeItem(*found).get(), 0),
+              "add " + moved);
+  // The copy has to be there before the original goes.
+  if (!HasItem(session, target, name,
+               "the appliance took " + moved + ", which cannot be read; nothing was deleted")) {
+    throw Refusal("the appliance took " + moved + ", and does not tell of it; nothing was deleted");
   }
-  PrintItems(found, json);
+  const std::int32_t status = quillkit::DeleteMenuItem(FindKey(session.book(), key), name, 0);
+  if (status != 0 || HasItem(session, key, name,
+                             moved + " stands there; whether it is gone under " + Quoted(key) +
+                                 " cannot be read")) {
+    throw Refusal("the item " + Quoted(name) +
+                  " is now under both keys; it cannot be deleted under " + Quoted(key) + ": " +
+                  (status != 0 ? CodeAndText(status) : "the appliance says that it did"));
+  }
+  std::cout << "Moved " << DescribedItem(name, key) << " to the key " << Quoted(target) << ".\n";
+}
+
+constexpr const char* kKeyHelp = "The soft key";
+constexpr const char* kItemHelp = "The item's name";
+
+// What the options of a command fill. The command keeps it alive.
+struct Arguments {
+  std::string key;
+  std::string name;
+  std::string newName;
+  ItemFields item;
+  ItemEdit edit;
+  bool wholeName = false;
+  bool json = false;
+};
+
+// The options for an item's fields but its name, for an ItemFields or an ItemEdit.
+template <class Fields>
+void AddItemOptions(CLI::App* command, Fields& into) {
+  command->add_option("--address", into.address, "Its address, at most 255 characters");
+  command->add_option("--path", into.path, "Its path, at most 127");
+  command->add_option("--application", into.appTag, "Its application tag, at most 127");
+  command->add_option("--file-format", into.fileFormat, "Its file format")->type_name("NUMBER");
+  command->add_option("--settings", into.settings, "Its settings, as 65538 or 0x10002")
+      ->type_name("NUMBER");
+}
+
+void AddListCommands(Commands& commands) {
+  const auto a = std::make_shared<Arguments>();
+  CLI::App* items = commands.Add("items", "List the items under the soft keys",
+                                 [a](Session& s) { ShowItems(s, a->key, a->json); });
+  AddName(items, "key", a->key, "The soft key; all of them without it")->required(false);
+  AddJson(items, a->json);
+
+  const auto f = std::make_shared<Arguments>();
+  CLI::App* find = commands.Add("find", "Find items by name under all soft keys",
+                                [f](Session& s) { FindItems(s, f->name, f->wholeName, f->json); });
+  find->add_option("pattern", f->name, "What the name begins with")->required();
+  find->add_flag("--whole", f->wholeName, "What the whole name is");
+  AddJson(find, f->json);
+}
+
+void AddMoveCommand(Commands& commands) {
+  const auto a = std::make_shared<Arguments>();
+  CLI::App* move = commands.Add("move", "Move an item under another key",
+                                [a](Session& s) { MoveToKey(s, a->key, a->name, a->newName); });
+  AddName(move, "key", a->key, kKeyHelp);
+  AddName(move, "name", a->name, kItemHelp);
+  AsName(move->add_option("--to", a->newName, "The other key")->required());
+}
+
+}  // namespace
+
+void AddItemCommands(Commands& commands) {
+  AddListCommands(commands);
+  const auto a = std::make_shared<Arguments>();
+  CLI::App* add = commands.Add("add-item", "Add an item under a soft key",
+                               [a](Session& s) { AddItem(s, a->key, a->item); });
+  AddName(add, "key", a->key, kKeyHelp);
+  AddName(add, "name", a->item.name, kItemHelp);
+  AddItemOptions(add, a->item);
+
+  CLI::App* edit = commands.Add("edit-item", "Change what is given of an item",
+                                [a](Session& s) { EditItem(s, a->key, a->name, a->edit); });
+  AddName(edit, "key", a->key, kKeyHelp);
+  AddName(edit, "name", a->name, kItemHelp);
+  AsName(edit->add_option("--name", a->edit.name, "Its new name"));
+  AddItemOptions(edit, a->edit);
+
+  CLI::App* rename = commands.Add("rename-item", "Rename an item",
+                                  [a](Session& s) { RenameItem(s, a->key, a->name, a->newName); });
+  AddName(rename, "key", a->key, kKeyHelp);
+  AddName(rename, "old", a->name, kItemHelp);
+  AddName(rename, "new", a->newName, "Its new name");
+
+  AddMoveCommand(commands);
+  CLI::App* remove = commands.Add("delete-item", "Delete an item",
+                                  [a](Session& s) { DeleteItem(s, a->key, a->name); });
+  AddName(remove, "key", a->key, kKeyHelp);
+  AddName(remove, "name", a->name, kItemHelp);
 }
 
 }  // namespace quillctl

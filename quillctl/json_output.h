@@ -1,15 +1,16 @@
 // What --json makes of the appliance's answers.
 
-#ifndef QUILLKIT_EXAMPLES_JSON_OUTPUT_H_
-#define QUILLKIT_EXAMPLES_JSON_OUTPUT_H_
+#ifndef QUILLCTL_JSON_OUTPUT_H_
+#define QUILLCTL_JSON_OUTPUT_H_
 
 #include <nlohmann/json.hpp>
 
+#include <iostream>
 #include <string>
 #include <string_view>
 
 #include "quillctl/displayed_text.h"
-#include "quillctl/item_fields.h"
+#include "quillctl/key_set.h"
 
 namespace quillctl {
 
@@ -31,9 +32,11 @@ inline Json ShownItem(const std::string& key, const ItemFields& item) {
   return json;
 }
 
-// Prints a value with a newline behind it.
-void PrintJson(const Json& json);
+// Prints a value and a newline.
+inline void PrintJson(const Json& json) {
+  std::cout << json.dump(2) << '\n';
+}
 
 }  // namespace quillctl
 
-#endif  // QUILLKIT_EXAMPLES_JSON_OUTPUT_H_
+#endif  // QUILLCTL_JSON_OUTPUT_H_

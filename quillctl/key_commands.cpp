@@ -1,22 +1,16 @@
 #include "quillctl/key_commands.h"
 
 #include <iostream>
-#include <new>
+#include <memory>
 
+#include "quillctl/commands.h"
 #include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
 #include "quillctl/json_output.h"
+#include "quillctl/key_set.h"
 #include "quillctl/text_table.h"
 
 namespace quillctl {
-
-OwnedKey MakeKey(const std::string& name, quillkit::CTopLevelAB* book) {
-  quillkit::CSoftKey* key = nullptr;
-  const bool made = quillkit::CreateSoftKey(name, book, &key) != 0;
-  OwnedKey owned(key);
-  if (!made) throw std::bad_alloc();
-  return owned;
-}
 
 void ShowKeys(const Session& session, bool json) {
   quillkit::CTopLevelAB* book = session.LoadKeys(false);
@@ -43,6 +37,14 @@ void AddKey(const Session& session, const std::string& name) {
   std::cout << "Added the key " << Quoted(name) << ".\n";
 }
 
+void DeleteKey(const Session& session, const std::string& name) {
+  quillkit::CTopLevelAB* book = session.LoadKeys(false);
+  RequireGood(quillkit::DeleteKey(book, name, 0), "delete the key " + Quoted(name));
+  std::cout << "Deleted the key " << Quoted(name) << ".\n";
+}
+
+namespace {
+
 void RenameKey(const Session& session, const std::string& oldName, const std::string& newName) {
   quillkit::CTopLevelAB* book = session.LoadKeys(false);
   const OwnedKey key = MakeKey(newName, book);
@@ -51,16 +53,30 @@ void RenameKey(const Session& session, const std::string& oldName, const std::st
   std::cout << "Renamed the key " << Quoted(oldName) << " to " << Quoted(newName) << ".\n";
 }
 
-void DeleteKey(const Session& session, const std::string& name) {
-  quillkit::CTopLevelAB* book = session.LoadKeys(false);
-  RequireGood(quillkit::DeleteKey(book, name, 0), "delete the key " + Quoted(name));
-  std::cout << "Deleted the key " << Quoted(name) << ".\n";
-}
+}  // namespace
 
-quillkit::CSoftKey* FindKey(quillkit::CTopLevelAB* book, const std::string& name) {
-  const std::int32_t index = quillkit::FindSoftKeyIndex(book, name);
-  if (index < 0) throw Refusal("no soft key has the name " + Quoted(name));
-  return quillkit::GetKeyAt(book, index);
+void AddKeyCommands(Commands& commands) {
+  struct Arguments {
+    std::string name;
+    std::string newName;
+    bool json = false;
+  };
+  const auto a = std::make_shared<Arguments>();
+  AddJson(commands.Add("keys", "List the soft keys", [a](Session& s) { ShowKeys(s, a->json); }),
+          a->json);
+
+  CLI::App* add =
+      commands.Add("add-key", "Add a soft key", [a](Session& s) { AddKey(s, a->name); });
+  AddName(add, "name", a->name, "Its name");
+
+  CLI::App* rename = commands.Add("rename-key", "Rename a soft key",
+                                  [a](Session& s) { RenameKey(s, a->name, a->newName); });
+  AddName(rename, "old", a->name, "Its name");
+  AddName(rename, "new", a->newName, "Its new name");
+
+  CLI::App* remove = commands.Add("delete-key", "Delete a soft key and the items under it",
+                                  [a](Session& s) { DeleteKey(s, a->name); });
+  AddName(remove, "name", a->name, "Its name");
 }
 
 }  // namespace quillctl

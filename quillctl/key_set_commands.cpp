@@ -1,11 +1,12 @@
 #include "quillctl/key_set_commands.h"
 
 #include <iostream>
+#include <memory>
 
+#include "quillctl/commands.h"
 #include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
-#include "quillctl/key_commands.h"
-#include "quillctl/key_set_difference.h"
+#include "quillctl/key_set.h"
 #include "quillctl/key_set_json.h"
 #include "quillctl/system/deferred_termination.h"
 #include "quillctl/text_file.h"
@@ -96,8 +97,8 @@ void RequireMade(const Session& session, const KeySet& wanted) {
                 Described(open.front()));
 }
 
-}  // namespace
-
+// Writes the keys and their items as JSON (key_set_json.h) to a file, or to standard output for an
+// empty path. Throws a Refusal, with nothing written, when they cannot be read whole.
 void ExportKeys(const Session& session, const std::string& path) {
   const std::string json = JsonOf(ReadKeySet(session));
   if (path.empty()) {
@@ -108,6 +109,13 @@ void ExportKeys(const Session& session, const std::string& path) {
   std::cout << "Wrote the keys.\n";
 }
 
+enum class Consent { kAsk, kGiven, kDryRun };
+
+// Logs in, shows what differs between the appliance and the file, and, once somebody said yes,
+// makes the appliance's keys those of the file. Throws a UsageError for a file that is not
+// understood, with nothing asked of the appliance, and a Refusal when nobody said yes, when a
+// change fails or the user interrupts them, which tells how many were made before, and when the
+// appliance then does not have what the file tells.
 void ApplyKeys(const Credentials& credentials, const std::string& path, Consent consent) {
   const KeySet wanted = ParseKeySet(ReadTextFile(path, kMostBytes));
   const Session session(credentials);
@@ -122,6 +130,31 @@ void ApplyKeys(const Credentials& credentials, const std::string& path, Consent 
   Make(session, changes);
   RequireMade(session, wanted);
   std::cout << "Made " << changes.size() << (changes.size() == 1 ? " change.\n" : " changes.\n");
+}
+
+}  // namespace
+
+void AddKeySetCommands(Commands& commands) {
+  struct Arguments {
+    std::string file;
+    bool yes = false;
+    bool dryRun = false;
+  };
+  const auto a = std::make_shared<Arguments>();
+  CLI::App* save = commands.Add("export", "Write all keys and items as JSON",
+                                [a](Session& s) { ExportKeys(s, a->file); });
+  save->add_option("file", a->file, "The file, else the standard output")->type_name("FILE");
+
+  CLI::App* apply = commands.AddOffline("apply", "Make the keys those of a file of export",
+                                        [a](const Credentials& c) {
+                                          ApplyKeys(c, a->file,
+                                                    a->dryRun ? Consent::kDryRun
+                                                    : a->yes  ? Consent::kGiven
+                                                              : Consent::kAsk);
+                                        });
+  apply->add_option("file", a->file, "The file")->required()->type_name("FILE");
+  auto* yes = apply->add_flag("--yes", a->yes, "Do not ask");
+  apply->add_flag("--dry-run", a->dryRun, "Show what differs, and change nothing")->excludes(yes);
 }
 
 }  // namespace quillctl

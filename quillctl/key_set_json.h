@@ -15,8 +15,8 @@
 // valid UTF-8 the file says "utf-8" and holds them as they are; else it says "latin-1" and each
 // character of a text is one byte. Both come back as the same bytes.
 
-#ifndef QUILLKIT_EXAMPLES_KEY_SET_JSON_H_
-#define QUILLKIT_EXAMPLES_KEY_SET_JSON_H_
+#ifndef QUILLCTL_KEY_SET_JSON_H_
+#define QUILLCTL_KEY_SET_JSON_H_
 
 #include <string>
 #include <string_view>
@@ -34,4 +34,4 @@ KeySet ParseKeySet(std::string_view json);
 
 }  // namespace quillctl
 
-#endif  // QUILLKIT_EXAMPLES_KEY_SET_JSON_H_
+#endif  // QUILLCTL_KEY_SET_JSON_H_

@@ -27,12 +27,6 @@ int Report(const char* text, int status) {
   return status;
 }
 
-int Run(int argc, const char* const* argv) {
-  const CommandLine line = ParseCommandLine(argc, argv);
-  if (line.action) line.action(line.credentials);
-  return kExitGood;
-}
-
 // The status, unless what the command shows could not be written.
 int Ended(int status) {
   std::cout.flush();
@@ -46,7 +40,8 @@ int Ended(int status) {
 int main(int argc, char** argv) {
   const quillctl::RunningLibrary library;
   try {
-    return quillctl::Ended(quillctl::Run(argc, argv));
+    quillctl::RunCommandLine(argc, argv);
+    return quillctl::Ended(quillctl::kExitGood);
   } catch (const quillctl::UsageError& error) {
     return quillctl::Report(error.what(), quillctl::kExitUsage);
   } catch (const quillctl::PartialFailure& error) {

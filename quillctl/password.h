@@ -1,7 +1,7 @@
 // Where a password comes from when it does not stand on the command line.
 
-#ifndef QUILLKIT_EXAMPLES_PASSWORD_H_
-#define QUILLKIT_EXAMPLES_PASSWORD_H_
+#ifndef QUILLCTL_PASSWORD_H_
+#define QUILLCTL_PASSWORD_H_
 
 #include <optional>
 #include <string>
@@ -22,4 +22,4 @@ std::string AskForPassword(const std::string& user, const std::string& host);
 
 }  // namespace quillctl
 
-#endif  // QUILLKIT_EXAMPLES_PASSWORD_H_
+#endif  // QUILLCTL_PASSWORD_H_

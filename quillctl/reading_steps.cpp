@@ -2,11 +2,11 @@
 #include <memory>
 
 #include "platform/module.h"
-#include "quillctl/checkup.h"
+#include "quillctl/check_command.h"
 #include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
 #include "quillctl/info_command.h"
-#include "quillctl/key_commands.h"
+#include "quillctl/key_set.h"
 
 namespace quillctl {
 namespace {
@@ -112,7 +112,7 @@ std::string ReadKeyByKey(Checkup& checkup) {
   for (const KeyFields& each : keys) {
     quillkit::CSoftKey* key = quillkit::LoadItems(book, each.name);
     const std::int32_t status = quillkit::GetLastToolkitError();
-    const bool isGood = status == 0 || (status == kDataNotFound && each.items.empty());
+    const bool isGood = status == 0 || (status == quillkit::kDataNotFound && each.items.empty());
     if (key == nullptr || !isGood) throw Refusal(Quoted(each.name) + ": " + CodeAndText(status));
     if (ItemsOf(key) != each.items) throw Refusal(Quoted(each.name) + " has other items");
   }
@@ -127,7 +127,7 @@ std::string ReadAgain(Checkup& checkup) {
 std::string AskForUnknownKey(Checkup& checkup) {
   quillkit::CTopLevelAB* book = checkup.session().book();
   RequireUnknown(book, FreeName(book));
-  return "refused with " + CodeAndText(kNoSuchBook);
+  return "refused with " + CodeAndText(quillkit::kNoSuchBook);
 }
 
 std::string LogInAgain(Checkup& checkup) {

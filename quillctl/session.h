@@ -1,8 +1,8 @@
 // A login to the appliance that lasts as long as this object, and the handles that the rest of
 // quillctl works with.
 
-#ifndef QUILLKIT_EXAMPLES_SESSION_H_
-#define QUILLKIT_EXAMPLES_SESSION_H_
+#ifndef QUILLCTL_SESSION_H_
+#define QUILLCTL_SESSION_H_
 
 #include <memory>
 #include <optional>
@@ -65,4 +65,4 @@ class Session {
 
 }  // namespace quillctl
 
-#endif  // QUILLKIT_EXAMPLES_SESSION_H_
+#endif  // QUILLCTL_SESSION_H_

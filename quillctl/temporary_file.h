@@ -1,7 +1,7 @@
 // A file in the system's folder for temporary ones that lasts as long as this object.
 
-#ifndef QUILLKIT_EXAMPLES_TEMPORARY_FILE_H_
-#define QUILLKIT_EXAMPLES_TEMPORARY_FILE_H_
+#ifndef QUILLCTL_TEMPORARY_FILE_H_
+#define QUILLCTL_TEMPORARY_FILE_H_
 
 #include <string>
 #include <string_view>
@@ -35,4 +35,4 @@ class TemporaryFile {
 
 }  // namespace quillctl
 
-#endif  // QUILLKIT_EXAMPLES_TEMPORARY_FILE_H_
+#endif  // QUILLCTL_TEMPORARY_FILE_H_

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <filesystem>
+#include <optional>
 #include <utility>
 
 #include "platform/open_file.h"
@@ -10,7 +11,12 @@
 #include "quillctl/failures.h"
 
 namespace quillctl {
+namespace {
 
+constexpr std::size_t kLargest = std::size_t{64} << 20;
+
+// The bytes of a file, or none where it cannot be read. Of one that has more than `most` no more is
+// read than tells so: what comes is longer than that.
 std::optional<std::string> ReadBytes(const std::string& path, std::size_t most) {
   quillkit::OpenFile file = quillkit::OpenFile::ToRead(path.c_str());
   if (!file.IsOpen()) return std::nullopt;
@@ -24,6 +30,8 @@ std::optional<std::string> ReadBytes(const std::string& path, std::size_t most) 
   if (file.HasFailed()) return std::nullopt;
   return bytes;
 }
+
+}  // namespace
 
 std::string ReadTextFile(const std::string& path, std::size_t most) {
   std::optional<std::string> text = ReadBytes(path, most);
@@ -40,6 +48,49 @@ void WriteTextFile(const std::string& path, const std::string& text) {
   } else if (!quillkit::WriteFileWhole(path, text)) {
     throw Refusal("cannot write " + Quoted(path) + "; what was there is as it was");
   }
+}
+
+std::string ReadImportFile(const std::string& path) {
+  std::optional<std::string> bytes = ReadBytes(path, kLargest);
+  if (!bytes) throw UsageError(WithoutFolder(path) + " cannot be read");
+  if (bytes->size() > kLargest) throw UsageError(WithoutFolder(path) + " is larger than 64 MiB");
+  return std::move(*bytes);
+}
+
+std::string_view WithoutByteOrderMark(std::string_view text) {
+  if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
+  return text;
+}
+
+std::string WithoutFolder(const std::string& path) {
+  const std::string name = std::filesystem::path(path).filename().string();
+  return Quoted(name.empty() ? path : name);
+}
+
+bool FileLines::Next() {
+  if (rest_.empty()) return false;
+  const std::size_t newline = rest_.find('\n');
+  bytes_ = rest_.substr(0, newline == rest_.npos ? newline : newline + 1);
+  rest_.remove_prefix(bytes_.size());
+  ++number_;
+  return true;
+}
+
+bool FileLines::IsBlank() const {
+  return bytes_.find_first_not_of(" \t\n\v\f\r") == bytes_.npos;
+}
+
+std::string_view FileLines::Text() const {
+  std::string_view text = bytes_;
+  if (!text.ends_with('\n')) return text;
+  text.remove_suffix(text.ends_with("\r\n") ? 2 : 1);
+  return text;
+}
+
+std::string FileLines::Folded() const {
+  std::string folded(Text());
+  if (bytes_.ends_with('\n')) folded += '\n';
+  return folded;
 }
 
 }  // namespace quillctl

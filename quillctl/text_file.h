@@ -1,18 +1,13 @@
-// Files that are read and written whole.
+// Files that are read and written whole, and their lines.
 
-#ifndef QUILLKIT_EXAMPLES_TEXT_FILE_H_
-#define QUILLKIT_EXAMPLES_TEXT_FILE_H_
+#ifndef QUILLCTL_TEXT_FILE_H_
+#define QUILLCTL_TEXT_FILE_H_
 
 #include <cstddef>
-#include <optional>
 #include <string>
 #include <string_view>
 
 namespace quillctl {
-
-// The bytes of a file, or none where it cannot be read. Of one that has more than `most` no more is
-// read than tells so: what comes is longer than that.
-std::optional<std::string> ReadBytes(const std::string& path, std::size_t most);
 
 // Throws a UsageError for a file that cannot be read or has more bytes than `most`.
 std::string ReadTextFile(const std::string& path, std::size_t most);
@@ -21,6 +16,39 @@ std::string ReadTextFile(const std::string& path, std::size_t most);
 // there and is no plain file, as a device, is written in place.
 void WriteTextFile(const std::string& path, const std::string& text);
 
+// The bytes of the file. Throws a UsageError for one that cannot be read, and for one that is
+// larger than any address book: 64 MiB.
+std::string ReadImportFile(const std::string& path);
+
+// The mark that some programs put in front of UTF-8.
+inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+// The text without one.
+std::string_view WithoutByteOrderMark(std::string_view text);
+
+// The name that messages have for it, quoted.
+std::string WithoutFolder(const std::string& path);
+
+// Walks through a text line by line.
+class FileLines {
+ public:
+  explicit FileLines(std::string_view text) : rest_(text) {}
+
+  // Goes to the next line. False behind the last one.
+  bool Next();
+
+  std::size_t Number() const { return number_; }     // from 1
+  std::string_view Bytes() const { return bytes_; }  // its end included
+  bool IsBlank() const;                              // nothing but white space
+  std::string_view Text() const;                     // without LF or CR LF
+  std::string Folded() const;                        // with LF for CR LF, as the converters read it
+
+ private:
+  std::string_view rest_;
+  std::string_view bytes_;
+  std::size_t number_ = 0;
+};
+
 }  // namespace quillctl
 
-#endif  // QUILLKIT_EXAMPLES_TEXT_FILE_H_
+#endif  // QUILLCTL_TEXT_FILE_H_

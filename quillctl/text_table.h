@@ -1,7 +1,7 @@
 // A table for the screen: columns of text as wide as their widest cell, two blanks apart.
 
-#ifndef QUILLKIT_EXAMPLES_TEXT_TABLE_H_
-#define QUILLKIT_EXAMPLES_TEXT_TABLE_H_
+#ifndef QUILLCTL_TEXT_TABLE_H_
+#define QUILLCTL_TEXT_TABLE_H_
 
 #include <iosfwd>
 #include <string>
@@ -38,4 +38,4 @@ class TextTable {
 
 }  // namespace quillctl
 
-#endif  // QUILLKIT_EXAMPLES_TEXT_TABLE_H_
+#endif  // QUILLCTL_TEXT_TABLE_H_

@@ -5,7 +5,7 @@
 
 #include "quillctl/column_map.h"
 #include "quillctl/failures.h"
-#include "quillctl/rejected_rows.h"
+#include "quillctl/import_report.h"
 #include "tests/support/scratch_folder.h"
 
 namespace quillctl {

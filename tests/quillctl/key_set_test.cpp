@@ -1,3 +1,5 @@
+#include "quillctl/key_set.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -6,7 +8,6 @@
 #include <string>
 
 #include "quillctl/failures.h"
-#include "quillctl/key_set_difference.h"
 #include "quillctl/key_set_json.h"
 
 namespace quillctl {
