@@ -97,8 +97,9 @@ class CScanner : public RootObject {
   int SetPrintersBook(CPrinterAB* book);
   int SetTopBook(CTopLevelAB* book);
 
-  // Empty the book on the server under the long time-out, which is put back whatever happens.
-  // Calls: SetServerTimeout, IMSPClearAB, SetServerTimeout; the clear's status. An unbound scanner
+  // Empty the book on the server under the long time-out. The old time-out is put back whatever
+  // happens; where it could not be read, the restoring call sets the one that it reads. Calls:
+  // SetServerTimeout, IMSPClearAB, SetServerTimeout; the clear's status. An unbound scanner
   // gives 0.
   Status ClearEmailBook();
   Status ClearFaxBook();

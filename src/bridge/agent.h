@@ -165,6 +165,9 @@ class CAgent : public RootObject {
   // `*old`, which stays as it was when the old one cannot be read. Calls: IMSPIOCtl 2, IMSPIOCtl 1.
   Status SetServerTimeout(std::uint32_t seconds, std::uint32_t* old);
 
+  // SetServerTimeout with the time-out that it reads: whole seconds are kept. The same calls.
+  Status KeepServerTimeout();
+
   // Runs a script file under the long time-out (SetServerTimeout, IMSPBatchConfiguration,
   // SetServerTimeout). The first status that is not 0 ends it: after a failed batch the time-out
   // stays long.
@@ -175,7 +178,8 @@ class CAgent : public RootObject {
   Status RestoreDatabase(const char* first, const char* second);
 
   // Runs the check command under the long time-out, goes on when that cannot be set, and always
-  // sends the restoring call. The command's status.
+  // restores the old time-out: SetServerTimeout, IMSPIOCtl 7, SetServerTimeout. Where the old one
+  // could not be read, the restoring call sets the one that it reads. The command's status.
   Status CheckDatabase();
 
   // Sends kind 0 (back up), 1 (restore) or 2 (check), followed by `first`, a comma and `second`,
@@ -264,6 +268,8 @@ class CAgent : public RootObject {
 
   Status AdoptUser(const CUserRecord& user, std::int32_t loadPrivateBook);
   void AddScannerFor(const CScanner* target, std::uint32_t address, const Identity& identity);
+  Status ReadServerTimeout(std::uint32_t* seconds);
+  Status WriteServerTimeout(std::uint32_t seconds);
   Status RecordedCommand(std::int32_t kind, const char* first, const char* second);
   void FreeLogRecords() { logRecords.reset(); }
   ScannerList::const_iterator Locate(std::uint32_t address) const;

@@ -36,11 +36,26 @@ Status CAgent::RunLong(Work work) {
 }
 
 Status CAgent::SetServerTimeout(std::uint32_t seconds, std::uint32_t* old) {
+  const Status status = ReadServerTimeout(old);
+  return status == kNoError ? WriteServerTimeout(seconds) : status;
+}
+
+Status CAgent::KeepServerTimeout() {
+  std::uint32_t present = 0;
+  const Status status = ReadServerTimeout(&present);
+  return status == kNoError ? WriteServerTimeout(present) : status;
+}
+
+Status CAgent::ReadServerTimeout(std::uint32_t* seconds) {
   IOCtlRecord request;
   request.code = IOCtlCode::kGetTimeout;
   const Status status = IMSPIOCtl(&request);
-  if (status != kNoError) return status;
-  *old = request.value / kMillisecondsPerSecond;
+  if (status == kNoError) *seconds = request.value / kMillisecondsPerSecond;
+  return status;
+}
+
+Status CAgent::WriteServerTimeout(std::uint32_t seconds) {
+  IOCtlRecord request;
   request.code = IOCtlCode::kSetTimeout;
   request.value = seconds * kMillisecondsPerSecond;
   return IMSPIOCtl(&request);

@@ -31,15 +31,20 @@ class LongTimeout {
 };
 
 // Does `work` under the long time-out as CAgent::SetServerTimeout sets it, and puts the old one
-// back whatever any of it gives; one that cannot be read is put back as the long one. The status of
-// the work.
+// back, whatever any of it returns. Where the old one could not be read, the long one was not set:
+// the restoring call then keeps the time-out that it reads. The status of the work.
 template <class Work>
 Status RunLongAndRestore(CAgent* agent, Work work) {
-  std::uint32_t old = kLongTimeout;
+  constexpr std::uint32_t kNotRead = UINT32_MAX;  // no time-out has as many seconds
+  std::uint32_t old = kNotRead;
   agent->SetServerTimeout(kLongTimeout, &old);
   const Status status = work();
   std::uint32_t raised = 0;
-  agent->SetServerTimeout(old, &raised);
+  if (old != kNotRead) {
+    agent->SetServerTimeout(old, &raised);
+  } else {
+    agent->KeepServerTimeout();
+  }
   return status;
 }
 

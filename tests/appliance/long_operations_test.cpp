@@ -35,10 +35,10 @@ const Failures kStops = {{1, kFault, kOld},  {2, kFault, kOld},  {3, kFault, kLo
                          {4, kFault, kLong}, {5, kFault, kLong}, {5, kNoError, kRestored}};
 
 // The work is done and the time-out put back whatever happens; the work's status is the result.
-// Where the old time-out could not be read, the long one is put back.
-const Failures kRestores = {{4, kNoError, kLong},   {5, kNoError, kRestored},
-                            {5, kFault, kRestored}, {4, kNoError, kLong},
-                            {5, kNoError, kLong},   {5, kNoError, kRestored}};
+// Where the old time-out could not be read, no long one stays.
+const Failures kRestores = {{4, kNoError, kRestored}, {5, kNoError, kRestored},
+                            {5, kFault, kRestored},   {4, kNoError, kLong},
+                            {5, kNoError, kLong},     {5, kNoError, kRestored}};
 
 using S = CScanner;
 
