@@ -1,31 +1,26 @@
-// Host names and addresses. An address is 32 bits of IPv4 in network byte order, as inet_addr gives
-// it.
+// Host names and addresses. An address is an IPv4 address in network byte order, as inet_addr
+// returns it.
 
 #ifndef QUILLKIT_PLATFORM_NAME_SERVICE_H_
 #define QUILLKIT_PLATFORM_NAME_SERVICE_H_
 
-#include <cstddef>
 #include <cstdint>
 
 namespace quillkit {
 
-// What TextToAddress gives for a text that is no dotted address, and for 255.255.255.255.
+// The result of TextToAddress for a text that is not a dotted address, and for 255.255.255.255.
 inline constexpr std::uint32_t kNoAddress = 0xFFFFFFFF;
 
-// Starts the socket layer. False when it cannot be had.
+// Starts the socket layer. Returns false on failure.
 bool StartSockets();
 
-// Releases what StartSockets took.
+// Undoes one successful StartSockets.
 void StopSockets();
 
-// Reads a dotted address; no name service is asked.
+// Converts a dotted address, without a name look-up. Null yields kNoAddress.
 std::uint32_t TextToAddress(const char* text);
 
-// Writes the address in dotted form into `buffer`, cut at `size` bytes, its NUL included where it
-// fits.
-void AddressToText(const std::uint32_t* address, char* buffer, std::size_t size);
-
-// Asks the name service. True, and the first address, when the host is found.
+// Looks a host name up. If it is found, stores its first address and returns true.
 bool FindHostByName(const char* name, std::uint32_t* address);
 
 }  // namespace quillkit

@@ -11,14 +11,12 @@
 namespace quillkit {
 namespace {
 
-constexpr std::size_t kHostTextSize = 128;  // bytes
-
 bool IsSlash(char c) {
   return c == '/' || c == '\\';
 }
 
-// Gives the handle a top-level book where the account has one. A load that fails leaves the book
-// empty and does not stop the login.
+// Gives the handle a top-level book if the account has one. A load that fails leaves the book
+// empty, and the login continues.
 bool AttachTopBook(CScanner* scanner, const CUserRecord& user, std::int32_t load) {
   std::unique_ptr<CTopLevelAB> book;
   if (user.IsAdministrator() || user.IsToolkit()) {
@@ -64,9 +62,7 @@ int ResolveHostName(const std::string& host, CScanner* scanner, std::uint32_t* a
       TheAgent.SetError(kInvalidHost);
       return 0;
     }
-    char dotted[kHostTextSize] = {};
-    AddressToText(&found, dotted, kHostTextSize);
-    *address = TextToAddress(dotted);
+    *address = found;
   }
   return scanner->Init(host, address, {}, {}, &TheAgent);
 }

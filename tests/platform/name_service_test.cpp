@@ -6,7 +6,6 @@
 
 #include <array>
 #include <bit>
-#include <string>
 
 namespace quillkit {
 namespace {
@@ -24,22 +23,6 @@ TEST(NameServiceTest, ReadsDottedAddresses) {
     EXPECT_EQ(TextToAddress(text), kNoAddress) << text;
   }
   EXPECT_EQ(TextToAddress(nullptr), kNoAddress);
-}
-
-TEST(NameServiceTest, WritesDottedAddressesCutAtTheBuffer) {
-  const std::uint32_t longest = Address(255, 250, 249, 100);
-  const std::string whole("255.250.249.100\0", 16);
-  for (std::size_t size = 0; size <= whole.size() + 2; ++size) {
-    std::string buffer(whole.size() + 2, '#');
-    AddressToText(&longest, buffer.data(), size);
-    std::string expected = whole.substr(0, size);
-    expected.resize(buffer.size(), '#');
-    EXPECT_EQ(buffer, expected) << size;
-  }
-  const std::uint32_t shortest = Address(1, 2, 3, 4);
-  std::array<char, 16> buffer{};
-  AddressToText(&shortest, buffer.data(), buffer.size());
-  EXPECT_STREQ(buffer.data(), "1.2.3.4");
 }
 
 }  // namespace
