@@ -123,6 +123,7 @@ int CallInForkedChild() {
 
 void RunThreads(std::chrono::milliseconds time) {
   std::vector<std::thread> workers;
+  workers.reserve(kWorkers);
   for (int i = 0; i < kWorkers; ++i) {
     workers.emplace_back([name = "Thread " + std::to_string(i)] {
       for (; !isOver; ++rounds) ChangeKey(name);
@@ -154,7 +155,7 @@ void DeferKeepAlive() {
     isInside = false;
   });
   while (!isInside) std::this_thread::yield();
-  std::this_thread::sleep_for(std::chrono::milliseconds(300));
+  std::this_thread::sleep_for(std::chrono::milliseconds(200));
   int due = 0;
   while (isInside && due < 2) {
     const int run = DispatchTimers();

@@ -1,9 +1,10 @@
 #include "tests/platform/process.h"
 
-#include <signal.h>
 #include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include <csignal>
 
 #include "platform/posix/event_loop.h"
 
@@ -26,7 +27,7 @@ int StatusInForkedChild(int (*work)()) {
 
 bool InterruptSoon(void (*handler)(int)) {
   const itimerval soon = {{0, 0}, {0, 200'000}};
-  return signal(SIGALRM, handler) != SIG_ERR && setitimer(ITIMER_REAL, &soon, nullptr) == 0;
+  return std::signal(SIGALRM, handler) != SIG_ERR && setitimer(ITIMER_REAL, &soon, nullptr) == 0;
 }
 
 }  // namespace quillkit

@@ -4,9 +4,10 @@
 
 namespace quillkit {
 
+// A timer that is due again as soon as it has run does not hold the caller.
 int DispatchTimers() {
   int timers = 0;
-  for (MSG message; PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE) != 0;) {
+  for (MSG message; timers < 4 && PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE) != 0;) {
     if (message.message == WM_TIMER) ++timers;
     DispatchMessageA(&message);
   }
