@@ -7,6 +7,7 @@ namespace quillkit {
 namespace {
 
 constexpr std::string_view kNull = "-";
+constexpr std::string_view kPassword = "***";
 
 // A text as it stands, and one that is empty as a mark of its own.
 void AppendText(std::string& line, std::string_view text) {
@@ -66,7 +67,7 @@ void AppendArgument(std::string& line, const LoginRecord* login) {
   line += ' ';
   AppendText(line, login->user.View());
   line += ' ';
-  AppendText(line, login->password.View());
+  AppendText(line, login->password.IsEmpty() ? std::string_view() : kPassword);
 }
 
 void AppendArgument(std::string& line, const IOCtlRecord* record) {

@@ -138,13 +138,13 @@ std::int32_t SimulatorCallCount();
 //   a book       kind:name, as 512:Scan
 //   a range      [first|filter|skip], as [|*|0]
 //   a count      its input value
-//   a record     its name
+//   a record     its name; never the password of an account
 //   a key, text  unchanged, or "" if empty
 //   null         -
-//   IMSPLogin    address user password
+//   IMSPLogin    address user, and *** for the password or "" if it is empty
 //   IMSPIOCtl    code value, and the text of code 7
 // Examples: "IMSPReadAB 512:Scan [|*|0] 512 1", "IMSPSizeofAB 1:EMAILAB -", "IMSPIOCtl 1 3600000",
-// "IMSPModifyEntry 256:TOPAB Scan Copy", "IMSPLogin 127.0.0.1 TOOLKIT KELP", "IMSPLogout".
+// "IMSPModifyEntry 256:TOPAB Scan Copy", "IMSPLogin 127.0.0.1 TOOLKIT ***", "IMSPLogout".
 const char* SimulatorCallText(std::int32_t index);
 
 // Returns the status of a recorded call.

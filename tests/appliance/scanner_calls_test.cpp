@@ -121,7 +121,7 @@ const Method kBoundMethods[] = {
     {"IMSPIOCtl 2 0", [](S& s, A&) { return s.BackupDatabase("a", "b"); }},
     {"IMSPIOCtl 2 0", [](S& s, A&) { return s.RestoreDatabase("a", "b"); }},
     {"IMSPIOCtl 2 0", [](S& s, A&) { return s.RunBatch("path"); }},
-    {"IMSPLogin 127.0.0.1 TOOLKIT KELP", [](S& s, A& a) { return s.ProbeIdentity(a.text); }},
+    {"IMSPLogin 127.0.0.1 TOOLKIT ***", [](S& s, A& a) { return s.ProbeIdentity(a.text); }},
 };
 
 class ScannerCall : public ApplianceTest {

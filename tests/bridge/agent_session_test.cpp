@@ -22,8 +22,8 @@ constexpr Status kEarlier = 11;
 constexpr Status kFault = 6;
 constexpr std::uint32_t kAddress = 0x0100007F;
 
-const std::string kLoginCall = "IMSPLogin 127.0.0.1 ADMINISTRATOR quill";
-const std::string kProbeCall = "IMSPLogin 127.0.0.1 TOOLKIT KELP";
+const std::string kLoginCall = "IMSPLogin 127.0.0.1 ADMINISTRATOR ***";
+const std::string kProbeCall = "IMSPLogin 127.0.0.1 TOOLKIT ***";
 const std::string kGuestCall = "IMSPLogin 127.0.0.1 GUEST \"\"";
 const std::string kPeriodCall = "IMSPIOCtl 6 0";
 const std::string kReadCall = "IMSPReadEntryProperties 4:USERSAB ADMINISTRATOR";

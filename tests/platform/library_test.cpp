@@ -93,7 +93,7 @@ TEST_F(LibraryTest, IsLoadedUsedAndLeftTwice) {
     const std::vector<std::string> before = Calls();
     Unload();
     EXPECT_EQ(Calls(), before);
-    EXPECT_THAT(before, ElementsAre("IMSPInit", "IMSPLogin 127.0.0.1 TOOLKIT KELP", "IMSPIOCtl 6 0",
+    EXPECT_THAT(before, ElementsAre("IMSPInit", "IMSPLogin 127.0.0.1 TOOLKIT ***", "IMSPIOCtl 6 0",
                                     "IMSPReadEntryProperties 4:USERSAB TOOLKIT", "IMSPLogout",
                                     "IMSPTerminate"));
   }
