@@ -23,6 +23,10 @@ check_quillctl() {
     (cd "$1" && env -u QUILLCTL_PASSWORD sh quillctl_session.sh </dev/null) |
       compare_transcript "$1" "$pass" || return 1
   done
+  if [ "$(stat -c %a "$1/session_state")" != 600 ]; then
+    echo "others may read the simulator's state file, which has passwords"
+    return 1
+  fi
   scripts/check_interactive "$1/quillctl" && check_completion "$1" &&
     scripts/check_failures "$1/quillctl"
 }

@@ -39,7 +39,7 @@ void StateFile::Open(const std::string& path, Contents& contents) {
 void StateFile::Save(const Contents& contents) const {
   std::ostringstream text;
   WriteState(text, contents);
-  if (WriteFileWhole(path_, text.view())) return;
+  if (WriteFileWhole(path_, text.view(), Readers::kOwner)) return;
   Complain(kStateVariable, "the file cannot be written, and is as it was before");
 }
 

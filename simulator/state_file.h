@@ -11,9 +11,10 @@ namespace quillkit {
 
 class StateFile {
  public:
-  // Fills the contents from the file at `path`, or makes the file from them when there is none. A
-  // file that cannot be read, or not understood to its end, is told on standard error: the contents
-  // then stay as they are, nothing is kept, and the file is never written. Called once.
+  // Fills the contents from the file at `path`, or makes the file from them when there is none, for
+  // its owner alone: it holds passwords. A file that cannot be read, or not understood to its end,
+  // is told on standard error: the contents then stay as they are, nothing is kept, and the file is
+  // never written. Called once.
   void Open(const std::string& path, Contents& contents);
 
   // Whether there is a file that Save writes.

@@ -25,10 +25,14 @@ inline bool IsDraftName(std::string_view name) {
   return !name.empty() && name.front() != '0' && name.find_first_not_of("0123456789") == name.npos;
 }
 
-// Replaces the file at `path`, or creates it, by one of these bytes, which are on the disk before
-// it gets its name. It has the rights of the one that it replaces. Returns false on failure: all is
-// then as it was. REQUIRES: `path` is no link.
-bool ReplaceFileAt(const std::string& path, std::string_view bytes);
+// The users who may read a file that did not exist before, on a system that stores permissions with
+// the file: those that the process's file mode mask allows, or only the owner.
+enum class Readers { kUsual, kOwner };
+
+// Replaces the file at `path` with these bytes, or creates it. The bytes are on the disk before the
+// file gets its name. The new file has the permissions of the old one. Returns false and changes
+// nothing on failure. REQUIRES: `path` is not a link.
+bool ReplaceFileAt(const std::string& path, std::string_view bytes, Readers readers);
 
 }  // namespace quillkit
 

@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <system_error>
 
-#include "platform/draft.h"
 #include "platform/open_file.h"
 
 namespace quillkit {
@@ -13,12 +12,12 @@ bool WriteFileInPlace(const std::string& path, std::string_view bytes) {
   return file.Write(bytes) && file.Close();
 }
 
-bool WriteFileWhole(const std::string& path, std::string_view bytes) {
+bool WriteFileWhole(const std::string& path, std::string_view bytes, Readers readers) {
   namespace fs = std::filesystem;
   std::error_code failure;
   const fs::path place = fs::weakly_canonical(path, failure);
   if (failure || fs::is_symlink(fs::symlink_status(place, failure))) return false;
-  return ReplaceFileAt(place.string(), bytes);
+  return ReplaceFileAt(place.string(), bytes, readers);
 }
 
 }  // namespace quillkit

@@ -1,4 +1,4 @@
-// Files that are written from one piece of bytes.
+// Writing a whole file at once.
 
 #ifndef QUILLKIT_PLATFORM_WRITTEN_FILE_H_
 #define QUILLKIT_PLATFORM_WRITTEN_FILE_H_
@@ -6,15 +6,17 @@
 #include <string>
 #include <string_view>
 
+#include "platform/draft.h"
+
 namespace quillkit {
 
-// Writes the file in place. False where not all of it could be written.
+// Overwrites the file in place. Returns false if not all of it could be written.
 bool WriteFileInPlace(const std::string& path, std::string_view bytes);
 
-// Writes a file beside its place and moves it there, with the rights of the one that it replaces. A
-// link stays, and what it leads to changes. False, with all as it was, where that cannot be done:
-// for a link that leads nowhere, too.
-bool WriteFileWhole(const std::string& path, std::string_view bytes);
+// Replaces a file as ReplaceFileAt does. If `path` is a link, replaces its target. Returns false
+// and changes nothing on failure, or if the link has no target.
+bool WriteFileWhole(const std::string& path, std::string_view bytes,
+                    Readers readers = Readers::kUsual);
 
 }  // namespace quillkit
 

@@ -102,7 +102,7 @@ int ReplaceFile(int folder, const char* name, const void* bytes, std::size_t siz
   return Draft(folder, kPrivateFile).Become(name, {static_cast<const char*>(bytes), size});
 }
 
-bool ReplaceFileAt(const std::string& path, std::string_view bytes) {
+bool ReplaceFileAt(const std::string& path, std::string_view bytes, Readers readers) {
   const std::size_t split = path.rfind('/') + 1;  // 0 without a folder
   const char* const name = path.c_str() + split;
   const Descriptor folder(
@@ -112,8 +112,9 @@ bool ReplaceFileAt(const std::string& path, std::string_view bytes) {
   const bool isThere = fstatat(folder.Number(), name, &before, AT_SYMLINK_NOFOLLOW) == 0;
   const mode_t rights = before.st_mode & kAllRights;
 
-  Draft draft(folder.Number(), isThere ? kPrivateFile : kNewFile);
-  // Nobody reads in the new file what was not to be read in the old one.
+  const bool isPrivate = isThere || readers == Readers::kOwner;
+  Draft draft(folder.Number(), isPrivate ? kPrivateFile : kNewFile);
+  // The draft never has wider permissions than the old file.
   if (isThere && fchmod(draft.Descriptor(), rights | kPrivateFile) != 0) return false;
   if (draft.Become(name, bytes) != 0) return false;
   if (isThere) fchmod(draft.Descriptor(), rights);
