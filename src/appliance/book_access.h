@@ -22,6 +22,7 @@
 #include <string_view>
 #include <type_traits>
 
+#include "base/secret.h"
 #include "bridge/agent.h"
 #include "bridge/records.h"
 
@@ -82,7 +83,7 @@ class BookAccess {
   // IMSPCreateEntry.
   Status Create(Entry* entry) {
     if (agent_ == nullptr) return kRefused;
-    Entry sent = *entry;
+    Wiped<Entry> sent(*entry);
     return Call(&CAgent::IMSPCreateEntry, &sent);
   }
 
@@ -155,7 +156,7 @@ class BookAccess {
 
   Status ModifyByKey(EntryKey key, Entry* entry) {
     if (agent_ == nullptr) return kRefused;
-    Entry sent = *entry;
+    Wiped<Entry> sent(*entry);
     return Call(&CAgent::IMSPModifyEntry, &key, &sent);
   }
 

@@ -129,7 +129,7 @@ Status CScanner::SetServerTimeout(std::uint32_t seconds, std::uint32_t* old) con
 }
 
 Status CScanner::ReadAdminTag(std::uint32_t* tag) const {
-  CUserEntry administrator;
+  Wiped<CUserEntry> administrator;
   administrator.SetName(kAdministratorName);
   const Status status = UserEntries().ReadOne(&administrator);
   if (status == kNoError) *tag = administrator.tag;
@@ -139,7 +139,7 @@ Status CScanner::ReadAdminTag(std::uint32_t* tag) const {
 Status CScanner::WriteAdminTag(const std::uint32_t* tag) const {
   const CUserRecord* user = agent != nullptr ? agent->CurrentUser() : nullptr;
   if (user == nullptr || !user->IsAdministrator()) return kRefused;
-  CUserEntry administrator;
+  Wiped<CUserEntry> administrator;
   administrator.SetName(kAdministratorName);
   administrator.nibbles = 1;
   const Status status = UserEntries().ReadOne(&administrator);

@@ -1,6 +1,10 @@
 #include "base/archive.h"
 
+#include <algorithm>
 #include <bit>
+#include <utility>
+
+#include "base/secret.h"
 
 namespace quillkit {
 namespace {
@@ -45,6 +49,19 @@ bool Archive::CanHold(std::uint32_t count, std::size_t bytesEach) {
   return false;
 }
 
+// The sink grows here alone: what it leaves behind, which may be accounts, is wiped.
+void Archive::Store(std::string_view bytes) {
+  const std::size_t size = sink_->size() + bytes.size();
+  if (size > sink_->capacity()) {
+    std::string grown;
+    grown.reserve(std::max(size, 2 * sink_->capacity()));
+    grown.append(*sink_);
+    WipeBytes(sink_->data(), sink_->size());
+    *sink_ = std::move(grown);
+  }
+  sink_->append(bytes);
+}
+
 void Archive::StoreText(std::string_view text) {
   const auto length = static_cast<std::uint32_t>(text.size());
   if (length < kLongMark) {
@@ -58,7 +75,7 @@ void Archive::StoreText(std::string_view text) {
       StoreNumber(length, 4);
     }
   }
-  sink_->append(text.data(), length);
+  Store(text.substr(0, length));
 }
 
 std::string_view Archive::LoadText() {
@@ -93,7 +110,9 @@ std::unique_ptr<RootObject> Archive::LoadObjectOf(const ClassRecord& expected) {
 }
 
 void Archive::StoreNumber(std::uint32_t value, std::size_t bytes) {
-  for (; bytes > 0; --bytes, value >>= 8) sink_->push_back(static_cast<char>(value & 0xFF));
+  char number[sizeof value];
+  for (std::size_t i = 0; i < bytes; ++i, value >>= 8) number[i] = static_cast<char>(value & 0xFF);
+  Store({number, bytes});
 }
 
 std::uint32_t Archive::LoadNumber(std::size_t bytes) {

@@ -98,6 +98,7 @@ class Archive {
 
  private:
   std::unique_ptr<RootObject> LoadObjectOf(const ClassRecord& expected);
+  void Store(std::string_view bytes);
   void StoreText(std::string_view text);
   std::string_view LoadText();
   void StoreNumber(std::uint32_t value, std::size_t bytes);

@@ -8,6 +8,7 @@
 //      C allocator so that it grows and shrinks in place. Records that come into being are blank,
 //      so that what a server claims to have delivered and did not is blank, too: zeroed, or of a
 //      type with a Blank() what that leaves.
+//   4. A record with a password is wiped as soon as it is not live, and where it was moved from.
 //
 // Any call that is not const moves or overwrites records: addresses from data() and At() are good
 // only until then.
@@ -15,6 +16,7 @@
 #ifndef QUILLKIT_BASE_ENTRY_BLOCK_H_
 #define QUILLKIT_BASE_ENTRY_BLOCK_H_
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -23,6 +25,7 @@
 #include <utility>
 
 #include "base/language.h"
+#include "base/secret.h"
 
 namespace quillkit {
 
@@ -32,7 +35,7 @@ class EntryBlock {
 
  public:
   EntryBlock() = default;
-  ~EntryBlock() { std::free(block_); }
+  ~EntryBlock() { Free(); }
 
   EntryBlock(EntryBlock&& other) noexcept { Swap(other); }
   EntryBlock& operator=(EntryBlock&& other) noexcept {
@@ -50,6 +53,7 @@ class EntryBlock {
 
   // Releases the block; everything is 0 afterwards.
   void Free() {
+    Wipe(data(), count_);
     std::free(block_);
     block_ = nullptr;
     count_ = 0;
@@ -85,25 +89,31 @@ class EntryBlock {
     if (count == count_) return true;
     if (count != 0 && direction == 1) {
       if (skip_ != 0) std::memmove(Raw(block_), data(), Bytes(count));
+      Wipe(block_ + count, skip_ + count_ - count);
       skip_ = 0;
+      count_ = count;
       // A block that will not move to a smaller one stays as it is: the records are all there.
       Reallocate(count);
-    } else if (count != 0) {
-      skip_ += count_ - count;
+      return true;
     }
+    Wipe(data(), count_ - count);
+    if (count != 0) skip_ += count_ - count;
     count_ = count;
     return true;
   }
 
   // Empties the run; the block stays.
-  void Clear() { count_ = 0; }
+  void Clear() {
+    Wipe(data(), count_);
+    count_ = 0;
+  }
 
   // Copies `record` behind the last one and returns the new count, or -1 when memory is refused.
   // `record` may lie inside the block.
   std::int32_t Append(const Record& record) {
-    const Record copy = record;
+    const Wiped<Record> copy(record);
     if (!Resize(count_ + 1)) return -1;
-    std::memcpy(Raw(data() + count_ - 1), &copy, sizeof copy);
+    std::memcpy(Raw(data() + count_ - 1), &copy, sizeof(Record));
     return count_;
   }
 
@@ -114,6 +124,7 @@ class EntryBlock {
     Record* slot = data() + index;
     std::memmove(Raw(slot), slot + 1, Bytes(count_ - index - 1));
     --count_;
+    Wipe(data() + count_, 1);
     return true;
   }
 
@@ -150,6 +161,12 @@ class EntryBlock {
     }
   }
 
+  static void Wipe(Record* records, std::int32_t count) {
+    if constexpr (HoldsPassword<Record>) {
+      std::for_each(records, records + count, [](Record& each) { each.WipePassword(); });
+    }
+  }
+
   // The block functions take records that have constructors as the bytes they are.
   static void* Raw(Record* records) { return records; }
 
@@ -158,10 +175,22 @@ class EntryBlock {
   }
 
   bool Reallocate(std::int32_t records) {
-    void* moved = std::realloc(Raw(block_), Bytes(records));
+    void* moved =
+        HoldsPassword<Record> ? MoveTo(records) : std::realloc(Raw(block_), Bytes(records));
     if (moved == nullptr) return false;
     block_ = static_cast<Record*>(moved);
     return true;
+  }
+
+  // What realloc does, which would leave the records in a block that it frees.
+  void* MoveTo(std::int32_t records) {
+    void* const moved = std::malloc(Bytes(records));
+    const std::int32_t kept = std::min(records, skip_ + count_);
+    if (moved == nullptr || block_ == nullptr) return moved;
+    std::memcpy(moved, Raw(block_), Bytes(kept));
+    Wipe(data(), count_);
+    std::free(block_);
+    return moved;
   }
 
   Record* block_ = nullptr;

@@ -17,6 +17,8 @@
 #include <string_view>
 #include <type_traits>
 
+#include "base/secret.h"
+
 namespace quillkit {
 
 template <std::size_t N>
@@ -52,6 +54,9 @@ class FixedText {
     if (length != 0) std::memmove(bytes_, text.data(), length);
     if (length < N) bytes_[length] = '\0';
   }
+
+  // Overwrites the whole field with zeroes: for a text that was a secret.
+  void Wipe() { WipeBytes(bytes_, N); }
 
   // Ends the text inside the field. Call it on what a server filled in, before c_str().
   void Terminate() { bytes_[kMaxLength] = '\0'; }

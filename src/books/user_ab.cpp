@@ -170,7 +170,7 @@ BookAccess<CUserEntry> CUserAB::Entries() const {
 
 void CUserAB::Serialize(Archive& archive) {
   for (std::int32_t i = 0; i < users.Count(); ++i) {
-    CUserEntry record = users.GetAt(i);
+    Wiped<CUserEntry> record(users.GetAt(i));
     record.Serialize(archive);
   }
 }

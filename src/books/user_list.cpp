@@ -53,7 +53,7 @@ std::int32_t CUserList::Append(const CUserEntry& record) {
     TheAgent.SetError(kBookFull);
     return 0;
   }
-  CUserEntry copy;
+  Wiped<CUserEntry> copy;
   copy.Set(record.name.View(), record.password.View(), record.third.View(), record.fourth.View(),
            &record.flags, &record.nibbles);
   copy.tag = record.tag;

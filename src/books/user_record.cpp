@@ -12,7 +12,9 @@
 namespace quillkit {
 
 CUserRecord::CUserRecord() = default;
-CUserRecord::~CUserRecord() = default;
+CUserRecord::~CUserRecord() {
+  WipePassword();
+}
 
 int CUserRecord::SetFrom(CUserAB* newOwner, std::string_view newName, std::string_view newPassword,
                          std::string_view newThird, std::string_view newFourth,

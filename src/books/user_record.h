@@ -25,7 +25,7 @@ class CUserRecord : public CUserEntry {
   CUserRecord();
   CUserRecord(const CUserRecord&) = delete;
   CUserRecord& operator=(const CUserRecord&) = delete;
-  ~CUserRecord();  // deletes the private book
+  ~CUserRecord();  // deletes the private book and wipes the password
 
   // Stores `newOwner`, which must outlive the record or be null for the session's own record, and
   // then does CUserEntry::Set, whose result it gives.

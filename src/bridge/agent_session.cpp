@@ -15,13 +15,14 @@ namespace {
 
 constexpr std::string_view kProbePassword = "KELP";
 
-LoginRecord MakeLogin(std::uint32_t address, std::string_view user, std::string_view password) {
-  LoginRecord login;
-  login.address = address;
-  login.user.Assign(user);
-  login.password.Assign(password);
-  return login;
-}
+// What one login sends.
+struct Credentials : Wiped<LoginRecord> {
+  Credentials(std::uint32_t newAddress, std::string_view newUser, std::string_view newPassword) {
+    address = newAddress;
+    user.Assign(newUser);
+    password.Assign(newPassword);
+  }
+};
 
 // The server's 256 bytes of identity, and one more that ends them whatever the server wrote.
 class IdentityBuffer {
@@ -62,7 +63,7 @@ void CAgent::Shutdown() {
 Status CAgent::Login(CUserRecord* user, CScanner* target, std::string& third,
                      std::int32_t loadPrivateBook) {
   connected = 0;
-  LoginRecord login = MakeLogin(target->Address(), user->name.View(), user->password.View());
+  Credentials login(target->Address(), user->name.View(), user->password.View());
   IdentityBuffer reply;
   const Status status = IMSPLogin(&login, reply.data(), IdentityBuffer::kCapacity);
   const Identity identity = ParseIdentity(reply.View());
@@ -78,7 +79,7 @@ Status CAgent::Login(CUserRecord* user, CScanner* target, std::string& third,
 Status CAgent::Relogin(CUserRecord* user, CScanner* target, std::string& third,
                        std::int32_t loadPrivateBook) {
   connected = 0;
-  LoginRecord login = MakeLogin(target->Address(), user->name.View(), user->password.View());
+  Credentials login(target->Address(), user->name.View(), user->password.View());
   IdentityBuffer reply;
   const Status status = IMSPLogin(&login, reply.data(), IdentityBuffer::kCapacity);
   if (status != kNoError) return status;
@@ -113,7 +114,7 @@ Status CAgent::Logout(std::int32_t deleteScanners) {
 }
 
 Status CAgent::ProbeIdentity(CScanner* target, std::string& third) {
-  LoginRecord login = MakeLogin(target->Address(), kToolkitName, kProbePassword);
+  Credentials login(target->Address(), kToolkitName, kProbePassword);
   IdentityBuffer reply;
   const Status status = IMSPLogin(&login, reply.data(), IdentityBuffer::kCapacity);
   const Identity identity = ParseIdentity(reply.View());
@@ -126,7 +127,7 @@ Status CAgent::ProbeIdentity(CScanner* target, std::string& third) {
 }
 
 Status CAgent::EnrolUser(std::uint32_t address, CUserEntry* entry) {
-  LoginRecord login = MakeLogin(address, kGuestName, {});
+  Credentials login(address, kGuestName, {});
   IdentityBuffer reply;
   const Status status = IMSPLogin(&login, reply.data(), IdentityBuffer::kCapacity);
   if (status != kNoError) return status;
@@ -148,7 +149,7 @@ Status CAgent::ModifyUser(CUserRecord* user) {
   ABIdent book(BookKind::kUsers, kUsersBook);
   EntryKey key = EntryKey::Of(user->name.View());
   // A copy: a server that writes into it changes nothing here.
-  CUserEntry sent = static_cast<const CUserEntry&>(*user);
+  Wiped<CUserEntry> sent(*user);
   return IMSPModifyEntry(&book, &key, &sent);
 }
 

@@ -35,6 +35,8 @@ struct LoginRecord {
   std::uint32_t address = 0;  // in the byte order of inet_addr
   FixedText<32> user;
   FixedText<16> password;
+
+  void WipePassword() { password.Wipe(); }
 };
 
 // The operations of IMSPIOCtl in use.

@@ -78,6 +78,9 @@ struct CUserEntry {
   std::uint32_t LowNibble() const { return nibbles & 0xF; }
   std::uint32_t HighNibble() const { return (nibbles >> 4) & 0xF; }
 
+  // Overwrites the whole field.
+  void WipePassword() { password.Wipe(); }
+
   // Whether all four texts end inside their fields.
   bool IsValid() const;
 

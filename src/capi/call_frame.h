@@ -16,6 +16,7 @@
 #include <string>
 #include <type_traits>
 
+#include "base/secret.h"
 #include "capi/call_turn.h"
 #include "capi/handle_table.h"
 #include "toolkit/quillkit.h"
@@ -73,12 +74,13 @@ using Key = ObjectArgument<CSoftKey>;
 using KeyOnServer = ObjectArgument<CSoftKey, Need::kItsBook>;
 using Item = ObjectArgument<CMenuItem>;
 
+// It reaches the work as a copy that is wiped: it may be a password.
 class Text {
  public:
   explicit Text(const char* text) : text_(text) {}
 
   std::int32_t Check() const { return text_ != nullptr ? 0 : QUILL_E_ARGUMENT; }
-  std::string Value() const { return text_; }
+  SecretText Value() const { return SecretText(text_); }
 
  private:
   const char* text_;

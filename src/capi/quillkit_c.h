@@ -147,7 +147,8 @@ QUILL_API const char* quill_error_text(int32_t error);
 // book, which is loaded with all items when `load_top_book` is set. A failed load does not stop the
 // login; the last error is then the load's. 1, or 0 with the reason in
 // quill_get_last_toolkit_error: unless that stands for an earlier failure, because a user over 31,
-// a password over 15 or a third text over 255 characters was refused, or host 0.0.0.0.
+// a password over 15 or a third text over 255 characters was refused, or host 0.0.0.0. The library
+// wipes every copy that it makes of the password, at the latest when the session ends.
 QUILL_API int32_t quill_log_to_quillbox(const char* host, const char* user, const char* password,
                                         const char* third, int32_t load_top_book,
                                         quill_handle* scanner);

@@ -2,6 +2,8 @@
 
 #include <cstring>
 
+#include "base/secret.h"
+
 namespace quillkit {
 namespace {
 
@@ -11,11 +13,16 @@ constexpr std::size_t kBlockSize = std::size_t{128} * 1024;
 // same place.
 constexpr std::size_t kHeadRoom = 4096;
 
+// The NUL behind the last line takes one more, and lies in what the search for newlines overruns.
+constexpr std::size_t kStorageSize = kHeadRoom + kBlockSize + NewlineFinder::kOverrun;
+
 }  // namespace
 
-// The NUL behind the last line takes one more, and lies in what the search for newlines overruns.
-LineReader::LineReader()
-    : storage_(std::make_unique<char[]>(kHeadRoom + kBlockSize + NewlineFinder::kOverrun)) {}
+LineReader::LineReader() : storage_(std::make_unique<char[]>(kStorageSize)) {}
+
+LineReader::~LineReader() {
+  WipeBytes(storage_.get(), kStorageSize);
+}
 
 bool LineReader::Open(const char* path) {
   file_ = OpenFile::ToRead(path);

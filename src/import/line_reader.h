@@ -5,6 +5,8 @@
 // carriage return right before a newline is folded away, on every system, before characters are
 // counted; any other stays. A NUL ends the text of its line: what follows it up to the line's end
 // is read and dropped. No other character is special.
+//
+// A file of accounts has their passwords: the memory is wiped at the end.
 
 #ifndef QUILLKIT_IMPORT_LINE_READER_H_
 #define QUILLKIT_IMPORT_LINE_READER_H_
@@ -36,6 +38,7 @@ class LineReader {
   LineReader();
   LineReader(const LineReader&) = delete;
   LineReader& operator=(const LineReader&) = delete;
+  ~LineReader();
 
   // Opens the file and reads its first block. False when either fails, as it does for a folder, or
   // when `path` is null. Called once.

@@ -1,8 +1,14 @@
 #include "import/script_writer.h"
 
+#include "base/secret.h"
+
 namespace quillkit {
 
 ScriptWriter::ScriptWriter() : buffer_(new char[kBufferSize]) {}
+
+ScriptWriter::~ScriptWriter() {
+  WipeBytes(buffer_.get(), kBufferSize);
+}
 
 bool ScriptWriter::Open(ScriptTarget target) {
   file_ = target.Open();

@@ -4,6 +4,8 @@
 // Lines end in '\n' here and in what the system's text files end them in on disk. The first write
 // that fails, as on a full disk, drops all later text; Close() reports it, so that a script that
 // was cut short is never taken for a whole one.
+//
+// A script of accounts has their passwords: the buffer is wiped at the end.
 
 #ifndef QUILLKIT_IMPORT_SCRIPT_WRITER_H_
 #define QUILLKIT_IMPORT_SCRIPT_WRITER_H_
@@ -25,6 +27,7 @@ class ScriptWriter {
   ScriptWriter();
   ScriptWriter(const ScriptWriter&) = delete;
   ScriptWriter& operator=(const ScriptWriter&) = delete;
+  ~ScriptWriter();
 
   // Opens the file. Returns false on failure. Called once.
   bool Open(ScriptTarget target);

@@ -122,6 +122,10 @@ extern "C" {
 // In every other case of null the last error is the status of the call that failed. IMSPLogout has
 // then been sent: a session that was open before has ended too.
 //
+// The library wipes every copy that it makes of the password. The connected user's record keeps one
+// until the session ends, by Logout, Exit or the next login. `password` is the application's to
+// wipe.
+//
 // Calls: IMSPLogin; IMSPIOCtl 6, unless the sign of life runs; IMSPReadEntryProperties on USERSAB;
 // then those of LoadTopLevelAbook.
 QUILLKIT_API CScanner* LogToQuillbox(const std::string& host, const std::string& user,

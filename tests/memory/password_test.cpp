@@ -1,0 +1,251 @@
+// No password stays in the process's memory once it has served. What is looked through is all
+// memory that can be written, the stacks and the freed part of the heap with it.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdio>
+#include <fstream>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "appliance/scanner.h"
+#include "base/archive.h"
+#include "base/secret.h"
+#include "books/user_ab.h"
+#include "books/user_record.h"
+#include "bridge/the_agent.h"
+#include "capi/quillkit_c.h"
+#include "simulator/simulator.h"
+#include "tests/support/appliance_fixture.h"
+#include "tests/support/scratch_folder.h"
+#include "tests/support/temporary_folder.h"
+#include "toolkit/quillkit.h"
+
+namespace quillkit {
+namespace {
+
+// The characters are in memory that cannot be written, which is not looked through. The pointers
+// hide from the compiler what they point at: it would make immediate values of it, and those end up
+// on the stack.
+const char* const volatile kMarker = "Gk7#tzW2!qLx9@e";
+const char* const volatile kLongMarker = "Too long for a password of an account: Gk7#tzW2!qLx9@e";
+constexpr std::size_t kHalf = 8;
+
+const std::string kUser = "Ann";
+const std::string kNone;
+
+int CopiesIn(std::string_view bytes) {
+  int copies = 0;
+  for (const char* marker = kMarker; const char* begin : {marker, marker + kHalf - 1}) {
+    const std::string_view half(begin, kHalf);
+    for (std::size_t at = 0; (at = bytes.find(half, at)) != bytes.npos; ++at) ++copies;
+  }
+  return copies;
+}
+
+// How many halves of the marker are in memory.
+int CopiesInMemory() {
+  static char block[1 << 20];                      // none is left in it
+  constexpr std::size_t kOverlap = kHalf - 1;      // one may lie across two blocks
+  constexpr std::uint64_t kLargest = 1ULL << 32U;  // more is a sanitizer's own
+  std::ifstream regions("/proc/self/maps");
+  std::ifstream memory;
+  memory.rdbuf()->pubsetbuf(nullptr, 0);
+  memory.open("/proc/self/mem", std::ios::binary);
+  EXPECT_TRUE(regions.is_open() && memory.is_open());
+  int copies = 0;
+  for (std::string line; std::getline(regions, line);) {
+    std::size_t digits = 0;
+    std::uint64_t at = std::stoull(line, &digits, 16);
+    const std::uint64_t end = std::stoull(line.substr(digits + 1), nullptr, 16);
+    if (line.find(" rw") == line.npos || end - at > kLargest) continue;
+    for (; at + kOverlap < end; at += sizeof block - kOverlap) {
+      memory.clear();
+      memory.seekg(static_cast<std::streamoff>(at));
+      memory.read(block, static_cast<std::streamsize>(std::min(end - at, sizeof block)));
+      copies += CopiesIn({block, static_cast<std::size_t>(memory.gcount())});
+      WipeBytes(block, sizeof block);
+    }
+  }
+  return copies;
+}
+
+// Does `work` so far down the stack that what it leaves there stays until it was looked for.
+template <class Work>
+[[gnu::noinline]] void FarDown(Work work) {
+  char room[1 << 17];
+  WipeBytes(room, sizeof room);
+  work();
+  WipeBytes(room, sizeof room);
+}
+
+class PasswordTest : public ApplianceTest {
+ protected:
+  // From now on the server says yes and does nothing: it keeps no password itself.
+  static void LetServerNod() { SimulatorFail(nullptr, 0, kNoError); }
+
+  static int IsMarked(const CUserEntry& account) { return account.password == kMarker ? 1 : 0; }
+
+  // Gives the server accounts of this password, in the place of what it keeps of them.
+  static void PutAccounts(const char* password) {
+    for (const char* name : {"ADMINISTRATOR", "Ann", "Bob", "TOOLKIT"}) {
+      Wiped<CUserEntry> account;
+      account.SetName(name);
+      account.SetPassword(password);
+      SimulatorPutEntry(BookKind::kUsers, "", nullptr, &account);
+    }
+  }
+};
+
+TEST_F(PasswordTest, IsInTheUsersRecordUntilTheSessionEnds) {
+  LetServerNod();
+  const SecretText held(kMarker);
+  const std::string& password = held;
+  const auto logIn = [&] { LogToQuillbox(kHost, kUser, password, kNone, 0); };
+  quill_handle box = 0;
+  const struct {
+    const char* name;
+    std::function<void()> logIn;
+    std::function<void()> end;
+  } cases[] = {
+      {"Logout", logIn, Logout},
+      {"Exit", logIn, [] { Exit(), TheAgent.LoadServerLibrary(); }},
+      {"another login", logIn, [] { LogToQuillbox(kHost, kUser, kNone, kNone, 0); }},
+      {"the functions for C",
+       [&] { quill_log_to_quillbox("127.0.0.1", "Ann", password.c_str(), "", 0, &box); },
+       [] { quill_logout(); }},
+  };
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.name);
+    FarDown(each.logIn);
+    EXPECT_EQ(CopiesInMemory(), 4) << "both of what is held here and of the user's record";
+    FarDown(each.end);
+    EXPECT_EQ(CopiesInMemory(), 2);
+  }
+}
+
+TEST_F(PasswordTest, IsGoneAfterALoginThatFails) {
+  const SecretText held(kMarker);
+  const SecretText heldLong(kLongMarker);
+  const std::string& password = held;
+  const std::string& tooLong = heldLong;
+  quill_handle box = 0;
+  const std::function<void()> kLogins[] = {
+      [&] { LogToQuillbox(kHost, kUser, password, kNone, 0); },
+      [&] { LogToQuillbox(kHost, kUser, tooLong, kNone, 0); },
+      [&] { quill_log_to_quillbox("127.0.0.1", "Ann", tooLong.c_str(), "", 0, &box); },
+  };
+  for (const auto& logIn : kLogins) {
+    SCOPED_TRACE(testing::Message() << "login " << &logIn - kLogins);
+    FarDown(logIn);
+    EXPECT_EQ(CopiesInMemory(), 4) << "both of each that is held here";
+  }
+}
+
+// The exported functions go on after these, and overwrite some of what is left on the stack.
+TEST_F(PasswordTest, IsLeftInNoFrameOfTheAgent) {
+  LetServerNod();
+  CUserRecord user;
+  user.SetName(kUser);
+  user.SetPassword(kMarker);
+  CScanner target;
+  std::string third;
+  const std::function<void()> kCalls[] = {
+      [&] { TheAgent.Login(&user, &target, third, 0); },
+      [&] { TheAgent.Relogin(&user, &target, third, 0); },
+      [&] { TheAgent.ModifyUser(&user); },
+      [&] { target.UserEntries().Create(&user); },
+      [&] { target.UserEntries().Modify(&user); },
+  };
+  target.SetAgent(&TheAgent);
+  for (const auto& call : kCalls) {
+    SCOPED_TRACE(testing::Message() << "call " << &call - kCalls);
+    FarDown(call);
+    EXPECT_EQ(CopiesInMemory(), 4) << "both of the user's record and the connected user's";
+  }
+}
+
+TEST_F(PasswordTest, IsInTheAccountsThatAreHeldAndNowhereElse) {
+  CScanner* const box = LogIn();
+  PutAccounts(kMarker);
+  for (const char* call : {"IMSPCreateEntry", "IMSPModifyEntry", "IMSPDeleteEntry"}) {
+    SimulatorFail(call, 0, kNoError);
+  }
+  auto book = std::make_unique<CUserAB>();
+  auto record = std::make_unique<CUserRecord>();
+  CUserList list;
+  std::uint32_t tag = 0;
+  const std::function<void()> kSteps[] = {
+      [&] { EXPECT_EQ(book->Attach(box, 0, 1), 1); },
+      [&] { EXPECT_EQ(book->FindFirst("Bob", 1, record.get()), 2); },
+      [&] { EXPECT_EQ(book->AddLocal(record.get()), 6); },
+      [&] { EXPECT_EQ(book->DeleteLocal(record.get()), 5); },
+      [&] { EXPECT_TRUE(book->RenameLocal("Ann", record.get())); },
+      [&] { EXPECT_TRUE(book->ModifyLocal(record.get())); },
+      [&] { EXPECT_TRUE(book->ReadUser(record.get(), 1)); },
+      [&] { EXPECT_EQ(book->SaveAll(), kNoError); },
+      [&] { EXPECT_EQ(record->RestorePrivateBook(), 0); },
+      [&] {
+        std::string stored;
+        Archive archive(&stored);
+        book->Serialize(archive);
+        WipeBytes(stored.data(), stored.size());
+      },
+      [&] { EXPECT_EQ(box->ReadAdminTag(&tag), kNoError); },
+      [&] { EXPECT_EQ(box->WriteAdminTag(&tag), kNoError); },
+      [&] { list.Init(6, book.get()); },
+      [&] { EXPECT_EQ(list.Load("ADMINISTRATOR", 1), kNoError); },
+      [&] { EXPECT_TRUE(list.Shrink(3, 0)); },
+      [&] { EXPECT_TRUE(list.Grow(20)); },
+      [&] { EXPECT_EQ(list.RemoveAt(0), 1); },
+      [&] { EXPECT_TRUE(list.Shrink(1, 1)); },
+      [&] { EXPECT_EQ(list.SetAt(0, *record), 1); },
+      [&] { SimulatorFail("IMSPReadAB", 1, kBookFull); },
+      [&] { EXPECT_EQ(list.Load({}, 1), kBookFull); },
+      [&] { book.reset(); },
+      [&] { record.reset(); },
+  };
+  for (const auto& step : kSteps) {
+    SCOPED_TRACE(testing::Message() << "step " << &step - kSteps);
+    FarDown(step);
+    int held = 4;  // on the server
+    for (int i = 0; book != nullptr && i < book->Count(); ++i) {
+      CUserRecord each;
+      held += IsMarked(*book->GetAt(i, &each));
+    }
+    for (int i = 0; i < list.Count(); ++i) held += IsMarked(list.GetAt(i));
+    if (record != nullptr) held += IsMarked(*record);
+    EXPECT_EQ(CopiesInMemory(), 2 * held);
+  }
+  PutAccounts("");
+  EXPECT_EQ(CopiesInMemory(), 0);
+}
+
+TEST_F(PasswordTest, IsGoneAfterAnImport) {
+  const ScratchFolder folder;
+  const TemporaryFolder temporary(folder.Path().string());
+  const std::string path = folder.PathOf("accounts.csv");
+  std::FILE* const file = std::fopen(path.c_str(), "w");
+  ASSERT_NE(file, nullptr);
+  std::setvbuf(file, nullptr, _IONBF, 0);
+  for (const char* piece : {"Ann,", kMarker, ",3rd,4th\n"}) {
+    EXPECT_EQ(std::fwrite(piece, 1, std::string_view(piece).size(), file),
+              std::string_view(piece).size());
+  }
+  ASSERT_EQ(std::fclose(file), 0);
+  CScanner* const box = LogIn();
+  LetServerNod();
+  FarDown([&] {
+    const std::int32_t options[] = {0, 0, ImportFormatDelimited, 0, TargetUsers, 4, 0, 1, 2, 3};
+    EXPECT_EQ(ImportAddressBook(box, path.c_str(), reinterpret_cast<const ImportOptions*>(options)),
+              0);
+  });
+  EXPECT_EQ(CopiesInMemory(), 0);
+}
+
+}  // namespace
+}  // namespace quillkit
