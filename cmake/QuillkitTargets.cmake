@@ -32,6 +32,21 @@ if(QUILLKIT_SANITIZE_THREADS)
   target_compile_options(quillkit_options INTERFACE -fsanitize=thread -fno-omit-frame-pointer)
   target_link_options(quillkit_options INTERFACE -fsanitize=thread)
 endif()
+
+# Hardening, which scripts/check_hardening verifies in the built files. On Windows, the stack protector
+# and the checked functions of the compiler would need another DLL.
+if(WIN32)
+  target_link_options(quillkit_options INTERFACE -Wl,--dynamicbase,--nxcompat)
+elseif(NOT QUILLKIT_SANITIZE AND NOT QUILLKIT_SANITIZE_THREADS)
+  set(optimised $<CONFIG:Release,RelWithDebInfo,MinSizeRel>)
+  set(protections -fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
+  if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64|i[3-6]86)$")
+    list(APPEND protections -fcf-protection)
+  endif()
+  target_compile_options(quillkit_options INTERFACE "$<${optimised}:${protections}>")
+  target_link_options(quillkit_options INTERFACE $<${optimised}:-Wl,-z,relro,-z,now>)
+endif()
+
 if(QUILLKIT_BUILD_FUZZ)
   target_compile_options(quillkit_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()

@@ -39,16 +39,35 @@ check_shared_objects() {
   check_shared_object "$1/libquillkit_c.so" src/capi/quillkit_c.def "${event_loop[@]}"
 }
 
+# check_hardening FOLDER: the four libraries and programs of this tree in a folder are hardened.
+check_hardening() {
+  local files
+  mapfile -t files < <(find "$1" -type f \( -name 'libQuillkit.so*' -o -name 'libquillkit_c.so*' \
+    -o -name libIMSPAPI.so -o -name quillctl -o -iname '*.dll' -o -name quillctl.exe \))
+  if [ ${#files[@]} != 4 ]; then
+    echo "$1 lacks some of the four libraries and programs of this tree: ${files[*]}"
+    return 1
+  fi
+  scripts/check_hardening "${files[@]}"
+}
+
 # check_dll FILE LIBRARY DEF: it exports what the .def file names, which its import library offers,
 # and imports Windows' own libraries alone.
 check_dll() {
-  local headers imports
+  local headers
   headers=$(i686-w64-mingw32-objdump -p "$1")
   same_names "$1" "$(def_names "$3")" \
     "$(sed -n '/^\[Ordinal\/Name Pointer\] Table/,/^$/s/^\t\[ *[0-9]*\] //p' <<<"$headers" | sort)"
   same_names "$2" "$(def_names "$3")" \
     "$(i686-w64-mingw32-nm "$2" 2>/dev/null | sed -n 's/^.* I __imp__//p' | sort)"
-  imports=$(sed -n 's/^\tDLL Name: //p' <<<"$headers" | tr '[:upper:]' '[:lower:]' | sort -u)
+  check_imports "$1"
+}
+
+# check_imports FILE: a file for Windows imports Windows' own libraries alone.
+check_imports() {
+  local imports
+  imports=$(i686-w64-mingw32-objdump -p "$1" | sed -n 's/^\tDLL Name: //p' |
+    tr '[:upper:]' '[:lower:]' | sort -u)
   if grep -vxE "(advapi32|kernel32|msvcrt|user32|ws2_32).dll" <<<"$imports"; then
     echo "$1 imports these, which no Windows brings or which are new"
     return 1

@@ -14,6 +14,7 @@ check_packages() (
   cmake --install "$1" --prefix "$scratch/installed" >/dev/null &&
     mv "$scratch/installed" "$scratch/moved" &&
     check_names_no_folder "$scratch/moved" "$scratch" &&
+    check_hardening "$scratch/moved" &&
     build_outside "$scratch/moved" "$scratch" cc c++ &&
     run_outside "$scratch/moved" "$scratch/by_cmake/build" toolkit quillkit_c classes simulated &&
     run_outside "$scratch/moved" "$scratch/by_pkg_config" toolkit quillkit_c classes &&
@@ -31,6 +32,7 @@ check_zip() (
   name=quillkit-$quillkit_version-win32
   pack "$1" "$name.zip" && unzip -q "$1/packages/$name.zip" -d "$scratch" &&
     check_names_no_folder "$scratch/$name" "$scratch" &&
+    check_hardening "$scratch/$name" &&
     check_zip_files "$scratch/$name" &&
     build_outside "$scratch/$name" "$scratch" i686-w64-mingw32-gcc-posix \
       i686-w64-mingw32-g++-posix -D CMAKE_TOOLCHAIN_FILE="$PWD/cmake/i686-mingw.cmake" &&
@@ -162,7 +164,7 @@ check_deb() {
     echo "$name: wrong dependencies, or a wrong copyright"
     return 1
   fi
-  check_installed_quillctl "$root/usr" && echo "$name is good"
+  check_hardening "$root" && check_installed_quillctl "$root/usr" && echo "$name is good"
 }
 
 # check_texts PROGRAM: the texts of the class library, which are no part of its archive, are in it.
