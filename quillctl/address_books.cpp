@@ -105,11 +105,12 @@ std::vector<std::string> BookWords() {
 }
 
 StoredBooks::StoredBooks()
-    : module_(quillkit::LoadModule("IMSPAPI")),
-      entryAt_(reinterpret_cast<EntryAt>(quillkit::FindEntryPoint(module_, "SimulatorEntryAt"))) {}
+    : serverLibrary(quillkit::LoadModule("IMSPAPI")),
+      entryAt(
+          reinterpret_cast<EntryAt>(quillkit::FindEntryPoint(serverLibrary, "SimulatorEntryAt"))) {}
 
 StoredBooks::~StoredBooks() {
-  quillkit::UnloadModule(module_);
+  quillkit::UnloadModule(serverLibrary);
 }
 
 }  // namespace quillctl

@@ -57,16 +57,16 @@ class StoredBooks {
   ~StoredBooks();
 
   // Whether there is a simulated appliance to look into.
-  bool CanLook() const { return entryAt_ != nullptr; }
+  bool CanLook() const { return entryAt != nullptr; }
 
   // REQUIRES: CanLook().
   std::vector<Row> Read(const AddressBook& book, const std::string& user) const {
-    return book.read(entryAt_, user.c_str());
+    return book.read(entryAt, user.c_str());
   }
 
  private:
-  quillkit::ModuleHandle module_;
-  EntryAt entryAt_;
+  quillkit::ModuleHandle serverLibrary;
+  EntryAt entryAt;
 };
 
 }  // namespace quillctl

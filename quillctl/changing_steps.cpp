@@ -78,12 +78,12 @@ constexpr Change kChanges[] = {
 };
 
 std::string TakeName(Checkup& checkup, Trial& trial) {
-  checkup.keys();
+  checkup.Keys();
   checkup.DeferTermination();
   checkup.RequireTime();
   checkup.RequireSameKeys();
-  if (checkup.keys().size() >= kMostKeys) throw Skip("there is no room for one more key");
-  trial.book = checkup.session().book();
+  if (checkup.Keys().size() >= kMostKeys) throw Skip("there is no room for one more key");
+  trial.book = checkup.OpenSession().Book();
   trial.name = FreeName(trial.book);
   trial.newName = FreeName(trial.book, trial.name);
   RequireUnknown(trial.book, trial.name);
@@ -101,13 +101,13 @@ void RequireWanted(const Checkup& checkup, const Trial& trial, KeySet found, con
     throw Refusal(std::string("done, but it is not so ") + where);
   }
   found.erase(ours, found.end());
-  if (found != checkup.keys()) {
+  if (found != checkup.Keys()) {
     throw Refusal(std::string("done, but another key is not as it was ") + where);
   }
 }
 
 std::string Make(Checkup& checkup, Trial& trial, const Change& change) {
-  const Session& session = checkup.session();
+  const Session& session = checkup.OpenSession();
   checkup.RequireTime();
   if (!trial.isGood) throw Skip("a step before it was not good");
   trial.isGood = false;
@@ -130,10 +130,10 @@ void RequireGone(Checkup& checkup, const std::string& name) {
   const auto isGone = [](std::int32_t status) {
     return status == 0 || status == quillkit::kNoSuchBook;
   };
-  Session& session = checkup.session();
-  if (isGone(quillkit::DeleteKey(session.book(), name, 0))) return;
+  Session& session = checkup.OpenSession();
+  if (isGone(quillkit::DeleteKey(session.Book(), name, 0))) return;
   session.LogIn();
-  const std::int32_t status = quillkit::DeleteKey(session.book(), name, 0);
+  const std::int32_t status = quillkit::DeleteKey(session.Book(), name, 0);
   if (!isGone(status)) throw Refusal(CodeAndText(status));
 }
 
@@ -180,7 +180,7 @@ std::string CleanUp(Checkup& checkup, const Trial& trial) {
   if (trial.ours.empty()) throw Skip("nothing was added");
   const bool isDeleted = trial.isGood && !trial.wanted;
   if (!isDeleted) DeleteOurs(checkup, trial);
-  const KeySet now = ReadWithoutOurs(checkup.session(), trial);
+  const KeySet now = ReadWithoutOurs(checkup.OpenSession(), trial);
   RequireNoneOfOurs(now, trial);
   checkup.RequireSame(now);
   return "the keys are those of before";

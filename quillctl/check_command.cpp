@@ -78,27 +78,27 @@ void CheckAppliance(const Credentials& credentials, bool write, bool json) {
 
 }  // namespace
 
-Session& Checkup::session() {
-  if (!session_ || !session_->IsOpen()) throw Skip("nobody is logged in");
-  return *session_;
+Session& Checkup::OpenSession() {
+  if (!session || !session->IsOpen()) throw Skip("nobody is logged in");
+  return *session;
 }
 
-const std::vector<std::string>& Checkup::listed() const {
-  if (!listed_) throw Skip("the keys were not listed");
-  return *listed_;
+const std::vector<std::string>& Checkup::Listed() const {
+  if (!listed) throw Skip("the keys were not listed");
+  return *listed;
 }
 
-const KeySet& Checkup::keys() const {
-  if (!keys_) throw Skip("the keys and their items were not read");
-  return *keys_;
+const KeySet& Checkup::Keys() const {
+  if (!keys) throw Skip("the keys and their items were not read");
+  return *keys;
 }
 
 void Checkup::RequireTime() const {
-  if (termination_ && termination_->IsRequested()) throw Skip("the check was interrupted");
+  if (termination && termination->IsRequested()) throw Skip("the check was interrupted");
 }
 
 void Checkup::RequireSame(const KeySet& now) const {
-  const KeySet& before = keys();
+  const KeySet& before = Keys();
   if (now == before) return;
   const std::vector<KeySetChange> changes = Difference(before, now);
   throw Refusal(changes.empty() ? "the order is not the one of before"

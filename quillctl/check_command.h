@@ -29,31 +29,31 @@ class Skip : public std::runtime_error {
 
 class Checkup {
  public:
-  explicit Checkup(const Credentials& credentials) : credentials_(credentials) {}
+  explicit Checkup(const Credentials& newCredentials) : credentials(newCredentials) {}
 
   Session& LogIn() {
-    session_.emplace(credentials_);
-    wasLoggedIn_ = true;
-    return *session_;
+    session.emplace(credentials);
+    wasLoggedIn = true;
+    return *session;
   }
 
   // Whether a login was good, be the session open or not.
-  bool WasLoggedIn() const { return wasLoggedIn_; }
+  bool WasLoggedIn() const { return wasLoggedIn; }
 
   // The session; a Skip where there is none.
-  Session& session();
+  Session& OpenSession();
 
   // The names of the keys when they were first listed; a Skip where they were not.
-  const std::vector<std::string>& listed() const;
-  void SetListed(std::vector<std::string> names) { listed_ = std::move(names); }
+  const std::vector<std::string>& Listed() const;
+  void SetListed(std::vector<std::string> names) { listed = std::move(names); }
 
   // The keys as they were when they were first read; a Skip where they were not.
-  const KeySet& keys() const;
-  void SetKeys(KeySet keys) { keys_ = std::move(keys); }
+  const KeySet& Keys() const;
+  void SetKeys(KeySet newKeys) { keys = std::move(newKeys); }
 
   // From here on RequireTime throws a Skip once termination is requested.
   void DeferTermination() {
-    if (!termination_) termination_.emplace();
+    if (!termination) termination.emplace();
   }
   void RequireTime() const;
 
@@ -61,15 +61,15 @@ class Checkup {
   void RequireSame(const KeySet& now) const;
 
   // The same for the keys as they are when they are read anew.
-  void RequireSameKeys() { RequireSame(ReadKeySet(session())); }
+  void RequireSameKeys() { RequireSame(ReadKeySet(OpenSession())); }
 
  private:
-  Credentials credentials_;
-  std::optional<Session> session_;
-  bool wasLoggedIn_ = false;
-  std::optional<std::vector<std::string>> listed_;
-  std::optional<KeySet> keys_;
-  std::optional<DeferredTermination> termination_;
+  Credentials credentials;
+  std::optional<Session> session;
+  bool wasLoggedIn = false;
+  std::optional<std::vector<std::string>> listed;
+  std::optional<KeySet> keys;
+  std::optional<DeferredTermination> termination;
 };
 
 // A name that no key of a book that was loaded has, nor is `taken`.

@@ -43,8 +43,8 @@ std::int32_t ColumnOf(const std::string& heading, const std::vector<std::string>
 
 }  // namespace
 
-ColumnMap::ColumnMap(std::string_view text, const AddressBook& book)
-    : book_(book), sources_(book.fields.size()) {
+ColumnMap::ColumnMap(std::string_view text, const AddressBook& filledBook)
+    : book(filledBook), sources(filledBook.fields.size()) {
   if (text.find('=') == text.npos) {
     TakeNumbers(text);
   } else {
@@ -53,15 +53,15 @@ ColumnMap::ColumnMap(std::string_view text, const AddressBook& book)
 }
 
 void ColumnMap::TakeNumbers(std::string_view text) {
-  sources_.clear();
+  sources.clear();
   for (std::size_t comma = 0; comma != text.npos; text.remove_prefix(comma + 1)) {
     comma = text.find(',');
-    sources_.push_back({ParseColumn(text.substr(0, comma))});
+    sources.push_back({ParseColumn(text.substr(0, comma))});
     if (comma == text.npos) break;
   }
-  if (sources_.size() == book_.fields.size()) return;
-  throw UsageError("a map for the " + std::string(book_.title) + " has " +
-                   std::to_string(book_.fields.size()) + " columns");
+  if (sources.size() == book.fields.size()) return;
+  throw UsageError("a map for the " + std::string(book.title) + " has " +
+                   std::to_string(book.fields.size()) + " columns");
 }
 
 void ColumnMap::TakeFields(std::string_view text) {
@@ -86,20 +86,20 @@ void ColumnMap::TakeFields(std::string_view text) {
 
 ColumnMap::Source& ColumnMap::OfField(const std::string& word) {
   std::vector<std::string> words;
-  for (const std::string& each : book_.fields) words.push_back(InSmallLetters(each));
+  for (const std::string& each : book.fields) words.push_back(InSmallLetters(each));
   const auto found = std::ranges::find(words, word);
-  if (found != words.end()) return sources_[static_cast<std::size_t>(found - words.begin())];
-  throw UsageError("in a map, " + Quoted(word) + " is no field of the " + std::string(book_.title) +
+  if (found != words.end()) return sources[static_cast<std::size_t>(found - words.begin())];
+  throw UsageError("in a map, " + Quoted(word) + " is no field of the " + std::string(book.title) +
                    "; its fields: " + Listed(words));
 }
 
 bool ColumnMap::HasHeadings() const {
-  return std::ranges::any_of(sources_, [](const Source& each) { return !each.heading.empty(); });
+  return std::ranges::any_of(sources, [](const Source& each) { return !each.heading.empty(); });
 }
 
 std::vector<std::int32_t> ColumnMap::Columns(const std::vector<std::string>& headings) const {
   std::vector<std::int32_t> columns;
-  for (const Source& each : sources_) {
+  for (const Source& each : sources) {
     columns.push_back(each.heading.empty() ? each.column : ColumnOf(each.heading, headings));
   }
   return columns;

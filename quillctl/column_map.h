@@ -22,7 +22,7 @@ namespace quillctl {
 class ColumnMap {
  public:
   // Throws a UsageError for a text that is no map for this book.
-  ColumnMap(std::string_view text, const AddressBook& book);
+  ColumnMap(std::string_view text, const AddressBook& filledBook);
 
   // Whether it needs the file's headings.
   bool HasHeadings() const;
@@ -41,8 +41,8 @@ class ColumnMap {
   void TakeFields(std::string_view text);
   Source& OfField(const std::string& word);
 
-  const AddressBook& book_;
-  std::vector<Source> sources_;  // for each field of the book
+  const AddressBook& book;
+  std::vector<Source> sources;  // for each field of the book
 };
 
 }  // namespace quillctl

@@ -49,33 +49,33 @@ std::string HiddenFault(std::string_view text) {
 // An entry of a directory export on its way through the converter's own class.
 class DirectoryRow {
  public:
-  explicit DirectoryRow(const FileLines& first) : row_{first.Number(), first.Bytes()} {
+  explicit DirectoryRow(const FileLines& first) : row{first.Number(), first.Bytes()} {
     Take(first);
   }
 
   void Take(const FileLines& line) {
     const std::string_view text = line.Text();
-    row_.bytes = {row_.bytes.data(), text.data() + line.Bytes().size()};
+    row.bytes = {row.bytes.data(), text.data() + line.Bytes().size()};
     Fail(HiddenFault(text));
     if (HasValue(text)) LookAtPlace(text);
-    if (text.empty()) blank_ = line.Bytes().data();
-    if (!valueBefore_.empty() && text.starts_with(' ')) {
-      Fail(valueBefore_ + " goes on in the next line");
+    if (text.empty()) blankLine = line.Bytes().data();
+    if (!valueBefore.empty() && text.starts_with(' ')) {
+      Fail(valueBefore + " goes on in the next line");
     }
-    valueBefore_.clear();
+    valueBefore.clear();
 
     std::string value;
     std::string_view read = text;
     if (IsRead(text)) read = value = WithoutBlanks(text);
     const bool wasOpen = !IsComplete();
-    const bool hadName = entry_.HasName();
-    const bool hadAddress = entry_.HasAddress();
+    const bool hadName = entry.HasName();
+    const bool hadAddress = entry.HasAddress();
     TakeIntoEntry(read);
-    if (wasOpen && !hadName && (IsComplete() || entry_.HasName())) {
-      LookAtValue(0, entry_.Name(), read);
+    if (wasOpen && !hadName && (IsComplete() || entry.HasName())) {
+      LookAtValue(0, entry.Name(), read);
     }
-    if (wasOpen && !hadAddress && (IsComplete() || entry_.HasAddress())) {
-      LookAtValue(1, entry_.Address(), read);
+    if (wasOpen && !hadAddress && (IsComplete() || entry.HasAddress())) {
+      LookAtValue(1, entry.Address(), read);
     }
   }
 
@@ -83,32 +83,32 @@ class DirectoryRow {
   // see.
   bool EndsBefore(const FileLines& line) const {
     const std::string_view text = line.Text();
-    return IsComplete() && (HasAttribute(text, "dn:") || (blank_ != nullptr && HasValue(text)));
+    return IsComplete() && (HasAttribute(text, "dn:") || (blankLine != nullptr && HasValue(text)));
   }
 
   // Where that begins, with the blank line in front of it: without it, another row would take it.
   const char* End(const FileLines& line) const {
-    return blank_ != nullptr ? blank_ : line.Bytes().data();
+    return blankLine != nullptr ? blankLine : line.Bytes().data();
   }
 
   void Finish(ImportRows& into) {
-    if (!hadValue_ && row_.fault.empty()) {
+    if (!hadValue && row.fault.empty()) {
       ++into.passedOver;
       return;
     }
     if (!IsComplete()) {
-      Fail(entry_.HasName() ? "it has no address: no \"mail:\" line"
-                            : "it has no name: no \"cn:\" line, or \"dn:\" stands behind it");
+      Fail(entry.HasName() ? "it has no address: no \"mail:\" line"
+                           : "it has no name: no \"cn:\" line, or \"dn:\" stands behind it");
     }
-    into.rows.push_back(std::move(row_));
+    into.rows.push_back(std::move(row));
   }
 
  private:
-  bool IsComplete() const { return !row_.values.empty(); }
+  bool IsComplete() const { return !row.values.empty(); }
 
   // The first reason is the one that is told.
   void Fail(std::string why) {
-    if (row_.fault.empty()) row_.fault = std::move(why);
+    if (row.fault.empty()) row.fault = std::move(why);
   }
 
   // Gives the line in the pieces that LineReader makes of it, less the character that each loses.
@@ -120,14 +120,14 @@ class DirectoryRow {
   }
 
   void TakePiece(std::string_view piece) {
-    if (!entry_.Take(piece)) return;
+    if (!entry.Take(piece)) return;
     if (IsComplete()) Fail("a line is so long that its end opens another entry");
-    row_.values = {std::string(entry_.Name()), std::string(entry_.Address())};
+    row.values = {std::string(entry.Name()), std::string(entry.Address())};
   }
 
   // A blank line ends an entry, elsewhere.
   void LookAtPlace(std::string_view text) {
-    if (blank_ != nullptr) Fail("a name or an address behind a blank line has no \"dn:\"");
+    if (blankLine != nullptr) Fail("a name or an address behind a blank line has no \"dn:\"");
     if (!IsRead(text) && !IsComplete())
       Fail("\"cn:\" and \"mail:\" are read in small letters alone");
   }
@@ -135,19 +135,19 @@ class DirectoryRow {
   // `text` is the line that gave the value of the name, 0, or of the address, 1.
   void LookAtValue(std::size_t field, std::string_view value, std::string_view text) {
     constexpr const char* kFields[] = {"the name", "the address"};
-    hadValue_ = true;
-    valueBefore_ = kFields[field];
-    if (value.starts_with(':')) Fail(valueBefore_ + " is encoded, with a double colon");
+    hadValue = true;
+    valueBefore = kFields[field];
+    if (value.starts_with(':')) Fail(valueBefore + " is encoded, with a double colon");
     if (text.substr(text.find(':') + 1) == value) return;
-    Fail(valueBefore_ + " is longer than " +
+    Fail(valueBefore + " is longer than " +
          std::to_string(quillkit::EmailScriptBook().widths[field]) + " characters");
   }
 
-  ImportRow row_;
-  quillkit::DirectoryEntry entry_;
-  const char* blank_ = nullptr;  // the last blank line
-  bool hadValue_ = false;        // whether a name or an address came, complete or not
-  std::string valueBefore_;      // what the line before gave; empty for nothing
+  ImportRow row;
+  quillkit::DirectoryEntry entry;
+  const char* blankLine = nullptr;  // the last blank line
+  bool hadValue = false;            // whether a name or an address came, complete or not
+  std::string valueBefore;          // what the line before gave; empty for nothing
 };
 
 // A line of no entry is none, unless it seems to be of one. Its bytes begin at `from`.

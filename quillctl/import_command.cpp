@@ -56,8 +56,8 @@ void ShowBook(const AddressBook& book, const std::vector<Row>& before, const std
   if (now.empty() || plan.IsScript())
     throw Refusal(text + "; what was carried out before it stays");
   throw Refusal(text + "; of the " + std::to_string(sent) + " rows that were sent " +
-                std::to_string(plan.rows().Entries()) + " are entries; the " +
-                std::string(plan.books().front().title) + " held " +
+                std::to_string(plan.Rows().Entries()) + " are entries; the " +
+                std::string(plan.Books().front().title) + " held " +
                 std::to_string(before.front().size()) + " entries and holds " +
                 std::to_string(now.front().size()));
 }
@@ -66,7 +66,7 @@ void ShowBook(const AddressBook& book, const std::vector<Row>& before, const std
 // nobody knows it of rows that were refused where they cannot be seen.
 void FindLost(ImportPlan& plan, std::int32_t status, const Contents& now) {
   if (plan.IsScript() || (status == 0 && now.empty())) return;
-  FindAbsent(plan.rows().rows, now.empty() ? std::span<const Row>() : now.front(),
+  FindAbsent(plan.Rows().rows, now.empty() ? std::span<const Row>() : now.front(),
              status == 0 ? "the appliance took the row, but has no such entry"
                          : "the appliance refused the import, and shows no such entry");
 }
@@ -74,10 +74,10 @@ void FindLost(ImportPlan& plan, std::int32_t status, const Contents& now) {
 // Tells what became of the rows in front of what the books show.
 void ShowRows(const ImportPlan& plan, const ImportRequest& request, bool isSeen) {
   if (request.json) {
-    ShowImportJson(plan.rows(), isSeen);
+    ShowImportJson(plan.Rows(), isSeen);
   } else {
-    ShowImportSummary(WithoutFolder(request.file), plan.rows(), isSeen);
-    ShowFaults(plan.rows(), request.faultsShown);
+    ShowImportSummary(WithoutFolder(request.file), plan.Rows(), isSeen);
+    ShowFaults(plan.Rows(), request.faultsShown);
   }
 }
 
@@ -87,12 +87,12 @@ void ShowBooks(const ImportPlan& plan, const ImportRequest& request, const Conte
     std::cout << "What arrived cannot be shown: this server library is not the simulated one.\n";
   }
   for (std::size_t i = 0; i < now.size(); ++i) {
-    ShowBook(plan.books()[i], before[i], now[i], request.shown);
+    ShowBook(plan.Books()[i], before[i], now[i], request.shown);
   }
 }
 
 void WriteRejects(const ImportPlan& plan, const ImportRequest& request) {
-  if (!request.rejects.empty()) WriteRejectedRows(request.rejects, request.file, plan.rows());
+  if (!request.rejects.empty()) WriteRejectedRows(request.rejects, request.file, plan.Rows());
 }
 
 // Imports what the plan has, and gives the rows that did not become entries their faults.
@@ -100,12 +100,12 @@ void Import(ImportPlan& plan, const ImportRequest& request, const Session& sessi
   const DeferredTermination untilReported;
   const StoredBooks stored;
   const std::string file = WithoutFolder(request.file);
-  const std::size_t sent = plan.rows().Entries();
-  const Contents before = ReadAll(stored, plan.books(), session.user());
-  const std::int32_t status = plan.Send(session.scanner());
-  const Contents now = ReadAll(stored, plan.books(), session.user());
+  const std::size_t sent = plan.Rows().Entries();
+  const Contents before = ReadAll(stored, plan.Books(), session.User());
+  const std::int32_t status = plan.Send(session.Scanner());
+  const Contents now = ReadAll(stored, plan.Books(), session.User());
   FindLost(plan, status, now);
-  if (plan.rows().Entries() != sent) WriteRejects(plan, request);
+  if (plan.Rows().Entries() != sent) WriteRejects(plan, request);
   if (!plan.IsScript()) {
     ShowRows(plan, request, stored.CanLook());
   } else if (status == 0) {
@@ -117,11 +117,11 @@ void Import(ImportPlan& plan, const ImportRequest& request, const Session& sessi
 
 // With nothing to send, a book would at most be cleared.
 void RequireEntries(const ImportPlan& plan, const ImportRequest& request) {
-  if (plan.IsScript() || plan.rows().Entries() != 0) return;
+  if (plan.IsScript() || plan.Rows().Entries() != 0) return;
   if (request.json) {
-    ShowImportJson(plan.rows(), true);
+    ShowImportJson(plan.Rows(), true);
   } else {
-    ShowFaults(plan.rows(), request.faultsShown);
+    ShowFaults(plan.Rows(), request.faultsShown);
   }
   throw Refusal("no row of " + WithoutFolder(request.file) +
                 " can become an entry; nothing was sent");
@@ -138,14 +138,14 @@ void RunImport(const ImportRequest& request, const Credentials& credentials) {
   RequireEntries(plan, request);
   if (request.dryRun) {
     std::cout << plan.Script();
-    ShowFaults(plan.rows(), plan.rows().rows.size());
+    ShowFaults(plan.Rows(), plan.Rows().rows.size());
   } else {
     const Session session(credentials);
     Import(plan, request, session);
   }
-  const std::size_t rejected = plan.rows().Rejected();
+  const std::size_t rejected = plan.Rows().Rejected();
   if (rejected == 0) return;
-  throw PartialFailure(std::to_string(rejected) + " of " + std::to_string(plan.rows().rows.size()) +
+  throw PartialFailure(std::to_string(rejected) + " of " + std::to_string(plan.Rows().rows.size()) +
                        " rows " + (request.dryRun ? "can become no entries" : "became no entries"));
 }
 
@@ -168,7 +168,7 @@ std::string PathFault(const std::string& path) {
 }  // namespace
 
 void ImportAsPartOfSession(const ImportRequest& request, const Session& session) {
-  ImportPlan plan(request, quillkit::IsAdminConnected(session.scanner()) != 0);
+  ImportPlan plan(request, quillkit::IsAdminConnected(session.Scanner()) != 0);
   RequireEntries(plan, request);
   Import(plan, request, session);
 }

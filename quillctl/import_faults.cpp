@@ -10,41 +10,41 @@ namespace {
 
 class EntryFit {
  public:
-  EntryFit(const AddressBook& book, bool isAdmin, std::span<const std::int32_t> columns)
-      : book_(book),
-        script_(*quillkit::FindScriptBook(book.target)),
-        isAdmin_(isAdmin),
-        columns_(columns) {}
+  EntryFit(const AddressBook& filledBook, bool asAdmin, std::span<const std::int32_t> mapped)
+      : book(filledBook),
+        script(*quillkit::FindScriptBook(filledBook.target)),
+        isAdmin(asAdmin),
+        columns(mapped) {}
 
   // What is wrong with the values of a row, or an empty text.
   std::string Fault(const Row& values) const {
-    const std::size_t sent = isAdmin_ ? script_.fieldCount : kFieldsOfPair;
+    const std::size_t sent = isAdmin ? script.fieldCount : kFieldsOfPair;
     for (std::size_t i = 0; i < sent; ++i) {
       const std::string fault = FieldFault(i, values[i]);
-      if (!fault.empty()) return "the " + InSmallLetters(book_.fields[i]) + ' ' + fault;
+      if (!fault.empty()) return "the " + InSmallLetters(book.fields[i]) + ' ' + fault;
     }
     return {};
   }
 
  private:
   std::string FieldFault(std::size_t field, std::string_view value) const {
-    const std::size_t width = script_.widths[field];
+    const std::size_t width = script.widths[field];
     if (value.size() > width) return "is longer than " + std::to_string(width) + " characters";
     if (value.find('\n') != value.npos) return "does not end before the line does";
-    if (isAdmin_ && value.find('"') != value.npos) return "has a double quote in it";
+    if (isAdmin && value.find('"') != value.npos) return "has a double quote in it";
     const bool isEmpty = value.find_first_not_of(" \t\r") == value.npos;
     return isEmpty && IsNeeded(field) ? "is empty" : "";
   }
 
   bool IsNeeded(std::size_t field) const {
     if (field == 0) return true;
-    return field < book_.needed && (columns_.empty() || columns_[field] >= 0);
+    return field < book.needed && (columns.empty() || columns[field] >= 0);
   }
 
-  const AddressBook& book_;
-  const quillkit::ScriptBook& script_;
-  const bool isAdmin_;
-  const std::span<const std::int32_t> columns_;
+  const AddressBook& book;
+  const quillkit::ScriptBook& script;
+  const bool isAdmin;
+  const std::span<const std::int32_t> columns;
 };
 
 // Whether the entry has the values, as far as it shows them: a private book's has but two.

@@ -52,9 +52,9 @@ std::vector<std::string> ImportFormatWords() {
   return words;
 }
 
-ImportPlan::ImportPlan(const ImportRequest& request, bool isAdmin)
-    : file_(request.file), isAdmin_(isAdmin) {
-  quillkit::ImportOptions& options = mapped_.options;
+ImportPlan::ImportPlan(const ImportRequest& request, bool asAdmin)
+    : file(request.file), isAdmin(asAdmin) {
+  quillkit::ImportOptions& options = mapped.options;
   for (const ImportFormat& each : kFormats) {
     if (each.word == request.format) options.format = each.selector;
   }
@@ -68,32 +68,32 @@ ImportPlan::ImportPlan(const ImportRequest& request, bool isAdmin)
 
 // No header is sent, and so none is to be skipped.
 void ImportPlan::TakeDelimited(const ImportRequest& request) {
-  books_ = BookOfWord(request.target.empty() ? "email" : request.target);
-  const AddressBook& book = books_.front();
-  if (!isAdmin_ && request.clearFirst) throw UsageError("ADMINISTRATOR alone clears a book");
-  if (!isAdmin_ && !quillkit::FindScriptBook(book.target)->hasPlainPair) {
+  books = BookOfWord(request.target.empty() ? "email" : request.target);
+  const AddressBook& book = books.front();
+  if (!isAdmin && request.clearFirst) throw UsageError("ADMINISTRATOR alone clears a book");
+  if (!isAdmin && !quillkit::FindScriptBook(book.target)->hasPlainPair) {
     throw UsageError("ADMINISTRATOR alone fills the " + std::string(book.title));
   }
   if (request.map.empty()) throw UsageError("the format csv needs a --map, as in --map 2,10");
   const ColumnMap map(request.map, book);
-  text_ = ReadImportFile(file_);
-  const std::string_view text = WithoutByteOrderMark(text_);
+  text = ReadImportFile(file);
+  const std::string_view content = WithoutByteOrderMark(text);
   const bool hasHeader = request.skipHeader || map.HasHeadings();
   const std::vector<std::int32_t> columns =
-      map.Columns(hasHeader ? Headings(text) : std::vector<std::string>());
+      map.Columns(hasHeader ? Headings(content) : std::vector<std::string>());
   const auto isThere = [](std::int32_t column) { return column >= 0; };
-  if (!isAdmin_ && std::any_of(columns.begin() + kFieldsOfPair, columns.end(), isThere)) {
+  if (!isAdmin && std::any_of(columns.begin() + kFieldsOfPair, columns.end(), isThere)) {
     throw UsageError(
         "ADMINISTRATOR alone fills more than two fields; in the map the others are -1");
   }
-  rows_ = DelimitedRows(text, columns, hasHeader);
-  FindFaults(rows_.rows, book, isAdmin_, columns);
+  rows = DelimitedRows(content, columns, hasHeader);
+  FindFaults(rows.rows, book, isAdmin, columns);
 
-  quillkit::ImportOptions& options = mapped_.options;
+  quillkit::ImportOptions& options = mapped.options;
   options.targetBook = book.target;
   options.columnCount = static_cast<std::int32_t>(columns.size());
   options.columnMap[0] = columns.front();
-  std::copy(columns.begin() + 1, columns.end(), mapped_.moreColumns);
+  std::copy(columns.begin() + 1, columns.end(), mapped.moreColumns);
 }
 
 void ImportPlan::TakeOther(const ImportRequest& request) {
@@ -103,23 +103,23 @@ void ImportPlan::TakeOther(const ImportRequest& request) {
   if (IsScript() && (request.json || !request.rejects.empty())) {
     throw UsageError("--json and --rejects are for files of rows; a script goes as it stands");
   }
-  text_ = ReadImportFile(file_);
-  books_ = PublicBooks();
+  text = ReadImportFile(file);
+  books = PublicBooks();
   if (IsScript()) return;
-  books_ = books_.first(1);
-  const std::string_view text = WithoutByteOrderMark(text_);
-  const bool isDirectory = mapped_.options.format == quillkit::ImportFormatDirectory;
-  rows_ = isDirectory ? DirectoryRows(text) : MailServerRows(text);
-  FindFaults(rows_.rows, books_.front(), isAdmin_, {});
+  books = books.first(1);
+  const std::string_view content = WithoutByteOrderMark(text);
+  const bool isDirectory = mapped.options.format == quillkit::ImportFormatDirectory;
+  rows = isDirectory ? DirectoryRows(content) : MailServerRows(content);
+  FindFaults(rows.rows, books.front(), isAdmin, {});
 }
 
 // Of a directory the values alone: its converter takes the blanks in front of a value for a part of
 // it, and a character from a last line without an end. The other rows go as they stand: the mail
 // server's converter takes the end of a line for a part of an address that nothing else ends.
 std::string ImportPlan::RowsToSend() const {
-  const bool isDirectory = mapped_.options.format == quillkit::ImportFormatDirectory;
+  const bool isDirectory = mapped.options.format == quillkit::ImportFormatDirectory;
   std::string bytes;
-  for (const ImportRow& row : rows_.rows) {
+  for (const ImportRow& row : rows.rows) {
     if (!row.fault.empty()) continue;
     if (isDirectory) {
       bytes += "dn:\ncn:" + row.values[0] + "\nmail:" + row.values[1] + '\n';
@@ -132,12 +132,12 @@ std::string ImportPlan::RowsToSend() const {
 
 void ImportPlan::Convert(const TemporaryFile& source, TemporaryFile& script) const {
   const std::int32_t status = quillkit::ConvertFile(source.path().c_str(), script.TakeFile(),
-                                                    mapped_.options, isAdmin_ ? 1 : 0, "");
+                                                    mapped.options, isAdmin ? 1 : 0, "");
   if (status != 0) throw Refusal(kNoTemporaryFile);
 }
 
 std::string ImportPlan::Script() const {
-  if (IsScript()) return FoldedScript(text_);
+  if (IsScript()) return FoldedScript(text);
   const DeferredTermination whileFilesAreThere;
   const TemporaryFile source(RowsToSend());
   TemporaryFile script;
@@ -147,13 +147,13 @@ std::string ImportPlan::Script() const {
 
 // The library leaves its script behind where it cannot be written; so one is written here first.
 std::int32_t ImportPlan::Send(quillkit::CScanner* scanner) const {
-  if (IsScript()) return ImportAddressBook(scanner, file_.c_str(), &mapped_.options);
+  if (IsScript()) return ImportAddressBook(scanner, file.c_str(), &mapped.options);
   const TemporaryFile source(RowsToSend());
   {
     TemporaryFile script;
     Convert(source, script);
   }
-  return ImportAddressBook(scanner, source.path().c_str(), &mapped_.options);
+  return ImportAddressBook(scanner, source.path().c_str(), &mapped.options);
 }
 
 }  // namespace quillctl

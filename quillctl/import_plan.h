@@ -37,22 +37,22 @@ std::vector<std::string> ImportFormatWords();
 
 class ImportPlan {
  public:
-  // `isAdmin` tells whether ADMINISTRATOR is to send it. Throws a UsageError for what does not fit
+  // `asAdmin` tells whether ADMINISTRATOR is to send it. Throws a UsageError for what does not fit
   // the format, for a map that fits the book or the file's headings not, and for a file that cannot
   // be read.
-  ImportPlan(const ImportRequest& request, bool isAdmin);
+  ImportPlan(const ImportRequest& request, bool asAdmin);
   ImportPlan(const ImportPlan&) = delete;
   ImportPlan& operator=(const ImportPlan&) = delete;
 
   // A ready-made script has no rows, and goes to the appliance as it stands.
-  bool IsScript() const { return mapped_.options.format == quillkit::ImportFormatScript; }
+  bool IsScript() const { return mapped.options.format == quillkit::ImportFormatScript; }
 
   // Those without a fault are sent.
-  ImportRows& rows() { return rows_; }
-  const ImportRows& rows() const { return rows_; }
+  ImportRows& Rows() { return rows; }
+  const ImportRows& Rows() const { return rows; }
 
   // Those that it may fill.
-  std::span<const AddressBook> books() const { return isAdmin_ ? books_ : PrivateBook(); }
+  std::span<const AddressBook> Books() const { return isAdmin ? books : PrivateBook(); }
 
   // The script that the appliance will get, its lines ended by LF. Throws a Refusal when the
   // temporary files for it cannot be written.
@@ -76,12 +76,12 @@ class ImportPlan {
   std::string RowsToSend() const;
   void Convert(const TemporaryFile& source, TemporaryFile& script) const;
 
-  std::string file_;
-  bool isAdmin_;
-  std::string text_;  // of the file
-  MappedOptions mapped_ = {};
-  std::span<const AddressBook> books_;  // those that it may fill for the administrator
-  ImportRows rows_;                     // lies in text_
+  std::string file;
+  bool isAdmin;
+  std::string text;  // of the file
+  MappedOptions mapped = {};
+  std::span<const AddressBook> books;  // those that it may fill for the administrator
+  ImportRows rows;                     // lies in text
 };
 
 }  // namespace quillctl

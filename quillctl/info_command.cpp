@@ -21,13 +21,13 @@ std::string DottedAddress(std::uint32_t address) {
 }
 
 void ShowInfo(const Session& session, bool json) {
-  quillkit::CScanner* scanner = session.scanner();
+  quillkit::CScanner* scanner = session.Scanner();
   const bool isAdmin = quillkit::IsAdminConnected(scanner) != 0;
   const Row rows[] = {{"Name", quillkit::GetScannerName(scanner)},
                       {"Address", DottedAddress(quillkit::GetScannerAddress(scanner))},
                       {"Model", quillkit::GetScannerModel(scanner)},
                       {"Version", quillkit::GetScannerVersion(scanner)},
-                      {"User", session.user()}};
+                      {"User", session.User()}};
   if (json) {
     Json info;
     for (const Row& row : rows) info[InSmallLetters(row[0])] = Utf8Text(row[1]);

@@ -181,14 +181,14 @@ void MoveToKey(const Session& session, const std::string& key, const std::string
   const auto found = std::ranges::find(items, name, &ItemFields::name);
   if (found == items.end()) throw NoItem(key, name);
   const std::string moved = DescribedItem(name, target);
-  RequireGood(quillkit::AddMenuItem(FindKey(session.book(), target), MakeItem(*found).get(), 0),
+  RequireGood(quillkit::AddMenuItem(FindKey(session.Book(), target), MakeItem(*found).get(), 0),
               "add " + moved);
   // The copy has to be there before the original goes.
   if (!HasItem(session, target, name,
                "the appliance took " + moved + ", which cannot be read; nothing was deleted")) {
     throw Refusal("the appliance took " + moved + ", and does not tell of it; nothing was deleted");
   }
-  const std::int32_t status = quillkit::DeleteMenuItem(FindKey(session.book(), key), name, 0);
+  const std::int32_t status = quillkit::DeleteMenuItem(FindKey(session.Book(), key), name, 0);
   if (status != 0 || HasItem(session, key, name,
                              moved + " stands there; whether it is gone under " + Quoted(key) +
                                  " cannot be read")) {

@@ -29,22 +29,22 @@ bool AskForConsent() {
 // Makes changes on the server; memory follows when the next key is added.
 class KeySetWriter {
  public:
-  explicit KeySetWriter(const Session& session)
-      : session_(session), book_(session.LoadKeys(true)) {}
+  explicit KeySetWriter(const Session& openSession)
+      : session(openSession), book(openSession.LoadKeys(true)) {}
 
   std::int32_t Make(const KeySetChange& change) {
     switch (change.kind) {
       case KeySetChange::kDeleteItem:
         return quillkit::DeleteMenuItem(KeyOf(change), change.item.name, 0);
       case KeySetChange::kDeleteKey:
-        isStale_ = true;
-        return quillkit::DeleteKey(book_, change.key, 0);
+        isStale = true;
+        return quillkit::DeleteKey(book, change.key, 0);
       case KeySetChange::kChangeItem:
         return quillkit::ModifyMenuItem(KeyOf(change), MakeItem(change.item).get(), 0);
       case KeySetChange::kAddKey:
         Refresh();  // the library counts the keys in memory
-        isStale_ = true;
-        return quillkit::AddKey(book_, change.key, 0);
+        isStale = true;
+        return quillkit::AddKey(book, change.key, 0);
       case KeySetChange::kAddItem:
         return quillkit::AddMenuItem(KeyOf(change), MakeItem(change.item).get(), 0);
     }
@@ -54,17 +54,17 @@ class KeySetWriter {
  private:
   quillkit::CSoftKey* KeyOf(const KeySetChange& change) {
     Refresh();
-    return FindKey(book_, change.key);
+    return FindKey(book, change.key);
   }
 
   void Refresh() {
-    if (isStale_) book_ = session_.LoadKeys(true);
-    isStale_ = false;
+    if (isStale) book = session.LoadKeys(true);
+    isStale = false;
   }
 
-  const Session& session_;
-  quillkit::CTopLevelAB* book_;
-  bool isStale_ = false;  // whether the keys in memory are not those of the server
+  const Session& session;
+  quillkit::CTopLevelAB* book;
+  bool isStale = false;  // whether the keys in memory are not those of the server
 };
 
 void Make(const Session& session, const std::vector<KeySetChange>& changes) {

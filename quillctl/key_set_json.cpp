@@ -47,8 +47,8 @@ class ParseGuard {
   bool operator()(int depth, Json::parse_event_t event, const Json& parsed) {
     using Event = Json::parse_event_t;
     if (depth > kMostDepth) throw UsageError("the file is nested too deep");
-    if (event == Event::object_start) names_.emplace_back();
-    if (event == Event::object_end) names_.pop_back();
+    if (event == Event::object_start) objectNames.emplace_back();
+    if (event == Event::object_end) objectNames.pop_back();
     if (event == Event::key) Take(parsed.get<std::string>());
     return true;
   }
@@ -58,14 +58,14 @@ class ParseGuard {
   static constexpr std::size_t kMostMembers = 16;
 
   void Take(const std::string& name) {
-    std::set<std::string>& names = names_.back();
+    std::set<std::string>& names = objectNames.back();
     if (!names.insert(name).second) {
       throw UsageError("an object of the file has two members " + Quoted(name));
     }
     if (names.size() > kMostMembers) throw UsageError("an object of the file has too many members");
   }
 
-  std::vector<std::set<std::string>> names_;  // of the objects that are open
+  std::vector<std::set<std::string>> objectNames;  // of the objects that are open
 };
 
 // Reads the values of a file that is JSON. `where` is what a value is called in a failure.
@@ -77,8 +77,8 @@ class Reader {
       throw UsageError("the file has no \"quillbox-keys\": 1");
     }
     const Json encoding = file.value("encoding", Json(kUtf8));
-    isLatin1_ = encoding == Json(kLatin1);
-    if (!isLatin1_ && encoding != Json(kUtf8)) {
+    isLatin1 = encoding == Json(kLatin1);
+    if (!isLatin1 && encoding != Json(kUtf8)) {
       throw UsageError("the file's \"encoding\" is neither \"utf-8\" nor \"latin-1\"");
     }
     KeySet keys;
@@ -146,7 +146,7 @@ class Reader {
     const Json value = object.value(member, Json(""));
     if (!value.is_string()) throw UsageError(what + " is no text");
     std::string text = value.get<std::string>();
-    if (isLatin1_) text = Latin1FromUtf8(text, what);
+    if (isLatin1) text = Latin1FromUtf8(text, what);
     if (text.find('\0') != text.npos) throw UsageError(what + " holds a character 0");
     if (text.size() <= limit) return text;
     throw UsageError(what + " has more than " + std::to_string(limit) + " characters");
@@ -161,7 +161,7 @@ class Reader {
     throw UsageError(where + ": its " + member + " is no number from 0 to 4294967295");
   }
 
-  bool isLatin1_ = false;
+  bool isLatin1 = false;
 };
 
 }  // namespace

@@ -49,11 +49,11 @@ std::string FindServerLibrary(Checkup&) {
 }
 
 std::string LogIn(Checkup& checkup) {
-  return Quoted(checkup.LogIn().user());
+  return Quoted(checkup.LogIn().User());
 }
 
 std::string AskIdentity(Checkup& checkup) {
-  quillkit::CScanner* scanner = checkup.session().scanner();
+  quillkit::CScanner* scanner = checkup.OpenSession().Scanner();
   const std::string model = quillkit::GetScannerModel(scanner);
   const std::string version = quillkit::GetScannerVersion(scanner);
   if (model.empty() || version.empty()) throw Refusal("the server tells no model or no version");
@@ -62,23 +62,23 @@ std::string AskIdentity(Checkup& checkup) {
 }
 
 std::string AskAccount(Checkup& checkup) {
-  const Session& session = checkup.session();
-  if (quillkit::GetCurrentConnectedUser(session.scanner()) == nullptr) {
+  const Session& session = checkup.OpenSession();
+  if (quillkit::GetCurrentConnectedUser(session.Scanner()) == nullptr) {
     throw Refusal("the library knows of no user");
   }
-  const bool isAdmin = quillkit::IsAdminConnected(session.scanner()) != 0;
-  if (isAdmin != (session.user() == kAdministrator)) throw Refusal("it has another one's rights");
+  const bool isAdmin = quillkit::IsAdminConnected(session.Scanner()) != 0;
+  if (isAdmin != (session.User() == kAdministrator)) throw Refusal("it has another one's rights");
   return isAdmin ? "an administrator" : "no administrator";
 }
 
 void RequireBook(const Session& session) {
-  if (quillkit::GetTopLevelAbook(session.scanner()) == nullptr) {
+  if (quillkit::GetTopLevelAbook(session.Scanner()) == nullptr) {
     throw Skip("this account has no soft keys");
   }
 }
 
 std::string ListKeys(Checkup& checkup) {
-  const Session& session = checkup.session();
+  const Session& session = checkup.OpenSession();
   RequireBook(session);
   quillkit::CTopLevelAB* book = session.LoadKeys(false);
   std::vector<std::string> names;
@@ -95,9 +95,9 @@ std::string ListKeys(Checkup& checkup) {
 
 // The keys, for the steps behind this one.
 std::string ReadItems(Checkup& checkup) {
-  RequireBook(checkup.session());
-  KeySet keys = ReadKeySet(checkup.session());
-  if (!std::ranges::equal(keys, checkup.listed(), {}, &KeyFields::name)) {
+  RequireBook(checkup.OpenSession());
+  KeySet keys = ReadKeySet(checkup.OpenSession());
+  if (!std::ranges::equal(keys, checkup.Listed(), {}, &KeyFields::name)) {
     throw Refusal("the keys are not those that were listed before");
   }
   std::size_t items = 0;
@@ -107,8 +107,8 @@ std::string ReadItems(Checkup& checkup) {
 }
 
 std::string ReadKeyByKey(Checkup& checkup) {
-  const KeySet& keys = checkup.keys();
-  quillkit::CTopLevelAB* book = checkup.session().LoadKeys(true);
+  const KeySet& keys = checkup.Keys();
+  quillkit::CTopLevelAB* book = checkup.OpenSession().LoadKeys(true);
   for (const KeyFields& each : keys) {
     quillkit::CSoftKey* key = quillkit::LoadItems(book, each.name);
     const std::int32_t status = quillkit::GetLastToolkitError();
@@ -125,20 +125,20 @@ std::string ReadAgain(Checkup& checkup) {
 }
 
 std::string AskForUnknownKey(Checkup& checkup) {
-  quillkit::CTopLevelAB* book = checkup.session().book();
+  quillkit::CTopLevelAB* book = checkup.OpenSession().Book();
   RequireUnknown(book, FreeName(book));
   return "refused with " + CodeAndText(quillkit::kNoSuchBook);
 }
 
 std::string LogInAgain(Checkup& checkup) {
-  checkup.keys();
-  checkup.session().LogIn();
+  checkup.Keys();
+  checkup.OpenSession().LogIn();
   checkup.RequireSameKeys();
   return {};
 }
 
 std::string LogOut(Checkup& checkup) {
-  Session& session = checkup.session();
+  Session& session = checkup.OpenSession();
   session.LogOut();
   if (quillkit::GetCurrentConnectedUser(nullptr) != nullptr) throw Refusal("a user is left");
   return {};

@@ -19,20 +19,20 @@ std::string WhyNoLogin(const Credentials& credentials) {
 
 }  // namespace
 
-Session::Session(const Credentials& credentials) : credentials_(credentials) {
-  if (!credentials_.password) {
-    credentials_.password = AskForPassword(credentials_.user, credentials_.host);
+Session::Session(const Credentials& newCredentials) : credentials(newCredentials) {
+  if (!credentials.password) {
+    credentials.password = AskForPassword(credentials.user, credentials.host);
   }
   LogIn();
 }
 
 void Session::LogIn() {
-  scanner_ = quillkit::LogToQuillbox(credentials_.host, credentials_.user, *credentials_.password,
-                                     credentials_.third, 0);
-  open_ = scanner_ != nullptr;
-  if (open_) return;
-  throw LoginRefusal("cannot log in to " + Quoted(credentials_.host) + " as " +
-                     Quoted(credentials_.user) + ": " + WhyNoLogin(credentials_));
+  scanner = quillkit::LogToQuillbox(credentials.host, credentials.user, *credentials.password,
+                                    credentials.third, 0);
+  isOpen = scanner != nullptr;
+  if (isOpen) return;
+  throw LoginRefusal("cannot log in to " + Quoted(credentials.host) + " as " +
+                     Quoted(credentials.user) + ": " + WhyNoLogin(credentials));
 }
 
 Session::~Session() {
@@ -41,18 +41,18 @@ Session::~Session() {
 }
 
 void Session::LogOut() {
-  if (open_) quillkit::Logout();
-  open_ = false;
+  if (isOpen) quillkit::Logout();
+  isOpen = false;
 }
 
-quillkit::CTopLevelAB* Session::book() const {
-  quillkit::CTopLevelAB* book = quillkit::GetTopLevelAbook(scanner_);
+quillkit::CTopLevelAB* Session::Book() const {
+  quillkit::CTopLevelAB* book = quillkit::GetTopLevelAbook(scanner);
   if (book != nullptr) return book;
-  throw Refusal(Quoted(user()) + " has no soft keys; ADMINISTRATOR and TOOLKIT do");
+  throw Refusal(Quoted(User()) + " has no soft keys; ADMINISTRATOR and TOOLKIT do");
 }
 
 quillkit::CTopLevelAB* Session::LoadKeys(bool withItems) const {
-  quillkit::CTopLevelAB* const loaded = book();
+  quillkit::CTopLevelAB* const loaded = Book();
   RequireGood(quillkit::LoadTopLevelAbook(loaded, withItems ? 1 : 0), "read the soft keys");
   return loaded;
 }

@@ -33,7 +33,7 @@ using OwnedKey = std::unique_ptr<quillkit::CSoftKey, DestroyHandle>;
 class Session {
  public:
   // Logs in. Throws a LoginRefusal that tells why when that fails.
-  explicit Session(const Credentials& credentials);
+  explicit Session(const Credentials& newCredentials);
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 
@@ -46,21 +46,21 @@ class Session {
   // Logs in anew, as the constructor did. Handles of the session before are good no more.
   void LogIn();
 
-  bool IsOpen() const { return open_; }
-  quillkit::CScanner* scanner() const { return scanner_; }
-  const std::string& user() const { return credentials_.user; }
+  bool IsOpen() const { return isOpen; }
+  quillkit::CScanner* Scanner() const { return scanner; }
+  const std::string& User() const { return credentials.user; }
 
   // The top-level book as it is in memory. Throws a Refusal for a user who has none.
-  quillkit::CTopLevelAB* book() const;
+  quillkit::CTopLevelAB* Book() const;
 
   // The top-level book, with its keys read anew, and their items too when `withItems` is set.
-  // Throws as book() does, and a Refusal when it cannot be read.
+  // Throws as Book() does, and a Refusal when it cannot be read.
   quillkit::CTopLevelAB* LoadKeys(bool withItems) const;
 
  private:
-  Credentials credentials_;
-  quillkit::CScanner* scanner_ = nullptr;
-  bool open_ = false;
+  Credentials credentials;
+  quillkit::CScanner* scanner = nullptr;
+  bool isOpen = false;
 };
 
 }  // namespace quillctl

@@ -68,20 +68,20 @@ std::string WithoutFolder(const std::string& path) {
 }
 
 bool FileLines::Next() {
-  if (rest_.empty()) return false;
-  const std::size_t newline = rest_.find('\n');
-  bytes_ = rest_.substr(0, newline == rest_.npos ? newline : newline + 1);
-  rest_.remove_prefix(bytes_.size());
-  ++number_;
+  if (rest.empty()) return false;
+  const std::size_t newline = rest.find('\n');
+  bytes = rest.substr(0, newline == rest.npos ? newline : newline + 1);
+  rest.remove_prefix(bytes.size());
+  ++number;
   return true;
 }
 
 bool FileLines::IsBlank() const {
-  return bytes_.find_first_not_of(" \t\n\v\f\r") == bytes_.npos;
+  return bytes.find_first_not_of(" \t\n\v\f\r") == bytes.npos;
 }
 
 std::string_view FileLines::Text() const {
-  std::string_view text = bytes_;
+  std::string_view text = bytes;
   if (!text.ends_with('\n')) return text;
   text.remove_suffix(text.ends_with("\r\n") ? 2 : 1);
   return text;
@@ -89,7 +89,7 @@ std::string_view FileLines::Text() const {
 
 std::string FileLines::Folded() const {
   std::string folded(Text());
-  if (bytes_.ends_with('\n')) folded += '\n';
+  if (bytes.ends_with('\n')) folded += '\n';
   return folded;
 }
 

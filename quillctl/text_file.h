@@ -32,21 +32,21 @@ std::string WithoutFolder(const std::string& path);
 // Walks through a text line by line.
 class FileLines {
  public:
-  explicit FileLines(std::string_view text) : rest_(text) {}
+  explicit FileLines(std::string_view text) : rest(text) {}
 
   // Goes to the next line. False behind the last one.
   bool Next();
 
-  std::size_t Number() const { return number_; }     // from 1
-  std::string_view Bytes() const { return bytes_; }  // its end included
-  bool IsBlank() const;                              // nothing but white space
-  std::string_view Text() const;                     // without LF or CR LF
-  std::string Folded() const;                        // with LF for CR LF, as the converters read it
+  std::size_t Number() const { return number; }     // from 1
+  std::string_view Bytes() const { return bytes; }  // its end included
+  bool IsBlank() const;                             // nothing but white space
+  std::string_view Text() const;                    // without LF or CR LF
+  std::string Folded() const;                       // with LF for CR LF, as the converters read it
 
  private:
-  std::string_view rest_;
-  std::string_view bytes_;
-  std::size_t number_ = 0;
+  std::string_view rest;
+  std::string_view bytes;
+  std::size_t number = 0;
 };
 
 }  // namespace quillctl

@@ -39,15 +39,15 @@ std::string InSmallLetters(std::string text) {
 
 void TextTable::AddRow(Row cells) {
   for (std::string& cell : cells) cell = DisplayedText(cell);
-  rows_.push_back(std::move(cells));
+  rows.push_back(std::move(cells));
 }
 
 void TextTable::Print(std::ostream& out) const {
   Widths widths;
-  Widen(widths, headings_);
-  for (const Row& row : rows_) Widen(widths, row);
-  if (!headings_.empty()) PrintRow(out, widths, headings_);
-  for (const Row& row : rows_) PrintRow(out, widths, row);
+  Widen(widths, headings);
+  for (const Row& row : rows) Widen(widths, row);
+  if (!headings.empty()) PrintRow(out, widths, headings);
+  for (const Row& row : rows) PrintRow(out, widths, row);
 }
 
 }  // namespace quillctl

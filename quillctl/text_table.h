@@ -20,20 +20,20 @@ class TextTable {
  public:
   // Without headings the table begins with its first row.
   TextTable() = default;
-  explicit TextTable(Row headings) : headings_(std::move(headings)) {}
+  explicit TextTable(Row newHeadings) : headings(std::move(newHeadings)) {}
 
   // Cells are texts of the appliance, made fit for the terminal here.
   void AddRow(Row cells);
 
   // Whether it has no row but its headings.
-  bool IsEmpty() const { return rows_.empty(); }
+  bool IsEmpty() const { return rows.empty(); }
 
   // Lines end at their last character that is no blank.
   void Print(std::ostream& out) const;
 
  private:
-  Row headings_;
-  std::vector<Row> rows_;
+  Row headings;
+  std::vector<Row> rows;
 };
 
 }  // namespace quillctl

@@ -238,7 +238,7 @@ TEST(ImportPlan, SendsTheRowsThatArriveWholeAndTellsOfTheOthers) {
     request.file = folder.Write("rows", each.text);
     const ImportPlan plan(request, each.isAdmin);
     std::vector<std::string> faults;
-    for (const ImportRow& row : plan.rows().rows) {
+    for (const ImportRow& row : plan.Rows().rows) {
       if (!row.fault.empty()) faults.push_back(std::to_string(row.line) + ": " + row.fault);
     }
     EXPECT_EQ(faults, each.faults) << each.text;
@@ -252,14 +252,14 @@ TEST(RejectedRows, StandInTheirFileAsTheyStoodInTheOther) {
       folder.Write("rows", "Name,Mail\r\nAnn\r\n\nBob,box2\n" + Bytes("C\0\n") + "Di,\"box4");
   const ImportPlan plan({file, "csv", "", "name=Name,address=Mail"}, true);
   const std::string rejects = folder.Write("rejects", "old");
-  WriteRejectedRows(rejects, file, plan.rows());
+  WriteRejectedRows(rejects, file, plan.Rows());
   EXPECT_EQ(ReadBytes(rejects), "Name,Mail\r\nAnn\r\n" + Bytes("C\0\n") + "Di,\"box4");
   EXPECT_THAT(folder.Names(), ElementsAre("rejects", "rows"));
 
   const std::string marked = folder.Write("rows",
                                           "Ann,box1\n\xEF\xBB\xBF"
                                           "Bob\n");
-  WriteRejectedRows(rejects, marked, ImportPlan({marked, "csv", "", "0,1"}, true).rows());
+  WriteRejectedRows(rejects, marked, ImportPlan({marked, "csv", "", "0,1"}, true).Rows());
   EXPECT_EQ(ReadBytes(rejects),
             "\xEF\xBB\xBF\xEF\xBB\xBF"
             "Bob\n")
@@ -267,16 +267,16 @@ TEST(RejectedRows, StandInTheirFileAsTheyStoodInTheOther) {
 
   const std::string parted =
       folder.Write("rows", "dn: 1\ncn: A\ndn: 2\ncn: B\nmail: box2\n\nmail: box3\n");
-  WriteRejectedRows(rejects, parted, ImportPlan({parted, "directory"}, true).rows());
+  WriteRejectedRows(rejects, parted, ImportPlan({parted, "directory"}, true).Rows());
   EXPECT_EQ(ReadBytes(rejects), "dn: 1\ncn: A\n\nmail: box3\n") << "it is not the first one's";
 
-  EXPECT_THROW(WriteRejectedRows(folder.PathOf("./rows"), file, plan.rows()), UsageError);
-  EXPECT_THROW(WriteRejectedRows(folder.Path().string(), file, plan.rows()), UsageError);
-  EXPECT_THROW(WriteRejectedRows(folder.PathOf("none/x"), file, plan.rows()), Refusal);
+  EXPECT_THROW(WriteRejectedRows(folder.PathOf("./rows"), file, plan.Rows()), UsageError);
+  EXPECT_THROW(WriteRejectedRows(folder.Path().string(), file, plan.Rows()), UsageError);
+  EXPECT_THROW(WriteRejectedRows(folder.PathOf("none/x"), file, plan.Rows()), Refusal);
   std::error_code noLinks;
   std::filesystem::create_symlink("nowhere", folder.PathOf("link"), noLinks);
   if (!noLinks) {
-    EXPECT_THROW(WriteRejectedRows(folder.PathOf("link"), file, plan.rows()), Refusal);
+    EXPECT_THROW(WriteRejectedRows(folder.PathOf("link"), file, plan.Rows()), Refusal);
   }
 }
 
