@@ -24,13 +24,13 @@ class TemporaryFile {
   TemporaryFile& operator=(const TemporaryFile&) = delete;
   ~TemporaryFile();
 
-  const std::string& path() const { return created_.path; }
+  const std::string& path() const { return created.path; }
 
   // The open file of an empty one. Called once.
-  quillkit::OpenFile TakeFile() { return std::move(created_.file); }
+  quillkit::OpenFile TakeFile() { return std::move(created.file); }
 
  private:
-  quillkit::CreatedFile created_;
+  quillkit::CreatedFile created;
 };
 
 }  // namespace quillctl
