@@ -23,9 +23,9 @@
 
 #include "appliance/book_access.h"
 #include "base/root_object.h"
+#include "books/public_list_book.h"
 #include "bridge/records.h"
 #include "lists/pub_email_dl.h"
-#include "lists/public_list_book.h"
 
 namespace quillkit {
 

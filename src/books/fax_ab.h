@@ -20,9 +20,9 @@
 #include "appliance/book_access.h"
 #include "base/root_object.h"
 #include "books/fax_entry_list.h"
+#include "books/public_list_book.h"
 #include "bridge/records.h"
 #include "lists/pub_fax_dl.h"
-#include "lists/public_list_book.h"
 
 namespace quillkit {
 

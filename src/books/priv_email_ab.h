@@ -22,10 +22,10 @@
 
 #include "appliance/book_access.h"
 #include "base/root_object.h"
+#include "books/list_set.h"
+#include "books/priv_entry_page.h"
 #include "bridge/records.h"
-#include "lists/list_set.h"
 #include "lists/priv_email_dl.h"
-#include "views/priv_entry_page.h"
 
 namespace quillkit {
 

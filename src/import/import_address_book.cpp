@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "appliance/scanner.h"
+#include "books/connected_user.h"
 #include "books/user_record.h"
-#include "import/connected_user.h"
 #include "import/conversion.h"
 #include "import/convert_file.h"
 #include "platform/files.h"

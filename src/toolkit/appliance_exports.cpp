@@ -1,9 +1,9 @@
 // What the appliance is, and who is logged in to it.
 
 #include "appliance/scanner.h"
+#include "books/connected_user.h"
 #include "books/user_record.h"
 #include "bridge/the_agent.h"
-#include "import/connected_user.h"
 #include "softkeys/top_level_ab.h"
 #include "toolkit/call_frame.h"
 #include "toolkit/quillkit.h"

@@ -3,10 +3,10 @@
 #include <vector>
 
 #include "appliance/scanner.h"
+#include "books/connected_user.h"
 #include "bridge/address_entries.h"
 #include "bridge/the_agent.h"
 #include "bridge/user_entry.h"
-#include "import/connected_user.h"
 #include "simulator/simulator.h"
 #include "tests/support/appliance_fixture.h"
 #include "tests/support/scratch_folder.h"

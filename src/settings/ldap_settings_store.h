@@ -9,8 +9,8 @@
 // Reads that fail give what each of them says. A failed change shows the one message "Cannot access
 // the Windows Registry.", whatever the reason. Nothing here needs a server. Call from one thread.
 
-#ifndef QUILLKIT_IMPORT_LDAP_SETTINGS_STORE_H_
-#define QUILLKIT_IMPORT_LDAP_SETTINGS_STORE_H_
+#ifndef QUILLKIT_SETTINGS_LDAP_SETTINGS_STORE_H_
+#define QUILLKIT_SETTINGS_LDAP_SETTINGS_STORE_H_
 
 #include <cstdint>
 #include <string>
@@ -53,4 +53,4 @@ int ShowResourceMessage(unsigned resource);
 
 }  // namespace quillkit
 
-#endif  // QUILLKIT_IMPORT_LDAP_SETTINGS_STORE_H_
+#endif  // QUILLKIT_SETTINGS_LDAP_SETTINGS_STORE_H_

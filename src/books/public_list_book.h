@@ -10,8 +10,8 @@
 //   EnumerateLists(rows, count)  their names
 //   Agent()                      the agent of the long time-out; it may be null
 
-#ifndef QUILLKIT_LISTS_PUBLIC_LIST_BOOK_H_
-#define QUILLKIT_LISTS_PUBLIC_LIST_BOOK_H_
+#ifndef QUILLKIT_BOOKS_PUBLIC_LIST_BOOK_H_
+#define QUILLKIT_BOOKS_PUBLIC_LIST_BOOK_H_
 
 #include <cstdint>
 #include <memory>
@@ -20,10 +20,10 @@
 #include <utility>
 #include <vector>
 
+#include "books/list_set.h"
 #include "bridge/long_timeout.h"
 #include "bridge/records.h"
 #include "bridge/the_agent.h"
-#include "lists/list_set.h"
 
 namespace quillkit {
 
@@ -146,4 +146,4 @@ std::unique_ptr<List> PublicListBook<Book, List>::Copy(const List& source,
 
 }  // namespace quillkit
 
-#endif  // QUILLKIT_LISTS_PUBLIC_LIST_BOOK_H_
+#endif  // QUILLKIT_BOOKS_PUBLIC_LIST_BOOK_H_

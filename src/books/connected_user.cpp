@@ -1,4 +1,4 @@
-#include "import/connected_user.h"
+#include "books/connected_user.h"
 
 #include <algorithm>
 #include <string_view>

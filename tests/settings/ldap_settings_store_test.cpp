@@ -1,6 +1,6 @@
 // The settings of directory servers.
 
-#include "import/ldap_settings_store.h"
+#include "settings/ldap_settings_store.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -4,8 +4,8 @@
 // the whole list anew; a local one patches it. Before Attach has set a book, every change but
 // SendAll makes no call and fails: -1, or 0 for ModifyLocal and ModifyLocalByKey.
 
-#ifndef QUILLKIT_VIEWS_PRIV_ENTRY_PAGE_H_
-#define QUILLKIT_VIEWS_PRIV_ENTRY_PAGE_H_
+#ifndef QUILLKIT_BOOKS_PRIV_ENTRY_PAGE_H_
+#define QUILLKIT_BOOKS_PRIV_ENTRY_PAGE_H_
 
 #include <cstdint>
 #include <string>
@@ -81,4 +81,4 @@ class CPrivEntryPage : public CEntryPage {
 
 }  // namespace quillkit
 
-#endif  // QUILLKIT_VIEWS_PRIV_ENTRY_PAGE_H_
+#endif  // QUILLKIT_BOOKS_PRIV_ENTRY_PAGE_H_

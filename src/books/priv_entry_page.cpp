@@ -1,4 +1,4 @@
-#include "views/priv_entry_page.h"
+#include "books/priv_entry_page.h"
 
 #include "appliance/scanner.h"
 #include "base/archive.h"

@@ -1,4 +1,4 @@
-#include "import/ldap_settings_store.h"
+#include "settings/ldap_settings_store.h"
 
 #include <array>
 

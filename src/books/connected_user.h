@@ -1,7 +1,7 @@
 // Who is connected, asked through a scanner.
 
-#ifndef QUILLKIT_IMPORT_CONNECTED_USER_H_
-#define QUILLKIT_IMPORT_CONNECTED_USER_H_
+#ifndef QUILLKIT_BOOKS_CONNECTED_USER_H_
+#define QUILLKIT_BOOKS_CONNECTED_USER_H_
 
 #include <cstddef>
 
@@ -23,4 +23,4 @@ int GetConnectedUserName(const CScanner* scanner, char* buffer, std::size_t size
 
 }  // namespace quillkit
 
-#endif  // QUILLKIT_IMPORT_CONNECTED_USER_H_
+#endif  // QUILLKIT_BOOKS_CONNECTED_USER_H_

@@ -1,8 +1,8 @@
 // The distribution lists that a book holds: an ordered run of list objects that it owns, and the
 // search in it by name. Nothing here speaks to the server.
 
-#ifndef QUILLKIT_LISTS_LIST_SET_H_
-#define QUILLKIT_LISTS_LIST_SET_H_
+#ifndef QUILLKIT_BOOKS_LIST_SET_H_
+#define QUILLKIT_BOOKS_LIST_SET_H_
 
 #include <algorithm>
 #include <cstdint>
@@ -181,4 +181,4 @@ bool ListSet<List>::Erase(Position position) {
 
 }  // namespace quillkit
 
-#endif  // QUILLKIT_LISTS_LIST_SET_H_
+#endif  // QUILLKIT_BOOKS_LIST_SET_H_
