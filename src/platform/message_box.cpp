@@ -15,6 +15,10 @@ int ShowMessageBox(const char* text) {
   return redirected != nullptr ? redirected(text) : ShowSystemMessageBox(text);
 }
 
+int ShowResourceMessage(unsigned id) {
+  return ShowMessageBox(LoadResourceText(id).c_str());
+}
+
 MessageBoxHandler SetMessageBoxHandler(MessageBoxHandler handler) {
   return std::exchange(redirected, handler);
 }

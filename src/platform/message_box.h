@@ -27,6 +27,9 @@ inline constexpr unsigned kSettingsFailedText = 105;
 // has two backslashes at each joint.
 std::string LoadResourceText(unsigned id);
 
+// Shows the text of a string resource with ShowMessageBox. Returns its result.
+int ShowResourceMessage(unsigned id);
+
 }  // namespace quillkit
 
 #endif  // QUILLKIT_PLATFORM_MESSAGE_BOX_H_

@@ -85,8 +85,4 @@ int ReportRegistryError(SettingsStatus /*status*/, unsigned resource, const char
   return ShowResourceMessage(resource);
 }
 
-int ShowResourceMessage(unsigned resource) {
-  return ShowMessageBox(LoadResourceText(resource).c_str());
-}
-
 }  // namespace quillkit

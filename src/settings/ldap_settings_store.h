@@ -48,9 +48,6 @@ int DeleteLdapProfile(const char* profile);
 // Shows the resource's text and gives the box's result. The status and the label are not shown.
 int ReportRegistryError(SettingsStatus status, unsigned resource, const char* label);
 
-// Shows a resource's text in a message box and gives its result.
-int ShowResourceMessage(unsigned resource);
-
 }  // namespace quillkit
 
 #endif  // QUILLKIT_SETTINGS_LDAP_SETTINGS_STORE_H_

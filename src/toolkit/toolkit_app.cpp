@@ -8,7 +8,7 @@ namespace quillkit {
 namespace {
 
 bool ReportFailure(unsigned resource) {
-  ShowMessageBox(LoadResourceText(resource).c_str());
+  ShowResourceMessage(resource);
   return false;
 }
 
