@@ -1,7 +1,6 @@
 #include "bridge/printer_records.h"
 
 #include "base/archive.h"
-#include "books/printer_ab.h"
 
 namespace quillkit {
 
@@ -21,15 +20,13 @@ void PrinterModelRecord::Serialize(Archive& archive) {
   archive.Exchange(modelWord2);
 }
 
-int PrinterRecord::SetAll(const CPrinterAB* newOwner, std::string_view newName,
-                          std::string_view newDescription, std::string_view newModel,
-                          std::int32_t newDefault) {
+int PrinterRecord::SetAll(std::nullptr_t, std::string_view newName, std::string_view newDescription,
+                          std::string_view newModel, std::int32_t newDefault) {
   SetPrinterName(newName);
   SetDescription(newDescription);
   SetPrinterModel(newModel);
   isDefault = newDefault;
   owner = modelLink = 0;
-  if (newOwner != nullptr) newOwner->Bind(this);
   return 1;
 }
 

@@ -13,10 +13,9 @@
 namespace quillkit {
 
 class Archive;
-class CPrinterAB;
 
-// Text setters store the text and give 1, or refuse one that is too long for its field with 0 and
-// no change.
+// Text setters store the text and return 1; or return 0 and change nothing if it is too long for
+// its field.
 
 struct PrinterModelRecord {
   FixedText<32> modelName;  // the entry's key
@@ -27,13 +26,13 @@ struct PrinterModelRecord {
   int SetModelName(std::string_view text) { return modelName.Set(text); }
   int SetModelText(std::string_view text) { return modelText.Set(text); }
 
-  // Whether all texts end inside their fields.
+  // Returns whether all texts end inside their fields.
   bool IsValid() const;
 
-  // Ends the texts inside their fields: for records that a server filled in.
+  // Terminates the texts inside their fields: for records that a server filled in.
   void Terminate();
 
-  // modelName, modelText, the two words. Loading cuts a text where its field ends.
+  // modelName, modelText, the two words. Loading cuts a text at the end of its field.
   void Serialize(Archive& archive);
 };
 
@@ -42,9 +41,8 @@ struct PrinterRecord {
   FixedText<256> description;
   FixedText<32> printerModel;  // the modelName of its model
   std::int32_t isDefault = 0;  // 1: this is the default printer
-  // Local fields, four bytes wide on every platform: numbers that CPrinterAB gives out and
-  // resolves, 0 for none. They travel to the server as they are, and what comes back in them means
-  // nothing.
+  // Local fields, four bytes wide on every platform: numbers that the owning book assigns and
+  // resolves, 0 for none. They are sent to the server; values from the server are ignored.
   std::uint32_t modelLink = 0;
   std::uint32_t owner = 0;
 
@@ -52,16 +50,23 @@ struct PrinterRecord {
   int SetDescription(std::string_view text) { return description.Set(text); }
   int SetPrinterModel(std::string_view text) { return printerModel.Set(text); }
 
-  // Stores each text that fits, leaving the others as they were, and `newDefault`, and binds the
-  // record to `newOwner` (CPrinterAB::Bind); null gives it no owner and no model. Always 1.
-  int SetAll(const CPrinterAB* newOwner, std::string_view newName, std::string_view newDescription,
+  // Stores each text that fits, and `newDefault`. Then binds the record to `newOwner` with
+  // CPrinterAB::Bind; a null owner leaves it without owner and model. Returns 1.
+  template <class Owner>
+  int SetAll(const Owner* newOwner, std::string_view newName, std::string_view newDescription,
+             std::string_view newModel, std::int32_t newDefault) {
+    SetAll(nullptr, newName, newDescription, newModel, newDefault);
+    if (newOwner != nullptr) newOwner->Bind(this);
+    return 1;
+  }
+  int SetAll(std::nullptr_t, std::string_view newName, std::string_view newDescription,
              std::string_view newModel, std::int32_t newDefault);
 
   bool IsValid() const;
   void Terminate();
 
-  // printerName, printerModel, description, isDefault. Loading cuts a text where its field ends,
-  // and leaves the local fields as they are.
+  // printerName, printerModel, description, isDefault. Loading cuts a text at the end of its field,
+  // and keeps the local fields.
   void Serialize(Archive& archive);
 };
 
