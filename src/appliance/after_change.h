@@ -16,6 +16,13 @@ Status AfterChange(Status changed, std::int32_t reload, Load load) {
   return changed == kNoError && reload != 0 ? load() : changed;
 }
 
+// The same, but the result of `load` is ignored. Returns the status of the change.
+template <class Load>
+Status LoadAfterChange(Status changed, std::int32_t reload, Load load) {
+  if (changed == kNoError && reload != 0) load();
+  return changed;
+}
+
 }  // namespace quillkit
 
 #endif  // QUILLKIT_APPLIANCE_AFTER_CHANGE_H_

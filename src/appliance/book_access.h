@@ -54,6 +54,8 @@ class BookAccess {
   BookAccess(const BookAccess&) = default;
   BookAccess& operator=(const BookAccess&) = delete;  // a book's kind is not assignable
 
+  CAgent* Agent() const { return agent_; }
+
   // IMSPReadAB: up to `*count` records of the range into `records`; `*count` becomes the number
   // delivered. -1 also for a null buffer or a count of 0.
   Status Read(KeyRange* range, Entry* records, std::uint32_t* count, std::int32_t direction) {

@@ -26,8 +26,9 @@ Status CScanner::ClearPrintersBook() {
 // Unlike a batch, a clear puts the time-out back also when it failed.
 Status CScanner::Clear(BookKind kind, std::string_view bookName) {
   if (!IsBound()) return kNoError;
-  return RunLongAndRestore(agent,
-                           [&] { return BookAccess<EntryKey>(agent, kind, bookName).ClearBook(); });
+  return LongTimeout(agent, LongTimeout::Unit::kSeconds).RunAlways([&] {
+    return BookAccess<EntryKey>(agent, kind, bookName).ClearBook();
+  });
 }
 
 Status CScanner::SizeofEmail(std::uint32_t* count) const {

@@ -1,10 +1,9 @@
 #include "books/email_ab.h"
 
 #include <algorithm>
-#include <string>
 
-#include "appliance/scanner.h"
 #include "base/archive.h"
+#include "bridge/long_timeout.h"
 #include "views/full_entry_view.h"
 #include "views/letter_entry_view.h"
 #include "views/sliding_entry_view.h"
@@ -16,6 +15,7 @@ constexpr std::int32_t kPageSize = 16;
 constexpr std::int32_t kHandlePageSize = 1;
 constexpr std::int32_t kSlidingMode = 0;
 constexpr std::int32_t kLetterMode = 1;
+constexpr std::int32_t kEditableMode = 2;
 constexpr std::int32_t kLoadAll = 0;
 constexpr std::int32_t kLoadLists = 1;
 constexpr std::int32_t kLoadView = 2;
@@ -26,15 +26,38 @@ std::unique_ptr<CEntryView> MakeView(std::int32_t mode, std::int32_t pageSize) {
   return std::make_unique<CFullEntryView>();
 }
 
+// Stands in for an absent view. It has no entries, and refuses changes.
+class NoView : public CEntryView {
+ public:
+  NoView() : CEntryView(0) {}
+
+  Status Remove(CEmailEntry* /*entry*/, std::int32_t /*flag*/) override { return kRefused; }
+  Status Modify(CEmailEntry* /*entry*/, std::int32_t /*flag*/) override { return kRefused; }
+  Status ModifyByKey(std::string_view /*key*/, CEmailEntry* /*entry*/,
+                     std::int32_t /*flag*/) override {
+    return kRefused;
+  }
+  std::int32_t AddLocal(CEmailEntry* /*entry*/) override { return -1; }
+  std::int32_t RemoveLocal(CEmailEntry* /*entry*/) override { return -1; }
+  std::int32_t ModifyLocal(CEmailEntry* /*entry*/) override { return 0; }
+  std::int32_t ModifyLocalByKey(std::string_view /*key*/, CEmailEntry* /*entry*/) override {
+    return 0;
+  }
+};
+
+CEntryView& AbsentView() {
+  static NoView none;
+  return none;
+}
+
 }  // namespace
 
+template class ServerList<CEmailEntry, CEmailAB, BookKind::kPublicList>;
+template class PublicList<CEmailEntry, CEmailAB, BookKind::kPublicList>;
 template class PublicListBook<CEmailAB, CPubEmailDL>;
 
 const ClassRecord CEmailAB::kClass = {"CEmailAB", sizeof(CEmailAB), 1, CreateObject<CEmailAB>,
                                       nullptr};
-
-CEmailAB::CEmailAB() = default;
-CEmailAB::~CEmailAB() = default;
 
 void CEmailAB::Serialize(Archive& archive) {
   SerializeLists(archive);
@@ -57,40 +80,24 @@ int CEmailAB::Attach(CScanner* newScanner, std::int32_t newViewMode, std::int32_
   return loadMode == kLoadView ? 1 : 0;
 }
 
-// Replaces the view by a new one of the book's mode: what its AttachBook gives.
+// Replaces the view by a new one of the book's mode. Returns the result of its AttachBook.
 int CEmailAB::OpenView(std::int32_t pageSize) {
   view = MakeView(viewMode, pageSize);
   return view->AttachBook(this);
 }
 
-std::int32_t CEmailAB::GetPageSize() const {
-  return view != nullptr ? view->GetPageSize() : 0;
+CEntryView& CEmailAB::ViewOrNone() const {
+  return view != nullptr ? *view : AbsentView();
+}
+
+CEntryView& CEmailAB::EditableView() const {
+  return viewMode == kEditableMode ? ViewOrNone() : AbsentView();
 }
 
 std::int32_t CEmailAB::SetPageSize(std::int32_t size) {
   if (viewMode != kSlidingMode || size <= 0) return -1;
   if (view == nullptr && OpenView(kPageSize) != 1) return -1;
   return view->SetPageSize(size);
-}
-
-CAgent* CEmailAB::Agent() const {
-  return scanner != nullptr ? scanner->RawAgent() : nullptr;
-}
-
-Status CEmailAB::EntryCount(std::uint32_t* count) const {
-  return scanner != nullptr ? scanner->SizeofEmail(count) : kRefused;
-}
-
-Status CEmailAB::ServerListSize(std::string_view list, std::uint32_t* count) const {
-  return scanner != nullptr ? scanner->SizeofPublicList(std::string(list), count) : kRefused;
-}
-
-Status CEmailAB::ServerListCount(std::uint32_t* count) const {
-  return scanner != nullptr ? scanner->CountPublicLists(count) : kRefused;
-}
-
-Status CEmailAB::EnumerateLists(ABIdent* rows, std::uint32_t* count) const {
-  return scanner != nullptr ? scanner->ListPublicLists(rows, count) : kRefused;
 }
 
 Status CEmailAB::ClearBook() {
@@ -101,29 +108,15 @@ Status CEmailAB::ClearBook() {
 }
 
 Status CEmailAB::DeleteBook() {
-  LongTimeout timeout(Agent());
-  Status status = timeout.Raise();
-  if (status != kNoError) return status;
-  status = Entries().DeleteBook();
-  timeout.Restore();
-  view.reset();
-  FreeLists();
-  return status;
-}
-
-Status CEmailAB::SetServerTimeout(std::uint32_t seconds, std::uint32_t* old) const {
-  return scanner != nullptr ? scanner->SetServerTimeout(seconds, old) : kRefused;
-}
-
-Status CEmailAB::ReadBoundaries(PageBoundary* table, std::uint32_t* count) const {
-  if (scanner != nullptr) return scanner->ReadPageBoundaries(table, count);
-  if (table == nullptr || !OffersRoom(count)) return kRefused;
-  ABIdent book(BookKind::kEmail, kEmailBook);
-  return TheAgent.IMSPReadPageBoundaries(&book, table, count);
-}
-
-Status CEmailAB::ServerCall(IOCtlRecord* request) const {
-  return scanner != nullptr ? scanner->ServerCall(request) : kRefused;
+  LongTimeout timeout(Agent(), LongTimeout::Unit::kMilliseconds);
+  return timeout
+      .RunAndRestore([this] {
+        const Status status = Entries().DeleteBook();
+        view.reset();
+        FreeLists();
+        return status;
+      })
+      .work;
 }
 
 int CEmailAB::CopyList(const CPubEmailDL& list, std::string_view newName, std::int32_t reload) {
@@ -139,25 +132,11 @@ std::int32_t CEmailAB::CopyListLocal(const CPubEmailDL& list, std::string_view n
   return count;
 }
 
-Status CEmailAB::AddEntry(CEmailEntry* entry) const {
-  std::uint32_t count = 0;
-  if (EntryCount(&count) == kNoError && count >= std::uint32_t{MaxEmailEntries}) return kBookFull;
-  return Entries().Create(entry);
-}
-
 Status CEmailAB::CreateMemberAddress(std::string_view list, std::string_view name,
                                      std::string_view address) const {
   CEmailEntry entry;
   if (entry.SetName(name) == 0 || entry.SetAddress(address) == 0) return kRefused;
   return CreateMember(list, &entry);
-}
-
-Status CEmailAB::ReadFirstEntry(CEmailEntry* entry) const {
-  return ReadEdge(entry, false);
-}
-
-Status CEmailAB::ReadLastEntry(CEmailEntry* entry) const {
-  return ReadEdge(entry, true);
 }
 
 Status CEmailAB::ReadEdge(CEmailEntry* entry, bool last) const {
@@ -176,16 +155,6 @@ Status CEmailAB::ReadEdge(CEmailEntry* entry, bool last) const {
   if (count == 0) return kDataNotFound;
   *entry = read;
   return kNoError;
-}
-
-BookAccess<CEmailEntry> CEmailAB::Entries() const {
-  return scanner != nullptr ? scanner->EmailEntries()
-                            : BookAccess<CEmailEntry>(nullptr, BookKind::kEmail, kEmailBook);
-}
-
-BookAccess<CEmailEntry> CEmailAB::MembersOf(std::string_view list) const {
-  return scanner != nullptr ? scanner->PublicList(list)
-                            : BookAccess<CEmailEntry>(nullptr, BookKind::kPublicList, list);
 }
 
 }  // namespace quillkit

@@ -1,9 +1,9 @@
-// A second handle on an e-mail book, for a caller that wants a browsing position of its own: a book
-// of the same appliance and view mode.
+// A second handle on an e-mail book, for a caller that needs its own browsing position: it owns a
+// book of the same appliance and view mode.
 //
-// The load mode says which half it has: 0 both, 2 the entries, 1 the lists. The other half, and a
-// handle that is not attached, answers null or -1, and the list walks 0 as always; it makes no
-// call.
+// The load mode selects which half it has: 0 both, 1 the lists, 2 the entries. The operations of
+// the other half, and all of a handle that is not attached, return null or -1, or 0 for
+// FindFirstList and FindNextList, and make no call.
 
 #ifndef QUILLKIT_BOOKS_EMAIL_AB_HANDLE_H_
 #define QUILLKIT_BOOKS_EMAIL_AB_HANDLE_H_
@@ -12,56 +12,58 @@
 #include <memory>
 #include <string_view>
 
-#include "bridge/records.h"
+#include "books/email_ab.h"
 
 namespace quillkit {
 
-class CEmailAB;
-class CPubEmailDL;
-
 class CEmailABHandle {
  public:
-  CEmailABHandle();
-  ~CEmailABHandle();  // deletes the book
+  CEmailABHandle() = default;
+  ~CEmailABHandle() = default;  // deletes the book
   CEmailABHandle(const CEmailABHandle&) = delete;
   CEmailABHandle& operator=(const CEmailABHandle&) = delete;
 
-  // Replaces the book by a new one, opened by the three-argument CEmailAB::Attach with the scanner
-  // and view mode of `source`: its result. The scanner must outlive the handle; `source` need not.
-  // 0 and no change for a null source.
+  // Replaces the book by a new one, with the scanner and view mode of `source`. Returns the result
+  // of the three-argument CEmailAB::Attach; or 0 and no change for a null source. The scanner must
+  // outlive the handle; `source` need not.
   int Attach(const CEmailAB* source, std::int32_t loadMode);
 
   std::int32_t Mode() const { return mode; }
 
-  // Null before Attach. The handle owns it.
+  // Returns null before Attach. The handle owns the book.
   CEmailAB* Book() const { return book.get(); }
 
   // --- Entries: as CEmailAB ---
 
-  CEmailEntry* First();
-  CEmailEntry* Last();
-  CEmailEntry* Next();
-  CEmailEntry* Prev();
-  CEmailEntry* GetAt(std::int32_t index);
-  CEmailEntry* Find(std::string_view key, std::int32_t flag);
-  CEmailEntry* FindLetter(char letter);
-  CEmailEntry* FindNext(std::int32_t exact);
-  CEmailEntry* FindPrev(std::int32_t exact);
-  CEmailEntry* FindPrefix(std::string_view key);
-  CEmailEntry* FindNextPrefix();
-  Status EntryCount(std::uint32_t* count) const;
+  CEmailEntry* First() { return EntryBook().First(); }
+  CEmailEntry* Last() { return EntryBook().Last(); }
+  CEmailEntry* Next() { return EntryBook().Next(); }
+  CEmailEntry* Prev() { return EntryBook().Prev(); }
+  CEmailEntry* GetAt(std::int32_t index) { return EntryBook().GetAt(index); }
+  CEmailEntry* Find(std::string_view key, std::int32_t flag) { return EntryBook().Find(key, flag); }
+  CEmailEntry* FindLetter(char letter) { return EntryBook().FindLetter(letter); }
+  CEmailEntry* FindNext(std::int32_t exact) { return EntryBook().FindNext(exact); }
+  CEmailEntry* FindPrev(std::int32_t exact) { return EntryBook().FindPrev(exact); }
+  CEmailEntry* FindPrefix(std::string_view key) { return EntryBook().FindPrefix(key); }
+  CEmailEntry* FindNextPrefix() { return EntryBook().FindNextPrefix(); }
+  Status EntryCount(std::uint32_t* count) const { return EntryBook().EntryCount(count); }
 
-  // --- Lists: as CEmailAB. What a walk found is its Book()'s FoundList(). ---
+  // --- Lists: as CEmailAB. The hit of a search is Book()->FoundList(). ---
 
-  Status ServerListCount(std::uint32_t* count) const;
-  Status ServerListSize(std::string_view list, std::uint32_t* count) const;
-  CPubEmailDL* FindList(std::string_view name) const;
-  int FindFirstList(std::string_view pattern, std::int32_t exact);
-  int FindNextList(std::int32_t exact);
+  Status ServerListCount(std::uint32_t* count) const { return ListBook().ServerListCount(count); }
+  Status ServerListSize(std::string_view list, std::uint32_t* count) const {
+    return ListBook().ServerListSize(list, count);
+  }
+  CPubEmailDL* FindList(std::string_view name) const { return ListBook().FindList(name); }
+  int FindFirstList(std::string_view pattern, std::int32_t exact) {
+    return ListBook().FindFirstList(pattern, exact);
+  }
+  int FindNextList(std::int32_t exact) { return ListBook().FindNextList(exact); }
 
  private:
-  CEmailAB* EntryBook() const;
-  CEmailAB* ListBook() const;
+  // Return the book if the handle has this half, otherwise one that was never attached.
+  CEmailAB& EntryBook() const;
+  CEmailAB& ListBook() const;
 
   std::int32_t mode = 0;
   std::unique_ptr<CEmailAB> book;

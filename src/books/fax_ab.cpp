@@ -1,10 +1,11 @@
 #include "books/fax_ab.h"
 
-#include "appliance/scanner.h"
-#include "bridge/the_agent.h"
+#include "appliance/after_change.h"
 
 namespace quillkit {
 
+template class ServerList<CFaxEntry, CFaxAB, BookKind::kFaxList>;
+template class PublicList<CFaxEntry, CFaxAB, BookKind::kFaxList>;
 template class PublicListBook<CFaxAB, CPubFaxDL>;
 
 const ClassRecord CFaxAB::kClass = {"CFaxAB", sizeof(CFaxAB), 1, CreateObject<CFaxAB>, nullptr};
@@ -28,10 +29,6 @@ int CFaxAB::LoadEntries() {
   if (count == 0 || status == kDataNotFound) entries.Clear();
   entries.Shrink(static_cast<std::int32_t>(count), 1);
   return status == kNoError || status == kDataNotFound ? 1 : 0;
-}
-
-Status CFaxAB::SizeofBook(std::uint32_t* count) const {
-  return scanner != nullptr ? scanner->SizeofFax(count) : kRefused;
 }
 
 Status CFaxAB::ClearBook() {
@@ -62,10 +59,9 @@ int CFaxAB::DeleteEntry(CFaxEntry* entry, std::int32_t reload) {
   return Finish(ServerEntries().Delete(*entry), reload);
 }
 
-// What a plain change ends in.
 int CFaxAB::Finish(Status changed, std::int32_t reload) {
-  if (changed != kNoError) return 0;
-  return reload != 0 ? LoadEntries() : 1;
+  const auto load = [this] { return LoadEntries() != 0 ? kNoError : kRefused; };
+  return AfterChange(changed, reload, load) == kNoError ? 1 : 0;
 }
 
 std::int32_t CFaxAB::FastAddEntry(CFaxEntry* entry) {
@@ -102,8 +98,7 @@ std::int32_t CFaxAB::FastDeleteEntry(CFaxEntry* entry) {
 }
 
 int CFaxAB::RemoveEntryAt(std::int32_t index, std::int32_t reload) {
-  if (entries.RemoveAt(index) == 0) return 0;
-  return reload != 0 ? LoadEntries() : 1;
+  return entries.RemoveAt(index) != 0 ? Finish(kNoError, reload) : 0;
 }
 
 std::int32_t CFaxAB::FindEntryIndex(std::string_view name) {
@@ -120,36 +115,6 @@ int CFaxAB::FastDuplicateList(const CPubFaxDL& source, std::string_view newName)
   if (copy == nullptr || FastAddList(copy.get()) < 0) return 0;
   static_cast<void>(copy.release());
   return 1;
-}
-
-Status CFaxAB::ServerListCount(std::uint32_t* count) const {
-  return scanner != nullptr ? scanner->CountFaxLists(count) : kRefused;
-}
-
-Status CFaxAB::ListEntryCount(std::string_view list, std::uint32_t* count) const {
-  return scanner != nullptr ? scanner->SizeofFaxList(std::string(list), count) : kRefused;
-}
-
-BookAccess<CFaxEntry> CFaxAB::MembersOf(std::string_view list) const {
-  if (scanner != nullptr) return scanner->FaxList(list);
-  return {nullptr, BookKind::kFaxList, list};
-}
-
-Status CFaxAB::EnumerateLists(ABIdent* rows, std::uint32_t* count) const {
-  return scanner != nullptr ? scanner->ListFaxLists(rows, count) : kRefused;
-}
-
-Status CFaxAB::SetServerTimeout(std::uint32_t seconds, std::uint32_t* old) const {
-  return scanner != nullptr ? scanner->SetServerTimeout(seconds, old) : kRefused;
-}
-
-CAgent* CFaxAB::Agent() {
-  return &TheAgent;
-}
-
-BookAccess<CFaxEntry> CFaxAB::ServerEntries() const {
-  if (scanner != nullptr) return scanner->FaxEntries();
-  return {nullptr, BookKind::kFax, kFaxBook};
 }
 
 }  // namespace quillkit

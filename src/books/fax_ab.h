@@ -1,14 +1,17 @@
-// The fax book of one appliance: its entries and its distribution lists, both held whole.
+// The fax book of one appliance: its entries and its distribution lists, both held in memory.
 //
-// Plain operations change the server and, with `reload`, read the entries or the lists anew: 1 or
-// 0, and 0 too when the change stands and the reload failed. Fast ones change the server and then
-// what is held: a count or -1, or 1 or 0, and the failing value too when the server changed what is
-// not held. The server comes first and nothing is undone. Without a scanner every operation that
-// needs the server gives its failing value and makes no call, but for DeleteAllLists, whose
-// time-outs go to TheAgent.
+// Two families change them:
+//   plain  changes the server, then reads the entries or lists again if `reload` is set; returns 1
+//          or 0, and 0 too if the change succeeded and the reload failed
+//   Fast   changes the server, then the memory; returns a count or -1, or 1 or 0, and fails too if
+//          the changed entry is not in memory
+// In both, if the server refuses the change, the memory stays unchanged. Nothing is rolled back.
 //
-// The limits record code 24 with the agent and make no call: 2048 entries held, 512 lists on the
-// server.
+// Without a scanner every operation that needs the server fails and makes no call, except
+// DeleteAllLists, which sets the time-out through TheAgent.
+//
+// Limits: with 2048 entries in memory, or 512 lists on the server, an addition records code 24 with
+// the agent and fails.
 
 #ifndef QUILLKIT_BOOKS_FAX_AB_H_
 #define QUILLKIT_BOOKS_FAX_AB_H_
@@ -17,22 +20,19 @@
 #include <string>
 #include <string_view>
 
-#include "appliance/book_access.h"
+#include "appliance/scanner.h"
 #include "base/root_object.h"
 #include "books/fax_entry_list.h"
 #include "books/public_list_book.h"
-#include "bridge/records.h"
+#include "bridge/the_agent.h"
 #include "lists/pub_fax_dl.h"
 
 namespace quillkit {
 
-class CAgent;
-class CScanner;
-
 // The most lists of the book.
 inline constexpr std::uint32_t MaxFaxLists = MaxPublicLists;
 
-// How many entries are held where an addition is refused.
+// The number of entries in memory at which an addition fails.
 inline constexpr std::int32_t MaxFaxEntries = 2048;
 
 extern template class PublicListBook<CFaxAB, CPubFaxDL>;
@@ -43,30 +43,30 @@ class CFaxAB : public RootObject, public PublicListBook<CFaxAB, CPubFaxDL> {
 
   const ClassRecord* GetRuntimeClass() const override { return &kClass; }
 
-  // The entries as CFaxEntryList, and the lists as objects. Loading replaces both, but for entries
-  // in the place of which the stream has none.
+  // The entries as CFaxEntryList, then the lists as objects. Loading replaces both; it keeps the
+  // entries if the stream has none.
   void Serialize(Archive& archive) override;
 
-  // Stores the scanner, which must outlive the book, and with `load` gives what LoadEntries gives;
-  // else 1. 0 without a scanner.
+  // Stores the scanner, which must outlive the book. Returns the result of LoadEntries if `load` is
+  // set, otherwise 1; 0 for a null scanner.
   int Attach(CScanner* newScanner, std::int32_t load);
 
   // --- The whole book ---
 
-  // Reads the entries: one IMSPReadAB of up to 2048. 1 for the status 0 or 4 (no entries), else 0:
-  // a book that holds more (21) is a failure although 2048 entries are then held, and a failure
-  // that delivers nothing leaves as many blank ones.
+  // Reads up to 2048 entries. Returns 1 if the status is 0 or 4 (no entries), otherwise 0. A book
+  // of more entries (21) returns 0 and leaves 2048 entries. A failure that delivers nothing leaves
+  // 2048 blank entries. Server calls: IMSPReadAB.
   int LoadEntries();
 
-  // IMSPSizeofAB.
-  Status SizeofBook(std::uint32_t* count) const;
+  // Stores the number of entries on the server. Server calls: IMSPSizeofAB.
+  Status SizeofBook(std::uint32_t* count) const { return Scanner().SizeofFax(count); }
 
-  // Empties the book on the server (CScanner::ClearFaxBook, whose status it gives) and reads it
-  // anew.
+  // Empties the book on the server and reads it again. Returns the status of
+  // CScanner::ClearFaxBook, which makes the server calls.
   Status ClearBook();
 
-  // --- Entries: IMSPCreateEntry, IMSPReadEntryProperties, IMSPModifyEntry (twice), IMSPDeleteEntry
-  // ---
+  // --- Entries. Server calls: IMSPCreateEntry, IMSPReadEntryProperties, IMSPModifyEntry (twice),
+  // --- IMSPDeleteEntry.
 
   int AddEntry(CFaxEntry* entry, std::int32_t reload);
   int ReadEntry(CFaxEntry* entry, std::int32_t reload);
@@ -79,7 +79,7 @@ class CFaxAB : public RootObject, public PublicListBook<CFaxAB, CPubFaxDL> {
   int FastRenameEntry(std::string_view oldName, CFaxEntry* entry);
   std::int32_t FastDeleteEntry(CFaxEntry* entry);
 
-  // --- Entries held: as CFaxEntryList ---
+  // --- Entries in memory: as CFaxEntryList ---
 
   std::int32_t EntryCount() const { return entries.Count(); }
   bool IsEmpty() const { return entries.IsEmpty(); }
@@ -88,52 +88,64 @@ class CFaxAB : public RootObject, public PublicListBook<CFaxAB, CPubFaxDL> {
   CFaxEntry* NextEntry() { return entries.NextEntry(); }
   CFaxEntry* PrevEntry() { return entries.PrevEntry(); }
 
-  // Removes an entry here alone: 1, or 0 out of range. With `reload` what LoadEntries gives.
+  // Removes an entry in memory only. Returns 0 for an index out of range; with `reload` the result
+  // of LoadEntries; otherwise 1.
   int RemoveEntryAt(std::int32_t index, std::int32_t reload);
 
-  // -1 also without a scanner.
+  // Returns -1 also without a scanner.
   std::int32_t FindEntryIndex(std::string_view name);
   std::int32_t FindFirstEntry(const std::string& pattern, std::int32_t mode) {
     return entries.FindFirstEntry(pattern, mode);
   }
   std::int32_t FindNextEntry(std::int32_t mode) { return entries.FindNextEntry(mode); }
 
-  // --- Lists: the rest stands in PublicListBook and ListSet ---
+  // --- Lists: more in PublicListBook and ListSet ---
 
-  // Creates the list and its members on the server, whose refusals go unnoticed. The Fast form
-  // takes the object over at the end of the lists held and gives the new count; on -1 it stays the
-  // caller's. REQUIRES: the list is not held here already.
+  // Create the list and its members on the server; a member that the server refuses is not
+  // reported. FastAddList then adds the object at the end of the lists and owns it. It returns the
+  // new count; or -1, and the caller keeps the list.
+  // REQUIRES: the list is not in the book already.
   int AddList(const CPubFaxDL& list, std::int32_t reload) { return Create(list, reload) ? 1 : 0; }
   std::int32_t FastAddList(CPubFaxDL* list) { return Keep(list); }
 
-  // The Fast form gives the count also for a list that was not held.
+  // FastDeleteList returns the count also if there was no such list in memory.
   int DeleteList(std::string_view name, std::int32_t reload) {
     return Delete(name, reload) ? 1 : 0;
   }
   std::int32_t FastDeleteList(std::string_view name) { return Drop(name); }
 
-  // Read the source's members from the server, at most 512, and add those that were delivered under
-  // a new name: 1 or 0. 0, and nothing added, also when the members cannot be read. A list that the
-  // server does not know (4 for its size) is copied as an empty one.
+  // Read the members of `source` from the server, at most 512, and add a list of the new name with
+  // those that were delivered. Return 1 or 0. If the members cannot be read, they add nothing and
+  // return 0. A list that the server does not know (status 4 for its size) is copied as an empty
+  // one.
   int DuplicateList(const CPubFaxDL& source, std::string_view newName, std::int32_t reload);
   int FastDuplicateList(const CPubFaxDL& source, std::string_view newName);
 
-  // IMSPListAB for the number; IMSPSizeofAB of one list.
-  Status ServerListCount(std::uint32_t* count) const;
-  Status ListEntryCount(std::string_view list, std::uint32_t* count) const;
+  // The number of lists, and of the members of one list. Server calls: IMSPListAB; IMSPSizeofAB.
+  Status ServerListCount(std::uint32_t* count) const { return Scanner().CountFaxLists(count); }
+  Status ListEntryCount(std::string_view list, std::uint32_t* count) const {
+    return Scanner().SizeofFaxList(std::string(list), count);
+  }
 
-  // --- What the lists ask of their book ---
+  // The time-out of server calls: as CAgent::SetServerTimeout.
+  Status SetServerTimeout(std::uint32_t seconds, std::uint32_t* old) const {
+    return Scanner().SetServerTimeout(seconds, old);
+  }
 
-  BookAccess<CFaxEntry> MembersOf(std::string_view list) const;
-  Status EnumerateLists(ABIdent* rows, std::uint32_t* count) const;
+  // --- For the lists of the book ---
+
+  BookAccess<CFaxEntry> MembersOf(std::string_view list) const { return Scanner().FaxList(list); }
+  Status EnumerateLists(ABIdent* rows, std::uint32_t* count) const {
+    return Scanner().ListFaxLists(rows, count);
+  }
   Status ServerListSize(std::string_view list, std::uint32_t* count) const {
     return ListEntryCount(list, count);
   }
-  Status SetServerTimeout(std::uint32_t seconds, std::uint32_t* old) const;
-  static CAgent* Agent();
+  static CAgent* Agent() { return &TheAgent; }
 
  private:
-  BookAccess<CFaxEntry> ServerEntries() const;
+  const CScanner& Scanner() const { return ScannerOrUnbound(scanner); }
+  BookAccess<CFaxEntry> ServerEntries() const { return Scanner().FaxEntries(); }
   int Finish(Status changed, std::int32_t reload);
   bool IsFull() const;
 

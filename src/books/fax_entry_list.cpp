@@ -1,7 +1,8 @@
 #include "books/fax_entry_list.h"
 
+#include <algorithm>
+
 #include "base/archive.h"
-#include "base/name_search.h"
 
 namespace quillkit {
 
@@ -27,28 +28,21 @@ CFaxEntry* CFaxEntryList::FirstEntry() {
 
 std::int32_t CFaxEntryList::Lookup(std::string_view pattern, std::int32_t start,
                                    std::int32_t mode) const {
-  if (start < 0) return -1;
-  return FindName(start, Count(), pattern, mode == 1,
-                  [&](std::int32_t i) { return items.At(i)->name.View(); });
+  return start >= 0 ? FindName(start, Count(), pattern, mode == 1, Names()) : -1;
 }
 
 std::int32_t CFaxEntryList::FindEntryIndex(std::string_view name) {
-  findCursor = 0;
   const std::int32_t hit = Lookup(name, 0, 1);
-  if (hit >= 0) findCursor = hit;
+  search.MoveTo(std::max(hit, 0));
   return hit;
 }
 
 std::int32_t CFaxEntryList::FindFirstEntry(const std::string& pattern, std::int32_t mode) {
-  findCursor = Lookup(pattern, 0, mode);
-  if (findCursor >= 0) findPattern = pattern;
-  return findCursor;
+  return search.FindFirst(Count(), pattern, mode == 1, Names());
 }
 
 std::int32_t CFaxEntryList::FindNextEntry(std::int32_t mode) {
-  const std::int32_t hit = Lookup(findPattern, findCursor + 1, mode);
-  if (hit >= 0) findCursor = hit;
-  return hit;
+  return search.FindNext(Count(), mode == 1, Names());
 }
 
 std::int32_t CFaxEntryList::BinaryLookup(std::string_view pattern, std::int32_t low,

@@ -1,8 +1,8 @@
-// The entries of the fax book, held whole in one block inside a CFaxAB: in the server's order,
-// followed by what was appended.
+// The entries of the fax book, in one block inside a CFaxAB: in the server's order, followed by
+// those that were appended.
 //
-// An entry's address is good until the next operation that changes the list. Comparison is of exact
-// bytes, and the lowest index wins.
+// A pointer to an entry is valid until the next operation that changes the list. Searches compare
+// bytes and return the lowest index.
 
 #ifndef QUILLKIT_BOOKS_FAX_ENTRY_LIST_H_
 #define QUILLKIT_BOOKS_FAX_ENTRY_LIST_H_
@@ -12,6 +12,7 @@
 #include <string_view>
 
 #include "base/entry_block.h"
+#include "base/name_search.h"
 #include "bridge/address_entries.h"
 
 namespace quillkit {
@@ -19,7 +20,7 @@ namespace quillkit {
 class Archive;
 class CFaxAB;
 
-// The most entries of a read, and of what Append fills the list to.
+// The capacity of a read, and the limit of Append.
 inline constexpr std::int32_t FaxReadCapacity = 2048;
 
 class CFaxEntryList {
@@ -29,8 +30,8 @@ class CFaxEntryList {
   CFaxEntryList(const CFaxEntryList&) = delete;
   CFaxEntryList& operator=(const CFaxEntryList&) = delete;
 
-  // Stores the owner and allocates `capacity` blank entries, all of which count. Whether there is a
-  // block; 0 and no change for a null owner. Both cursors stay.
+  // Stores the owner and allocates `capacity` blank entries, all of which count. Keeps the position
+  // of walk and search. Returns 1, or 0 without a block; 0 and no change for a null owner.
   int Init(std::int32_t capacity, CFaxAB* newOwner);
 
   CFaxAB* Owner() const { return owner; }
@@ -45,49 +46,51 @@ class CFaxEntryList {
   bool IsEmpty() const { return items.IsEmpty(); }
   CFaxEntry* Data() { return items.data(); }
 
-  // Null for an index out of range.
+  // Returns null for an index out of range.
   CFaxEntry* At(std::int32_t index) { return items.At(index); }
   const CFaxEntry* At(std::int32_t index) const { return items.At(index); }
 
-  // The new count, or -1 at 2048 entries and when memory is refused.
+  // Returns the new count; or -1 with 2048 entries and without memory.
   std::int32_t Append(const CFaxEntry& entry);
 
-  // 1, or 0 for an index out of range. SetAt gives what CFaxEntry::Set gives.
+  // Return 0 for an index out of range; otherwise RemoveAt returns 1, and SetAt the result of
+  // CFaxEntry::Set.
   int RemoveAt(std::int32_t index) { return items.RemoveAt(index) ? 1 : 0; }
   int SetAt(std::int32_t index, const CFaxEntry& entry);
 
-  // A walk. A step moves the cursor also past the ends, from where as many steps lead back; null
-  // outside the list.
+  // The walk. A step moves its position also past the ends; the same number of steps leads back.
+  // Return null outside the list.
   CFaxEntry* FirstEntry();
   CFaxEntry* NextEntry() { return Step(walkCursor < INT32_MAX ? 1 : 0); }
   CFaxEntry* PrevEntry() { return Step(walkCursor > INT32_MIN ? -1 : 0); }
 
-  // Searches by name: the whole name where `mode` is 1, else as many characters as the pattern has.
-  // The index or -1. FindNextEntry goes on behind the last hit with the pattern of the latest
-  // FindFirstEntry that hit: from 0 behind a FindFirstEntry that missed, from 1 behind a
-  // FindEntryIndex that did.
+  // Search by name: the whole name if `mode` is 1, otherwise its beginning. Return the index or -1.
+  // FindNextEntry continues as NameCursor does; after a FindEntryIndex without a hit it starts at
+  // index 1.
   std::int32_t Lookup(std::string_view pattern, std::int32_t start, std::int32_t mode) const;
   std::int32_t FindEntryIndex(std::string_view name);
   std::int32_t FindFirstEntry(const std::string& pattern, std::int32_t mode);
   std::int32_t FindNextEntry(std::int32_t mode);
 
-  // Bisection of a list that is sorted by name: between `low` and the last index plus `low`.
+  // Binary search of a list that is sorted by name, from `low` to the last index plus `low`.
   std::int32_t BinaryLookup(std::string_view pattern, std::int32_t low, std::int32_t mode) const;
 
-  // The position of the walk as a 32-bit value, and as many entries as it says: a list whose walk
-  // stands at its end is stored whole, and blank entries stand for those that it lacks. Loading
-  // puts the walk there, and replaces the entries if that is above 0. A position that the stream
-  // cannot hold leaves no entries and fails the archive, with the walk at 0.
+  // The position of the walk as a 32-bit value, then that number of entries: a list whose walk is
+  // at its end is stored completely. Blank entries replace missing ones. Loading restores the
+  // position, and replaces the entries if it is greater than 0. If the stream cannot hold that
+  // number of entries, loading leaves none, sets the position to 0 and fails the archive.
   void Serialize(Archive& archive);
 
  private:
   CFaxEntry* Step(std::int32_t by) { return items.At(walkCursor += by); }
+  auto Names() const {
+    return [this](std::int32_t index) { return items.At(index)->name.View(); };
+  }
 
   CFaxAB* owner = nullptr;
   EntryBlock<CFaxEntry> items;
   std::int32_t walkCursor = 0;
-  std::int32_t findCursor = 0;
-  std::string findPattern;
+  NameCursor search;
 };
 
 }  // namespace quillkit

@@ -1,5 +1,5 @@
-// The distribution lists that a book holds: an ordered run of list objects that it owns, and the
-// search in it by name. Nothing here speaks to the server.
+// The distribution lists of a book: list objects in order, which the set owns, and the search among
+// them by name. Server calls: none.
 
 #ifndef QUILLKIT_BOOKS_LIST_SET_H_
 #define QUILLKIT_BOOKS_LIST_SET_H_
@@ -30,24 +30,24 @@ class ListSet {
 
   std::int32_t ListCount() const { return static_cast<std::int32_t>(lists.size()); }
 
-  // Null for an index out of range.
+  // Returns null for an index out of range.
   List* ListAt(std::int32_t index) const;
 
-  // Puts `list`, which the set owns from here on, into the place of another, which goes to whoever
-  // knows of it: it is not deleted. 0, or -1 for an index out of range or a null list.
-  // REQUIRES: the set does not hold `list` at another index.
+  // Replaces a list by `list`, which the set then owns. The old one is released, not deleted.
+  // Returns 0, or -1 for an index out of range or a null list. REQUIRES: `list` is not in the set
+  // at another index.
   std::int32_t SetListAt(std::int32_t index, List* list);
 
-  // Deletes the list here: 1, or 0 for an index out of range.
+  // Deletes the list in memory. Returns 1, or 0 for an index out of range.
   int RemoveListAt(std::int32_t index);
 
-  // The first list of exactly this name, or null.
+  // Returns the first list with exactly this name, or null.
   List* FindList(std::string_view name) const;
 
-  // Walk the lists whose names match: whole, or by as many characters as the pattern has where
-  // `exact` is 0. Always 0: what was found stands in FoundList, null when the walk is over.
-  // FindNextList goes on behind it with the pattern of the last FindFirstList that hit; without one
-  // it finds nothing. A list that goes takes the walk with it.
+  // Search by name: the whole name, or its beginning if `exact` is 0. Return 0. The hit is
+  // FoundList(), which is null if there is none. FindNextList continues after the hit, with the
+  // pattern of the latest FindFirstList that had one. Without a hit, or after the hit was removed,
+  // it finds nothing.
   int FindFirstList(std::string_view pattern, std::int32_t exact);
   int FindNextList(std::int32_t exact);
   List* FoundList() const { return searchPos != lists.end() ? *searchPos : nullptr; }
@@ -56,18 +56,18 @@ class ListSet {
   void FreeLists();
 
  protected:
-  // Adds a list, whose ownership passes, at the end: the new count.
+  // Adds a list at the end. Returns the new count.
   std::int32_t Append(std::unique_ptr<List> list);
 
-  // Adds a list for each row: `withMembers` opened on the book, whatever that gives, else with its
-  // name alone.
+  // Adds a list for each row: with `withMembers` opened on the book, ignoring the status, otherwise
+  // with its name only.
   template <class Book>
   void AppendRows(std::span<const ABIdent> rows, Book* book, std::int32_t withMembers);
 
-  // Deletes the first list of exactly this name, if there is one.
+  // Deletes the first list with exactly this name, if there is one.
   void RemoveList(std::string_view name) { Erase(Locate(name)); }
 
-  // The count and each list with its class. Loading replaces what is there.
+  // The count, and each list with its class. Loading replaces the lists.
   void SerializeLists(Archive& archive);
 
   std::list<List*> lists;
@@ -80,7 +80,7 @@ class ListSet {
   Position FindFrom(Position from, std::string_view pattern, bool wholeName) const;
   bool Erase(Position position);
 
-  Position searchPos = lists.end();  // the end where nothing is found
+  Position searchPos = lists.end();  // the end if there is no hit
   std::string searchName;
 };
 

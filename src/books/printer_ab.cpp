@@ -1,6 +1,6 @@
 #include "books/printer_ab.h"
 
-#include "appliance/scanner.h"
+#include "appliance/after_change.h"
 #include "base/name_search.h"
 #include "bridge/long_timeout.h"
 #include "bridge/the_agent.h"
@@ -8,10 +8,10 @@
 namespace quillkit {
 namespace {
 
-// The last number given out. No two books have the same one, nor two loads of models.
+// The last assigned number. Each book and each load of models has its own.
 std::uint32_t lastReference = 0;
 
-// The first of `count` new numbers.
+// Assigns `count` new numbers and returns the first.
 std::uint32_t TakeReferences(std::uint32_t count) {
   const std::uint32_t first = lastReference + 1;
   lastReference += count;
@@ -39,10 +39,6 @@ std::int32_t CPrinterAB::LoadBook() {
   return LoadModels() != 0 ? LoadPrinters() : 0;
 }
 
-Status CPrinterAB::ServerCount(std::uint32_t* count) const {
-  return scanner != nullptr ? scanner->SizeofPrinters(count) : kRefused;
-}
-
 Status CPrinterAB::ClearBook() {
   if (scanner == nullptr) return kRefused;
   const Status status = scanner->ClearPrintersBook();
@@ -51,14 +47,15 @@ Status CPrinterAB::ClearBook() {
 }
 
 Status CPrinterAB::DeleteBook() {
-  LongTimeout timeout(&TheAgent);
-  Status status = timeout.Raise();
-  if (status != kNoError) return status;
-  ABIdent book(BookKind::kPrinters, kPrintersBook);
-  status = TheAgent.IMSPDeleteAB(&book);
-  timeout.Restore();
-  ClearPrinters();
-  return status;
+  LongTimeout timeout(&TheAgent, LongTimeout::Unit::kMilliseconds);
+  return timeout
+      .RunAndRestore([this] {
+        const Status status =
+            BookAccess<PrinterRecord>(&TheAgent, BookKind::kPrinters, kPrintersBook).DeleteBook();
+        ClearPrinters();
+        return status;
+      })
+      .work;
 }
 
 void CPrinterAB::Clear() {
@@ -113,10 +110,9 @@ std::int32_t CPrinterAB::ModifyModel(PrinterModelRecord* model, bool reload) {
   return ReloadModels(ModelEntries().Modify(model), reload) ? 1 : 0;
 }
 
-// What a change of a model ends in: whether the server took it.
+// Loads the models after a successful change. Returns whether the change succeeded.
 bool CPrinterAB::ReloadModels(Status changed, bool reload) {
-  if (changed == kNoError && reload) LoadModels();
-  return changed == kNoError;
+  return LoadAfterChange(changed, reload, [this] { LoadModels(); }) == kNoError;
 }
 
 void CPrinterAB::Bind(PrinterRecord* record) const {
@@ -128,11 +124,6 @@ void CPrinterAB::Bind(PrinterRecord* record) const {
 PrinterModelRecord* CPrinterAB::ModelOf(const PrinterRecord& record) const {
   const std::uint32_t index = record.modelLink - firstLink;
   return index < models.size() ? models[index].get() : nullptr;
-}
-
-BookAccess<PrinterModelRecord> CPrinterAB::ModelEntries() const {
-  if (scanner == nullptr) return {nullptr, BookKind::kModels, kModelsBook};
-  return scanner->ModelEntries();
 }
 
 }  // namespace quillkit

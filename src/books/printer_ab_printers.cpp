@@ -1,9 +1,8 @@
-// The printers of the book: loading them, changing them, and looking for one.
+// The printers of the book: loading, changes and search.
 
 #include <algorithm>
 
-#include "appliance/scanner.h"
-#include "base/name_search.h"
+#include "appliance/after_change.h"
 #include "books/printer_ab.h"
 #include "bridge/the_agent.h"
 
@@ -14,14 +13,12 @@ PrinterRecord* CPrinterAB::PrinterAt(std::int32_t index) const {
                                               : nullptr;
 }
 
-std::int32_t CPrinterAB::PrinterIndex(std::string_view name) const {
-  return SearchPrinters(0, name, true);
+auto CPrinterAB::PrinterNames() const {
+  return [this](std::int32_t index) { return PrinterAt(index)->printerName.View(); };
 }
 
-std::int32_t CPrinterAB::SearchPrinters(std::int32_t start, std::string_view pattern,
-                                        bool wholeName) const {
-  return FindName(start, PrinterCount(), pattern, wholeName,
-                  [&](std::int32_t i) { return PrinterAt(i)->printerName.View(); });
+std::int32_t CPrinterAB::PrinterIndex(std::string_view name) const {
+  return FindName(0, PrinterCount(), name, true, PrinterNames());
 }
 
 std::int32_t CPrinterAB::LoadPrinters() {
@@ -60,10 +57,9 @@ std::int32_t CPrinterAB::RenamePrinter(std::string_view oldName, PrinterRecord* 
   return ReloadPrinters(PrinterEntries().Rename(oldName, printer), reload) ? 1 : 0;
 }
 
-// What a plain change ends in: whether the server took it.
+// Loads the printers after a successful change. Returns whether the change succeeded.
 bool CPrinterAB::ReloadPrinters(Status changed, bool reload) {
-  if (changed == kNoError && reload) LoadPrinters();
-  return changed == kNoError;
+  return LoadAfterChange(changed, reload, [this] { LoadPrinters(); }) == kNoError;
 }
 
 std::int32_t CPrinterAB::FastAddPrinter(const PrinterRecord* printer) {
@@ -93,7 +89,7 @@ std::int32_t CPrinterAB::FastRenamePrinter(std::string_view oldName, PrinterReco
   return Overwrite(PrinterEntries().Rename(oldName, printer), oldName, *printer);
 }
 
-// What a Fast change of a printer ends in.
+// After a successful change, replaces the printer of this name. Returns 1 or 0.
 std::int32_t CPrinterAB::Overwrite(Status changed, std::string_view name,
                                    const PrinterRecord& record) {
   PrinterRecord* kept = changed == kNoError ? PrinterAt(PrinterIndex(name)) : nullptr;
@@ -102,7 +98,7 @@ std::int32_t CPrinterAB::Overwrite(Status changed, std::string_view name,
   return 1;
 }
 
-// Whether no printer may be added, which is then the last error.
+// Returns whether the list is full, and then records code 24.
 bool CPrinterAB::IsFull() const {
   if (PrinterCount() < MaxPrinters) return false;
   TheAgent.SetError(kBookFull);
@@ -122,7 +118,7 @@ std::int32_t CPrinterAB::SetDefaultPrinter(std::string_view name) {
   if (book.ReadOne(&chosen) != kNoError) return -1;
   chosen.isDefault = 1;
   if (book.Modify(&chosen) != kNoError) return -1;
-  // The list in memory does not know the new default yet.
+  // The list in memory still has the old default.
   PrinterRecord* earlier = PrinterAt(FindDefaultPrinter());
   if (earlier == nullptr) return -1;
   earlier->isDefault = 0;
@@ -131,20 +127,12 @@ std::int32_t CPrinterAB::SetDefaultPrinter(std::string_view name) {
 }
 
 std::int32_t CPrinterAB::FindFirstPrinter(const std::string& pattern, bool wholeName) {
-  printerCursor = SearchPrinters(0, pattern, wholeName);
-  if (printerCursor >= 0) printerPattern = pattern;
-  return printerCursor;
+  return printerSearch.FindFirst(PrinterCount(), pattern, wholeName, PrinterNames());
 }
 
 std::int32_t CPrinterAB::FindNextPrinter(bool wholeName) {
-  const std::int32_t hit = SearchPrinters(printerCursor + 1, printerPattern, wholeName);
-  if (hit >= 0) printerCursor = hit;
-  return printerCursor;
-}
-
-BookAccess<PrinterRecord> CPrinterAB::PrinterEntries() const {
-  if (scanner == nullptr) return {nullptr, BookKind::kPrinters, kPrintersBook};
-  return scanner->PrinterEntries();
+  printerSearch.FindNext(PrinterCount(), wholeName, PrinterNames());
+  return printerSearch.Position();
 }
 
 }  // namespace quillkit

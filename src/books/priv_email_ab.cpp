@@ -3,8 +3,7 @@
 #include <span>
 #include <vector>
 
-#include "appliance/scanner.h"
-#include "books/private_route.h"
+#include "books/session_route.h"
 #include "books/user_record.h"
 #include "bridge/long_timeout.h"
 #include "bridge/the_agent.h"
@@ -12,7 +11,7 @@
 namespace quillkit {
 namespace {
 
-// Whether a whole-book read went well; a book that is not there is an empty one.
+// Returns whether a read of a book or list succeeded. One that does not exist (4) counts as empty.
 bool IsWholeRead(Status status) {
   return status == kNoError || status == kDataNotFound;
 }
@@ -25,7 +24,15 @@ Status DeleteSessionBook() {
   return DeleteBookOf(BookKind::kPrivateEmail, kPrivateBook);
 }
 
+template <class Work>
+LongTimeout::Results DeleteInBulk(Work work) {
+  return LongTimeout(&TheAgent, LongTimeout::Unit::kMilliseconds).RunAndRestore(work);
+}
+
 }  // namespace
+
+template class ServerList<CEmailEntry, CPrivEmailAB, BookKind::kPrivateList>;
+template class PrivateList<CPrivEmailAB>;
 
 const ClassRecord CPrivEmailAB::kClass = {"CPrivEmailAB", sizeof(CPrivEmailAB), 1,
                                           CreateObject<CPrivEmailAB>, nullptr};
@@ -43,7 +50,7 @@ bool CPrivEmailAB::SetUser(CUserRecord* newUser) {
 }
 
 const CScanner& CPrivEmailAB::Route() const {
-  return PrivateRoute(user != nullptr ? user->Owner() : nullptr);
+  return user != nullptr ? user->Route() : SessionRoute();
 }
 
 int CPrivEmailAB::LoadEntries(std::int32_t withLists) {
@@ -83,17 +90,6 @@ Status CPrivEmailAB::WriteBack() {
     status = (*each)->WriteMembers();
   }
   return status;
-}
-
-// Does `work` under the long time-out. Its status with that of putting the old time-out back, or
-// that of a time-out that could not be raised, twice.
-template <class Work>
-CPrivEmailAB::BulkResult CPrivEmailAB::DeleteInBulk(Work work) {
-  LongTimeout timeout(&TheAgent);
-  Status status = timeout.Raise();
-  if (status != kNoError) return {status, status};
-  status = work();
-  return {status, timeout.Restore()};
 }
 
 Status CPrivEmailAB::EmptyOnServer() {

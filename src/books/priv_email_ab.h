@@ -1,16 +1,14 @@
-// One user's private e-mail book: its entries and its distribution lists, both held whole, so that
-// a local copy can be read in, changed, written to an archive and restored.
+// One user's private e-mail book: its entries and its distribution lists, both in memory, so that a
+// local copy can be read, changed, written to an archive and restored.
 //
-// A CUserRecord owns the book, and its owner decides the route to the server:
-// books/private_route.h. ServerEntryCount, ServerListCount, the time-outs, and the deletions of the
-// book and in DeleteAllLists and ClearAll always go through TheAgent. Without a user the book goes
-// the way of the session's own.
+// A CUserRecord owns the book and decides the route to the server (CUserRecord::Route). A book
+// without a user uses the route of the session. ServerEntryCount, ServerListCount, the time-outs,
+// and the deletions of the book and in DeleteAllLists and ClearAll always go through TheAgent.
 //
-// Plain operations change the server and, with `reload`, read the lists anew with their members;
-// local ones change the server and then the copy. The server comes first and nothing is undone.
-// Operations that delete in bulk run under a time-out of 3,600,000 milliseconds (IMSPIOCtl 2, 1),
-// and put the old one back at their end (IMSPIOCtl 1); where the time-out cannot be raised they
-// stop with nothing done.
+// Plain operations change the server and, with `reload`, read the lists with their members again.
+// Local ones change the server and then the copy. Nothing is rolled back. Operations that delete in
+// bulk run under the long time-out: IMSPIOCtl 2 and 1 before, IMSPIOCtl 1 after. If the time-out
+// cannot be raised, they do nothing.
 
 #ifndef QUILLKIT_BOOKS_PRIV_EMAIL_AB_H_
 #define QUILLKIT_BOOKS_PRIV_EMAIL_AB_H_
@@ -20,18 +18,15 @@
 #include <string>
 #include <string_view>
 
-#include "appliance/book_access.h"
+#include "appliance/scanner.h"
 #include "base/root_object.h"
 #include "books/list_set.h"
 #include "books/priv_entry_page.h"
-#include "bridge/records.h"
 #include "lists/priv_email_dl.h"
+#include "lists/pub_email_dl.h"
 
 namespace quillkit {
 
-class CPubEmailDL;
-class CScanner;
-class CUserAB;
 class CUserRecord;
 
 // The most private lists of one user.
@@ -44,55 +39,56 @@ class CPrivEmailAB : public RootObject, private ListSet<CPrivEmailDL> {
   const ClassRecord* GetRuntimeClass() const override { return &kClass; }
 
   // The lists as objects, then the entries. Storing first reads the members of every list that has
-  // none, by LoadAllMembers, whose status is not reported. Loading replaces both. The lists that it
-  // makes have no book until SetBook or Open.
+  // none, with LoadAllMembers, whose status is not reported. Loading replaces both. Loaded lists
+  // have no book until SetBook or Open.
   void Serialize(Archive& archive) override;
 
-  // Stores the user, who must outlive the book. Whether it was not null, which changes nothing.
+  // Stores the user, who must outlive the book. Returns false and changes nothing for null.
   bool SetUser(CUserRecord* newUser);
   CUserRecord* User() const { return user; }
 
   // --- The whole book ---
 
-  // Reads the entries, up to 2000 in one IMSPReadAB, and with `withLists` the lists as
-  // LoadLists(1). 1 when each gave 0 or 4, else 0.
+  // Reads the entries, up to 2000, and with `withLists` the lists as LoadLists(1). Returns 1 if
+  // each status is 0 or 4, otherwise 0. Server calls: IMSPReadAB, then those of LoadLists.
   int LoadEntries(std::int32_t withLists);
 
-  // Replaces the lists by the server's, up to 100: IMSPListAB, and with `withMembers` the calls of
-  // CPrivEmailDL::Open for each. The status of the listing; 4 is an empty one, and 21 comes with
-  // the first 100.
+  // Replaces the lists by those of the server, up to 100. With `withMembers` opens each list and
+  // ignores its status. Returns the status of the listing: 4 for none, and 21 with the first 100.
+  // Server calls: IMSPListAB, then those of CPrivEmailDL::Open for each list.
   Status LoadLists(std::int32_t withMembers);
 
-  // The same as 1 for 0 or 4, else 0.
+  // LoadLists. Returns 1 if its status is 0 or 4, otherwise 0.
   int LoadListsChecked(std::int32_t withMembers);
 
-  // Reads the members of every list that has none. The first status but 0 and 4 ends it; else 0.
+  // Reads the members of every list that has none. Returns the first status other than 0 and 4,
+  // which ends this; otherwise 0.
   Status LoadAllMembers();
 
   bool EntriesLoaded() const { return entries.IsLoaded(); }
   bool ListsLoaded() const { return listsLoaded != 0; }
 
-  // Creates the book on the server from the copy: every entry (CPrivEntryPage::SendAll) and, if the
-  // last gave 0, every list by its WriteMembers, up to the first failing status, which is the
-  // result. Lists that were read from an archive have no book and give 0 whatever the server
+  // Creates the book on the server from the copy: every entry with CPrivEntryPage::SendAll and, if
+  // the last one returned 0, every list with WriteMembers. Returns the first failing status, which
+  // ends this. Lists that were read from an archive have no book: they return 0 even if the server
   // refuses.
   Status WriteBack();
 
-  // Deletes the lists, if there are at most 100, and the book itself on the server and leaves the
-  // copy alone. The status of the book's IMSPDeleteAB, 4 or 3 for a book that is not there, or that
-  // of the time-out.
+  // Deletes the lists, if there are at most 100, and the book on the server, and keeps the copy.
+  // Returns the status of the book's IMSPDeleteAB, which is 4 or 3 if there is no book, or that of
+  // the time-out.
   Status EmptyOnServer();
 
   // Deletes the lists of the copy and the book on the server. The session's own book keeps its copy
-  // as the source of a later WriteBack; any other loses it.
+  // as the source of a later WriteBack; any other drops it.
   void DeleteAll();
 
-  // Deletes the lists of the copy on the server, whatever each gives, and drops them.
+  // Deletes the lists of the copy on the server, ignores failures, and drops them.
   void DeleteAllLists();
 
-  // Deletes the lists of the copy and the book, drops the lists and prepares the entries for a
-  // load: until one they count 2000 blank ones. The status of putting the old time-out back, or of
-  // raising it.
+  // Deletes the lists of the copy and the book on the server, drops the lists and prepares the
+  // entries for a load: until then there are 2000 blank ones. Returns the status of restoring the
+  // old time-out, or of raising it.
   Status ClearAll();
 
   Status ServerEntryCount(std::uint32_t* count) const;  // IMSPSizeofAB
@@ -105,91 +101,127 @@ class CPrivEmailAB : public RootObject, private ListSet<CPrivEmailDL> {
   using ListSet::ListCount;
   using ListSet::RemoveListAt;
 
-  // Null out of range.
+  // Returns null for an index out of range.
   const char* ListName(std::int32_t index) const;
 
-  // Fills `name`: 1, or 0 out of range.
+  // Stores the name in `name`. Returns 1, or 0 for an index out of range.
   int CopyListName(std::int32_t index, std::string& name) const;
 
-  // Takes over `list` in the place of the present one, which is let go of without being deleted:
-  // `list`, or null out of range.
+  // Replaces a list by `list`, which the book then owns. The old one is released, not deleted.
+  // Returns `list`, or null for an index out of range.
   CPrivEmailDL* SetListAt(std::int32_t index, CPrivEmailDL* list);
 
-  // Creates the list and its members on the server: whether the last call gave 0. At 100 lists in
-  // the copy code 24 is recorded and no call made. `list` stays the caller's.
+  // Creates the list and its members on the server; the caller keeps `list`. Returns whether the
+  // last call returned 0. With 100 lists in the copy it records code 24 and makes no call.
   bool AddList(CPrivEmailDL* list, std::int32_t reload);
 
-  // The same, and takes `list` over at the end of the copy whatever its members gave: the new
-  // count, or -1, with `list` still the caller's, when the list could not be created.
-  // REQUIRES: the list is not held here already.
+  // The same, and adds `list` at the end of the copy, which then owns it, even if a member is
+  // refused. Returns the new count; or -1, and the caller keeps `list`, if the list could not be
+  // created. REQUIRES: the list is not in the book already.
   std::int32_t AddListLocal(CPrivEmailDL* list);
 
-  // Deletes a list on the server: whether that gave 0. The local form drops the first list of that
-  // name from the copy, too, and gives the count, or -1 when the server refused.
+  // Delete a list on the server. DeleteList returns whether that returned 0. DeleteListLocal also
+  // drops the first list of that name from the copy, and returns the count, or -1 if the server
+  // refuses.
   bool DeleteList(const std::string& name, std::int32_t reload);
   std::int32_t DeleteListLocal(const std::string& name);
 
-  // 1 when the server gave 0, else 0.
+  // Returns 1 if the server returned 0, otherwise 0.
   int RenameList(const std::string& name, const std::string& newName, std::int32_t reload);
 
-  // Add a list under a new name with the members that the server delivers for the source, at most
-  // 512, or that a public list holds. 1 when AddList gave true or AddListLocal a count, else 0; 0
-  // and nothing added when the members cannot be read. A list that the server does not know (4 for
-  // its size) is copied as an empty one. A public list that holds no members is read first,
-  // through the e-mail book of the owner's scanner, or of the agent's last one for the session's
-  // own account. If none is open there, the result is 0, without a call.
+  // Add a list of the new name with the members that the server delivers for the source, at most
+  // 512, or that a public list holds. Return 1 if AddList returned true, or AddListLocal a count;
+  // otherwise 0. If the members cannot be read, they add nothing. A list that the server does not
+  // know (status 4 for its size) is copied as an empty one. A public list without members is read
+  // first, through the e-mail book of the owner's scanner, or of the agent's last scanner for the
+  // session's own account. If no book is open there, they return 0 and make no call.
   int CopyList(const CPrivEmailDL& source, const std::string& newName, std::int32_t reload);
   int CopyListLocal(const CPrivEmailDL& source, const std::string& newName);
   int CopyPublicList(CPubEmailDL* source, const std::string& newName, std::int32_t reload);
   int CopyPublicListLocal(CPubEmailDL* source, const std::string& newName);
 
-  // --- Server calls, with their status ---
+  // --- Entries on the server: one call each, with its status ---
 
-  // 24, with nothing recorded and no call, at 2000 entries in the copy. Call: IMSPCreateEntry.
-  Status AddEntry(CEmailEntry* entry);
-  Status CreateServerEntry(CEmailEntry* entry);
-  Status ReadEntry(CEmailEntry* entry);
+  // With 2000 entries in the copy AddEntry returns 24, records nothing and makes no call.
+  Status AddEntry(CEmailEntry* entry) {
+    return EntriesAreFull() ? kBookFull : CreateServerEntry(entry);
+  }
+  Status CreateServerEntry(CEmailEntry* entry) { return ServerEntries().Create(entry); }
+  Status ReadEntry(CEmailEntry* entry) { return ServerEntries().ReadOne(entry); }
   Status ReadEntries(KeyRange* range, CEmailEntry* records, std::uint32_t* count,
-                     std::int32_t direction);
-  Status ModifyEntry(CEmailEntry* entry);
-  Status RenameEntry(std::string_view oldName, CEmailEntry* entry);
-  Status DeleteEntry(CEmailEntry* entry);
+                     std::int32_t direction) {
+    return ServerEntries().Read(range, records, count, direction);
+  }
+  Status ModifyEntry(CEmailEntry* entry) { return ServerEntries().Modify(entry); }
+  Status RenameEntry(std::string_view oldName, CEmailEntry* entry) {
+    return ServerEntries().Rename(oldName, entry);
+  }
+  Status DeleteEntry(CEmailEntry* entry) { return ServerEntries().Delete(*entry); }
 
-  // 24, with nothing recorded and no call, at 100 lists in the copy. Call: IMSPCreateAB.
-  Status CreateServerList(std::string_view list);
+  // --- Lists on the server ---
 
-  // Creates a list and its members as CScanner::CreatePrivateMembers, whose notes on blanked
-  // addresses hold; 0 and no call for no members.
+  // With 100 lists in the copy it returns 24, records nothing and makes no call.
+  // Server calls: IMSPCreateAB.
+  Status CreateServerList(std::string_view list) {
+    return ListsAreFull() ? kBookFull : MembersOf(list).CreateBook();
+  }
+
+  // Creates a list and its members: see CScanner::CreatePrivateMembers, also for the addresses that
+  // it blanks. Without members returns 0 and makes no call.
   Status CreateListWithMembers(std::string_view list, CEmailEntry* members,
-                               const std::uint32_t* count);
-  Status ListLists(ABIdent* books, std::uint32_t* count);
+                               const std::uint32_t* count) {
+    return *count != 0 ? Route().CreatePrivateMembers(list, members, count) : kNoError;
+  }
+  Status ListLists(ABIdent* books, std::uint32_t* count) {
+    return Route().ListPrivateLists(books, count);
+  }
 
-  // IMSPSizeofAB. -1, with no call, also where the owner's scanner has no address.
-  Status ListSize(std::string_view list, std::uint32_t* count);
-
-  // 24, with nothing recorded and no call, when the copy holds 2000 entries, however short the
-  // list.
-  Status AddMember(std::string_view list, CEmailEntry* entry);
-  Status CreateMember(std::string_view list, CEmailEntry* entry);
-  Status ReadMember(std::string_view list, CEmailEntry* entry);
-  Status ReadMembers(std::string_view list, CEmailEntry* records, std::uint32_t* count);
-  Status ModifyMember(std::string_view list, CEmailEntry* entry);
-  Status RenameMember(std::string_view list, std::string_view oldName, CEmailEntry* entry);
-  Status DeleteMember(std::string_view list, CEmailEntry* entry);
-  Status DeleteServerList(std::string_view list);
-  Status RenameServerList(const std::string& name, const std::string& newName);
-
-  // What the lists of the book ask of it.
-  BookAccess<CEmailEntry> MembersOf(std::string_view list) const;
+  // Returns -1 and makes no call also if the owner's scanner has no address.
+  // Server calls: IMSPSizeofAB.
+  Status ListSize(std::string_view list, std::uint32_t* count) {
+    return Route().SizeofPrivateList(std::string(list), count);
+  }
   Status ServerListSize(std::string_view list, std::uint32_t* count) {
     return ListSize(list, count);
   }
 
-  // --- Entries: each as CPrivEntryPage's ---
+  BookAccess<CEmailEntry> MembersOf(std::string_view list) const {
+    return Route().PrivateList(list);
+  }
+
+  // With 2000 entries in the copy AddMember returns 24, records nothing and makes no call, even if
+  // the list is short.
+  Status AddMember(std::string_view list, CEmailEntry* entry) {
+    return EntriesAreFull() ? kBookFull : CreateMember(list, entry);
+  }
+  Status CreateMember(std::string_view list, CEmailEntry* entry) {
+    return MembersOf(list).Create(entry);
+  }
+  Status ReadMember(std::string_view list, CEmailEntry* entry) {
+    return MembersOf(list).ReadOne(entry);
+  }
+  Status ReadMembers(std::string_view list, CEmailEntry* records, std::uint32_t* count) {
+    return MembersOf(list).ReadAll(records, count);
+  }
+  Status ModifyMember(std::string_view list, CEmailEntry* entry) {
+    return MembersOf(list).Modify(entry);
+  }
+  Status RenameMember(std::string_view list, std::string_view oldName, CEmailEntry* entry) {
+    return MembersOf(list).Rename(oldName, entry);
+  }
+  Status DeleteMember(std::string_view list, CEmailEntry* entry) {
+    return MembersOf(list).Delete(*entry);
+  }
+  Status DeleteServerList(std::string_view list) { return MembersOf(list).DeleteBook(); }
+  Status RenameServerList(const std::string& name, const std::string& newName) {
+    return Route().RenamePrivateList(name, newName);
+  }
+
+  // --- Entries in memory: each as CPrivEntryPage's ---
   //
   // LoadEntries, ClearAll and loading from an archive attach the page to the book. Before that
-  // there are no entries, and operations that need the server make no call and fail: -1, or 0 for
-  // ModifyLocal and ModifyLocalByKey.
+  // there are no entries, and operations that need the server make no call and fail: they return
+  // -1, or 0 for ModifyLocal and ModifyLocalByKey.
 
   std::int32_t EntryCount() const { return entries.Count(); }
   CEmailEntry* EntryAt(std::int32_t index) { return entries.At(index); }
@@ -213,22 +245,17 @@ class CPrivEmailAB : public RootObject, private ListSet<CPrivEmailDL> {
   std::int32_t RemoveLocal(CEmailEntry* entry) { return entries.RemoveLocal(entry); }
 
  private:
-  struct BulkResult {
-    Status work;
-    Status restored;
-  };
-
   const CScanner& Route() const;
+  BookAccess<CEmailEntry> ServerEntries() const { return Route().PrivateEntries(); }
   bool EntriesAreFull() const { return entries.Count() >= MaxPrivateEntries; }
   bool ListsAreFull() const { return ListCount() >= MaxPrivateLists; }
   bool RecordsFullLists() const;
+  Status Finish(Status changed, std::int32_t reload);
   Status CreateMembersOf(const CPrivEmailDL& list);
   bool FillCopy(const CPrivEmailDL& source, const std::string& newName, CPrivEmailDL* copy);
   bool FillCopyOfPublic(CPubEmailDL* source, const std::string& newName, CPrivEmailDL* copy);
   bool TakeOver(std::unique_ptr<CPrivEmailDL> list);
   Status DeleteHeldLists();
-  template <class Work>
-  BulkResult DeleteInBulk(Work work);
 
   CUserRecord* user = nullptr;
   CPrivEntryPage entries;

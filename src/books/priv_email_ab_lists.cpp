@@ -1,14 +1,12 @@
-// The lists of a private book, one by one.
+// The single lists of a private book.
 
 #include <memory>
 
-#include "appliance/scanner.h"
+#include "appliance/after_change.h"
 #include "books/email_ab.h"
 #include "books/priv_email_ab.h"
-#include "books/user_ab.h"
 #include "books/user_record.h"
 #include "bridge/the_agent.h"
-#include "lists/pub_email_dl.h"
 
 namespace quillkit {
 
@@ -48,7 +46,7 @@ bool CPrivEmailAB::RecordsFullLists() const {
   return ListsAreFull();
 }
 
-// Whatever the earlier ones gave: the last member's status, 0 without members.
+// Creates the members, even if earlier ones fail. Returns the last status, or 0 without members.
 Status CPrivEmailAB::CreateMembersOf(const CPrivEmailDL& list) {
   Status status = kNoError;
   for (std::int32_t i = 0; i < list.Count(); ++i) {
@@ -59,9 +57,11 @@ Status CPrivEmailAB::CreateMembersOf(const CPrivEmailDL& list) {
 }
 
 bool CPrivEmailAB::DeleteList(const std::string& name, std::int32_t reload) {
-  const Status status = DeleteServerList(name);
-  if (status == kNoError && reload != 0) LoadLists(1);
-  return status == kNoError;
+  return Finish(DeleteServerList(name), reload) == kNoError;
+}
+
+Status CPrivEmailAB::Finish(Status changed, std::int32_t reload) {
+  return LoadAfterChange(changed, reload, [this] { LoadLists(1); });
 }
 
 std::int32_t CPrivEmailAB::DeleteListLocal(const std::string& name) {
@@ -72,9 +72,7 @@ std::int32_t CPrivEmailAB::DeleteListLocal(const std::string& name) {
 
 int CPrivEmailAB::RenameList(const std::string& name, const std::string& newName,
                              std::int32_t reload) {
-  if (RenameServerList(name, newName) != kNoError) return 0;
-  if (reload != 0) LoadLists(1);
-  return 1;
+  return Finish(RenameServerList(name, newName), reload) == kNoError ? 1 : 0;
 }
 
 int CPrivEmailAB::CopyList(const CPrivEmailDL& source, const std::string& newName,
@@ -105,8 +103,8 @@ bool CPrivEmailAB::TakeOver(std::unique_ptr<CPrivEmailDL> list) {
   return true;
 }
 
-// Gives `copy` the new name and the members that the server delivers for `source`. Whether they
-// could be read.
+// Gives `copy` the new name and the members that the server delivers for `source`. Returns whether
+// they were read.
 bool CPrivEmailAB::FillCopy(const CPrivEmailDL& source, const std::string& newName,
                             CPrivEmailDL* copy) {
   const bool isRead = OpenDelivered(*copy, this, source.Name());
@@ -114,15 +112,15 @@ bool CPrivEmailAB::FillCopy(const CPrivEmailDL& source, const std::string& newNa
   return isRead;
 }
 
-// The same with the members of a public list. If it holds none, they are read from the server,
+// The same with the members of a public list. If it holds none, they are read from the server
 // through the e-mail book that is open on the appliance.
 bool CPrivEmailAB::FillCopyOfPublic(CPubEmailDL* source, const std::string& newName,
                                     CPrivEmailDL* copy) {
   if (source->IsEmpty()) {
-    const CUserAB* owner = user != nullptr ? user->Owner() : nullptr;
-    const CScanner* scanner =
-        owner != nullptr ? owner->Scanner() : TheAgent.ScannerAt(TheAgent.ScannerCount() - 1);
-    CEmailAB* book = scanner != nullptr ? scanner->EmailBook() : nullptr;
+    const bool isSessionUser = user == nullptr || user->Owner() == nullptr;
+    const CScanner& scanner =
+        isSessionUser ? ScannerOrUnbound(TheAgent.ScannerAt(TheAgent.ScannerCount() - 1)) : Route();
+    CEmailAB* book = scanner.EmailBook();
     if (book == nullptr) return false;
     if (!OpenDelivered(*source, book, std::string(source->Name()))) return false;
   }

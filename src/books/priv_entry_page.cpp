@@ -1,12 +1,12 @@
 #include "books/priv_entry_page.h"
 
-#include "appliance/scanner.h"
+#include "appliance/after_change.h"
 #include "base/archive.h"
-#include "base/name_search.h"
 #include "books/priv_email_ab.h"
-#include "books/private_route.h"
+#include "books/session_route.h"
 
 namespace quillkit {
+
 void CPrivEntryPage::Attach(std::int32_t capacity, CPrivEmailAB* newBook) {
   if (newBook == nullptr) return;
   privateBook = newBook;
@@ -15,8 +15,7 @@ void CPrivEntryPage::Attach(std::int32_t capacity, CPrivEmailAB* newBook) {
 
 void CPrivEntryPage::Reset() {
   Free();
-  searchKey.clear();
-  searchIndex = -1;
+  search = NameCursor(-1);
   loaded = 0;
 }
 
@@ -35,23 +34,21 @@ Status CPrivEntryPage::Load(std::string_view startKey, std::int32_t direction) {
   return kNoError;
 }
 
+auto CPrivEntryPage::Names() const {
+  return [this](std::int32_t index) { return At(index)->name.View(); };
+}
+
 std::int32_t CPrivEntryPage::SearchFirst(const std::string& key, std::int32_t exact) {
-  searchIndex = Search(key, 0, exact);
-  if (searchIndex >= 0) searchKey = key;
-  return searchIndex;
+  return search.FindFirst(Count(), key, exact == 1, Names());
 }
 
 std::int32_t CPrivEntryPage::SearchNext(std::int32_t exact) {
-  const std::int32_t hit = Search(searchKey, searchIndex + 1, exact);
-  if (hit >= 0) searchIndex = hit;
-  return hit;
+  return search.FindNext(Count(), exact == 1, Names());
 }
 
 std::int32_t CPrivEntryPage::Search(std::string_view key, std::int32_t start,
                                     std::int32_t exact) const {
-  if (start < 0) return -1;
-  return quillkit::FindName(start, Count(), key, exact == 1,
-                            [&](std::int32_t i) { return At(i)->name.View(); });
+  return start >= 0 ? quillkit::FindName(start, Count(), key, exact == 1, Names()) : -1;
 }
 
 Status CPrivEntryPage::Add(CEmailEntry* entry, std::int32_t reload) {
@@ -74,16 +71,16 @@ Status CPrivEntryPage::ModifyByKey(const std::string& key, CEmailEntry* entry,
 
 Status CPrivEntryPage::Remove(CEmailEntry* entry, std::int32_t reload) {
   if (privateBook == nullptr) return kRefused;
-  const Status status = privateBook->DeleteEntry(entry);
-  Finish(status, reload);
-  return status;
+  return LoadAfterChange(privateBook->DeleteEntry(entry), reload, [this] { LoadAll(); });
 }
 
-// What a plain change ends in: its own status, or that of reading the list anew.
-Status CPrivEntryPage::Finish(Status status, std::int32_t reload) {
-  if (status != kNoError || reload == 0) return status;
+Status CPrivEntryPage::LoadAll() {
   Allocate(MaxPrivateEntries);
   return Load({}, 1);
+}
+
+Status CPrivEntryPage::Finish(Status changed, std::int32_t reload) {
+  return AfterChange(changed, reload, [this] { return LoadAll(); });
 }
 
 std::int32_t CPrivEntryPage::AddLocal(CEmailEntry* entry) {
@@ -120,7 +117,7 @@ Status CPrivEntryPage::SendAll() {
   Status status = kNoError;
   for (std::int32_t i = 0; i < Count(); ++i) {
     status = privateBook != nullptr ? privateBook->CreateServerEntry(At(i))
-                                    : PrivateRoute(nullptr).PrivateEntries().Create(At(i));
+                                    : SessionRoute().PrivateEntries().Create(At(i));
   }
   return status;
 }

@@ -1,8 +1,8 @@
-// The entries of a private book, held whole: at most 2000, read by index and searched by name.
+// The entries of a private book, all in memory: at most 2000, read by index and searched by name.
 //
-// Every change goes to the server through the book first. A plain change with `reload` then reads
-// the whole list anew; a local one patches it. Before Attach has set a book, every change but
-// SendAll makes no call and fails: -1, or 0 for ModifyLocal and ModifyLocalByKey.
+// Every change is sent to the server first. A plain change with `reload` then reads the whole list
+// again; a local one updates it. Before Attach has set a book, every change except SendAll makes no
+// call and fails: it returns -1, or 0 for ModifyLocal and ModifyLocalByKey.
 
 #ifndef QUILLKIT_BOOKS_PRIV_ENTRY_PAGE_H_
 #define QUILLKIT_BOOKS_PRIV_ENTRY_PAGE_H_
@@ -11,6 +11,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/name_search.h"
 #include "views/entry_page.h"
 
 namespace quillkit {
@@ -18,64 +19,69 @@ namespace quillkit {
 class Archive;
 class CPrivEmailAB;
 
-// The most entries of a private book: the capacity of a whole read, and the limit of an addition.
+// The most entries of a private book: the capacity of a complete read, and the limit of an
+// addition.
 inline constexpr std::int32_t MaxPrivateEntries = 2000;
 
 class CPrivEntryPage : public CEntryPage {
  public:
-  // Stores the book, which must outlive the page, and allocates the capacity. A null book is
-  // ignored.
+  // Stores the book, which must outlive the page, and allocates the capacity. Does nothing for a
+  // null book.
   void Attach(std::int32_t capacity, CPrivEmailAB* newBook);
 
-  // Puts the page back to how it was made, with its book.
+  // Restores the state after construction, but keeps the book.
   void Reset();
 
-  // Reads as many entries as the page counts, from behind `startKey`: one IMSPReadAB. Only status 0
-  // keeps what was delivered; any other, 21 (the book holds more) among them, leaves none and is
-  // the result. -1 and no call for a page that counts none.
+  // Reads as many entries as the page counts, starting after `startKey`. Keeps what was delivered
+  // only if the status is 0: any other, including 21 (the book has more), leaves no entries.
+  // Returns the status; or -1 and makes no call if the page counts no entries.
+  // Server calls: IMSPReadAB.
   Status Load(std::string_view startKey, std::int32_t direction);
 
-  // Whether a load has been answered by the server, whatever it gave. Not so while one runs.
+  // Returns whether the server has answered a Load with any status. False while a Load runs.
   bool IsLoaded() const { return loaded != 0; }
 
-  // Search by name: the whole name where `exact` is 1, else as many characters as the key has. The
-  // index or -1. SearchNext goes on behind the last hit, or at 0 behind a SearchFirst that missed,
-  // with the key of the latest SearchFirst that hit.
+  // Search by name: the whole name if `exact` is 1, otherwise its beginning. Return the index or
+  // -1. SearchNext continues as NameCursor does.
   std::int32_t SearchFirst(const std::string& key, std::int32_t exact);
   std::int32_t SearchNext(std::int32_t exact);
   std::int32_t Search(std::string_view key, std::int32_t start, std::int32_t exact) const;
 
-  // Change or read one entry on the server: its status; with `reload`, after a 0, that of reading
-  // the list anew, which for Remove is ignored. Add gives 24, with nothing recorded and no call,
-  // when the page holds 2000.
+  // Change or read one entry on the server. Return its status; with `reload`, after a 0, that of
+  // reading the list again, which Remove ignores. With 2000 entries Add returns 24, records nothing
+  // and makes no call. Server calls: IMSPCreateEntry, IMSPReadEntryProperties, IMSPModifyEntry
+  // (twice), IMSPDeleteEntry; then IMSPReadAB.
   Status Add(CEmailEntry* entry, std::int32_t reload);
   Status Read(CEmailEntry* entry, std::int32_t reload);
   Status Modify(CEmailEntry* entry, std::int32_t reload);
   Status ModifyByKey(const std::string& key, CEmailEntry* entry, std::int32_t reload);
   Status Remove(CEmailEntry* entry, std::int32_t reload);
 
-  // Change the server and then the page. Add: the new count, -1, or 24 at 2000 as Add; the entry
-  // goes to the end. Modify: 1 or 0. Remove: the new count or -1. A failure also when the server
-  // changed an entry that the page lacks.
+  // Change the server and then the page. AddLocal appends the entry; it returns the new count, -1,
+  // or 24 as Add. The Modify operations return 1 or 0. RemoveLocal returns the new count or -1.
+  // They also fail if the changed entry is not in the page.
   std::int32_t AddLocal(CEmailEntry* entry);
   std::int32_t ModifyLocal(CEmailEntry* entry);
   std::int32_t ModifyLocalByKey(const std::string& key, CEmailEntry* entry);
   std::int32_t RemoveLocal(CEmailEntry* entry);
 
-  // Creates every entry on the server in turn, whatever the earlier ones gave: the last status, or
-  // 0 for an empty page. Without a book they go to the session's own private book.
+  // Creates every entry on the server in turn, even if earlier ones fail. Without a book they are
+  // created in the session's own private book. Returns the last status, or 0 for an empty page.
+  // Server calls: IMSPCreateEntry for each entry.
   Status SendAll();
 
-  // The count and each entry. A count that the stream cannot hold loads none and fails the archive.
+  // The count and each entry. If the stream cannot hold that count, loading leaves no entries and
+  // fails the archive.
   void Serialize(Archive& archive);
 
  private:
-  Status Finish(Status status, std::int32_t reload);
+  auto Names() const;
+  Status LoadAll();
+  Status Finish(Status changed, std::int32_t reload);
   std::int32_t Overwrite(Status status, std::string_view key, const CEmailEntry& entry);
 
   CPrivEmailAB* privateBook = nullptr;
-  std::string searchKey;
-  std::int32_t searchIndex = -1;
+  NameCursor search{-1};
   std::uint8_t loaded = 0;
 };
 

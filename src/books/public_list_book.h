@@ -1,12 +1,12 @@
-// The half of a book that looks after its public lists: held whole in a set, and kept in step with
-// the server.
+// The half of a book that manages its public lists: holds them in memory and changes them on the
+// server.
 //
-// The server comes first and nothing is undone. Without an appliance everything that needs it
-// fails, -1 or false, and makes no call.
+// An operation changes the server first, then the memory. Nothing is rolled back. Without an
+// appliance, operations that need one return -1 or false and make no call.
 //
-// `Book`, which derives from this, offers
+// `Book`, which derives from this class, provides
 //   MembersOf(list)              the access to a list's members (appliance/book_access.h)
-//   ServerListCount(count)       the server's number of lists
+//   ServerListCount(count)       the number of lists on the server
 //   EnumerateLists(rows, count)  their names
 //   Agent()                      the agent of the long time-out; it may be null
 
@@ -20,54 +20,60 @@
 #include <utility>
 #include <vector>
 
+#include "appliance/after_change.h"
 #include "books/list_set.h"
 #include "bridge/long_timeout.h"
 #include "bridge/records.h"
 #include "bridge/the_agent.h"
+#include "lists/server_list.h"
 
 namespace quillkit {
 
-// The most public lists of an appliance: the rows of an enumeration, and the limit of an addition.
+// The most public lists of an appliance: the capacity of an enumeration, and the limit of an
+// addition.
 inline constexpr std::uint32_t MaxPublicLists = 512;
 
 template <class Book, class List>
 class PublicListBook : public ListSet<List> {
  public:
-  // Replaces the lists by those of the server: IMSPListAB for at most 512, and `withMembers` each
-  // list's Open, whose status is ignored. The status of the enumeration, with 4 (no lists) as 0; 21
-  // comes with the first 512. Lists that were read without members have a name alone.
+  // Replaces the lists by those of the server, at most 512. With `withMembers` opens each list and
+  // ignores its status; otherwise the lists have a name only. Returns the status of the
+  // enumeration: 0 also for no lists (4), and 21 with the first 512. Server calls: IMSPListAB, then
+  // those of PublicList::Open for each list.
   Status LoadLists(std::int32_t withMembers);
 
-  // Deletes every list that is held here on the server, whatever comes of it, and frees them all.
-  // Calls: IMSPIOCtl 2 and 1, IMSPDeleteAB a list, IMSPIOCtl 1. 0; a time-out that cannot be read
-  // or set ends it with that status.
+  // Deletes every list in memory on the server, ignores failures, and frees the lists. Returns 0.
+  // If the time-out cannot be read or set, returns that status and does nothing. Server calls:
+  // IMSPIOCtl 2 and 1, IMSPDeleteAB for each list, IMSPIOCtl 1.
   Status DeleteAllLists();
 
  protected:
-  // Adds the list to the server and here, where it is owned from then on: the new count, or -1, and
-  // it stays the caller's. -1 also for null.
+  // Adds the list on the server and in memory. The set then owns it. Returns the new count; or -1,
+  // also for null, and the caller keeps the list.
   std::int32_t Keep(List* list);
 
-  // Adds the list to the server alone, and with `reload` loads the lists anew. Whether all went
-  // well.
+  // Adds the list on the server only, then with `reload` loads the lists. Returns whether both
+  // succeeded.
   bool Create(const List& list, std::int32_t reload);
 
-  // Deletes the list of this name on the server and here: the count, also when it was not held
-  // here, or -1.
+  // Deletes the list of this name on the server and in memory. Returns the count, also if there was
+  // none in memory; or -1.
   std::int32_t Drop(std::string_view name);
 
-  // Deletes the list of this name on the server alone, and with `reload` loads the lists anew.
-  // Whether all went well.
+  // Deletes the list of this name on the server only, then with `reload` loads the lists. Returns
+  // whether both succeeded.
   bool Delete(std::string_view name, std::int32_t reload);
 
-  // A list with a new name and the members that the server delivers for another, as OpenDelivered
-  // reads them; null when they cannot be read.
+  // Returns a list of the new name with the members that the server delivers for `source`, as
+  // OpenDelivered reads them; or null if they cannot be read.
   std::unique_ptr<List> Copy(const List& source, std::string_view newName);
 
  private:
   Book* Self() { return static_cast<Book*>(this); }
-  bool CreateOnServer(const List& list);
-  bool Reload(std::int32_t reload) { return reload == 0 || LoadLists(1) == kNoError; }
+  Status CreateOnServer(const List& list);
+  bool Finish(Status changed, std::int32_t reload) {
+    return AfterChange(changed, reload, [this] { return LoadLists(1); }) == kNoError;
+  }
 };
 
 template <class Book, class List>
@@ -84,43 +90,46 @@ Status PublicListBook<Book, List>::LoadLists(std::int32_t withMembers) {
 
 template <class Book, class List>
 Status PublicListBook<Book, List>::DeleteAllLists() {
-  LongTimeout timeout(Self()->Agent());
-  const Status status = timeout.Raise();
-  if (status != kNoError) return status;
-  for (const List* each : this->lists) Self()->MembersOf(each->Name()).DeleteBook();
-  this->FreeLists();
-  timeout.Restore();
-  return kNoError;
+  LongTimeout timeout(Self()->Agent(), LongTimeout::Unit::kMilliseconds);
+  return timeout
+      .RunAndRestore([this] {
+        for (const List* each : this->lists) Self()->MembersOf(each->Name()).DeleteBook();
+        this->FreeLists();
+        return kNoError;
+      })
+      .work;
 }
 
 template <class Book, class List>
 std::int32_t PublicListBook<Book, List>::Keep(List* list) {
-  return list != nullptr && CreateOnServer(*list) ? this->Append(std::unique_ptr<List>(list)) : -1;
+  if (list == nullptr || CreateOnServer(*list) != kNoError) return -1;
+  return this->Append(std::unique_ptr<List>(list));
 }
 
 template <class Book, class List>
 bool PublicListBook<Book, List>::Create(const List& list, std::int32_t reload) {
-  return CreateOnServer(list) && Reload(reload);
+  return Finish(CreateOnServer(list), reload);
 }
 
-// Creates the list and its members, whose refusals go unnoticed. At 512 lists on the server code 24
-// is recorded; the status of the count is not looked at.
+// Creates the list and its members, and ignores the status of the members and of the count. With
+// 512 lists on the server it records and returns 24.
 template <class Book, class List>
-bool PublicListBook<Book, List>::CreateOnServer(const List& list) {
+Status PublicListBook<Book, List>::CreateOnServer(const List& list) {
   std::uint32_t count = 0;
   Self()->ServerListCount(&count);
   if (count >= MaxPublicLists) {
     TheAgent.SetError(kBookFull);
-    return false;
+    return kBookFull;
   }
   auto members = Self()->MembersOf(list.Name());
-  if (members.CreateBook() != kNoError) return false;
+  const Status created = members.CreateBook();
+  if (created != kNoError) return created;
   for (std::int32_t i = 0; i < list.Count(); ++i) {
     typename List::Member member;
     list.CopyAt(i, &member);
     members.Create(&member);
   }
-  return true;
+  return kNoError;
 }
 
 template <class Book, class List>
@@ -132,7 +141,7 @@ std::int32_t PublicListBook<Book, List>::Drop(std::string_view name) {
 
 template <class Book, class List>
 bool PublicListBook<Book, List>::Delete(std::string_view name, std::int32_t reload) {
-  return Self()->MembersOf(name).DeleteBook() == kNoError && Reload(reload);
+  return Finish(Self()->MembersOf(name).DeleteBook(), reload);
 }
 
 template <class Book, class List>

@@ -1,6 +1,6 @@
 #include "books/user_ab.h"
 
-#include "appliance/scanner.h"
+#include "appliance/after_change.h"
 #include "bridge/the_agent.h"
 
 namespace quillkit {
@@ -63,7 +63,7 @@ CUserRecord* CUserAB::HandOutAt(std::int32_t index, CUserRecord* record) {
   return source != nullptr ? HandOut(*source, record) : nullptr;
 }
 
-// The copy step. `source` may be the record itself.
+// The copy step. `source` may be `record` itself.
 CUserRecord* CUserAB::HandOut(const CUserEntry& source, CUserRecord* record) {
   record->SetFrom(this, source);
   record->tag = source.tag;
@@ -94,15 +94,16 @@ bool CUserAB::DeleteUser(CUserRecord* record, std::int32_t reload) {
   return Finish(Entries().Delete(*record), reload);
 }
 
-// What a plain change ends in.
-bool CUserAB::Finish(Status status, std::int32_t reload) {
-  if (status == kNoError && reload != 0) Load();
-  return status == kNoError;
+bool CUserAB::Finish(Status changed, std::int32_t reload) {
+  return LoadAfterChange(changed, reload, [this] { Load(); }) == kNoError;
 }
 
-bool CUserAB::FinishWith(CUserRecord* record, Status status, std::int32_t reload) {
-  if (status == kNoError && reload != 0) HandOut(*record, record);
-  return Finish(status, reload);
+bool CUserAB::FinishWith(CUserRecord* record, Status changed, std::int32_t reload) {
+  const auto load = [&] {
+    HandOut(*record, record);
+    Load();
+  };
+  return LoadAfterChange(changed, reload, load) == kNoError;
 }
 
 bool CUserAB::IsFull() const {
@@ -136,22 +137,6 @@ bool CUserAB::ModifyLocal(CUserRecord* record) {
   return Entries().Modify(record) == kNoError && users.SetAt(users.Find(*record), *record) != 0;
 }
 
-Status CUserAB::ServerCount(std::uint32_t* count) const {
-  return scanner != nullptr ? scanner->SizeofUsers(count) : kRefused;
-}
-
-Status CUserAB::LoadUserLog(const CUserEntry& record) const {
-  return scanner != nullptr && scanner->IsBound()
-             ? scanner->ReadLog(std::string(record.name.View()))
-             : kRefused;
-}
-
-Status CUserAB::ClearUserLog(const CUserEntry& record) const {
-  return scanner != nullptr && scanner->IsBound()
-             ? scanner->ClearLog(std::string(record.name.View()))
-             : kRefused;
-}
-
 Status CUserAB::ClearAll() {
   CScanner* last = TheAgent.ScannerAt(TheAgent.ScannerCount() - 1);
   if (last == nullptr || !last->IsBound()) return kRefused;
@@ -160,12 +145,6 @@ Status CUserAB::ClearAll() {
   users.Clear();
   Load();
   return status;
-}
-
-BookAccess<CUserEntry> CUserAB::Entries() const {
-  return scanner != nullptr && scanner->IsBound()
-             ? scanner->UserEntries()
-             : BookAccess<CUserEntry>({}, BookKind::kUsers, kUsersBook);
 }
 
 void CUserAB::Serialize(Archive& archive) {

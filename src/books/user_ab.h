@@ -1,14 +1,13 @@
-// The accounts of one appliance as a book: the whole of USERSAB in memory, and its changes.
+// The accounts of one appliance: the whole book USERSAB in memory, and its changes.
 //
-// Plain operations change the server and, with `reload`, read the whole book anew. Local ones
-// change the server and then patch the list in memory. The server comes first and nothing is
-// undone. Without a scanner every operation that needs the server gives -1 or false and makes no
-// call.
+// Plain operations change the server and, with `reload`, read the whole book again. Local ones
+// change the server and then the list in memory. Nothing is rolled back. Without a scanner every
+// operation that needs the server returns -1 or false and makes no call.
 //
-// Every account that leaves the book goes through one copy step: the caller's record takes the
-// fields, this book as its owner, and a private book of its own where the book was attached so. The
-// record must not hold a private book before: it would be let go of without being deleted. A record
-// stays good on its own, but must not be used for the server once the book is gone.
+// Every account that the book returns goes through one copy step: the caller's record receives the
+// fields, this book as its owner and, if the book was attached with private books, a new private
+// book. The record must have no private book before: the copy step releases it without deleting it.
+// The record remains valid after the book is destroyed, but cannot reach the server any more.
 
 #ifndef QUILLKIT_BOOKS_USER_AB_H_
 #define QUILLKIT_BOOKS_USER_AB_H_
@@ -16,14 +15,12 @@
 #include <cstdint>
 #include <string>
 
-#include "appliance/book_access.h"
+#include "appliance/scanner.h"
 #include "base/root_object.h"
 #include "books/user_list.h"
 #include "books/user_record.h"
 
 namespace quillkit {
-
-class CScanner;
 
 class CUserAB : public RootObject {
  public:
@@ -33,13 +30,13 @@ class CUserAB : public RootObject {
 
   const ClassRecord* GetRuntimeClass() const override { return &kClass; }
 
-  // Writes every account in turn, without their number; the archive's direction is not looked at,
-  // so that loading takes as many accounts from it as the list holds and drops them.
+  // Each account in turn, without their number. Loading reads as many accounts as the list holds
+  // and discards them.
   void Serialize(Archive& archive) override;
 
-  // Stores the scanner, which must outlive the book, and loads the accounts if asked. What the load
-  // gave, or 1; 0 without a scanner. `privateBooks`: whether records that are handed out get a
-  // private book. The form without it means yes.
+  // Stores the scanner, which must outlive the book. `privateBooks` sets whether returned records
+  // get a private book; without this argument they do. Returns the result of Load if `loadNow` is
+  // set, otherwise 1; 0 for a null scanner.
   int Attach(CScanner* newScanner, std::int32_t privateBooks, std::int32_t loadNow);
   int Attach(CScanner* newScanner, std::int32_t loadNow) { return Attach(newScanner, 1, loadNow); }
 
@@ -51,80 +48,90 @@ class CUserAB : public RootObject {
   std::int32_t Count() const { return users.Count(); }
   bool IsEmpty() const { return users.IsEmpty(); }
 
-  // Reads the book: one IMSPReadAB of up to 4096 accounts. 1 for the status 0 or 4 (no accounts);
-  // else 0 and an empty list, also for a server that holds more.
+  // Reads up to 4096 accounts. Returns 1 if the status is 0 or 4 (no accounts); otherwise 0, with
+  // an empty list, also if the server has more. Server calls: IMSPReadAB.
   int Load();
 
-  // A walk: each fills `record` and gives it, or null when the list is empty or the walk is outside
-  // it. A step moves the walk's position even where it finds nothing: Previous behind the end goes
-  // back to the last account.
+  // The walk. Each fills `record` and returns it, or returns null outside the list. A step always
+  // moves the position: Previous after a step past the end returns the last account.
   CUserRecord* First(CUserRecord* record);
   CUserRecord* Next(CUserRecord* record);
   CUserRecord* Previous(CUserRecord* record);
 
-  // Fills `record` from the list, or gives null out of range. The walk stays where it is.
+  // Fills `record` and returns it, or returns null for an index out of range. The walk does not
+  // move.
   CUserRecord* GetAt(std::int32_t index, CUserRecord* record);
 
-  // Overwrite, remove in memory alone: 1, or 0 out of range. With `reload` the result of Load.
+  // Replace or remove a record in memory only. Return 0 for an index out of range; with `reload`
+  // the result of Load; otherwise 1.
   int SetAt(std::int32_t index, const CUserEntry& record) { return users.SetAt(index, record); }
   int RemoveAt(std::int32_t index, std::int32_t reload);
 
-  // Searches as CUserList's; a hit fills `record`.
+  // Search as those of CUserList. A hit fills `record`.
   std::int32_t FindFirst(const std::string& pattern, std::int32_t exact, CUserRecord* record);
   std::int32_t FindNext(std::int32_t exact, CUserRecord* record);
   std::int32_t Find(const CUserEntry& record) { return users.Find(record); }
 
-  // --- Plain family: whether the server gave 0 ---
+  // --- Plain family: return whether the server returned 0 ---
 
-  // Code 24 is recorded, and no call made, at 4096 accounts in memory. Call: IMSPCreateEntry.
+  // With 4096 accounts in memory it records code 24, returns false and makes no call.
+  // Server calls: IMSPCreateEntry.
   bool AddUser(CUserRecord* record, std::int32_t reload);
 
-  // With `reload` the record itself goes through the copy step, too. ReadUser makes no call for a
-  // name that is not ended within its field. Calls: IMSPReadEntryProperties; IMSPModifyEntry.
+  // With `reload` the record itself goes through the copy step too. ReadUser makes no call for a
+  // name that is not terminated in its field.
+  // Server calls: IMSPReadEntryProperties; IMSPModifyEntry (twice).
   bool ReadUser(CUserRecord* record, std::int32_t reload);
   bool ModifyUser(CUserRecord* record, std::int32_t reload);
   bool RenameUser(const std::string& oldName, CUserRecord* record, std::int32_t reload);
 
-  // Clears the account's log first, whatever comes of that, as CAgent::ClearLog. Call:
-  // IMSPDeleteEntry.
+  // First clears the account's log, and ignores a failure of that.
+  // Server calls: those of CAgent::ClearLog, IMSPDeleteEntry.
   bool DeleteUser(CUserRecord* record, std::int32_t reload);
 
   // --- Local family ---
 
-  // The new count, or -1; at 4096 as AddUser.
+  // Returns the new count, or -1. Has the limit of AddUser.
   std::int32_t AddLocal(CUserRecord* record);
 
-  // The new count, or -1; a failure also when the server deleted, renamed or changed an account
-  // that was not in memory. The log stays.
+  // DeleteLocal returns the new count, or -1, and keeps the log. They also fail if the changed
+  // account is not in memory.
   std::int32_t DeleteLocal(CUserRecord* record);
   bool RenameLocal(const std::string& oldName, CUserRecord* record);
   bool ModifyLocal(CUserRecord* record);
 
   // --- More ---
 
-  // The server's number of accounts: IMSPSizeofAB.
-  Status ServerCount(std::uint32_t* count) const;
+  // Stores the number of accounts on the server. Server calls: IMSPSizeofAB.
+  Status ServerCount(std::uint32_t* count) const { return BoundScanner().SizeofUsers(count); }
 
-  // CUserList::SaveAll of the accounts in memory, whether they were loaded or added.
+  // CUserList::SaveAll of the accounts in memory, loaded or added.
   Status SaveAll() { return users.SaveAll(); }
 
-  // The account's log, as CAgent::ReadLog and ClearLog.
-  Status LoadUserLog(const CUserEntry& record) const;
-  Status ClearUserLog(const CUserEntry& record) const;
+  // The account's log: as CAgent::ReadLog and ClearLog.
+  Status LoadUserLog(const CUserEntry& record) const {
+    return BoundScanner().ReadLog(std::string(record.name.View()));
+  }
+  Status ClearUserLog(const CUserEntry& record) const {
+    return BoundScanner().ClearLog(std::string(record.name.View()));
+  }
 
-  // Clears the log of all but the system's accounts and then USERSAB, through the appliance that
-  // was logged in to last, which need not be this book's; then loads the list anew. The status of
-  // the clear; -1 and no change when there is no appliance.
+  // Clears the log of all but the system's accounts and then USERSAB, through the appliance of the
+  // latest login, which may be another than this book's. Then loads the list. Returns the status of
+  // the clear; -1 and no change if there is no appliance.
   Status ClearAll();
 
-  // The way to USERSAB.
-  BookAccess<CUserEntry> Entries() const;
+  // The access to USERSAB.
+  BookAccess<CUserEntry> Entries() const { return BoundScanner().UserEntries(); }
 
  private:
+  const CScanner& BoundScanner() const {
+    return ScannerOrUnbound(scanner != nullptr && scanner->IsBound() ? scanner : nullptr);
+  }
   CUserRecord* HandOut(const CUserEntry& source, CUserRecord* record);
   CUserRecord* HandOutAt(std::int32_t index, CUserRecord* record);
-  bool Finish(Status status, std::int32_t reload);
-  bool FinishWith(CUserRecord* record, Status status, std::int32_t reload);
+  bool Finish(Status changed, std::int32_t reload);
+  bool FinishWith(CUserRecord* record, Status changed, std::int32_t reload);
   bool IsFull() const;
 
   std::int32_t withPrivateBooks = 0;

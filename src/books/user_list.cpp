@@ -3,14 +3,13 @@
 #include <algorithm>
 
 #include "base/archive.h"
-#include "base/name_search.h"
 #include "books/user_ab.h"
 #include "bridge/the_agent.h"
 
 namespace quillkit {
 namespace {
 
-// Stands in for records that are absent.
+// Returned for an index out of range.
 const CUserEntry blankRecord;
 
 }  // namespace
@@ -43,7 +42,7 @@ int CUserList::SetAt(std::int32_t index, const CUserEntry& record) {
 
 int CUserList::RemoveAt(std::int32_t index) {
   if (!records.RemoveAt(index)) return 0;
-  cursor = 0;
+  search.MoveTo(0);
   if (records.IsEmpty()) records.Free();
   return 1;
 }
@@ -62,7 +61,7 @@ std::int32_t CUserList::Append(const CUserEntry& record) {
 
 void CUserList::Clear() {
   records.Free();
-  cursor = 0;
+  search.MoveTo(0);
 }
 
 Status CUserList::Load(std::string_view startKey, std::int32_t direction) {
@@ -75,7 +74,7 @@ Status CUserList::Load(std::string_view startKey, std::int32_t direction) {
     return status;
   }
   Shrink(static_cast<std::int32_t>(count), direction);
-  cursor = 0;
+  search.MoveTo(0);
   return status;
 }
 
@@ -85,35 +84,29 @@ Status CUserList::SaveAll() {
   return owner->Entries().ModifyEach(records.data(), &count);
 }
 
+auto CUserList::Names() const {
+  return [this](std::int32_t index) { return records.At(index)->name.View(); };
+}
+
 std::int32_t CUserList::Find(const CUserEntry& record) {
-  const std::int32_t hit = IndexOf(record.name.View(), 0, 1);
-  if (hit >= 0) cursor = hit;
+  const std::int32_t hit = FindName(0, Count(), record.name.View(), true, Names());
+  if (hit >= 0) search.MoveTo(hit);
   return hit;
 }
 
 std::int32_t CUserList::FindFirst(const std::string& searched, std::int32_t exact) {
-  cursor = IndexOf(searched, 0, exact);
-  if (cursor >= 0) pattern = searched;
-  return cursor;
+  return search.FindFirst(Count(), searched, exact == 1, Names());
 }
 
 std::int32_t CUserList::FindNext(std::int32_t exact) {
-  const std::int32_t hit = IndexOf(pattern, cursor + 1, exact);
-  if (hit >= 0) cursor = hit;
-  return hit;
-}
-
-std::int32_t CUserList::IndexOf(std::string_view name, std::int32_t start,
-                                std::int32_t exact) const {
-  return FindName(start, records.count(), name, exact == 1,
-                  [&](std::int32_t i) { return records.At(i)->name.View(); });
+  return search.FindNext(Count(), exact == 1, Names());
 }
 
 void CUserList::Serialize(Archive& archive) {
   auto count = static_cast<std::uint32_t>(records.count());
   archive.Exchange(count);
   if (!archive.IsStoring()) {
-    cursor = 0;
+    search.MoveTo(0);
     if (!archive.Prepare(records, count)) return;
   }
   for (CUserEntry& each : records) each.Serialize(archive);

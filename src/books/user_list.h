@@ -1,6 +1,6 @@
-// The accounts of one appliance, held whole in one block inside a CUserAB, in the server's order.
+// The accounts of one appliance, in one block inside a CUserAB, in the server's order.
 //
-// A record's address is good until the next operation that changes the list.
+// A pointer to a record is valid until the next operation that changes the list.
 
 #ifndef QUILLKIT_BOOKS_USER_LIST_H_
 #define QUILLKIT_BOOKS_USER_LIST_H_
@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "base/entry_block.h"
+#include "base/name_search.h"
 #include "bridge/records.h"
 
 namespace quillkit {
@@ -22,13 +23,11 @@ inline constexpr std::int32_t MaxUsers = 4096;
 
 class CUserList {
  public:
-  // Stores the owner, through which the server is reached and which must outlive the list, and
-  // allocates `capacity` blank records, all of which count. Nothing happens without an owner.
+  // Stores the owner, which sends the calls and must outlive the list, and allocates `capacity`
+  // blank records, all of which count. Does nothing for a null owner.
   void Init(std::int32_t capacity, CUserAB* newOwner);
 
-  // Replace the records by `count` blank ones; make `count` of them live; keep `count` of them, the
-  // front ones for direction 1 and the back ones for any other, as base/entry_block.h tells. A
-  // Shrink to 0 frees the block.
+  // The block: as EntryBlock, with Grow for Resize. A Shrink to 0 frees the block.
   bool Allocate(std::int32_t count) { return records.Allocate(count); }
   bool Grow(std::int32_t count) { return records.Resize(count); }
   bool Shrink(std::int32_t count, std::int32_t direction);
@@ -37,49 +36,48 @@ class CUserList {
   bool IsEmpty() const { return records.IsEmpty(); }
   const CUserEntry* Data() const { return records.data(); }
 
-  // The record at `index`: out of range the one gives a blank record, the other null.
+  // For an index out of range GetAt returns a blank record, and PointerAt null.
   const CUserEntry& GetAt(std::int32_t index) const;
   CUserEntry* PointerAt(std::int32_t index) { return records.At(index); }
 
-  // Copies the record over the slot: 1, or 0 out of range.
+  // Replaces a record. Returns 1, or 0 for an index out of range.
   int SetAt(std::int32_t index, const CUserEntry& record);
 
-  // 1, or 0 out of range. Removing the last record frees the block; no other removal gives memory
-  // back.
+  // Returns 1, or 0 for an index out of range. Only the removal of the last record frees memory.
   int RemoveAt(std::int32_t index);
 
-  // The new count. 0 at 4096 records, with code 24 recorded, and when memory is refused.
+  // Returns the new count; or 0 without memory, and with 4096 records, which records code 24.
   std::int32_t Append(const CUserEntry& record);
 
   // Frees the block.
   void Clear();
 
-  // Reads as many accounts as records count, from behind `startKey`: IMSPReadAB. 0 and 21 keep what
-  // was delivered; any other status leaves none. -1 and no call for an empty list.
+  // Reads as many accounts as there are records, starting after `startKey`. Keeps what was
+  // delivered if the status is 0 or 21; any other leaves none. Returns the status; or -1 and makes
+  // no call for an empty list. Server calls: IMSPReadAB.
   Status Load(std::string_view startKey, std::int32_t direction);
 
-  // Writes every record to the server in turn: IMSPModifyEntry. The first status that is not 0 ends
-  // it. -1, and no call, for an empty list and for one without an owner.
+  // Writes every record to the server in turn. Returns the first status that is not 0, which ends
+  // this; or -1 and makes no call for an empty list or without an owner.
+  // Server calls: IMSPModifyEntry for each record.
   Status SaveAll();
 
-  // Searches by name, in list order: the whole name where `exact` is 1, else as many characters as
-  // the pattern has. The index or -1. FindNext goes on behind the last hit with the pattern of the
-  // latest FindFirst that hit.
+  // Search by name: the whole name if `exact` is 1, otherwise its beginning. Return the index or
+  // -1. FindNext continues as NameCursor does. A hit of Find moves the position of the search too.
   std::int32_t Find(const CUserEntry& record);
   std::int32_t FindFirst(const std::string& searched, std::int32_t exact);
   std::int32_t FindNext(std::int32_t exact);
 
-  // The count and each record. A count that the stream cannot hold loads none and fails the
-  // archive.
+  // The count and each record. If the stream cannot hold that count, loading leaves no records and
+  // fails the archive.
   void Serialize(Archive& archive);
 
  private:
-  std::int32_t IndexOf(std::string_view name, std::int32_t start, std::int32_t exact) const;
+  auto Names() const;
 
   CUserAB* owner = nullptr;
   EntryBlock<CUserEntry> records;
-  std::int32_t cursor = 0;
-  std::string pattern;
+  NameCursor search;
 };
 
 }  // namespace quillkit

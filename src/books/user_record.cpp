@@ -2,10 +2,9 @@
 
 #include <string>
 
-#include "appliance/scanner.h"
 #include "base/archive.h"
 #include "books/priv_email_ab.h"
-#include "books/private_route.h"
+#include "books/session_route.h"
 #include "books/user_ab.h"
 #include "bridge/the_agent.h"
 
@@ -27,6 +26,10 @@ int CUserRecord::SetFrom(CUserAB* newOwner, std::string_view newName, std::strin
 int CUserRecord::SetOwner(CUserAB* newOwner) {
   owner = newOwner;
   return 1;
+}
+
+const CScanner& CUserRecord::Route() const {
+  return owner != nullptr ? ScannerOrUnbound(owner->Scanner()) : SessionRoute();
 }
 
 CPrivEmailAB* CUserRecord::DetachPrivateBook() {
@@ -86,7 +89,7 @@ int CUserRecord::RestorePrivateBook() {
 }
 
 Status CUserRecord::CreatePrivateEntry(CEmailEntry* entry) const {
-  return PrivateRoute(owner).PrivateEntries().Create(entry);
+  return Route().PrivateEntries().Create(entry);
 }
 
 void CUserRecord::SerializeWithBook(Archive& archive) {

@@ -263,8 +263,6 @@ class CAgent : public RootObject {
   Status Call(const char* name, Arguments... arguments);
   template <class Entry, class... Arguments>
   Status CallForCount(const char* name, std::uint32_t* count, Arguments... arguments);
-  template <class Work>
-  Status RunLong(Work work);
 
   Status AdoptUser(const CUserRecord& user, std::int32_t loadPrivateBook);
   void AddScannerFor(const CScanner* target, std::uint32_t address, const Identity& identity);

@@ -11,6 +11,8 @@
 namespace quillkit {
 namespace {
 
+using enum LongTimeout::Unit;
+
 constexpr std::uint32_t kMaxLogRecords = 1'000'000;
 constexpr std::size_t kServerTextSize = 400;  // bytes
 constexpr std::size_t kCommandSize = 400;     // bytes
@@ -21,19 +23,6 @@ constexpr std::int32_t kRestore = 1;
 constexpr std::int32_t kCheck = 2;
 
 }  // namespace
-
-// Does `work` under the long time-out. The first status that is not 0 is the result, and ends it: a
-// failure of the work leaves the time-out long.
-template <class Work>
-Status CAgent::RunLong(Work work) {
-  std::uint32_t old = 0;
-  Status status = SetServerTimeout(kLongTimeout, &old);
-  if (status != kNoError) return status;
-  status = work();
-  if (status != kNoError) return status;
-  std::uint32_t raised = 0;
-  return SetServerTimeout(old, &raised);
-}
 
 Status CAgent::SetServerTimeout(std::uint32_t seconds, std::uint32_t* old) {
   const Status status = ReadServerTimeout(old);
@@ -62,19 +51,25 @@ Status CAgent::WriteServerTimeout(std::uint32_t seconds) {
 }
 
 Status CAgent::RunBatch(const std::string& path) {
-  return RunLong([&] { return IMSPBatchConfiguration(path); });
+  return LongTimeout(this, kSeconds).RunUntilFailure([&] { return IMSPBatchConfiguration(path); });
 }
 
 Status CAgent::BackupDatabase(const char* first, const char* second) {
-  return RunLong([&] { return RecordedCommand(kBackup, first, second); });
+  return LongTimeout(this, kSeconds).RunUntilFailure([&] {
+    return RecordedCommand(kBackup, first, second);
+  });
 }
 
 Status CAgent::RestoreDatabase(const char* first, const char* second) {
-  return RunLong([&] { return RecordedCommand(kRestore, first, second); });
+  return LongTimeout(this, kSeconds).RunUntilFailure([&] {
+    return RecordedCommand(kRestore, first, second);
+  });
 }
 
 Status CAgent::CheckDatabase() {
-  return RunLongAndRestore(this, [&] { return DatabaseCommand(kCheck, nullptr, nullptr); });
+  return LongTimeout(this, kSeconds).RunAlways([&] {
+    return DatabaseCommand(kCheck, nullptr, nullptr);
+  });
 }
 
 // The one way by which a local code gets into the last error: -1 for texts that do not fit.
@@ -126,7 +121,7 @@ Status CAgent::ReadLog(const std::string& user) {
 
 Status CAgent::ClearLog(const std::string& filter) {
   ABIdent book(BookKind::kLog, kLogBook);
-  return RunLong([&] {
+  return LongTimeout(this, kSeconds).RunUntilFailure([&] {
     const Status status = IMSPClearAB(&book, filter.c_str());
     if (status == kNoError && logRecords != nullptr) {
       FreeLogRecords();

@@ -1,28 +1,30 @@
 #include "bridge/long_timeout.h"
 
-#include "bridge/agent.h"
-
 namespace quillkit {
 
 Status LongTimeout::Raise() {
   if (agent == nullptr) return kRefused;
+  if (unit == Unit::kSeconds) return agent->SetServerTimeout(kLongTimeout, &old);
   IOCtlRecord request;
   request.code = IOCtlCode::kGetTimeout;
   const Status status = agent->IMSPIOCtl(&request);
   if (status != kNoError) return status;
   old = request.value;
-  return Set(kLongTimeout * kMillisecondsPerSecond);
+  return SetMilliseconds(kLongTimeout * kMillisecondsPerSecond);
 }
 
 Status LongTimeout::Restore() {
-  return Set(old);
+  if (agent == nullptr) return kRefused;
+  if (unit == Unit::kMilliseconds) return SetMilliseconds(old);
+  if (old == kNotRead) return agent->KeepServerTimeout();
+  std::uint32_t raised = 0;
+  return agent->SetServerTimeout(old, &raised);
 }
 
-Status LongTimeout::Set(std::uint32_t milliseconds) {
-  if (agent == nullptr) return kRefused;
+Status LongTimeout::SetMilliseconds(std::uint32_t value) {
   IOCtlRecord request;
   request.code = IOCtlCode::kSetTimeout;
-  request.value = milliseconds;
+  request.value = value;
   return agent->IMSPIOCtl(&request);
 }
 

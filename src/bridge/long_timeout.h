@@ -1,7 +1,10 @@
-// The long time-out of server calls as the books raise it: in milliseconds, by IMSPIOCtl itself.
+// The long time-out of server calls: an hour, for an operation that takes long.
 //
-// Raising and restoring are two steps whose order and whose failures are the caller's: where an
-// operation ends between them, the server stays at the long time-out.
+// The operations differ in three ways, all visible to the server and to the caller:
+//   - how the time-out is set: in seconds by CAgent::SetServerTimeout, or in milliseconds by
+//     IMSPIOCtl itself;
+//   - whether a failed raise prevents the work;
+//   - whether the old time-out is restored after work that failed.
 
 #ifndef QUILLKIT_BRIDGE_LONG_TIMEOUT_H_
 #define QUILLKIT_BRIDGE_LONG_TIMEOUT_H_
@@ -14,39 +17,59 @@ namespace quillkit {
 
 class LongTimeout {
  public:
-  // A null agent makes both steps give -1.
-  explicit LongTimeout(CAgent* newAgent) : agent(newAgent) {}
+  // The calls of a raise are IMSPIOCtl 2 and 1. Those of a restore are IMSPIOCtl 1 for
+  // milliseconds, and IMSPIOCtl 2 and 1 for seconds, where the old value is rounded down.
+  enum class Unit { kSeconds, kMilliseconds };
 
-  // IMSPIOCtl 2, and on 0 IMSPIOCtl 1 with an hour. The first status that is not 0, else 0.
-  Status Raise();
+  struct Results {
+    Status work;
+    Status restored;
+  };
 
-  // IMSPIOCtl 1 with what Raise read. REQUIRES: Raise gave 0.
-  Status Restore();
+  // With a null agent, raise and restore fail with -1 and make no call.
+  LongTimeout(CAgent* newAgent, Unit newUnit) : agent(newAgent), unit(newUnit) {}
+
+  // Raises the time-out, runs `work`, restores the time-out. The first status that is not 0 ends
+  // this and is returned: if the work fails, the server keeps the long time-out.
+  template <class Work>
+  Status RunUntilFailure(Work work) {
+    Status status = Raise();
+    if (status == kNoError) status = work();
+    return status == kNoError ? Restore() : status;
+  }
+
+  // Raises the time-out and, if that succeeds, runs `work` and restores the time-out, even if the
+  // work fails. Returns both statuses; that of a failed raise, twice.
+  template <class Work>
+  Results RunAndRestore(Work work) {
+    const Status raised = Raise();
+    if (raised != kNoError) return {raised, raised};
+    const Status status = work();
+    return {status, Restore()};
+  }
+
+  // Does all three, whatever each returns. If the old time-out could not be read, the long one was
+  // not set, and the restore keeps the time-out that it reads. Returns the status of the work.
+  // REQUIRES: the agent is not null, the unit is seconds.
+  template <class Work>
+  Status RunAlways(Work work) {
+    Raise();
+    const Status status = work();
+    Restore();
+    return status;
+  }
 
  private:
-  Status Set(std::uint32_t milliseconds);
+  static constexpr std::uint32_t kNotRead = UINT32_MAX;  // no time-out has as many seconds
+
+  Status Raise();
+  Status Restore();
+  Status SetMilliseconds(std::uint32_t value);
 
   CAgent* agent;
-  std::uint32_t old = 0;  // milliseconds
+  Unit unit;
+  std::uint32_t old = kNotRead;  // in `unit`
 };
-
-// Does `work` under the long time-out as CAgent::SetServerTimeout sets it, and puts the old one
-// back, whatever any of it returns. Where the old one could not be read, the long one was not set:
-// the restoring call then keeps the time-out that it reads. The status of the work.
-template <class Work>
-Status RunLongAndRestore(CAgent* agent, Work work) {
-  constexpr std::uint32_t kNotRead = UINT32_MAX;  // no time-out has as many seconds
-  std::uint32_t old = kNotRead;
-  agent->SetServerTimeout(kLongTimeout, &old);
-  const Status status = work();
-  std::uint32_t raised = 0;
-  if (old != kNotRead) {
-    agent->SetServerTimeout(old, &raised);
-  } else {
-    agent->KeepServerTimeout();
-  }
-  return status;
-}
 
 }  // namespace quillkit
 

@@ -1,13 +1,12 @@
-// A distribution list: a named, small book on the server, with all its members held in one block.
-// E-mail and fax lists are this template with their record; a list of this base has no server, and
-// its slots do nothing.
+// A distribution list: a named, small book on the server, with all its members in one block.
+// E-mail and fax lists are this template with their records. A list of this base class has no
+// server: its virtual operations do nothing.
 //
 // Invariants:
-//   1. Members stand in the server's order, followed by what was appended locally.
-//   2. A member's address is good until the next operation that changes the list.
+//   1. Members are in the server's order, followed by those appended locally.
+//   2. A pointer to a member is valid until the next operation that changes the list.
 //
-// Results are not uniform: the server operations give a Status, the local ones an index, a count, 1
-// or 0.
+// Server operations return a Status. Local operations return an index, a count, 1 or 0.
 
 #ifndef QUILLKIT_LISTS_DISTRIBUTION_LIST_H_
 #define QUILLKIT_LISTS_DISTRIBUTION_LIST_H_
@@ -24,8 +23,7 @@
 
 namespace quillkit {
 
-// The most members of a list: what it takes of a list when it is opened, and the limit of an
-// addition.
+// The most members of a list: the limit of reading a list when it is opened, and of an addition.
 inline constexpr std::int32_t MaxListMembers = 512;
 
 template <class Entry>
@@ -33,11 +31,15 @@ class DistributionList : public RootObject {
  public:
   using Member = Entry;
 
-  // The count, the name, the members. Loading into a list that has had members already takes count
-  // and name, and leaves the members in the stream and the list without any: load into a fresh one.
+  static const ClassRecord kClass;
+
+  const ClassRecord* GetRuntimeClass() const override { return &kClass; }
+
+  // The count, the name, the members. Load into a new list only: a list that has had members reads
+  // count and name, leaves the members in the stream, and then has none.
   void Serialize(Archive& archive) override;
 
-  // --- Slots behind those of the root, in this order in every list ---
+  // --- Virtual operations after those of the root, in this order in every list ---
 
   virtual Status GetMemberCount(std::uint32_t* /*count*/) { return kNoError; }
   virtual Status ReadMember(Entry* /*entry*/) { return kNoError; }
@@ -59,7 +61,7 @@ class DistributionList : public RootObject {
   const std::string& Name() const { return name; }
   void GetName(std::string& text) const { text = name; }
 
-  // 0, or -1 and no change for an empty name.
+  // Returns 0, or -1 and no change for an empty name.
   Status InitName(std::string_view text);
 
   // --- Members ---
@@ -67,63 +69,68 @@ class DistributionList : public RootObject {
   std::int32_t Count() const { return members.count(); }
   bool IsEmpty() const { return members.IsEmpty(); }
 
-  // Null for an index out of range.
+  // Returns null for an index out of range.
   Entry* GetAt(std::int32_t index) { return members.At(index); }
   const Entry* GetAt(std::int32_t index) const { return members.At(index); }
 
-  // Entry::SetFrom of the member on `*entry`; the index, or -1 out of range.
+  // Copies the member to `*entry` with Entry::SetFrom. Returns the index, or -1 if out of range.
   std::int32_t CopyAt(std::int32_t index, Entry* entry) const;
 
-  // Entry::SetFrom of `entry` on the member. With `server` 1 then ModifyMember with it and a
-  // reload, whose status is the result; else 0. -1 on an empty list, 0 for an index out of range.
+  // Copies `entry` to the member with Entry::SetFrom. If `server` is 1, then calls ModifyMember
+  // with a reload and returns its status; otherwise returns 0. Returns -1 on an empty list, and 0
+  // for an index out of range.
   Status SetAt(std::int32_t index, const Entry& entry, std::int32_t server);
 
-  // 1, or 0 for an index out of range.
+  // Returns 1, or 0 for an index out of range.
   int RemoveLocalAt(std::int32_t index);
 
-  // Removes the member here. With `server` 1 what then stands at its place is removed on the
-  // server, with a reload, whose status is the result: the member behind it, or itself if it was
-  // the last. Else the index. 0 for an index out of range.
+  // Removes the member in memory. If `server` is 1, then removes on the server, with a reload, the
+  // member that is now at this index: the next one, or the removed one if it was the last. Returns
+  // that status; otherwise the index. Returns 0 for an index out of range.
   Status RemoveAt(std::int32_t index, std::int32_t server);
 
-  // The first member of exactly the entry's name; -1 for none, but 0 on an empty list.
+  // Returns the index of the first member with exactly the entry's name; -1 if there is none; 0 on
+  // an empty list.
   std::int32_t FindMember(const Entry& entry) const;
 
-  // Search by name: whole, or by as many characters as the key has where `exact` is 0. A search
-  // that finds nothing gives the last member: look at the name. FindNext goes on behind the last
-  // hit with the key of the last Find that hit, from the beginning behind a Find that missed, and
-  // from the second member on behind a change of the members; null when no member follows.
+  // Search by name: the whole name, or its beginning if `exact` is 0. Without a hit they return the
+  // last member: compare the name. They return null on an empty list, and FindNext also if no
+  // member follows. FindNext continues as NameCursor does; after a change of the members it starts
+  // at index 1.
   Entry* Find(std::string_view key, std::int32_t exact);
   Entry* FindNext(std::int32_t exact);
 
-  // The index of the last hit; -1 behind a Find that missed, 0 behind a change of the members.
-  std::int32_t SearchIndex() const { return searchIndex; }
+  // Returns the index of the latest hit; -1 after a Find without one, 0 after a change of the
+  // members.
+  std::int32_t SearchIndex() const { return search.Position(); }
 
  protected:
-  std::int32_t IndexOf(std::string_view key, std::int32_t start, bool wholeName) const;
-  Entry* FindFrom(std::int32_t start, std::string_view key, std::int32_t exact);
-
   std::string name;
   EntryBlock<Entry> members;
-  std::int32_t searchIndex = 0;
-  std::string searchKey;
+  NameCursor search;
+
+ private:
+  auto Names() const {
+    return [this](std::int32_t index) { return GetAt(index)->name.View(); };
+  }
+  Entry* HitOrLast(std::int32_t hit) { return GetAt(hit >= 0 ? hit : Count() - 1); }
 };
 
 template <class Entry>
 Status DistributionList<Entry>::AddMember(Entry* /*entry*/, std::int32_t /*reload*/) {
-  searchIndex = 0;
+  search.MoveTo(0);
   return kNoError;
 }
 
 template <class Entry>
 Status DistributionList<Entry>::RemoveMember(Entry* /*entry*/, std::int32_t /*reload*/) {
-  searchIndex = 0;
+  search.MoveTo(0);
   return kNoError;
 }
 
 template <class Entry>
 Status DistributionList<Entry>::Reload() {
-  searchIndex = 0;
+  search.MoveTo(0);
   return kNoError;
 }
 
@@ -135,7 +142,7 @@ Status DistributionList<Entry>::DestroyList() {
 
 template <class Entry>
 Status DistributionList<Entry>::InitName(std::string_view text) {
-  searchIndex = 0;
+  search.MoveTo(0);
   if (text.empty()) return kRefused;
   SetName(text);
   return kNoError;
@@ -161,7 +168,7 @@ Status DistributionList<Entry>::SetAt(std::int32_t index, const Entry& entry, st
 template <class Entry>
 int DistributionList<Entry>::RemoveLocalAt(std::int32_t index) {
   if (!members.RemoveAt(index)) return 0;
-  searchIndex = 0;
+  search.MoveTo(0);
   return 1;
 }
 
@@ -169,45 +176,25 @@ template <class Entry>
 Status DistributionList<Entry>::RemoveAt(std::int32_t index, std::int32_t server) {
   if (RemoveLocalAt(index) == 0) return 0;
   if (server != 1) return index;
-  Entry there = members.data()[index];  // the block keeps its size
+  Entry there = members.data()[index];  // in the block, also if it was the last member
   return RemoveMember(&there, 1);
 }
 
 template <class Entry>
 std::int32_t DistributionList<Entry>::FindMember(const Entry& entry) const {
-  return IsEmpty() ? 0 : IndexOf(entry.name.View(), 0, true);
+  return IsEmpty() ? 0 : FindName(0, Count(), entry.name.View(), true, Names());
 }
 
 template <class Entry>
 Entry* DistributionList<Entry>::Find(std::string_view key, std::int32_t exact) {
   if (IsEmpty()) return nullptr;
-  searchIndex = -1;
-  Entry* found = FindFrom(0, key, exact);
-  if (searchIndex >= 0) searchKey = key;
-  return found;
+  return HitOrLast(search.FindFirst(Count(), key, exact != 0, Names()));
 }
 
 template <class Entry>
 Entry* DistributionList<Entry>::FindNext(std::int32_t exact) {
-  if (searchIndex + 1 >= Count()) return nullptr;
-  return FindFrom(searchIndex + 1, searchKey, exact);
-}
-
-// The next match, to which the search then stands, or the last member.
-template <class Entry>
-Entry* DistributionList<Entry>::FindFrom(std::int32_t start, std::string_view key,
-                                         std::int32_t exact) {
-  const std::int32_t hit = IndexOf(key, start, exact != 0);
-  if (hit < 0) return GetAt(Count() - 1);
-  searchIndex = hit;
-  return GetAt(hit);
-}
-
-template <class Entry>
-std::int32_t DistributionList<Entry>::IndexOf(std::string_view key, std::int32_t start,
-                                              bool wholeName) const {
-  return FindName(start, Count(), key, wholeName,
-                  [&](std::int32_t i) { return GetAt(i)->name.View(); });
+  if (search.Position() + 1 >= Count()) return nullptr;
+  return HitOrLast(search.FindNext(Count(), exact != 0, Names()));
 }
 
 template <class Entry>
@@ -216,7 +203,7 @@ void DistributionList<Entry>::Serialize(Archive& archive) {
   archive.Exchange(count);
   archive.Exchange(name);
   if (!archive.IsStoring()) {
-    searchIndex = 0;
+    search.MoveTo(0);
     const bool isFresh = members.block() == nullptr;
     members.Free();
     if (!isFresh || !archive.Prepare(members, count)) return;

@@ -2,6 +2,7 @@
 
 namespace quillkit {
 
+template <>
 const ClassRecord CEmailDL::kClass = {"CEmailDL", sizeof(CEmailDL), 1, CreateObject<CEmailDL>,
                                       nullptr};
 

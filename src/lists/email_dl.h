@@ -1,4 +1,4 @@
-// The base of the two e-mail lists: a list with no server behind it.
+// The base class of the e-mail lists: a list without a server.
 
 #ifndef QUILLKIT_LISTS_EMAIL_DL_H_
 #define QUILLKIT_LISTS_EMAIL_DL_H_
@@ -8,12 +8,10 @@
 
 namespace quillkit {
 
-class CEmailDL : public DistributionList<CEmailEntry> {
- public:
-  static const ClassRecord kClass;
+using CEmailDL = DistributionList<CEmailEntry>;
 
-  const ClassRecord* GetRuntimeClass() const override { return &kClass; }
-};
+template <>
+const ClassRecord CEmailDL::kClass;
 
 }  // namespace quillkit
 

@@ -2,6 +2,7 @@
 
 namespace quillkit {
 
+template <>
 const ClassRecord CFaxDL::kClass = {"CFaxDL", sizeof(CFaxDL), 1, CreateObject<CFaxDL>, nullptr};
 
 }  // namespace quillkit

@@ -1,4 +1,4 @@
-// The base of the fax list: a list with no server behind it.
+// The base class of the fax lists: a list without a server.
 
 #ifndef QUILLKIT_LISTS_FAX_DL_H_
 #define QUILLKIT_LISTS_FAX_DL_H_
@@ -8,12 +8,10 @@
 
 namespace quillkit {
 
-class CFaxDL : public DistributionList<CFaxEntry> {
- public:
-  static const ClassRecord kClass;
+using CFaxDL = DistributionList<CFaxEntry>;
 
-  const ClassRecord* GetRuntimeClass() const override { return &kClass; }
-};
+template <>
+const ClassRecord CFaxDL::kClass;
 
 }  // namespace quillkit
 

@@ -1,4 +1,4 @@
-// A public e-mail list. The e-mail book holds them all (books/email_ab.h).
+// A public e-mail list. The e-mail book (books/email_ab.h) holds all of them.
 
 #ifndef QUILLKIT_LISTS_PUB_EMAIL_DL_H_
 #define QUILLKIT_LISTS_PUB_EMAIL_DL_H_
@@ -11,15 +11,13 @@ namespace quillkit {
 
 class CEmailAB;
 
-extern template class ServerList<CEmailDL, CEmailAB, BookKind::kPublicList>;
-extern template class PublicList<CEmailDL, CEmailAB, BookKind::kPublicList>;
+using CPubEmailDL = PublicList<CEmailEntry, CEmailAB, BookKind::kPublicList>;
 
-class CPubEmailDL : public PublicList<CEmailDL, CEmailAB, BookKind::kPublicList> {
- public:
-  static const ClassRecord kClass;
+template <>
+const ClassRecord CPubEmailDL::kClass;
 
-  const ClassRecord* GetRuntimeClass() const override { return &kClass; }
-};
+extern template class ServerList<CEmailEntry, CEmailAB, BookKind::kPublicList>;
+extern template class PublicList<CEmailEntry, CEmailAB, BookKind::kPublicList>;
 
 }  // namespace quillkit
 

@@ -1,4 +1,4 @@
-// A fax list, of which there are public ones alone. The fax book holds them all (books/fax_ab.h).
+// A fax list; all of them are public. The fax book (books/fax_ab.h) holds them.
 
 #ifndef QUILLKIT_LISTS_PUB_FAX_DL_H_
 #define QUILLKIT_LISTS_PUB_FAX_DL_H_
@@ -11,15 +11,13 @@ namespace quillkit {
 
 class CFaxAB;
 
-extern template class ServerList<CFaxDL, CFaxAB, BookKind::kFaxList>;
-extern template class PublicList<CFaxDL, CFaxAB, BookKind::kFaxList>;
+using CPubFaxDL = PublicList<CFaxEntry, CFaxAB, BookKind::kFaxList>;
 
-class CPubFaxDL : public PublicList<CFaxDL, CFaxAB, BookKind::kFaxList> {
- public:
-  static const ClassRecord kClass;
+template <>
+const ClassRecord CPubFaxDL::kClass;
 
-  const ClassRecord* GetRuntimeClass() const override { return &kClass; }
-};
+extern template class ServerList<CFaxEntry, CFaxAB, BookKind::kFaxList>;
+extern template class PublicList<CFaxEntry, CFaxAB, BookKind::kFaxList>;
 
 }  // namespace quillkit
 

@@ -1,4 +1,4 @@
-// A public list, of e-mail or fax members: owned by its book, which sends what it has to send.
+// A public list, of e-mail or fax members. Its book owns it and sends its calls.
 
 #ifndef QUILLKIT_LISTS_PUBLIC_LIST_H_
 #define QUILLKIT_LISTS_PUBLIC_LIST_H_
@@ -11,66 +11,66 @@
 
 namespace quillkit {
 
-// `BookClass` also offers SetServerTimeout(seconds, old).
-template <class Base, class BookClass, BookKind kListKind>
-class PublicList : public ServerList<Base, BookClass, kListKind> {
-  using Shared = ServerList<Base, BookClass, kListKind>;
-
+template <class Entry, class BookClass, BookKind kListKind>
+class PublicList : public ServerList<Entry, BookClass, kListKind> {
  public:
-  using Member = typename Base::Member;
+  static const ClassRecord kClass;
+
+  const ClassRecord* GetRuntimeClass() const override { return &kClass; }
 
   bool IsPublic() const override { return true; }
 
-  // Takes the name and the book, which must outlive the list, and reads at most 512 members of the
-  // list of that name: IMSPSizeofAB and, unless that tells of none, IMSPReadAB. The first status
-  // that is not 0; 21 comes with 512 members. The count is that of the size query: what the read
-  // did not deliver is blank. Once the size is known, `*delivered`, unless it is null, becomes the
-  // number of members that were delivered. -1 for an empty name, with no call. 0 and no change for
-  // a null book.
+  // Stores the name and the book, which must outlive the list, and reads at most 512 members. The
+  // count is that of the size query: members that the read did not deliver are blank. Once the size
+  // is known, stores the number of delivered members in `*delivered`, unless that is null. Returns
+  // the first status that is not 0: 21 comes with 512 members. Returns -1 and makes no call for an
+  // empty name; 0 and no change for a null book.
+  // Server calls: IMSPSizeofAB, then IMSPReadAB unless the size is 0.
   Status Open(BookClass* newBook, std::string_view newName, std::uint32_t* delivered = nullptr);
 
-  // IMSPCreateEntry. At 512 members code 24 is recorded and given, with no call.
-  Status AddMember(Member* entry, std::int32_t reload) override;
+  // With 512 members records and returns code 24 and makes no call. Server calls: IMSPCreateEntry.
+  Status AddMember(Entry* entry, std::int32_t reload) override;
 
-  // Reads the list anew, as Open, and as many members as there are.
+  // Reads the list again, as Open, without its limit.
   Status Reload() override;
 
-  // IMSPModifyEntry of each member in turn, by its own name. The first status that is not 0 ends
-  // it.
+  // Modifies each member in turn, by its own name. Returns the first status that is not 0, which
+  // ends this. Server calls: IMSPModifyEntry for each.
   Status WriteMembers() override;
 
-  // Drops the members here and deletes the list on the server under the long time-out. Calls:
-  // SetServerTimeout, IMSPDeleteAB, SetServerTimeout. The first status that is not 0 ends it: a
-  // list that cannot be deleted leaves the time-out long. Without a book -1, with the members gone.
+  // Drops the members in memory and deletes the list on the server under the long time-out. Returns
+  // the first status that is not 0, which ends this: if the list cannot be deleted, the server
+  // keeps the long time-out. Without a book returns -1, after the members were dropped.
+  // Server calls: CAgent::SetServerTimeout, IMSPDeleteAB, CAgent::SetServerTimeout.
   Status DestroyList() override;
 
-  // Drops the members here and empties the list on the server under the long time-out, which goes
-  // past the book and needs none. Calls: IMSPIOCtl 2 and 1, IMSPClearAB, IMSPIOCtl 1. The first
-  // status that is not 0 ends it.
+  // Drops the members in memory and empties the list on the server under the long time-out, through
+  // TheAgent: with or without a book. Returns the first status that is not 0, which ends this.
+  // Server calls: IMSPIOCtl 2 and 1, IMSPClearAB, IMSPIOCtl 1.
   Status ClearMembers();
 
-  // Overwrite the member of the entry's name, whatever the key: the count; -1 also when the server
-  // changed a member that is not held here.
-  std::int32_t ModifyLocal(Member* entry) { return Show(Access().Modify(entry), *entry); }
-  std::int32_t RenameLocal(std::string_view key, Member* entry) {
+  // Replace the member of the entry's name; `key` is the name on the server. Return the count; -1
+  // also if the changed member is not in memory.
+  std::int32_t ModifyLocal(Entry* entry) { return Show(Access().Modify(entry), *entry); }
+  std::int32_t RenameLocal(std::string_view key, Entry* entry) {
     return Show(Access().Rename(key, entry), *entry);
   }
 
  private:
+  using Shared = ServerList<Entry, BookClass, kListKind>;
   using Shared::Access;
   using Shared::book;
   using Shared::members;
-  using Shared::name;
-  using Shared::searchIndex;
+  using Shared::search;
 
-  std::int32_t Show(Status changed, const Member& entry) {
+  std::int32_t Show(Status changed, const Entry& entry) {
     return changed == kNoError && this->Overwrite(entry) ? members.count() : -1;
   }
 };
 
-template <class Base, class BookClass, BookKind kListKind>
-Status PublicList<Base, BookClass, kListKind>::Open(BookClass* newBook, std::string_view newName,
-                                                    std::uint32_t* delivered) {
+template <class Entry, class BookClass, BookKind kListKind>
+Status PublicList<Entry, BookClass, kListKind>::Open(BookClass* newBook, std::string_view newName,
+                                                     std::uint32_t* delivered) {
   if (newBook == nullptr) return kNoError;
   Status status = this->InitName(newName);
   if (status != kNoError) return status;
@@ -79,9 +79,9 @@ Status PublicList<Base, BookClass, kListKind>::Open(BookClass* newBook, std::str
   return status == kNoError ? this->ReadRoom(delivered) : status;
 }
 
-template <class Base, class BookClass, BookKind kListKind>
-Status PublicList<Base, BookClass, kListKind>::AddMember(Member* entry, std::int32_t reload) {
-  searchIndex = 0;
+template <class Entry, class BookClass, BookKind kListKind>
+Status PublicList<Entry, BookClass, kListKind>::AddMember(Entry* entry, std::int32_t reload) {
+  search.MoveTo(0);
   if (book == nullptr) return kRefused;
   if (this->IsFull()) {
     TheAgent.SetError(kBookFull);
@@ -90,9 +90,9 @@ Status PublicList<Base, BookClass, kListKind>::AddMember(Member* entry, std::int
   return this->Finish(Access().Create(entry), reload);
 }
 
-template <class Base, class BookClass, BookKind kListKind>
-Status PublicList<Base, BookClass, kListKind>::Reload() {
-  searchIndex = 0;
+template <class Entry, class BookClass, BookKind kListKind>
+Status PublicList<Entry, BookClass, kListKind>::Reload() {
+  search.MoveTo(0);
   if (book == nullptr) return kRefused;
   const Status status = this->MakeRoom(MaxServerMembers);
   if (status != kNoError) return status;
@@ -100,33 +100,27 @@ Status PublicList<Base, BookClass, kListKind>::Reload() {
   return this->ReadRoom();
 }
 
-template <class Base, class BookClass, BookKind kListKind>
-Status PublicList<Base, BookClass, kListKind>::WriteMembers() {
+template <class Entry, class BookClass, BookKind kListKind>
+Status PublicList<Entry, BookClass, kListKind>::WriteMembers() {
   const auto count = static_cast<std::uint32_t>(members.count());
   return Access().ModifyEach(members.data(), &count);
 }
 
-template <class Base, class BookClass, BookKind kListKind>
-Status PublicList<Base, BookClass, kListKind>::DestroyList() {
+template <class Entry, class BookClass, BookKind kListKind>
+Status PublicList<Entry, BookClass, kListKind>::DestroyList() {
   members.Free();
-  if (book == nullptr) return kRefused;
-  std::uint32_t old = 0;
-  Status status = book->SetServerTimeout(kLongTimeout, &old);
-  if (status != kNoError) return status;
-  status = Access().DeleteBook();
-  if (status != kNoError) return status;
-  std::uint32_t raised = 0;
-  return book->SetServerTimeout(old, &raised);
+  BookAccess<Entry> list = Access();
+  return LongTimeout(list.Agent(), LongTimeout::Unit::kSeconds).RunUntilFailure([&] {
+    return list.DeleteBook();
+  });
 }
 
-template <class Base, class BookClass, BookKind kListKind>
-Status PublicList<Base, BookClass, kListKind>::ClearMembers() {
+template <class Entry, class BookClass, BookKind kListKind>
+Status PublicList<Entry, BookClass, kListKind>::ClearMembers() {
   members.Free();
-  LongTimeout timeout(&TheAgent);
-  Status status = timeout.Raise();
-  if (status != kNoError) return status;
-  status = BookAccess<Member>(&TheAgent, kListKind, name).ClearBook();
-  return status == kNoError ? timeout.Restore() : status;
+  return LongTimeout(&TheAgent, LongTimeout::Unit::kMilliseconds).RunUntilFailure([this] {
+    return this->SessionAccess().ClearBook();
+  });
 }
 
 }  // namespace quillkit

@@ -3,24 +3,22 @@
 #include <algorithm>
 
 #include "base/name_search.h"
-#include "books/email_ab.h"
 
 namespace quillkit {
 namespace {
 
 constexpr std::int32_t kWholeName = 1;
 
-// Below, at or above 0 as the name, or as much of it as the key is long, sorts before, with or
-// after the key.
+// Compares a name, or its beginning, with the key. The result is less than, equal to or greater
+// than 0.
 int Compare(std::string_view name, std::string_view key, std::int32_t exact) {
   return (exact == kWholeName ? name : name.substr(0, key.size())).compare(key);
 }
 
 }  // namespace
 
-void CEntryPage::Attach(std::int32_t capacity, CEmailAB* newBook) {
-  if (newBook == nullptr) return;
-  book = newBook;
+void CEntryPage::Attach(std::int32_t capacity, const BookAccess<CEmailEntry>& newBook) {
+  book.emplace(newBook);
   Allocate(capacity);
 }
 
@@ -76,10 +74,10 @@ int CEntryPage::Locate(std::string_view key, std::int32_t* index, std::int32_t e
 }
 
 Status CEntryPage::Fill(std::string_view key, std::string_view filter, std::int32_t direction) {
-  if (Count() <= 0 || book == nullptr) return kRefused;
+  if (Count() <= 0 || !book) return kRefused;
   KeyRange range(key, filter);
   auto delivered = static_cast<std::uint32_t>(Count());
-  const Status status = book->ReadEntries(&range, Data(), &delivered, direction);
+  const Status status = book->Read(&range, Data(), &delivered, direction);
   if (status == kDataNotFound) Clear();
   Shrink(static_cast<std::int32_t>(delivered), direction);
   return status;

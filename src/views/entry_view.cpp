@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "base/name_search.h"
-#include "books/email_ab.h"
 
 namespace quillkit {
 namespace {
@@ -12,7 +11,7 @@ constexpr std::int32_t kMaxLetters = 128;
 
 }  // namespace
 
-int CEntryView::AttachBook(CEmailAB* newBook) {
+int CEntryView::AttachBook(EntrySource* newBook) {
   if (newBook != nullptr) book = newBook;
   return book != nullptr ? 1 : 0;
 }

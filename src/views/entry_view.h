@@ -1,23 +1,22 @@
-// A view: the way by which an e-mail book of any size is walked and searched with a few entries in
-// memory. The book makes one of three kinds when it is opened and passes its entry operations on:
+// A view: walks and searches an e-mail book of any size with a few entries in memory. The book
+// creates one of three kinds when it is opened, and forwards its entry operations to it:
 //
 //   CSlidingEntryView   three pages that slide over the book
 //   CLetterEntryView    one page with the entries of one first letter
-//   CFullEntryView      a small book whole, up to 512 entries
+//   CFullEntryView      a whole small book, up to 512 entries
 //
-// This base holds what they share: the book, the letter census, and the search key. Its own
-// operations are those of a view of nothing.
+// This base class has what they share: the book, the letter census and the search key. Its own
+// operations are those of a view of no entries.
 //
 // Invariants:
-//   1. The census is read once and kept as it was: a view does not see in it what is added to or
-//      removed from the book later. Rows stand in the book's order, with counts from 0 to 200,000.
-//   2. An entry handed out is good until the view's next operation.
-//   3. Where the server fails (a status other than 0, 21 and 4) navigation gives null; the status
-//      stays in the agent's last error. 21 and 4 are what reads give that stop short of the book's
-//      end or find nothing.
+//   1. The census is read once and then kept: a view does not see later changes of the book in it.
+//      Its rows are in the book's order, with counts from 0 to 200,000.
+//   2. An entry is valid until the next operation on the view.
+//   3. If the server fails (a status other than 0, 21 and 4), navigation returns null; the status
+//      is the agent's last error. Reads return 21 if more entries follow, and 4 if there are none.
 //
-// A view without a book gives null, 0 or -1 and makes no call. `exact` compares whole names where
-// it is 1, else as many characters as the key has.
+// Without a book, operations return null, 0 or -1 and make no call. `exact` compares whole names if
+// it is 1, otherwise the beginnings of names.
 
 #ifndef QUILLKIT_VIEWS_ENTRY_VIEW_H_
 #define QUILLKIT_VIEWS_ENTRY_VIEW_H_
@@ -27,11 +26,10 @@
 #include <string_view>
 
 #include "base/entry_block.h"
-#include "bridge/records.h"
+#include "views/entry_page.h"
+#include "views/entry_source.h"
 
 namespace quillkit {
-
-class CEmailAB;
 
 class CEntryView {
  public:
@@ -39,27 +37,28 @@ class CEntryView {
   CEntryView(const CEntryView&) = delete;
   CEntryView& operator=(const CEntryView&) = delete;
 
-  // --- Slots, in this order in every view ---
+  // --- Virtual operations, in this order in every view ---
 
   virtual ~CEntryView() = default;
 
-  // Stores the book, which must outlive the view; null changes nothing. Whether there is a book: 1
-  // or 0. The full view loads the book here.
-  virtual int AttachBook(CEmailAB* newBook);
+  // Stores the book, which must outlive the view; null changes nothing. Returns 1 if there is a
+  // book, otherwise 0. The full view loads the book here.
+  virtual int AttachBook(EntrySource* newBook);
 
-  // Step through the book's order, or go to an index in it. Null where there is no entry.
+  // Step through the book's order, or go to an index in it. Return null if there is no entry.
   virtual CEmailEntry* First() { return nullptr; }
   virtual CEmailEntry* Last() { return nullptr; }
   virtual CEmailEntry* Next() { return nullptr; }
   virtual CEmailEntry* Prev() { return nullptr; }
   virtual CEmailEntry* GetAt(std::int32_t /*index*/) { return nullptr; }
 
-  // Change the book on the server, or what the view shows of it, as the flag says: see each view.
+  // Change the book on the server, or the entries of the view, depending on the flag: see each
+  // view.
   virtual Status Add(CEmailEntry* /*entry*/, std::int32_t /*reload*/) { return kNoError; }
   virtual Status Remove(CEmailEntry* /*entry*/, std::int32_t /*flag*/) { return kNoError; }
   virtual std::int32_t RemoveAt(std::int32_t /*index*/) { return 0; }
 
-  // Search by name. FindNext, FindPrev and FindNextPrefix go on with the key of the last search.
+  // Search by name. FindNext, FindPrev and FindNextPrefix use the key of the latest search.
   virtual CEmailEntry* Find(std::string_view /*key*/, std::int32_t /*flag*/) { return nullptr; }
   virtual CEmailEntry* FindLetter(char /*letter*/) { return nullptr; }
   virtual CEmailEntry* FindNext(std::int32_t /*exact*/) { return nullptr; }
@@ -81,73 +80,80 @@ class CEntryView {
   }
   virtual std::int32_t RemoveLocal(CEmailEntry* /*entry*/) { return 1; }
 
-  // Forgets the entries, so that a search has to ask the server.
+  // Discards the entries, so that the next search reads from the server.
   virtual void Reset() {}
 
   virtual std::int32_t GetPageSize() const { return 0; }
   virtual std::int32_t SetPageSize(std::int32_t /*size*/) { return 0; }
 
-  // Bracket the reads of one step: the book's operations of the same names.
+  // Called before and after the reads of one step: call those of the book.
   virtual void BeginAccess();
   virtual void EndAccess();
 
   // --- Census ---
 
-  // Reads the census unless it is there and `force` is 0: IMSPReadPageBoundaries, for at most 128
-  // letters. 0 when it is there; else the call's status, 21 when the book has more letters, which
-  // the next call no longer tells. The census is gone where that is neither 0 nor 21. -1 without a
-  // book or memory. An empty census counts as read.
+  // Reads the census, of at most 128 letters, unless it is present and `force` is 0. An empty
+  // census counts as present. Returns 0 if it is present; otherwise the status of the call, with 21
+  // if the book has more letters. A status other than 0 and 21 discards the census. Returns -1
+  // without a book or memory. Server calls: IMSPReadPageBoundaries.
   Status LoadBoundaries(std::int32_t force);
 
-  // The four below load the census.
+  // The four operations below load the census.
 
-  // 0 where there is none.
+  // Returns 0 for an empty census.
   char FirstLetter();
 
-  // The letter behind `letter`. The last letter of the book for itself, and for a letter that the
-  // book lacks; 0 for an empty census.
+  // Returns the letter after `letter`; the last letter of the book if `letter` is the last one or
+  // absent; 0 for an empty census.
   char NextLetter(char letter);
 
-  // The index of the letter's first entry, or -1 for a letter that the book lacks.
+  // Returns the index of the letter's first entry, or -1 if the book has no such letter.
   std::int32_t LetterStart(char letter);
 
-  // Stores the letter whose entries end at or behind the index, and gives the index of its first
-  // entry; -1 beyond the census. An index where a letter begins thus gives the letter before it.
+  // Stores in `*letter` the first letter whose entries end at or after `index`, and returns the
+  // index of its first entry: for an index where a letter starts, that is the letter before it.
+  // Returns -1 for an index beyond the census.
   std::int32_t LetterOfIndex(std::int32_t index, char* letter);
 
-  // The census as it stands, with no load: null, and a count of 128, before it was read.
+  // Returns the census without loading it. Before it was read: null, and a count of 128.
   const PageBoundary* GetBoundaries(std::int32_t* count) const;
 
-  // The server's number of entries: IMSPSizeofAB. -1 without a book.
+  // Stores the number of entries on the server. Returns the status, or -1 without a book.
+  // Server calls: IMSPSizeofAB.
   Status BookSize(std::uint32_t* size) const;
 
-  CEmailAB* Book() const { return book; }
+  EntrySource* Book() const { return book; }
 
  protected:
-  // 0, 21 and 4, with which a read is good.
+  // Returns whether the status of a read is 0, 21 or 4.
   static bool IsGoodRead(Status status);
 
-  // The filter that takes the names beginning with a letter.
+  // Returns the filter that matches the names starting with a letter.
   static std::string LetterFilter(char letter) { return {letter, '*'}; }
 
-  // The census's row of exactly this letter, or -1.
+  // Attaches a page to the book, if there is one.
+  void AttachPage(CEntryPage& page, std::int32_t capacity) const {
+    if (book != nullptr) page.Attach(capacity, book->Entries());
+  }
+
+  // Returns the row of exactly this letter, or -1.
   std::int32_t RowOfLetter(char letter) const;
 
-  // The first row with which the sum of the counts reaches `total`, and in `*start` the sum before
-  // it; -1 beyond the census.
+  // Returns the first row at which the sum of the counts reaches `total`, and stores the sum before
+  // it in `*start`; -1 if the census ends before.
   std::int32_t RowReaching(std::int64_t total, std::int32_t* start) const;
 
-  // The same for the entry at an index: the row of its letter.
+  // The same for an entry's index: returns the row of its letter.
   std::int32_t RowOfEntry(std::int32_t index, std::int32_t* start) const {
     return RowReaching(std::int64_t{index} + 1, start);
   }
 
-  // `entry`, if its name is what the last search looked for; else null.
+  // Returns `entry` if its name matches the key of the latest search, otherwise null.
   CEmailEntry* IfMatches(CEmailEntry* entry, std::int32_t exact) const;
 
   std::int32_t pageSize;
   EntryBlock<PageBoundary> boundaries;
-  CEmailAB* book = nullptr;  // not owned
+  EntrySource* book = nullptr;  // not owned
   std::uint32_t bookSize = 0;
   std::string lastSearch;
   std::int32_t cursor = 0;

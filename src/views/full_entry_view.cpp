@@ -1,11 +1,11 @@
 #include "views/full_entry_view.h"
 
+#include "appliance/after_change.h"
 #include "base/name_search.h"
-#include "books/email_ab.h"
 
 namespace quillkit {
 
-int CFullEntryView::AttachBook(CEmailAB* newBook) {
+int CFullEntryView::AttachBook(EntrySource* newBook) {
   if (CEntryView::AttachBook(newBook) == 0) return 0;
   const Status status = Load();
   return status == kNoError || status == kDataNotFound ? 1 : 0;
@@ -22,13 +22,13 @@ Status CFullEntryView::Load() {
   } else if (status == kNoError || status == kMoreData) {
     entries.Shrink(static_cast<std::int32_t>(delivered), 1);
   } else {
-    entries.Allocate(MaxFullEntries);  // whatever was written
+    entries.Allocate(MaxFullEntries);  // discards what was written
   }
   return status;
 }
 
-// Moves to where a walk may stand; a cursor that was left behind the end by removals steps back
-// through places without an entry.
+// Moves the cursor to `index` and returns its entry, or returns null. If removals left the cursor
+// beyond the end, it can step back through indexes without an entry.
 CEmailEntry* CFullEntryView::MoveTo(std::int32_t index) {
   if (entries.IsEmpty() || index < 0 || (index > cursor && index >= entries.count()))
     return nullptr;
@@ -70,9 +70,8 @@ Status CFullEntryView::ModifyByKey(std::string_view key, CEmailEntry* entry, std
   return book != nullptr ? Reload(book->RenameEntry(key, entry), reload) : kRefused;
 }
 
-// What a plain change ends in: its own status, or that of reading the book anew.
 Status CFullEntryView::Reload(Status changed, std::int32_t reload) {
-  return changed == kNoError && reload != 0 ? Load() : changed;
+  return AfterChange(changed, reload, [this] { return Load(); });
 }
 
 std::int32_t CFullEntryView::RemoveAt(std::int32_t index) {
@@ -102,7 +101,7 @@ std::int32_t CFullEntryView::ModifyLocalByKey(std::string_view key, CEmailEntry*
   return Overwrite(ModifyByKey(key, entry, 0), key, *entry);
 }
 
-// Shows a change that the server took in the entry of this name.
+// After a successful change, replaces the entry of this name. Returns 1 or 0.
 std::int32_t CFullEntryView::Overwrite(Status changed, std::string_view name,
                                        const CEmailEntry& entry) {
   CEmailEntry* slot = changed == kNoError ? entries.At(IndexOf(name, true)) : nullptr;
@@ -111,7 +110,7 @@ std::int32_t CFullEntryView::Overwrite(Status changed, std::string_view name,
   return 1;
 }
 
-// The first entry that matches, or -1.
+// Returns the index of the first entry that matches, or -1.
 std::int32_t CFullEntryView::IndexOf(std::string_view name, bool wholeName) const {
   return FindName(0, entries.count(), name, wholeName,
                   [&](std::int32_t i) { return entries.At(i)->name.View(); });

@@ -1,17 +1,17 @@
-// The view that holds a small book whole: up to 512 entries, read when the book is attached. It is
-// the only view that adds entries, and it changes them in two families:
+// The view that holds a whole small book: up to 512 entries, read when the book is attached. It is
+// the only view that can add entries. Two families change them:
 //
-//   Add, Remove, Modify, ModifyByKey   change the server and, if asked, read the book anew; a
-//   Status
-//   ...Local                           change the server and then patch the entries in place
+//   Add, Remove, Modify, ModifyByKey   change the server, then read the book again if `reload` is
+//                                      set; return a Status
+//   ...Local                           change the server, then update the entries in place
 //
-// The server comes first in both: a refusal leaves the entries as they were, and nothing is undone.
+// In both, if the server refuses the change, the entries stay unchanged. Nothing is rolled back.
 //
 // Invariants:
-//   1. Entries stand in the server's order, followed by what AddLocal appended.
-//   2. Navigation and search make no call. On an empty view they give null.
-//   3. The cursor is the index of the entry that the walk stands on, or -1 behind a Find that
-//      missed. It may lie behind entries that were removed: there is none at it then.
+//   1. Entries are in the server's order, followed by those that AddLocal appended.
+//   2. Navigation and search make no call. On an empty view they return null.
+//   3. The cursor is the index of the current entry, or -1 after a Find without a hit. After
+//      removals it may be beyond the last entry.
 
 #ifndef QUILLKIT_VIEWS_FULL_ENTRY_VIEW_H_
 #define QUILLKIT_VIEWS_FULL_ENTRY_VIEW_H_
@@ -31,45 +31,46 @@ class CFullEntryView : public CEntryView {
  public:
   CFullEntryView() : CEntryView(0) {}
 
-  // Stores the book and reads it: one IMSPReadAB. 1 when that gave 0 or 4, else 0. A book of more
-  // than 512 entries gives 0, with the first 512 in the view. A failed read leaves 512 blank
-  // entries, or none where the server said so.
-  int AttachBook(CEmailAB* newBook) override;
+  // Stores the book and reads it. Returns 1 if the status is 0 or 4, otherwise 0. For a book of
+  // more than 512 entries it returns 0 and holds the first 512. After any other failure the view
+  // holds 512 blank entries, or none if the server set the count to 0. Server calls: IMSPReadAB.
+  int AttachBook(EntrySource* newBook) override;
 
-  // Last and GetAt leave the cursor where it is.
+  // Last and GetAt do not move the cursor.
   CEmailEntry* First() override { return MoveTo(0); }
   CEmailEntry* Last() override { return entries.At(entries.count() - 1); }
   CEmailEntry* Next() override { return MoveTo(cursor + 1); }
   CEmailEntry* Prev() override { return MoveTo(cursor - 1); }
   CEmailEntry* GetAt(std::int32_t index) override { return entries.At(index); }
 
-  // The first entry whose name begins with this byte; on a miss the view's last entry, with the
-  // cursor left alone.
+  // Returns the first entry whose name starts with this byte. Without a hit it returns the view's
+  // last entry and does not move the cursor.
   CEmailEntry* FindLetter(char letter) override;
 
-  // Compares whole names unless `exact` is 0. On a miss the first entry of the key's letter, with
-  // the cursor on it, or the view's last entry, with the cursor at -1: look at the name. FindNext,
-  // FindPrev and FindNextPrefix find nothing and stay where they are.
+  // Compare whole names unless `exact` is 0. Without a hit they return the first entry of the key's
+  // letter and move the cursor to it, or the view's last entry and set the cursor to -1: compare
+  // the name. FindNext, FindPrev and FindNextPrefix return null and do not move the cursor.
   CEmailEntry* Find(std::string_view key, std::int32_t exact) override;
   CEmailEntry* FindPrefix(std::string_view key) override { return Find(key, 0); }
 
-  // The server's status; with `reload`, after a 0, that of the read, which may be 4 or 21. -1
-  // without a book. Add: the book's AddEntry, and -1 with no call when the view holds 512.
+  // Return the status of the change; with `reload`, after a 0, that of the read, which may be 4 or
+  // 21. Return -1 without a book. Add returns -1 with no call if the view holds 512 entries.
+  // Server calls: EntrySource's AddEntry, DeleteEntry, ModifyEntry, RenameEntry.
   Status Add(CEmailEntry* entry, std::int32_t reload) override;
   Status Remove(CEmailEntry* entry, std::int32_t reload) override;
   Status Modify(CEmailEntry* entry, std::int32_t reload) override;
   Status ModifyByKey(std::string_view key, CEmailEntry* entry, std::int32_t reload) override;
 
-  // The new count, or -1 for an index out of range. The server is not asked.
+  // Removes an entry from the view only. Returns the new count, or -1 for an index out of range.
   std::int32_t RemoveAt(std::int32_t index) override;
 
-  // Add: the new count, or -1 for a refusal or at 512; the entry goes to the end. Remove: the new
-  // count, or -1, also when the server dropped an entry that the view lacks.
+  // AddLocal appends the entry. Return the new count; or -1 if the server refuses, the view holds
+  // 512 entries (AddLocal), or the removed entry is not in the view (RemoveLocal).
   std::int32_t AddLocal(CEmailEntry* entry) override;
   std::int32_t RemoveLocal(CEmailEntry* entry) override;
 
-  // 1 after the entry of that name was overwritten whole, name included; or 0, also when the server
-  // changed an entry that the view lacks.
+  // Replace the entry of that name, including its name. Return 1; or 0 if the server refuses or the
+  // changed entry is not in the view.
   std::int32_t ModifyLocal(CEmailEntry* entry) override;
   std::int32_t ModifyLocalByKey(std::string_view key, CEmailEntry* entry) override;
 

@@ -3,14 +3,12 @@
 #include <algorithm>
 #include <string>
 
-#include "books/email_ab.h"
-
 namespace quillkit {
 
 CEmailEntry* CLetterEntryView::First() {
   if (LoadBoundaries(0) != kNoError || !LoadRow(0)) return nullptr;
   letterIndex = 0;
-  return page.IsEmpty() ? nullptr : StandAt(0);
+  return page.IsEmpty() ? nullptr : MoveTo(0);
 }
 
 CEmailEntry* CLetterEntryView::FindLetter(char letter) {
@@ -19,13 +17,13 @@ CEmailEntry* CLetterEntryView::FindLetter(char letter) {
   if (row < 0) return nullptr;
   letterIndex = row;
   if (boundaries.At(row)->count == 0) return nullptr;
-  return LoadRow(row) && !page.IsEmpty() ? StandAt(0) : nullptr;
+  return LoadRow(row) && !page.IsEmpty() ? MoveTo(0) : nullptr;
 }
 
 CEmailEntry* CLetterEntryView::Last() {
   if (!HasEntries() || LoadBoundaries(0) != kNoError) return nullptr;
   if (!LoadRow(boundaries.count() - 1) || page.IsEmpty()) return nullptr;
-  return StandAt(page.Count() - 1);
+  return MoveTo(page.Count() - 1);
 }
 
 CEmailEntry* CLetterEntryView::Next() {
@@ -36,7 +34,7 @@ CEmailEntry* CLetterEntryView::Next() {
     cursor = 0;
     return nullptr;
   }
-  return LoadRow(letterIndex) ? StandAt(0) : nullptr;
+  return LoadRow(letterIndex) ? MoveTo(0) : nullptr;
 }
 
 CEmailEntry* CLetterEntryView::Prev() {
@@ -47,7 +45,7 @@ CEmailEntry* CLetterEntryView::Prev() {
     letterIndex = 0;
     return nullptr;
   }
-  return LoadRow(letterIndex) ? StandAt(std::max(page.Count() - 1, std::int32_t{0})) : nullptr;
+  return LoadRow(letterIndex) ? MoveTo(std::max(page.Count() - 1, std::int32_t{0})) : nullptr;
 }
 
 CEmailEntry* CLetterEntryView::GetAt(std::int32_t index) {
@@ -58,18 +56,18 @@ CEmailEntry* CLetterEntryView::GetAt(std::int32_t index) {
   BeginAccess();
   std::int32_t start = 0;
   const std::int32_t row = RowOfEntry(index, &start);
-  if (row < 0) return nullptr;  // the book's lock, if it has one, is not released
+  if (row < 0) return nullptr;  // without EndAccess
   cursor = index - start;
   const Status status = Fill(boundaries.At(row)->letter, boundaries.At(row)->count);
   EndAccess();
   if (!IsGoodRead(status)) return nullptr;
-  if (page.IsEmpty()) return StandAt(0);
+  if (page.IsEmpty()) return MoveTo(0);
   letterIndex = row;
   return page.At(cursor);
 }
 
-// An entry goes when it matches the one that was found by its name, and two of one name never match
-// (CEmailEntry::Matches): the walk through that name ends, and nothing has gone.
+// Steps through the entries of this name. None is removed: that takes an entry that matches the one
+// found, and two entries of one name never match (CEmailEntry::Matches).
 Status CLetterEntryView::Remove(CEmailEntry* entry, std::int32_t /*flag*/) {
   if (!HasEntries()) return kNoError;
   const CEmailEntry* found = Find(entry->name.View(), 1);
@@ -105,13 +103,13 @@ Status CLetterEntryView::ModifyByKey(std::string_view key, CEmailEntry* entry, s
   return kNoError;
 }
 
-// Reads the entries of a letter, with room for so many.
+// Reads up to `capacity` entries of a letter.
 Status CLetterEntryView::Fill(char letter, std::int32_t capacity) {
-  page.Attach(capacity, book);
+  AttachPage(page, capacity);
   return page.Fill({}, LetterFilter(letter), 1);
 }
 
-// Reads the letter of a row. False for a row that the census lacks and for a failed read.
+// Reads the letter of a row. Returns false for a row out of range and for a failed read.
 bool CLetterEntryView::LoadRow(std::int32_t row) {
   const PageBoundary* boundary = boundaries.At(row);
   if (boundary == nullptr) return false;
@@ -121,15 +119,15 @@ bool CLetterEntryView::LoadRow(std::int32_t row) {
   return IsGoodRead(status);
 }
 
-// Null, with the cursor there all the same, where there is no entry.
-CEmailEntry* CLetterEntryView::StandAt(std::int32_t index) {
+// Moves the cursor, and returns the entry there or null.
+CEmailEntry* CLetterEntryView::MoveTo(std::int32_t index) {
   cursor = index;
   return page.At(index);
 }
 
 CEmailEntry* CLetterEntryView::Seek(std::string_view key, std::int32_t exact) {
   if (LoadBoundaries(0) != kNoError) return nullptr;
-  lastSearch = key;  // which may lie in the page that goes
+  lastSearch = key;  // a copy: the key may be in the page that is replaced
   const char letter = lastSearch.empty() ? '\0' : lastSearch.front();
   const PageBoundary* loaded = boundaries.At(letterIndex);
   if (loaded != nullptr && loaded->letter == letter) {
@@ -149,13 +147,13 @@ CEmailEntry* CLetterEntryView::Seek(std::string_view key, std::int32_t exact) {
   return found;
 }
 
-// Moves the cursor to the entry that matches, if the page holds it.
+// Moves the cursor to the matching entry and returns it, or returns null.
 CEmailEntry* CLetterEntryView::Locate(std::string_view key, std::int32_t exact) {
   if (page.IsEmpty() || page.Locate(key, &cursor, exact) != 0) return nullptr;
   return page.At(cursor);
 }
 
-// The entry of this name, if the page holds it; the cursor stays.
+// Returns the entry of this name, or null, without moving the cursor.
 CEmailEntry* CLetterEntryView::InPage(std::string_view name) {
   std::int32_t index = 0;
   return page.Locate(name, &index, 1) == 0 ? page.At(index) : nullptr;

@@ -2,13 +2,11 @@
 
 #include <algorithm>
 
-#include "books/email_ab.h"
-
 namespace quillkit {
 
 CEmailEntry* CSlidingEntryView::First() {
   if (book == nullptr || !IsGoodRead(LoadUp({}, {}))) return nullptr;
-  return StandAt(lowPage, 0);
+  return MoveTo(lowPage, 0);
 }
 
 CEmailEntry* CSlidingEntryView::Last() {
@@ -24,10 +22,10 @@ CEmailEntry* CSlidingEntryView::Next() {
     return nullptr;
   }
   if (++currentIndex < currentPage->Count()) return Current();
-  if (currentPage == &lowPage) return StandAt(midPage, 0);
-  if (currentPage == &midPage) return StandAt(highPage, 0);
+  if (currentPage == &lowPage) return MoveTo(midPage, 0);
+  if (currentPage == &midPage) return MoveTo(highPage, 0);
   const EntryKey last(highPage.Last()->name.View());
-  return IsGoodRead(LoadUp(last, {})) ? StandAt(lowPage, 0) : nullptr;
+  return IsGoodRead(LoadUp(last, {})) ? MoveTo(lowPage, 0) : nullptr;
 }
 
 CEmailEntry* CSlidingEntryView::Prev() {
@@ -38,11 +36,11 @@ CEmailEntry* CSlidingEntryView::Prev() {
   }
   const CEmailEntry* left = Current();
   if (--currentIndex >= 0) return Current();
-  if (currentPage == &highPage) return StandAtEnd(midPage.IsEmpty() ? lowPage : midPage);
-  if (currentPage == &midPage) return StandAtEnd(lowPage);
+  if (currentPage == &highPage) return MoveToEnd(midPage.IsEmpty() ? lowPage : midPage);
+  if (currentPage == &midPage) return MoveToEnd(lowPage);
   const EntryKey name(left != nullptr ? left->name.View() : std::string_view());
   if (!IsGoodRead(LoadDown(name))) return nullptr;
-  return StandAtEnd(highPage.IsEmpty() ? midPage : highPage);
+  return MoveToEnd(highPage.IsEmpty() ? midPage : highPage);
 }
 
 CEmailEntry* CSlidingEntryView::GetAt(std::int32_t index) {
@@ -51,7 +49,7 @@ CEmailEntry* CSlidingEntryView::GetAt(std::int32_t index) {
   return IsGoodRead(PositionAt(index)) ? Current() : nullptr;
 }
 
-// Learns the name at the index, and reads the span around it.
+// Reads the name at the index, then the span around it.
 Status CSlidingEntryView::PositionAt(std::int32_t index) {
   Status status = LoadBoundaries(0);
   if (status != kNoError) return status;
@@ -66,7 +64,7 @@ Status CSlidingEntryView::PositionAt(std::int32_t index) {
   bool endsAtKey = false;
   status = LoadAround(EntryKey(entry.name.View()), &endsAtKey);
   if (!IsGoodRead(status)) return status;
-  endsAtKey ? StandAtEnd(lowPage) : StandAt(midPage, 0);
+  endsAtKey ? MoveToEnd(lowPage) : MoveTo(midPage, 0);
   return kNoError;
 }
 
@@ -100,7 +98,7 @@ CEmailEntry* CSlidingEntryView::FindLetter(char letter) {
   if (book == nullptr) return nullptr;
   currentIndex = -1;
   if (!IsGoodRead(LoadUp({}, LetterFilter(letter))) || lowPage.IsEmpty()) return nullptr;
-  return StandAt(lowPage, 0);
+  return MoveTo(lowPage, 0);
 }
 
 Status CSlidingEntryView::Modify(CEmailEntry* entry, std::int32_t flag) {
@@ -135,9 +133,9 @@ std::int32_t CSlidingEntryView::SetPageSize(std::int32_t size) {
 
 // --- The span ---
 
-// What is there, or where it is not, the server once.
+// Searches the span, then reads it around the key and searches it again.
 CEmailEntry* CSlidingEntryView::Seek(std::string_view key, std::int32_t exact) {
-  lastSearch = key;  // which may lie in a page that goes
+  lastSearch = key;  // a copy: the key may be in a page that is replaced
   CEmailEntry* found = SearchPages(lastSearch, exact);
   if (found != nullptr) return found;
   bool endsAtKey = false;
@@ -145,28 +143,28 @@ CEmailEntry* CSlidingEntryView::Seek(std::string_view key, std::int32_t exact) {
   return SearchPages(lastSearch, exact);
 }
 
-// Moves the position to the entry that matches, if the span holds it.
+// Moves the position to the matching entry and returns it, or returns null.
 CEmailEntry* CSlidingEntryView::SearchPages(std::string_view key, std::int32_t exact) {
   for (CEntryPage* page : {&lowPage, &midPage, &highPage}) {
     if (page->IsEmpty()) continue;
     const int where = page->Locate(key, &currentIndex, exact);
-    if (where == 0) return StandAt(*page, currentIndex);
+    if (where == 0) return MoveTo(*page, currentIndex);
     if (where < 0) return nullptr;
   }
   return nullptr;
 }
 
-CEmailEntry* CSlidingEntryView::StandAt(CEntryPage& page, std::int32_t index) {
+CEmailEntry* CSlidingEntryView::MoveTo(CEntryPage& page, std::int32_t index) {
   currentPage = &page;
   currentIndex = index;
   return Current();
 }
 
-CEmailEntry* CSlidingEntryView::StandAtEnd(CEntryPage& page) {
-  return StandAt(page, std::max(page.Count() - 1, std::int32_t{0}));
+CEmailEntry* CSlidingEntryView::MoveToEnd(CEntryPage& page) {
+  return MoveTo(page, std::max(page.Count() - 1, std::int32_t{0}));
 }
 
-// The entry at the position, or null where there is none.
+// Returns the entry at the position, or null.
 CEmailEntry* CSlidingEntryView::Current() const {
   return currentPage != nullptr ? currentPage->At(currentIndex) : nullptr;
 }
@@ -176,7 +174,7 @@ bool CSlidingEntryView::IsSpanEmpty() const {
 }
 
 void CSlidingEntryView::AttachPages(std::int32_t capacity) {
-  for (CEntryPage* page : {&lowPage, &midPage, &highPage}) page->Attach(capacity, book);
+  for (CEntryPage* page : {&lowPage, &midPage, &highPage}) AttachPage(*page, capacity);
 }
 
 template <class Read>
@@ -188,23 +186,23 @@ Status CSlidingEntryView::LoadSpan(Read read) {
   return status;
 }
 
-// Reads the span from behind the key up.
+// Reads the span upwards from the key.
 Status CSlidingEntryView::LoadUp(EntryKey key, std::string_view filter) {
   return LoadSpan([&] { return ReadOnward(lowPage, midPage, highPage, key, filter, 1); });
 }
 
-// Reads the span from before the key down.
+// Reads the span downwards from the key.
 Status CSlidingEntryView::LoadDown(EntryKey key) {
   return LoadSpan([&] { return ReadOnward(highPage, midPage, lowPage, key, {}, 0); });
 }
 
-// Reads the span around the key. With `*endsAtKey` the low page ends with the key's own entry, or
-// with the one before the place where it would be; without it the middle page begins there.
+// Reads the span around the key. If `*endsAtKey` is set, the low page ends with the key's own
+// entry, or with the one before its place; otherwise the middle page starts there.
 Status CSlidingEntryView::LoadAround(EntryKey key, bool* endsAtKey) {
   return LoadSpan([&] { return ReadAround(key.name.View(), endsAtKey); });
 }
 
-// Fills the pages one after the other, each from where the one before ends in this direction.
+// Fills the pages in turn, each from the end of the page before it in this direction.
 Status CSlidingEntryView::ReadOnward(CEntryPage& first, CEntryPage& second, CEntryPage& third,
                                      const EntryKey& key, std::string_view filter,
                                      std::int32_t direction) {
@@ -225,7 +223,8 @@ Status CSlidingEntryView::ReadOnward(CEntryPage& first, CEntryPage& second, CEnt
   return third.Fill(edge(second), filter, direction);
 }
 
-// A read never delivers the key's own entry: it comes from the other side of its neighbour.
+// A read never delivers the key's own entry: a read from its neighbour, in the other direction,
+// does.
 Status CSlidingEntryView::ReadAround(std::string_view key, bool* endsAtKey) {
   *endsAtKey = false;
   midPage.Fill(key, {}, 1);
@@ -237,11 +236,11 @@ Status CSlidingEntryView::ReadAround(std::string_view key, bool* endsAtKey) {
   highPage.Clear();
   lowPage.Fill(key, {}, 0);
   if (!lowPage.IsEmpty()) {
-    midPage.Attach(GetPageSize(), book);
+    AttachPage(midPage, GetPageSize());
     return midPage.Fill(lowPage.Last()->name.View(), {}, 1);
   }
   *endsAtKey = true;
-  lowPage.Attach(GetPageSize(), book);
+  AttachPage(lowPage, GetPageSize());
   return lowPage.Fill({}, {}, 1);
 }
 

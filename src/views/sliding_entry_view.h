@@ -1,21 +1,21 @@
-// The view of a book of any size: a span of three consecutive pages that slides over the book.
-// Steps inside the span cost nothing; a step off either end reads the span anew in the direction of
-// travel, and a jump reads it around its target, so that there is context on both sides.
+// The view of a book of any size: a span of three consecutive pages that slides over the book. A
+// step inside the span makes no call. A step past either end reads a new span in the direction of
+// travel. A jump reads the span around its target, so that entries on both sides are in memory.
 //
 // Invariants:
-//   1. In the order low, middle, high the pages hold consecutive entries of the book in ascending
-//      order. Any of them may be empty.
-//   2. The position is an index in one of the pages, or there is none before the first load. It may
-//      stand where no entry is. In a page with entries it is then beside them, and a step goes on
-//      from there; in an empty page the view has run off, and Next and Prev give null until First,
-//      GetAt, FindLetter, Find or FindPrefix.
+//   1. In the order low, middle, high, the pages hold consecutive entries of the book in ascending
+//      order. Any page may be empty.
+//   2. The position is an index in one of the pages; before the first load there is none. It may be
+//      an index without an entry. In a page with entries it is then next to them, and a step
+//      continues from there. In an empty page, Next and Prev return null until First, GetAt,
+//      FindLetter, Find or FindPrefix.
 //
-// How the ends look: a step behind the book's last entry, or before its first, is tried on the
-// server, finds nothing and loses the span. Where a page behind the current one is empty, Next
-// moves onto it and gives null with no call. Neither is recovered by stepping back.
+// At the ends: a step past the book's last entry, or before its first, reads from the server, finds
+// nothing and loses the span. If the page after the current one is empty, Next moves to it and
+// returns null with no call. In both cases, stepping back does not recover the position.
 //
-// Invariant 1 holds for an honest server. Of the reads of one load only the last one's status
-// counts; an earlier one that fails shows in its page alone.
+// Invariant 1 assumes a correct server. Of the reads of one load, only the last status is returned;
+// if an earlier read fails, only its page shows it.
 
 #ifndef QUILLKIT_VIEWS_SLIDING_ENTRY_VIEW_H_
 #define QUILLKIT_VIEWS_SLIDING_ENTRY_VIEW_H_
@@ -30,63 +30,66 @@ namespace quillkit {
 
 class CSlidingEntryView : public CEntryView {
  public:
-  // `size` is the entries of one page, and of one read. A size that is not above 0 finds nothing.
+  // `size` is the number of entries of a page, and of a read. With a size of 0 or less the view
+  // finds nothing.
   explicit CSlidingEntryView(std::int32_t size) : CEntryView(size) {}
 
-  // Three reads at most, ascending from the beginning.
+  // Reads the span from the beginning. Server calls: at most three IMSPReadAB.
   CEmailEntry* First() override;
 
-  // IMSPSizeofAB, and then GetAt of the last index.
+  // GetAt of the last index, after one more IMSPSizeofAB.
   CEmailEntry* Last() override;
 
-  // No call inside the span, at most three reads off its ends. Where that fails Next stays behind
-  // the span's last entry, and Prev before its first.
+  // Make no call inside the span, and at most three reads past its ends. If those fail, Next stays
+  // after the span's last entry, and Prev before its first.
   CEmailEntry* Next() override;
   CEmailEntry* Prev() override;
 
-  // IMSPSizeofAB, the census the first time, one read to learn the name at the index, and at most
-  // three for the span around it. Where the census, or the server at that index, knows less than
-  // the size says, and for a census of 128 letters that has more, the entry at the position is
-  // given as it was.
+  // If the census or the read has no entry at this index although the book is large enough, and
+  // while the census of a book of more than 128 letters is read, it returns the entry at the old
+  // position. Server calls: IMSPSizeofAB, IMSPReadPageBoundaries the first time, one IMSPReadAB for
+  // the name at the index, and at most three for the span around it.
   CEmailEntry* GetAt(std::int32_t index) override;
 
-  // Always -1.
+  // Return -1.
   Status Add(CEmailEntry* /*entry*/, std::int32_t /*reload*/) override { return kRefused; }
   std::int32_t RemoveAt(std::int32_t /*index*/) override { return -1; }
 
-  // Flag 0: finds the entry, asking the server, and takes it out of the span: 0, or 4 for a miss.
-  // The steps then go to its neighbours; where it was alone in its page, as the book's first and
-  // last entries are, the view has run off. Any other flag: deletes it on the server alone, and
-  // gives that status. -1 without a book.
+  // Flag 0: searches for the entry with Find and removes it from the span only. Returns 0, or 4 if
+  // it was not found. Steps then go to its neighbours. If it was alone in its page, as the book's
+  // first and last entries can be, the position is in an empty page.
+  // Any other flag: deletes the entry on the server only. Returns the status.
+  // Returns -1 without a book.
   Status Remove(CEmailEntry* entry, std::int32_t flag) override;
 
-  // Look in the span and, for a miss, read the span around the key and look again; Find with a flag
-  // of 1 does so at once. The position moves on a hit alone. Equal prefixes are neighbours, so the
-  // Next forms take one step and give it when it matches: the position has moved in either case.
+  // Search the span, then read the span around the key and search again. Find with a flag of 1
+  // always reads. The position moves on a hit only. Names with a common prefix are neighbours:
+  // FindNext, FindPrev and FindNextPrefix make one step, hit or not, and return the entry if it
+  // matches.
   CEmailEntry* Find(std::string_view key, std::int32_t flag) override;
   CEmailEntry* FindPrefix(std::string_view key) override;
   CEmailEntry* FindNext(std::int32_t exact) override;
   CEmailEntry* FindPrev(std::int32_t exact) override;
   CEmailEntry* FindNextPrefix() override { return FindNext(0); }
 
-  // Reads the letter's entries alone into the span; stepping on later leaves the letter. For a
-  // letter that the book lacks null, with an empty span. NUL and '*' stand for every letter.
+  // Reads only the letter's entries into the span; later steps past its ends leave the letter.
+  // Returns null, with an empty span, if the book has no such letter. NUL and '*' mean any letter.
   CEmailEntry* FindLetter(char letter) override;
 
-  // With a flag of 1 the server is changed first, and a failure is the result. Else 0, after the
-  // span's entry of the name was changed, and the position moved to it, if it is in the span.
-  // Modify stores name and address and clears the flags. ModifyByKey looks for the entry's own name
-  // and gives what it finds the name `key`.
+  // With a flag of 1 they change the server first; if that fails, they return its status. Otherwise
+  // they return 0. If the span has an entry of the name of `entry`, they change it and move the
+  // position to it: Modify copies name and address and clears the flags; ModifyByKey renames it to
+  // `key`.
   Status Modify(CEmailEntry* entry, std::int32_t flag) override;
   Status ModifyByKey(std::string_view key, CEmailEntry* entry, std::int32_t flag) override;
 
-  // Empties the pages; the position stays.
+  // Empties the pages and keeps the position.
   void Reset() override;
 
   std::int32_t GetPageSize() const override { return pageSize; }
 
-  // `size`, with three pages of so many blank entries, or 0 for a size that is not above 0. The
-  // size is not stored: the next load has pages of the old one.
+  // Allocates three pages of `size` blank entries and returns `size`; or returns 0 for a size of 0
+  // or less. The size is not stored: the next load uses the old one.
   std::int32_t SetPageSize(std::int32_t size) override;
 
  protected:
@@ -110,8 +113,8 @@ class CSlidingEntryView : public CEntryView {
   Status PositionAt(std::int32_t index);
   CEmailEntry* Seek(std::string_view key, std::int32_t exact);
   CEmailEntry* SearchPages(std::string_view key, std::int32_t exact);
-  CEmailEntry* StandAt(CEntryPage& page, std::int32_t index);
-  CEmailEntry* StandAtEnd(CEntryPage& page);
+  CEmailEntry* MoveTo(CEntryPage& page, std::int32_t index);
+  CEmailEntry* MoveToEnd(CEntryPage& page);
   CEmailEntry* Current() const;
   bool IsSpanEmpty() const;
 };

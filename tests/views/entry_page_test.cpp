@@ -80,16 +80,14 @@ TEST_F(ApplianceTest, APageHasToBeAttachedAnewWhenItWasReadEmpty) {
   book.Attach(LogIn(), 0);
   PutBook(GeneratedBook(BookStyle::kOneLetter, 20));
   CEntryPage page;
-  page.Attach(4, nullptr);
-  EXPECT_EQ(page.Data(), nullptr);
-  page.Attach(4, &book);
+  page.Attach(4, book.Entries());
   EXPECT_EQ(page.Count(), 4);
   EXPECT_EQ(page.Fill("n2", "", 1), kDataNotFound);
   EXPECT_TRUE(page.IsEmpty());
   EXPECT_EQ(TakeCalls().size(), 1U);
   EXPECT_EQ(page.Fill("", "", 1), kRefused);
   EXPECT_TRUE(TakeCalls().empty());
-  page.Attach(4, &book);
+  page.Attach(4, book.Entries());
   EXPECT_EQ(page.Fill("n1003", "", 0), kNoError);
   EXPECT_EQ(page.Count(), 3);
   EXPECT_EQ(page.Skip(), 1);

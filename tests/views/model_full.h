@@ -14,7 +14,7 @@ class ModelFull : public ModelView {
   std::string State() const { return "cursor " + std::to_string(cursor) + " " + Shown(entries); }
   CEmailEntry* Held() { return GetAt(cursor); }
 
-  int AttachBook(CEmailAB* newBook) override {
+  int AttachBook(EntrySource* newBook) override {
     CEntryView::AttachBook(newBook);
     const Status status = Load();
     return status == 0 || status == 4 ? 1 : 0;

@@ -10,7 +10,6 @@
 #include <string_view>
 #include <vector>
 
-#include "books/email_ab.h"
 #include "views/entry_view.h"
 
 namespace quillkit {
