@@ -264,6 +264,7 @@ class CAgent : public RootObject {
   template <class Entry, class... Arguments>
   Status CallForCount(const char* name, std::uint32_t* count, Arguments... arguments);
 
+  Status StartSession();
   Status AdoptUser(const CUserRecord& user, std::int32_t loadPrivateBook);
   void AddScannerFor(const CScanner* target, std::uint32_t address, const Identity& identity);
   Status ReadServerTimeout(std::uint32_t* seconds);

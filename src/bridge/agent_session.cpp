@@ -15,26 +15,31 @@ namespace {
 
 constexpr std::string_view kProbePassword = "KELP";
 
-// What one login sends.
-struct Credentials : Wiped<LoginRecord> {
-  Credentials(std::uint32_t newAddress, std::string_view newUser, std::string_view newPassword) {
-    address = newAddress;
-    user.Assign(newUser);
-    password.Assign(newPassword);
-  }
+// The server's reply to a login.
+struct LoginReply {
+  static constexpr std::uint32_t kCapacity = 256;  // bytes of identity text
+
+  std::string_view Text() const { return {text.data(), std::strlen(text.data())}; }
+  Identity Fields() const { return ParseIdentity(Text()); }
+
+  Status status = kNoError;
+  std::array<char, kCapacity + 1> text = {};  // the last NUL is out of the server's reach
 };
 
-// The server's 256 bytes of identity, and one more that ends them whatever the server wrote.
-class IdentityBuffer {
- public:
-  static constexpr std::uint32_t kCapacity = 256;
+LoginReply SendLogin(CAgent* agent, LoginRecord* login) {
+  LoginReply reply;
+  reply.status = agent->IMSPLogin(login, reply.text.data(), LoginReply::kCapacity);
+  return reply;
+}
 
-  char* data() { return bytes_.data(); }
-  std::string_view View() const { return {bytes_.data(), std::strlen(bytes_.data())}; }
-
- private:
-  std::array<char, kCapacity + 1> bytes_ = {};
-};
+LoginReply SendLogin(CAgent* agent, std::uint32_t address, std::string_view user,
+                     std::string_view password) {
+  Wiped<LoginRecord> login;
+  login.address = address;
+  login.user.Assign(user);
+  login.password.Assign(password);
+  return SendLogin(agent, &login);
+}
 
 }  // namespace
 
@@ -63,15 +68,12 @@ void CAgent::Shutdown() {
 Status CAgent::Login(CUserRecord* user, CScanner* target, std::string& third,
                      std::int32_t loadPrivateBook) {
   connected = 0;
-  Credentials login(target->Address(), user->name.View(), user->password.View());
-  IdentityBuffer reply;
-  const Status status = IMSPLogin(&login, reply.data(), IdentityBuffer::kCapacity);
-  const Identity identity = ParseIdentity(reply.View());
+  const LoginReply reply =
+      SendLogin(this, target->Address(), user->name.View(), user->password.View());
+  const Identity identity = reply.Fields();
   third = identity.third.View();
-  if (status != kNoError) return status;
-  connected = 1;
-  StartWakeup();
-  if (lastError != kNoError) return lastError;
+  if (reply.status != kNoError) return reply.status;
+  if (StartSession() != kNoError) return lastError;
   AddScannerFor(target, target->Address(), identity);
   return AdoptUser(*user, loadPrivateBook);
 }
@@ -79,28 +81,28 @@ Status CAgent::Login(CUserRecord* user, CScanner* target, std::string& third,
 Status CAgent::Relogin(CUserRecord* user, CScanner* target, std::string& third,
                        std::int32_t loadPrivateBook) {
   connected = 0;
-  Credentials login(target->Address(), user->name.View(), user->password.View());
-  IdentityBuffer reply;
-  const Status status = IMSPLogin(&login, reply.data(), IdentityBuffer::kCapacity);
-  if (status != kNoError) return status;
-  third = ParseIdentity(reply.View()).third.View();
-  connected = 1;
-  StartWakeup();
-  if (lastError != kNoError) return lastError;
+  const LoginReply reply =
+      SendLogin(this, target->Address(), user->name.View(), user->password.View());
+  if (reply.status != kNoError) return reply.status;
+  third = reply.Fields().third.View();
+  if (StartSession() != kNoError) return lastError;
   return AdoptUser(*user, loadPrivateBook);
 }
 
 Status CAgent::LoginByRecord(LoginRecord* login, std::string& identity) {
-  IdentityBuffer reply;
-  const Status status = IMSPLogin(login, reply.data(), IdentityBuffer::kCapacity);
-  identity = reply.View();
-  const Identity fields = ParseIdentity(identity);
-  if (status != kNoError) return status;
+  const LoginReply reply = SendLogin(this, login);
+  identity = reply.Text();
+  if (reply.status != kNoError) return reply.status;
+  if (StartSession() != kNoError) return lastError;
+  AddScannerFor(nullptr, login->address, reply.Fields());
+  return reply.status;
+}
+
+// Marks the session of an accepted login as open and starts its keep-alive.
+Status CAgent::StartSession() {
   connected = 1;
   StartWakeup();
-  if (lastError != kNoError) return lastError;
-  AddScannerFor(nullptr, login->address, fields);
-  return status;
+  return lastError;
 }
 
 Status CAgent::Logout(std::int32_t deleteScanners) {
@@ -114,23 +116,18 @@ Status CAgent::Logout(std::int32_t deleteScanners) {
 }
 
 Status CAgent::ProbeIdentity(CScanner* target, std::string& third) {
-  Credentials login(target->Address(), kToolkitName, kProbePassword);
-  IdentityBuffer reply;
-  const Status status = IMSPLogin(&login, reply.data(), IdentityBuffer::kCapacity);
-  const Identity identity = ParseIdentity(reply.View());
-  if (status != kNoError) return status;
+  const LoginReply reply = SendLogin(this, target->Address(), kToolkitName, kProbePassword);
+  if (reply.status != kNoError) return reply.status;
   const Status started = StartWakeup();
   if (started != kNoError) return started;
-  third = identity.third.View();
+  third = reply.Fields().third.View();
   lastError = IMSPLogout();
   return lastError;
 }
 
 Status CAgent::EnrolUser(std::uint32_t address, CUserEntry* entry) {
-  Credentials login(address, kGuestName, {});
-  IdentityBuffer reply;
-  const Status status = IMSPLogin(&login, reply.data(), IdentityBuffer::kCapacity);
-  if (status != kNoError) return status;
+  const LoginReply reply = SendLogin(this, address, kGuestName, {});
+  if (reply.status != kNoError) return reply.status;
   ABIdent book(BookKind::kUsers, kUsersBook);
   const Status created = IMSPCreateEntry(&book, entry);
   IMSPLogout();
