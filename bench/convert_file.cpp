@@ -11,23 +11,21 @@
 #include <fstream>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "import/convert_delimited_text.h"
 #include "import/convert_directory_export.h"
 #include "import/convert_mail_server_export.h"
-#include "import/import_options.h"
 
 namespace quillkit {
 namespace {
 
 std::int32_t ConvertFile(std::string_view format, const char* source, const char* script) {
   constexpr std::int32_t kColumns[] = {0, 1};
-  if (format == "delimited") {
-    return ConvertDelimitedText(source, TargetEmail, kColumns, script, 0, ",", 0, 1, "", nullptr,
-                                0);
-  }
-  if (format == "directory") return ConvertDirectoryExport(source, script, 0, 1, nullptr, 0);
-  return ConvertMailServerExport(source, script, 0, 1, nullptr, 0);
+  ConversionJob job{.sourcePath = source, .script = script, .isAdmin = true};
+  if (format == "delimited") return ConvertDelimitedText(std::move(job), {.columnMap = kColumns});
+  if (format == "directory") return ConvertDirectoryExport(std::move(job));
+  return ConvertMailServerExport(std::move(job));
 }
 
 long PeakMemory() {

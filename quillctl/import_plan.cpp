@@ -131,8 +131,9 @@ std::string ImportPlan::RowsToSend() const {
 }
 
 void ImportPlan::Convert(const TemporaryFile& source, TemporaryFile& script) const {
-  const std::int32_t status = quillkit::ConvertFile(source.path().c_str(), script.TakeFile(),
-                                                    mapped.options, isAdmin ? 1 : 0, "");
+  const std::int32_t status = quillkit::ConvertFile(
+      {.sourcePath = source.path().c_str(), .script = script.TakeFile(), .isAdmin = isAdmin},
+      mapped.options);
   if (status != 0) throw Refusal(kNoTemporaryFile);
 }
 

@@ -1,12 +1,10 @@
 #include "import/conversion.h"
 
-#include <utility>
-
 namespace quillkit {
 
-std::int32_t Conversion::Open(const char* sourcePath, ScriptTarget script) {
-  if (!source_.Open(sourcePath)) return kSourceFailed;
-  if (!script_.Open(std::move(script))) return kScriptFailed;
+std::int32_t Conversion::Open(ConversionJob* job) {
+  if (!source_.Open(job->sourcePath)) return kSourceFailed;
+  if (!script_.Open(job->script.Open())) return kScriptFailed;
   return kConverted;
 }
 

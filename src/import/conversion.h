@@ -6,8 +6,9 @@
 
 #include <cstdint>
 
+#include "import/conversion_job.h"
 #include "import/line_reader.h"
-#include "import/script_writer.h"
+#include "import/script.h"
 
 namespace quillkit {
 
@@ -20,9 +21,9 @@ inline constexpr std::int32_t kSourceFailed = -2;
 
 class Conversion {
  public:
-  // Opens the source and then the script; the first failure is returned and the script is
-  // left untouched when it is the source's. Called once.
-  std::int32_t Open(const char* sourcePath, ScriptTarget script);
+  // Opens the source and then the script of the job. Returns kConverted, or the first failure; if
+  // the source fails, the script is untouched. Called once.
+  std::int32_t Open(ConversionJob* job);
 
   // Stores the source's next line as LineReader does. False when there is none, and as soon as the
   // script can no longer be written.

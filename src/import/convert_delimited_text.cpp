@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <utility>
 
 #include "import/conversion.h"
 #include "import/script.h"
@@ -43,33 +42,26 @@ std::string_view ValueOf(TextSpan field) {
 
 }  // namespace
 
-std::int32_t ConvertDelimitedText(const char* sourcePath, std::int32_t targetBook,
-                                  std::span<const std::int32_t> columnMap, ScriptTarget script,
-                                  std::int32_t skipHeader, const char* separator,
-                                  std::int32_t clearFirst, std::int32_t isAdmin,
-                                  const char* /*userName*/, WindowHandle pumpWindow,
-                                  std::int32_t restoreCursor) {
+std::int32_t ConvertDelimitedText(ConversionJob job, const DelimitedLayout& layout) {
   Conversion conversion;
-  const std::int32_t failure = conversion.Open(sourcePath, std::move(script));
+  const std::int32_t failure = conversion.Open(&job);
   if (failure != kConverted) return failure;
 
-  const ScriptBook* book = FindScriptBook(targetBook);
-  if (book != nullptr && isAdmin != 0 && clearFirst != 0) {
-    WriteClearLine(conversion.script(), *book);
-  }
-  if (skipHeader != 0) DropHeader(conversion);
+  const ScriptBook* book = FindScriptBook(layout.targetBook);
+  if (book != nullptr && job.isAdmin && job.clearFirst) WriteClearLine(conversion.script(), *book);
+  if (layout.skipHeader) DropHeader(conversion);
 
-  const bool isFormatted = book != nullptr && (isAdmin != 0 || book->hasPlainPair);
+  const bool isFormatted = book != nullptr && (job.isAdmin || book->hasPlainPair);
   std::array<std::string_view, kMaxEntryFields> values;
-  columnMap = columnMap.first(std::min(columnMap.size(), values.size()));
+  const auto columnMap = layout.columnMap.first(std::min(layout.columnMap.size(), values.size()));
   for (TextSpan line; conversion.NextLine(&line);) {
-    PumpPendingMessages(pumpWindow, restoreCursor);
+    PumpPendingMessages(job.pumpWindow, job.restoreCursor);
     line = WithoutEnd(line);
     if (line.empty()) continue;
     if (isFormatted) {
       SplitMappedColumns(line.data(), columnMap, std::span(values).first(columnMap.size()),
-                         separator);
-      WriteEntry(conversion.script(), *book, isAdmin != 0, values);
+                         layout.separator);
+      WriteEntry(conversion.script(), *book, job.isAdmin, values);
     } else {
       conversion.script().Append(View(line));
     }

@@ -11,30 +11,29 @@
 #include <span>
 #include <string_view>
 
-#include "base/language.h"
-#include "import/script_target.h"
-#include "platform/message_pump.h"
+#include "import/conversion_job.h"
+#include "import/import_options.h"
 
 namespace quillkit {
 
-// Writes the script from the file at `sourcePath`, replacing what the script's file held;
-// entries keep their order. Gives what ConvertDirectoryExport gives, and `clearFirst`, `isAdmin`
-// and the last two arguments mean the same; the clear line holds the book's word.
-//   `targetBook`  One of the targets of ImportOptions. For any other, and for the users and the
-//                 printers where `isAdmin` is 0, the script gets no clear line and the rows as they
-//                 stand, without a newline between them.
-//   `columnMap`   Entry i is the zero-based column that supplies field i of the book. A row without
-//                 that column gives an empty value, and so does a field that the map has no entry
-//                 for or one below zero. A column may be used more than once.
-//   `skipHeader`  Nonzero: the first line that is not empty is dropped.
-//   `separator`   Its first character separates the fields.
-//   `userName`    Has no effect.
-std::int32_t ConvertDelimitedText(const char* sourcePath, std::int32_t targetBook,
-                                  std::span<const std::int32_t> columnMap, ScriptTarget script,
-                                  std::int32_t skipHeader, const char* separator,
-                                  std::int32_t clearFirst, std::int32_t isAdmin,
-                                  const char* userName, WindowHandle pumpWindow,
-                                  std::int32_t restoreCursor);
+// How a delimited file is laid out, and the book that its rows go to.
+struct DelimitedLayout {
+  // One of the targets of ImportOptions. For any other, and for users and printers without
+  // `isAdmin`, the rows are not formatted: the script holds them unchanged, without newlines
+  // between them and without a line that clears the book.
+  std::int32_t targetBook = TargetEmail;
+  // Entry i is the zero-based column for field i of the book; a negative entry stands for no
+  // column. A column may be used more than once. A field without an entry or a column is empty.
+  std::span<const std::int32_t> columnMap;
+  // Drops the first line that is not empty.
+  bool skipHeader = false;
+  // Its first character separates the fields.
+  const char* separator = ",";
+};
+
+// Writes the script of the job, with its entries in the order of the source. The line that clears
+// the book holds the book's word. Returns what ConvertDirectoryExport returns.
+std::int32_t ConvertDelimitedText(ConversionJob job, const DelimitedLayout& layout);
 
 // Stores in out[i] the value of the column that columnMap[i] names, and gives 1. A quote that is
 // not closed ends the row in front of its field. The values lie in `line`, a NUL-terminated text

@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <cstring>
 #include <string_view>
-#include <utility>
 
 #include "import/conversion.h"
 #include "import/script.h"
@@ -85,20 +84,18 @@ bool DirectoryEntry::CloseWhenComplete() {
   return true;
 }
 
-std::int32_t ConvertDirectoryExport(const char* sourcePath, ScriptTarget script,
-                                    std::int32_t clearFirst, std::int32_t isAdmin,
-                                    WindowHandle pumpWindow, std::int32_t restoreCursor) {
+std::int32_t ConvertDirectoryExport(ConversionJob job) {
   Conversion conversion;
-  const std::int32_t failure = conversion.Open(sourcePath, std::move(script));
+  const std::int32_t failure = conversion.Open(&job);
   if (failure != kConverted) return failure;
-  if (isAdmin != 0 && clearFirst != 0) conversion.script().Append(kWordlessClearLine);
+  if (job.isAdmin && job.clearFirst) conversion.script().Append(kWordlessClearLine);
 
   DirectoryEntry entry;
   for (TextSpan line; conversion.NextLine(&line);) {
-    PumpPendingMessages(pumpWindow, restoreCursor);
+    PumpPendingMessages(job.pumpWindow, job.restoreCursor);
     if (line.size() <= 1 || !entry.Take(View(line.first(line.size() - 1)))) continue;
     const std::string_view values[] = {entry.Name(), entry.Address()};
-    WriteEntry(conversion.script(), EmailScriptBook(), isAdmin != 0, values);
+    WriteEntry(conversion.script(), EmailScriptBook(), job.isAdmin, values);
   }
   return conversion.Close();
 }

@@ -18,8 +18,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "import/script_target.h"
-#include "platform/message_pump.h"
+#include "import/conversion_job.h"
 
 namespace quillkit {
 
@@ -29,9 +28,7 @@ namespace quillkit {
 // PumpPendingMessages once a line.
 // Gives 0; -2 when the source cannot be read; -1 when the script cannot be written. A file that
 // holds no entry is none of these. A null path cannot be read or written.
-std::int32_t ConvertDirectoryExport(const char* sourcePath, ScriptTarget script,
-                                    std::int32_t clearFirst, std::int32_t isAdmin,
-                                    WindowHandle pumpWindow, std::int32_t restoreCursor);
+std::int32_t ConvertDirectoryExport(ConversionJob job);
 
 // The entry of an export that is being read, line by line.
 class DirectoryEntry {

@@ -9,19 +9,17 @@
 
 namespace quillkit {
 
-std::int32_t ConvertFile(const char* sourcePath, ScriptTarget script, const ImportOptions& options,
-                         std::int32_t isAdmin, const char* userName) {
+std::int32_t ConvertFile(ConversionJob job, const ImportOptions& options) {
+  job.clearFirst = options.clearFirst != 0;
   switch (options.format) {
     case ImportFormatDirectory:
-      return ConvertDirectoryExport(sourcePath, std::move(script), options.clearFirst, isAdmin,
-                                    nullptr, 0);
+      return ConvertDirectoryExport(std::move(job));
     case ImportFormatMailServer:
-      return ConvertMailServerExport(sourcePath, std::move(script), options.clearFirst, isAdmin,
-                                     nullptr, 0);
+      return ConvertMailServerExport(std::move(job));
     case ImportFormatDelimited:
-      return ConvertDelimitedText(sourcePath, options.targetBook, ColumnMapOf(options),
-                                  std::move(script), options.skipHeader, ",", options.clearFirst,
-                                  isAdmin, userName, nullptr, 0);
+      return ConvertDelimitedText(std::move(job), {.targetBook = options.targetBook,
+                                                   .columnMap = ColumnMapOf(options),
+                                                   .skipHeader = options.skipHeader != 0});
     default:
       return kUnknownFormat;
   }

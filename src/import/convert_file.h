@@ -1,20 +1,19 @@
-// Turns a file of any format into a script: the one place that knows which converter takes which.
+// Chooses the converter of a file by its format.
 
 #ifndef QUILLKIT_IMPORT_CONVERT_FILE_H_
 #define QUILLKIT_IMPORT_CONVERT_FILE_H_
 
 #include <cstdint>
 
+#include "import/conversion_job.h"
 #include "import/import_options.h"
-#include "import/script_target.h"
 
 namespace quillkit {
 
-// What the converter of the options' format gives for these files and options, or -11, with nothing
-// touched, for a format that has none. No window takes part, so no messages are pumped. `isAdmin`
-// and `userName` are those of ConvertDelimitedText.
-std::int32_t ConvertFile(const char* sourcePath, ScriptTarget script, const ImportOptions& options,
-                         std::int32_t isAdmin, const char* userName);
+// Runs the converter for the format of `options` on the job and returns its result. `clearFirst` of
+// the options replaces that of the job. Returns -11, with nothing touched, for a format without a
+// converter.
+std::int32_t ConvertFile(ConversionJob job, const ImportOptions& options);
 
 }  // namespace quillkit
 

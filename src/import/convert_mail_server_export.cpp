@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <string_view>
-#include <utility>
 
 #include "import/conversion.h"
 #include "import/script.h"
@@ -68,17 +67,15 @@ void TakeRow(TextSpan line, ScriptWriter& script, bool isAdmin) {
 
 }  // namespace
 
-std::int32_t ConvertMailServerExport(const char* sourcePath, ScriptTarget script,
-                                     std::int32_t clearFirst, std::int32_t isAdmin,
-                                     WindowHandle pumpWindow, std::int32_t restoreCursor) {
+std::int32_t ConvertMailServerExport(ConversionJob job) {
   Conversion conversion;
-  const std::int32_t failure = conversion.Open(sourcePath, std::move(script));
+  const std::int32_t failure = conversion.Open(&job);
   if (failure != kConverted) return failure;
-  if (isAdmin != 0 && clearFirst != 0) conversion.script().Append(kWordlessClearLine);
+  if (job.isAdmin && job.clearFirst) conversion.script().Append(kWordlessClearLine);
 
   for (TextSpan line; conversion.NextLine(&line);) {
-    PumpPendingMessages(pumpWindow, restoreCursor);
-    TakeRow(line, conversion.script(), isAdmin != 0);
+    PumpPendingMessages(job.pumpWindow, job.restoreCursor);
+    TakeRow(line, conversion.script(), job.isAdmin);
   }
   return conversion.Close();
 }

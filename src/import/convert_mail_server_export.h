@@ -15,16 +15,13 @@
 #include <cstdint>
 #include <string_view>
 
+#include "import/conversion_job.h"
 #include "import/line_reader.h"
-#include "import/script_target.h"
-#include "platform/message_pump.h"
 
 namespace quillkit {
 
 // Arguments and results are those of ConvertDirectoryExport.
-std::int32_t ConvertMailServerExport(const char* sourcePath, ScriptTarget script,
-                                     std::int32_t clearFirst, std::int32_t isAdmin,
-                                     WindowHandle pumpWindow, std::int32_t restoreCursor);
+std::int32_t ConvertMailServerExport(ConversionJob job);
 
 // A row taken to pieces. What is not there is null.
 struct MailServerRow {

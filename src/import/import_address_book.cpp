@@ -5,7 +5,6 @@
 
 #include "appliance/scanner.h"
 #include "books/connected_user.h"
-#include "books/user_record.h"
 #include "import/conversion.h"
 #include "import/convert_file.h"
 #include "platform/files.h"
@@ -18,15 +17,6 @@ constexpr std::int32_t kNoSuchFile = -1;
 constexpr std::int32_t kNotConnected = -1;
 constexpr std::int32_t kNoOptions = -3;
 constexpr const char* kScriptPrefix = "QK7";
-
-// Writes the script for whoever is connected. What the converter gives.
-std::int32_t Convert(const CScanner* scanner, const char* path, OpenFile script,
-                     const ImportOptions& options) {
-  char userName[32] = {};
-  GetConnectedUserName(scanner, userName, sizeof(userName));
-  return ConvertFile(path, std::move(script), options, IsConnectedUserAdministrator(scanner),
-                     userName);
-}
 
 // Lets the server run the script, under the wait cursor.
 std::int32_t SubmitImportScript(const CScanner* scanner, const std::string& script) {
@@ -50,7 +40,10 @@ std::int32_t ImportAddressBookFile(const CScanner* scanner, const char* path,
     DeleteFileAt(script.path);
     return SubmitImportScript(scanner, path);
   }
-  const std::int32_t failure = Convert(scanner, path, std::move(script.file), *options);
+  const std::int32_t failure = ConvertFile({.sourcePath = path,
+                                            .script = std::move(script.file),
+                                            .isAdmin = IsConnectedUserAdministrator(scanner) != 0},
+                                           *options);
   if (failure != kConverted) return failure;
   const std::int32_t result = SubmitImportScript(scanner, script.path);
   DeleteFileAt(script.path);

@@ -1,7 +1,9 @@
 #include "import/script.h"
 
 #include <algorithm>
+#include <utility>
 
+#include "base/secret.h"
 #include "import/import_options.h"
 
 namespace quillkit {
@@ -32,6 +34,29 @@ char* Put(char* at, std::string_view text) {
 }
 
 }  // namespace
+
+ScriptWriter::ScriptWriter() : buffer_(new char[kBufferSize]) {}
+
+ScriptWriter::~ScriptWriter() {
+  WipeBytes(buffer_.get(), kBufferSize);
+}
+
+bool ScriptWriter::Open(OpenFile file) {
+  file_ = std::move(file);
+  if (!file_.IsOpen()) return false;
+  file_.WriteAsText();
+  return true;
+}
+
+bool ScriptWriter::Close() {
+  WriteBuffer();
+  return file_.Close();
+}
+
+void ScriptWriter::WriteBuffer() {
+  if (IsGood()) file_.Write({buffer_.get(), size_});
+  size_ = 0;
+}
 
 const ScriptBook* FindScriptBook(std::int32_t target) {
   for (const ScriptBook& book : kScriptBooks) {

@@ -12,16 +12,64 @@
 #ifndef QUILLKIT_IMPORT_SCRIPT_H_
 #define QUILLKIT_IMPORT_SCRIPT_H_
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string_view>
 
-#include "base/language.h"
-#include "import/script_writer.h"
+#include "platform/open_file.h"
 
 namespace quillkit {
+
+// Writes a script: text in pieces, through a buffer of its own, to a text file. A piece is
+// composed in the buffer itself.
+//
+// Lines end in '\n' here, and on disk as text files of the system do. After the first write that
+// fails, as on a full disk, all later text is dropped and Close() returns false. The script of an
+// import of accounts contains passwords: the destructor wipes the buffer.
+class ScriptWriter {
+ public:
+  static constexpr std::size_t kBufferSize = std::size_t{64} * 1024;
+
+  ScriptWriter();
+  ScriptWriter(const ScriptWriter&) = delete;
+  ScriptWriter& operator=(const ScriptWriter&) = delete;
+  ~ScriptWriter();
+
+  // Writes to `file` from now on. Returns false if it is not open. Called once.
+  bool Open(OpenFile file);
+
+  // Room for `size` characters of the script's next text, good until the next call of anything;
+  // Take then adds to the script what was written there in front of `end`.
+  // REQUIRES: the file is open, and `size` is at most kBufferSize.
+  char* Room(std::size_t size) {
+    if (size > kBufferSize - size_) WriteBuffer();
+    return buffer_.get() + size_;
+  }
+  void Take(const char* end) { size_ = static_cast<std::size_t>(end - buffer_.get()); }
+
+  // REQUIRES: as Room, for the text's size.
+  void Append(std::string_view text) {
+    Take(std::copy(text.begin(), text.end(), Room(text.size())));
+  }
+
+  // Whether everything that left the buffer so far was written.
+  bool IsGood() const { return !file_.HasFailed(); }
+
+  // Writes what is left and closes the file. Whether the whole script was written.
+  // REQUIRES: the file is open.
+  bool Close();
+
+ private:
+  void WriteBuffer();
+
+  std::unique_ptr<char[]> buffer_;
+  std::size_t size_ = 0;  // bytes in the buffer
+  OpenFile file_;
+};
 
 // The most fields an entry of any book has.
 inline constexpr std::size_t kMaxEntryFields = 4;

@@ -3,8 +3,6 @@
 #ifndef QUILLKIT_IMPORT_TEXT_ROUTINES_H_
 #define QUILLKIT_IMPORT_TEXT_ROUTINES_H_
 
-#include <cstdint>
-
 #include "import/line_reader.h"
 #include "platform/message_pump.h"
 
@@ -27,12 +25,12 @@ TextSpan NextQuotedField(char* text, char separator);
 TextSpan StripChar(char removed, TextSpan text);
 
 // Handles the thread's pending messages as PumpThreadMessages does, and afterwards restores the
-// application's wait cursor if `restoreCursor` is nonzero. Does nothing for a null window.
+// application's wait cursor if `restoreCursor` is set. Does nothing for a null window.
 // Converters call it once for every line of input.
-inline void PumpPendingMessages(WindowHandle window, std::int32_t restoreCursor) {
+inline void PumpPendingMessages(WindowHandle window, bool restoreCursor) {
   if (window == nullptr) return;
   PumpThreadMessages(window);
-  if (restoreCursor != 0) RestoreWaitCursor();
+  if (restoreCursor) RestoreWaitCursor();
 }
 
 }  // namespace quillkit

@@ -73,7 +73,11 @@ TEST_F(ConverterTest, HandlesTheMessagesOfAWindow) {
   const std::string script = folder_.PathOf("script");
   const auto convertLater = [&](WindowHandle window) {
     std::this_thread::sleep_for(std::chrono::milliseconds(50));
-    ConvertDirectoryExport(source.c_str(), script.c_str(), 0, 1, window, 1);
+    ConvertDirectoryExport({.sourcePath = source.c_str(),
+                            .script = script.c_str(),
+                            .isAdmin = true,
+                            .pumpWindow = window,
+                            .restoreCursor = true});
   };
   timerRuns = 0;
   const TimerId timer = StartThreadTimer(10, [] { ++timerRuns; });

@@ -1,5 +1,7 @@
 #include "tests/import/run_converter.h"
 
+#include <utility>
+
 #include "import/convert_delimited_text.h"
 #include "import/convert_directory_export.h"
 #include "import/convert_mail_server_export.h"
@@ -8,17 +10,19 @@ namespace quillkit {
 
 std::int32_t RunConverter(Converter converter, const char* source, const char* script,
                           const model::Request& request) {
-  const std::int32_t isAdmin = request.isAdmin ? 1 : 0;
-  const std::int32_t clearFirst = request.clearFirst ? 1 : 0;
+  ConversionJob job{.sourcePath = source,
+                    .script = script,
+                    .isAdmin = request.isAdmin,
+                    .clearFirst = request.clearFirst};
   switch (converter) {
     case Converter::kDirectory:
-      return ConvertDirectoryExport(source, script, clearFirst, isAdmin, nullptr, 0);
+      return ConvertDirectoryExport(std::move(job));
     case Converter::kMailServer:
-      return ConvertMailServerExport(source, script, clearFirst, isAdmin, nullptr, 0);
+      return ConvertMailServerExport(std::move(job));
     default:
-      return ConvertDelimitedText(source, request.targetBook, request.columnMap, script,
-                                  request.skipHeader ? 1 : 0, ",", clearFirst, isAdmin, "", nullptr,
-                                  0);
+      return ConvertDelimitedText(std::move(job), {.targetBook = request.targetBook,
+                                                   .columnMap = request.columnMap,
+                                                   .skipHeader = request.skipHeader});
   }
 }
 
