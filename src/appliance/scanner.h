@@ -1,9 +1,9 @@
-// The client-side image of one appliance, and an application's main handle: what it is, the books
-// that have been opened on it, and the way to every book on the server.
+// One appliance on the client: its identity, the books opened on it, and access to every book on
+// the server. The main handle of an application.
 //
-// A scanner is bound when it has an address and an agent. The books, the sizes, the clears and the
-// services that say so need a bound one; all others need the agent alone. What is needed and not
-// there gives -1, unless an operation says otherwise, and no call is made.
+// A scanner is bound if it has an address and an agent. The books, the sizes, the clears and the
+// services marked so need a bound scanner; all other operations need only the agent. Unless stated
+// otherwise, an operation without what it needs returns -1 and makes no call.
 
 #ifndef QUILLKIT_APPLIANCE_SCANNER_H_
 #define QUILLKIT_APPLIANCE_SCANNER_H_
@@ -19,7 +19,6 @@
 
 namespace quillkit {
 
-class CAgent;
 class CEmailAB;
 class CFaxAB;
 class CPrinterAB;
@@ -35,14 +34,13 @@ class CScanner : public RootObject {
 
   const ClassRecord* GetRuntimeClass() const override { return &kClass; }
 
-  // name, address, model, version. A scanner that was read back is bound once SetAgent has run; the
-  // books take no part.
+  // name, address, model, version. A loaded scanner is bound after SetAgent. Books are not stored.
   void Serialize(Archive& archive) override;
 
   // --- Identity ---
 
-  // Sets the five fields and gives 1; 0 and no change for a null agent or an address that is null
-  // or 0.
+  // Sets the five fields. Returns 1, or 0 and no change for a null agent, or an address that is
+  // null or 0.
   int Init(const std::string& newName, const std::uint32_t* newAddress, const std::string& newModel,
            const std::string& newVersion, CAgent* newAgent);
 
@@ -53,16 +51,16 @@ class CScanner : public RootObject {
   const std::string& Version() const { return version; }
   std::uint32_t Address() const { return address; }  // in the byte order of inet_addr
 
-  // Fill the argument, on a bound scanner only.
+  // Store the value in the argument; no change on an unbound scanner.
   void GetName(std::string& text) const;
   void GetModel(std::string& text) const;
   void GetVersion(std::string& text) const;
   void GetAddress(std::uint32_t* value) const;
 
-  // The agent of a bound scanner, else null.
+  // Returns null on an unbound scanner.
   CAgent* Agent() const { return IsBound() ? agent : nullptr; }
 
-  // The agent, of a scanner without an address too; null before SetAgent.
+  // Returns the agent even without an address; null before SetAgent.
   CAgent* RawAgent() const { return agent; }
 
   void SetName(const std::string& text) { name = text; }
@@ -73,139 +71,220 @@ class CScanner : public RootObject {
 
   // --- Books, owned by the scanner ---
 
-  // Null on an unbound scanner, and where no book has been opened.
+  // Return null on an unbound scanner, or if no book is open.
   CEmailAB* EmailBook() const { return IsBound() ? emailBook.get() : nullptr; }
   CUserAB* UsersBook() const { return IsBound() ? usersBook.get() : nullptr; }
   CFaxAB* FaxBook() const { return IsBound() ? faxBook.get() : nullptr; }
   CPrinterAB* PrintersBook() const { return IsBound() ? printersBook.get() : nullptr; }
   CTopLevelAB* TopBook() const { return IsBound() ? topBook.get() : nullptr; }
 
-  // As above, and hands the book to the caller.
+  // The same, and pass the ownership to the caller.
   CEmailAB* DetachEmailBook();
   CUserAB* DetachUsersBook();
   CFaxAB* DetachFaxBook();
   CPrinterAB* DetachPrintersBook();
   CTopLevelAB* DetachTopBook();
 
-  // Delete the present book and take over `book` (1; its own book stays), or with null open a new
-  // one on this scanner and load it, the e-mail book with a sliding view that reads nothing yet.
-  // For the users, the fax and the top-level book the result is then what its Attach gave, for the
-  // others 1. 0 and no change on an unbound scanner.
+  // Replace the open book by `book` and take ownership; the old book is deleted unless it is the
+  // same. Null: open a new book on this scanner and load it; the e-mail book gets a sliding view
+  // that reads nothing yet. Return 1; with null, SetUsersBook, SetFaxBook and SetTopBook return the
+  // result of Attach. Return 0, and change nothing, on an unbound scanner.
   int SetEmailBook(CEmailAB* book);
   int SetUsersBook(CUserAB* book);
   int SetFaxBook(CFaxAB* book);
   int SetPrintersBook(CPrinterAB* book);
   int SetTopBook(CTopLevelAB* book);
 
-  // Empty the book on the server under the long time-out. The old time-out is put back whatever
-  // happens; where it could not be read, the restoring call sets the one that it reads. Calls:
-  // SetServerTimeout, IMSPClearAB, SetServerTimeout; the clear's status. An unbound scanner
-  // gives 0.
-  Status ClearEmailBook();
-  Status ClearFaxBook();
-  Status ClearUsersBook();
-  Status ClearTopBook();
-  Status ClearPrintersBook();
+  // Clear the book on the server under the long time-out (RunLongAndRestore). Return the status of
+  // the clear, or 0 on an unbound scanner.
+  // Server calls: those of SetServerTimeout, IMSPClearAB, those of SetServerTimeout.
+  Status ClearEmailBook() { return Clear(BookKind::kEmail, kEmailBook); }
+  Status ClearFaxBook() { return Clear(BookKind::kFax, kFaxBook); }
+  Status ClearUsersBook() { return Clear(BookKind::kUsers, kUsersBook); }
+  Status ClearTopBook() { return Clear(BookKind::kTop, kTopBook); }
+  Status ClearPrintersBook() { return Clear(BookKind::kPrinters, kPrintersBook); }
 
-  // --- Sizes on the server: IMSPSizeofAB, or IMSPListAB for the counts of lists ---
+  // --- Sizes on the server; -1 on an unbound scanner ---
 
-  Status SizeofEmail(std::uint32_t* count) const;
-  Status SizeofFax(std::uint32_t* count) const;
-  Status SizeofUsers(std::uint32_t* count) const;
-  Status SizeofPrinters(std::uint32_t* count) const;
-  Status SizeofTop(std::uint32_t* count) const;
-  Status SizeofKey(const std::string& key, std::uint32_t* count) const;
-  Status SizeofPublicList(const std::string& list, std::uint32_t* count) const;
-  Status SizeofPrivateList(const std::string& list, std::uint32_t* count) const;
-  Status SizeofFaxList(const std::string& list, std::uint32_t* count) const;
-  Status CountPublicLists(std::uint32_t* count) const;
-  Status CountFaxLists(std::uint32_t* count) const;
+  // Store the number of entries. Server calls: IMSPSizeofAB.
+  Status SizeofEmail(std::uint32_t* count) const {
+    return Size(BookKind::kEmail, kEmailBook, count);
+  }
+  Status SizeofFax(std::uint32_t* count) const { return Size(BookKind::kFax, kFaxBook, count); }
+  Status SizeofUsers(std::uint32_t* count) const {
+    return Size(BookKind::kUsers, kUsersBook, count);
+  }
+  Status SizeofPrinters(std::uint32_t* count) const {
+    return Size(BookKind::kPrinters, kPrintersBook, count);
+  }
+  Status SizeofTop(std::uint32_t* count) const { return Size(BookKind::kTop, kTopBook, count); }
+  Status SizeofKey(const std::string& key, std::uint32_t* count) const {
+    return Size(BookKind::kKeyItems, key, count);
+  }
+  Status SizeofPublicList(const std::string& list, std::uint32_t* count) const {
+    return Size(BookKind::kPublicList, list, count);
+  }
+  Status SizeofPrivateList(const std::string& list, std::uint32_t* count) const {
+    return Size(BookKind::kPrivateList, list, count);
+  }
+  Status SizeofFaxList(const std::string& list, std::uint32_t* count) const {
+    return Size(BookKind::kFaxList, list, count);
+  }
 
-  // --- Services of the agent, with its results ---
+  // Store the number of lists. Server calls: IMSPListAB.
+  Status CountPublicLists(std::uint32_t* count) const {
+    return CountLists(BookKind::kPublicList, count);
+  }
+  Status CountFaxLists(std::uint32_t* count) const { return CountLists(BookKind::kFaxList, count); }
+
+  // --- Services of the agent, with its arguments and results ---
 
   // -1 on an unbound scanner.
+  Status BackupDatabase(const char* first, const char* second) const {
+    return AskAgent(Agent(), &CAgent::BackupDatabase, first, second);
+  }
+  Status RestoreDatabase(const char* first, const char* second) const {
+    return AskAgent(Agent(), &CAgent::RestoreDatabase, first, second);
+  }
+  Status RunBatch(const std::string& path) const {
+    return AskAgent(Agent(), &CAgent::RunBatch, path);
+  }
+  Status ProbeIdentity(std::string& third) {
+    return AskAgent(Agent(), &CAgent::ProbeIdentity, this, third);
+  }
 
-  Status BackupDatabase(const char* first, const char* second) const;
-  Status RestoreDatabase(const char* first, const char* second) const;
-  Status RunBatch(const std::string& path) const;
-  Status ProbeIdentity(std::string& third);
+  // -1, no records or null without an agent.
+  Status EnrolUser(CUserEntry* entry) const {
+    return AskAgent(agent, &CAgent::EnrolUser, address, entry);
+  }
+  Status ReadLog(const std::string& user) const { return AskAgent(agent, &CAgent::ReadLog, user); }
+  Status ClearLog(const std::string& filter) const {
+    return AskAgent(agent, &CAgent::ClearLog, filter);
+  }
+  Status ClearLogExceptSystem() const { return AskAgent(agent, &CAgent::ClearLogExceptSystem); }
+  std::uint32_t LogCount() const { return agent != nullptr ? agent->LogCount() : 0; }
+  const LogRecord* LogRecordAt(std::int32_t index) const {
+    return agent != nullptr ? agent->LogRecordAt(index) : nullptr;
+  }
+  Status SetServerTimeout(std::uint32_t seconds, std::uint32_t* old) const {
+    return AskAgent(agent, &CAgent::SetServerTimeout, seconds, old);
+  }
 
-  // -1, 0 records or null without an agent.
-  Status EnrolUser(CUserEntry* entry) const;
-  Status ReadLog(const std::string& user) const;
-  Status ClearLog(const std::string& filter) const;
-  Status ClearLogExceptSystem() const;
-  std::uint32_t LogCount() const;
-  const LogRecord* LogRecordAt(std::int32_t index) const;
-  Status SetServerTimeout(std::uint32_t seconds, std::uint32_t* old) const;
-
-  // The tag of the administrator's entry. Reading: IMSPReadEntryProperties; `*tag` is written on 0.
-  // Writing: the same and IMSPModifyEntry; -1 and no call unless the administrator is connected.
+  // Store the tag of the administrator's entry in `*tag` on success. Server calls:
+  // IMSPReadEntryProperties.
   Status ReadAdminTag(std::uint32_t* tag) const;
+
+  // Sets that tag. Returns -1 and makes no call unless the administrator is connected.
+  // Server calls: IMSPReadEntryProperties, IMSPModifyEntry.
   Status WriteAdminTag(const std::uint32_t* tag) const;
 
-  // Rename a distribution list: IMSPModifyEntry on the book "PRIVATEAB", in which the kind alone
-  // tells the server what is meant. -1 without an agent.
-  Status RenamePublicList(const std::string& oldName, const std::string& newName) const;
-  Status RenamePrivateList(const std::string& oldName, const std::string& newName) const;
+  // Rename a distribution list. Both use the book name "PRIVATEAB"; the server looks only at the
+  // kind. Server calls: IMSPModifyEntry.
+  Status RenamePublicList(const std::string& oldName, const std::string& newName) const {
+    return RenameList(BookKind::kPublicList, oldName, newName);
+  }
+  Status RenamePrivateList(const std::string& oldName, const std::string& newName) const {
+    return RenameList(BookKind::kPrivateList, oldName, newName);
+  }
 
-  // --- Per-book access: what may be done with a book is told in appliance/book_access.h ---
+  // --- Access to the entries of each book (appliance/book_access.h) ---
 
-  BookAccess<CEmailEntry> EmailEntries() const;
-  BookAccess<CEmailEntry> PrivateEntries() const;
-  BookAccess<CFaxEntry> FaxEntries() const;
-  BookAccess<CUserEntry> UserEntries() const;
-  BookAccess<PrinterRecord> PrinterEntries() const;
-  BookAccess<PrinterModelRecord> ModelEntries() const;
-  BookAccess<CEmailEntry> PublicList(std::string_view list) const;
-  BookAccess<CEmailEntry> PrivateList(std::string_view list) const;
-  BookAccess<CFaxEntry> FaxList(std::string_view list) const;
+  BookAccess<CEmailEntry> EmailEntries() const { return {agent, BookKind::kEmail, kEmailBook}; }
+  BookAccess<CEmailEntry> PrivateEntries() const {
+    return {agent, BookKind::kPrivateEmail, kPrivateBook};
+  }
+  BookAccess<CFaxEntry> FaxEntries() const { return {agent, BookKind::kFax, kFaxBook}; }
+  BookAccess<CUserEntry> UserEntries() const { return {agent, BookKind::kUsers, kUsersBook}; }
+  BookAccess<PrinterRecord> PrinterEntries() const {
+    return {agent, BookKind::kPrinters, kPrintersBook};
+  }
+  BookAccess<PrinterModelRecord> ModelEntries() const {
+    return {agent, BookKind::kModels, kModelsBook};
+  }
+  BookAccess<CEmailEntry> PublicList(std::string_view list) const {
+    return {agent, BookKind::kPublicList, list};
+  }
+  BookAccess<CEmailEntry> PrivateList(std::string_view list) const {
+    return {agent, BookKind::kPrivateList, list};
+  }
+  BookAccess<CFaxEntry> FaxList(std::string_view list) const {
+    return {agent, BookKind::kFaxList, list};
+  }
 
-  // The names of the lists of a kind: IMSPListAB with an empty name and the filter "*" into
-  // `books`, an array of `*count` that becomes the number delivered. -1 also for a count of 0.
-  Status ListPublicLists(ABIdent* books, std::uint32_t* count) const;
-  Status ListPrivateLists(ABIdent* books, std::uint32_t* count) const;
-  Status ListFaxLists(ABIdent* books, std::uint32_t* count) const;
+  // List the names of all lists of a kind into `books`, an array of `*count` elements, and store
+  // the number delivered in `*count`. Return -1 and make no call for a count of 0.
+  // Server calls: IMSPListAB with an empty name and the filter "*".
+  Status ListPublicLists(ABIdent* books, std::uint32_t* count) const {
+    return ListLists(BookKind::kPublicList, books, count);
+  }
+  Status ListPrivateLists(ABIdent* books, std::uint32_t* count) const {
+    return ListLists(BookKind::kPrivateList, books, count);
+  }
+  Status ListFaxLists(ABIdent* books, std::uint32_t* count) const {
+    return ListLists(BookKind::kFaxList, books, count);
+  }
 
-  // Creates a private list and its members: IMSPCreateAB, whose status is ignored so that an
-  // existing list takes the members too, then IMSPCreateEntry for each. A member whose flags are 0
-  // refers to the public book: its address is blanked first, in the caller's array. The first
-  // failing member ends the run and gives its status; what was sent stays.
+  // Creates a private list and adds `*count` members. An existing list gets the members too: the
+  // status of IMSPCreateAB is ignored. A member whose flags are 0 refers to the public book: its
+  // address is blanked first, in the caller's array. Returns the status of the first member that
+  // fails, after which no more are sent, or 0; those sent before stay.
+  // Server calls: IMSPCreateAB, then IMSPCreateEntry for each member.
   Status CreatePrivateMembers(std::string_view list, CEmailEntry* members,
                               const std::uint32_t* count) const;
 
-  // The letter census of the public e-mail book: IMSPReadPageBoundaries into a table of `*count`
-  // rows. -1 also for a null table or a count of 0.
+  // Reads the letter census of the public e-mail book into `table`, an array of `*count` rows, and
+  // stores the number delivered in `*count`. Returns -1 and makes no call for a null table or a
+  // count of 0. Server calls: IMSPReadPageBoundaries.
   Status ReadPageBoundaries(PageBoundary* table, std::uint32_t* count) const;
 
-  // IMSPIOCtl with the given record.
-  Status ServerCall(IOCtlRecord* request) const;
+  // Server calls: IMSPIOCtl with this record.
+  Status ServerCall(IOCtlRecord* request) const {
+    return AskAgent(agent, &CAgent::IMSPIOCtl, request);
+  }
 
-  // Soft keys. ListKeys fills `rows` with at most `*count` names; alone of all requests on the
-  // top-level book it sends an empty book name.
-  Status ListKeys(EntryKey* rows, std::uint32_t* count) const;
-  Status CreateKeyEntry(CMenuItem* record) const;
-  Status ModifyKeyEntry(std::string_view key, CMenuItem* record) const;
+  // The soft keys: entries of the top-level book. ListKeys fills `rows`, an array of `*count`
+  // elements; it is the only request on this book that sends an empty book name.
+  Status ListKeys(EntryKey* rows, std::uint32_t* count) const {
+    return BookAccess<CMenuItem>(agent, BookKind::kTop, {}).ListNames(rows, count);
+  }
+  Status CreateKeyEntry(CMenuItem* record) const { return TopEntries().Create(record); }
+  Status ModifyKeyEntry(std::string_view key, CMenuItem* record) const {
+    return TopEntries().Rename(key, record);
+  }
 
-  // The items of one key: its book has the key's name.
+  // The items of a soft key: entries of the book with the key's name.
   Status ReadKeyItems(std::string_view key, KeyRange* range, CMenuItem* items, std::uint32_t* count,
-                      std::int32_t direction) const;
-  Status CreateKeyItem(std::string_view key, CMenuItem* item) const;
-  Status ModifyKeyItem(std::string_view key, CMenuItem* item) const;
-  Status RenameKeyItem(std::string_view key, std::string_view oldName, CMenuItem* item) const;
-  Status DeleteKeyItem(std::string_view key, const CMenuItem& item) const;
-  Status DeleteKeyBook(std::string_view key) const;
+                      std::int32_t direction) const {
+    return KeyItems(key).Read(range, items, count, direction);
+  }
+  Status CreateKeyItem(std::string_view key, CMenuItem* item) const {
+    return KeyItems(key).Create(item);
+  }
+  Status ModifyKeyItem(std::string_view key, CMenuItem* item) const {
+    return KeyItems(key).Modify(item);
+  }
+  Status RenameKeyItem(std::string_view key, std::string_view oldName, CMenuItem* item) const {
+    return KeyItems(key).Rename(oldName, item);
+  }
+  Status DeleteKeyItem(std::string_view key, const CMenuItem& item) const {
+    return KeyItems(key).Delete(item);
+  }
+  Status DeleteKeyBook(std::string_view key) const { return KeyItems(key).DeleteBook(); }
 
  private:
   template <class Book>
   int Replace(std::unique_ptr<Book>& slot, Book* book, std::int32_t mode);
   Status Clear(BookKind kind, std::string_view book);
-  Status Size(BookKind kind, std::string_view book, std::uint32_t* count) const;
+  Status Size(BookKind kind, std::string_view book, std::uint32_t* count) const {
+    return BookAccess<EntryKey>(Agent(), kind, book).Size(count);
+  }
   Status CountLists(BookKind kind, std::uint32_t* count) const;
   Status ListLists(BookKind kind, ABIdent* books, std::uint32_t* count) const;
   Status RenameList(BookKind kind, const std::string& oldName, const std::string& newName) const;
-  BookAccess<CMenuItem> TopEntries() const;
-  BookAccess<CMenuItem> KeyItems(std::string_view key) const;
+  BookAccess<CMenuItem> TopEntries() const { return {agent, BookKind::kTop, kTopBook}; }
+  BookAccess<CMenuItem> KeyItems(std::string_view key) const {
+    return {agent, BookKind::kKeyItems, key};
+  }
 
   std::string name;
   std::uint32_t address = 0;
@@ -219,13 +298,13 @@ class CScanner : public RootObject {
   CAgent* agent = nullptr;  // not owned
 };
 
-// Two scanners are the same appliance when their addresses are equal.
+// Whether both are the same appliance: their addresses are equal.
 inline bool operator==(const CScanner& a, const CScanner& b) {
   return a.Address() == b.Address();
 }
 
-// The scanner of an object that has one, otherwise a scanner without an agent: its operations
-// return -1 and make no call, those of ClearEmailBook's kind 0.
+// Returns `*scanner`, or for null a scanner without an agent: its operations return -1 and make no
+// call; ClearEmailBook and its like return 0.
 const CScanner& ScannerOrUnbound(const CScanner* scanner);
 
 }  // namespace quillkit

@@ -1,82 +1,17 @@
-// What a scanner asks of its agent that is not about the entries of one book.
+// The operations of a scanner that do more than forward.
 
 #include "appliance/scanner.h"
 #include "books/user_record.h"
-#include "bridge/agent.h"
 #include "bridge/long_timeout.h"
 
 namespace quillkit {
 
-Status CScanner::ClearEmailBook() {
-  return Clear(BookKind::kEmail, kEmailBook);
-}
-Status CScanner::ClearFaxBook() {
-  return Clear(BookKind::kFax, kFaxBook);
-}
-Status CScanner::ClearUsersBook() {
-  return Clear(BookKind::kUsers, kUsersBook);
-}
-Status CScanner::ClearTopBook() {
-  return Clear(BookKind::kTop, kTopBook);
-}
-Status CScanner::ClearPrintersBook() {
-  return Clear(BookKind::kPrinters, kPrintersBook);
-}
-
-// Unlike a batch, a clear puts the time-out back also when it failed.
+// Unlike a batch, a clear restores the time-out even if it failed.
 Status CScanner::Clear(BookKind kind, std::string_view bookName) {
   if (!IsBound()) return kNoError;
   return LongTimeout(agent, LongTimeout::Unit::kSeconds).RunAlways([&] {
     return BookAccess<EntryKey>(agent, kind, bookName).ClearBook();
   });
-}
-
-Status CScanner::SizeofEmail(std::uint32_t* count) const {
-  return Size(BookKind::kEmail, kEmailBook, count);
-}
-
-Status CScanner::SizeofFax(std::uint32_t* count) const {
-  return Size(BookKind::kFax, kFaxBook, count);
-}
-
-Status CScanner::SizeofUsers(std::uint32_t* count) const {
-  return Size(BookKind::kUsers, kUsersBook, count);
-}
-
-Status CScanner::SizeofPrinters(std::uint32_t* count) const {
-  return Size(BookKind::kPrinters, kPrintersBook, count);
-}
-
-Status CScanner::SizeofTop(std::uint32_t* count) const {
-  return Size(BookKind::kTop, kTopBook, count);
-}
-
-Status CScanner::SizeofKey(const std::string& key, std::uint32_t* count) const {
-  return Size(BookKind::kKeyItems, key, count);
-}
-
-Status CScanner::SizeofPublicList(const std::string& list, std::uint32_t* count) const {
-  return Size(BookKind::kPublicList, list, count);
-}
-
-Status CScanner::SizeofPrivateList(const std::string& list, std::uint32_t* count) const {
-  return Size(BookKind::kPrivateList, list, count);
-}
-
-Status CScanner::SizeofFaxList(const std::string& list, std::uint32_t* count) const {
-  return Size(BookKind::kFaxList, list, count);
-}
-
-Status CScanner::CountPublicLists(std::uint32_t* count) const {
-  return CountLists(BookKind::kPublicList, count);
-}
-
-Status CScanner::CountFaxLists(std::uint32_t* count) const {
-  return CountLists(BookKind::kFaxList, count);
-}
-
-Status CScanner::Size(BookKind kind, std::string_view bookName, std::uint32_t* count) const {
-  return IsBound() ? BookAccess<EntryKey>(agent, kind, bookName).Size(count) : kRefused;
 }
 
 Status CScanner::CountLists(BookKind kind, std::uint32_t* count) const {
@@ -85,48 +20,33 @@ Status CScanner::CountLists(BookKind kind, std::uint32_t* count) const {
   return agent->IMSPListAB(&selector, nullptr, nullptr, count, 1);
 }
 
-Status CScanner::BackupDatabase(const char* first, const char* second) const {
-  return IsBound() ? agent->BackupDatabase(first, second) : kRefused;
+Status CScanner::ListLists(BookKind kind, ABIdent* books, std::uint32_t* count) const {
+  if (agent == nullptr || !OffersRoom(count)) return kRefused;
+  const std::uint32_t capacity = *count;
+  ABIdent selector(kind, {});
+  KeyRange range({}, "*");
+  const Status status = agent->IMSPListAB(&selector, &range, books, count, 1);
+  TerminateDelivered(books, capacity, *count, 1);
+  return status;
 }
 
-Status CScanner::RestoreDatabase(const char* first, const char* second) const {
-  return IsBound() ? agent->RestoreDatabase(first, second) : kRefused;
+Status CScanner::CreatePrivateMembers(std::string_view list, CEmailEntry* members,
+                                      const std::uint32_t* count) const {
+  if (agent == nullptr) return kRefused;
+  BookAccess<CEmailEntry> book = PrivateList(list);
+  book.CreateBook();
+  for (std::uint32_t i = 0; i < *count; ++i) {
+    members[i].BlankPublicAddress();
+    const Status status = book.Create(&members[i]);
+    if (status != kNoError) return status;
+  }
+  return kNoError;
 }
 
-Status CScanner::RunBatch(const std::string& path) const {
-  return IsBound() ? agent->RunBatch(path) : kRefused;
-}
-
-Status CScanner::ProbeIdentity(std::string& third) {
-  return IsBound() ? agent->ProbeIdentity(this, third) : kRefused;
-}
-
-Status CScanner::EnrolUser(CUserEntry* entry) const {
-  return agent != nullptr ? agent->EnrolUser(address, entry) : kRefused;
-}
-
-Status CScanner::ReadLog(const std::string& user) const {
-  return agent != nullptr ? agent->ReadLog(user) : kRefused;
-}
-
-Status CScanner::ClearLog(const std::string& filter) const {
-  return agent != nullptr ? agent->ClearLog(filter) : kRefused;
-}
-
-Status CScanner::ClearLogExceptSystem() const {
-  return agent != nullptr ? agent->ClearLogExceptSystem() : kRefused;
-}
-
-std::uint32_t CScanner::LogCount() const {
-  return agent != nullptr ? agent->LogCount() : 0;
-}
-
-const LogRecord* CScanner::LogRecordAt(std::int32_t index) const {
-  return agent != nullptr ? agent->LogRecordAt(index) : nullptr;
-}
-
-Status CScanner::SetServerTimeout(std::uint32_t seconds, std::uint32_t* old) const {
-  return agent != nullptr ? agent->SetServerTimeout(seconds, old) : kRefused;
+Status CScanner::ReadPageBoundaries(PageBoundary* table, std::uint32_t* count) const {
+  if (agent == nullptr || table == nullptr || !OffersRoom(count)) return kRefused;
+  ABIdent book(BookKind::kEmail, kEmailBook);
+  return agent->IMSPReadPageBoundaries(&book, table, count);
 }
 
 Status CScanner::ReadAdminTag(std::uint32_t* tag) const {
@@ -147,14 +67,6 @@ Status CScanner::WriteAdminTag(const std::uint32_t* tag) const {
   if (status != kNoError) return status;
   administrator.SetTag(tag);
   return UserEntries().Modify(&administrator);
-}
-
-Status CScanner::RenamePublicList(const std::string& oldName, const std::string& newName) const {
-  return RenameList(BookKind::kPublicList, oldName, newName);
-}
-
-Status CScanner::RenamePrivateList(const std::string& oldName, const std::string& newName) const {
-  return RenameList(BookKind::kPrivateList, oldName, newName);
 }
 
 Status CScanner::RenameList(BookKind kind, const std::string& oldName,
