@@ -7,11 +7,13 @@
 #include <utility>
 #include <vector>
 
-#include "bridge/status.h"
 #include "fuzz/input.h"
 #include "tests/support/scratch_folder.h"
 
 namespace quillkit {
+
+using namespace quillbox;
+
 namespace {
 
 constexpr std::string_view kUser = "Eve";

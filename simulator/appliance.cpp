@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace quillkit {
+namespace quillbox {
 
 void Appliance::Reset() {
   Appliance fresh;
@@ -12,4 +12,4 @@ void Appliance::Reset() {
   *this = std::move(fresh);
 }
 
-}  // namespace quillkit
+}  // namespace quillbox

@@ -17,10 +17,10 @@
 #include "simulator/state_file.h"
 #include "simulator/store.h"
 
-namespace quillkit {
+namespace quillbox {
 
 // What SimulatorSet... functions set.
-struct Settings {
+struct ApplianceSettings {
   std::string identity = "Quillbox 40 - 3.1 - K7";
   std::string serverText;
   bool hasServerText = true;
@@ -34,7 +34,7 @@ class Appliance {
   Contents contents;
   LogBook log;
   Session session;
-  Settings settings;
+  ApplianceSettings settings;
   std::uint32_t timeout = settings.timeout;  // of calls, in milliseconds
   Clock clock;
   Journal journal;
@@ -66,6 +66,6 @@ class Appliance {
 // Fills an appliance as delivered with a small office.
 void Seed(Appliance& appliance);
 
-}  // namespace quillkit
+}  // namespace quillbox
 
 #endif  // QUILLKIT_SIMULATOR_APPLIANCE_H_

@@ -6,26 +6,26 @@
 #include <iterator>
 #include <optional>
 
-#include "bridge/status.h"
 #include "simulator/book_type.h"
 #include "simulator/line_parser.h"
+#include "simulator/protocol.h"
 #include "simulator/text_lines.h"
 
-namespace quillkit {
+namespace quillbox {
 namespace {
 
-struct ScriptBook {
+struct BatchBook {
   std::string_view word;
   BookKind kind;
 };
-constexpr ScriptBook kScriptBooks[] = {{"emailab", BookKind::kEmail},
-                                       {"faxab", BookKind::kFax},
-                                       {"printersab", BookKind::kPrinters},
-                                       {"usersab", BookKind::kUsers}};
+constexpr BatchBook kBatchBooks[] = {{"emailab", BookKind::kEmail},
+                                     {"faxab", BookKind::kFax},
+                                     {"printersab", BookKind::kPrinters},
+                                     {"usersab", BookKind::kUsers}};
 
 // The type of the book that a script names so, or null.
 const BookType* ScriptBookOf(std::string_view word) {
-  for (const ScriptBook& book : kScriptBooks) {
+  for (const BatchBook& book : kBatchBooks) {
     if (book.word == word) return TypeOf(book.kind);
   }
   return nullptr;
@@ -137,4 +137,4 @@ Status RunBatch(Store& store, std::string_view user, const char* path) {
   return script.IsCut() ? kInvalidField : kNoError;
 }
 
-}  // namespace quillkit
+}  // namespace quillbox

@@ -5,10 +5,10 @@
 
 #include <string_view>
 
-#include "bridge/status.h"
+#include "simulator/protocol.h"
 #include "simulator/store.h"
 
-namespace quillkit {
+namespace quillbox {
 
 // Carries out a script file for a user, line by line. Lines end with LF or CR LF; blank ones are
 // passed over. The first line that fails ends it, and what was carried out before stays.
@@ -31,6 +31,6 @@ namespace quillkit {
 // for an empty name between quotes, and for a text or number that does not fit its field.
 Status RunBatch(Store& store, std::string_view user, const char* path);
 
-}  // namespace quillkit
+}  // namespace quillbox
 
 #endif  // QUILLKIT_SIMULATOR_BATCH_H_

@@ -8,7 +8,7 @@
 #include "simulator/rights.h"
 #include "simulator/selection.h"
 
-namespace quillkit {
+namespace quillbox {
 namespace {
 
 std::string_view TextOf(const char* filter) {
@@ -51,6 +51,11 @@ Status Enumerate(Appliance& appliance, const ABIdent& selector, const ReadReques
 }
 
 }  // namespace
+}  // namespace quillbox
+
+namespace quillkit {
+
+using namespace quillbox;
 
 extern "C" {
 
@@ -89,7 +94,7 @@ Status IMSPClearAB(ABIdent* book, const char* filter) {
 
 Status IMSPSizeofAB(ABIdent* book, const char* filter, std::uint32_t* count) {
   return Serve(
-      {"IMSPSizeofAB", Need::kSession, count},
+      {"IMSPSizeofAB", Precondition::kSession, count},
       [=](Appliance& appliance) {
         if (book == nullptr || count == nullptr) return kInvalidField;
         return Measure(appliance, *book, TextOf(filter), count);
@@ -100,7 +105,7 @@ Status IMSPSizeofAB(ABIdent* book, const char* filter, std::uint32_t* count) {
 Status IMSPListAB(ABIdent* selector, KeyRange* range, ABIdent* books, std::uint32_t* count,
                   std::int32_t direction) {
   return Serve(
-      {"IMSPListAB", Need::kSession, count},
+      {"IMSPListAB", Precondition::kSession, count},
       [=](Appliance& appliance) {
         if (selector == nullptr || count == nullptr) return kInvalidField;
         return Enumerate(appliance, *selector, {range, count, direction}, books);

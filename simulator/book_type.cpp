@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
-namespace quillkit {
+namespace quillbox {
 namespace {
 
 // A text field of a record, for the tables below.
@@ -66,4 +66,4 @@ bool IsStorable(const BookType& type, const void* record) {
          });
 }
 
-}  // namespace quillkit
+}  // namespace quillbox

@@ -7,9 +7,9 @@
 #include <span>
 #include <string_view>
 
-#include "bridge/records.h"
+#include "simulator/protocol.h"
 
-namespace quillkit {
+namespace quillbox {
 
 // A text in a record: where its field begins and how many bytes that has.
 struct TextField {
@@ -41,6 +41,6 @@ EntryKey NameOf(const void* record);
 // Whether every text ends inside its field and the name is not empty.
 bool IsStorable(const BookType& type, const void* record);
 
-}  // namespace quillkit
+}  // namespace quillbox
 
 #endif  // QUILLKIT_SIMULATOR_BOOK_TYPE_H_

@@ -4,7 +4,7 @@
 #include <chrono>
 #include <thread>
 
-namespace quillkit {
+namespace quillbox {
 namespace {
 
 // Takes the latency, but never longer than the time-out. Whether the call was in time.
@@ -17,12 +17,12 @@ bool WaitForAnswer(const Appliance& appliance) {
 
 }  // namespace
 
-std::optional<Status> Refusal(Appliance& appliance, const EntryPoint& entry) {
+std::optional<Status> Refusal(Appliance& appliance, const ServedCall& entry) {
   if (const auto fault = appliance.faults.Take(entry.name)) return fault;
   if (!WaitForAnswer(appliance)) return kTimeoutExpired;
-  if (entry.need == Need::kNothing) return std::nullopt;
+  if (entry.need == Precondition::kNothing) return std::nullopt;
   if (!appliance.isInitialised) return kNotInitialised;
-  if (entry.need == Need::kLibrary) return std::nullopt;
+  if (entry.need == Precondition::kLibrary) return std::nullopt;
   if (!appliance.HasSession()) return kNotLoggedIn;
   appliance.session.Wake(appliance.clock);
   return std::nullopt;
@@ -33,4 +33,4 @@ void RecordCall(Appliance& appliance, std::string text, Status status) {
   if (appliance.journal.IsRecording()) appliance.journal.Add(std::move(text), status);
 }
 
-}  // namespace quillkit
+}  // namespace quillbox

@@ -9,24 +9,24 @@
 #include <string>
 #include <utility>
 
-#include "bridge/status.h"
+#include "simulator/protocol.h"
 #include "simulator/the_appliance.h"
 
-namespace quillkit {
+namespace quillbox {
 
 // What a call has to find: nothing, the library between IMSPInit and IMSPTerminate (else 20), and
 // in that a session too (else 10).
-enum class Need { kNothing, kLibrary, kSession };
+enum class Precondition { kNothing, kLibrary, kSession };
 
-struct EntryPoint {
+struct ServedCall {
   const char* name = nullptr;
-  Need need = Need::kSession;
+  Precondition need = Precondition::kSession;
   std::uint32_t* count = nullptr;  // a failed call sets it to 0; may be null
 };
 
 // Nothing when the call may run, which in a session is a sign of life. Else what it gives: the
 // status of a fault, 19 after waiting for the time-out, 20 or 10.
-std::optional<Status> Refusal(Appliance& appliance, const EntryPoint& entry);
+std::optional<Status> Refusal(Appliance& appliance, const ServedCall& entry);
 
 // Adds a call to the journal and its file, to each where it is wanted.
 void RecordCall(Appliance& appliance, std::string text, Status status);
@@ -34,7 +34,7 @@ void RecordCall(Appliance& appliance, std::string text, Status status);
 // Serves a call: `work` takes the appliance and gives the status. `arguments` are what the journal
 // shows.
 template <class Work, class... Arguments>
-Status Serve(const EntryPoint& entry, Work work, const Arguments&... arguments) {
+Status Serve(const ServedCall& entry, Work work, const Arguments&... arguments) {
   Appliance& appliance = TheAppliance();
   const bool isRecorded = appliance.journal.IsRecording() || appliance.journalFile.IsOpen();
   std::string text;
@@ -49,6 +49,6 @@ Status Serve(const EntryPoint& entry, Work work, const Arguments&... arguments) 
   return status;
 }
 
-}  // namespace quillkit
+}  // namespace quillbox
 
 #endif  // QUILLKIT_SIMULATOR_CALL_H_

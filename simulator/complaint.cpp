@@ -2,10 +2,10 @@
 
 #include <iostream>
 
-namespace quillkit {
+namespace quillbox {
 
 void Complain(std::string_view variable, std::string_view text) {
   std::cerr << "simulated Quillbox: " << variable << ": " << text << std::endl;
 }
 
-}  // namespace quillkit
+}  // namespace quillbox

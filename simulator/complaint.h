@@ -5,7 +5,7 @@
 
 #include <string_view>
 
-namespace quillkit {
+namespace quillbox {
 
 // The variables of the environment that set the appliance up.
 inline constexpr const char* kStateVariable = "QUILLBOX_STATE";      // the path of a StateFile
@@ -16,6 +16,6 @@ inline constexpr const char* kJournalVariable = "QUILLBOX_JOURNAL";  // the path
 // what a variable of the environment asks for.
 void Complain(std::string_view variable, std::string_view text);
 
-}  // namespace quillkit
+}  // namespace quillbox
 
 #endif  // QUILLKIT_SIMULATOR_COMPLAINT_H_

@@ -4,7 +4,7 @@
 #include "simulator/simulator.h"
 #include "simulator/the_appliance.h"
 
-namespace quillkit {
+namespace quillbox {
 namespace {
 
 std::string_view TextOf(const char* text) {
@@ -29,6 +29,11 @@ std::int32_t CopyRecord(const Record* found, void* record) {
 }
 
 }  // namespace
+}  // namespace quillbox
+
+namespace quillkit {
+
+using namespace quillbox;
 
 extern "C" {
 

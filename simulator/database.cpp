@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <string>
 
-#include "bridge/status.h"
+#include "simulator/protocol.h"
 
-namespace quillkit {
+namespace quillbox {
 
 std::string_view CommandText(const char* text) {
   constexpr std::size_t kCapacity = 400;
@@ -33,4 +33,4 @@ Status RunDatabaseCommand(Contents& contents, std::string_view command) {
   return kNoError;
 }
 
-}  // namespace quillkit
+}  // namespace quillbox

@@ -5,10 +5,10 @@
 
 #include <string_view>
 
-#include "bridge/status.h"
+#include "simulator/protocol.h"
 #include "simulator/store.h"
 
-namespace quillkit {
+namespace quillbox {
 
 // The text of a command: up to its NUL, and never past the 400 bytes that a command may have.
 std::string_view CommandText(const char* text);
@@ -19,6 +19,6 @@ std::string_view CommandText(const char* text);
 // nothing. 17 for another word.
 Status RunDatabaseCommand(Contents& contents, std::string_view command);
 
-}  // namespace quillkit
+}  // namespace quillbox
 
 #endif  // QUILLKIT_SIMULATOR_DATABASE_H_

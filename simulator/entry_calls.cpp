@@ -7,7 +7,7 @@
 #include "simulator/reading.h"
 #include "simulator/rights.h"
 
-namespace quillkit {
+namespace quillbox {
 namespace {
 
 // Serves a call that reads a book, the log apart: `work` takes the book.
@@ -48,13 +48,18 @@ bool IsComplete(const std::uint32_t* count, const void* buffer) {
 }
 
 }  // namespace
+}  // namespace quillbox
+
+namespace quillkit {
+
+using namespace quillbox;
 
 extern "C" {
 
 Status IMSPReadAB(ABIdent* book, KeyRange* range, void* records, std::uint32_t* count,
                   std::int32_t direction) {
   return Serve(
-      {"IMSPReadAB", Need::kSession, count},
+      {"IMSPReadAB", Precondition::kSession, count},
       [=](Appliance& appliance) {
         if (book == nullptr || !IsComplete(count, records)) return kInvalidField;
         const ReadRequest request{range, count, direction};
@@ -69,7 +74,7 @@ Status IMSPReadAB(ABIdent* book, KeyRange* range, void* records, std::uint32_t* 
 Status IMSPListABEntries(ABIdent* book, KeyRange* range, EntryKey* rows, std::uint32_t* count,
                          std::int32_t direction) {
   return Serve(
-      {"IMSPListABEntries", Need::kSession, count},
+      {"IMSPListABEntries", Precondition::kSession, count},
       [=](Appliance& appliance) {
         if (book == nullptr || !IsComplete(count, rows)) return kInvalidField;
         return Read(appliance, *book, [&](const Book& found) {
@@ -81,7 +86,7 @@ Status IMSPListABEntries(ABIdent* book, KeyRange* range, EntryKey* rows, std::ui
 
 Status IMSPReadPageBoundaries(ABIdent* book, PageBoundary* table, std::uint32_t* count) {
   return Serve(
-      {"IMSPReadPageBoundaries", Need::kSession, count},
+      {"IMSPReadPageBoundaries", Precondition::kSession, count},
       [=](Appliance& appliance) {
         if (book == nullptr || !IsComplete(count, table)) return kInvalidField;
         return Read(appliance, *book, [&](const Book& found) {

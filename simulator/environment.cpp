@@ -7,10 +7,10 @@
 #include "simulator/complaint.h"
 #include "simulator/fault_script.h"
 
-namespace quillkit {
+namespace quillbox {
 namespace {
 
-std::string ValueOf(const char* variable) {
+std::string Variable(const char* variable) {
   const char* const value = std::getenv(variable);
   return value != nullptr ? value : "";
 }
@@ -18,12 +18,12 @@ std::string ValueOf(const char* variable) {
 }  // namespace
 
 void ReadEnvironment(Appliance& appliance) {
-  const std::string state = ValueOf(kStateVariable);
+  const std::string state = Variable(kStateVariable);
   if (!state.empty()) appliance.stateFile.Open(state, appliance.contents);
-  const std::string journal = ValueOf(kJournalVariable);
+  const std::string journal = Variable(kJournalVariable);
   if (!journal.empty()) appliance.journalFile.Open(journal);
-  const std::string fault = ScriptFaults(ValueOf(kFaultsVariable), appliance.faults);
+  const std::string fault = ScriptFaults(Variable(kFaultsVariable), appliance.faults);
   if (!fault.empty()) Complain(kFaultsVariable, fault + "; no call fails");
 }
 
-}  // namespace quillkit
+}  // namespace quillbox

@@ -3,13 +3,13 @@
 #ifndef QUILLKIT_SIMULATOR_ENVIRONMENT_H_
 #define QUILLKIT_SIMULATOR_ENVIRONMENT_H_
 
-namespace quillkit {
+namespace quillbox {
 
 class Appliance;
 
 // Each variable (simulator/complaint.h) may be absent or empty.
 void ReadEnvironment(Appliance& appliance);
 
-}  // namespace quillkit
+}  // namespace quillbox
 
 #endif  // QUILLKIT_SIMULATOR_ENVIRONMENT_H_

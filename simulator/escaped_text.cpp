@@ -4,7 +4,7 @@
 
 #include "simulator/whole_number.h"
 
-namespace quillkit {
+namespace quillbox {
 namespace {
 
 constexpr char kDigits[] = "0123456789ABCDEF";
@@ -70,4 +70,4 @@ std::optional<std::string> Unescaped(std::string_view text, std::size_t limit) {
   return bytes;
 }
 
-}  // namespace quillkit
+}  // namespace quillbox

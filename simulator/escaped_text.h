@@ -11,7 +11,7 @@
 #include <string>
 #include <string_view>
 
-namespace quillkit {
+namespace quillbox {
 
 // Characters of `also` are escaped too.
 std::string Escaped(std::string_view bytes, std::string_view also = {});
@@ -19,6 +19,6 @@ std::string Escaped(std::string_view bytes, std::string_view also = {});
 // The bytes, or nothing for a text that Escaped does not give or one of more bytes than `limit`.
 std::optional<std::string> Unescaped(std::string_view text, std::size_t limit);
 
-}  // namespace quillkit
+}  // namespace quillbox
 
 #endif  // QUILLKIT_SIMULATOR_ESCAPED_TEXT_H_

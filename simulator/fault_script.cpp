@@ -8,7 +8,7 @@
 #include "simulator/escaped_text.h"
 #include "simulator/whole_number.h"
 
-namespace quillkit {
+namespace quillbox {
 namespace {
 
 constexpr std::string_view kEntryPoints[] = {"IMSPInit",
@@ -75,4 +75,4 @@ std::string ScriptFaults(std::string_view text, Faults& faults) {
   return {};
 }
 
-}  // namespace quillkit
+}  // namespace quillbox

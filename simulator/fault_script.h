@@ -9,12 +9,12 @@
 
 #include "simulator/faults.h"
 
-namespace quillkit {
+namespace quillbox {
 
 // Adds the faults of a text, which may be empty. An empty text, or what is wrong with it, with
 // nothing added then: an entry point that does not exist, a number that is none.
 std::string ScriptFaults(std::string_view text, Faults& faults);
 
-}  // namespace quillkit
+}  // namespace quillbox
 
 #endif  // QUILLKIT_SIMULATOR_FAULT_SCRIPT_H_

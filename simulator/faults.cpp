@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace quillkit {
+namespace quillbox {
 
 void Faults::Add(std::string_view entry, std::int32_t occurrence, Status status) {
   waiting_.push_back({std::string(entry), std::max(occurrence, std::int32_t{0}), status});
@@ -20,4 +20,4 @@ std::optional<Status> Faults::Take(std::string_view entry) {
   return taken;
 }
 
-}  // namespace quillkit
+}  // namespace quillbox

@@ -9,9 +9,9 @@
 #include <string_view>
 #include <vector>
 
-#include "bridge/status.h"
+#include "simulator/protocol.h"
 
-namespace quillkit {
+namespace quillbox {
 
 class Faults {
  public:
@@ -33,6 +33,6 @@ class Faults {
   std::vector<Fault> waiting_;
 };
 
-}  // namespace quillkit
+}  // namespace quillbox
 
 #endif  // QUILLKIT_SIMULATOR_FAULTS_H_

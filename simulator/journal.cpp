@@ -3,7 +3,7 @@
 #include "simulator/book_type.h"
 #include "simulator/database.h"
 
-namespace quillkit {
+namespace quillbox {
 namespace {
 
 constexpr std::string_view kNull = "-";
@@ -110,4 +110,4 @@ void AppendArgument(std::string& line, std::uint32_t number) {
   line += std::to_string(number);
 }
 
-}  // namespace quillkit
+}  // namespace quillbox

@@ -9,9 +9,9 @@
 #include <string_view>
 #include <vector>
 
-#include "bridge/records.h"
+#include "simulator/protocol.h"
 
-namespace quillkit {
+namespace quillbox {
 
 class Journal {
  public:
@@ -62,6 +62,6 @@ std::string CallText(std::string_view entry, const Arguments&... arguments) {
   return line;
 }
 
-}  // namespace quillkit
+}  // namespace quillbox
 
 #endif  // QUILLKIT_SIMULATOR_JOURNAL_H_

@@ -3,7 +3,7 @@
 #include "simulator/complaint.h"
 #include "simulator/escaped_text.h"
 
-namespace quillkit {
+namespace quillbox {
 
 void JournalFile::Open(const std::string& path) {
   file_.open(path, std::ios::binary | std::ios::app);
@@ -16,4 +16,4 @@ void JournalFile::Add(std::string_view text, Status status) {
   if (!file_) Complain(kJournalVariable, "the file cannot be written; the journal ends here");
 }
 
-}  // namespace quillkit
+}  // namespace quillbox

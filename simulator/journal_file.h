@@ -7,9 +7,9 @@
 #include <string>
 #include <string_view>
 
-#include "bridge/status.h"
+#include "simulator/protocol.h"
 
-namespace quillkit {
+namespace quillbox {
 
 class JournalFile {
  public:
@@ -28,6 +28,6 @@ class JournalFile {
   std::ofstream file_;
 };
 
-}  // namespace quillkit
+}  // namespace quillbox
 
 #endif  // QUILLKIT_SIMULATOR_JOURNAL_FILE_H_

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
-namespace quillkit {
+namespace quillbox {
 
 void Lies::Set(std::uint32_t lies) {
   lies_ = lies;
@@ -49,4 +49,4 @@ std::uint32_t Lies::Size(std::size_t size) {
   return static_cast<std::uint32_t>(size) + sizeError_ + inflation_;
 }
 
-}  // namespace quillkit
+}  // namespace quillbox

@@ -9,7 +9,7 @@
 #include "simulator/book_type.h"
 #include "simulator/simulator.h"
 
-namespace quillkit {
+namespace quillbox {
 
 class Lies {
  public:
@@ -56,6 +56,6 @@ class Lies {
   std::uint32_t inflation_ = 0;
 };
 
-}  // namespace quillkit
+}  // namespace quillbox
 
 #endif  // QUILLKIT_SIMULATOR_LIES_H_

@@ -12,7 +12,7 @@
 
 #include "simulator/whole_number.h"
 
-namespace quillkit {
+namespace quillbox {
 
 class LineParser {
  public:
@@ -59,6 +59,6 @@ class LineParser {
   std::string_view rest_;
 };
 
-}  // namespace quillkit
+}  // namespace quillbox
 
 #endif  // QUILLKIT_SIMULATOR_LINE_PARSER_H_

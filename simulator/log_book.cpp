@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <bit>
 
-namespace quillkit {
+namespace quillbox {
 namespace {
 
 // What this appliance writes into a record.
@@ -85,4 +85,4 @@ const LogBook::Numbers* LogBook::NumbersOf(std::string_view user) const {
   return found != byUser_.end() ? &found->second : nullptr;
 }
 
-}  // namespace quillkit
+}  // namespace quillbox

@@ -11,9 +11,9 @@
 #include <string>
 #include <string_view>
 
-#include "bridge/records.h"
+#include "simulator/protocol.h"
 
-namespace quillkit {
+namespace quillbox {
 
 class LogBook {
  public:
@@ -47,6 +47,6 @@ class LogBook {
   std::map<std::string, Numbers, std::less<>> byUser_;
 };
 
-}  // namespace quillkit
+}  // namespace quillbox
 
 #endif  // QUILLKIT_SIMULATOR_LOG_BOOK_H_

@@ -13,9 +13,9 @@
 #include <functional>
 #include <utility>
 
-#include "bridge/entry_key.h"
+#include "simulator/protocol.h"
 
-namespace quillkit {
+namespace quillbox {
 
 template <class Value>
 class Ordered {
@@ -73,6 +73,6 @@ class Ordered {
   Tree tree_;
 };
 
-}  // namespace quillkit
+}  // namespace quillbox
 
 #endif  // QUILLKIT_SIMULATOR_ORDERED_H_

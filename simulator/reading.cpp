@@ -4,7 +4,7 @@
 
 #include "simulator/selection.h"
 
-namespace quillkit {
+namespace quillbox {
 namespace {
 
 std::int32_t SkipOf(const ReadRequest& request) {
@@ -98,4 +98,4 @@ Status ReadCensus(const Book& book, const Lies& lies, PageBoundary* table, std::
   return position < book.Size() ? kMoreData : kNoError;
 }
 
-}  // namespace quillkit
+}  // namespace quillbox

@@ -9,12 +9,12 @@
 
 #include <cstdint>
 
-#include "bridge/records.h"
 #include "simulator/lies.h"
 #include "simulator/log_book.h"
+#include "simulator/protocol.h"
 #include "simulator/store.h"
 
-namespace quillkit {
+namespace quillbox {
 
 // A capacity and the two directions in which it is used.
 struct ReadRequest {
@@ -40,6 +40,6 @@ Status ReadBooks(const BookSet& books, BookKind kind, const Lies& lies, const Re
 // 21 when there are more letters than fit.
 Status ReadCensus(const Book& book, const Lies& lies, PageBoundary* table, std::uint32_t* count);
 
-}  // namespace quillkit
+}  // namespace quillbox
 
 #endif  // QUILLKIT_SIMULATOR_READING_H_

@@ -1,9 +1,9 @@
 #include "simulator/rights.h"
 
-#include "bridge/status.h"
 #include "simulator/book_type.h"
+#include "simulator/protocol.h"
 
-namespace quillkit {
+namespace quillbox {
 namespace {
 
 bool MayUse(std::string_view user, const BookType& type, Action action) {
@@ -28,4 +28,4 @@ Status PermitEntries(std::string_view user, const ABIdent& book, Action action) 
   return status == kNoError && book.kind == BookKind::kLog ? kNotImplemented : status;
 }
 
-}  // namespace quillkit
+}  // namespace quillbox

@@ -5,9 +5,9 @@
 
 #include <string_view>
 
-#include "bridge/records.h"
+#include "simulator/protocol.h"
 
-namespace quillkit {
+namespace quillbox {
 
 enum class Action { kRead, kCreateEntry, kChange };
 
@@ -22,6 +22,6 @@ Status Permit(std::string_view user, const ABIdent& book, Action action);
 // The same for what the log does not offer: 13 for the log.
 Status PermitEntries(std::string_view user, const ABIdent& book, Action action);
 
-}  // namespace quillkit
+}  // namespace quillbox
 
 #endif  // QUILLKIT_SIMULATOR_RIGHTS_H_

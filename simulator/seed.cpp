@@ -4,7 +4,7 @@
 
 #include "simulator/appliance.h"
 
-namespace quillkit {
+namespace quillbox {
 namespace {
 
 struct Account {
@@ -186,4 +186,4 @@ void Seed(Appliance& appliance) {
   SeedKeys(store);
 }
 
-}  // namespace quillkit
+}  // namespace quillbox

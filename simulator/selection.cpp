@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace quillkit {
+namespace quillbox {
 namespace {
 
 bool IsBeginning(std::string_view filter) {
@@ -41,4 +41,4 @@ Delivery Deliver(IndexRun matches, std::int32_t skip, std::size_t capacity,
   return {matches.end - passed - count, count, capacity - count, status};
 }
 
-}  // namespace quillkit
+}  // namespace quillbox

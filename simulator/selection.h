@@ -9,10 +9,10 @@
 #include <cstdint>
 #include <string_view>
 
-#include "bridge/records.h"
 #include "simulator/ordered.h"
+#include "simulator/protocol.h"
 
-namespace quillkit {
+namespace quillbox {
 
 // Positions from `begin` to before `end`.
 struct IndexRun {
@@ -80,6 +80,6 @@ IndexRun MatchesOf(const Ordered<Value>& values, const KeyRange* range, std::int
   return run;
 }
 
-}  // namespace quillkit
+}  // namespace quillbox
 
 #endif  // QUILLKIT_SIMULATOR_SELECTION_H_

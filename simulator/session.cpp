@@ -1,6 +1,6 @@
 #include "simulator/session.h"
 
-namespace quillkit {
+namespace quillbox {
 
 std::chrono::milliseconds Clock::Since(const Moment& moment) const {
   using std::chrono::milliseconds;
@@ -28,4 +28,4 @@ bool Session::IsOpen(const Clock& clock, std::uint32_t period) {
   return isOpen_;
 }
 
-}  // namespace quillkit
+}  // namespace quillbox

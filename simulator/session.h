@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-namespace quillkit {
+namespace quillbox {
 
 // Real time, and what was put on top of it.
 class Clock {
@@ -56,6 +56,6 @@ class Session {
   Clock::Moment lastSign_;
 };
 
-}  // namespace quillkit
+}  // namespace quillbox
 
 #endif  // QUILLKIT_SIMULATOR_SESSION_H_

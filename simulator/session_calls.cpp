@@ -12,7 +12,7 @@
 #include "simulator/database.h"
 #include "simulator/rights.h"
 
-namespace quillkit {
+namespace quillbox {
 namespace {
 
 // Copies `text` with its NUL, each as far as there is room.
@@ -76,18 +76,23 @@ Status Refuse(Appliance&) {
 }
 
 }  // namespace
+}  // namespace quillbox
+
+namespace quillkit {
+
+using namespace quillbox;
 
 extern "C" {
 
 Status IMSPInit() {
-  return Serve({"IMSPInit", Need::kNothing}, [](Appliance& appliance) {
+  return Serve({"IMSPInit", Precondition::kNothing}, [](Appliance& appliance) {
     appliance.isInitialised = true;
     return kNoError;
   });
 }
 
 Status IMSPTerminate() {
-  return Serve({"IMSPTerminate", Need::kLibrary}, [](Appliance& appliance) {
+  return Serve({"IMSPTerminate", Precondition::kLibrary}, [](Appliance& appliance) {
     appliance.session.Close();
     appliance.isInitialised = false;
     return kNoError;
@@ -96,7 +101,7 @@ Status IMSPTerminate() {
 
 Status IMSPLogin(LoginRecord* login, char* identity, std::uint32_t capacity) {
   return Serve(
-      {"IMSPLogin", Need::kLibrary},
+      {"IMSPLogin", Precondition::kLibrary},
       [=](Appliance& appliance) {
         if (login == nullptr || (identity == nullptr && capacity != 0)) return kInvalidField;
         const Status status = LogIn(appliance, *login);

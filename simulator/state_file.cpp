@@ -8,7 +8,7 @@
 #include "platform/written_file.h"
 #include "simulator/complaint.h"
 
-namespace quillkit {
+namespace quillbox {
 
 void StateFile::Open(const std::string& path, Contents& contents) {
   std::error_code failure;
@@ -43,4 +43,4 @@ void StateFile::Save(const Contents& contents) const {
   Complain(kStateVariable, "the file cannot be written, and is as it was before");
 }
 
-}  // namespace quillkit
+}  // namespace quillbox

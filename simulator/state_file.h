@@ -7,7 +7,7 @@
 
 #include "simulator/state_text.h"
 
-namespace quillkit {
+namespace quillbox {
 
 class StateFile {
  public:
@@ -29,6 +29,6 @@ class StateFile {
   std::string path_;
 };
 
-}  // namespace quillkit
+}  // namespace quillbox
 
 #endif  // QUILLKIT_SIMULATOR_STATE_FILE_H_

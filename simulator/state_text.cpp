@@ -4,11 +4,11 @@
 #include <ostream>
 #include <string_view>
 
-#include "bridge/status.h"
 #include "simulator/escaped_text.h"
 #include "simulator/line_parser.h"
+#include "simulator/protocol.h"
 
-namespace quillkit {
+namespace quillbox {
 namespace {
 
 constexpr std::string_view kHeading = "quillbox state 1";
@@ -134,4 +134,4 @@ std::string ReadState(TextLines& lines, Contents& contents) {
   return reader.IsComplete() ? "" : "its last line is missing: it was cut short";
 }
 
-}  // namespace quillkit
+}  // namespace quillbox

@@ -19,7 +19,7 @@
 #include "simulator/store.h"
 #include "simulator/text_lines.h"
 
-namespace quillkit {
+namespace quillbox {
 
 void WriteState(std::ostream& out, const Contents& contents);
 
@@ -28,6 +28,6 @@ void WriteState(std::ostream& out, const Contents& contents);
 // lines hold the store's invariants do too.
 std::string ReadState(TextLines& lines, Contents& contents);
 
-}  // namespace quillkit
+}  // namespace quillbox
 
 #endif  // QUILLKIT_SIMULATOR_STATE_TEXT_H_

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <utility>
 
-#include "bridge/status.h"
+#include "simulator/protocol.h"
 #include "simulator/selection.h"
 
-namespace quillkit {
+namespace quillbox {
 namespace {
 
 bool IsPermanent(BookKind kind, const EntryKey& key) {
@@ -194,4 +194,4 @@ void Store::Renamed(BookKind kind, const EntryKey& from, const EntryKey& to) {
   private_.insert(std::move(shelf));
 }
 
-}  // namespace quillkit
+}  // namespace quillbox

@@ -18,11 +18,11 @@
 #include <utility>
 #include <vector>
 
-#include "bridge/records.h"
 #include "simulator/book_type.h"
 #include "simulator/ordered.h"
+#include "simulator/protocol.h"
 
-namespace quillkit {
+namespace quillbox {
 
 // The bytes of one record, of the size that the book's type tells.
 using Record = std::vector<char>;
@@ -130,6 +130,6 @@ struct Contents {
   std::map<std::string, Store, std::less<>> backups;  // by their first text
 };
 
-}  // namespace quillkit
+}  // namespace quillbox
 
 #endif  // QUILLKIT_SIMULATOR_STORE_H_

@@ -9,7 +9,7 @@
 #include <optional>
 #include <string_view>
 
-namespace quillkit {
+namespace quillbox {
 
 class TextLines {
  public:
@@ -40,6 +40,6 @@ class TextLines {
   bool isCut_ = false;
 };
 
-}  // namespace quillkit
+}  // namespace quillbox
 
 #endif  // QUILLKIT_SIMULATOR_TEXT_LINES_H_

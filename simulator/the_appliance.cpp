@@ -4,7 +4,7 @@
 
 #include "simulator/environment.h"
 
-namespace quillkit {
+namespace quillbox {
 namespace {
 
 Appliance* instance = nullptr;
@@ -31,4 +31,4 @@ Appliance& TheAppliance() {
   return *instance;
 }
 
-}  // namespace quillkit
+}  // namespace quillbox

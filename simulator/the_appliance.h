@@ -5,11 +5,11 @@
 
 #include "simulator/appliance.h"
 
-namespace quillkit {
+namespace quillbox {
 
 // Created by the first call: seeded, then set up from the environment.
 Appliance& TheAppliance();
 
-}  // namespace quillkit
+}  // namespace quillbox
 
 #endif  // QUILLKIT_SIMULATOR_THE_APPLIANCE_H_

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <system_error>
 
-namespace quillkit {
+namespace quillbox {
 
 // The number, or none for a text that is anything else or is out of the type's range.
 template <class Number>
@@ -20,6 +20,6 @@ std::optional<Number> WholeNumber(std::string_view text, int base = 10) {
   return number;
 }
 
-}  // namespace quillkit
+}  // namespace quillbox
 
 #endif  // QUILLKIT_SIMULATOR_WHOLE_NUMBER_H_

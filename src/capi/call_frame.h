@@ -21,7 +21,7 @@
 #include "capi/handle_table.h"
 #include "toolkit/quillkit.h"
 
-namespace quillkit {
+namespace quillkit::capi {
 
 template <class Object>
 inline constexpr HandleKind kKindOf{};
@@ -68,16 +68,16 @@ class ObjectArgument {
   Object* object_ = nullptr;
 };
 
-using Scanner = ObjectArgument<CScanner>;
-using Book = ObjectArgument<CTopLevelAB>;
-using Key = ObjectArgument<CSoftKey>;
-using KeyOnServer = ObjectArgument<CSoftKey, Need::kItsBook>;
-using Item = ObjectArgument<CMenuItem>;
+using ScannerArgument = ObjectArgument<CScanner>;
+using BookArgument = ObjectArgument<CTopLevelAB>;
+using KeyArgument = ObjectArgument<CSoftKey>;
+using KeyOnServerArgument = ObjectArgument<CSoftKey, Need::kItsBook>;
+using ItemArgument = ObjectArgument<CMenuItem>;
 
-// It reaches the work as a copy that is wiped: it may be a password.
-class Text {
+// Passes a text to the work as a copy that is wiped afterwards: it may be a password.
+class TextArgument {
  public:
-  explicit Text(const char* text) : text_(text) {}
+  explicit TextArgument(const char* text) : text_(text) {}
 
   std::int32_t Check() const { return text_ != nullptr ? 0 : QUILL_E_ARGUMENT; }
   SecretText Value() const { return SecretText(text_); }
@@ -193,7 +193,7 @@ decltype(auto) ValueOf(const Argument& argument) {
 // Does `work` on the values of the arguments, and gives its result, 1 where it has none; or the
 // fault of the turn or the first of an argument, with nothing done.
 template <class Work, class... Arguments>
-std::int32_t InFrame(Work work, Arguments... arguments) noexcept {
+std::int32_t InTurn(Work work, Arguments... arguments) noexcept {
   try {
     const CallTurn turn;
     std::int32_t fault = turn.Fault();
@@ -260,6 +260,6 @@ inline constexpr auto kReload = [](std::int32_t reload, auto* changed, const aut
   return kFunction(changed, arguments..., reload);
 };
 
-}  // namespace quillkit
+}  // namespace quillkit::capi
 
 #endif  // QUILLKIT_CAPI_CALL_FRAME_H_

@@ -7,7 +7,7 @@
 #include "capi/quillkit_c.h"
 #include "platform/forked_child.h"
 
-namespace quillkit {
+namespace quillkit::capi {
 namespace {
 
 // Recursive, so that a thread inside a call sends a keep-alive that falls due there, and is told
@@ -54,4 +54,4 @@ CallTurn::~CallTurn() {
   SendOwed();
 }
 
-}  // namespace quillkit
+}  // namespace quillkit::capi

@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-namespace quillkit {
+namespace quillkit::capi {
 
 // The turn of one call, from construction to destruction. The constructor waits while another
 // thread's call is inside. A turn that has a fault was not given: the call must do nothing.
@@ -28,6 +28,6 @@ class CallTurn {
   std::int32_t fault_ = 0;
 };
 
-}  // namespace quillkit
+}  // namespace quillkit::capi
 
 #endif  // QUILLKIT_CAPI_CALL_TURN_H_

@@ -2,7 +2,7 @@
 
 #include <new>
 
-namespace quillkit {
+namespace quillkit::capi {
 namespace {
 
 constexpr unsigned kSlotShift = 32;
@@ -110,4 +110,4 @@ HandleTable& Handles() {
   return table;
 }
 
-}  // namespace quillkit
+}  // namespace quillkit::capi

@@ -19,7 +19,7 @@
 
 #include "capi/quillkit_c.h"
 
-namespace quillkit {
+namespace quillkit::capi {
 
 enum class HandleKind : std::uint8_t { kScanner = 1, kBook, kKey, kItem, kUser };
 
@@ -71,6 +71,6 @@ class HandleTable {
 // The one table of the library.
 HandleTable& Handles();
 
-}  // namespace quillkit
+}  // namespace quillkit::capi
 
 #endif  // QUILLKIT_CAPI_HANDLE_TABLE_H_

@@ -3,6 +3,7 @@
 #include "capi/call_frame.h"
 
 using namespace quillkit;
+using namespace quillkit::capi;
 
 namespace {
 
@@ -41,142 +42,144 @@ std::int32_t MakeKey(const HandleResult& result, const std::string& name, CTopLe
 }  // namespace
 
 int32_t quill_get_count(quill_handle book) {
-  return InFrame(GetCount, Book(book));
+  return InTurn(GetCount, BookArgument(book));
 }
 
 int32_t quill_load_top_level_abook(quill_handle book, int32_t with_items) {
-  return InFrame(
+  return InTurn(
       [=](CTopLevelAB* loaded) {
         AtEnd end([=] { Handles().EndBelow(loaded); });
         return LoadTopLevelAbook(loaded, with_items);
       },
-      Book(book));
+      BookArgument(book));
 }
 
 int32_t quill_add_key(quill_handle book, const char* name, int32_t reload) {
-  return InFrame(kReload<AddKey>, reload, Book(book), Text(name));
+  return InTurn(kReload<AddKey>, reload, BookArgument(book), TextArgument(name));
 }
 
 int32_t quill_delete_key(quill_handle book, const char* name, int32_t reload) {
-  return InFrame(kReload<DeleteKey>, reload, Book(book), Text(name));
+  return InTurn(kReload<DeleteKey>, reload, BookArgument(book), TextArgument(name));
 }
 
 int32_t quill_modify_key(quill_handle book, quill_handle key, int32_t reload) {
-  return InFrame(kReload<ModifyKey>, reload, Book(book), Key(key));
+  return InTurn(kReload<ModifyKey>, reload, BookArgument(book), KeyArgument(key));
 }
 
 int32_t quill_rename_soft_key(quill_handle book, const char* old_name, quill_handle key) {
-  return InFrame(RenameSoftKey, Book(book), Text(old_name), Key(key));
+  return InTurn(RenameSoftKey, BookArgument(book), TextArgument(old_name), KeyArgument(key));
 }
 
 int32_t quill_get_key_at(quill_handle book, int32_t index, quill_handle* key) {
-  return InFrame(kGive<GetKeyAt>, HandleResult(key, book), Book(book), index);
+  return InTurn(kGive<GetKeyAt>, HandleResult(key, book), BookArgument(book), index);
 }
 
 int32_t quill_find_soft_key_index(quill_handle book, const char* name) {
-  return InFrame(FindSoftKeyIndex, Book(book), Text(name));
+  return InTurn(FindSoftKeyIndex, BookArgument(book), TextArgument(name));
 }
 
 int32_t quill_fast_key_add(quill_handle book, quill_handle key) {
-  return InFrame(FastKeyAdd, Book(book), Key(key));
+  return InTurn(FastKeyAdd, BookArgument(book), KeyArgument(key));
 }
 
 int32_t quill_fast_key_remove(quill_handle book, quill_handle key) {
-  return InFrame(RemoveKey, Book(book), Key(key));
+  return InTurn(RemoveKey, BookArgument(book), KeyArgument(key));
 }
 
 int32_t quill_fast_key_modify(quill_handle book, quill_handle key) {
-  return InFrame(WriteKey, Book(book), Key(key));
+  return InTurn(WriteKey, BookArgument(book), KeyArgument(key));
 }
 
 int32_t quill_fast_key_rename(quill_handle book, const char* old_name, quill_handle key) {
-  return InFrame(FastKeyRename, Book(book), Text(old_name), Key(key));
+  return InTurn(FastKeyRename, BookArgument(book), TextArgument(old_name), KeyArgument(key));
 }
 
 int32_t quill_create_soft_key(const char* name, quill_handle book, quill_handle* key) {
-  using BookOrNone = ObjectArgument<CTopLevelAB, Need::kAliveOrNone>;
-  return InFrame(MakeKey, HandleResult(key, book), Text(name), BookOrNone(book));
+  using BookOrNoneArgument = ObjectArgument<CTopLevelAB, Need::kAliveOrNone>;
+  return InTurn(MakeKey, HandleResult(key, book), TextArgument(name), BookOrNoneArgument(book));
 }
 
 int32_t quill_destroy_soft_key(quill_handle key) {
-  return InFrame(kDestroy<DestroySoftKey>, ObjectArgument<CSoftKey, Need::kOwnership>(key));
+  return InTurn(kDestroy<DestroySoftKey>, ObjectArgument<CSoftKey, Need::kOwnership>(key));
 }
 
 int32_t quill_load_items(quill_handle book, const char* name, quill_handle* key) {
-  return InFrame(kGive<LoadItems>, HandleResult(key, book), Book(book), Text(name));
+  return InTurn(kGive<LoadItems>, HandleResult(key, book), BookArgument(book), TextArgument(name));
 }
 
 int32_t quill_get_key_name(quill_handle key, char* buffer, uint32_t* size) {
-  return InFrame(kGive<GetKeyName>, TextResult(buffer, size), Key(key));
+  return InTurn(kGive<GetKeyName>, TextResult(buffer, size), KeyArgument(key));
 }
 
 int32_t quill_is_soft_key_empty(quill_handle key) {
-  return InFrame(IsSoftKeyEmpty, Key(key));
+  return InTurn(IsSoftKeyEmpty, KeyArgument(key));
 }
 
 int32_t quill_get_item_count(quill_handle key) {
-  return InFrame(GetItemCount, Key(key));
+  return InTurn(GetItemCount, KeyArgument(key));
 }
 
 int32_t quill_get_db_item_count(quill_handle key, uint32_t* count) {
-  return InFrame([](const NumberResult& result,
-                    CSoftKey* counted) { return GetDBItemCount(counted, result.number()); },
-                 NumberResult(count), KeyOnServer(key));
+  return InTurn([](const NumberResult& result,
+                   CSoftKey* counted) { return GetDBItemCount(counted, result.number()); },
+                NumberResult(count), KeyOnServerArgument(key));
 }
 
 int32_t quill_get_item_at(quill_handle key, int32_t index, quill_handle* item) {
-  return InFrame(kGive<GetItemAt>, HandleResult(item, key), Key(key), index);
+  return InTurn(kGive<GetItemAt>, HandleResult(item, key), KeyArgument(key), index);
 }
 
 int32_t quill_set_item_at(quill_handle key, int32_t index, quill_handle item) {
-  return InFrame(kChange<SetItemAt, 0>, Key(key), index, Item(item));
+  return InTurn(kChange<SetItemAt, 0>, KeyArgument(key), index, ItemArgument(item));
 }
 
 int32_t quill_remove_item_at(quill_handle key, int32_t index) {
-  return InFrame(kChange<RemoveItemAt, 0>, Key(key), index);
+  return InTurn(kChange<RemoveItemAt, 0>, KeyArgument(key), index);
 }
 
 int32_t quill_find_first_item(quill_handle key, const char* pattern, int32_t whole_name) {
-  return InFrame(FindFirstItem, Key(key), Text(pattern), whole_name);
+  return InTurn(FindFirstItem, KeyArgument(key), TextArgument(pattern), whole_name);
 }
 
 int32_t quill_find_next_item(quill_handle key, int32_t whole_name) {
-  return InFrame(FindNextItem, Key(key), whole_name);
+  return InTurn(FindNextItem, KeyArgument(key), whole_name);
 }
 
 int32_t quill_find_menu_item_index(quill_handle key, quill_handle item) {
-  return InFrame(FindMenuItemIndex, Key(key), Item(item));
+  return InTurn(FindMenuItemIndex, KeyArgument(key), ItemArgument(item));
 }
 
 int32_t quill_add_menu_item(quill_handle key, quill_handle item, int32_t reload) {
-  return InFrame(kReload<AddMenuItem>, reload, KeyOnServer(key), Item(item));
+  return InTurn(kReload<AddMenuItem>, reload, KeyOnServerArgument(key), ItemArgument(item));
 }
 
 int32_t quill_modify_menu_item(quill_handle key, quill_handle item, int32_t reload) {
-  return InFrame(kReload<ModifyMenuItem>, reload, KeyOnServer(key), Item(item));
+  return InTurn(kReload<ModifyMenuItem>, reload, KeyOnServerArgument(key), ItemArgument(item));
 }
 
 int32_t quill_rename_menu_item(quill_handle key, const char* old_name, quill_handle item,
                                int32_t reload) {
-  return InFrame(kReload<RenameMenuItem>, reload, KeyOnServer(key), Text(old_name), Item(item));
+  return InTurn(kReload<RenameMenuItem>, reload, KeyOnServerArgument(key), TextArgument(old_name),
+                ItemArgument(item));
 }
 
 int32_t quill_delete_menu_item(quill_handle key, const char* name, int32_t reload) {
-  return InFrame(kReload<DeleteMenuItem>, reload, KeyOnServer(key), Text(name));
+  return InTurn(kReload<DeleteMenuItem>, reload, KeyOnServerArgument(key), TextArgument(name));
 }
 
 int32_t quill_fast_item_add(quill_handle key, quill_handle item) {
-  return InFrame(kChange<FastItemAdd, -1>, KeyOnServer(key), Item(item));
+  return InTurn(kChange<FastItemAdd, -1>, KeyOnServerArgument(key), ItemArgument(item));
 }
 
 int32_t quill_fast_item_remove(quill_handle key, quill_handle item) {
-  return InFrame(kChange<FastItemRemove, -1>, KeyOnServer(key), Item(item));
+  return InTurn(kChange<FastItemRemove, -1>, KeyOnServerArgument(key), ItemArgument(item));
 }
 
 int32_t quill_fast_item_modify(quill_handle key, quill_handle item) {
-  return InFrame(kChange<FastItemModify, 0>, KeyOnServer(key), Item(item));
+  return InTurn(kChange<FastItemModify, 0>, KeyOnServerArgument(key), ItemArgument(item));
 }
 
 int32_t quill_fast_item_rename(quill_handle key, const char* old_name, quill_handle item) {
-  return InFrame(kChange<FastItemRename, 0>, KeyOnServer(key), Text(old_name), Item(item));
+  return InTurn(kChange<FastItemRename, 0>, KeyOnServerArgument(key), TextArgument(old_name),
+                ItemArgument(item));
 }

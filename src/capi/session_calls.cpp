@@ -10,6 +10,7 @@
 #include "capi/call_frame.h"
 
 using namespace quillkit;
+using namespace quillkit::capi;
 
 namespace {
 
@@ -26,7 +27,7 @@ constexpr const char* kErrorTexts[] = {
     /*-1010*/ "the process is a fork of the one that loaded the library",
 };
 
-using ScannerOrNone = ObjectArgument<CScanner, Need::kAliveOrNone>;
+using ScannerOrNoneArgument = ObjectArgument<CScanner, Need::kAliveOrNone>;
 
 void EndSession() {
   Handles().EndAll(HandleKind::kUser);
@@ -36,9 +37,9 @@ void EndSession() {
 // While a user is connected after a failure, the server was not asked and nothing has ended.
 // Otherwise the library may have freed the scanner of this address, and which one that is cannot be
 // told.
-std::int32_t LogIn(const HandleResult& scanner, const std::string& host, const std::string& user,
-                   const std::string& password, const std::string& third,
-                   std::int32_t loadTopBook) {
+std::int32_t OpenSession(const HandleResult& scanner, const std::string& host,
+                         const std::string& user, const std::string& password,
+                         const std::string& third, std::int32_t loadTopBook) {
   AtEnd end(EndSession);
   CScanner* box = LogToQuillbox(host, user, password, third, loadTopBook);
   if (box == nullptr && GetCurrentConnectedUser(nullptr) == nullptr) return 0;
@@ -96,66 +97,66 @@ const char* quill_error_text(int32_t error) {
 
 int32_t quill_log_to_quillbox(const char* host, const char* user, const char* password,
                               const char* third, int32_t load_top_book, quill_handle* scanner) {
-  return InFrame(LogIn, HandleResult(scanner), Text(host), Text(user), Text(password), Text(third),
-                 load_top_book);
+  return InTurn(OpenSession, HandleResult(scanner), TextArgument(host), TextArgument(user),
+                TextArgument(password), TextArgument(third), load_top_book);
 }
 
 int32_t quill_logout(void) {
-  return InFrame([] {
+  return InTurn([] {
     AtEnd end([] { Handles().EndAll(HandleKind::kUser); });
     Logout();
   });
 }
 
 int32_t quill_exit(void) {
-  return InFrame([] {
+  return InTurn([] {
     AtEnd end(EndSession);
     Exit();
   });
 }
 
 int32_t quill_get_last_toolkit_error(void) {
-  return InFrame(GetLastToolkitError);
+  return InTurn(GetLastToolkitError);
 }
 
 int32_t quill_translate_toolkit_error(int32_t code, char* buffer, uint32_t* size) {
-  return InFrame(GiveErrorText, TextResult(buffer, size), code);
+  return InTurn(GiveErrorText, TextResult(buffer, size), code);
 }
 
 int32_t quill_get_scanner_name(quill_handle scanner, char* buffer, uint32_t* size) {
-  return InFrame(kGive<GetScannerName>, TextResult(buffer, size), Scanner(scanner));
+  return InTurn(kGive<GetScannerName>, TextResult(buffer, size), ScannerArgument(scanner));
 }
 
 int32_t quill_get_scanner_version(quill_handle scanner, char* buffer, uint32_t* size) {
-  return InFrame(kGive<GetScannerVersion>, TextResult(buffer, size), Scanner(scanner));
+  return InTurn(kGive<GetScannerVersion>, TextResult(buffer, size), ScannerArgument(scanner));
 }
 
 int32_t quill_get_scanner_model(quill_handle scanner, char* buffer, uint32_t* size) {
-  return InFrame(kGive<GetScannerModel>, TextResult(buffer, size), Scanner(scanner));
+  return InTurn(kGive<GetScannerModel>, TextResult(buffer, size), ScannerArgument(scanner));
 }
 
 int32_t quill_get_scanner_address(quill_handle scanner, uint32_t* value) {
-  return InFrame(kGive<GetScannerAddress>, NumberResult(value), Scanner(scanner));
+  return InTurn(kGive<GetScannerAddress>, NumberResult(value), ScannerArgument(scanner));
 }
 
 int32_t quill_get_current_connected_user(quill_handle scanner, quill_handle* user) {
-  return InFrame(kGive<GetCurrentConnectedUser>, HandleResult(user), ScannerOrNone(scanner));
+  return InTurn(kGive<GetCurrentConnectedUser>, HandleResult(user), ScannerOrNoneArgument(scanner));
 }
 
 int32_t quill_is_admin_connected(quill_handle scanner) {
-  return InFrame(IsAdminConnected, ScannerOrNone(scanner));
+  return InTurn(IsAdminConnected, ScannerOrNoneArgument(scanner));
 }
 
 int32_t quill_get_top_level_abook(quill_handle scanner, quill_handle* book) {
-  return InFrame(kGive<GetTopLevelAbook>, HandleResult(book, scanner), Scanner(scanner));
+  return InTurn(kGive<GetTopLevelAbook>, HandleResult(book, scanner), ScannerArgument(scanner));
 }
 
 int32_t quill_import_address_book(quill_handle scanner, const char* path,
                                   const quill_import_options* options) {
-  return InFrame(
+  return InTurn(
       [=](CScanner* box) {
         return options != nullptr ? ImportAddressBook(box, path, Options(*options).get())
                                   : ImportAddressBook(box, path, nullptr);
       },
-      Scanner(scanner));
+      ScannerArgument(scanner));
 }

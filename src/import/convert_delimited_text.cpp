@@ -32,7 +32,7 @@ bool IsTrimmed(char c) {
 
 // The value of a field, in its place: its quotes go first and then the white space at its ends,
 // which is to say both at the ends and then the quotes between.
-std::string_view ValueOf(TextSpan field) {
+std::string_view FieldValue(TextSpan field) {
   char* begin = field.data();
   char* end = begin + field.size();
   while (begin != end && IsTrimmed(*begin)) ++begin;
@@ -79,7 +79,7 @@ int SplitMappedColumns(char* line, std::span<const std::int32_t> columnMap,
     const TextSpan field = NextQuotedField(column == 0 ? line : nullptr, *separator);
     if (field.data() == nullptr) break;
     if (std::find(columnMap.begin(), columnMap.end(), column) == columnMap.end()) continue;
-    const std::string_view value = ValueOf(field);
+    const std::string_view value = FieldValue(field);
     for (std::size_t i = 0; i < columnMap.size(); ++i) {
       if (columnMap[i] == column) out[i] = value;
     }

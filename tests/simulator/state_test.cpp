@@ -17,6 +17,9 @@
 #include "tests/support/scratch_folder.h"
 
 namespace quillkit {
+
+using namespace quillbox;
+
 namespace {
 
 using testing::HasSubstr;
