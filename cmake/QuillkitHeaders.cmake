@@ -5,8 +5,8 @@ set(QUILLKIT_ENTRY_HEADERS
     # the exported functions
     toolkit/quillkit.h capi/quillkit_c.h
     # the class library: start and stop, the session, and the way to the appliance's books
-    toolkit/toolkit_app.h bridge/the_agent.h appliance/scanner.h import/connected_user.h
-    import/import_address_book.h import/convert_file.h import/ldap_settings_store.h
+    toolkit/toolkit_app.h bridge/the_agent.h appliance/scanner.h books/connected_user.h
+    import/import_address_book.h import/convert_file.h settings/ldap_settings_store.h
     platform/message_box.h
     # its books with their views, lists and records
     softkeys/top_level_ab.h books/email_ab.h books/email_ab_handle.h books/fax_ab.h
