@@ -10,8 +10,8 @@
 namespace quillkit::capi {
 namespace {
 
-// Recursive, so that a thread inside a call sends a keep-alive that falls due there, and is told
-// when it enters another call.
+// Recursive: a keep-alive that falls due inside a call of its own thread is sent there, and a
+// nested call is refused instead of blocked for ever.
 constinit std::recursive_mutex door;
 constinit int depth = 0;  // of the thread that holds the door
 
