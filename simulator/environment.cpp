@@ -4,8 +4,8 @@
 #include <string>
 
 #include "simulator/appliance.h"
-#include "simulator/complaint.h"
 #include "simulator/fault_script.h"
+#include "simulator/warning.h"
 
 namespace quillbox {
 namespace {
@@ -23,7 +23,7 @@ void ReadEnvironment(Appliance& appliance) {
   const std::string journal = Variable(kJournalVariable);
   if (!journal.empty()) appliance.journalFile.Open(journal);
   const std::string fault = ScriptFaults(Variable(kFaultsVariable), appliance.faults);
-  if (!fault.empty()) Complain(kFaultsVariable, fault + "; no call fails");
+  if (!fault.empty()) Warn(kFaultsVariable, fault + "; no call fails");
 }
 
 }  // namespace quillbox

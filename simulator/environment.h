@@ -7,7 +7,7 @@ namespace quillbox {
 
 class Appliance;
 
-// Each variable (simulator/complaint.h) may be absent or empty.
+// Each variable (simulator/warning.h) may be absent or empty.
 void ReadEnvironment(Appliance& appliance);
 
 }  // namespace quillbox

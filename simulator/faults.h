@@ -17,7 +17,7 @@ class Faults {
  public:
   // At the call of this entry point, "" for any, whose turn it is: 1 is the next, 0 each one.
   void Add(std::string_view entry, std::int32_t occurrence, Status status);
-  void Clear() { waiting_.clear(); }
+  void Clear() { waiting.clear(); }
 
   // Counts a call for every fault that waits for it. The status of the first fault whose turn it
   // is; others whose turn it is too are used up with it.
@@ -30,7 +30,7 @@ class Faults {
     Status status = kNoError;
   };
 
-  std::vector<Fault> waiting_;
+  std::vector<Fault> waiting;
 };
 
 }  // namespace quillbox

@@ -26,7 +26,7 @@ void AppendAddress(std::string& line, std::uint32_t address) {
 
 const Journal::Call* Journal::At(std::int32_t index) const {
   const auto place = static_cast<std::size_t>(index);
-  return index >= 0 && place < calls_.size() ? &calls_[place] : nullptr;
+  return index >= 0 && place < calls.size() ? &calls[place] : nullptr;
 }
 
 void AppendArgument(std::string& line, const ABIdent* book) {

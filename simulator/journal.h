@@ -20,19 +20,19 @@ class Journal {
     Status status = kNoError;
   };
 
-  bool IsRecording() const { return isRecording_; }
-  void Record(bool record) { isRecording_ = record; }
-  void Clear() { calls_.clear(); }
-  void Add(std::string text, Status status) { calls_.push_back({std::move(text), status}); }
+  bool IsRecording() const { return isRecording; }
+  void Record(bool record) { isRecording = record; }
+  void Clear() { calls.clear(); }
+  void Add(std::string text, Status status) { calls.push_back({std::move(text), status}); }
 
-  std::size_t Size() const { return calls_.size(); }
+  std::size_t Size() const { return calls.size(); }
 
   // Null out of range.
   const Call* At(std::int32_t index) const;
 
  private:
-  bool isRecording_ = false;
-  std::vector<Call> calls_;
+  bool isRecording = false;
+  std::vector<Call> calls;
 };
 
 // Arguments whose type does not tell what they are.

@@ -17,7 +17,7 @@ class JournalFile {
   // failure is told on standard error. Called once.
   void Open(const std::string& path);
 
-  bool IsOpen() const { return file_.is_open(); }
+  bool IsOpen() const { return file.is_open(); }
 
   // Adds the line "TEXT = STATUS", with what is no printable ASCII escaped, and writes it out: a
   // process that then crashes has told its last call. Where that fails, standard error tells it,
@@ -25,7 +25,7 @@ class JournalFile {
   void Add(std::string_view text, Status status);
 
  private:
-  std::ofstream file_;
+  std::ofstream file;
 };
 
 }  // namespace quillbox

@@ -5,9 +5,9 @@
 
 namespace quillbox {
 
-void Lies::Set(std::uint32_t lies) {
-  lies_ = lies;
-  sizeError_ = 0;
+void Lies::Set(std::uint32_t newLies) {
+  lies = newLies;
+  sizeError = 0;
 }
 
 std::uint32_t Lies::DeliveredCount(std::size_t delivered, std::uint32_t capacity) const {
@@ -45,8 +45,8 @@ void Lies::Distort(PageBoundary* row, std::size_t index) const {
 }
 
 std::uint32_t Lies::Size(std::size_t size) {
-  if (Tells(kLieSize)) sizeError_ += 7;
-  return static_cast<std::uint32_t>(size) + sizeError_ + inflation_;
+  if (Tells(kLieSize)) sizeError += 7;
+  return static_cast<std::uint32_t>(size) + sizeError + inflation;
 }
 
 }  // namespace quillbox

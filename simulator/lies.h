@@ -13,10 +13,10 @@ namespace quillbox {
 
 class Lies {
  public:
-  void Set(std::uint32_t lies);
+  void Set(std::uint32_t newLies);
 
   // Lets sizes stand this much above what they are, whatever lies are told.
-  void InflateSizes(std::uint32_t by) { inflation_ = by; }
+  void InflateSizes(std::uint32_t by) { inflation = by; }
 
   // The count that a read claims to have delivered.
   std::uint32_t DeliveredCount(std::size_t delivered, std::uint32_t capacity) const;
@@ -49,11 +49,11 @@ class Lies {
   std::uint32_t Size(std::size_t size);
 
  private:
-  bool Tells(SimulatorLie lie) const { return (lies_ & lie) != 0; }
+  bool Tells(SimulatorLie lie) const { return (lies & lie) != 0; }
 
-  std::uint32_t lies_ = 0;
-  std::uint32_t sizeError_ = 0;
-  std::uint32_t inflation_ = 0;
+  std::uint32_t lies = 0;
+  std::uint32_t sizeError = 0;
+  std::uint32_t inflation = 0;
 };
 
 }  // namespace quillbox

@@ -16,24 +16,24 @@ namespace quillbox {
 
 class LineParser {
  public:
-  explicit LineParser(std::string_view line) : rest_(line) { SkipBlanks(); }
+  explicit LineParser(std::string_view line) : rest(line) { SkipBlanks(); }
 
-  bool IsAtEnd() const { return rest_.empty(); }
+  bool IsAtEnd() const { return rest.empty(); }
 
   // The characters up to the next blank; empty at the end.
   std::string_view Word() {
-    const std::string_view word = rest_.substr(0, rest_.find_first_of(kBlanks));
+    const std::string_view word = rest.substr(0, rest.find_first_of(kBlanks));
     Remove(word.size());
     return word;
   }
 
   // A text in double quotes, which a blank or the end has to follow.
   std::optional<std::string_view> Quoted() {
-    if (!rest_.starts_with('"')) return std::nullopt;
-    const std::size_t end = rest_.find('"', 1);
+    if (!rest.starts_with('"')) return std::nullopt;
+    const std::size_t end = rest.find('"', 1);
     if (end == std::string_view::npos) return std::nullopt;
-    const std::string_view text = rest_.substr(1, end - 1);
-    const std::string_view behind = rest_.substr(end + 1);
+    const std::string_view text = rest.substr(1, end - 1);
+    const std::string_view behind = rest.substr(end + 1);
     if (!behind.empty() && kBlanks.find(behind.front()) == std::string_view::npos) {
       return std::nullopt;
     }
@@ -48,15 +48,13 @@ class LineParser {
   static constexpr std::string_view kBlanks = " \t";
 
   void Remove(std::size_t count) {
-    rest_.remove_prefix(count);
+    rest.remove_prefix(count);
     SkipBlanks();
   }
 
-  void SkipBlanks() {
-    rest_.remove_prefix(std::min(rest_.find_first_not_of(kBlanks), rest_.size()));
-  }
+  void SkipBlanks() { rest.remove_prefix(std::min(rest.find_first_not_of(kBlanks), rest.size())); }
 
-  std::string_view rest_;
+  std::string_view rest;
 };
 
 }  // namespace quillbox

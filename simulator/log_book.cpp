@@ -50,39 +50,39 @@ void LogBook::Add(std::string_view user, std::string_view text) {
 }
 
 void LogBook::Append(const LogRecord& record) {
-  if (records_.size() == kCapacity) {
-    const auto oldest = byUser_.find(UserOf(records_.front()));
+  if (records.size() == kCapacity) {
+    const auto oldest = byUser.find(UserOf(records.front()));
     oldest->second.pop_front();
-    if (oldest->second.empty()) byUser_.erase(oldest);
-    records_.pop_front();
-    ++firstNumber_;
+    if (oldest->second.empty()) byUser.erase(oldest);
+    records.pop_front();
+    ++firstNumber;
   }
-  byUser_[std::string(UserOf(record))].push_back(firstNumber_ + records_.size());
-  records_.push_back(record);
+  byUser[std::string(UserOf(record))].push_back(firstNumber + records.size());
+  records.push_back(record);
 }
 
 std::size_t LogBook::Size(std::string_view filter) const {
-  if (IsWhole(filter)) return records_.size();
+  if (IsWhole(filter)) return records.size();
   const Numbers* const numbers = NumbersOf(filter);
   return numbers != nullptr ? numbers->size() : 0;
 }
 
 const LogRecord& LogBook::At(std::string_view filter, std::size_t index) const {
-  if (IsWhole(filter)) return records_[index];
-  return records_[static_cast<std::size_t>((*NumbersOf(filter))[index] - firstNumber_)];
+  if (IsWhole(filter)) return records[index];
+  return records[static_cast<std::size_t>((*NumbersOf(filter))[index] - firstNumber)];
 }
 
 void LogBook::Clear(std::string_view filter) {
   LogBook kept;
-  for (const LogRecord& record : records_) {
+  for (const LogRecord& record : records) {
     if (!IsCleared(filter, UserOf(record))) kept.Append(record);
   }
   *this = std::move(kept);
 }
 
 const LogBook::Numbers* LogBook::NumbersOf(std::string_view user) const {
-  const auto found = byUser_.find(user);
-  return found != byUser_.end() ? &found->second : nullptr;
+  const auto found = byUser.find(user);
+  return found != byUser.end() ? &found->second : nullptr;
 }
 
 }  // namespace quillbox

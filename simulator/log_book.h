@@ -42,9 +42,9 @@ class LogBook {
 
   const Numbers* NumbersOf(std::string_view user) const;
 
-  std::deque<LogRecord> records_;
-  std::uint64_t firstNumber_ = 0;  // of records_.front(); records are numbered as they come
-  std::map<std::string, Numbers, std::less<>> byUser_;
+  std::deque<LogRecord> records;
+  std::uint64_t firstNumber = 0;  // of records.front(); records are numbered as they come
+  std::map<std::string, Numbers, std::less<>> byUser;
 };
 
 }  // namespace quillbox

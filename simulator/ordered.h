@@ -28,49 +28,49 @@ class Ordered {
   Ordered() = default;
   Ordered(const Ordered&) = default;
   Ordered& operator=(const Ordered&) = default;
-  Ordered(Ordered&& other) noexcept { tree_.swap(other.tree_); }
+  Ordered(Ordered&& other) noexcept { tree.swap(other.tree); }
   Ordered& operator=(Ordered&& other) noexcept {
-    tree_.swap(other.tree_);
+    tree.swap(other.tree);
     return *this;
   }
   ~Ordered() = default;
 
-  std::size_t Size() const { return tree_.size(); }
+  std::size_t Size() const { return tree.size(); }
 
   // The value of this name, or null.
   Value* Find(const EntryKey& key) {
-    const auto found = tree_.find(key);
-    return found == tree_.end() ? nullptr : &found->second;
+    const auto found = tree.find(key);
+    return found == tree.end() ? nullptr : &found->second;
   }
   const Value* Find(const EntryKey& key) const {
-    const auto found = tree_.find(key);
-    return found == tree_.end() ? nullptr : &found->second;
+    const auto found = tree.find(key);
+    return found == tree.end() ? nullptr : &found->second;
   }
 
   // How many names sort before this one, and how many before or with it.
-  std::size_t CountBefore(const EntryKey& key) const { return tree_.order_of_key(key); }
+  std::size_t CountBefore(const EntryKey& key) const { return tree.order_of_key(key); }
   std::size_t CountThrough(const EntryKey& key) const {
     return CountBefore(key) + (Find(key) != nullptr ? 1 : 0);
   }
 
   // The name and value at a position. REQUIRES: `index` is below Size().
-  Iterator At(std::size_t index) const { return tree_.find_by_order(index); }
+  Iterator At(std::size_t index) const { return tree.find_by_order(index); }
 
   // The value of this name, a new empty one when there was none.
-  Value& operator[](const EntryKey& key) { return tree_[key]; }
+  Value& operator[](const EntryKey& key) { return tree[key]; }
 
   // Whether there was one.
-  bool Erase(const EntryKey& key) { return tree_.erase(key); }
+  bool Erase(const EntryKey& key) { return tree.erase(key); }
 
   // REQUIRES: `from` is there, and `to` is not. The value's new place.
   Value& Rename(const EntryKey& from, const EntryKey& to) {
-    Value value = std::move(tree_[from]);
-    tree_.erase(from);
-    return tree_[to] = std::move(value);
+    Value value = std::move(tree[from]);
+    tree.erase(from);
+    return tree[to] = std::move(value);
   }
 
  private:
-  Tree tree_;
+  Tree tree;
 };
 
 }  // namespace quillbox

@@ -19,15 +19,15 @@ NameFilter NameFilter::Beginning(std::string_view text) {
   return {text, false};
 }
 
-NameFilter::NameFilter(std::string_view text, bool isName)
-    : from_(text), isName_(isName), matchesNone_(text.size() > FixedText<32>::kMaxLength) {
+NameFilter::NameFilter(std::string_view text, bool isWhole)
+    : from(text), isName(isWhole), matchesNone(text.size() > FixedText<32>::kMaxLength) {
   // The lowest text above all that begin with this one: its last byte that can be raised, raised.
   while (!text.empty() && text.back() == '\xFF') text.remove_suffix(1);
   if (text.empty()) return;
   std::string above(text);
   above.back() = static_cast<char>(above.back() + 1);
-  to_ = EntryKey(above);
-  hasEnd_ = true;
+  to = EntryKey(above);
+  hasEnd = true;
 }
 
 Delivery Deliver(IndexRun matches, std::int32_t skip, std::size_t capacity,

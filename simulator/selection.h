@@ -34,20 +34,20 @@ class NameFilter {
   // The positions of the names that match; they are always neighbours.
   template <class Value>
   IndexRun Matches(const Ordered<Value>& values) const {
-    if (matchesNone_) return {};
-    const std::size_t begin = values.CountBefore(from_);
-    if (isName_) return {begin, values.CountThrough(from_)};
-    return {begin, hasEnd_ ? values.CountBefore(to_) : values.Size()};
+    if (matchesNone) return {};
+    const std::size_t begin = values.CountBefore(from);
+    if (isName) return {begin, values.CountThrough(from)};
+    return {begin, hasEnd ? values.CountBefore(to) : values.Size()};
   }
 
  private:
-  NameFilter(std::string_view text, bool isName);
+  NameFilter(std::string_view text, bool isWhole);
 
-  EntryKey from_;  // the name, or the lowest name that matches
-  EntryKey to_;    // the lowest name above all that match
-  bool isName_ = false;
-  bool hasEnd_ = false;
-  bool matchesNone_ = false;  // longer than any name
+  EntryKey from;  // the name, or the lowest name that matches
+  EntryKey to;    // the lowest name above all that match
+  bool isName = false;
+  bool hasEnd = false;
+  bool matchesNone = false;  // longer than any name
 };
 
 // What one bulk read delivers.

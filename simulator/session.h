@@ -19,41 +19,41 @@ class Clock {
     std::chrono::milliseconds advanced{0};
   };
 
-  Moment Now() const { return {std::chrono::steady_clock::now(), advanced_}; }
-  void Advance(std::uint32_t milliseconds) { advanced_ += std::chrono::milliseconds(milliseconds); }
+  Moment Now() const { return {std::chrono::steady_clock::now(), advanced}; }
+  void Advance(std::uint32_t milliseconds) { advanced += std::chrono::milliseconds(milliseconds); }
 
   // The time since a moment. Real time below a tenth of a second does not count, so that a short
   // period measures what a client does and not how busy the machine is.
   std::chrono::milliseconds Since(const Moment& moment) const;
 
  private:
-  std::chrono::milliseconds advanced_{0};
+  std::chrono::milliseconds advanced{0};
 };
 
 class Session {
  public:
   // Opens it for an account, in the place of one that is open.
-  void Open(std::string_view account, const Clock& clock);
+  void Open(std::string_view newAccount, const Clock& clock);
   void Close();
 
   // Closes it when it has been silent for the period, in milliseconds. Whether it is open.
   bool IsOpen(const Clock& clock, std::uint32_t period);
 
   // Takes a sign of life.
-  void Wake(const Clock& clock) { lastSign_ = clock.Now(); }
+  void Wake(const Clock& clock) { lastSign = clock.Now(); }
 
   // Whose rights it has: the account that logged in, or the user it acts as since. "" when closed.
-  const std::string& User() const { return user_; }
-  void ActAs(std::string_view user) { user_ = user; }
+  const std::string& User() const { return user; }
+  void ActAs(std::string_view newUser) { user = newUser; }
 
   // Who logged in. "" when closed.
-  const std::string& Account() const { return account_; }
+  const std::string& Account() const { return account; }
 
  private:
-  bool isOpen_ = false;
-  std::string account_;
-  std::string user_;
-  Clock::Moment lastSign_;
+  bool isOpen = false;
+  std::string account;
+  std::string user;
+  Clock::Moment lastSign;
 };
 
 }  // namespace quillbox

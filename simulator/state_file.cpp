@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "platform/written_file.h"
-#include "simulator/complaint.h"
+#include "simulator/warning.h"
 
 namespace quillbox {
 
@@ -16,7 +16,7 @@ void StateFile::Open(const std::string& path, Contents& contents) {
   // The process may change its folder.
   const std::string place = std::filesystem::absolute(path, failure).string();
   if (found.type() == std::filesystem::file_type::not_found) {
-    path_ = place;
+    keptPath = place;
     contents.store.TakeChange();
     Save(contents);
     return;
@@ -28,10 +28,10 @@ void StateFile::Open(const std::string& path, Contents& contents) {
     fault = ReadState(lines, read);
   }
   if (!fault.empty()) {
-    Complain(kStateVariable, fault + "; the books are as delivered, and nothing is kept");
+    Warn(kStateVariable, fault + "; the books are as delivered, and nothing is kept");
     return;
   }
-  path_ = place;
+  keptPath = place;
   contents = std::move(read);
   contents.store.TakeChange();
 }
@@ -39,8 +39,8 @@ void StateFile::Open(const std::string& path, Contents& contents) {
 void StateFile::Save(const Contents& contents) const {
   std::ostringstream text;
   WriteState(text, contents);
-  if (WriteFileWhole(path_, text.view(), Readers::kOwner)) return;
-  Complain(kStateVariable, "the file cannot be written, and is as it was before");
+  if (WriteFileWhole(keptPath, text.view(), Readers::kOwner)) return;
+  Warn(kStateVariable, "the file cannot be written, and is as it was before");
 }
 
 }  // namespace quillbox

@@ -18,7 +18,7 @@ class StateFile {
   void Open(const std::string& path, Contents& contents);
 
   // Whether there is a file that Save writes.
-  bool IsOpen() const { return !path_.empty(); }
+  bool IsOpen() const { return !keptPath.empty(); }
 
   // Writes the contents to a file of its own beside it, which then takes its place and its rights
   // at once: whoever reads it finds the old state or the new one. A failure is told on standard
@@ -26,7 +26,7 @@ class StateFile {
   void Save(const Contents& contents) const;
 
  private:
-  std::string path_;
+  std::string keptPath;
 };
 
 }  // namespace quillbox

@@ -34,21 +34,21 @@ void WriteStore(std::ostream& out, const Store& store) {
 // Takes the lines behind the heading one by one.
 class StateReader {
  public:
-  explicit StateReader(Contents& contents) : contents_(contents), store_(&contents.store) {}
+  explicit StateReader(Contents& newContents) : contents(newContents), store(&newContents.store) {}
 
-  bool IsComplete() const { return isComplete_; }
+  bool IsComplete() const { return isComplete; }
 
   // What is wrong with the line, or an empty text.
   std::string Take(std::string_view text) {
     LineParser line(text);
     if (line.IsAtEnd()) return {};
-    if (isComplete_) return "there is a line behind the end";
+    if (isComplete) return "there is a line behind the end";
     const std::string_view word = line.Word();
     if (word == "book") return TakeBook(line);
     if (word == "entry") return TakeEntry(line);
     if (word == "backup") return TakeBackup(line);
-    isComplete_ = word == "end" && line.IsAtEnd();
-    return isComplete_ ? "" : "this is no line of a state";
+    isComplete = word == "end" && line.IsAtEnd();
+    return isComplete ? "" : "this is no line of a state";
   }
 
  private:
@@ -62,25 +62,25 @@ class StateReader {
     const auto name = TakeText(line, kLongestName);
     const auto user = TakeText(line, kLongestName);
     if (!kind || !name || !user || !line.IsAtEnd()) return "this is no line of a book";
-    type_ = TypeOf(static_cast<BookKind>(*kind));
-    name_ = EntryKey(*name);
-    user_ = *user;
-    if (type_ == nullptr || type_->kind == BookKind::kLog || !type_->Accepts(name_.name) ||
-        type_->isPrivate == user_.empty()) {
+    type = TypeOf(static_cast<BookKind>(*kind));
+    bookName = EntryKey(*name);
+    bookUser = *user;
+    if (type == nullptr || type->kind == BookKind::kLog || !type->Accepts(bookName.name) ||
+        type->isPrivate == bookUser.empty()) {
       return "no appliance has this book";
     }
-    const Status status = store_->CreateBook(Path());
+    const Status status = store->CreateBook(Path());
     const bool isThere = status == kNoError || status == kDuplicateBook;
-    return isThere && (type_->IsFixed() || store_->Find(Path()) != nullptr)
+    return isThere && (type->IsFixed() || store->Find(Path()) != nullptr)
                ? ""
                : "no appliance has this book";
   }
 
   std::string TakeEntry(LineParser& line) {
-    if (type_ == nullptr) return "this entry stands in no book";
-    const auto record = TakeText(line, type_->recordSize);
-    if (!record || record->size() != type_->recordSize || !line.IsAtEnd() ||
-        ++entries_ > kMostEntries || store_->Put(Path(), record->data()) != kNoError) {
+    if (type == nullptr) return "this entry stands in no book";
+    const auto record = TakeText(line, type->recordSize);
+    if (!record || record->size() != type->recordSize || !line.IsAtEnd() ||
+        ++entryCount > kMostEntries || store->Put(Path(), record->data()) != kNoError) {
       return "this entry does not fit its book";
     }
     return {};
@@ -89,21 +89,21 @@ class StateReader {
   std::string TakeBackup(LineParser& line) {
     const auto name = TakeText(line, kLongestBackupName);
     if (!name || !line.IsAtEnd()) return "this is no line of a backup";
-    const auto [place, isNew] = contents_.backups.try_emplace(*name);
-    store_ = &place->second;
-    type_ = nullptr;
+    const auto [place, isNew] = contents.backups.try_emplace(*name);
+    store = &place->second;
+    type = nullptr;
     return isNew ? "" : "there are two backups of this name";
   }
 
-  BookPath Path() const { return {type_->kind, name_, user_}; }
+  BookPath Path() const { return {type->kind, bookName, bookUser}; }
 
-  Contents& contents_;
-  Store* store_;
-  const BookType* type_ = nullptr;  // of the book that entries go into; null in front of the first
-  EntryKey name_;
-  std::string user_;
-  std::size_t entries_ = 0;
-  bool isComplete_ = false;
+  Contents& contents;
+  Store* store;
+  const BookType* type = nullptr;  // of the book that entries go into; null in front of the first
+  EntryKey bookName;
+  std::string bookUser;
+  std::size_t entryCount = 0;
+  bool isComplete = false;
 };
 
 }  // namespace

@@ -43,9 +43,9 @@ Store::Store() {
 }
 
 Store::Shelf& Store::ShelfOf(const BookType& type, std::string_view user) {
-  if (!type.isPrivate) return public_;
-  const auto found = private_.find(user);
-  return found != private_.end() ? found->second : private_[std::string(user)];
+  if (!type.isPrivate) return publicShelf;
+  const auto found = privateShelves.find(user);
+  return found != privateShelves.end() ? found->second : privateShelves[std::string(user)];
 }
 
 Book* Store::Find(const BookPath& path) {
@@ -180,18 +180,18 @@ void Store::Erased(BookKind kind, const EntryKey& key) {
   Touch();
   if (kind == BookKind::kTop) KeyBooks().Erase(key);
   if (kind != BookKind::kUsers) return;
-  const auto found = private_.find(key.name.View());
-  if (found != private_.end()) private_.erase(found);
+  const auto found = privateShelves.find(key.name.View());
+  if (found != privateShelves.end()) privateShelves.erase(found);
 }
 
 void Store::Renamed(BookKind kind, const EntryKey& from, const EntryKey& to) {
   if (kind == BookKind::kTop) KeyBooks().Rename(from, to);
   if (kind != BookKind::kUsers) return;
-  auto shelf = private_.extract(std::string(from.name.View()));
+  auto shelf = privateShelves.extract(std::string(from.name.View()));
   if (shelf.empty()) return;
-  private_.erase(std::string(to.name.View()));
+  privateShelves.erase(std::string(to.name.View()));
   shelf.key() = to.name.View();
-  private_.insert(std::move(shelf));
+  privateShelves.insert(std::move(shelf));
 }
 
 }  // namespace quillbox

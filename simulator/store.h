@@ -85,13 +85,13 @@ class Store {
   // Shows every book to `visit`, with its path: those of all users, then each user's own.
   template <class Visit>
   void ForEachBook(Visit visit) const {
-    VisitShelf(public_, {}, visit);
-    for (const auto& [user, shelf] : private_) VisitShelf(shelf, user, visit);
+    VisitShelf(publicShelf, {}, visit);
+    for (const auto& [user, shelf] : privateShelves) VisitShelf(shelf, user, visit);
   }
 
   // Whether anything changed since the last call of this. A new store has.
-  bool TakeChange() { return std::exchange(hasChanged_, false); }
-  void Touch() { hasChanged_ = true; }
+  bool TakeChange() { return std::exchange(hasChanged, false); }
+  void Touch() { hasChanged = true; }
 
  private:
   // The books of all users, or of one.
@@ -114,14 +114,14 @@ class Store {
   }
 
   Shelf& ShelfOf(const BookType& type, std::string_view user);
-  BookSet& KeyBooks() { return public_.named[BookKind::kKeyItems]; }
+  BookSet& KeyBooks() { return publicShelf.named[BookKind::kKeyItems]; }
   void Insert(Book& book, const BookType& type, const void* record);
   void Erased(BookKind kind, const EntryKey& key);
   void Renamed(BookKind kind, const EntryKey& from, const EntryKey& to);
 
-  Shelf public_;
-  std::map<std::string, Shelf, std::less<>> private_;  // by user
-  bool hasChanged_ = true;
+  Shelf publicShelf;
+  std::map<std::string, Shelf, std::less<>> privateShelves;  // by user
+  bool hasChanged = true;
 };
 
 // All that an appliance keeps, the log apart.

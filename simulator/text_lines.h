@@ -13,31 +13,31 @@ namespace quillbox {
 
 class TextLines {
  public:
-  explicit TextLines(const char* path) : file_(path, std::ios::binary) {}
+  explicit TextLines(const char* path) : file(path, std::ios::binary) {}
 
   // Whether the file could be opened and read so far.
-  bool IsReadable() const { return file_.is_open() && !file_.bad(); }
+  bool IsReadable() const { return file.is_open() && !file.bad(); }
 
   // The next line without its end, good until the next call; nothing at the end of the file. A line
   // of 4095 characters or more ends them: IsCut() then holds.
   std::optional<std::string_view> Next() {
-    if (!file_.getline(buffer_.data(), std::ssize(buffer_))) {
-      isCut_ = !file_.eof() && !file_.bad();
+    if (!file.getline(buffer.data(), std::ssize(buffer))) {
+      isCut = !file.eof() && !file.bad();
       return std::nullopt;
     }
-    auto length = static_cast<std::size_t>(file_.gcount());
-    if (!file_.eof()) --length;  // the LF counts as taken
-    std::string_view line(buffer_.data(), length);
+    auto length = static_cast<std::size_t>(file.gcount());
+    if (!file.eof()) --length;  // the LF counts as taken
+    std::string_view line(buffer.data(), length);
     if (line.ends_with('\r')) line.remove_suffix(1);
     return line;
   }
 
-  bool IsCut() const { return isCut_; }
+  bool IsCut() const { return isCut; }
 
  private:
-  std::ifstream file_;
-  std::array<char, 4096> buffer_{};
-  bool isCut_ = false;
+  std::ifstream file;
+  std::array<char, 4096> buffer{};
+  bool isCut = false;
 };
 
 }  // namespace quillbox

@@ -10,13 +10,13 @@ namespace {
 Appliance* instance = nullptr;
 
 // Destroys the appliance when the library or the process ends.
-struct Ending {
-  ~Ending() {
+struct Destroyer {
+  ~Destroyer() {
     if (instance != nullptr) instance->SaveChange();
     delete std::exchange(instance, nullptr);
   }
 };
-const Ending ending;
+const Destroyer destroyer;
 
 }  // namespace
 

@@ -44,22 +44,22 @@ void Archive::Exchange(std::string_view& text) {
 }
 
 bool Archive::CanHold(std::uint32_t count, std::size_t bytesEach) {
-  if (IsStoring() || count <= source_.size() / bytesEach) return true;
+  if (IsStoring() || count <= source.size() / bytesEach) return true;
   Fail();
   return false;
 }
 
 // The sink grows here alone: what it leaves behind, which may be accounts, is wiped.
 void Archive::Store(std::string_view bytes) {
-  const std::size_t size = sink_->size() + bytes.size();
-  if (size > sink_->capacity()) {
+  const std::size_t size = sink->size() + bytes.size();
+  if (size > sink->capacity()) {
     std::string grown;
-    grown.reserve(std::max(size, 2 * sink_->capacity()));
-    grown.append(*sink_);
-    WipeBytes(sink_->data(), sink_->size());
-    *sink_ = std::move(grown);
+    grown.reserve(std::max(size, 2 * sink->capacity()));
+    grown.append(*sink);
+    WipeBytes(sink->data(), sink->size());
+    *sink = std::move(grown);
   }
-  sink_->append(bytes);
+  sink->append(bytes);
 }
 
 void Archive::StoreText(std::string_view text) {
@@ -105,7 +105,7 @@ std::unique_ptr<RootObject> Archive::LoadObjectOf(const ClassRecord& expected) {
   }
   std::unique_ptr<RootObject> object(record->create());
   object->Serialize(*this);
-  if (failed_) return nullptr;
+  if (failed) return nullptr;
   return object;
 }
 
@@ -126,15 +126,15 @@ std::uint32_t Archive::LoadNumber(std::size_t bytes) {
 }
 
 std::string_view Archive::LoadBytes(std::size_t count) {
-  if (count > source_.size()) Fail();
-  const std::string_view bytes = source_.substr(0, failed_ ? 0 : count);
-  source_.remove_prefix(bytes.size());
+  if (count > source.size()) Fail();
+  const std::string_view bytes = source.substr(0, failed ? 0 : count);
+  source.remove_prefix(bytes.size());
   return bytes;
 }
 
 void Archive::Fail() {
-  failed_ = true;
-  source_ = {};
+  failed = true;
+  source = {};
 }
 
 }  // namespace quillkit

@@ -37,17 +37,17 @@ namespace quillkit {
 
 class Archive {
  public:
-  // Stores at the end of `sink`, which must outlive the archive.
-  explicit Archive(std::string* sink) : sink_(sink) {}
+  // Stores at the end of `newSink`, which must outlive the archive.
+  explicit Archive(std::string* newSink) : sink(newSink) {}
 
-  // Loads from `source`, whose bytes must outlive the archive.
-  explicit Archive(std::string_view source) : source_(source) {}
+  // Loads from `newSource`, whose bytes must outlive the archive.
+  explicit Archive(std::string_view newSource) : source(newSource) {}
 
-  bool IsStoring() const { return sink_ != nullptr; }
-  bool Failed() const { return failed_; }
+  bool IsStoring() const { return sink != nullptr; }
+  bool Failed() const { return failed; }
 
   // Bytes not read yet; 0 while storing and after a failure.
-  std::size_t Remaining() const { return source_.size(); }
+  std::size_t Remaining() const { return source.size(); }
 
   // For a count that was read: whether as many things of at least `bytesEach` bytes can follow. If
   // not, the archive fails. Always true while storing.
@@ -106,9 +106,9 @@ class Archive {
   std::string_view LoadBytes(std::size_t count);
   void Fail();
 
-  std::string* sink_ = nullptr;
-  std::string_view source_;
-  bool failed_ = false;
+  std::string* sink = nullptr;
+  std::string_view source;
+  bool failed = false;
 };
 
 template <class Object>
@@ -119,7 +119,7 @@ void Archive::Exchange(std::list<Object*>& objects) {
     for (Object* each : objects) StoreObject(each);
     return;
   }
-  for (Exchange(count); count > 0 && !failed_; --count) {
+  for (Exchange(count); count > 0 && !failed; --count) {
     std::unique_ptr<Object> object = LoadObject<Object>();
     if (object == nullptr) return Fail();
     objects.push_back(object.get());

@@ -46,18 +46,18 @@ class EntryBlock {
   EntryBlock& operator=(const EntryBlock&) = delete;
 
   void Swap(EntryBlock& other) noexcept {
-    std::swap(block_, other.block_);
-    std::swap(count_, other.count_);
-    std::swap(skip_, other.skip_);
+    std::swap(storage, other.storage);
+    std::swap(live, other.live);
+    std::swap(skipped, other.skipped);
   }
 
   // Releases the block; everything is 0 afterwards.
   void Free() {
-    Wipe(data(), count_);
-    std::free(block_);
-    block_ = nullptr;
-    count_ = 0;
-    skip_ = 0;
+    Wipe(data(), live);
+    std::free(storage);
+    storage = nullptr;
+    live = 0;
+    skipped = 0;
   }
 
   // Replaces the block by one of `count` blank records, all of them live. False, and no block,
@@ -65,18 +65,18 @@ class EntryBlock {
   bool Allocate(std::int32_t count) {
     Free();
     if (!Fits(count)) return false;
-    block_ = static_cast<Record*>(NewRecords(count));
-    if (block_ != nullptr) count_ = count;
-    return block_ != nullptr;
+    storage = static_cast<Record*>(NewRecords(count));
+    if (storage != nullptr) live = count;
+    return storage != nullptr;
   }
 
   // Makes `count` records live, keeping skip() and the records that fit. False, and no change, when
   // `count` is not above 0 or the memory is refused.
   bool Resize(std::int32_t count) {
-    if (!Fits(count) || count > INT32_MAX - skip_ || !Fits(skip_ + count)) return false;
-    if (!Reallocate(skip_ + count)) return false;
-    if (count > count_) std::memset(Raw(data() + count_), 0, Bytes(count - count_));
-    count_ = count;
+    if (!Fits(count) || count > INT32_MAX - skipped || !Fits(skipped + count)) return false;
+    if (!Reallocate(skipped + count)) return false;
+    if (count > live) std::memset(Raw(data() + live), 0, Bytes(count - live));
+    live = count;
     return true;
   }
 
@@ -85,36 +85,36 @@ class EntryBlock {
   // keeps the block. 0 empties the run and keeps the block. False, and no change, below 0 or above
   // count().
   bool Shrink(std::int32_t count, std::int32_t direction) {
-    if (count < 0 || count > count_) return false;
-    if (count == count_) return true;
+    if (count < 0 || count > live) return false;
+    if (count == live) return true;
     if (count != 0 && direction == 1) {
-      if (skip_ != 0) std::memmove(Raw(block_), data(), Bytes(count));
-      Wipe(block_ + count, skip_ + count_ - count);
-      skip_ = 0;
-      count_ = count;
+      if (skipped != 0) std::memmove(Raw(storage), data(), Bytes(count));
+      Wipe(storage + count, skipped + live - count);
+      skipped = 0;
+      live = count;
       // A block that will not move to a smaller one stays as it is: the records are all there.
       Reallocate(count);
       return true;
     }
-    Wipe(data(), count_ - count);
-    if (count != 0) skip_ += count_ - count;
-    count_ = count;
+    Wipe(data(), live - count);
+    if (count != 0) skipped += live - count;
+    live = count;
     return true;
   }
 
   // Empties the run; the block stays.
   void Clear() {
-    Wipe(data(), count_);
-    count_ = 0;
+    Wipe(data(), live);
+    live = 0;
   }
 
   // Copies `record` behind the last one and returns the new count, or -1 when memory is refused.
   // `record` may lie inside the block.
   std::int32_t Append(const Record& record) {
     const Wiped<Record> copy(record);
-    if (!Resize(count_ + 1)) return -1;
-    std::memcpy(Raw(data() + count_ - 1), &copy, sizeof(Record));
-    return count_;
+    if (!Resize(live + 1)) return -1;
+    std::memcpy(Raw(data() + live - 1), &copy, sizeof(Record));
+    return live;
   }
 
   // Moves the later records down by one. False, and no change, for an index out of range. The block
@@ -122,9 +122,9 @@ class EntryBlock {
   bool RemoveAt(std::int32_t index) {
     if (!Holds(index)) return false;
     Record* slot = data() + index;
-    std::memmove(Raw(slot), slot + 1, Bytes(count_ - index - 1));
-    --count_;
-    Wipe(data() + count_, 1);
+    std::memmove(Raw(slot), slot + 1, Bytes(live - index - 1));
+    --live;
+    Wipe(data() + live, 1);
     return true;
   }
 
@@ -132,18 +132,18 @@ class EntryBlock {
   Record* At(std::int32_t index) { return Holds(index) ? data() + index : nullptr; }
   const Record* At(std::int32_t index) const { return Holds(index) ? data() + index : nullptr; }
 
-  bool Holds(std::int32_t index) const { return index >= 0 && index < count_; }
-  bool IsEmpty() const { return count_ == 0; }
-  std::int32_t count() const { return count_; }
-  std::int32_t skip() const { return skip_; }
-  Record* block() { return block_; }
-  Record* data() { return block_ != nullptr ? block_ + skip_ : nullptr; }
-  const Record* data() const { return block_ != nullptr ? block_ + skip_ : nullptr; }
+  bool Holds(std::int32_t index) const { return index >= 0 && index < live; }
+  bool IsEmpty() const { return live == 0; }
+  std::int32_t count() const { return live; }
+  std::int32_t skip() const { return skipped; }
+  Record* block() { return storage; }
+  Record* data() { return storage != nullptr ? storage + skipped : nullptr; }
+  const Record* data() const { return storage != nullptr ? storage + skipped : nullptr; }
 
   Record* begin() { return data(); }
-  Record* end() { return data() + count_; }
+  Record* end() { return data() + live; }
   const Record* begin() const { return data(); }
-  const Record* end() const { return data() + count_; }
+  const Record* end() const { return data() + live; }
 
  private:
   static std::size_t Bytes(std::int32_t count) {
@@ -176,26 +176,26 @@ class EntryBlock {
 
   bool Reallocate(std::int32_t records) {
     void* moved =
-        HoldsPassword<Record> ? MoveTo(records) : std::realloc(Raw(block_), Bytes(records));
+        HoldsPassword<Record> ? MoveTo(records) : std::realloc(Raw(storage), Bytes(records));
     if (moved == nullptr) return false;
-    block_ = static_cast<Record*>(moved);
+    storage = static_cast<Record*>(moved);
     return true;
   }
 
   // What realloc does, which would leave the records in a block that it frees.
   void* MoveTo(std::int32_t records) {
     void* const moved = std::malloc(Bytes(records));
-    const std::int32_t kept = std::min(records, skip_ + count_);
-    if (moved == nullptr || block_ == nullptr) return moved;
-    std::memcpy(moved, Raw(block_), Bytes(kept));
-    Wipe(data(), count_);
-    std::free(block_);
+    const std::int32_t kept = std::min(records, skipped + live);
+    if (moved == nullptr || storage == nullptr) return moved;
+    std::memcpy(moved, Raw(storage), Bytes(kept));
+    Wipe(data(), live);
+    std::free(storage);
     return moved;
   }
 
-  Record* block_ = nullptr;
-  std::int32_t count_ = 0;
-  std::int32_t skip_ = 0;
+  Record* storage = nullptr;
+  std::int32_t live = 0;
+  std::int32_t skipped = 0;
 };
 
 }  // namespace quillkit

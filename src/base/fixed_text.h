@@ -43,44 +43,44 @@ class FixedText {
   // Stores `text` and its NUL, cut at the field. `text` may lie inside this field.
   void Assign(std::string_view text) {
     const std::size_t length = text.size() < kMaxLength ? text.size() : kMaxLength;
-    if (length != 0) std::memmove(bytes_, text.data(), length);
-    bytes_[length] = '\0';
+    if (length != 0) std::memmove(bytes, text.data(), length);
+    bytes[length] = '\0';
   }
 
   // Stores `text`. One that is too long fills the field and leaves it without a NUL, so that
   // IsTerminated() tells. `text` may lie inside this field.
   void AssignOrFill(std::string_view text) {
     const std::size_t length = text.size() < N ? text.size() : N;
-    if (length != 0) std::memmove(bytes_, text.data(), length);
-    if (length < N) bytes_[length] = '\0';
+    if (length != 0) std::memmove(bytes, text.data(), length);
+    if (length < N) bytes[length] = '\0';
   }
 
   // Overwrites the whole field with zeroes: for a text that was a secret.
-  void Wipe() { WipeBytes(bytes_, N); }
+  void Wipe() { WipeBytes(bytes, N); }
 
   // Ends the text inside the field. Call it on what a server filled in, before c_str().
-  void Terminate() { bytes_[kMaxLength] = '\0'; }
+  void Terminate() { bytes[kMaxLength] = '\0'; }
 
   // REQUIRES: the text is terminated. Valid as long as the record stands where it is.
-  const char* c_str() const { return bytes_; }
+  const char* c_str() const { return bytes; }
 
   // The text up to its NUL or the field's end. Valid as c_str().
-  std::string_view View() const { return {bytes_, Length()}; }
+  std::string_view View() const { return {bytes, Length()}; }
 
   // At most N: a field without a NUL gives N, one more than any valid text.
   std::size_t Length() const {
-    const void* end = std::memchr(bytes_, '\0', N);
-    return end != nullptr ? static_cast<std::size_t>(static_cast<const char*>(end) - bytes_) : N;
+    const void* end = std::memchr(bytes, '\0', N);
+    return end != nullptr ? static_cast<std::size_t>(static_cast<const char*>(end) - bytes) : N;
   }
 
-  bool IsEmpty() const { return bytes_[0] == '\0'; }
+  bool IsEmpty() const { return bytes[0] == '\0'; }
   bool IsTerminated() const { return Length() <= kMaxLength; }
 
   friend bool operator==(const FixedText& a, const FixedText& b) { return a.View() == b.View(); }
   friend bool operator==(const FixedText& a, std::string_view b) { return a.View() == b; }
 
  private:
-  char bytes_[N] = {};
+  char bytes[N] = {};
 };
 
 static_assert(sizeof(FixedText<11>) == 11 && alignof(FixedText<11>) == 1);

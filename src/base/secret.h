@@ -20,15 +20,15 @@ inline void WipeBytes(void* bytes, std::size_t size) {
 // A copy of a text that may be a password. It never moves, and is wiped when it is destroyed.
 class SecretText {
  public:
-  explicit SecretText(std::string_view text) : text_(text) {}
+  explicit SecretText(std::string_view newText) : text(newText) {}
   SecretText(const SecretText&) = delete;
   SecretText& operator=(const SecretText&) = delete;
-  ~SecretText() { WipeBytes(text_.data(), text_.size()); }
+  ~SecretText() { WipeBytes(text.data(), text.size()); }
 
-  operator const std::string&() const { return text_; }
+  operator const std::string&() const { return text; }
 
  private:
-  std::string text_;
+  std::string text;
 };
 
 // A type of record that holds a password. WipePassword() overwrites the whole field.

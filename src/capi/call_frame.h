@@ -47,25 +47,25 @@ enum class Need {
 template <class Object, Need kNeed = Need::kAlive>
 class ObjectArgument {
  public:
-  explicit ObjectArgument(quill_handle handle) : handle_(handle) {}
+  explicit ObjectArgument(quill_handle newHandle) : handle(newHandle) {}
 
   std::int32_t Check() {
-    if (kNeed == Need::kAliveOrNone && handle_ == 0) return 0;
+    if (kNeed == Need::kAliveOrNone && handle == 0) return 0;
     std::int32_t fault = 0;
-    const HandleEntry* entry = Handles().Find(handle_, kKindOf<Object>, &fault);
+    const HandleEntry* entry = Handles().Find(handle, kKindOf<Object>, &fault);
     if (entry == nullptr) return fault;
-    object_ = static_cast<Object*>(entry->object);
+    object = static_cast<Object*>(entry->object);
     if (kNeed == Need::kOwnership && !entry->isApplications) return QUILL_E_OWNER;
     if (kNeed == Need::kItsBook && entry->parent != 0 && !Handles().IsLive(entry->parent)) {
       return QUILL_E_STALE;
     }
     return 0;
   }
-  Object* Value() const { return object_; }
+  Object* Value() const { return object; }
 
  private:
-  quill_handle handle_;
-  Object* object_ = nullptr;
+  quill_handle handle;
+  Object* object = nullptr;
 };
 
 using ScannerArgument = ObjectArgument<CScanner>;
@@ -77,74 +77,74 @@ using ItemArgument = ObjectArgument<CMenuItem>;
 // Passes a text to the work as a copy that is wiped afterwards: it may be a password.
 class TextArgument {
  public:
-  explicit TextArgument(const char* text) : text_(text) {}
+  explicit TextArgument(const char* newText) : text(newText) {}
 
-  std::int32_t Check() const { return text_ != nullptr ? 0 : QUILL_E_ARGUMENT; }
-  SecretText Value() const { return SecretText(text_); }
+  std::int32_t Check() const { return text != nullptr ? 0 : QUILL_E_ARGUMENT; }
+  SecretText Value() const { return SecretText(text); }
 
  private:
-  const char* text_;
+  const char* text;
 };
 
 // Where the number or the text of a result goes.
 class NumberResult {
  public:
-  explicit NumberResult(std::uint32_t* number) : number_(number) {}
+  explicit NumberResult(std::uint32_t* newTarget) : target(newTarget) {}
 
-  std::int32_t Check() const { return number_ != nullptr ? 0 : QUILL_E_ARGUMENT; }
+  std::int32_t Check() const { return target != nullptr ? 0 : QUILL_E_ARGUMENT; }
   const NumberResult& Value() const { return *this; }
 
-  std::uint32_t* number() const { return number_; }
+  std::uint32_t* Target() const { return target; }
 
   // 1.
   std::int32_t Take(std::uint32_t number) const {
-    *number_ = number;
+    *target = number;
     return 1;
   }
 
  private:
-  std::uint32_t* number_;
+  std::uint32_t* target;
 };
 
 class TextResult {
  public:
-  TextResult(char* buffer, std::uint32_t* size) : buffer_(buffer), size_(size) {}
+  TextResult(char* newBuffer, std::uint32_t* newSize) : buffer(newBuffer), size(newSize) {}
 
   std::int32_t Check() const {
-    return size_ != nullptr && (buffer_ != nullptr || *size_ == 0) ? 0 : QUILL_E_ARGUMENT;
+    return size != nullptr && (buffer != nullptr || *size == 0) ? 0 : QUILL_E_ARGUMENT;
   }
   const TextResult& Value() const { return *this; }
 
   // 1, or QUILL_E_BUFFER.
   std::int32_t Take(const char* text) const {
     const std::size_t needed = std::strlen(text) + 1;
-    const bool fits = needed <= *size_;
-    *size_ = static_cast<std::uint32_t>(needed);
+    const bool fits = needed <= *size;
+    *size = static_cast<std::uint32_t>(needed);
     if (!fits) return QUILL_E_BUFFER;
-    std::memcpy(buffer_, text, needed);
+    std::memcpy(buffer, text, needed);
     return 1;
   }
 
  private:
-  char* buffer_;
-  std::uint32_t* size_;
+  char* buffer;
+  std::uint32_t* size;
 };
 
 // Where the handle of an object goes that belongs to a parent, or to the application; 0 until then.
 class HandleResult {
  public:
-  explicit HandleResult(quill_handle* handle, quill_handle parent = 0)
-      : handle_(handle), parent_(parent) {
-    if (handle_ != nullptr) *handle_ = 0;
+  explicit HandleResult(quill_handle* newTarget, quill_handle newParent = 0)
+      : target(newTarget), usualParent(newParent) {
+    if (target != nullptr) *target = 0;
   }
 
-  std::int32_t Check() const { return handle_ != nullptr ? 0 : QUILL_E_ARGUMENT; }
+  std::int32_t Check() const { return target != nullptr ? 0 : QUILL_E_ARGUMENT; }
   const HandleResult& Value() const { return *this; }
 
   // 1, or 0 for null.
   template <class Object>
   std::int32_t Take(Object* object) const {
-    return TakeUnder(parent_, object);
+    return TakeUnder(usualParent, object);
   }
   template <class Object>
   std::int32_t TakeUnder(quill_handle parent, Object* object) const {
@@ -155,7 +155,7 @@ class HandleResult {
   template <class Object, class Destroy>
   std::int32_t TakeForApplication(Object* object, Destroy destroy) const {
     std::unique_ptr<Object, Destroy> held(object, destroy);
-    const std::int32_t taken = Enter(object, parent_, true);
+    const std::int32_t taken = Enter(object, usualParent, true);
     (void)held.release();
     return taken;
   }
@@ -164,12 +164,12 @@ class HandleResult {
   template <class Object>
   std::int32_t Enter(Object* object, quill_handle parent, bool isApplications) const {
     if (object == nullptr) return 0;
-    *handle_ = Handles().Enter(kKindOf<Object>, object, parent, isApplications);
+    *target = Handles().Enter(kKindOf<Object>, object, parent, isApplications);
     return 1;
   }
 
-  quill_handle* handle_;
-  quill_handle parent_;
+  quill_handle* target;
+  quill_handle usualParent;
 };
 
 template <class Argument>
@@ -227,36 +227,36 @@ inline constexpr auto kDestroy = [](auto* object) {
 
 // Does something at the end of a block, be it left by an exception, unless that is called off.
 template <class Action>
-class AtEnd {
+class ScopeExit {
  public:
-  explicit AtEnd(Action action) : action_(action) {}
-  AtEnd(const AtEnd&) = delete;
-  AtEnd& operator=(const AtEnd&) = delete;
-  ~AtEnd() {
-    if (isOn_) action_();
+  explicit ScopeExit(Action newAction) : action(newAction) {}
+  ScopeExit(const ScopeExit&) = delete;
+  ScopeExit& operator=(const ScopeExit&) = delete;
+  ~ScopeExit() {
+    if (isArmed) action();
   }
 
-  void CallOff() { isOn_ = false; }
+  void Release() { isArmed = false; }
 
  private:
-  Action action_;
-  bool isOn_ = true;
+  Action action;
+  bool isArmed = true;
 };
 
 // Work that ends the library's objects under its first argument unless it gives `kUnchanged`.
 template <auto kFunction, std::int32_t kUnchanged>
 inline constexpr auto kChange = [](auto* changed, const auto&... arguments) {
-  AtEnd end([=] { Handles().EndBelow(changed); });
+  ScopeExit end([=] { Handles().EndBelow(changed); });
   const std::int32_t result = kFunction(changed, arguments...);
-  if (result == kUnchanged) end.CallOff();
+  if (result == kUnchanged) end.Release();
   return result;
 };
 
 // Work that ends them when its last argument, `reload`, is set.
 template <auto kFunction>
 inline constexpr auto kReload = [](std::int32_t reload, auto* changed, const auto&... arguments) {
-  AtEnd end([=] { Handles().EndBelow(changed); });
-  if (reload == 0) end.CallOff();
+  ScopeExit end([=] { Handles().EndBelow(changed); });
+  if (reload == 0) end.Release();
   return kFunction(changed, arguments..., reload);
 };
 

@@ -40,15 +40,15 @@ void OnKeepAlive(KeepAlive send) {
 
 CallTurn::CallTurn() {
   if (IsForkedChild()) {
-    fault_ = QUILL_E_FORKED;
+    fault = QUILL_E_FORKED;
     return;
   }
   door.lock();
-  if (++depth != 1) fault_ = QUILL_E_NESTED;
+  if (++depth != 1) fault = QUILL_E_NESTED;
 }
 
 CallTurn::~CallTurn() {
-  if (fault_ == QUILL_E_FORKED) return;
+  if (fault == QUILL_E_FORKED) return;
   --depth;
   door.unlock();
   SendOwed();

@@ -22,10 +22,10 @@ class CallTurn {
 
   // 0; QUILL_E_NESTED inside another call of the thread; QUILL_E_FORKED in a forked child, which
   // touches no lock: its holder may not exist there.
-  std::int32_t Fault() const { return fault_; }
+  std::int32_t Fault() const { return fault; }
 
  private:
-  std::int32_t fault_ = 0;
+  std::int32_t fault = 0;
 };
 
 }  // namespace quillkit::capi

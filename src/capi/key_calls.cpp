@@ -23,12 +23,12 @@ std::int32_t WriteKey(CTopLevelAB* book, CSoftKey* key) {
   // The key in memory takes over the book of `key` too, and would be left with it.
   if (!Handles().IsUnder(key, book)) return QUILL_E_OWNER;
   const CSoftKey* written = NamesakeOf(book, key);
-  AtEnd end([=] {
+  ScopeExit end([=] {
     Handles().EndBelow(written);
     Handles().EndBelow(key);
   });
   const std::int32_t result = FastKeyModify(book, key);
-  if (result == 0 || written == key) end.CallOff();
+  if (result == 0 || written == key) end.Release();
   return result;
 }
 
@@ -48,7 +48,7 @@ int32_t quill_get_count(quill_handle book) {
 int32_t quill_load_top_level_abook(quill_handle book, int32_t with_items) {
   return InTurn(
       [=](CTopLevelAB* loaded) {
-        AtEnd end([=] { Handles().EndBelow(loaded); });
+        ScopeExit end([=] { Handles().EndBelow(loaded); });
         return LoadTopLevelAbook(loaded, with_items);
       },
       BookArgument(book));
@@ -121,7 +121,7 @@ int32_t quill_get_item_count(quill_handle key) {
 
 int32_t quill_get_db_item_count(quill_handle key, uint32_t* count) {
   return InTurn([](const NumberResult& result,
-                   CSoftKey* counted) { return GetDBItemCount(counted, result.number()); },
+                   CSoftKey* counted) { return GetDBItemCount(counted, result.Target()); },
                 NumberResult(count), KeyOnServerArgument(key));
 }
 

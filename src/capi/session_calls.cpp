@@ -40,10 +40,10 @@ void EndSession() {
 std::int32_t OpenSession(const HandleResult& scanner, const std::string& host,
                          const std::string& user, const std::string& password,
                          const std::string& third, std::int32_t loadTopBook) {
-  AtEnd end(EndSession);
+  ScopeExit end(EndSession);
   CScanner* box = LogToQuillbox(host, user, password, third, loadTopBook);
   if (box == nullptr && GetCurrentConnectedUser(nullptr) == nullptr) return 0;
-  end.CallOff();
+  end.Release();
   if (box == nullptr) return 0;
   Handles().EndAll(HandleKind::kUser);
   const quill_handle address = GetScannerAddress(box);
@@ -65,23 +65,23 @@ std::int32_t GiveErrorText(const TextResult& result, std::int32_t code) {
 class Options {
  public:
   explicit Options(const quill_import_options& options) {
-    auto* record = new (storage_) ImportOptions{};
+    auto* record = new (storage) ImportOptions{};
     record->skipHeader = options.skip_header;
     record->clearFirst = options.clear_first;
     record->format = options.format;
     record->targetBook = options.target_book;
     record->columnCount = std::min(options.column_count, std::int32_t{QUILL_IMPORT_COLUMNS});
-    std::memcpy(storage_ + offsetof(ImportOptions, columnMap), options.column_map,
+    std::memcpy(storage + offsetof(ImportOptions, columnMap), options.column_map,
                 sizeof options.column_map);
   }
 
   const ImportOptions* get() const {
-    return std::launder(reinterpret_cast<const ImportOptions*>(storage_));
+    return std::launder(reinterpret_cast<const ImportOptions*>(storage));
   }
 
  private:
-  alignas(ImportOptions) unsigned char storage_[offsetof(ImportOptions, columnMap) +
-                                                sizeof(quill_import_options::column_map)] = {};
+  alignas(ImportOptions) unsigned char storage[offsetof(ImportOptions, columnMap) +
+                                               sizeof(quill_import_options::column_map)] = {};
 };
 
 }  // namespace
@@ -103,14 +103,14 @@ int32_t quill_log_to_quillbox(const char* host, const char* user, const char* pa
 
 int32_t quill_logout(void) {
   return InTurn([] {
-    AtEnd end([] { Handles().EndAll(HandleKind::kUser); });
+    ScopeExit end([] { Handles().EndAll(HandleKind::kUser); });
     Logout();
   });
 }
 
 int32_t quill_exit(void) {
   return InTurn([] {
-    AtEnd end(EndSession);
+    ScopeExit end(EndSession);
     Exit();
   });
 }

@@ -3,14 +3,14 @@
 namespace quillkit {
 
 std::int32_t Conversion::Open(ConversionJob* job) {
-  if (!source_.Open(job->sourcePath)) return kSourceFailed;
-  if (!script_.Open(job->script.Open())) return kScriptFailed;
+  if (!source.Open(job->sourcePath)) return kSourceFailed;
+  if (!writer.Open(job->script.Open())) return kScriptFailed;
   return kConverted;
 }
 
 std::int32_t Conversion::Close() {
-  if (!script_.Close()) return kScriptFailed;
-  return source_.HasFailed() ? kSourceFailed : kConverted;
+  if (!writer.Close()) return kScriptFailed;
+  return source.HasFailed() ? kSourceFailed : kConverted;
 }
 
 }  // namespace quillkit

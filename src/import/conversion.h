@@ -27,16 +27,16 @@ class Conversion {
 
   // Stores the source's next line as LineReader does. False when there is none, and as soon as the
   // script can no longer be written.
-  bool NextLine(TextSpan* line) { return script_.IsGood() && source_.Next(line); }
+  bool NextLine(TextSpan* line) { return writer.IsGood() && source.Next(line); }
 
-  ScriptWriter& script() { return script_; }
+  ScriptWriter& script() { return writer; }
 
   // Completes the script and closes it. A script that is not complete is never kConverted.
   std::int32_t Close();
 
  private:
-  LineReader source_;
-  ScriptWriter script_;
+  LineReader source;
+  ScriptWriter writer;
 };
 
 }  // namespace quillkit

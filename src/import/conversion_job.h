@@ -14,19 +14,19 @@ class ScriptTarget {
  public:
   ScriptTarget() = default;
 
-  // The file at `path`, which is created, or emptied if it exists. Null: no file; Open() fails.
-  // `path` must outlive the object.
-  ScriptTarget(const char* path) : path_(path) {}
+  // The file at `newPath`, which is created, or emptied if it exists. Null: no file; Open() fails.
+  // `newPath` must outlive the object.
+  ScriptTarget(const char* newPath) : path(newPath) {}
 
   // A file that is open for writing. Its name is not used.
-  ScriptTarget(OpenFile file) : file_(std::move(file)) {}
+  ScriptTarget(OpenFile newFile) : file(std::move(newFile)) {}
 
   // Opens the file. Called once.
-  OpenFile Open() { return path_ != nullptr ? OpenFile::ToWrite(path_) : std::move(file_); }
+  OpenFile Open() { return path != nullptr ? OpenFile::ToWrite(path) : std::move(file); }
 
  private:
-  const char* path_ = nullptr;
-  OpenFile file_;
+  const char* path = nullptr;
+  OpenFile file;
 };
 
 // The arguments that all converters have.

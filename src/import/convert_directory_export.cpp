@@ -51,36 +51,36 @@ bool BeginsWith(std::string_view line, std::string_view mark) {
 void DirectoryEntry::Attribute::Take(std::string_view text, std::size_t width) {
   text = text.substr(0, width);
   while (text.starts_with(' ')) text.remove_prefix(1);
-  size_ = text.size();
-  std::copy(text.begin(), text.end(), value_.begin());
-  isSeen_ = true;
+  size = text.size();
+  std::copy(text.begin(), text.end(), value.begin());
+  isSeen = true;
 }
 
 bool DirectoryEntry::Take(std::string_view line) {
   const ScriptBook& book = EmailScriptBook();
-  if (!isOpen_) {
-    isOpen_ = BeginsWith(line, kEntryMark);
+  if (!isOpen) {
+    isOpen = BeginsWith(line, kEntryMark);
   } else if (HoldsEntryMark(line)) {
     Forget();
-  } else if (!name_.IsSeen() && BeginsWith(line, kNameMark)) {
-    name_.Take(line.substr(kNameMark.size()), book.widths[0]);
+  } else if (!name.IsSeen() && BeginsWith(line, kNameMark)) {
+    name.Take(line.substr(kNameMark.size()), book.widths[0]);
     return CloseWhenComplete();
-  } else if (!address_.IsSeen() && BeginsWith(line, kAddressMark)) {
-    address_.Take(line.substr(kAddressMark.size()), book.widths[1]);
+  } else if (!address.IsSeen() && BeginsWith(line, kAddressMark)) {
+    address.Take(line.substr(kAddressMark.size()), book.widths[1]);
     return CloseWhenComplete();
   }
   return false;
 }
 
 void DirectoryEntry::Forget() {
-  name_.Forget();
-  address_.Forget();
+  name.Forget();
+  address.Forget();
 }
 
 bool DirectoryEntry::CloseWhenComplete() {
-  if (!name_.IsSeen() || !address_.IsSeen()) return false;
+  if (!name.IsSeen() || !address.IsSeen()) return false;
   Forget();
-  isOpen_ = false;
+  isOpen = false;
   return true;
 }
 

@@ -38,34 +38,34 @@ class DirectoryEntry {
   bool Take(std::string_view line);
 
   // What the entry has so far; nothing once it was complete.
-  bool HasName() const { return name_.IsSeen(); }
-  bool HasAddress() const { return address_.IsSeen(); }
+  bool HasName() const { return name.IsSeen(); }
+  bool HasAddress() const { return address.IsSeen(); }
 
   // The values taken last.
-  std::string_view Name() const { return name_.Value(); }
-  std::string_view Address() const { return address_.Value(); }
+  std::string_view Name() const { return name.Value(); }
+  std::string_view Address() const { return address.Value(); }
 
  private:
   // The first value of an attribute.
   class Attribute {
    public:
-    bool IsSeen() const { return isSeen_; }
-    void Forget() { isSeen_ = false; }
+    bool IsSeen() const { return isSeen; }
+    void Forget() { isSeen = false; }
     void Take(std::string_view text, std::size_t width);
-    std::string_view Value() const { return {value_.data(), size_}; }
+    std::string_view Value() const { return {value.data(), size}; }
 
    private:
-    std::array<char, 255> value_ = {};  // as wide as the widest
-    std::size_t size_ = 0;
-    bool isSeen_ = false;
+    std::array<char, 255> value = {};  // as wide as the widest
+    std::size_t size = 0;
+    bool isSeen = false;
   };
 
   void Forget();
   bool CloseWhenComplete();
 
-  bool isOpen_ = false;
-  Attribute name_;
-  Attribute address_;
+  bool isOpen = false;
+  Attribute name;
+  Attribute address;
 };
 
 }  // namespace quillkit

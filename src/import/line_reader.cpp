@@ -18,34 +18,34 @@ constexpr std::size_t kStorageSize = kHeadRoom + kBlockSize + NewlineFinder::kOv
 
 }  // namespace
 
-LineReader::LineReader() : storage_(std::make_unique<char[]>(kStorageSize)) {}
+LineReader::LineReader() : storage(std::make_unique<char[]>(kStorageSize)) {}
 
 LineReader::~LineReader() {
-  WipeBytes(storage_.get(), kStorageSize);
+  WipeBytes(storage.get(), kStorageSize);
 }
 
 bool LineReader::Open(const char* path) {
-  file_ = OpenFile::ToRead(path);
-  if (!file_.IsOpen()) return false;
-  next_ = end_ = storage_.get() + kHeadRoom;
+  file = OpenFile::ToRead(path);
+  if (!file.IsOpen()) return false;
+  next = readEnd = storage.get() + kHeadRoom;
   Refill();
-  lineEnd_ = next_;
-  covered_ = *next_;
+  lineEnd = next;
+  savedByte = *next;
   return !HasFailed();
 }
 
 void LineReader::Refill() {
   static_assert(kHeadRoom >= kLookAhead);
-  char* const block = storage_.get() + kHeadRoom;
-  const auto kept = static_cast<std::size_t>(end_ - next_);
-  std::memmove(block - kept, next_, kept);
-  const std::size_t read = file_.Read(block, kBlockSize);
-  next_ = block - kept;
-  end_ = block + read;
-  atEnd_ = read < kBlockSize;
-  newlines_.Start(next_, end_);
-  newline_ = newlines_.Next();
-  hasNul_ = std::memchr(next_, '\0', static_cast<std::size_t>(end_ - next_)) != nullptr;
+  char* const block = storage.get() + kHeadRoom;
+  const auto kept = static_cast<std::size_t>(readEnd - next);
+  std::memmove(block - kept, next, kept);
+  const std::size_t read = file.Read(block, kBlockSize);
+  next = block - kept;
+  readEnd = block + read;
+  isAtEnd = read < kBlockSize;
+  newlines.Start(next, readEnd);
+  newline = newlines.Next();
+  hasNul = std::memchr(next, '\0', static_cast<std::size_t>(readEnd - next)) != nullptr;
 }
 
 }  // namespace quillkit

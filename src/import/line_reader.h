@@ -48,56 +48,55 @@ class LineReader {
   // in place and is valid until the next call. False at the end of the file or after a failed read.
   // REQUIRES: the file is open.
   bool Next(TextSpan* line) {
-    *lineEnd_ = covered_;
-    if (static_cast<std::size_t>(end_ - next_) < kLookAhead && !atEnd_) Refill();
-    if (next_ == end_) return false;
+    *lineEnd = savedByte;
+    if (static_cast<std::size_t>(readEnd - next) < kLookAhead && !isAtEnd) Refill();
+    if (next == readEnd) return false;
 
-    char* const begin = next_;
-    lineEnd_ = FindLineEnd();
-    covered_ = *lineEnd_;
-    *lineEnd_ = '\0';
-    *line = {begin, hasNul_ ? std::strlen(begin) : static_cast<std::size_t>(lineEnd_ - begin)};
+    char* const begin = next;
+    lineEnd = FindLineEnd();
+    savedByte = *lineEnd;
+    *lineEnd = '\0';
+    *line = {begin, hasNul ? std::strlen(begin) : static_cast<std::size_t>(lineEnd - begin)};
     return true;
   }
 
   // Whether a read failed, so that the lines given are not all lines of the file.
-  bool HasFailed() const { return file_.HasFailed(); }
+  bool HasFailed() const { return file.HasFailed(); }
 
  private:
   // Where a line ends can be told when this much is at hand: its characters and the carriage
   // return that folding takes away.
   static constexpr std::size_t kLookAhead = kMaxLine + 1;
 
-  // Moves next_ behind the line that it is at, folds the line's carriage return, and gives its end.
+  // Moves next behind the line that it is at, folds the line's carriage return, and gives its end.
   char* FindLineEnd() {
-    char* const begin = next_;
-    if (newline_ != end_) {
-      char* const newline = newline_;
+    char* const begin = next;
+    if (newline != readEnd) {
       const bool isFolded = newline != begin && newline[-1] == '\r';
       char* const end = newline + (isFolded ? 0 : 1);
       if (static_cast<std::size_t>(end - begin) <= kMaxLine) {
-        next_ = newline + 1;
-        newline_ = newlines_.Next();
+        next = newline + 1;
+        newline = newlines.Next();
         end[-1] = '\n';
         return end;
       }
     }
-    next_ = begin + std::min(static_cast<std::size_t>(end_ - begin), kMaxLine);
-    return next_;
+    next = begin + std::min(static_cast<std::size_t>(readEnd - begin), kMaxLine);
+    return next;
   }
 
   void Refill();
 
-  std::unique_ptr<char[]> storage_;
-  OpenFile file_;
-  NewlineFinder newlines_;   // behind newline_
-  char* next_ = nullptr;     // the first character that was not given yet
-  char* newline_ = nullptr;  // the first newline behind it, or end_
-  char* end_ = nullptr;      // behind the last character that was read
-  char* lineEnd_ = nullptr;  // the NUL behind the line that was given
-  char covered_ = '\0';      // the character of the file in its place
-  bool hasNul_ = false;      // whether there is a NUL in what was read but not given
-  bool atEnd_ = false;       // nothing is left to read
+  std::unique_ptr<char[]> storage;
+  OpenFile file;
+  NewlineFinder newlines;   // behind newline
+  char* next = nullptr;     // the first character that was not given yet
+  char* newline = nullptr;  // the first newline behind it, or readEnd
+  char* readEnd = nullptr;  // behind the last character that was read
+  char* lineEnd = nullptr;  // the NUL behind the line that was given
+  char savedByte = '\0';    // the character of the file in its place
+  bool hasNul = false;      // whether there is a NUL in what was read but not given
+  bool isAtEnd = false;     // nothing is left to read
 };
 
 }  // namespace quillkit

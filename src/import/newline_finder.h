@@ -23,21 +23,21 @@ class NewlineFinder {
 
   // Takes up the run from `begin` to `end`.
   void Start(char* begin, char* end) {
-    window_ = begin;
-    end_ = end;
-    newlines_ = begin < end ? NewlinesIn(begin) : 0;
+    current = begin;
+    runEnd = end;
+    pending = begin < end ? NewlinesIn(begin) : 0;
   }
 
   // The next newline of the run, or its end when there is no other.
   char* Next() {
-    while (newlines_ == 0) {
-      if (end_ - window_ <= kWindow) return end_;
-      window_ += kWindow;
-      newlines_ = NewlinesIn(window_);
+    while (pending == 0) {
+      if (runEnd - current <= kWindow) return runEnd;
+      current += kWindow;
+      pending = NewlinesIn(current);
     }
-    char* const newline = window_ + std::countr_zero(newlines_);
-    newlines_ &= newlines_ - 1;
-    return newline < end_ ? newline : end_;
+    char* const newline = current + std::countr_zero(pending);
+    pending &= pending - 1;
+    return newline < runEnd ? newline : runEnd;
   }
 
  private:
@@ -57,9 +57,9 @@ class NewlineFinder {
     return bits;
   }
 
-  char* window_ = nullptr;
-  char* end_ = nullptr;
-  std::uint64_t newlines_ = 0;  // those of the window that were not given yet
+  char* current = nullptr;
+  char* runEnd = nullptr;
+  std::uint64_t pending = 0;  // those of the window that were not given yet
 };
 
 }  // namespace quillkit

@@ -35,27 +35,27 @@ char* Put(char* at, std::string_view text) {
 
 }  // namespace
 
-ScriptWriter::ScriptWriter() : buffer_(new char[kBufferSize]) {}
+ScriptWriter::ScriptWriter() : buffer(new char[kBufferSize]) {}
 
 ScriptWriter::~ScriptWriter() {
-  WipeBytes(buffer_.get(), kBufferSize);
+  WipeBytes(buffer.get(), kBufferSize);
 }
 
-bool ScriptWriter::Open(OpenFile file) {
-  file_ = std::move(file);
-  if (!file_.IsOpen()) return false;
-  file_.WriteAsText();
+bool ScriptWriter::Open(OpenFile newFile) {
+  file = std::move(newFile);
+  if (!file.IsOpen()) return false;
+  file.WriteAsText();
   return true;
 }
 
 bool ScriptWriter::Close() {
   WriteBuffer();
-  return file_.Close();
+  return file.Close();
 }
 
 void ScriptWriter::WriteBuffer() {
-  if (IsGood()) file_.Write({buffer_.get(), size_});
-  size_ = 0;
+  if (IsGood()) file.Write({buffer.get(), used});
+  used = 0;
 }
 
 const ScriptBook* FindScriptBook(std::int32_t target) {
@@ -77,7 +77,7 @@ void WriteClearLine(ScriptWriter& script, const ScriptBook& book) {
 
 void WriteEntry(ScriptWriter& script, const ScriptBook& book, bool isAdmin,
                 std::span<const std::string_view> values) {
-  char* at = script.Room(kLongestEntry);
+  char* at = script.Reserve(kLongestEntry);
   if (isAdmin) {
     at = Put(Put(at, "SE "), book.word);
     for (std::size_t i = 0; i < book.fieldCount; ++i) {
@@ -89,7 +89,7 @@ void WriteEntry(ScriptWriter& script, const ScriptBook& book, bool isAdmin,
       at = Put(Put(at, values[i].substr(0, book.widths[i])), "\n");
     }
   }
-  script.Take(at);
+  script.Commit(at);
 }
 
 }  // namespace quillkit

@@ -28,8 +28,8 @@ namespace quillkit {
 // composed in the buffer itself.
 //
 // Lines end in '\n' here, and on disk as text files of the system do. After the first write that
-// fails, as on a full disk, all later text is dropped and Close() returns false. The script of an
-// import of accounts contains passwords: the destructor wipes the buffer.
+// fails, as on a full disk, all later text is dropped and Close() returns false. The buffer is
+// wiped at the end: a script of accounts contains their passwords.
 class ScriptWriter {
  public:
   static constexpr std::size_t kBufferSize = std::size_t{64} * 1024;
@@ -40,24 +40,24 @@ class ScriptWriter {
   ~ScriptWriter();
 
   // Writes to `file` from now on. Returns false if it is not open. Called once.
-  bool Open(OpenFile file);
+  bool Open(OpenFile newFile);
 
-  // Room for `size` characters of the script's next text, good until the next call of anything;
-  // Take then adds to the script what was written there in front of `end`.
+  // Reserve returns space for the next `size` bytes of the script, valid until the next call of
+  // any function. Commit adds to the script what was written there, up to `end`.
   // REQUIRES: the file is open, and `size` is at most kBufferSize.
-  char* Room(std::size_t size) {
-    if (size > kBufferSize - size_) WriteBuffer();
-    return buffer_.get() + size_;
+  char* Reserve(std::size_t size) {
+    if (size > kBufferSize - used) WriteBuffer();
+    return buffer.get() + used;
   }
-  void Take(const char* end) { size_ = static_cast<std::size_t>(end - buffer_.get()); }
+  void Commit(const char* end) { used = static_cast<std::size_t>(end - buffer.get()); }
 
-  // REQUIRES: as Room, for the text's size.
+  // REQUIRES: as Reserve, for the text's size.
   void Append(std::string_view text) {
-    Take(std::copy(text.begin(), text.end(), Room(text.size())));
+    Commit(std::copy(text.begin(), text.end(), Reserve(text.size())));
   }
 
   // Whether everything that left the buffer so far was written.
-  bool IsGood() const { return !file_.HasFailed(); }
+  bool IsGood() const { return !file.HasFailed(); }
 
   // Writes what is left and closes the file. Whether the whole script was written.
   // REQUIRES: the file is open.
@@ -66,9 +66,9 @@ class ScriptWriter {
  private:
   void WriteBuffer();
 
-  std::unique_ptr<char[]> buffer_;
-  std::size_t size_ = 0;  // bytes in the buffer
-  OpenFile file_;
+  std::unique_ptr<char[]> buffer;
+  std::size_t used = 0;  // bytes in the buffer
+  OpenFile file;
 };
 
 // The most fields an entry of any book has.

@@ -1,10 +1,10 @@
-#include "simulator/complaint.h"
+#include "simulator/warning.h"
 
 #include <iostream>
 
 namespace quillbox {
 
-void Complain(std::string_view variable, std::string_view text) {
+void Warn(std::string_view variable, std::string_view text) {
   std::cerr << "simulated Quillbox: " << variable << ": " << text << std::endl;
 }
 

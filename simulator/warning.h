@@ -1,7 +1,7 @@
-// What the simulator has to say to the person who set it up, and no caller could be told.
+// Warnings for the person who set up the simulator, for errors that no call can return.
 
-#ifndef QUILLKIT_SIMULATOR_COMPLAINT_H_
-#define QUILLKIT_SIMULATOR_COMPLAINT_H_
+#ifndef QUILLKIT_SIMULATOR_WARNING_H_
+#define QUILLKIT_SIMULATOR_WARNING_H_
 
 #include <string_view>
 
@@ -12,10 +12,10 @@ inline constexpr const char* kStateVariable = "QUILLBOX_STATE";      // the path
 inline constexpr const char* kFaultsVariable = "QUILLBOX_FAULTS";    // a text for ScriptFaults
 inline constexpr const char* kJournalVariable = "QUILLBOX_JOURNAL";  // the path of a JournalFile
 
-// Writes "simulated Quillbox: VARIABLE: TEXT" and a newline to standard error: what is wrong with
-// what a variable of the environment asks for.
-void Complain(std::string_view variable, std::string_view text);
+// Writes "simulated Quillbox: VARIABLE: TEXT" and a newline to standard error. Reports an invalid
+// value of an environment variable.
+void Warn(std::string_view variable, std::string_view text);
 
 }  // namespace quillbox
 
-#endif  // QUILLKIT_SIMULATOR_COMPLAINT_H_
+#endif  // QUILLKIT_SIMULATOR_WARNING_H_
