@@ -18,11 +18,11 @@ class OpenFile {
   // No file.
   OpenFile() = default;
   // The file with this descriptor of the C library. A negative one is no file.
-  explicit OpenFile(int descriptor) : descriptor_(descriptor) {}
+  explicit OpenFile(int newDescriptor) : descriptor(newDescriptor) {}
   OpenFile(OpenFile&& other) noexcept { *this = std::move(other); }
   OpenFile& operator=(OpenFile&& other) noexcept {
-    std::swap(descriptor_, other.descriptor_);
-    std::swap(hasFailed_, other.hasFailed_);
+    std::swap(descriptor, other.descriptor);
+    std::swap(hasFailed, other.hasFailed);
     return *this;
   }
   ~OpenFile() { Close(); }
@@ -34,8 +34,8 @@ class OpenFile {
   // on failure, or if `path` is null.
   static OpenFile ToWrite(const char* path);
 
-  bool IsOpen() const { return descriptor_ >= 0; }
-  int Descriptor() const { return descriptor_; }
+  bool IsOpen() const { return descriptor >= 0; }
+  int Descriptor() const { return descriptor; }
 
   // From now on each newline is written as this system ends the lines of text files.
   void WriteAsText();
@@ -51,7 +51,7 @@ class OpenFile {
   bool Sync();
 
   // Whether an operation has failed.
-  bool HasFailed() const { return hasFailed_; }
+  bool HasFailed() const { return hasFailed; }
 
   // Closes the file. Returns false if there is none, or if this or any operation before failed.
   bool Close();
@@ -62,8 +62,8 @@ class OpenFile {
   std::ptrdiff_t ReadPart(char* bytes, std::size_t size) const;
   std::ptrdiff_t WritePart(std::string_view bytes) const;
 
-  int descriptor_ = -1;
-  bool hasFailed_ = false;
+  int descriptor = -1;
+  bool hasFailed = false;
 };
 
 }  // namespace quillkit

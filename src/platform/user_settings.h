@@ -46,7 +46,7 @@ class SettingsKey {
   ~SettingsKey();
 
   // How the opening went. Nothing else may be asked of a key that this is not 0 for.
-  SettingsStatus OpenStatus() const { return openStatus_; }
+  SettingsStatus OpenStatus() const { return openStatus; }
 
   // Copies the name of the subkey at `index`, in the order of names, and its NUL into `name`, which
   // has room for `*length` bytes; `*length` becomes the name's length without its NUL. 234 for too
@@ -63,8 +63,8 @@ class SettingsKey {
   SettingsStatus WriteNumber(const char* name, std::uint32_t number);
 
  private:
-  std::intptr_t handle_ = -1;
-  SettingsStatus openStatus_ = kSettingsDone;
+  std::intptr_t handle = -1;
+  SettingsStatus openStatus = kSettingsDone;
 };
 
 // Deletes a key and its values. 2 where there is no such key, 5 for one that has subkeys.

@@ -9,18 +9,18 @@ namespace quillkit {
 
 class Descriptor {
  public:
-  explicit Descriptor(int number) : number_(number) {}
+  explicit Descriptor(int newNumber) : number(newNumber) {}
   Descriptor(const Descriptor&) = delete;
   Descriptor& operator=(const Descriptor&) = delete;
   ~Descriptor() {
-    if (IsOpen()) close(number_);
+    if (IsOpen()) close(number);
   }
 
-  bool IsOpen() const { return number_ >= 0; }
-  int Number() const { return number_; }
+  bool IsOpen() const { return number >= 0; }
+  int Number() const { return number; }
 
  private:
-  int number_;
+  int number;
 };
 
 }  // namespace quillkit

@@ -35,26 +35,26 @@ OpenFile OpenFile::ToWrite(const char* path) {
 void OpenFile::WriteAsText() {}
 
 std::ptrdiff_t OpenFile::ReadPart(char* bytes, std::size_t size) const {
-  return Repeated([=, this] { return read(descriptor_, bytes, size); });
+  return Repeated([=, this] { return read(descriptor, bytes, size); });
 }
 
 std::ptrdiff_t OpenFile::WritePart(std::string_view bytes) const {
   const ssize_t part =
-      Repeated([=, this] { return write(descriptor_, bytes.data(), bytes.size()); });
+      Repeated([=, this] { return write(descriptor, bytes.data(), bytes.size()); });
   if (part == 0) errno = EIO;
   return part;
 }
 
 bool OpenFile::Sync() {
-  if (Repeated([this] { return fsync(descriptor_); }) != 0) hasFailed_ = true;
-  return !hasFailed_;
+  if (Repeated([this] { return fsync(descriptor); }) != 0) hasFailed = true;
+  return !hasFailed;
 }
 
 // An interrupted close has closed the file.
 bool OpenFile::Close() {
   if (!IsOpen()) return false;
-  if (close(std::exchange(descriptor_, -1)) != 0 && errno != EINTR) hasFailed_ = true;
-  return !hasFailed_;
+  if (close(std::exchange(descriptor, -1)) != 0 && errno != EINTR) hasFailed = true;
+  return !hasFailed;
 }
 
 }  // namespace quillkit

@@ -55,9 +55,9 @@ class ThreadTimers {
   void Schedule();
   void SetDescriptor() const;
 
-  std::vector<Timer> timers_;
+  std::vector<Timer> timers;
   int descriptor_ = -1;
-  bool running_ = false;
+  bool isRunning = false;
 };
 
 // What a thread keeps. Neither has a destructor, so both can be asked at any time of a thread's and
@@ -75,37 +75,37 @@ ThreadTimers::~ThreadTimers() {
 TimerId ThreadTimers::Start(std::uint32_t period, TimerRoutine routine) {
   const Nanoseconds length = std::max(period * kMillisecond, kShortestPeriod);
   const TimerId id = ++lastId;
-  timers_.push_back({id, routine, length, Now(CLOCK_MONOTONIC) + length, false});
+  timers.push_back({id, routine, length, Now(CLOCK_MONOTONIC) + length, false});
   Schedule();
   return id;
 }
 
 void ThreadTimers::Stop(TimerId id) {
-  if (std::erase_if(timers_, [id](const Timer& each) { return each.id == id; }) != 0) Schedule();
+  if (std::erase_if(timers, [id](const Timer& each) { return each.id == id; }) != 0) Schedule();
 }
 
 // Periods that passed unnoticed count as one; the next due time is the first ahead on the timer's
 // own grid. A routine may start and stop timers: after each the list is searched anew.
 int ThreadTimers::RunDue() {
   const Nanoseconds now = Now(CLOCK_MONOTONIC);
-  if (running_ || now < firstDue) return 0;
-  for (Timer& each : timers_) {
+  if (isRunning || now < firstDue) return 0;
+  for (Timer& each : timers) {
     each.pending = each.due <= now;
     if (each.pending) each.due += ((now - each.due) / each.period + 1) * each.period;
   }
   Schedule();
-  running_ = true;
+  isRunning = true;
   int count = 0;
   const auto next = [this] {
-    return std::find_if(timers_.begin(), timers_.end(),
+    return std::find_if(timers.begin(), timers.end(),
                         [](const Timer& each) { return each.pending; });
   };
-  for (auto timer = next(); timer != timers_.end(); timer = next()) {
+  for (auto timer = next(); timer != timers.end(); timer = next()) {
     timer->pending = false;
     timer->routine();
     ++count;
   }
-  running_ = false;
+  isRunning = false;
   return count;
 }
 
@@ -118,7 +118,7 @@ int ThreadTimers::Descriptor() {
 
 void ThreadTimers::Schedule() {
   firstDue = kNever;
-  for (const Timer& each : timers_) firstDue = std::min(firstDue, each.due);
+  for (const Timer& each : timers) firstDue = std::min(firstDue, each.due);
   if (descriptor_ != -1) SetDescriptor();
 }
 

@@ -69,8 +69,8 @@ bool MakeFolder(const std::string& path) {
 // the look at it and its deletion. Where the file system has no locks, that is left to chance.
 class KeysLock {
  public:
-  KeysLock() : tree_(open(KeyFolder({}).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-    while (flock(tree_.Number(), LOCK_EX) != 0 && errno == EINTR) {
+  KeysLock() : tree(open(KeyFolder({}).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+    while (flock(tree.Number(), LOCK_EX) != 0 && errno == EINTR) {
     }
   }
 
@@ -78,11 +78,11 @@ class KeysLock {
   KeysLock& operator=(const KeysLock&) = delete;
   // Not left to the closing of the file: a process that was forked meanwhile has it open too.
   ~KeysLock() {
-    if (tree_.IsOpen()) flock(tree_.Number(), LOCK_UN);
+    if (tree.IsOpen()) flock(tree.Number(), LOCK_UN);
   }
 
  private:
-  const Descriptor tree_;
+  const Descriptor tree;
 };
 
 int OpenKey(const std::string& folder, SettingsAccess access) {
@@ -129,22 +129,22 @@ SettingsStatus Write(std::intptr_t key, const char* name, const void* bytes, std
 }  // namespace
 
 SettingsKey::SettingsKey(const char* path, SettingsAccess access)
-    : handle_(OpenKey(KeyFolder(path), access)) {
-  if (handle_ < 0) openStatus_ = StatusOf(errno);
-  if (handle_ < 0 || access == SettingsAccess::kRead) return;
-  const int key = static_cast<int>(handle_);
+    : handle(OpenKey(KeyFolder(path), access)) {
+  if (handle < 0) openStatus = StatusOf(errno);
+  if (handle < 0 || access == SettingsAccess::kRead) return;
+  const int key = static_cast<int>(handle);
   RemoveDeletedKey(key);
   const Descriptor parent(openat(key, "..", kFolder));
   RemoveDeletedKey(parent.Number());
 }
 
 SettingsKey::~SettingsKey() {
-  const Descriptor closed(static_cast<int>(handle_));
+  const Descriptor closed(static_cast<int>(handle));
 }
 
 SettingsStatus SettingsKey::SubkeyName(std::uint32_t index, char* name,
                                        std::uint32_t* length) const {
-  const int key = static_cast<int>(handle_);
+  const int key = static_cast<int>(handle);
   std::vector<std::string> keys;
   for (const std::string& each : NamesIn(key)) {
     std::optional<std::string> subkey = KeyOfFolderName(each);
@@ -160,16 +160,16 @@ SettingsStatus SettingsKey::SubkeyName(std::uint32_t index, char* name,
 }
 
 SettingsStatus SettingsKey::Read(const char* name, void* bytes, std::uint32_t* size) const {
-  return StatusOf(ReadFile(static_cast<int>(handle_), ValueFileName(name).c_str(), bytes, size));
+  return StatusOf(ReadFile(static_cast<int>(handle), ValueFileName(name).c_str(), bytes, size));
 }
 
 SettingsStatus SettingsKey::WriteText(const char* name, const char* text) {
   const std::size_t length = std::strlen(text);
-  return Write(handle_, name, text, length != 0 ? length + 1 : 0);
+  return Write(handle, name, text, length != 0 ? length + 1 : 0);
 }
 
 SettingsStatus SettingsKey::WriteNumber(const char* name, std::uint32_t number) {
-  return Write(handle_, name, &number, sizeof number);
+  return Write(handle, name, &number, sizeof number);
 }
 
 SettingsStatus DeleteSettingsKey(const char* path) {

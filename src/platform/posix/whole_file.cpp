@@ -52,24 +52,24 @@ void RemoveAbandonedDrafts(int folder) {
 // A draft that is locked as long as the object lives.
 class Draft {
  public:
-  Draft(int folder, mode_t rights) : folder_(folder) {
+  Draft(int newFolder, mode_t rights) : folder(newFolder) {
     RemoveAbandonedDrafts(folder);
-    file_ = Create(rights);
+    file = Create(rights);
   }
   Draft(const Draft&) = delete;
   Draft& operator=(const Draft&) = delete;
   ~Draft() {
-    if (file_.IsOpen() && !isMoved_) unlinkat(folder_, name_.c_str(), 0);
+    if (file.IsOpen() && !isMoved) unlinkat(folder, name.c_str(), 0);
   }
 
-  int Descriptor() const { return file_.Descriptor(); }
+  int Descriptor() const { return file.Descriptor(); }
 
   // Writes the draft and moves it to this name. Returns 0 or an errno value.
-  int Become(const char* name, std::string_view bytes) {
-    if (!file_.IsOpen()) return error_;
-    isMoved_ =
-        file_.Write(bytes) && file_.Sync() && renameat(folder_, name_.c_str(), folder_, name) == 0;
-    return isMoved_ ? 0 : errno;
+  int Become(const char* place, std::string_view bytes) {
+    if (!file.IsOpen()) return error;
+    isMoved =
+        file.Write(bytes) && file.Sync() && renameat(folder, name.c_str(), folder, place) == 0;
+    return isMoved ? 0 : errno;
   }
 
  private:
@@ -78,22 +78,22 @@ class Draft {
   // no draft is ever removed.
   OpenFile Create(mode_t rights) {
     for (unsigned number = 1;; ++number) {
-      name_ = DraftName(number);
-      OpenFile file(
-          openat(folder_, name_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, rights));
-      error_ = errno;
-      if (!file.IsOpen() && error_ != EEXIST) return {};
-      if (!file.IsOpen()) continue;
-      const bool isTaken = !Lock(file.Descriptor()) && errno == EWOULDBLOCK;
-      if (!isTaken && IsAt(folder_, name_, file.Descriptor())) return file;
+      name = DraftName(number);
+      OpenFile created(
+          openat(folder, name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, rights));
+      error = errno;
+      if (!created.IsOpen() && error != EEXIST) return {};
+      if (!created.IsOpen()) continue;
+      const bool isTaken = !Lock(created.Descriptor()) && errno == EWOULDBLOCK;
+      if (!isTaken && IsAt(folder, name, created.Descriptor())) return created;
     }
   }
 
-  int folder_;
-  std::string name_;
-  OpenFile file_;
-  int error_ = 0;  // of the creation
-  bool isMoved_ = false;
+  int folder;
+  std::string name;
+  OpenFile file;
+  int error = 0;  // of the creation
+  bool isMoved = false;
 };
 
 }  // namespace

@@ -32,26 +32,26 @@ OpenFile OpenFile::ToWrite(const char* path) {
 }
 
 void OpenFile::WriteAsText() {
-  _setmode(descriptor_, _O_TEXT);
+  _setmode(descriptor, _O_TEXT);
 }
 
 std::ptrdiff_t OpenFile::ReadPart(char* bytes, std::size_t size) const {
-  return _read(descriptor_, bytes, PartOf(size));
+  return _read(descriptor, bytes, PartOf(size));
 }
 
 std::ptrdiff_t OpenFile::WritePart(std::string_view bytes) const {
-  return _write(descriptor_, bytes.data(), PartOf(bytes.size()));
+  return _write(descriptor, bytes.data(), PartOf(bytes.size()));
 }
 
 bool OpenFile::Sync() {
-  if (_commit(descriptor_) != 0) hasFailed_ = true;
-  return !hasFailed_;
+  if (_commit(descriptor) != 0) hasFailed = true;
+  return !hasFailed;
 }
 
 bool OpenFile::Close() {
   if (!IsOpen()) return false;
-  if (_close(std::exchange(descriptor_, -1)) != 0) hasFailed_ = true;
-  return !hasFailed_;
+  if (_close(std::exchange(descriptor, -1)) != 0) hasFailed = true;
+  return !hasFailed;
 }
 
 }  // namespace quillkit

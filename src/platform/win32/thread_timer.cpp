@@ -25,35 +25,35 @@ class Routines {
 
   // The code that the timers run goes with the library; another thread's cannot be stopped.
   ~Routines() {
-    for (const auto& [timer, routine] : routines_) {
+    for (const auto& [timer, routine] : running) {
       if (timer.first == GetCurrentThreadId()) KillTimer(nullptr, timer.second);
     }
   }
 
   void Add(UINT_PTR timer, TimerRoutine routine) {
-    const std::lock_guard hold(lock_);
-    routines_[OfThisThread(timer)] = routine;
+    const std::lock_guard hold(mutex);
+    running[OfThisThread(timer)] = routine;
   }
 
   // False when the calling thread has no such timer.
   bool Remove(UINT_PTR timer) {
-    const std::lock_guard hold(lock_);
-    return routines_.erase(OfThisThread(timer)) != 0;
+    const std::lock_guard hold(mutex);
+    return running.erase(OfThisThread(timer)) != 0;
   }
 
   void Run(UINT_PTR timer) {
     TimerRoutine routine = nullptr;
     {
-      const std::lock_guard hold(lock_);
-      const auto found = routines_.find(OfThisThread(timer));
-      if (found != routines_.end()) routine = found->second;
+      const std::lock_guard hold(mutex);
+      const auto found = running.find(OfThisThread(timer));
+      if (found != running.end()) routine = found->second;
     }
     if (routine != nullptr) routine();
   }
 
  private:
-  std::mutex lock_;
-  std::map<ThreadAndTimer, TimerRoutine> routines_;
+  std::mutex mutex;
+  std::map<ThreadAndTimer, TimerRoutine> running;
 };
 
 // Null after the library's life, when a static object may still stop its timer.

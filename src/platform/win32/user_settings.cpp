@@ -22,23 +22,23 @@ SettingsStatus Write(std::intptr_t key, const char* name, DWORD type, const void
 SettingsKey::SettingsKey(const char* path, SettingsAccess access) {
   HKEY key = nullptr;
   if (access == SettingsAccess::kRead) {
-    openStatus_ = RegOpenKeyExA(HKEY_CURRENT_USER, path, 0, KEY_READ, &key);
+    openStatus = RegOpenKeyExA(HKEY_CURRENT_USER, path, 0, KEY_READ, &key);
   } else {
-    openStatus_ = RegCreateKeyExA(HKEY_CURRENT_USER, path, 0, nullptr, REG_OPTION_NON_VOLATILE,
-                                  KEY_WRITE, nullptr, &key, nullptr);
+    openStatus = RegCreateKeyExA(HKEY_CURRENT_USER, path, 0, nullptr, REG_OPTION_NON_VOLATILE,
+                                 KEY_WRITE, nullptr, &key, nullptr);
   }
-  handle_ = reinterpret_cast<std::intptr_t>(key);
+  handle = reinterpret_cast<std::intptr_t>(key);
 }
 
 SettingsKey::~SettingsKey() {
-  if (openStatus_ == kSettingsDone) RegCloseKey(KeyOf(handle_));
+  if (openStatus == kSettingsDone) RegCloseKey(KeyOf(handle));
 }
 
 SettingsStatus SettingsKey::SubkeyName(std::uint32_t index, char* name,
                                        std::uint32_t* length) const {
   DWORD characters = *length;
   const LSTATUS status =
-      RegEnumKeyExA(KeyOf(handle_), index, name, &characters, nullptr, nullptr, nullptr, nullptr);
+      RegEnumKeyExA(KeyOf(handle), index, name, &characters, nullptr, nullptr, nullptr, nullptr);
   *length = characters;
   return status;
 }
@@ -46,18 +46,18 @@ SettingsStatus SettingsKey::SubkeyName(std::uint32_t index, char* name,
 SettingsStatus SettingsKey::Read(const char* name, void* bytes, std::uint32_t* size) const {
   DWORD room = *size;
   const LSTATUS status =
-      RegQueryValueExA(KeyOf(handle_), name, nullptr, nullptr, static_cast<BYTE*>(bytes), &room);
+      RegQueryValueExA(KeyOf(handle), name, nullptr, nullptr, static_cast<BYTE*>(bytes), &room);
   *size = room;
   return status;
 }
 
 // The system adds the NUL to a text that has one behind its length, and to no empty one.
 SettingsStatus SettingsKey::WriteText(const char* name, const char* text) {
-  return Write(handle_, name, REG_SZ, text, std::strlen(text));
+  return Write(handle, name, REG_SZ, text, std::strlen(text));
 }
 
 SettingsStatus SettingsKey::WriteNumber(const char* name, std::uint32_t number) {
-  return Write(handle_, name, REG_DWORD, &number, sizeof number);
+  return Write(handle, name, REG_DWORD, &number, sizeof number);
 }
 
 SettingsStatus DeleteSettingsKey(const char* path) {
