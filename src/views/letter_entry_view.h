@@ -39,8 +39,8 @@ class CLetterEntryView : public CEntryView {
 
   // Make no call inside the letter, and one read at its ends. Past the book's last letter, or
   // before its first, they return null, keep the page and set the cursor to 0, so that Next returns
-  // the letter's second entry. Prev from there reads the last letter again and goes to its last
-  // entry.
+  // the letter's second entry. After a step past the last letter, Prev reads that letter again and
+  // goes to its last entry.
   CEmailEntry* Next() override;
   CEmailEntry* Prev() override;
 

@@ -41,7 +41,8 @@ IOCtlRecord request;
   { of #operation, style, calls, success, RUN(object operation arguments) }
 #define ON_LIST(operation, style, calls, success, arguments) \
   { of + #operation, style, calls, success, RUN_ON_LIST(list.operation arguments) }
-#define PRIVATE_LIST(operation, ...) CALL("CPrivEmailDL ", PrivateList(on)., operation, __VA_ARGS__)
+#define PRIVATE_LIST(operation, ...) \
+  CALL("CPrivEmailDL ", PrivateEmailList(on)., operation, __VA_ARGS__)
 #define EMAIL(operation, ...) CALL("CEmailAB ", on.email., operation, __VA_ARGS__)
 #define FAX(operation, ...) CALL("CFaxAB ", on.fax., operation, __VA_ARGS__)
 #define PRIVATE(operation, ...) CALL("CPrivEmailAB ", on.priv->, operation, __VA_ARGS__)
@@ -75,7 +76,7 @@ CPubEmailDL& EmailList(BookStage& on) {
 CPubFaxDL& FaxList(BookStage& on) {
   return *on.fax.ListAt(0);
 }
-CPrivEmailDL& PrivateList(BookStage& on) {
+CPrivEmailDL& PrivateEmailList(BookStage& on) {
   return *on.priv->ListAt(0);
 }
 
@@ -456,8 +457,9 @@ std::vector<BookOperation> BookOperations() {
   for (const Table& each :
        {ListOperations<EmailList>("CPubEmailDL "), PublicListOperations<EmailList>("CPubEmailDL "),
         ListOperations<FaxList>("CPubFaxDL "), PublicListOperations<FaxList>("CPubFaxDL "),
-        ListOperations<PrivateList>("CPrivEmailDL "), PrivateListOperations(), EmailOperations(),
-        FaxOperations(), PrivateOperations(), PrinterOperations(), UserOperations()}) {
+        ListOperations<PrivateEmailList>("CPrivEmailDL "), PrivateListOperations(),
+        EmailOperations(), FaxOperations(), PrivateOperations(), PrinterOperations(),
+        UserOperations()}) {
     all.insert(all.end(), each.begin(), each.end());
   }
   return all;
