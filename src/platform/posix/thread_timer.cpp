@@ -56,7 +56,7 @@ class ThreadTimers {
   void SetDescriptor() const;
 
   std::vector<Timer> timers;
-  int descriptor_ = -1;
+  int descriptor = -1;
   bool isRunning = false;
 };
 
@@ -68,7 +68,7 @@ constinit thread_local Nanoseconds firstDue = kNever;
 constinit std::atomic<TimerId> lastId = 0;
 
 ThreadTimers::~ThreadTimers() {
-  if (descriptor_ != -1) close(descriptor_);
+  if (descriptor != -1) close(descriptor);
   firstDue = kNever;
 }
 
@@ -110,23 +110,23 @@ int ThreadTimers::RunDue() {
 }
 
 int ThreadTimers::Descriptor() {
-  if (descriptor_ != -1) return descriptor_;
-  descriptor_ = timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK);
-  if (descriptor_ != -1) SetDescriptor();
-  return descriptor_;
+  if (descriptor != -1) return descriptor;
+  descriptor = timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK);
+  if (descriptor != -1) SetDescriptor();
+  return descriptor;
 }
 
 void ThreadTimers::Schedule() {
   firstDue = kNever;
   for (const Timer& each : timers) firstDue = std::min(firstDue, each.due);
-  if (descriptor_ != -1) SetDescriptor();
+  if (descriptor != -1) SetDescriptor();
 }
 
 // Setting the kernel timer also makes the descriptor unreadable until then; a time of 0 is never.
 void ThreadTimers::SetDescriptor() const {
   itimerspec expiry{};
   if (firstDue != kNever) expiry.it_value = {firstDue / kSecond, firstDue % kSecond};
-  timerfd_settime(descriptor_, TFD_TIMER_ABSTIME, &expiry, nullptr);
+  timerfd_settime(descriptor, TFD_TIMER_ABSTIME, &expiry, nullptr);
 }
 
 void EndTimers(void* timers) {
