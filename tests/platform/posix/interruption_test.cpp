@@ -36,6 +36,7 @@ class SteadySignals {
   SteadySignals& operator=(const SteadySignals&) = delete;
   ~SteadySignals() {
     SetPeriod(0);
+    std::this_thread::sleep_for(std::chrono::milliseconds(2));  // the last one may be on its way
     sigaction(SIGALRM, &before_, nullptr);
   }
 

@@ -200,10 +200,14 @@ TEST_F(SettingsFolderTest, NeitherWritersNorTheirCrashesTearAValue) {
   EXPECT_EQ(DeleteSettingsKey(root.c_str()), kSettingsDone);  // with what the crashes left
 }
 
+// --- Processes that are stopped ---
+
+using StoppedSettingsTest = SettingsFolderTest;
+
 constexpr const char* kNotTraced = "processes cannot be traced";
 
 // A writer does not lose its draft to another, and both values come to be.
-TEST_F(SettingsFolderTest, WritersLeaveEachOthersDrafts) {
+TEST_F(StoppedSettingsTest, WritersLeaveEachOthersDrafts) {
   const auto write = [this] { return WriteText(root, "v", "x") == kSettingsDone; };
   const int stops = StopAtEveryCall(write, [&](pid_t writer) {
     EXPECT_EQ(WriteText(root, "w", "y"), kSettingsDone);
@@ -215,7 +219,7 @@ TEST_F(SettingsFolderTest, WritersLeaveEachOthersDrafts) {
 }
 
 // A key is not deleted with a key in it that another process creates meanwhile.
-TEST_F(SettingsFolderTest, DeletionSparesAKeyThatGetsSubkeys) {
+TEST_F(StoppedSettingsTest, DeletionSparesAKeyThatGetsSubkeys) {
   const std::string key = root + "\\key";
   const std::string inner = key + "\\inner";
   ASSERT_EQ(WriteText(key, "v", "x"), kSettingsDone);
@@ -236,7 +240,7 @@ TEST_F(SettingsFolderTest, DeletionSparesAKeyThatGetsSubkeys) {
 
 // Whenever a change of a key is killed, each value is whole, and the key is there with all of its
 // values or not at all. The next change of the key, of either kind, removes what the kill has left.
-TEST_F(SettingsFolderTest, KillsLeaveNothingForGood) {
+TEST_F(StoppedSettingsTest, KillsLeaveNothingForGood) {
   const std::string key = root + "\\key";
   const struct {
     bool isThere;

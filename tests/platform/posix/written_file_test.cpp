@@ -49,7 +49,9 @@ TEST_F(PosixWrittenFileTest, LeavesTheDraftOfALivingWriter) {
   EXPECT_THAT(folder_.Names(), ElementsAre("file"));
 }
 
-TEST_F(PosixWrittenFileTest, KillsLeaveNothingForGood) {
+using StoppedWriterTest = PosixWrittenFileTest;
+
+TEST_F(StoppedWriterTest, KillsLeaveNothingForGood) {
   const auto write = [this] { return WriteFileWhole(path_, "new"); };
   const int kills = StopAtEveryCall(write, [this](pid_t process) {
     Kill(process);
