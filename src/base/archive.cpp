@@ -49,7 +49,7 @@ bool Archive::CanHold(std::uint32_t count, std::size_t bytesEach) {
   return false;
 }
 
-// The sink grows here alone: what it leaves behind, which may be accounts, is wiped.
+// The sink grows only here. The old memory is wiped: it may contain accounts.
 void Archive::Store(std::string_view bytes) {
   const std::size_t size = sink->size() + bytes.size();
   if (size > sink->capacity()) {

@@ -1,23 +1,23 @@
-// The stream in which objects are stored and from which they are read back.
+// The stream that stores objects and loads them again.
 //
-// One archive goes one way: made over a byte string to store, over bytes to load. Exchange() writes
-// or reads its argument accordingly, so that a field order is written down once.
+// An archive has one direction: constructed with a string it stores, with bytes it loads.
+// Exchange() stores or loads its argument accordingly, so each field order is written only once.
 //
-// Forms:
+// Formats:
 //   32-bit value  four bytes, little-endian
-//   text          its length, then its bytes with no NUL. The length is one byte below 255;
+//   text          its length, then its bytes without a NUL. The length is one byte below 255;
 //                 otherwise the byte 255 and 16 bits below 65534; otherwise the byte 255, the
 //                 16-bit value 65535 and 32 bits
-//   object        its class name as a text, its class's schema as a 32-bit value, then what its
-//                 Serialize() writes. The empty class name stands for no object
+//   object        its class name as a text, the schema of its class as a 32-bit value, then what
+//                 its Serialize() writes. An empty class name stands for null
 //   object list   its count as a 32-bit value, then each object
 //
 // Invariants while loading:
-//   1. Nothing is read past the end, and nothing is allocated for more records than the bytes
-//      that are left can hold.
-//   2. After the first thing that cannot be read, Failed() holds and stays: every later value loads
-//      as 0, every text as empty, every object as null, and a list ends. The object in which it
-//      happened is null too: what comes out of a stream is whole.
+//   1. Nothing is read past the end, and nothing is allocated for more records than the remaining
+//      bytes can hold.
+//   2. After the first error, Failed() stays true: every later value loads as 0, every text as
+//      empty, every object as null, and a list ends. The object with the error is null too: loaded
+//      objects are complete.
 
 #ifndef QUILLKIT_BASE_ARCHIVE_H_
 #define QUILLKIT_BASE_ARCHIVE_H_
@@ -46,15 +46,16 @@ class Archive {
   bool IsStoring() const { return sink != nullptr; }
   bool Failed() const { return failed; }
 
-  // Bytes not read yet; 0 while storing and after a failure.
+  // Returns the number of bytes not read yet; 0 while storing and after a failure.
   std::size_t Remaining() const { return source.size(); }
 
-  // For a count that was read: whether as many things of at least `bytesEach` bytes can follow. If
-  // not, the archive fails. Always true while storing.
+  // Returns whether the remaining bytes can hold `count` elements of at least `bytesEach` bytes; if
+  // not, the archive fails. Call it with a loaded count. Always true while storing.
   bool CanHold(std::uint32_t count, std::size_t bytesEach);
 
-  // For a block that is to be loaded: gives it `count` blank records, and none for 0. False, and
-  // the archive fails, when the rest of the stream cannot hold as many or the memory is refused.
+  // Allocates `count` blank records for a block that will be loaded; 0 leaves it empty. Returns
+  // false, and the archive fails, if the remaining bytes cannot hold as many records or the
+  // allocation fails.
   template <class Record>
   bool Prepare(EntryBlock<Record>& block, std::uint32_t count) {
     block.Free();
@@ -68,10 +69,10 @@ class Archive {
   void Exchange(std::int32_t& value);
   void Exchange(std::string& text);
 
-  // What is loaded is a part of the source's bytes.
+  // A loaded text points into the bytes of the source.
   void Exchange(std::string_view& text);
 
-  // Stores the field's text. Loads a text into the field, cut where the field ends.
+  // Loads a text into the field, truncated to the field.
   template <std::size_t N>
   void Exchange(FixedText<N>& field) {
     std::string_view text = field.View();
@@ -79,17 +80,18 @@ class Archive {
     if (!IsStoring()) field.Assign(text);
   }
 
-  // Stores the objects, which the list goes on owning. Loads objects of class `Object` or derived
-  // from it at the end of the list; anything else there, null included, fails the archive.
+  // Stores the objects; the list keeps their ownership. Appends loaded objects of class `Object` or
+  // a derived class to the list; any other object, or null, fails the archive.
   template <class Object>
   void Exchange(std::list<Object*>& objects);
 
-  // Writes an object, or null, with its class identity. REQUIRES: IsStoring().
+  // Stores an object, or null, with its class name and schema. REQUIRES: IsStoring().
   void StoreObject(RootObject* object);
 
-  // The next object, of class `Object` or derived from it. Null where null was stored. A class that
-  // is not registered, is of another schema or is not an `Object` is a failure and gives null; its
-  // content is not looked at, so that a stream cannot nest deeper than the classes do.
+  // Loads the next object, of class `Object` or a derived class. Returns null if null was stored.
+  // If the class is not registered, has another schema or is no `Object`, the archive fails and
+  // null is returned; the content is not read, so that a stream cannot nest deeper than the classes
+  // do.
   // REQUIRES: !IsStoring().
   template <class Object>
   std::unique_ptr<Object> LoadObject() {

@@ -1,5 +1,5 @@
-// What the library knows of a class at run time: enough to make an object by its name and to read
-// one back from an Archive.
+// Run-time information on a class: it creates an object by the class name and loads one from an
+// Archive.
 
 #ifndef QUILLKIT_BASE_CLASS_RECORD_H_
 #define QUILLKIT_BASE_CLASS_RECORD_H_
@@ -19,21 +19,22 @@ struct ClassRecord {
   const char* name;
   std::size_t objectSize;  // bytes
   std::uint32_t schema;
-  RootObject* (*create)();  // makes a default-constructed object that the caller owns
-  const ClassRecord* base;  // null for a class right under the root
+  RootObject* (*create)();  // returns a default-constructed object, owned by the caller
+  const ClassRecord* base;  // null for a direct subclass of the root
 
-  // Whether this class is `other` or derives from it.
+  // Returns whether this class is `other` or derives from it.
   bool IsA(const ClassRecord& other) const;
 };
 
-// Every class that can be made by name. The table is constant-initialised, so it is complete before
-// the first static constructor runs, and it names each record, so the linker keeps them all.
+// Returns all classes that can be created by name. The table is constant-initialised: it is
+// complete before the first static constructor runs, and the linker keeps every record that it
+// names.
 std::span<const ClassRecord* const> RegisteredClasses();
 
-// The record with exactly this class name, or null.
+// Returns the record with exactly this class name, or null.
 const ClassRecord* FindClass(std::string_view name);
 
-// A new object of the named class, owned by the caller, or null for a name that is not registered.
+// Returns a new object of the class, owned by the caller, or null for an unknown name.
 RootObject* CreateByName(std::string_view name);
 
 // The ClassRecord::create of a class with a default constructor.

@@ -1,17 +1,17 @@
-// The allocated run of records behind soft keys, user lists, entry pages, fax entries and list
-// members.
+// A block of records in memory, for soft keys, user lists, entry pages, fax entries and lists.
 //
 // Invariants:
-//   1. data() is block() plus skip() records; both are null when there is no block.
-//   2. count() records from data() on are live, and lie inside the block.
-//   3. Records are trivially copyable: they are moved by block copies, and the block comes from the
-//      C allocator so that it grows and shrinks in place. Records that come into being are blank,
-//      so that what a server claims to have delivered and did not is blank, too: zeroed, or of a
-//      type with a Blank() what that leaves.
-//   4. A record with a password is wiped as soon as it is not live, and where it was moved from.
+//   1. data() is block() plus skip() records; both are null without a block.
+//   2. count() records from data() on are live, and are inside the block.
+//   3. Records are trivially copyable and are moved bytewise. The block comes from the C allocator,
+//      so that it can be resized in place. New records are blank, in case the server claims to have
+//      delivered records that it did not: they are set by Blank() if their type has it, otherwise
+//      zeroed.
+//   4. A record with a password is wiped as soon as it is not live, and in the memory that it was
+//      moved from.
 //
-// Any call that is not const moves or overwrites records: addresses from data() and At() are good
-// only until then.
+// Every call that is not const may move or overwrite records: addresses from data() and At() are
+// valid until then.
 
 #ifndef QUILLKIT_BASE_ENTRY_BLOCK_H_
 #define QUILLKIT_BASE_ENTRY_BLOCK_H_
@@ -51,7 +51,7 @@ class EntryBlock {
     std::swap(skipped, other.skipped);
   }
 
-  // Releases the block; everything is 0 afterwards.
+  // Releases the block. All counts are 0 afterwards.
   void Free() {
     Wipe(data(), live);
     std::free(storage);
@@ -60,8 +60,8 @@ class EntryBlock {
     skipped = 0;
   }
 
-  // Replaces the block by one of `count` blank records, all of them live. False, and no block,
-  // when `count` is not above 0 or the memory is refused.
+  // Replaces the block by one of `count` blank live records. Returns false and leaves no block if
+  // `count` is not above 0 or the allocation fails.
   bool Allocate(std::int32_t count) {
     Free();
     if (!Fits(count)) return false;
@@ -70,8 +70,8 @@ class EntryBlock {
     return storage != nullptr;
   }
 
-  // Makes `count` records live, keeping skip() and the records that fit. False, and no change, when
-  // `count` is not above 0 or the memory is refused.
+  // Changes the number of live records to `count`; keeps skip() and the records that fit. Returns
+  // false and changes nothing if `count` is not above 0 or the allocation fails.
   bool Resize(std::int32_t count) {
     if (!Fits(count) || count > INT32_MAX - skipped || !Fits(skipped + count)) return false;
     if (!Reallocate(skipped + count)) return false;
@@ -80,10 +80,10 @@ class EntryBlock {
     return true;
   }
 
-  // After a read that filled a part of the run: keeps `count` records. Direction 1 keeps the front
-  // and cuts the block to size, with skip() 0; any other keeps the back, moves data() forward and
-  // keeps the block. 0 empties the run and keeps the block. False, and no change, below 0 or above
-  // count().
+  // Keeps `count` live records, after a read that filled only a part of them. Direction 1 keeps the
+  // first ones, sets skip() to 0 and shrinks the block. Any other direction keeps the last ones: it
+  // moves data() forward and keeps the block. A count of 0 keeps the block. Returns false and
+  // changes nothing for a count below 0 or above count().
   bool Shrink(std::int32_t count, std::int32_t direction) {
     if (count < 0 || count > live) return false;
     if (count == live) return true;
@@ -92,7 +92,7 @@ class EntryBlock {
       Wipe(storage + count, skipped + live - count);
       skipped = 0;
       live = count;
-      // A block that will not move to a smaller one stays as it is: the records are all there.
+      // If the block cannot shrink, it stays: all records are there.
       Reallocate(count);
       return true;
     }
@@ -102,14 +102,14 @@ class EntryBlock {
     return true;
   }
 
-  // Empties the run; the block stays.
+  // Leaves no live records. Keeps the block.
   void Clear() {
     Wipe(data(), live);
     live = 0;
   }
 
-  // Copies `record` behind the last one and returns the new count, or -1 when memory is refused.
-  // `record` may lie inside the block.
+  // Appends a copy of `record`, which may be inside the block. Returns the new count, or -1 if the
+  // allocation fails.
   std::int32_t Append(const Record& record) {
     const Wiped<Record> copy(record);
     if (!Resize(live + 1)) return -1;
@@ -117,8 +117,8 @@ class EntryBlock {
     return live;
   }
 
-  // Moves the later records down by one. False, and no change, for an index out of range. The block
-  // keeps its size.
+  // Removes the record at `index` and moves the later ones down; the block keeps its size. Returns
+  // false and changes nothing for an index out of range.
   bool RemoveAt(std::int32_t index) {
     if (!Holds(index)) return false;
     Record* slot = data() + index;
@@ -128,7 +128,7 @@ class EntryBlock {
     return true;
   }
 
-  // The record at `index`, or null out of range.
+  // Returns the record at `index`, or null for an index out of range.
   Record* At(std::int32_t index) { return Holds(index) ? data() + index : nullptr; }
   const Record* At(std::int32_t index) const { return Holds(index) ? data() + index : nullptr; }
 
@@ -150,7 +150,7 @@ class EntryBlock {
     return static_cast<std::size_t>(count) * sizeof(Record);
   }
 
-  // A server fills most blocks a moment later: a whole block of zeroes would be written twice.
+  // The server soon fills most blocks: zeroing the whole block would write it twice.
   static void* NewRecords(std::int32_t count) {
     if constexpr (requires(Record record) { record.Blank(); }) {
       auto* const records = static_cast<Record*>(std::malloc(Bytes(count)));
@@ -167,7 +167,7 @@ class EntryBlock {
     }
   }
 
-  // The block functions take records that have constructors as the bytes they are.
+  // For functions that move records with constructors bytewise.
   static void* Raw(Record* records) { return records; }
 
   static bool Fits(std::int32_t count) {
@@ -182,7 +182,7 @@ class EntryBlock {
     return true;
   }
 
-  // What realloc does, which would leave the records in a block that it frees.
+  // Like realloc, but wipes the records in the old block.
   void* MoveTo(std::int32_t records) {
     void* const moved = std::malloc(Bytes(records));
     const std::int32_t kept = std::min(records, skipped + live);

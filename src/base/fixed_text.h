@@ -1,11 +1,11 @@
-// A NUL-terminated 8-bit text inside a field of N bytes, the building block of every record that
-// crosses the server boundary.
+// A NUL-terminated 8-bit text in a field of N bytes. The records of the server protocol consist of
+// such fields.
 //
 // Invariants:
 //   1. sizeof(FixedText<N>) == N, with no alignment of its own, and it is trivially copyable.
-//   2. A value made here is terminated inside the field. One that was filled from outside need not
-//      be: View() and Length() stop at the field's end, and Terminate() restores the invariant.
-//   3. Bytes behind the NUL carry no meaning; setters leave them as they were.
+//   2. A text set here has its NUL inside the field. Text from a server may lack it: View() and
+//      Length() stop at the end of the field, and Terminate() adds the NUL.
+//   3. Bytes after the NUL have no meaning. Setters leave them unchanged.
 //
 // Text has no character set. Comparison is by unsigned bytes, case-sensitive.
 
@@ -24,50 +24,49 @@ namespace quillkit {
 template <std::size_t N>
 class FixedText {
  public:
-  // The longest text that fits, in bytes without its NUL.
+  // The length of the longest text that fits, in bytes without its NUL.
   static constexpr std::size_t kMaxLength = N - 1;
 
   FixedText() = default;
 
-  // Copies `text`, cut at the field.
+  // Copies `text`, truncated to the field.
   explicit FixedText(std::string_view text) { Assign(text); }
 
-  // Stores `text` and its NUL and returns 1. A text longer than kMaxLength is refused: 0, no
-  // change.
+  // Stores `text` and its NUL. Returns 1, or 0 and no change for a text longer than kMaxLength.
   int Set(std::string_view text) {
     if (text.size() > kMaxLength) return 0;
     Assign(text);
     return 1;
   }
 
-  // Stores `text` and its NUL, cut at the field. `text` may lie inside this field.
+  // Stores `text` and its NUL, truncated to the field. `text` may be part of this field.
   void Assign(std::string_view text) {
     const std::size_t length = text.size() < kMaxLength ? text.size() : kMaxLength;
     if (length != 0) std::memmove(bytes, text.data(), length);
     bytes[length] = '\0';
   }
 
-  // Stores `text`. One that is too long fills the field and leaves it without a NUL, so that
-  // IsTerminated() tells. `text` may lie inside this field.
+  // Stores `text` and its NUL. A text that is too long fills the field without a NUL, so that
+  // IsTerminated() returns false. `text` may be part of this field.
   void AssignOrFill(std::string_view text) {
     const std::size_t length = text.size() < N ? text.size() : N;
     if (length != 0) std::memmove(bytes, text.data(), length);
     if (length < N) bytes[length] = '\0';
   }
 
-  // Overwrites the whole field with zeroes: for a text that was a secret.
+  // Overwrites the whole field with zeroes. Use it for secrets.
   void Wipe() { WipeBytes(bytes, N); }
 
-  // Ends the text inside the field. Call it on what a server filled in, before c_str().
+  // Writes a NUL at the end of the field. Call it for data from a server, before c_str().
   void Terminate() { bytes[kMaxLength] = '\0'; }
 
-  // REQUIRES: the text is terminated. Valid as long as the record stands where it is.
+  // Valid as long as the record is not moved or destroyed. REQUIRES: the text has its NUL.
   const char* c_str() const { return bytes; }
 
-  // The text up to its NUL or the field's end. Valid as c_str().
+  // Returns the text up to its NUL or the end of the field. Valid like c_str().
   std::string_view View() const { return {bytes, Length()}; }
 
-  // At most N: a field without a NUL gives N, one more than any valid text.
+  // Returns the length of the text, or N if it has no NUL.
   std::size_t Length() const {
     const void* end = std::memchr(bytes, '\0', N);
     return end != nullptr ? static_cast<std::size_t>(static_cast<const char*>(end) - bytes) : N;

@@ -15,15 +15,15 @@ class RootObject {
   RootObject(const RootObject&) = delete;
   RootObject& operator=(const RootObject&) = delete;
 
-  // The slots stand in this order in every class.
+  // The virtual functions have this order in every class.
   virtual const ClassRecord* GetRuntimeClass() const = 0;
   virtual ~RootObject() = default;
 
-  // Writes the object to the archive or fills it from there, as the archive's direction says. A
-  // class without a stream form keeps this empty one.
+  // Stores the object in the archive or loads it, according to the archive's direction. The default
+  // does nothing.
   virtual void Serialize(Archive& archive);
 
-  // Diagnostics for a debugger or a subclass; nothing here does anything by default.
+  // Diagnostics for a debugger or a subclass. The defaults do nothing.
   virtual void AssertValid() const;
   virtual void Describe() const;
 };

@@ -1,4 +1,4 @@
-// Passwords in memory: every copy that the library makes of one is wiped when it has served.
+// Passwords in memory: the library wipes every copy of a password after use.
 
 #ifndef QUILLKIT_BASE_SECRET_H_
 #define QUILLKIT_BASE_SECRET_H_
@@ -10,14 +10,14 @@
 
 namespace quillkit {
 
-// Overwrites the bytes with zeroes. No compiler leaves that out because nothing reads them later:
-// as far as it knows, the empty statement does.
+// Overwrites the bytes with zeroes. The empty statement may read them as far as the compiler knows,
+// so it cannot remove the write.
 inline void WipeBytes(void* bytes, std::size_t size) {
   std::memset(bytes, 0, size);
   asm volatile("" : : "r"(bytes) : "memory");
 }
 
-// A copy of a text that may be a password. It never moves, and is wiped when it is destroyed.
+// A copy of a text that may be a password. It is never moved, and is wiped by its destructor.
 class SecretText {
  public:
   explicit SecretText(std::string_view newText) : text(newText) {}
@@ -31,13 +31,13 @@ class SecretText {
   std::string text;
 };
 
-// A type of record that holds a password. WipePassword() overwrites the whole field.
+// A type of record with a password. WipePassword() overwrites the whole field.
 template <class Record>
 concept HoldsPassword = requires(Record& record) {
   record.WipePassword();
 };
 
-// A record, or a copy of one. If it holds a password, that is wiped when it is destroyed.
+// A record, or a copy of one. A password in it is wiped by the destructor.
 template <class Record>
 struct Wiped : Record {
   Wiped() = default;

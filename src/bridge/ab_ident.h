@@ -11,7 +11,7 @@
 
 namespace quillkit {
 
-// What sort of book. A plain value, not a mask: 768 is a kind of its own.
+// The kind of a book. A value, not a mask: 768 is a separate kind.
 enum class BookKind : std::uint32_t {
   kNone = 0,
   kEmail = 1,          // "EMAILAB"
@@ -45,19 +45,19 @@ struct ABIdent {
   ABIdent(BookKind bookKind, std::string_view bookName) : kind(bookKind), name(bookName) {}
   ABIdent(const ABIdent&) = default;
 
-  // Copies the name's text alone: the kind stays, and so do the bytes behind the NUL.
+  // Copies only the text of the name. The kind, and the bytes after the NUL, stay unchanged.
   ABIdent& operator=(const ABIdent& other) {
     if (this != &other) name.Assign(other.name.View());
     return *this;
   }
 
-  // 1, or 0 and no change for a name of 32 or more characters.
+  // Returns 1, or 0 and no change for a name of 32 or more characters.
   int SetName(std::string_view text) { return name.Set(text); }
 
-  // Ends the name inside its field: for rows that a server filled in.
+  // Ends the name inside its field. Call it for rows from a server.
   void Terminate() { name.Terminate(); }
 
-  // Stores the kind unless it is null or 0. The result is always 0.
+  // Stores the kind unless it is null or 0. Always returns 0.
   int SetKind(const BookKind* newKind) {
     if (newKind != nullptr && *newKind != BookKind::kNone) kind = *newKind;
     return 0;

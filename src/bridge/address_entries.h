@@ -1,5 +1,5 @@
-// The entries of the e-mail and fax books and of their distribution lists. A list member is the
-// same record as a book entry.
+// The entries of the e-mail and fax books and the members of their distribution lists, which are
+// the same records.
 
 #ifndef QUILLKIT_BRIDGE_ADDRESS_ENTRIES_H_
 #define QUILLKIT_BRIDGE_ADDRESS_ENTRIES_H_
@@ -20,16 +20,16 @@ class Archive;
 struct CEmailEntry {
   FixedText<32> name;  // the entry's key; books are ordered by it
   FixedText<256> address;
-  // 0 in a book entry. In a private list member: 1 for an entry of the private book with the same
-  // address, 0 for a reference to the public book, whose address is blanked on the way out.
+  // 0 in a book entry. In a member of a private list: 1 for an entry of the private book with the
+  // same address, 0 for a reference to the public book, which is sent with an empty address.
   std::int32_t flags = 0;
 
-  // Stores key and address, clears `flags` and gives 1. 0 and no change for a null address, one
-  // over 255 characters, or a key over 31.
+  // Stores key and address and clears `flags`. Returns 1, or 0 and no change for a null address, an
+  // address over 255 characters, or a key over 31.
   int Set(const EntryKey& key, const char* newAddress);
 
-  // Set with name and address of another entry, which may be this one; 0 and no change when they do
-  // not end in their fields.
+  // Calls Set with the name and address of another entry, which may be this one. Returns its
+  // result, or 0 and no change if one of them has no NUL in its field.
   int SetFrom(const CEmailEntry& other);
 
   const char* Name() const { return name.c_str(); }
@@ -38,13 +38,13 @@ struct CEmailEntry {
   void GetName(std::string& text) const { text = name.View(); }
   void GetAddress(std::string& text) const { text = address.View(); }
 
-  // 1, or 0 and no change for a text over 31 or 255 characters. `flags` stay.
+  // Return 1, or 0 and no change for a text over 31 or 255 characters. `flags` stay unchanged.
   int SetName(std::string_view text) { return name.Set(text); }
   int SetAddress(std::string_view text) { return address.Set(text); }
 
   bool HasNoFlags() const { return flags == 0; }
 
-  // Empties the address of a private list's member that refers to the public book.
+  // Empties the address of a member of a private list that refers to the public book.
   void BlankPublicAddress() {
     if (HasNoFlags()) SetAddress({});
   }
@@ -52,28 +52,28 @@ struct CEmailEntry {
   bool IsBlank() const { return name.IsEmpty() && address.IsEmpty(); }
   bool IsValid() const { return name.IsTerminated() && address.IsTerminated(); }
 
-  // Empties all fields; what stands behind a text's NUL means nothing.
+  // Empties all fields. Bytes after a NUL are not cleared.
   void Blank() {
     name.Assign({});
     address.Assign({});
     flags = 0;
   }
 
-  // Ends both texts inside their fields: for records that a server filled in.
+  // Ends both texts inside their fields. Call it for records from a server.
   void Terminate() {
     name.Terminate();
     address.Terminate();
   }
 
-  // Not an equality: true only when the names differ, the addresses differ and the flags are equal.
-  // A record never matches itself.
+  // Not an equality: returns true only if the names differ, the addresses differ and the flags are
+  // equal. A record never matches itself.
   static bool Matches(const CEmailEntry& a, const CEmailEntry& b);
   static bool Differs(const CEmailEntry& a, const CEmailEntry& b) { return !Matches(a, b); }
 
-  // The bytes of the stream form at the least: two lengths and the flags.
+  // The smallest number of bytes in an archive: two empty texts and the flags.
   static constexpr std::size_t kSmallestStored = 6;
 
-  // name, address, flags. Loading cuts a text where its field ends.
+  // name, address, flags. Loading truncates a text to its field.
   void Serialize(Archive& archive);
 };
 
@@ -82,12 +82,12 @@ struct CFaxEntry {
   FixedText<80> number;
   FixedText<11> third;
 
-  // Two independent steps: a number of at most 79 characters is stored together with the key's
-  // name, and a third text of at most 10 characters is stored. 1 when at least one step stored,
-  // else 0.
+  // Two independent steps: stores a number of at most 79 characters together with the name of the
+  // key, and stores a third text of at most 10 characters. Returns 1 if at least one step stored
+  // something, otherwise 0.
   int Set(const EntryKey& key, std::string_view newNumber, std::string_view newThird);
 
-  // Set with the texts of another entry, which may be this one.
+  // Calls Set with the texts of another entry, which may be this one, and returns its result.
   int SetFrom(const CFaxEntry& other);
 
   const char* Name() const { return name.c_str(); }
@@ -97,40 +97,40 @@ struct CFaxEntry {
   void GetNumber(std::string& text) const { text = number.View(); }
   void GetThird(std::string& text) const { text = third.View(); }
 
-  // 1, or 0 and no change for a text over 31, 79 or 10 characters.
+  // Return 1, or 0 and no change for a text over 31, 79 or 10 characters.
   int SetName(std::string_view text) { return name.Set(text); }
   int SetNumber(std::string_view text) { return number.Set(text); }
   int SetThird(std::string_view text) { return third.Set(text); }
 
-  // `third` plays no part.
+  // Ignores `third`.
   bool IsBlank() const { return name.IsEmpty() && number.IsEmpty(); }
   bool IsValid() const;
 
-  // Empties all fields; what stands behind a text's NUL means nothing.
+  // Empties all fields. Bytes after a NUL are not cleared.
   void Blank() {
     name.Assign({});
     number.Assign({});
     third.Assign({});
   }
 
-  // Ends the three texts inside their fields: for records that a server filled in.
+  // Ends the three texts inside their fields. Call it for records from a server.
   void Terminate() {
     name.Terminate();
     number.Terminate();
     third.Terminate();
   }
 
-  // 1 when the number holds a decimal digit, else 0.
+  // Returns 1 if the number contains a decimal digit, otherwise 0.
   int HasDigit() const;
 
-  // The numbers are equal, byte for byte; the names play no part.
+  // Matches if the numbers are equal, byte for byte. The names are ignored.
   static bool Matches(const CFaxEntry& a, const CFaxEntry& b) { return a.number == b.number; }
   static bool Differs(const CFaxEntry& a, const CFaxEntry& b) { return !Matches(a, b); }
 
-  // The fewest bytes of the stream form: three empty texts.
+  // The smallest number of bytes in an archive: three empty texts.
   static constexpr std::size_t kSmallestStored = 3;
 
-  // name, number, third. Loading cuts a text where its field ends.
+  // name, number, third. Loading truncates a text to its field.
   void Serialize(Archive& archive);
 };
 

@@ -1,16 +1,16 @@
-// The one object that speaks to the server: it holds the server library, the session, the logged-in
+// The only object that calls the server. It holds the server library, the session, the connected
 // user, the appliances seen so far and the last status.
 //
 // Invariants:
-//   1. Every call to the server library is one of the forwarding operations below or the wake-up
-//      timer's. An entry point is looked up at each call and never kept; one that cannot be found,
-//      because the library is not loaded or lacks it, gives status 20 ("IMSP Unitialized").
-//   2. lastError is the status of the latest call that records it, or what SetError stored. Nothing
-//      clears it.
-//   3. scanners holds one CScanner per appliance address, oldest login first; read back from an
-//      archive, it holds what stood there.
+//   1. Every call of the server library is a forwarding operation below, or is made by the timer of
+//      the keep-alive. An entry point is looked up for each call and never kept. If it cannot be
+//      found, because the library is not loaded or lacks it, the status is 20 ("IMSP Unitialized").
+//   2. lastError is the status of the latest call that records it, or the argument of SetError.
+//      Nothing clears it.
+//   3. scanners holds one CScanner per appliance address, oldest login first. After loading from an
+//      archive, it holds what was stored.
 //
-// Use one agent from one thread at a time. The instance that the library works with is TheAgent.
+// Use an agent from one thread at a time. The library works with the instance TheAgent.
 
 #ifndef QUILLKIT_BRIDGE_AGENT_H_
 #define QUILLKIT_BRIDGE_AGENT_H_
@@ -45,18 +45,19 @@ class CAgent : public RootObject {
 
   const ClassRecord* GetRuntimeClass() const override { return &kClass; }
 
-  // Stores the scanners, or replaces them by those of the archive.
+  // Stores the scanners, or replaces them by those in the archive.
   void Serialize(Archive& archive) override;
 
-  // --- Life of the server library ---
+  // --- Loading of the server library ---
 
-  // Loads the server library and calls IMSPInit, whose status is recorded and returned. -1 when the
-  // library cannot be loaded; a message box has then said so. REQUIRES: it is not loaded.
+  // Loads the server library and initialises it. Returns and records the status of IMSPInit. If the
+  // library cannot be loaded, shows a message box and returns -1. REQUIRES: it is not loaded.
+  // Server calls: IMSPInit.
   Status LoadServerLibrary();
 
-  // Releases user, server library (IMSPTerminate, recorded), timer and scanners, each where it is
-  // held: it can run any number of times. It sends no IMSPLogout and leaves IsConnected() as it
-  // was.
+  // Releases the user, the server library, the timer and the scanners, as far as they exist; it may
+  // be called again. Does not log out, and leaves IsConnected() unchanged.
+  // Server calls: IMSPTerminate, which is recorded, if the library is loaded.
   void Shutdown();
 
   // --- Status ---
@@ -64,95 +65,101 @@ class CAgent : public RootObject {
   Status LastError() const { return lastError; }
   void SetError(Status status) { lastError = status; }
 
-  // Fills `text` with the text of the last error.
+  // Stores the text of the last error in `text`.
   void ErrorText(std::string& text) const;
 
   // --- Session ---
 
   std::int32_t IsConnected() const { return connected; }
 
-  // The logged-in user, or null. Owned by the agent, good until the next login, logout or shutdown.
+  // Returns the connected user, or null. Owned by the agent; valid until the next login, logout or
+  // shutdown.
   CUserRecord* CurrentUser() const { return currentUser.get(); }
 
-  // Logs `user` in at `target`'s address and reads the user's record. Calls: IMSPLogin; IMSPIOCtl 6
-  // unless the wake-up timer runs; IMSPReadEntryProperties on USERSAB. The first status that is not
-  // 0 ends it and is the result.
-  //   `third` takes the third identity word, also when the login is refused.
-  //   A refused login changes nothing else but IsConnected(), which is then 0. A later failure
-  //   leaves the session open, and the new scanner in the list once the timer runs: the caller logs
-  //   out. A scanner of the same address that was in the list is deleted.
-  // With `loadPrivateBook` the user's private book is then made and read, whatever comes of that:
-  // CUserRecord::LoadPrivateBook.
+  // Logs `user` in at the address of `target`, adds a scanner with the name of `target`, and reads
+  // the record of the user. Returns the first status that is not 0, after which no call follows.
+  //   `third`            Receives the third identity field, also if the login is refused.
+  //   `loadPrivateBook`  Nonzero: finally runs CUserRecord::LoadPrivateBook; its result is ignored.
+  // A refused login changes nothing else except IsConnected(), which is then 0. After a later
+  // failure the session is open, and the new scanner is in the list if the keep-alive started: the
+  // caller logs out. An earlier scanner of the same address is deleted.
+  // Server calls: IMSPLogin; IMSPIOCtl 6 unless the keep-alive runs; IMSPReadEntryProperties on
+  // USERSAB; then those of LoadPrivateBook.
   Status Login(CUserRecord* user, CScanner* target, std::string& third,
                std::int32_t loadPrivateBook);
 
-  // As Login, but makes no scanner, and a refused login leaves `third` as it was.
+  // Like Login, but adds no scanner, and a refused login leaves `third` unchanged.
   Status Relogin(CUserRecord* user, CScanner* target, std::string& third,
                  std::int32_t loadPrivateBook);
 
-  // Logs in with a ready record and adds a scanner without a name, replacing one of the same
-  // address. `identity` takes the server's identity text whatever the result. The current user
-  // stays that of an earlier login.
-  //   A refused login gives the status of IMSPLogin and leaves IsConnected() as it was.
-  //   If the period of the keep-alive cannot be read, its status is the result. The session is then
+  // Logs in with a complete record and adds a scanner without a name, which replaces one of the
+  // same address. `identity` receives the identity text of the server in every case. The current
+  // user is still that of an earlier login.
+  //   A refused login returns the status of IMSPLogin and leaves IsConnected() unchanged.
+  //   If the period of the keep-alive cannot be read, its status is returned. The session is then
   //   open, IsConnected() is 1, and no scanner is added: the caller logs out.
-  //   A record with address 0 that the server accepts gives 0 and adds an empty scanner, not bound.
+  //   An accepted record with address 0 returns 0 and adds an empty scanner that is not bound.
+  // Server calls: IMSPLogin; IMSPIOCtl 6 unless the keep-alive runs.
   Status LoginByRecord(LoginRecord* login, std::string& identity);
 
-  // Calls IMSPLogout and returns its status, which is not recorded. Deletes the current user, stops
-  // the timer, and deletes the scanners when `deleteScanners` is not 0.
+  // Ends the session: deletes the current user, stops the keep-alive, and deletes the scanners if
+  // `deleteScanners` is set. Returns the status of IMSPLogout, which is not recorded.
+  // Server calls: IMSPLogout.
   Status Logout(std::int32_t deleteScanners);
 
-  // Finds out the third identity word at `target`'s address through the toolkit's own account, in a
-  // session of its own, and logs that session out; the logout's status is recorded and returned.
-  // The wake-up timer it may have started runs on.
+  // Reads the third identity field at the address of `target` in a session of its own, with the
+  // toolkit's account. Returns and records the status of the logout, or returns the first status
+  // before it that is not 0. A keep-alive that it started continues.
+  // Server calls: IMSPLogin; IMSPIOCtl 6 unless the keep-alive runs; IMSPLogout.
   Status ProbeIdentity(CScanner* target, std::string& third);
 
-  // Adds `entry` to USERSAB through the guest account, in a session of its own. The status of the
-  // create, or of the login when that was refused.
+  // Adds `entry` to USERSAB in a session of its own, with the guest account. Returns the status of
+  // the creation, or of a refused login.
+  // Server calls: IMSPLogin, IMSPCreateEntry, IMSPLogout.
   Status EnrolUser(std::uint32_t address, CUserEntry* entry);
 
-  // Read or write the USERSAB entry of the record's name.
+  // Read or replace the entry of USERSAB with the name of the record.
+  // Server calls: IMSPReadEntryProperties or IMSPModifyEntry.
   Status ReadUser(CUserRecord* user);
   Status ModifyUser(CUserRecord* user);
 
   // --- Appliances ---
 
-  // Appends a scanner, whose ownership passes, and deletes the one of the same address; a scanner
-  // that is listed already moves to the end. 1, or 0 for null.
+  // Appends a scanner, takes its ownership, and deletes an earlier one of the same address. A
+  // scanner that is in the list moves to the end. Returns 1, or 0 for null.
   int AddScanner(CScanner* scanner);
 
-  // The scanner of this address, or null.
+  // Returns the scanner of this address, or null.
   CScanner* FindScanner(const std::uint32_t* address) const;
 
-  // Deletes the scanner of this address: 1, or 0 when there is none.
+  // Deletes the scanner of this address. Returns 1, or 0 if there is none.
   int RemoveScanner(const std::uint32_t* address);
 
   std::int32_t ScannerCount() const { return static_cast<std::int32_t>(scanners.size()); }
 
-  // Null for an index that is negative or not below ScannerCount().
+  // Returns null for an index out of range.
   CScanner* ScannerAt(std::int32_t index) const;
 
-  // A walk over the list; null at its end, and NextScanner() before any FirstScanner().
+  // Iterate over the list. Return null at its end; NextScanner() also before FirstScanner().
   CScanner* FirstScanner();
   CScanner* NextScanner();
 
-  // Deletes all scanners and frees the log records; LogCount() stays as it was.
+  // Deletes all scanners and releases the log records. LogCount() stays unchanged.
   void DeleteScanners();
 
-  // --- Sign of life ---
+  // --- Keep-alive ---
 
-  // Unless it runs already (0, no call): asks the server for its period with IMSPIOCtl 6, recorded,
-  // and starts the timer at half of it on the calling thread. The status recorded last.
+  // Asks the server for the period of the keep-alive and starts the timer with half of it on the
+  // calling thread. Returns the last recorded status; 0, with no server call, if the timer runs.
+  // Server calls: IMSPIOCtl 6, which is recorded.
   Status StartWakeup();
 
-  // Stops the timer. A later StartWakeup() takes it to be running all the same; Logout() resets
-  // that.
+  // Stops the timer. A later StartWakeup() still takes it as running, until Logout() resets that.
   void StopWakeup();
 
-  // Starts the timer when none is set; whether that gave 0. True also where no timer runs: after
-  // Logout(), which keeps the timer's number, and after StopWakeup(), where StartWakeup() gives 0
-  // and starts none. False only if the server is asked for its period and refuses.
+  // Calls StartWakeup() if no timer is set. Returns whether it returned 0; true if a timer is set.
+  // It also returns true without a running timer after Logout(), which keeps the number of the
+  // timer, and after StopWakeup(), when StartWakeup() returns 0 and starts none.
   bool EnsureWakeup();
 
   TimerId WakeupTimer() const { return wakeupTimer; }
@@ -161,63 +168,67 @@ class CAgent : public RootObject {
 
   // --- Services ---
 
-  // Sets the time-out of server calls in seconds and gives the old one, rounded down to seconds, in
-  // `*old`, which stays as it was when the old one cannot be read. Calls: IMSPIOCtl 2, IMSPIOCtl 1.
+  // Sets the time-out of server calls, in seconds, and stores the old one, rounded down to seconds,
+  // in `*old`; unchanged if it cannot be read. Server calls: IMSPIOCtl 2, IMSPIOCtl 1.
   Status SetServerTimeout(std::uint32_t seconds, std::uint32_t* old);
 
-  // SetServerTimeout with the time-out that it reads: whole seconds are kept. The same calls.
+  // Sets the time-out that it reads, rounded down to seconds.
+  // Server calls: IMSPIOCtl 2, IMSPIOCtl 1.
   Status KeepServerTimeout();
 
-  // Runs a script file under the long time-out (SetServerTimeout, IMSPBatchConfiguration,
-  // SetServerTimeout). The first status that is not 0 ends it: after a failed batch the time-out
-  // stays long.
+  // Runs a script file under the long time-out. Returns the first status that is not 0, after which
+  // no call follows: after a failed batch the long time-out stays.
+  // Server calls: those of SetServerTimeout, IMSPBatchConfiguration, those of SetServerTimeout.
   Status RunBatch(const std::string& path);
 
-  // The same around a database command. -1, which is recorded too, for texts that do not fit.
+  // The same with a database command (IMSPIOCtl 7). Return and record -1 for texts that do not fit.
   Status BackupDatabase(const char* first, const char* second);
   Status RestoreDatabase(const char* first, const char* second);
 
-  // Runs the check command under the long time-out, goes on when that cannot be set, and always
-  // restores the old time-out: SetServerTimeout, IMSPIOCtl 7, SetServerTimeout. Where the old one
-  // could not be read, the restoring call sets the one that it reads. The command's status.
+  // Runs the check command under the long time-out, even if that cannot be set, and always restores
+  // the old time-out, or KeepServerTimeout if it could not be read. Returns the status of the
+  // command. Server calls: those of SetServerTimeout, IMSPIOCtl 7, those of SetServerTimeout.
   Status CheckDatabase();
 
-  // Sends kind 0 (back up), 1 (restore) or 2 (check), followed by `first`, a comma and `second`,
-  // each of which may be null, with IMSPIOCtl 7. -1 with nothing sent when the first text is over
-  // 384 characters, the second does not fit behind it, or there is a second without a first.
+  // Sends a database command: 0 backs up, 1 restores, 2 checks. `first`, a comma and `second`
+  // follow it; each may be null. Returns -1 and makes no call if the first text is over 384
+  // characters, the second does not fit after it, or there is a second without a first.
+  // Server calls: IMSPIOCtl 7.
   Status DatabaseCommand(std::int32_t kind, const char* first, const char* second);
 
-  // Replaces the log records by those of a user. Calls: IMSPSizeofAB and, when there are any,
-  // IMSPReadAB on LOGAB. At most a million records are taken. -1 when memory is refused.
+  // Replaces the log records by those of a user, at most a million. Returns -1 if the allocation
+  // fails. Server calls: IMSPSizeofAB and, if there are records, IMSPReadAB on LOGAB.
   Status ReadLog(const std::string& user);
 
-  // Clears the log of what `filter` names (a user's name), under the long time-out as RunBatch.
+  // Clear the log under the long time-out like RunBatch: the part that `filter`, a user's name,
+  // selects, or that the filter "_!ADMINISTRATOR_!GUEST" selects.
+  // Server calls: as RunBatch, with IMSPClearAB on LOGAB.
   Status ClearLog(const std::string& filter);
   Status ClearLogExceptSystem();
 
   std::uint32_t LogCount() const { return logCount; }
 
-  // The record at `index`, or null out of range or without records. Good until the next ReadLog,
-  // ClearLog or DeleteScanners.
+  // Returns the record at `index`, or null for an index out of range or without records. Valid
+  // until the next ReadLog, ClearLog or DeleteScanners.
   const LogRecord* LogRecordAt(std::int32_t index) const;
 
-  // Whether `text` may be given to the server: 0, or -1 for a text of `limit` characters or more,
-  // -2 for one that holds "*" or that IMSPCheckString refuses, -3 for one that holds a byte of 128
-  // or above behind its first character.
+  // Checks a text for the server. Returns 0; -1 for a text of `limit` characters or more; -2 for
+  // one with a "*", or one that IMSPCheckString refuses; -3 for one with a byte of 128 or above
+  // after its first character. Server calls: IMSPCheckString.
   Status ValidateString(const std::string& text, std::int32_t limit);
 
-  // Copies a text of the server into `text`, a buffer of at least 400 bytes; an empty text when the
-  // call (IMSPIOCtl 12) fails.
+  // Copies a text from the server into `text`, a buffer of at least 400 bytes. Stores an empty text
+  // if the call fails. Server calls: IMSPIOCtl 12.
   Status ServerText(char* text);
 
-  // Acts as another user from here on.
+  // Continues the session as another user. Server calls: IMSPChangeIdentity.
   Status ChangeIdentity(const std::string& user);
 
   // --- Forwarding operations ---
   //
-  // One per entry point, with its arguments (bridge/imsp_api.h). The status is recorded and
-  // returned; that of IMSPLogout is only returned. A delivered count above what was asked for is
-  // cut to it.
+  // One for each entry point, with its arguments (bridge/imsp_api.h). The status is recorded and
+  // returned; that of IMSPLogout is only returned. A delivered count above the requested one is
+  // reduced to it.
 
   Status IMSPInit();
   Status IMSPTerminate();
@@ -232,7 +243,7 @@ class CAgent : public RootObject {
   Status IMSPCreateAB(ABIdent* book);
   Status IMSPDeleteAB(ABIdent* book);
   Status IMSPClearAB(ABIdent* book, const char* filter = nullptr);
-  // Count and filter change places on the way to the entry point.
+  // The entry point has count and filter in the opposite order.
   Status IMSPSizeofAB(ABIdent* book, std::uint32_t* count, const char* filter = nullptr);
   Status IMSPReadAB(ABIdent* book, KeyRange* range, void* records, std::uint32_t* count,
                     std::int32_t direction);

@@ -27,7 +27,7 @@ struct EntryKey {
   // 1, or 0 and no change for a text of 32 or more characters.
   int SetKey(std::string_view text) { return name.Set(text); }
 
-  // Ends the text inside its field: for rows that a server filled in.
+  // Ends the text inside its field. Call it for rows from a server.
   void Terminate() { name.Terminate(); }
 
   // Below, at or above 0 as this key sorts before, with or after `other`: by unsigned bytes up to

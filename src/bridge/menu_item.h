@@ -51,13 +51,13 @@ struct CMenuItem {
   std::uint32_t SettingsNibble() const { return (settings >> 16) & 0xF; }
   int AddSettingsNibble(std::uint32_t value);
 
-  // Whether all four texts end inside their fields.
+  // Returns whether all four texts have their NUL.
   bool IsValid() const;
 
-  // Ends all four texts inside their fields: for records that a server filled in.
+  // Ends all four texts inside their fields. Call it for records from a server.
   void Terminate();
 
-  // The fewest bytes of the stream form: four empty texts and two words.
+  // The smallest number of bytes in an archive: four empty texts and two words.
   static constexpr std::size_t kSmallestStored = 12;
 
   // name, path, ipAddress, appTag, settings, fileFormat. Loading drops a text that is too long for

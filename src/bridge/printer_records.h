@@ -26,13 +26,13 @@ struct PrinterModelRecord {
   int SetModelName(std::string_view text) { return modelName.Set(text); }
   int SetModelText(std::string_view text) { return modelText.Set(text); }
 
-  // Returns whether all texts end inside their fields.
+  // Returns whether all texts have their NUL.
   bool IsValid() const;
 
-  // Terminates the texts inside their fields: for records that a server filled in.
+  // Ends the texts inside their fields. Call it for records from a server.
   void Terminate();
 
-  // modelName, modelText, the two words. Loading cuts a text at the end of its field.
+  // modelName, modelText, the two words. Loading truncates a text to its field.
   void Serialize(Archive& archive);
 };
 

@@ -81,20 +81,20 @@ struct CUserEntry {
   // Overwrites the whole field.
   void WipePassword() { password.Wipe(); }
 
-  // Whether all four texts end inside their fields.
+  // Returns whether all four texts have their NUL.
   bool IsValid() const;
 
-  // Ends all four texts inside their fields: for records that a server filled in.
+  // Ends all four texts inside their fields. Call it for records from a server.
   void Terminate();
 
   bool IsAdministrator() const { return name == kAdministratorName; }
   bool IsToolkit() const { return name == kToolkitName; }
   bool IsDottedAddress() const;
 
-  // The fewest bytes of the stream form: four empty texts and two words.
+  // The smallest number of bytes in an archive: four empty texts and two words.
   static constexpr std::size_t kSmallestStored = 12;
 
-  // name, fourth, third, password, flags, nibbles. Loading cuts a text where its field ends.
+  // name, fourth, third, password, flags, nibbles. Loading truncates a text to its field.
   void Serialize(Archive& archive);
 };
 
