@@ -1,5 +1,6 @@
 // Backs up and restores a user's private book. A restore does not report every refused entry: each
 // step is verified by the last error and by the counts that the appliance reports afterwards.
+// docs/guide/private_books.md shows how to compare every entry and member too.
 
 #include <cstdint>
 #include <cstdlib>

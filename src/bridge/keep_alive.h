@@ -13,7 +13,7 @@ using KeepAlive = void (*)();
 using KeepAliveSender = void (*)(KeepAlive send);
 
 // Passes every later keep-alive to `sender`, on the thread of the timer; null restores the sending
-// at once. `sender` runs `send` now or later, on any thread, while no other call is inside the
+// at once. `sender` runs `send` now or later, on any thread, while no other thread is inside the
 // library. Returns the earlier sender, null if there was none.
 // REQUIRES: no other thread uses the library.
 KeepAliveSender SetKeepAliveSender(KeepAliveSender sender);

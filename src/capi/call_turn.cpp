@@ -49,9 +49,9 @@ CallTurn::CallTurn() {
 
 CallTurn::~CallTurn() {
   if (fault == QUILL_E_FORKED) return;
-  --depth;
+  const bool isOutermost = --depth == 0;
   door.unlock();
-  SendOwed();
+  if (isOutermost) SendOwed();
 }
 
 }  // namespace quillkit::capi

@@ -1,11 +1,10 @@
 // The objects that have a handle.
 //
 // Invariants:
-//   1. A handle is a kind (8 bits), a slot (24 bits) and the slot's generation (32 bits), which
-//   goes
-//      up whenever an object leaves the slot: no handle is given out twice.
-//   2. Every object in the table lives, and stands in it once: whatever ends an object of the
-//      library's, or may have ended it, takes it out.
+//   1. A handle is a kind (8 bits), a slot (24 bits) and the slot's generation (32 bits). The
+//      generation increases when an object leaves the slot, so that no handle is used twice.
+//   2. Every object in the table is alive and is in it once: every operation that destroys, or may
+//      have destroyed, an object of the library removes it.
 //   3. An entry whose parent leaves the table leaves with it, unless the application owns it: that
 //      one keeps the parent's handle, which is stale from then on.
 

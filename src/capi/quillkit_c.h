@@ -31,11 +31,12 @@
 //
 // Keep-alive. The session keep-alive (IMSPWakeup; its status is discarded) is a timer of the thread
 // that logged in, and ends with that thread. The thread must let it run: on Windows by dispatching
-// messages; on POSIX by any call that is not refused, or by QuillkitDispatchEvents
-// (platform/posix/event_loop.h), which this library exports too. The keep-alive waits for its turn
-// like a call. If it is due while the call of another thread runs, that thread sends it at the end
-// of its call; the thread that logged in does not wait. Log out on the thread that logged in: after
-// a logout on another thread the timer continues without a session.
+// messages; on POSIX by any call that is not refused (quill_version and quill_error_text excepted),
+// or by QuillkitDispatchEvents (platform/posix/event_loop.h), which this library exports too. The
+// keep-alive waits for its turn like a call. If it is due while the call of another thread runs,
+// that thread sends it at the end of its call; the thread that logged in does not wait. Log out on
+// the thread that logged in: after a logout on another thread the timer continues without a
+// session.
 //
 // Fork. In a child of fork(), every function except quill_version and quill_error_text does
 // nothing, takes no lock and returns QUILL_E_FORKED. The session of the parent is not affected. End

@@ -64,8 +64,8 @@
 // otherwise, the first call that fails is the last one. Any such function can return any server
 // code (see TranslateToolkitError). If the server library is not loaded or lacks the entry point,
 // the call returns 20. On POSIX, each function first sends the keep-alive of the calling thread if
-// it is due. The library itself raises 24 ("Address Book Full") and 25 ("Invalid host name"). Local
-// codes are returned and never recorded:
+// it is due, even if its contract says "No server call". The library itself raises 24 ("Address
+// Book Full") and 25 ("Invalid host name"). Local codes are returned and never recorded:
 //
 //   -1   not connected, invalid argument, or no such file
 //   -2   the input file cannot be read

@@ -114,7 +114,7 @@ bool ReplaceFileAt(const std::string& path, std::string_view bytes, Readers read
 
   const bool isPrivate = isThere || readers == Readers::kOwner;
   Draft draft(folder.Number(), isPrivate ? kPrivateFile : kNewFile);
-  // The draft never has wider permissions than the old file.
+  // Nobody but the owner can do more with the draft than with the old file.
   if (isThere && fchmod(draft.Descriptor(), rights | kPrivateFile) != 0) return false;
   if (draft.Become(name, bytes) != 0) return false;
   if (isThere) fchmod(draft.Descriptor(), rights);

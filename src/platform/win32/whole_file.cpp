@@ -8,6 +8,8 @@
 namespace quillkit {
 namespace {
 
+constexpr unsigned kMostDeletedDrafts = 16;
+
 void RemoveAbandonedDrafts(const std::string& folder) {
   WIN32_FIND_DATAA found{};
   const HANDLE search = FindFirstFileA((folder + std::string(kDraftPrefix) + '*').c_str(), &found);
@@ -33,7 +35,11 @@ OpenFile CreateDraft(const std::string& folder, std::string* path) {
     if (file != INVALID_HANDLE_VALUE) {
       return OpenFile(_open_osfhandle(reinterpret_cast<std::intptr_t>(file), _O_BINARY));
     }
-    if (GetLastError() != ERROR_FILE_EXISTS) return {};
+    // A draft that another process is deleting denies access until it has gone.
+    const DWORD error = GetLastError();
+    const bool isTaken =
+        error == ERROR_FILE_EXISTS || (error == ERROR_ACCESS_DENIED && number < kMostDeletedDrafts);
+    if (!isTaken) return {};
   }
 }
 
@@ -47,7 +53,9 @@ bool ReplaceFileAt(const std::string& path, std::string_view bytes, Readers /*re
   OpenFile file = CreateDraft(folder, &draft);
   const bool isReplaced = file.Write(bytes) && file.Sync() &&
                           MoveFileExA(draft.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING) != 0;
-  if (file.Close() && !isReplaced) DeleteFileA(draft.c_str());
+  const bool isCreated = file.IsOpen();
+  file.Close();
+  if (isCreated && !isReplaced) DeleteFileA(draft.c_str());
   return isReplaced;
 }
 

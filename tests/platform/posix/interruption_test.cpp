@@ -9,7 +9,7 @@
 #include <fstream>
 #include <thread>
 
-#include "examples/text_file.h"
+#include "quillctl/text_file.h"
 #include "tests/import/run_converter.h"
 #include "tests/support/scratch_folder.h"
 
