@@ -15,7 +15,7 @@ const ClassRecord CScanner::kClass = {"CScanner", sizeof(CScanner), 1, CreateObj
 CScanner::CScanner() = default;
 
 CScanner::~CScanner() {
-  // As members they would go in the reverse order.
+  // Members would be destroyed in the reverse order.
   emailBook.reset();
   usersBook.reset();
   faxBook.reset();
@@ -77,8 +77,8 @@ CTopLevelAB* CScanner::DetachTopBook() {
   return IsBound() ? topBook.release() : nullptr;
 }
 
-// Deletes the book in the slot and takes over `book`, or opens a new one with `mode`. What the
-// opening gave, or 1; 0 and no change on an unbound scanner.
+// Replaces the book in the slot by `book`, or by a new one that is attached with `mode`. Returns
+// the result of Attach, or 1; 0 and no change on an unbound scanner.
 template <class Book>
 int CScanner::Replace(std::unique_ptr<Book>& slot, Book* book, std::int32_t mode) {
   if (!IsBound()) return 0;

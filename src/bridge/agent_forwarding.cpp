@@ -7,7 +7,7 @@
 
 namespace quillkit {
 
-// The one way to an entry point. `Entry` is the entry point's function type.
+// Calls an entry point. `Entry` is its function type.
 template <class Entry, class... Arguments>
 Status CAgent::Forward(const char* name, Arguments... arguments) const {
   auto* entry = reinterpret_cast<Entry*>(FindEntryPoint(serverLibrary, name));
@@ -20,8 +20,7 @@ Status CAgent::Call(const char* name, Arguments... arguments) {
   return lastError;
 }
 
-// A call that delivers up to `*count` records: what the server says it delivered is believed only
-// up to that.
+// A call that delivers up to `*count` records. A larger count from the server is reduced to that.
 template <class Entry, class... Arguments>
 Status CAgent::CallForCount(const char* name, std::uint32_t* count, Arguments... arguments) {
   const std::uint32_t capacity = *count;
@@ -100,7 +99,7 @@ Status CAgent::IMSPListABEntries(ABIdent* book, KeyRange* range, EntryKey* rows,
 
 Status CAgent::IMSPListAB(ABIdent* selector, KeyRange* range, ABIdent* books, std::uint32_t* count,
                           std::int32_t direction) {
-  // Without a buffer the count is only told: nothing bounds it.
+  // Without a buffer the call only reports the number, which has no limit.
   if (books == nullptr) {
     return Call<decltype(quillkit::IMSPListAB)>("IMSPListAB", selector, range, books, count,
                                                 direction);

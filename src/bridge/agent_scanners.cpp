@@ -1,4 +1,4 @@
-// The list of appliances, and the agent's place in the class library.
+// The list of appliances, and the class record and the archive form of the agent.
 
 #include <algorithm>
 #include <iterator>
@@ -71,7 +71,7 @@ CAgent::ScannerList::const_iterator CAgent::Locate(std::uint32_t address) const 
                       [&](const CScanner* each) { return each->Address() == address; });
 }
 
-// Takes a scanner off the list, and moves a walk that stands on it to the next one.
+// Removes a scanner from the list. An iteration that is at it continues with the next one.
 std::unique_ptr<CScanner> CAgent::Take(ScannerList::const_iterator position) {
   std::unique_ptr<CScanner> scanner(*position);
   if (scanCursor == position) ++scanCursor;

@@ -1,4 +1,4 @@
-// What the agent offers beside the session: long operations, the log book, checks and texts.
+// The services of the agent outside the session: long operations, the log book, checks and texts.
 
 #include <algorithm>
 #include <cstdlib>
@@ -72,7 +72,7 @@ Status CAgent::CheckDatabase() {
   });
 }
 
-// The one way by which a local code gets into the last error: -1 for texts that do not fit.
+// Records -1 for texts that do not fit. No other operation records a local code.
 Status CAgent::RecordedCommand(std::int32_t kind, const char* first, const char* second) {
   lastError = DatabaseCommand(kind, first, second);
   return lastError;
@@ -103,7 +103,7 @@ Status CAgent::DatabaseCommand(std::int32_t kind, const char* first, const char*
 
 Status CAgent::ReadLog(const std::string& user) {
   ABIdent book(BookKind::kLog, kLogBook);
-  ABIdent sized = book;  // a copy for each call: the server may write into it
+  ABIdent sized = book;  // a copy for each call: the server may overwrite it
   std::uint32_t count = 0;
   const Status status = IMSPSizeofAB(&sized, &count, user.c_str());
   if (status != kNoError) return status;
@@ -146,7 +146,7 @@ Status CAgent::ValidateString(const std::string& text, std::int32_t limit) {
   if (static_cast<std::int64_t>(text.size()) >= limit) return kRefused;
   if (text.find('*') != std::string::npos) return kUnusableInput;
   if (IMSPCheckString(text.c_str(), limit) != kNoError) return kUnusableInput;
-  // The first character may be any: applications rely on names that begin with an 8-bit one.
+  // The first character is not checked: applications use names that begin with an 8-bit character.
   const bool sevenBit = std::none_of(text.begin() + (text.empty() ? 0 : 1), text.end(),
                                      [](char c) { return (c & 0x80) != 0; });
   return sevenBit ? kNoError : kMissingArgument;
@@ -160,7 +160,7 @@ Status CAgent::ServerText(char* text) {
   const Status status = IMSPIOCtl(&request);
   text[0] = '\0';
   if (status != kNoError || request.text == nullptr) return status;
-  // The server may leave the reply anywhere; in our buffer it ends where the buffer ends.
+  // The server may point the record to memory of its own. Our own buffer needs a NUL at its end.
   reply[kServerTextSize - 1] = '\0';
   const char* end = std::find(request.text, request.text + kServerTextSize - 1, '\0');
   *std::copy(const_cast<const char*>(request.text), end, text) = '\0';

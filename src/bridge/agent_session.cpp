@@ -1,4 +1,4 @@
-// The life of the server library and the ways to log in and out.
+// Loading of the server library, and logging in and out.
 
 #include <array>
 #include <cstring>
@@ -145,16 +145,16 @@ Status CAgent::ReadUser(CUserRecord* user) {
 Status CAgent::ModifyUser(CUserRecord* user) {
   ABIdent book(BookKind::kUsers, kUsersBook);
   EntryKey key = EntryKey::Of(user->name.View());
-  // A copy: a server that writes into it changes nothing here.
+  // A copy: a server that overwrites it does not change `user`.
   Wiped<CUserEntry> sent(*user);
   return IMSPModifyEntry(&book, &key, &sent);
 }
 
-// Makes `user` the current one as the server knows it; on a failure there is none.
+// Makes `user` the current one, with the record from the server; none on failure.
 Status CAgent::AdoptUser(const CUserRecord& user, std::int32_t loadPrivateBook) {
   auto adopted = std::make_unique<CUserRecord>();
   adopted->SetFrom(nullptr, user);
-  currentUser = std::move(adopted);  // only now: `user` may be the record that goes
+  currentUser = std::move(adopted);  // only now: this may destroy `user`
   const Status status = ReadUser(currentUser.get());
   if (lastError != kNoError) {
     currentUser.reset();
@@ -164,7 +164,7 @@ Status CAgent::AdoptUser(const CUserRecord& user, std::int32_t loadPrivateBook) 
   return status;
 }
 
-// A scanner for the appliance that has just let us in. Without a target it has no name.
+// Adds a scanner for the appliance of an accepted login. Without a target it has no name.
 void CAgent::AddScannerFor(const CScanner* target, std::uint32_t address,
                            const Identity& identity) {
   auto scanner = std::make_unique<CScanner>();

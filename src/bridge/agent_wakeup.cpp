@@ -1,4 +1,4 @@
-// The sign of life that keeps the server from dropping the session.
+// The session keep-alive: without it the server drops the session.
 
 #include <utility>
 
@@ -10,8 +10,8 @@ namespace {
 
 constinit KeepAliveSender keepAliveSender = nullptr;
 
-// Its result is discarded, so that a failing sign of life never changes the last error.
-void SendSignOfLife() {
+// Discards the status, so that a failed keep-alive does not change the last error.
+void SendKeepAlive() {
   auto* wakeup =
       reinterpret_cast<Status (*)()>(FindEntryPoint(TheAgent.ServerLibrary(), "IMSPWakeup"));
   if (wakeup != nullptr) wakeup();
@@ -20,9 +20,9 @@ void SendSignOfLife() {
 // What the timer runs.
 void OnWakeupTimer() {
   if (keepAliveSender != nullptr) {
-    keepAliveSender(SendSignOfLife);
+    keepAliveSender(SendKeepAlive);
   } else {
-    SendSignOfLife();
+    SendKeepAlive();
   }
 }
 
@@ -39,9 +39,9 @@ Status CAgent::StartWakeup() {
   const Status status = IMSPIOCtl(&request);
   if (status != kNoError) return status;
   const std::uint32_t period = request.value >> 1;
-  const TimerId earlier = wakeupTimer;  // one with a period of 0 passes for none
+  const TimerId earlier = wakeupTimer;  // a period of 0 means no timer
   wakeupTimer = StartThreadTimer(period, OnWakeupTimer);
-  wakeupPeriod = period;  // only now: the timer may have been refused its memory
+  wakeupPeriod = period;  // only now: the allocation of the timer may fail
   if (earlier != 0) StopThreadTimer(earlier);
   return lastError;
 }

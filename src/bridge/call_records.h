@@ -1,4 +1,4 @@
-// The small records that server calls take beside a book, a key and an entry.
+// Further records of server calls, besides books, keys and entries.
 
 #ifndef QUILLKIT_BRIDGE_CALL_RECORDS_H_
 #define QUILLKIT_BRIDGE_CALL_RECORDS_H_
@@ -11,19 +11,19 @@
 
 namespace quillkit {
 
-// A run of a book for the bulk reads.
+// The part of a book that a bulk read delivers.
 struct KeyRange {
-  FixedText<32> first;   // deliver what sorts behind this key (before it, reading back); empty: all
+  FixedText<32> first;   // entries after this key (before it, reading backward); empty: all
   FixedText<32> filter;  // empty or "*": every entry; text and "*": names that begin with the text;
-                         // in LOGAB a user's name
-  std::int32_t skip = 0;  // matching entries to pass over before delivering
+                         // in LOGAB the name of a user
+  std::int32_t skip = 0;  // number of matching entries to skip first
 
   KeyRange() = default;
   KeyRange(std::string_view firstName, std::string_view filterText, std::int32_t skipCount = 0)
       : first(firstName), filter(filterText), skip(skipCount) {}
 };
 
-// One row of a book's letter census.
+// One row of the letter census of a book.
 struct PageBoundary {
   char letter = '\0';
   char reserved[3] = {};
@@ -43,19 +43,19 @@ struct LoginRecord {
 enum class IOCtlCode : std::int32_t {
   kSetTimeout = 1,       // value in: milliseconds
   kGetTimeout = 2,       // value out: milliseconds
-  kGetWakeupPeriod = 6,  // value out: milliseconds that the server allows between signs of life
+  kGetWakeupPeriod = 6,  // value out: milliseconds that the server allows between keep-alives
   kDatabaseCommand = 7,  // value 0; text in: the command
-  kGetText = 12,         // text in: 400 bytes, the first NUL; text out: where the reply stands
+  kGetText = 12,         // text in: 400 bytes, the first NUL; text out: pointer to the reply
 };
 
-// The one record whose size depends on the platform: 12 bytes with 32-bit pointers.
+// The only record whose size depends on the platform: 12 bytes with 32-bit pointers.
 struct IOCtlRecord {
   IOCtlCode code = IOCtlCode::kGetTimeout;
   std::uint32_t value = 0;
   char* text = nullptr;
 };
 
-// One row of the log book. The library fetches, counts and hands it out, and reads nothing of it.
+// One row of the log book. The library does not interpret it.
 struct LogRecord {
   char bytes[200] = {};
 };

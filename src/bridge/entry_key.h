@@ -16,22 +16,22 @@ struct EntryKey {
   EntryKey() = default;
   explicit EntryKey(std::string_view text) : name(text) {}
 
-  // The key of a name; the empty one for a name of 32 or more characters, which cut could be the
-  // name of another.
+  // Returns the key of a name, or the empty key for a name of 32 or more characters: truncated, it
+  // could be the name of another entry.
   static EntryKey Of(std::string_view name) {
     EntryKey key;
     key.SetKey(name);
     return key;
   }
 
-  // 1, or 0 and no change for a text of 32 or more characters.
+  // Returns 1, or 0 and no change for a text of 32 or more characters.
   int SetKey(std::string_view text) { return name.Set(text); }
 
   // Ends the text inside its field. Call it for rows from a server.
   void Terminate() { name.Terminate(); }
 
-  // Below, at or above 0 as this key sorts before, with or after `other`: by unsigned bytes up to
-  // the first NUL.
+  // Returns a number below, equal to or above 0 if this key sorts before, like or after `other`.
+  // Compares unsigned bytes up to the first NUL.
   int Compare(const EntryKey& other) const { return name.View().compare(other.name.View()); }
 
   friend bool operator==(const EntryKey& a, const EntryKey& b) { return a.name == b.name; }

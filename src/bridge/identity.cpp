@@ -5,13 +5,13 @@
 namespace quillkit {
 namespace {
 
-constexpr std::string_view kBlanks = " \t\n\v\f\r";
+constexpr std::string_view kSpaces = " \t\n\v\f\r";
 
-std::string_view SkipBlanks(std::string_view text) {
-  return text.substr(std::min(text.find_first_not_of(kBlanks), text.size()));
+std::string_view SkipSpaces(std::string_view text) {
+  return text.substr(std::min(text.find_first_not_of(kSpaces), text.size()));
 }
 
-// Takes the text up to the next character of `ends`, at least one character of it, off the front.
+// Moves the text before the next character of `ends` into `field`. Returns false if it is empty.
 template <class Field>
 bool TakeField(std::string_view& text, std::string_view ends, Field& field) {
   const std::string_view taken = text.substr(0, text.find_first_of(ends));
@@ -20,11 +20,11 @@ bool TakeField(std::string_view& text, std::string_view ends, Field& field) {
   return !taken.empty();
 }
 
-// Takes a dash and the blanks around it off the front.
+// Removes a dash and the spaces around it from the front. Returns false if there is none.
 bool TakeDash(std::string_view& text) {
-  text = SkipBlanks(text);
+  text = SkipSpaces(text);
   if (text.empty() || text.front() != '-') return false;
-  text = SkipBlanks(text.substr(1));
+  text = SkipSpaces(text.substr(1));
   return true;
 }
 
@@ -34,7 +34,7 @@ Identity ParseIdentity(std::string_view text) {
   Identity identity;
   const bool complete = TakeField(text, "-", identity.model) && TakeDash(text) &&
                         TakeField(text, "-", identity.version) && TakeDash(text);
-  if (complete) TakeField(text, kBlanks, identity.third);
+  if (complete) TakeField(text, kSpaces, identity.third);
   return identity;
 }
 

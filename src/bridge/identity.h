@@ -1,4 +1,4 @@
-// What a server says of itself at login: "model - version - third".
+// The identity text that a server sends at login: "model - version - third".
 
 #ifndef QUILLKIT_BRIDGE_IDENTITY_H_
 #define QUILLKIT_BRIDGE_IDENTITY_H_
@@ -9,16 +9,15 @@
 
 namespace quillkit {
 
-// Model and version run up to the dash and so keep any blank that stands before it; the third field
-// is a single word. Each is cut at 63 characters.
+// Model and version end at the dash and keep any space before it. The third field is a single word.
+// Each is truncated to 63 characters.
 struct Identity {
   FixedText<64> model;
   FixedText<64> version;
   FixedText<64> third;
 };
 
-// Reads an identity text. A field that is missing or malformed is empty, and so is every one behind
-// it.
+// Parses an identity text. A missing or malformed field is empty, and so are all fields after it.
 Identity ParseIdentity(std::string_view text);
 
 }  // namespace quillkit

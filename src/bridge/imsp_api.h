@@ -1,9 +1,9 @@
-// The entry points of the server library, as the agent calls them and the simulator offers them.
+// The entry points of the server library. The agent calls them; the simulator implements them.
 //
-// Records and buffers are the caller's, and no pointer to one is kept after the call. A count
-// pointer is in and out: in, the records that fit the buffer; out, the records delivered. A filter
-// or range may be null where the comment says so. `direction` is 1 to read forward from the range's
-// `first` and 0 to read back from it. Every result is a Status.
+// The caller owns records and buffers; no pointer is kept after the call. A count pointer is input
+// and output: the number of records that fit the buffer, then the number delivered. A filter or
+// range may be null where the comment says so. `direction` is 1 to read forward from the range's
+// `first`, and 0 to read backward from it. Every function returns a Status.
 
 #ifndef QUILLKIT_BRIDGE_IMSP_API_H_
 #define QUILLKIT_BRIDGE_IMSP_API_H_
@@ -16,8 +16,8 @@ namespace quillkit {
 
 extern "C" {
 
-// Life of the library and session. IMSPLogin fills `identity`, a buffer of `capacity` bytes (256),
-// with "model - version - third".
+// Library and session. IMSPLogin stores "model - version - third" in `identity`, a buffer of
+// `capacity` bytes (256).
 Status IMSPInit();
 Status IMSPTerminate();
 Status IMSPLogin(LoginRecord* login, char* identity, std::uint32_t capacity);
@@ -29,8 +29,8 @@ Status IMSPCheckString(const char* text, std::int32_t maximumLength);
 Status IMSPBatchConfiguration(const char* path);
 Status IMSPChangeIdentity(EntryKey* user);
 
-// Books. A null filter means the whole book. IMSPSizeofAB's count is out only. IMSPListAB with a
-// null range and a null buffer delivers the number alone.
+// Books. A null filter means the whole book. The count of IMSPSizeofAB is only an output.
+// IMSPListAB with a null range and a null buffer delivers only the number.
 Status IMSPCreateAB(ABIdent* book);
 Status IMSPDeleteAB(ABIdent* book);
 Status IMSPClearAB(ABIdent* book, const char* filter);
@@ -43,14 +43,13 @@ Status IMSPListAB(ABIdent* selector, KeyRange* range, ABIdent* books, std::uint3
                   std::int32_t direction);
 Status IMSPReadPageBoundaries(ABIdent* book, PageBoundary* table, std::uint32_t* count);
 
-// Entries. The record's type is that of the book.
+// Entries. The type of the record depends on the book.
 Status IMSPCreateEntry(ABIdent* book, void* record);
 Status IMSPReadEntryProperties(ABIdent* book, EntryKey* key, void* record);
 Status IMSPModifyEntry(ABIdent* book, EntryKey* key, void* record);
 Status IMSPDeleteEntry(ABIdent* book, EntryKey* key);
 
-// Transfers that the library forwards and never uses itself; only the number of arguments is
-// settled.
+// Transfers. The library only forwards them; only the number of arguments is known.
 Status IMSPExport(std::uint32_t first, std::uint32_t second);
 Status IMSPGetExportFile(std::uint32_t first, std::uint32_t second, std::uint32_t third);
 Status IMSPImport(std::uint32_t first, std::uint32_t second, std::uint32_t third);

@@ -1,10 +1,10 @@
-// One selectable entry under a soft key, and also a soft key's own entry in the top-level book, in
-// which only the name is filled in.
+// One menu item of a soft key, and also a soft key's entry in the top-level book, where only the
+// name is set.
 //
-// The record is three things at once: the object behind a handle from CreateMenuItem, an element of
-// a CSoftKey's block, and the entry record that travels to the server byte for byte. It holds no
-// reference to anything and may be copied as a block. `name` is its key, and the only field that
-// anything searches or compares.
+// The record has three uses: it is the object of a handle from CreateMenuItem, an element of the
+// block of a CSoftKey, and the entry record that is sent to the server byte for byte. It holds no
+// references and may be copied bytewise. `name` is its key, and the only field that is searched or
+// compared.
 
 #ifndef QUILLKIT_BRIDGE_MENU_ITEM_H_
 #define QUILLKIT_BRIDGE_MENU_ITEM_H_
@@ -28,8 +28,8 @@ struct CMenuItem {
   FixedText<128> path;
   FixedText<128> appTag;
 
-  // A text setter stores the text and gives 1, or refuses one that is too long with 0 and no
-  // change. Nothing else is checked: every byte but NUL and every word is accepted.
+  // Store a text or a word. Return 1; a text setter returns 0 and changes nothing for a text that
+  // is too long. Nothing else is checked: every byte except NUL and every word is accepted.
   int SetName(std::string_view text) { return name.Set(text); }
   int SetIPAddress(std::string_view text) { return ipAddress.Set(text); }
   int SetPath(std::string_view text) { return path.Set(text); }
@@ -37,17 +37,16 @@ struct CMenuItem {
   int SetSettings(std::uint32_t value);
   int SetFileFormat(std::uint32_t value);
 
-  // Stores the six fields in the order of the arguments. 1, or 0 at the first text that is refused:
-  // what was stored before it stays, and what comes after it is not touched.
+  // Stores the six fields in the order of the arguments. Returns 1, or 0 at the first text that is
+  // too long: the fields before it are changed, the others are not.
   int SetAll(std::string_view newName, std::string_view newPath, std::string_view newAppTag,
              std::string_view newIPAddress, std::uint32_t newSettings, std::uint32_t newFileFormat);
 
-  // The low 16 bits of `settings`; the setter keeps the high ones and gives 1.
+  // The low 16 bits of `settings`. The setter keeps the high bits and returns 1.
   std::uint16_t SettingsLowHalf() const { return static_cast<std::uint16_t>(settings); }
   int SetSettingsLowHalf(std::uint16_t value);
 
-  // Bits 16 to 19 of `settings`. The setter can only add bits, and gives 1: a value that is there
-  // is not lowered by it.
+  // Bits 16 to 19 of `settings`. The setter only adds bits, never clears them, and returns 1.
   std::uint32_t SettingsNibble() const { return (settings >> 16) & 0xF; }
   int AddSettingsNibble(std::uint32_t value);
 
@@ -60,8 +59,8 @@ struct CMenuItem {
   // The smallest number of bytes in an archive: four empty texts and two words.
   static constexpr std::size_t kSmallestStored = 12;
 
-  // name, path, ipAddress, appTag, settings, fileFormat. Loading drops a text that is too long for
-  // its field, which then keeps what it held.
+  // name, path, ipAddress, appTag, settings, fileFormat. Loading ignores a text that is too long
+  // for its field, which then keeps its value.
   void Serialize(Archive& archive);
 };
 

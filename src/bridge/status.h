@@ -1,4 +1,4 @@
-// The result of a server call, and the texts of its codes.
+// The status of a server call, and the texts of its codes.
 
 #ifndef QUILLKIT_BRIDGE_STATUS_H_
 #define QUILLKIT_BRIDGE_STATUS_H_
@@ -11,7 +11,7 @@ namespace quillkit {
 // 0, a server code, or one of the local codes below 0.
 using Status = std::int32_t;
 
-// The server's codes. The library itself raises or tells apart those with a comment.
+// The codes of the server. The library itself raises or tests those with a comment.
 inline constexpr Status kNoError = 0;
 inline constexpr Status kDuplicateLogin = 1;
 inline constexpr Status kWrongUser = 2;
@@ -38,15 +38,15 @@ inline constexpr Status kBusy = 22;
 inline constexpr Status kBookFull = 24;     // a limit of the library or the server
 inline constexpr Status kInvalidHost = 25;  // a host name that does not resolve
 
-// Local codes. They are results only and are not recorded as the last error, with the one exception
-// that CAgent::BackupDatabase and RestoreDatabase tell.
+// Local codes. They are returned and not recorded as the last error; the only exception is
+// described at CAgent::BackupDatabase and RestoreDatabase.
 inline constexpr Status kRefused = -1;          // not connected, no such file, or a bad argument
 inline constexpr Status kUnusableInput = -2;    // a file that cannot be read, a text not accepted
 inline constexpr Status kMissingArgument = -3;  // an argument is absent, or not 7-bit
 inline constexpr Status kUnknownFormat = -11;
 
-// The text of a code. Codes 23 and 26 to 31 have none and give an empty text; a negative code or
-// one of 32 or more gives "Unknown Error Code !". Never null; lives as long as the library.
+// Returns the text of a code: empty for 23 and 26 to 31, "Unknown Error Code !" for a negative code
+// and for 32 or more. Valid as long as the library.
 std::string_view StatusText(Status code);
 
 }  // namespace quillkit

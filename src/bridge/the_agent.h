@@ -1,4 +1,4 @@
-// The agent that the whole library works with.
+// The agent that the library uses.
 
 #ifndef QUILLKIT_BRIDGE_THE_AGENT_H_
 #define QUILLKIT_BRIDGE_THE_AGENT_H_
@@ -7,8 +7,8 @@
 
 namespace quillkit {
 
-// An inline variable, so that it is constructed before, and destroyed after, every static object
-// that is defined behind this header.
+// An inline variable: it is constructed before, and destroyed after, every static object that is
+// defined after this header.
 inline CAgent TheAgent;
 
 }  // namespace quillkit

@@ -15,7 +15,7 @@ namespace quillkit {
 
 class Archive;
 
-// Account names that the system knows.
+// The predefined account names.
 inline constexpr std::string_view kAdministratorName = "ADMINISTRATOR";
 inline constexpr std::string_view kToolkitName = "TOOLKIT";
 inline constexpr std::string_view kGuestName = "GUEST";
@@ -29,18 +29,18 @@ struct CUserEntry {
   std::uint32_t flags = 0;    // bit 0: an on-off state; bit 4: a once-only mark
   std::uint32_t nibbles = 0;  // bits 0 to 3 and bits 4 to 7
 
-  // Stores all but `tag` and gives 1. 0 and no change for a password over 15 or a third or fourth
-  // text over 255 characters. The name's length is not tested: one over 31 characters makes a
-  // record that is not valid, whose Name() must not be asked for.
+  // Stores all fields except `tag`. Returns 1, or 0 and no change for a password over 15 or a third
+  // or fourth text over 255 characters. The length of the name is not checked: with one over 31
+  // characters the record is not valid, and Name() must not be called.
   int Set(std::string_view newName, std::string_view newPassword, std::string_view newThird,
           std::string_view newFourth, const std::uint32_t* newFlags,
           const std::uint32_t* newNibbles);
 
-  // The four texts are equal, byte for byte; the words play no part.
+  // Returns whether the four texts are equal, byte for byte. The words are ignored.
   bool Equals(const CUserEntry& other) const;
   bool Differs(const CUserEntry& other) const { return !Equals(other); }
 
-  // Copy a field out.
+  // Store a field in the argument.
   void GetName(std::string& text) const { text = name.View(); }
   void GetPassword(std::string& text) const { text = password.View(); }
   void GetThird(std::string& text) const { text = third.View(); }
@@ -49,7 +49,7 @@ struct CUserEntry {
   void GetFlags(std::uint32_t* word) const { *word = flags; }
   void GetNibbles(std::uint32_t* word) const { *word = nibbles; }
 
-  // The field in place, good as long as the record.
+  // Return a field in place; valid as long as the record.
   const char* Name() const { return name.c_str(); }
   const char* Password() const { return password.c_str(); }
   const char* Third() const { return third.c_str(); }
@@ -60,19 +60,19 @@ struct CUserEntry {
 
   bool HasTag() const { return tag != 0; }
 
-  // 1, or 0 and no change for a text over 31, 15, 255, 255 characters.
+  // Return 1, or 0 and no change for a text over 31, 15, 255 or 255 characters.
   int SetName(std::string_view text) { return name.Set(text); }
   int SetPassword(std::string_view text) { return password.Set(text); }
   int SetThird(std::string_view text) { return third.Set(text); }
   int SetFourth(std::string_view text) { return fourth.Set(text); }
 
-  // Store the word and give 1.
+  // Store the word. Always return 1.
   int SetTag(const std::uint32_t* word);
   int SetFlags(const std::uint32_t* word);
   int SetNibbles(const std::uint32_t* word);
 
-  // Add the low four bits of the byte to the low or the high nibble and give 1. Bits are added and
-  // never cleared.
+  // Add the low four bits of the byte to the low or the high nibble; never clear bits. Always
+  // return 1.
   int AddLowNibble(const std::uint8_t* bits);
   int AddHighNibble(const std::uint8_t* bits);
   std::uint32_t LowNibble() const { return nibbles & 0xF; }

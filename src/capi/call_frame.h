@@ -1,9 +1,8 @@
-// What surrounds the work of every function: it waits for its turn, its arguments are checked and
-// turned into the library's, and no exception leaves it.
+// The frame of every function: waits for its turn, checks and converts the arguments, does the work
+// and converts exceptions to errors.
 //
-// An argument class keeps what the caller passed. Its Check(), which runs inside the turn, returns
-// 0 or one of the QUILL_E_ values; its Value() is valid after a 0. The checks run in the order of
-// the arguments.
+// An argument class stores an argument of the caller. Check() runs inside the turn and returns 0 or
+// a QUILL_E_ value; Value() is valid if it returned 0. Arguments are checked in their order.
 
 #ifndef QUILLKIT_CAPI_CALL_FRAME_H_
 #define QUILLKIT_CAPI_CALL_FRAME_H_
@@ -36,12 +35,12 @@ inline constexpr HandleKind kKindOf<CMenuItem> = HandleKind::kItem;
 template <>
 inline constexpr HandleKind kKindOf<CUserRecord> = HandleKind::kUser;
 
-// What the work of a function needs of an object.
+// What a function requires of an object.
 enum class Need {
   kAlive,
-  kAliveOrNone,  // 0 stands for no object
-  kItsBook,      // a key whose server operations reach a book that lives, or none
-  kOwnership     // the application's
+  kAliveOrNone,  // the handle may be 0
+  kItsBook,      // a key whose book, if it has one, is alive
+  kOwnership     // owned by the application
 };
 
 template <class Object, Need kNeed = Need::kAlive>
@@ -86,7 +85,7 @@ class TextArgument {
   const char* text;
 };
 
-// Where the number or the text of a result goes.
+// The targets of results: a number and a text.
 class NumberResult {
  public:
   explicit NumberResult(std::uint32_t* newTarget) : target(newTarget) {}
@@ -96,7 +95,7 @@ class NumberResult {
 
   std::uint32_t* Target() const { return target; }
 
-  // 1.
+  // Returns 1.
   std::int32_t Take(std::uint32_t number) const {
     *target = number;
     return 1;
@@ -115,7 +114,7 @@ class TextResult {
   }
   const TextResult& Value() const { return *this; }
 
-  // 1, or QUILL_E_BUFFER.
+  // Returns 1, or QUILL_E_BUFFER.
   std::int32_t Take(const char* text) const {
     const std::size_t needed = std::strlen(text) + 1;
     const bool fits = needed <= *size;
@@ -130,7 +129,7 @@ class TextResult {
   std::uint32_t* size;
 };
 
-// Where the handle of an object goes that belongs to a parent, or to the application; 0 until then.
+// The target of a handle, 0 until Take. The object belongs to the parent or to the application.
 class HandleResult {
  public:
   explicit HandleResult(quill_handle* newTarget, quill_handle newParent = 0)
@@ -141,7 +140,7 @@ class HandleResult {
   std::int32_t Check() const { return target != nullptr ? 0 : QUILL_E_ARGUMENT; }
   const HandleResult& Value() const { return *this; }
 
-  // 1, or 0 for null.
+  // Returns 1, or 0 for null.
   template <class Object>
   std::int32_t Take(Object* object) const {
     return TakeUnder(usualParent, object);
@@ -151,7 +150,7 @@ class HandleResult {
     return Enter(object, parent, false);
   }
 
-  // The same of an object that the application owns from here on.
+  // The same, for an object that the application owns from now on.
   template <class Object, class Destroy>
   std::int32_t TakeForApplication(Object* object, Destroy destroy) const {
     std::unique_ptr<Object, Destroy> held(object, destroy);
@@ -190,8 +189,8 @@ decltype(auto) ValueOf(const Argument& argument) {
   }
 }
 
-// Does `work` on the values of the arguments, and gives its result, 1 where it has none; or the
-// fault of the turn or the first of an argument, with nothing done.
+// Calls `work` with the values of the arguments and returns its result, or 1 if it has none. If the
+// turn or an argument has an error, returns the first one and does nothing.
 template <class Work, class... Arguments>
 std::int32_t InTurn(Work work, Arguments... arguments) noexcept {
   try {
@@ -212,20 +211,20 @@ std::int32_t InTurn(Work work, Arguments... arguments) noexcept {
   }
 }
 
-// Work whose result goes where its first argument says: a text, a number or a handle.
+// Work that stores its result, a text, a number or a handle, in its first argument.
 template <auto kFunction>
 inline constexpr auto kGive = [](const auto& result, const auto&... arguments) {
   return result.Take(kFunction(arguments...));
 };
 
-// Work that destroys an object of the application.
+// Work that destroys an object of the application and ends its handle.
 template <auto kFunction>
 inline constexpr auto kDestroy = [](auto* object) {
   Handles().End(object);
   kFunction(object);
 };
 
-// Does something at the end of a block, be it left by an exception, unless that is called off.
+// Runs an action at the end of a block, also after an exception, unless it is released.
 template <class Action>
 class ScopeExit {
  public:
@@ -243,7 +242,7 @@ class ScopeExit {
   bool isArmed = true;
 };
 
-// Work that ends the library's objects under its first argument unless it gives `kUnchanged`.
+// Work that ends the handles below its first argument unless it returns `kUnchanged`.
 template <auto kFunction, std::int32_t kUnchanged>
 inline constexpr auto kChange = [](auto* changed, const auto&... arguments) {
   ScopeExit end([=] { Handles().EndBelow(changed); });
@@ -252,7 +251,7 @@ inline constexpr auto kChange = [](auto* changed, const auto&... arguments) {
   return result;
 };
 
-// Work that ends them when its last argument, `reload`, is set.
+// Work that ends these handles if its last argument, `reload`, is set.
 template <auto kFunction>
 inline constexpr auto kReload = [](std::int32_t reload, auto* changed, const auto&... arguments) {
   ScopeExit end([=] { Handles().EndBelow(changed); });

@@ -10,16 +10,15 @@
 namespace quillkit::capi {
 namespace {
 
-// Recursive: a keep-alive that falls due inside a call of its own thread is sent there, and a
-// nested call is refused instead of blocked for ever.
+// Recursive: a thread inside a call can send a due keep-alive and detect a nested call.
 constinit std::recursive_mutex door;
-constinit int depth = 0;  // of the thread that holds the door
+constinit int depth = 0;  // of the thread that holds the lock
 
-// A keep-alive that waits for the door to be free.
+// A keep-alive that waits for the lock.
 constinit std::atomic<KeepAlive> owed = nullptr;
 
-// Sends what is owed unless another thread holds the door. That thread looks for it once it has
-// left, so that none stays behind.
+// Sends a waiting keep-alive unless another thread holds the lock. That thread sends it after it
+// has released the lock.
 void SendOwed() {
   while (owed.load() != nullptr && door.try_lock()) {
     ++depth;

@@ -1,4 +1,4 @@
-// The turns of threads: one call at a time is inside the library, and so is the session keep-alive.
+// The turns of threads: one call or keep-alive at a time is inside the library.
 
 #ifndef QUILLKIT_CAPI_CALL_TURN_H_
 #define QUILLKIT_CAPI_CALL_TURN_H_
@@ -7,12 +7,12 @@
 
 namespace quillkit::capi {
 
-// The turn of one call, from construction to destruction. The constructor waits while another
-// thread's call is inside. A turn that has a fault was not given: the call must do nothing.
+// The turn of one call, from construction to destruction. The constructor waits while the call of
+// another thread is inside. If Fault() is not 0, the call has no turn and must do nothing.
 //
-// A keep-alive that falls due while another thread's call is inside is sent at the end of that
-// call's turn. The thread that it belongs to never waits for it, so its windows stay responsive
-// during an import of another thread.
+// A keep-alive that is due while the call of another thread is inside is sent at the end of that
+// call. The thread of the keep-alive does not wait, so its windows stay responsive during an import
+// on another thread.
 class CallTurn {
  public:
   CallTurn();
@@ -20,8 +20,8 @@ class CallTurn {
   CallTurn& operator=(const CallTurn&) = delete;
   ~CallTurn();
 
-  // 0; QUILL_E_NESTED inside another call of the thread; QUILL_E_FORKED in a forked child, which
-  // touches no lock: its holder may not exist there.
+  // Returns 0; QUILL_E_NESTED inside another call of the thread; QUILL_E_FORKED in a forked child.
+  // The child does not take the lock, whose holder may not exist there.
   std::int32_t Fault() const { return fault; }
 
  private:

@@ -1,4 +1,4 @@
-// Soft keys: the book of them, and one key with its items.
+// The book of soft keys, and one key with its items.
 
 #include "capi/call_frame.h"
 
@@ -7,7 +7,7 @@ using namespace quillkit::capi;
 
 namespace {
 
-// The key in memory that has the name of `key`, or null.
+// Returns the cached key with the name of `key`, or null.
 CSoftKey* NamesakeOf(CTopLevelAB* book, CSoftKey* key) {
   return GetKeyAt(book, FindSoftKeyIndex(book, GetKeyName(key)));
 }
@@ -20,7 +20,7 @@ std::int32_t RemoveKey(CTopLevelAB* book, CSoftKey* key) {
 }
 
 std::int32_t WriteKey(CTopLevelAB* book, CSoftKey* key) {
-  // The key in memory takes over the book of `key` too, and would be left with it.
+  // The cached key would also get the book of `key` as its owner.
   if (!Handles().IsUnder(key, book)) return QUILL_E_OWNER;
   const CSoftKey* written = NamesakeOf(book, key);
   ScopeExit end([=] {

@@ -1,4 +1,4 @@
-// Session, errors, the appliance and imports; and what this library tells of itself.
+// Session, errors, the appliance, imports, and information on this library.
 
 #include <algorithm>
 #include <cstddef>
@@ -34,9 +34,9 @@ void EndSession() {
   Handles().EndAll(HandleKind::kScanner);
 }
 
-// While a user is connected after a failure, the server was not asked and nothing has ended.
-// Otherwise the library may have freed the scanner of this address, and which one that is cannot be
-// told.
+// If a user is connected after a failure, no server call was made and no object has ended.
+// Otherwise the library may have destroyed the scanner of this address, and it is unknown which one
+// that is.
 std::int32_t OpenSession(const HandleResult& scanner, const std::string& host,
                          const std::string& user, const std::string& password,
                          const std::string& third, std::int32_t loadTopBook) {
@@ -51,7 +51,7 @@ std::int32_t OpenSession(const HandleResult& scanner, const std::string& host,
   return scanner.TakeUnder(address, box);
 }
 
-// The text's length first, then the text.
+// Asks for the length first, then for the text.
 std::int32_t GiveErrorText(const TextResult& result, std::int32_t code) {
   std::int32_t size = 0;
   TranslateToolkitError(code, nullptr, &size);
@@ -61,7 +61,7 @@ std::int32_t GiveErrorText(const TextResult& result, std::int32_t code) {
   return result.Take(text.c_str());
 }
 
-// An import's options as the library takes them, in storage with room for the whole column map.
+// The options of an import as ImportOptions, in storage with space for the whole column map.
 class Options {
  public:
   explicit Options(const quill_import_options& options) {

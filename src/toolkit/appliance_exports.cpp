@@ -1,4 +1,4 @@
-// What the appliance is, and who is logged in to it.
+// The appliance and its connected user.
 
 #include "appliance/scanner.h"
 #include "books/connected_user.h"
@@ -37,7 +37,7 @@ std::int32_t IsAdminConnected(CScanner* scanner) {
 
 CTopLevelAB* GetTopLevelAbook(CScanner* scanner) {
   return InFrame([&]() -> CTopLevelAB* {
-    // Exit leaves the session marked as open, and takes every scanner with it.
+    // Exit destroys the scanner but leaves the session marked as open.
     if (SessionOpen == 0 || TheAgent.ServerLibrary() == nullptr) return nullptr;
     return scanner->TopBook();
   });

@@ -1,4 +1,4 @@
-// What surrounds the work of every exported function.
+// The frame of every exported function.
 
 #ifndef QUILLKIT_TOOLKIT_CALL_FRAME_H_
 #define QUILLKIT_TOOLKIT_CALL_FRAME_H_
@@ -11,10 +11,9 @@
 
 namespace quillkit {
 
-// Does `work` inside the library's own context and gives its result. Each text argument reaches it
-// as a private copy, which ends at the first NUL: the caller's string may be the text of an object
-// that the work changes. The copies are wiped: one may be a password. An exception from the work
-// passes through.
+// Calls `work` in the context of the library and returns its result. `work` gets a copy of each
+// text argument, up to the first NUL: the text may belong to an object that `work` changes. The
+// copies are wiped: one may be a password. Exceptions of `work` pass through.
 template <class Work, class... Texts>
 auto InFrame(Work work, const Texts&... texts) {
   const CallScope scope;

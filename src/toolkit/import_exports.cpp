@@ -1,4 +1,4 @@
-// Filling address books from files.
+// Import of address books.
 
 #include "import/import_address_book.h"
 #include "toolkit/call_frame.h"

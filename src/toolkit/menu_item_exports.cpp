@@ -1,4 +1,4 @@
-// One menu item. Nothing here reaches the server.
+// One menu item, without server calls.
 
 #include <new>
 

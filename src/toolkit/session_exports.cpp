@@ -1,4 +1,4 @@
-// Logging in and out, and errors.
+// Session and errors.
 
 #include <algorithm>
 #include <string_view>

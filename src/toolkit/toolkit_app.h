@@ -1,4 +1,4 @@
-// What happens when the shared library is loaded and unloaded.
+// The start and the end of the shared library, at loading and unloading.
 
 #ifndef QUILLKIT_TOOLKIT_TOOLKIT_APP_H_
 #define QUILLKIT_TOOLKIT_TOOLKIT_APP_H_
@@ -7,12 +7,12 @@ namespace quillkit {
 
 class CToolkitApp {
  public:
-  // Starts the socket layer and loads the server library. A failure is shown in a message box and
-  // gives false; Stop() then clears up what was started.
+  // Starts the socket layer and loads the server library. On failure, shows a message box and
+  // returns false; call Stop() then.
   static bool Start();
 
-  // Does the work of Exit and releases the socket layer. No logout is sent. Where a process ends
-  // with the library still loaded, the server library may be gone already and hears nothing.
+  // Does the work of Exit and releases the socket layer. Does not log out. If the process ends
+  // while the library is loaded, the server library may be unloaded already and is then not called.
   static void Stop();
 };
 

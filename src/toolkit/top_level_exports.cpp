@@ -1,4 +1,4 @@
-// Soft keys as such: the set of keys and its changes.
+// The top-level book: the soft keys and their changes.
 
 #include "softkeys/top_level_ab.h"
 #include "toolkit/call_frame.h"

@@ -1,5 +1,4 @@
-// Quillkit's version. It stands here alone: the build reads it out of this file. A header for the
-// preprocessor of C and of C++.
+// The version of Quillkit, for C and C++. It is defined only here; the build reads this file.
 
 #ifndef QUILLKIT_TOOLKIT_VERSION_H_
 #define QUILLKIT_TOOLKIT_VERSION_H_
@@ -8,7 +7,7 @@
 #define QUILLKIT_VERSION_MINOR 1
 #define QUILLKIT_VERSION_PATCH 0
 
-// The same as a text, "0.1.0".
+// The version as a text, "0.1.0".
 #define QUILLKIT_VERSION \
   QUILLKIT_VERSION_TEXT(QUILLKIT_VERSION_MAJOR.QUILLKIT_VERSION_MINOR.QUILLKIT_VERSION_PATCH)
 #define QUILLKIT_VERSION_TEXT(version) QUILLKIT_VERSION_QUOTED(version)

@@ -5,10 +5,11 @@
 #include "platform/win32/process_end.h"
 #include "toolkit/toolkit_app.h"
 
-// The static objects are constructed before the first call, and destroyed after the last. All of it
-// runs under the system's loader lock: the start loads the server library and may show a message
-// box there, which no other thread of the application may wait for. `reserved` is not null when the
-// process ends rather than the DLL is unloaded; the server library then hears nothing.
+// Static objects are constructed before the first call and destroyed after the last one. Everything
+// runs under the loader lock of the system, where the start loads the server library and may show a
+// message box: no other thread of the application may wait for it. `reserved` is not null if the
+// process ends, otherwise the DLL is unloaded. At the end of the process the server library is not
+// called.
 extern "C" BOOL WINAPI DllMain(HINSTANCE /*module*/, DWORD reason, void* reserved) {
   if (reason == DLL_PROCESS_ATTACH) {
     if (quillkit::CToolkitApp::Start()) return TRUE;
