@@ -1,5 +1,5 @@
-// What every converter has in common: a text file that is read line by line, a script that is
-// written as it is read, and what comes of the two. Memory does not grow with the file.
+// The common part of the converters: reads a text file line by line, writes a script, and reports
+// errors of both. Memory use does not depend on the size of the file.
 
 #ifndef QUILLKIT_IMPORT_CONVERSION_H_
 #define QUILLKIT_IMPORT_CONVERSION_H_
@@ -12,11 +12,11 @@
 
 namespace quillkit {
 
-// What a converter returns.
+// The results of a converter.
 inline constexpr std::int32_t kConverted = 0;
-// The script cannot be created, or not all of it could be written: a full disk.
+// The script cannot be created or completely written, as on a full disk.
 inline constexpr std::int32_t kScriptFailed = -1;
-// The source cannot be opened, is a folder, or a read of it failed.
+// The source cannot be opened or read, or is a folder.
 inline constexpr std::int32_t kSourceFailed = -2;
 
 class Conversion {
@@ -25,13 +25,13 @@ class Conversion {
   // the source fails, the script is untouched. Called once.
   std::int32_t Open(ConversionJob* job);
 
-  // Stores the source's next line as LineReader does. False when there is none, and as soon as the
-  // script can no longer be written.
+  // Stores the next line of the source, as LineReader::Next does. Returns false at the end, and
+  // after the script could not be written.
   bool NextLine(TextSpan* line) { return writer.IsGood() && source.Next(line); }
 
   ScriptWriter& script() { return writer; }
 
-  // Completes the script and closes it. A script that is not complete is never kConverted.
+  // Completes and closes the script. Returns kConverted only if the script is complete.
   std::int32_t Close();
 
  private:

@@ -11,7 +11,7 @@
 namespace quillkit {
 namespace {
 
-// The line without the spaces and newlines at its end.
+// Returns the line without the spaces and newlines at its end.
 TextSpan WithoutEnd(TextSpan line) {
   while (!line.empty() && (line.back() == ' ' || line.back() == '\n')) {
     line.back() = '\0';
@@ -30,8 +30,8 @@ bool IsTrimmed(char c) {
   return c == ' ' || c == '"' || (c >= '\t' && c <= '\r');
 }
 
-// The value of a field, in its place: its quotes go first and then the white space at its ends,
-// which is to say both at the ends and then the quotes between.
+// Returns the value of a field, in place. Trims quotes and white space from both ends, then removes
+// the quotes inside: the same as removing the quotes first.
 std::string_view FieldValue(TextSpan field) {
   char* begin = field.data();
   char* end = begin + field.size();
@@ -73,7 +73,7 @@ int SplitMappedColumns(char* line, std::span<const std::int32_t> columnMap,
                        std::span<std::string_view> out, const char* separator) {
   std::fill(out.begin(), out.end(), std::string_view());
   if (columnMap.empty()) return 1;
-  // Columns behind the last one that is wanted are not looked at.
+  // Columns after the last one in the map are not read.
   const std::int32_t last = *std::max_element(columnMap.begin(), columnMap.end());
   for (std::int32_t column = 0; column <= last; ++column) {
     const TextSpan field = NextQuotedField(column == 0 ? line : nullptr, *separator);

@@ -1,8 +1,8 @@
-// Turns a delimited text file into a script for one of four books.
+// Converts a delimited text file into a script for one of four books.
 //
-// A line is a row of fields; a field may be wrapped in double quotes to hold the separator. Spaces
-// and newlines at a line's end are dropped, and so are lines that are then empty. A value is its
-// field without any double quote, those inside it too, and then without white space at both ends.
+// A line is a row of fields. A field may be in double quotes, to contain the separator. Spaces and
+// newlines at the end of a line are removed; empty lines are skipped. The value of a field is its
+// text without any double quotes, and without white space at both ends.
 
 #ifndef QUILLKIT_IMPORT_CONVERT_DELIMITED_TEXT_H_
 #define QUILLKIT_IMPORT_CONVERT_DELIMITED_TEXT_H_
@@ -35,9 +35,9 @@ struct DelimitedLayout {
 // the book holds the book's word. Returns what ConvertDirectoryExport returns.
 std::int32_t ConvertDelimitedText(ConversionJob job, const DelimitedLayout& layout);
 
-// Stores in out[i] the value of the column that columnMap[i] names, and gives 1. A quote that is
-// not closed ends the row in front of its field. The values lie in `line`, a NUL-terminated text
-// that the splitting uses up. REQUIRES: `out` is as long as `columnMap`.
+// Stores the value of column columnMap[i] in out[i]. Always returns 1. An unclosed quote ends the
+// row before its field. The values point into `line`, a NUL-terminated text that is changed.
+// REQUIRES: `out` is as long as `columnMap`.
 int SplitMappedColumns(char* line, std::span<const std::int32_t> columnMap,
                        std::span<std::string_view> out, const char* separator);
 

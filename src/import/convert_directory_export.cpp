@@ -17,8 +17,8 @@ constexpr std::string_view kEntryMark = "dn:";
 constexpr std::string_view kNameMark = "cn:";
 constexpr std::string_view kAddressMark = "mail:";
 
-// Whether kEntryMark begins at one of the eight characters from `at` on; two more follow them.
-// Looks at all eight together: a byte of `differences` is zero where the mark begins.
+// Returns whether kEntryMark begins at one of the eight characters from `at` on; two more follow
+// them. Compares all eight at once: a byte of `differences` is zero where the mark begins.
 bool BeginsInEight(const char* at) {
   constexpr std::uint64_t kOnes = 0x0101010101010101;
   std::uint64_t differences = 0;
@@ -30,7 +30,7 @@ bool BeginsInEight(const char* at) {
   return ((differences - kOnes) & ~differences & kOnes << 7) != 0;  // whether a byte is zero
 }
 
-// Whether kEntryMark stands anywhere in the line.
+// Returns whether the line contains kEntryMark.
 bool HoldsEntryMark(std::string_view line) {
   constexpr std::size_t kEight = 8 + kEntryMark.size() - 1;
   if (line.size() < kEight) return line.find(kEntryMark) != line.npos;
@@ -41,7 +41,7 @@ bool HoldsEntryMark(std::string_view line) {
   return BeginsInEight(last);
 }
 
-// What starts_with() does, but in line.
+// Like starts_with(), but inlined.
 bool BeginsWith(std::string_view line, std::string_view mark) {
   return line.size() >= mark.size() && std::equal(mark.begin(), mark.end(), line.begin());
 }

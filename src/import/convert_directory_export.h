@@ -1,14 +1,14 @@
-// Turns a directory export into a script for the public e-mail book.
+// Converts a directory export into a script for the public e-mail book.
 //
-// A line that begins with "dn:" opens an entry. Of the lines in it the first that begins with "cn:"
-// gives the name and the first with "mail:" the address; once both are there the entry is written
-// and everything up to the next opening line is skipped. Before that, "dn:" anywhere in a line
-// drops what the entry had. Names of attributes are case-sensitive; no other syntax of such files
-// is understood.
+// A line that begins with "dn:" starts an entry. In it, the first line that begins with "cn:" has
+// the name, and the first line that begins with "mail:" has the address. When both are found, the
+// entry is written, and everything up to the next starting line is skipped. Before that, a "dn:"
+// anywhere in a line discards what was found. Attribute names are case-sensitive. No other syntax
+// of such files is supported.
 //
-// A value is what follows the colon, cut at 31 or 255 bytes, and then without its leading blanks.
-// Every line loses its last character: its newline, or where it has none, because it is the last
-// one of the file or a piece of a line of more than 4094 characters, a character of its text.
+// A value is the text after the colon, truncated to 31 or 255 bytes, then without leading spaces.
+// The last character of every line is removed. If the line has no newline, because it is the last
+// line of the file or part of a line of more than 4094 characters, that is a character of the text.
 
 #ifndef QUILLKIT_IMPORT_CONVERT_DIRECTORY_EXPORT_H_
 #define QUILLKIT_IMPORT_CONVERT_DIRECTORY_EXPORT_H_
@@ -22,26 +22,24 @@
 
 namespace quillkit {
 
-// Writes the script from the file at `sourcePath`, replacing what the script's file held;
-// entries keep their order. `isAdmin` nonzero writes the administrator's lines, and before them, if
-// `clearFirst` is nonzero too, the line "CA %s" as it stands. The last two arguments go to
-// PumpPendingMessages once a line.
-// Gives 0; -2 when the source cannot be read; -1 when the script cannot be written. A file that
-// holds no entry is none of these. A null path cannot be read or written.
+// Writes the script of the job, replacing the content of its file. Entries keep the order of the
+// source. For the administrator with `clearFirst`, the script begins with the literal line "CA %s".
+// Returns 0, also for a file without entries; -2 if the source cannot be read; -1 if the script
+// cannot be written. A null path cannot be read or written.
 std::int32_t ConvertDirectoryExport(ConversionJob job);
 
-// The entry of an export that is being read, line by line.
+// The current entry of an export that is read line by line.
 class DirectoryEntry {
  public:
-  // Takes the next line of the export, without the character that every line loses. True when it
-  // completes an entry, of which Name() and Address() are good until the next call.
+  // Processes the next line of the export, without its last character. Returns true if the line
+  // completes an entry. Name() and Address() are then valid until the next call.
   bool Take(std::string_view line);
 
-  // What the entry has so far; nothing once it was complete.
+  // Return whether the incomplete entry has the value; false after it was complete.
   bool HasName() const { return name.IsSeen(); }
   bool HasAddress() const { return address.IsSeen(); }
 
-  // The values taken last.
+  // Return the latest values.
   std::string_view Name() const { return name.Value(); }
   std::string_view Address() const { return address.Value(); }
 

@@ -17,8 +17,8 @@ const char* End(TextSpan text) {
   return text.data() + text.size();
 }
 
-// The text between the quotes of a field that NextQuotedField gave, and the splitting goes on right
-// behind the closing one: so the field after it is the empty one up to the separator.
+// Returns the text between the quotes of a field from NextQuotedField. The splitting continues
+// after the closing quote, so the next field is the empty one before the separator.
 TextSpan SplitInsideQuotes(TextSpan field, TextSpan line) {
   if (End(field) != End(line)) field.data()[field.size()] = ',';
   return NextQuotedField(field.data() + 1, '"');
@@ -28,9 +28,9 @@ bool BeginsWith(TextSpan text, char c) {
   return !text.empty() && text.front() == c;
 }
 
-// The name in the part of a row behind its first field, or null when that ends before its name.
-// Three passes go to the name. One that stands at a comma steps over that and leaves the splitting
-// where it is; any other takes the next field.
+// Returns the name in the part of a row after its first field, or null if the row ends before it.
+// Makes three passes. A pass at a comma skips it and leaves the splitting where it is; any other
+// pass reads the next field.
 TextSpan FindName(TextSpan rest) {
   TextSpan name = rest;
   for (int pass = 0; pass < 3; ++pass) {
@@ -50,7 +50,7 @@ std::size_t AddressLength(std::string_view text) {
   return static_cast<std::size_t>(std::find_if(text.begin(), text.end(), ends) - text.begin());
 }
 
-// What follows the first "SMTP:" in `text`, up to where an address ends; null without one.
+// Returns the address after the first "SMTP:" in `text`, or null without one.
 std::string_view FindAddress(std::string_view text) {
   const std::size_t mark = text.find(kAddressMark);
   if (mark == text.npos) return {};

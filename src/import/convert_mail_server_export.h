@@ -1,13 +1,13 @@
-// Turns a mail server's comma-separated export into a script for the public e-mail book.
+// Converts the comma-separated export of a mail server into a script for the public e-mail book.
 //
-// A row counts if its first field is the bare word Mailbox, without quotes. Its name is the fourth
-// field where all fields before it are plain and not empty. The address follows the first "SMTP:"
-// behind the name, in that case only, up to the first percent sign, comma or double quote; an
-// address that none of these ends takes the rest of the line, its newline included.
+// A row counts if its first field is exactly the word Mailbox, without quotes. If all fields before
+// the name are unquoted and not empty, the name is the fourth field. The address follows the first
+// "SMTP:" after the name (case-sensitive) and ends at the first percent sign, comma or double
+// quote; otherwise at the end of the line, including its newline.
 //
-// Where a field before the name is quoted or empty, the row is read as the walk below falls out,
-// and the server's files count on it: with an empty second field, or a quoted one, the name is the
-// third field. A row that ends before its name, or with it, gives no entry.
+// If a field before the name is quoted or empty, the result is that of the steps in the source, and
+// the server's files depend on it: after an empty or quoted second field, the name is the third
+// field. A row that ends before or with its name yields no entry.
 
 #ifndef QUILLKIT_IMPORT_CONVERT_MAIL_SERVER_EXPORT_H_
 #define QUILLKIT_IMPORT_CONVERT_MAIL_SERVER_EXPORT_H_
@@ -20,18 +20,17 @@
 
 namespace quillkit {
 
-// Arguments and results are those of ConvertDirectoryExport.
+// Argument and results are those of ConvertDirectoryExport.
 std::int32_t ConvertMailServerExport(ConversionJob job);
 
-// A row taken to pieces. What is not there is null.
+// The parts of a row. Missing parts are null.
 struct MailServerRow {
   bool isMailbox = false;  // whether the row counts
-  std::string_view name;   // null in a row that ends with its name, too
+  std::string_view name;   // also null in a row that ends with its name
   std::string_view address;
 };
 
-// Splits a row, its newline included where it has one. The values lie in `line`, which the
-// splitting uses up.
+// Splits a row, with its newline if it has one. The values point into `line`, which is changed.
 MailServerRow SplitMailServerRow(TextSpan line);
 
 }  // namespace quillkit

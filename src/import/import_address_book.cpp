@@ -18,7 +18,7 @@ constexpr std::int32_t kNotConnected = -1;
 constexpr std::int32_t kNoOptions = -3;
 constexpr const char* kScriptPrefix = "QK7";
 
-// Lets the server run the script, under the wait cursor.
+// Makes the server run the script, under the wait cursor.
 std::int32_t SubmitImportScript(const CScanner* scanner, const std::string& script) {
   BeginWaitCursor();
   const std::int32_t result = scanner != nullptr ? scanner->RunBatch(script) : kNotConnected;
@@ -33,7 +33,7 @@ std::int32_t ImportAddressBookFile(const CScanner* scanner, const char* path,
   if (options == nullptr) return kNoOptions;
   if (!MatchesAnyFile(path)) return kNoSuchFile;
 
-  // Where no file can be created, none is open: the converter cannot write it.
+  // If no file can be created, the converter reports that it cannot write the script.
   CreatedFile script = CreateTemporaryFile(kScriptPrefix);
   if (options->format == ImportFormatScript) {
     script.file.Close();

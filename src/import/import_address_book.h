@@ -1,4 +1,4 @@
-// The import driver: a file of this machine is turned into a script, and the server runs it.
+// The import: converts a file of this machine into a script and makes the server run it.
 
 #ifndef QUILLKIT_IMPORT_IMPORT_ADDRESS_BOOK_H_
 #define QUILLKIT_IMPORT_IMPORT_ADDRESS_BOOK_H_
@@ -11,22 +11,22 @@ namespace quillkit {
 
 class CScanner;
 
-// What the exported ImportAddressBook does, and what it gives, in this order:
+// The work of the exported ImportAddressBook. Returns, in the order of the checks:
 //
-//   -3    `options` is null; nothing was touched
-//   -1    nothing matches `path`, or it is null
-//   -11   the format is unknown; an empty temporary file stays behind
-//   -2    the file cannot be read to its end. As with the next one, nothing reaches the server, and
-//         what there is of the script stays behind as a temporary file
-//   -1    the script cannot be written to its end
-//   -1    the scanner is null or not bound
-//   else  the status of CAgent::RunBatch, 0 for a script that ran without an error
+//   -3     `options` is null; nothing is touched
+//   -1     nothing matches `path`, or it is null
+//   -11    the format is unknown; an empty temporary file remains
+//   -2     the file cannot be read completely. Here and in the next case, nothing is sent to the
+//          server, and the partial script remains as a temporary file
+//   -1     the script cannot be written completely
+//   -1     the scanner is null or not bound
+//   other  the status of CAgent::RunBatch; 0 if the script ran without an error
 //
-// "*" and "?" in the last component of `path` are wildcards in the second test and nowhere else: a
-// pattern that matches something is then opened as it stands. The temporary script is written
-// through the file that was created, not through its name, and is deleted once the server has
-// answered. A ready-made script goes to the server by `path` itself, and is never
-// deleted.
+// "*" and "?" in the last component of `path` are wildcards only in the second check; the file is
+// then opened under the name as given. The temporary script is written through the handle that
+// created it, not through its name, and is deleted after the server has answered. A ready-made
+// script is sent by its own path and is never deleted.
+// Server calls: those of CAgent::RunBatch.
 std::int32_t ImportAddressBookFile(const CScanner* scanner, const char* path,
                                    const ImportOptions* options);
 

@@ -9,11 +9,11 @@ namespace {
 
 constexpr std::size_t kBlockSize = std::size_t{128} * 1024;
 
-// What was not given yet moves in front of the block, so that every block is read whole and to the
-// same place.
+// Characters not delivered yet are moved before the block, so that every block is read completely
+// and to the same place.
 constexpr std::size_t kHeadRoom = 4096;
 
-// The NUL behind the last line takes one more, and lies in what the search for newlines overruns.
+// The NUL after the last line needs one more byte, which is in the overrun of the newline search.
 constexpr std::size_t kStorageSize = kHeadRoom + kBlockSize + NewlineFinder::kOverrun;
 
 }  // namespace

@@ -1,12 +1,11 @@
-// Reads a text file line by line through a fixed amount of memory.
+// Reads a text file line by line with a fixed amount of memory.
 //
-// A line is what reading text into a buffer of 4095 bytes gives: at most 4094 characters, the
-// newline included where it is reached. A longer line arrives in pieces, each of them a line. A
-// carriage return right before a newline is folded away, on every system, before characters are
-// counted; any other stays. A NUL ends the text of its line: what follows it up to the line's end
-// is read and dropped. No other character is special.
+// A line has at most 4094 characters, including its newline if that is reached, as if read into a
+// buffer of 4095 bytes. A longer line is delivered in parts, each of them a line. A carriage return
+// before a newline is removed on every system, before characters are counted; any other stays. A
+// NUL ends the text of its line: the rest of the line is skipped. No other character is special.
 //
-// A file of accounts has their passwords: the memory is wiped at the end.
+// The memory is wiped at the end: a file of accounts contains their passwords.
 
 #ifndef QUILLKIT_IMPORT_LINE_READER_H_
 #define QUILLKIT_IMPORT_LINE_READER_H_
@@ -23,7 +22,7 @@
 
 namespace quillkit {
 
-// A run of characters that may be changed, with a NUL behind its last one.
+// Text that may be changed, followed by a NUL.
 using TextSpan = std::span<char>;
 
 inline std::string_view View(TextSpan text) {
@@ -32,7 +31,7 @@ inline std::string_view View(TextSpan text) {
 
 class LineReader {
  public:
-  // The most characters of one line.
+  // The largest number of characters of a line.
   static constexpr std::size_t kMaxLine = 4094;
 
   LineReader();
@@ -40,12 +39,12 @@ class LineReader {
   LineReader& operator=(const LineReader&) = delete;
   ~LineReader();
 
-  // Opens the file and reads its first block. False when either fails, as it does for a folder, or
-  // when `path` is null. Called once.
+  // Opens the file and reads its first block. Returns false on failure: also for a folder or a null
+  // path. Called once.
   bool Open(const char* path);
 
-  // Stores the next line, with its newline if it has one; the text may be empty. It may be changed
-  // in place and is valid until the next call. False at the end of the file or after a failed read.
+  // Stores the next line, with its newline if it has one; it may be empty. The text may be changed
+  // and is valid until the next call. Returns false at the end of the file or after a failed read.
   // REQUIRES: the file is open.
   bool Next(TextSpan* line) {
     *lineEnd = savedByte;
@@ -60,15 +59,15 @@ class LineReader {
     return true;
   }
 
-  // Whether a read failed, so that the lines given are not all lines of the file.
+  // Returns whether a read failed, so that lines are missing.
   bool HasFailed() const { return file.HasFailed(); }
 
  private:
-  // Where a line ends can be told when this much is at hand: its characters and the carriage
-  // return that folding takes away.
+  // The number of characters needed to find the end of a line: its characters and a carriage return
+  // that is removed.
   static constexpr std::size_t kLookAhead = kMaxLine + 1;
 
-  // Moves next behind the line that it is at, folds the line's carriage return, and gives its end.
+  // Moves `next` to the following line, removes the carriage return, returns the end of the line.
   char* FindLineEnd() {
     char* const begin = next;
     if (newline != readEnd) {
@@ -89,14 +88,14 @@ class LineReader {
 
   std::unique_ptr<char[]> storage;
   OpenFile file;
-  NewlineFinder newlines;   // behind newline
-  char* next = nullptr;     // the first character that was not given yet
-  char* newline = nullptr;  // the first newline behind it, or readEnd
-  char* readEnd = nullptr;  // behind the last character that was read
-  char* lineEnd = nullptr;  // the NUL behind the line that was given
-  char savedByte = '\0';    // the character of the file in its place
-  bool hasNul = false;      // whether there is a NUL in what was read but not given
-  bool isAtEnd = false;     // nothing is left to read
+  NewlineFinder newlines;   // after `newline`
+  char* next = nullptr;     // the first character not delivered yet
+  char* newline = nullptr;  // the first newline from there on, or readEnd
+  char* readEnd = nullptr;  // the end of the characters read
+  char* lineEnd = nullptr;  // the NUL after the delivered line
+  char savedByte = '\0';    // the character that the NUL replaced
+  bool hasNul = false;      // whether the characters not delivered contain a NUL
+  bool isAtEnd = false;     // the file has been read completely
 };
 
 }  // namespace quillkit

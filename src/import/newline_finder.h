@@ -1,8 +1,7 @@
-// Finds the newlines of a run of bytes, one after another.
+// Finds the newlines in a range of bytes, one after another.
 //
-// Looks at 64 bytes at a time, in loops without a way out, which compilers turn into vector
-// instructions: for the short lines of a text file this takes a fraction of what a search from line
-// to line does.
+// Examines 64 bytes at a time, in loops without an early exit, which compilers vectorise. For the
+// short lines of a text file this takes a fraction of the time of a search from line to line.
 
 #ifndef QUILLKIT_IMPORT_NEWLINE_FINDER_H_
 #define QUILLKIT_IMPORT_NEWLINE_FINDER_H_
@@ -18,17 +17,17 @@ namespace quillkit {
 
 class NewlineFinder {
  public:
-  // How many bytes behind the end of a run are read, whatever they hold.
+  // The number of bytes read after the end of a range. Their values do not matter.
   static constexpr std::size_t kOverrun = 63;
 
-  // Takes up the run from `begin` to `end`.
+  // Starts with the range from `begin` to `end`.
   void Start(char* begin, char* end) {
     current = begin;
     runEnd = end;
     pending = begin < end ? NewlinesIn(begin) : 0;
   }
 
-  // The next newline of the run, or its end when there is no other.
+  // Returns the next newline of the range, or its end if there is none.
   char* Next() {
     while (pending == 0) {
       if (runEnd - current <= kWindow) return runEnd;
@@ -44,7 +43,7 @@ class NewlineFinder {
   static constexpr std::ptrdiff_t kWindow = kOverrun + 1;
   static_assert(std::endian::native == std::endian::little);
 
-  // One bit for each byte of a window, the lowest for the first: whether it is a newline.
+  // Returns one bit for each byte, the lowest for the first: whether it is a newline.
   static std::uint64_t NewlinesIn(const char* window) {
     unsigned char isNewline[kWindow];  // 0 or 1
     for (std::ptrdiff_t i = 0; i < kWindow; ++i) isNewline[i] = window[i] == '\n';
@@ -59,7 +58,7 @@ class NewlineFinder {
 
   char* current = nullptr;
   char* runEnd = nullptr;
-  std::uint64_t pending = 0;  // those of the window that were not given yet
+  std::uint64_t pending = 0;  // the bits of newlines not returned yet
 };
 
 }  // namespace quillkit

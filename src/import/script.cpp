@@ -16,7 +16,7 @@ constexpr ScriptBook kScriptBooks[] = {
     {TargetUsers, false, "usersab", 4, {31, 15, 255, 255}, " 1 0 0 1\n"},
 };
 
-// The longest line of an entry: "SE", the word, each field with a blank and two quotes, the tail.
+// The longest line of an entry: "SE", the word, each field with a space and two quotes, the tail.
 constexpr std::size_t LongestEntry() {
   std::size_t longest = 0;
   for (const ScriptBook& book : kScriptBooks) {
@@ -28,7 +28,7 @@ constexpr std::size_t LongestEntry() {
 }
 constexpr std::size_t kLongestEntry = LongestEntry();
 
-// Writes the text and gives the place behind it.
+// Writes the text and returns the end of it.
 char* Put(char* at, std::string_view text) {
   return std::copy(text.begin(), text.end(), at);
 }

@@ -6,7 +6,7 @@
 namespace quillkit {
 namespace {
 
-// Where NextQuotedField goes on; null when the fields are used up.
+// Where NextQuotedField continues; null after the last field.
 char* nextFieldPosition = nullptr;
 
 }  // namespace

@@ -1,4 +1,4 @@
-// The routines that the converters share. Texts have a NUL behind them and are changed in place.
+// Text routines of the converters. Texts are followed by a NUL and are changed in place.
 
 #ifndef QUILLKIT_IMPORT_TEXT_ROUTINES_H_
 #define QUILLKIT_IMPORT_TEXT_ROUTINES_H_
@@ -8,25 +8,24 @@
 
 namespace quillkit {
 
-// Splits a text at a separator that does not count between double quotes, in the manner of a
-// tokenizer: with a text the splitting begins at its front, with null it goes on where the last
-// call stopped. A field runs to the next separator, which becomes a NUL, or to the end of the text;
-// two adjacent separators have an empty field between them. Quotes stay in the field. The separator
-// is looked for before the quote: a separator that is the double quote simply stops at the next
-// one.
+// Splits a text at a separator outside double quotes, like a tokenizer: with a text, starts at its
+// beginning; with null, continues after the last field. A field ends at the next separator, which
+// becomes a NUL, or at the end of the text; two adjacent separators have an empty field between
+// them. Quotes stay in the field. The separator is compared before the quote: if it is the double
+// quote, a field ends at the next one.
 //
-// Gives the field; null when there is none: the last one was taken, or this one has a quote that is
-// not closed, which leaves the text as it was and ends the fields for good. There is one position
-// for the whole process, so splittings must not overlap.
+// Returns the field, or null if there is none: after the last field, or if this one has an unclosed
+// quote, which leaves the text unchanged and ends the splitting. The process has one position, so
+// splittings must not overlap.
 TextSpan NextQuotedField(char* text, char separator);
 
-// Removes every occurrence of `removed`, by moving down what follows it, and gives what is left. No
-// NUL is written behind that.
+// Removes every occurrence of `removed` and moves the following text down. Returns the remaining
+// text; no NUL is written after it.
 TextSpan StripChar(char removed, TextSpan text);
 
-// Handles the thread's pending messages as PumpThreadMessages does, and afterwards restores the
-// application's wait cursor if `restoreCursor` is set. Does nothing for a null window.
-// Converters call it once for every line of input.
+// Handles the pending messages of the thread like PumpThreadMessages, then restores the wait cursor
+// of the application if `restoreCursor` is set. Does nothing for a null window.
+// The converters call it once for each line of the source.
 inline void PumpPendingMessages(WindowHandle window, bool restoreCursor) {
   if (window == nullptr) return;
   PumpThreadMessages(window);

@@ -8,9 +8,9 @@ namespace quillkit {
 namespace {
 
 constexpr std::size_t kLongestPath = 260;   // characters
-constexpr std::size_t kLongestValue = 513;  // bytes, a text's NUL among them
+constexpr std::size_t kLongestValue = 513;  // bytes, including the NUL of a text
 
-// The profile that EnumLdapProfiles gives next.
+// The index of the profile that EnumLdapProfiles returns next.
 std::uint32_t nextProfile = 0;
 
 std::string KeyPath(const char* profile) {
@@ -19,7 +19,7 @@ std::string KeyPath(const char* profile) {
   return path;
 }
 
-// Reports a failed change and gives its result.
+// Reports a failed change and returns the result of it.
 int Failed(SettingsStatus status, const char* label) {
   ReportRegistryError(status, kSettingsFailedText, label);
   return 0;
