@@ -95,8 +95,8 @@ class CScanner : public RootObject {
   int SetPrintersBook(CPrinterAB* book);
   int SetTopBook(CTopLevelAB* book);
 
-  // Clear the book on the server under the long time-out (LongTimeout::RunAlways). Return the status of
-  // the clear, or 0 on an unbound scanner.
+  // Clear the book on the server under the long time-out (LongTimeout::RunAlways). Return the
+  // status of the clear, or 0 on an unbound scanner.
   // Server calls: those of SetServerTimeout, IMSPClearAB, those of SetServerTimeout.
   Status ClearEmailBook() { return Clear(BookKind::kEmail, kEmailBook); }
   Status ClearFaxBook() { return Clear(BookKind::kFax, kFaxBook); }
