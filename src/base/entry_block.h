@@ -113,7 +113,8 @@ class EntryBlock {
   std::int32_t Append(const Record& record) {
     const Wiped<Record> copy(record);
     if (!Resize(live + 1)) return -1;
-    std::memcpy(Raw(data() + live - 1), &copy, sizeof(Record));
+    const Record& appended = copy;
+    std::memcpy(Raw(data() + live - 1), &appended, sizeof appended);
     return live;
   }
 

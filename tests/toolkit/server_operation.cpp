@@ -32,7 +32,7 @@ std::vector<Operation> ServerOperations() {
   const std::string deleteItem = "!DeleteEntry 512:Scan Desk";
   return {
       {"LogToQuillbox", kFlag, 1,
-       Calls("~Logout", "xLogin 127.0.0.1 ADMINISTRATOR quill", "xIOCtl 6 0",
+       Calls("~Logout", "xLogin 127.0.0.1 ADMINISTRATOR ***", "xIOCtl 6 0",
              "xReadEntryProperties 4:USERSAB ADMINISTRATOR", "-" + list.substr(1), scan, send),
        RUN((Logout(), on.box = LogToQuillbox(kHost, kAdministrator, kPassword, "", 1)) != nullptr)},
       {"Logout", kNothing, 0, Calls("~Logout"), RUN((Logout(), 0))},
