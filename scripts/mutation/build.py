@@ -15,7 +15,7 @@ import subprocess
 
 PRECOMPILE = pathlib.Path(__file__).resolve().with_name("precompile.cmake")
 TARGETS = ("quillkit_tests", "quillkit_memory_tests")
-# Checked library containers and no optimisation: out of range means failure, and each call is one.
+# With checks of the containers, and without inlining.
 CXX_FLAGS = "-O0 -w -D_GLIBCXX_ASSERTIONS"
 OPTIMISED = ("-O2",)
 SANITIZED = ("-fsanitize=address,undefined", "-fno-sanitize=vptr", "-fno-sanitize-recover=all")
@@ -57,13 +57,12 @@ class Build:
         self._read_symbols()
 
     def _build(self):
-        launcher = ["-DCMAKE_CXX_COMPILER_LAUNCHER=ccache"] if shutil.which("ccache") else []
         run(["cmake", "-G", "Ninja", "-S", self.tree, "-B", self.folder, "--log-level=WARNING",
              "-DCMAKE_BUILD_TYPE=None", "-DCMAKE_C_COMPILER=clang", "-DCMAKE_CXX_COMPILER=clang++",
              f"-DCMAKE_CXX_FLAGS={CXX_FLAGS}", "-DCMAKE_C_FLAGS=-w",
              "-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=lld", "-DCMAKE_SHARED_LINKER_FLAGS=-fuse-ld=lld",
              "-DCMAKE_BUILD_RPATH_USE_ORIGIN=ON", "-DQUILLKIT_BUILD_EXAMPLES=OFF",
-             f"-DCMAKE_PROJECT_INCLUDE={PRECOMPILE}", *launcher])
+             f"-DCMAKE_PROJECT_INCLUDE={PRECOMPILE}"])
         subprocess.run(["ninja", "-C", self.folder, *TARGETS], check=True)
 
     def _read_graph(self):
@@ -179,7 +178,7 @@ class Variant:
         step = self.build.compiles[name]
         output = self.folder / kind / name
         output.parent.mkdir(parents=True, exist_ok=True)
-        words = compile_words(step["command"])
+        words = compile_words(step["command"], is_precompiled=not options)
         words[words.index("-o") + 1] = str(output)
         if is_mutant:
             words = [new for word in words for new in self._with_mutant(word)]
@@ -238,12 +237,16 @@ def leading(words, objects):
     return [*words[:at], *objects, *(word for word in words[at:] if word not in objects)]
 
 
-def compile_words(command):
-    """The words of a compiler's command without those that write dependencies."""
+def compile_words(command, is_precompiled):
+    """The words of a compiler's command without those that write dependencies; and without those
+    that use precompiled headers, which other options do not fit."""
     words = shlex.split(command)
-    for option, count in (("-MD", 1), ("-MT", 2), ("-MF", 2)):
+    unwanted = [("-MD", 0, 1), ("-MT", 0, 2), ("-MF", 0, 2)]
+    if not is_precompiled:
+        unwanted += [("-include-pch", 1, 4), ("-include", 1, 4)]  # with -Xclang before each word
+    for option, before, count in unwanted:
         if option in words:
-            at = words.index(option)
+            at = words.index(option) - before
             del words[at:at + count]
     return words
 

@@ -17,9 +17,9 @@ OPENERS, CLOSERS = ("(", "[", "{"), (")", "]", "}")
 # What an opening brace begins: a namespace, a class, enumerators, statements, or a list of values.
 SCOPE, TYPE, ENUM, CODE, VALUES = "scope", "type", "enum", "code", "values"
 
-# A brace behind one of these begins statements.
+# A brace after one of these begins statements.
 BEFORE_CODE = (")", "]", "else", "do", "try", "const", "noexcept", "override", "final", "mutable")
-# And so does one behind these directly inside statements.
+# So does one after these if it is directly inside a block of statements.
 BETWEEN_STATEMENTS = (";", "{", "}", ":")
 
 TYPE_WORDS = ("class", "struct", "union")
@@ -78,7 +78,7 @@ class Source:
         return self.text[token.end:token.end + 1].isspace()
 
     def kind_around(self, index, skipped=()):
-        """The kind of the innermost brace around a token whose kind is none of `skipped`."""
+        """The kind of the innermost brace around a token, without those of the `skipped` kinds."""
         brace = self._brace_around(index)
         while brace >= 0 and self.tokens[brace].kind in skipped:
             brace = self._brace_around(brace)
@@ -93,14 +93,14 @@ class Source:
         token, before = self.tokens[index], self.tokens[index - 1]
         if token.opener < 0 or self.tokens[token.opener].kind != CODE:
             return False
-        if before.text == ":":  # behind a label, not in a conditional expression
+        if before.text == ":":  # after a label, not in a conditional expression
             return not self.follows_space(before)
         if before.text == "}":
             return self.tokens[before.partner].kind == CODE
         return before.text in (";", "{", "else", "do") or self.closes_condition(index - 1)
 
     def closes_condition(self, index):
-        """Whether this is the parenthesis behind the condition of an if, for or while."""
+        """Whether this parenthesis ends the condition of an if, for or while."""
         token = self.tokens[index]
         if token.text != ")" or token.partner < 1:
             return False
@@ -119,7 +119,7 @@ class Source:
         return -1
 
     def declarator_end(self, index):
-        """The index behind the name that the statement here declares; `index` if it declares none."""
+        """The index after the name that the statement here declares; `index` if it declares none."""
         end = self.find(index, ("=", "(", "{", ";", ":"))
         return end if end > index and self._declares(index, end) else index
 
@@ -177,7 +177,7 @@ class Source:
         return CODE if is_between and before.text in BETWEEN_STATEMENTS else VALUES
 
     def _head(self, index):
-        """The words between a brace and what ended before it, without those that tell no kind."""
+        """The words of the declaration or statement that a brace belongs to, without prefixes."""
         opener, first = self.tokens[index].opener, index
         while first - 1 > opener:
             before = self.tokens[first - 1]
@@ -189,7 +189,7 @@ class Source:
 
 
 def without_prefix(words):
-    """The words of a declaration behind access, `template <...>`, `inline` and the like."""
+    """The words of a declaration after access specifiers, `template <...>`, `inline` and so on."""
     while words:
         if words[0] in ("public", "protected", "private"):
             words = words[2:]

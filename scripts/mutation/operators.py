@@ -13,7 +13,7 @@ SWAPS = {
 STEPS = {"++": "--", "--": "++"}
 WORDS = {"true": "false", "false": "true"}
 NUMBER = re.compile(r"(0[xX][0-9a-fA-F']+|[0-9']+)([uUlLzZ]*)$")
-# What cannot be seen from outside, and what is no code.
+# Calls without an effect that a test can observe, and what is no code.
 SKIPPED_CALLS = ("static_assert", "assert", "reserve", "shrink_to_fit", "noexcept", "alignas", "sizeof",
                  "decltype")
 SAME_RETURNS = ("{", "0", "false", "true", "nullptr", "kNoError")
@@ -21,7 +21,7 @@ SAME_RETURNS = ("{", "0", "false", "true", "nullptr", "kNoError")
 
 @dataclasses.dataclass(frozen=True)
 class Mutant:
-    """One change of one file. Its identity is made of what surrounds it, not of where it is."""
+    """One change of one file. Its identity depends on the surrounding text, not on the line number."""
     folder: str
     file: str  # below the library's root
     line: int

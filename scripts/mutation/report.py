@@ -2,6 +2,8 @@
 import dataclasses
 import json
 
+from mutation.sample import FOLDERS
+
 CAUGHT, SURVIVED, LISTED = "caught", "survived", "listed"
 COUNTED = (CAUGHT, SURVIVED, LISTED)
 SAME_CODE, NOT_BUILT = "same code", "not built"  # and so not tried
@@ -69,7 +71,7 @@ def score(results):
 
 def table(results):
     """The lines of the table: one for each folder, and one for all."""
-    folders = list(dict.fromkeys(each.folder for each in results))
+    folders = sorted({each.folder for each in results}, key=FOLDERS.index)
     rows = [(folder, [each for each in results if each.folder == folder]) for folder in folders]
     yield f"{'folder':12} {'mutants':>8} {'caught':>7} {'listed':>7} {'score':>7}"
     for name, group in [*rows, ("all", results)]:

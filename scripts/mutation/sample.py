@@ -1,5 +1,5 @@
-"""Chooses the mutants: for each folder as many as asked for, in an order that the seed and their
-identities alone determine. One that cannot be tried has the next of its folder for a substitute.
+"""Chooses the mutants: the same number for each folder, in an order that depends only on the seed and on
+their identities. The next mutant of the folder replaces one that cannot be tried.
 """
 import threading
 
@@ -43,7 +43,8 @@ def ordered(found, seed):
 
 
 class Sample:
-    """Hands out mutants to several threads until `count` of each folder are tried."""
+    """Hands out mutants to several threads, from all folders in turn, until `count` of each are
+    tried."""
 
     def __init__(self, folders, count):
         self._queues = [Queue(found, count) for found in folders]
@@ -56,14 +57,15 @@ class Sample:
                 self._changed.wait_for(lambda: any(
                     queue.is_open() for queue in self._queues) or not any(
                     queue.running for queue in self._queues))
-                queue = next((queue for queue in self._queues if queue.is_open()), None)
-                if queue is None:
+                waiting = [queue for queue in self._queues if queue.is_open()]
+                if not waiting:
                     return
+                queue = min(waiting, key=lambda each: each.tried + each.running)
                 mutant = queue.take()
             yield queue, mutant
 
     def done(self, queue, counts):
-        """Tells that a mutant has been tried, and whether it counts."""
+        """Records that a mutant has been tried, and whether it counts."""
         with self._changed:
             queue.running -= 1
             queue.tried += counts
