@@ -5,10 +5,10 @@ import threading
 
 from mutation import operators
 
-# Where the folders of the library are, and which they are.
+# The folders of the library and of the simulator, and where they are.
 PARENTS = ("src", ".")
 FOLDERS = ("base", "platform", "bridge", "appliance", "softkeys", "books", "views", "lists", "import",
-           "toolkit", "capi", "simulator")
+           "settings", "toolkit", "capi", "simulator")
 OTHER_SYSTEM = "win32"
 
 
