@@ -23,13 +23,13 @@ inline void Require(bool holds, const char* what) {
 class Input {
  public:
   Input(const std::uint8_t* data, std::size_t size)
-      : rest_(reinterpret_cast<const char*>(data), size) {}
+      : rest(reinterpret_cast<const char*>(data), size) {}
 
   // The next character, and a zero behind the end.
   char TakeChar() {
-    if (rest_.empty()) return '0';
-    const char c = rest_.front();
-    rest_.remove_prefix(1);
+    if (rest.empty()) return '0';
+    const char c = rest.front();
+    rest.remove_prefix(1);
     return c;
   }
 
@@ -41,10 +41,10 @@ class Input {
   // A column of a file: a digit, or -1 and what is below it by the characters in front of the zero.
   std::int32_t TakeColumn() { return static_cast<std::int32_t>(TakeChar()) - '0'; }
 
-  std::string_view Rest() const { return rest_; }
+  std::string_view Rest() const { return rest; }
 
  private:
-  std::string_view rest_;
+  std::string_view rest;
 };
 
 }  // namespace quillkit

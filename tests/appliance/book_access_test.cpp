@@ -22,7 +22,7 @@ constexpr Status kAnswer = 11;
 
 class BookAccessTest : public ApplianceTest {
  protected:
-  CScanner* box_ = LogIn();
+  CScanner* box = LogIn();
 };
 
 // A null buffer and a count of 0 are refused by some operations; a null count is by all.
@@ -41,25 +41,25 @@ TEST_F(BookAccessTest, GuardsStandBeforeTheCall) {
   } operations[] = {
       {"Read", true, true,
        [&](bool none, Count count) {
-         return box_->EmailEntries().Read(&range, none ? nullptr : records, count, 1);
+         return box->EmailEntries().Read(&range, none ? nullptr : records, count, 1);
        }},
       {"List", true, true,
        [&](bool none, Count count) {
-         return box_->EmailEntries().List(&range, none ? nullptr : rows, count, 1);
+         return box->EmailEntries().List(&range, none ? nullptr : rows, count, 1);
        }},
       {"ReadPageBoundaries", true, true,
        [&](bool none, Count count) {
-         return box_->ReadPageBoundaries(none ? nullptr : table, count);
+         return box->ReadPageBoundaries(none ? nullptr : table, count);
        }},
       {"ListNames", false, true,
        [&](bool none, Count count) {
-         return box_->PrinterEntries().ListNames(none ? nullptr : rows, count);
+         return box->PrinterEntries().ListNames(none ? nullptr : rows, count);
        }},
       {"ListLists", false, true,
-       [&](bool none, Count count) { return box_->ListFaxLists(none ? nullptr : books, count); }},
+       [&](bool none, Count count) { return box->ListFaxLists(none ? nullptr : books, count); }},
       {"ReadAll", false, false,
        [&](bool none, Count count) {
-         return box_->PrivateList("Team").ReadAll(none ? nullptr : records, count);
+         return box->PrivateList("Team").ReadAll(none ? nullptr : records, count);
        }},
   };
   SimulatorSetLies(kLieFailedCount);
@@ -83,10 +83,10 @@ TEST_F(BookAccessTest, GuardsStandBeforeTheCall) {
 TEST_F(BookAccessTest, ANameThatIsTooLongGoesOutAsTheEmptyOne) {
   const std::string tooLong(32, 'n');
   CMenuItem item;
-  EXPECT_NE(box_->DeleteKeyBook(tooLong), kNoError);
-  EXPECT_NE(box_->ModelEntries().Delete(tooLong), kNoError);
-  EXPECT_NE(box_->ModifyKeyEntry(tooLong, &item), kNoError);
-  EXPECT_NE(box_->RenamePublicList("Old", tooLong), kNoError);
+  EXPECT_NE(box->DeleteKeyBook(tooLong), kNoError);
+  EXPECT_NE(box->ModelEntries().Delete(tooLong), kNoError);
+  EXPECT_NE(box->ModifyKeyEntry(tooLong, &item), kNoError);
+  EXPECT_NE(box->RenamePublicList("Old", tooLong), kNoError);
   EXPECT_THAT(TakeCalls(), ElementsAre("IMSPDeleteAB 512:", "IMSPDeleteEntry 2048:MODELAB \"\"",
                                        "IMSPModifyEntry 256:TOPAB \"\" \"\"",
                                        "IMSPModifyEntry 64:PRIVATEAB Old \"\""));
@@ -101,30 +101,30 @@ TEST_F(BookAccessTest, ABatchOfModificationsEndsAtTheFirstRefusal) {
   }
   const std::uint32_t count = 5;
   SimulatorFail("IMSPModifyEntry", 3, kAnswer);
-  EXPECT_EQ(box_->PublicList("Team").ModifyEach(members, &count), kAnswer);
+  EXPECT_EQ(box->PublicList("Team").ModifyEach(members, &count), kAnswer);
   EXPECT_EQ(TakeCalls().size(), 3U);
   SimulatorSetLies(kLieScribble);  // the book of each call is that of the first
-  EXPECT_EQ(box_->PublicList("Team").ModifyEach(members, &count), kNoError);
+  EXPECT_EQ(box->PublicList("Team").ModifyEach(members, &count), kNoError);
   EXPECT_EQ(TakeCalls().back(), "IMSPModifyEntry 64:Team E E");
 }
 
 // Also where a server fills every text to its end.
 TEST_F(BookAccessTest, DeliveredTextsEndInsideTheirFields) {
   SimulatorSeed();
-  box_ = LogIn();
+  box = LogIn();
   SimulatorSetLies(kLieUnterminated);
   KeyRange all;
   CFaxEntry fax[5];
   std::uint32_t count = 5;
-  EXPECT_EQ(box_->FaxEntries().Read(&all, fax, &count, 0), kMoreData);
+  EXPECT_EQ(box->FaxEntries().Read(&all, fax, &count, 0), kMoreData);
   for (const CFaxEntry& each : fax) EXPECT_TRUE(each.IsValid());
   ABIdent lists[3];
   count = 3;
-  EXPECT_EQ(box_->ListPublicLists(lists, &count), kNoError);
+  EXPECT_EQ(box->ListPublicLists(lists, &count), kNoError);
   for (const ABIdent& each : lists) EXPECT_TRUE(each.name.IsTerminated());
   PrinterModelRecord model;
   model.modelName.Assign("Laserette 9");
-  EXPECT_EQ(box_->ModelEntries().ReadOne(&model), kNoError);
+  EXPECT_EQ(box->ModelEntries().ReadOne(&model), kNoError);
   EXPECT_TRUE(model.IsValid());
 }
 

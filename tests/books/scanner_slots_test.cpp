@@ -13,15 +13,15 @@
 namespace quillkit {
 namespace {
 
-// Tells its end.
+// Sets a flag when it is destroyed.
 template <class Book>
 class Watched : public Book {
  public:
-  explicit Watched(bool* gone) : gone_(gone) {}
-  ~Watched() override { *gone_ = true; }
+  explicit Watched(bool* flag) : ended(flag) {}
+  ~Watched() override { *ended = true; }
 
  private:
-  bool* gone_;
+  bool* ended;
 };
 
 class ScannerSlotTest : public ApplianceTest {

@@ -22,18 +22,18 @@ class AgentScanners : public testing::Test {
  protected:
   CScanner* Add(const std::string& name, std::uint32_t address) {
     auto* scanner = new CScanner;
-    scanner->Init(name, &address, "", "", &agent_);
-    EXPECT_EQ(agent_.AddScanner(scanner), 1);
+    scanner->Init(name, &address, "", "", &agent);
+    EXPECT_EQ(agent.AddScanner(scanner), 1);
     return scanner;
   }
 
   Names All() const {
     Names names;
-    for (int i = 0; i < agent_.ScannerCount(); ++i) names.push_back(agent_.ScannerAt(i)->Name());
+    for (int i = 0; i < agent.ScannerCount(); ++i) names.push_back(agent.ScannerAt(i)->Name());
     return names;
   }
 
-  CAgent agent_;
+  CAgent agent;
 };
 
 TEST_F(AgentScanners, OneOfEachAddressIsListedTheLatestLast) {
@@ -41,33 +41,33 @@ TEST_F(AgentScanners, OneOfEachAddressIsListedTheLatestLast) {
   CScanner* two = Add("two", 2);
   Add("one again", 1);
   EXPECT_EQ(All(), (Names{"two", "one again"}));
-  EXPECT_EQ(agent_.AddScanner(two), 1) << "one that is listed only moves";
+  EXPECT_EQ(agent.AddScanner(two), 1) << "one that is listed only moves";
   EXPECT_EQ(All(), (Names{"one again", "two"}));
-  EXPECT_EQ(agent_.AddScanner(nullptr), 0);
+  EXPECT_EQ(agent.AddScanner(nullptr), 0);
 
-  EXPECT_EQ(agent_.FindScanner(&kTwo), two);
-  EXPECT_EQ(agent_.FindScanner(&kOther), nullptr);
-  EXPECT_EQ(agent_.ScannerAt(-1), nullptr);
-  EXPECT_EQ(agent_.ScannerAt(2), nullptr);
-  EXPECT_EQ(agent_.RemoveScanner(&kOther), 0);
-  EXPECT_EQ(agent_.RemoveScanner(&kTwo), 1);
+  EXPECT_EQ(agent.FindScanner(&kTwo), two);
+  EXPECT_EQ(agent.FindScanner(&kOther), nullptr);
+  EXPECT_EQ(agent.ScannerAt(-1), nullptr);
+  EXPECT_EQ(agent.ScannerAt(2), nullptr);
+  EXPECT_EQ(agent.RemoveScanner(&kOther), 0);
+  EXPECT_EQ(agent.RemoveScanner(&kTwo), 1);
   EXPECT_EQ(All(), (Names{"one again"}));
 }
 
 TEST_F(AgentScanners, AWalkGoesOnPastWhatIsRemoved) {
-  EXPECT_EQ(agent_.FirstScanner(), nullptr);
+  EXPECT_EQ(agent.FirstScanner(), nullptr);
   Add("one", 1);
-  EXPECT_EQ(agent_.NextScanner(), nullptr) << "a walk begins with FirstScanner";
+  EXPECT_EQ(agent.NextScanner(), nullptr) << "a walk begins with FirstScanner";
   Add("two", 2);
   Add("three", 3);
-  EXPECT_EQ(agent_.FirstScanner()->Name(), "one");
-  agent_.RemoveScanner(&kTwo);
-  EXPECT_EQ(agent_.NextScanner()->Name(), "three");
-  EXPECT_EQ(agent_.NextScanner(), nullptr);
-  EXPECT_EQ(agent_.NextScanner(), nullptr);
-  agent_.FirstScanner();
-  agent_.DeleteScanners();
-  EXPECT_EQ(agent_.NextScanner(), nullptr);
+  EXPECT_EQ(agent.FirstScanner()->Name(), "one");
+  agent.RemoveScanner(&kTwo);
+  EXPECT_EQ(agent.NextScanner()->Name(), "three");
+  EXPECT_EQ(agent.NextScanner(), nullptr);
+  EXPECT_EQ(agent.NextScanner(), nullptr);
+  agent.FirstScanner();
+  agent.DeleteScanners();
+  EXPECT_EQ(agent.NextScanner(), nullptr);
 }
 
 TEST_F(AgentScanners, AnArchiveReplacesTheListByItsOwn) {
@@ -75,14 +75,14 @@ TEST_F(AgentScanners, AnArchiveReplacesTheListByItsOwn) {
   Add("two", 2);
   std::string bytes;
   Archive storing(&bytes);
-  agent_.Serialize(storing);
+  agent.Serialize(storing);
   EXPECT_EQ(All(), (Names{"one", "two"}));
 
   Add("three", 3);
   Archive loading{std::string_view(bytes)};
-  agent_.Serialize(loading);
+  agent.Serialize(loading);
   EXPECT_EQ(All(), (Names{"one", "two"}));
-  EXPECT_FALSE(agent_.ScannerAt(0)->IsBound());
+  EXPECT_FALSE(agent.ScannerAt(0)->IsBound());
 }
 
 }  // namespace

@@ -34,17 +34,17 @@ class AgentSession : public ApplianceTest {
   AgentSession() {
     const std::uint32_t flags = 0;
     const std::uint32_t nibbles = 1;
-    user_.SetFrom(nullptr, kAdministrator, kPassword, "3rd", "4th", &flags, &nibbles);
-    target_.Init("the box", &kAddress, "", "", &TheAgent);
+    user.SetFrom(nullptr, kAdministrator, kPassword, "3rd", "4th", &flags, &nibbles);
+    target.Init("the box", &kAddress, "", "", &TheAgent);
     TheAgent.SetError(kEarlier);
     SimulatorClearJournal();
   }
 
-  Status Login() { return TheAgent.Login(&user_, &target_, third_, 0); }
+  Status Login() { return TheAgent.Login(&user, &target, third, 0); }
 
-  CUserRecord user_;
-  CScanner target_;
-  std::string third_ = "before";
+  CUserRecord user;
+  CScanner target;
+  std::string third = "before";
 };
 
 // --- The server library ---
@@ -87,7 +87,7 @@ TEST_F(AgentSession, ASecondLoginOfTheSameApplianceTakesThePlaceOfTheFirst) {
   TakeCalls();
 
   // With the record and the scanner that go in its course.
-  EXPECT_EQ(TheAgent.Login(TheAgent.CurrentUser(), TheAgent.ScannerAt(0), third_, 0), kNoError);
+  EXPECT_EQ(TheAgent.Login(TheAgent.CurrentUser(), TheAgent.ScannerAt(0), third, 0), kNoError);
   EXPECT_THAT(TakeCalls(), ElementsAre(kLoginCall, kReadCall)) << "the timer runs already";
   ASSERT_EQ(TheAgent.ScannerCount(), 2);
   EXPECT_EQ(TheAgent.ScannerAt(0)->Name(), "other");
@@ -96,7 +96,7 @@ TEST_F(AgentSession, ASecondLoginOfTheSameApplianceTakesThePlaceOfTheFirst) {
 
   SimulatorFail("IMSPLogin", 0, kFault);
   for (const auto login : {&CAgent::Login, &CAgent::Relogin}) {
-    EXPECT_EQ((TheAgent.*login)(&user_, &target_, third_, 0), kFault);
+    EXPECT_EQ((TheAgent.*login)(&user, &target, third, 0), kFault);
     EXPECT_NE(TheAgent.CurrentUser(), nullptr) << "one that is refused takes nothing away";
     EXPECT_EQ(TheAgent.ScannerCount(), 2);
   }
@@ -111,16 +111,16 @@ TEST_F(AgentSession, AFailureLeavesWhatWasDoneBefore) {
       SCOPED_TRACE(testing::Message() << isLogin << ", call " << failing);
       TheAgent.Logout(1);
       TakeCalls();
-      third_ = "before";
+      third = "before";
       SimulatorClearFaults();
       SimulatorFail(nullptr, failing, kFault);
-      EXPECT_EQ((TheAgent.*login)(&user_, &target_, third_, 0), failing < 4 ? kFault : kNoError);
+      EXPECT_EQ((TheAgent.*login)(&user, &target, third, 0), failing < 4 ? kFault : kNoError);
       EXPECT_EQ(TheAgent.LastError(), failing < 4 ? kFault : kNoError);
       EXPECT_EQ(TheAgent.IsConnected(), failing > 1 ? 1 : 0);
       EXPECT_EQ(TheAgent.ScannerCount(), isLogin && failing > 2 ? 1 : 0);
       EXPECT_EQ(TheAgent.CurrentUser() != nullptr, failing == 4);
       const std::string refused = isLogin ? "" : "before";
-      EXPECT_EQ(third_, failing > 1 ? "K7" : refused);
+      EXPECT_EQ(third, failing > 1 ? "K7" : refused);
       EXPECT_EQ(TakeCalls(), std::vector(calls.begin(), calls.begin() + std::min(failing, 3)));
     }
   }
@@ -156,28 +156,28 @@ TEST_F(AgentSession, AnIdentityThatFillsItsBufferIsCutAtEachField) {
   EXPECT_EQ(Login(), kNoError);
   EXPECT_EQ(TheAgent.ScannerAt(0)->Model(), std::string(63, 'm'));
   EXPECT_EQ(TheAgent.ScannerAt(0)->Version(), std::string(63, 'v'));
-  EXPECT_EQ(third_, std::string(54, 't'));
+  EXPECT_EQ(third, std::string(54, 't'));
 }
 
 // --- Sessions of their own ---
 
 TEST_F(AgentSession, ProbeIdentityEndsAtTheFirstFailureAndLeavesItsTimerBehind) {
   SimulatorFail("IMSPLogin", 1, kFault);
-  EXPECT_EQ(TheAgent.ProbeIdentity(&target_, third_), kFault);
+  EXPECT_EQ(TheAgent.ProbeIdentity(&target, third), kFault);
   EXPECT_THAT(TakeCalls(), ElementsAre(kProbeCall));
   SimulatorFail("IMSPIOCtl", 1, kFault);
-  EXPECT_EQ(TheAgent.ProbeIdentity(&target_, third_), kFault);
+  EXPECT_EQ(TheAgent.ProbeIdentity(&target, third), kFault);
   EXPECT_THAT(TakeCalls(), ElementsAre(kProbeCall, kPeriodCall)) << "the session stays open";
-  EXPECT_EQ(third_, "before");
+  EXPECT_EQ(third, "before");
 
-  EXPECT_EQ(TheAgent.ProbeIdentity(&target_, third_), kNoError);
+  EXPECT_EQ(TheAgent.ProbeIdentity(&target, third), kNoError);
   EXPECT_THAT(TakeCalls(), ElementsAre(kProbeCall, kPeriodCall, kLogoutCall));
-  EXPECT_EQ(third_, "K7");
+  EXPECT_EQ(third, "K7");
   EXPECT_NE(TheAgent.WakeupPeriod(), 0U);
   EXPECT_EQ(TheAgent.IsConnected(), 0);
   EXPECT_EQ(TheAgent.ScannerCount(), 0);
   SimulatorFail("IMSPLogout", 1, kFault);
-  EXPECT_EQ(TheAgent.ProbeIdentity(&target_, third_), kFault);
+  EXPECT_EQ(TheAgent.ProbeIdentity(&target, third), kFault);
   EXPECT_EQ(TheAgent.LastError(), kFault) << "this logout is recorded";
 }
 
@@ -201,10 +201,10 @@ TEST_F(AgentSession, EnrolUserAddsAnAccountAsAGuest) {
 TEST_F(AgentSession, ReadsAndWritesTheAccountOfTheRecord) {
   Login();
   SimulatorFail("IMSPModifyEntry", 1, kFault);
-  EXPECT_EQ(TheAgent.ModifyUser(&user_), kFault);
+  EXPECT_EQ(TheAgent.ModifyUser(&user), kFault);
   SimulatorSetLies(kLieUnterminated);
-  EXPECT_EQ(TheAgent.ReadUser(&user_), kNoError);
-  EXPECT_TRUE(user_.IsValid());
+  EXPECT_EQ(TheAgent.ReadUser(&user), kNoError);
+  EXPECT_TRUE(user.IsValid());
 }
 
 // --- Logout ---

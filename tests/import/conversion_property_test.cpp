@@ -41,9 +41,9 @@ constexpr std::size_t kRuns[] = {1,  2,  9,  10, 11,  15,  16,  28,   31,
 
 class RandomFile {
  public:
-  explicit RandomFile(unsigned seed) : random_(seed) {}
+  explicit RandomFile(unsigned seed) : random(seed) {}
 
-  std::size_t Below(std::size_t limit) { return random_() % limit; }
+  std::size_t Below(std::size_t limit) { return random() % limit; }
   bool Flip() { return Below(2) == 0; }
 
   template <class Pieces>
@@ -83,7 +83,7 @@ class RandomFile {
     }
   }
 
-  std::mt19937 random_;
+  std::mt19937 random;
 };
 
 class ConversionPropertyTest : public ConverterTest {

@@ -23,26 +23,26 @@ class ConversionTest : public ConverterTest, public testing::WithParamInterface<
 INSTANTIATE_TEST_SUITE_P(Converters, ConversionTest, testing::ValuesIn(kConverters));
 
 TEST_P(ConversionTest, LeavesTheScriptAloneWithoutASource) {
-  const std::string script = folder_.Write("script", "as it was");
-  EXPECT_EQ(Run(folder_.PathOf("missing").c_str(), script.c_str()), -2);
+  const std::string script = folder.Write("script", "as it was");
+  EXPECT_EQ(Run(folder.PathOf("missing").c_str(), script.c_str()), -2);
   EXPECT_EQ(Run("", script.c_str()), -2);
   EXPECT_EQ(Run(nullptr, script.c_str()), -2);
-  EXPECT_EQ(Run(folder_.Path().string().c_str(), script.c_str()), -2);
+  EXPECT_EQ(Run(folder.Path().string().c_str(), script.c_str()), -2);
   EXPECT_EQ(Run(nullptr, nullptr), -2) << "the source is opened first";
   EXPECT_EQ(ReadBytes(script), "as it was");
 }
 
 TEST_P(ConversionTest, FailsWithoutAScript) {
-  const std::string source = folder_.Write("source", "a,b\n");
-  EXPECT_EQ(Run(source.c_str(), (folder_.Path() / "missing" / "script").string().c_str()), -1);
-  EXPECT_EQ(Run(source.c_str(), folder_.Path().string().c_str()), -1);
+  const std::string source = folder.Write("source", "a,b\n");
+  EXPECT_EQ(Run(source.c_str(), (folder.Path() / "missing" / "script").string().c_str()), -1);
+  EXPECT_EQ(Run(source.c_str(), folder.Path().string().c_str()), -1);
   EXPECT_EQ(Run(source.c_str(), ""), -1);
   EXPECT_EQ(Run(source.c_str(), nullptr), -1);
 }
 
 TEST_P(ConversionTest, ReplacesTheScript) {
-  const std::string source = folder_.Write("source", "");
-  const std::string script = folder_.Write("script", std::string(100'000, 'x'));
+  const std::string source = folder.Write("source", "");
+  const std::string script = folder.Write("script", std::string(100'000, 'x'));
   EXPECT_EQ(Run(source.c_str(), script.c_str()), 0);
   EXPECT_LT(ReadBytes(script).size(), 10U);
 }
@@ -52,9 +52,9 @@ TEST_P(ConversionTest, FailsOnAFullDisk) {
   const char* const fullDisk = "/dev/full";
   if (!std::filesystem::exists(fullDisk)) GTEST_SKIP() << "only Linux has a disk that is full";
   std::string rows = "Mailbox,a,b,n,SMTP:box1%\ndn:\ncn: Ann\nmail: box\n";
-  EXPECT_EQ(Run(folder_.Write("source", rows).c_str(), fullDisk), -1);
+  EXPECT_EQ(Run(folder.Write("source", rows).c_str(), fullDisk), -1);
   while (rows.size() < 1'000'000) rows += rows;
-  EXPECT_EQ(Run(folder_.Write("source", rows).c_str(), fullDisk), -1);
+  EXPECT_EQ(Run(folder.Write("source", rows).c_str(), fullDisk), -1);
 }
 
 TEST_P(ConversionTest, FailsWhereTheSourceCannotBeReadToItsEnd) {
@@ -62,15 +62,15 @@ TEST_P(ConversionTest, FailsWhereTheSourceCannotBeReadToItsEnd) {
   if (!std::filesystem::exists(unreadable)) {
     GTEST_SKIP() << "only Linux has a file that opens and cannot be read";
   }
-  EXPECT_EQ(Run(unreadable, folder_.PathOf("script").c_str()), -2);
+  EXPECT_EQ(Run(unreadable, folder.PathOf("script").c_str()), -2);
 }
 
 int timerRuns = 0;
 
 // Messages are handled for a window alone: the application's timers run meanwhile.
 TEST_F(ConverterTest, HandlesTheMessagesOfAWindow) {
-  const std::string source = folder_.Write("source", "a\nb\n");
-  const std::string script = folder_.PathOf("script");
+  const std::string source = folder.Write("source", "a\nb\n");
+  const std::string script = folder.PathOf("script");
   const auto convertLater = [&](WindowHandle window) {
     std::this_thread::sleep_for(std::chrono::milliseconds(50));
     ConvertDirectoryExport({.sourcePath = source.c_str(),

@@ -23,7 +23,7 @@ class ConverterTest : public testing::Test {
   // What a file of text holds on this system, which may end lines in its own manner.
   std::string OnDisk(std::string_view text) const;
 
-  const ScratchFolder folder_;
+  const ScratchFolder folder;
 };
 
 }  // namespace quillkit

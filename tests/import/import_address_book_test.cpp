@@ -30,24 +30,24 @@ class Options {
  public:
   explicit Options(std::uint32_t format, std::int32_t targetBook = TargetEmail,
                    const std::vector<std::int32_t>& columnMap = {0, 1})
-      : words_(6, 0) {
-    words_[2] = static_cast<std::int32_t>(format);
-    words_[3] = 12345;  // the import context, which has no effect
-    words_[4] = targetBook;
-    words_[5] = static_cast<std::int32_t>(columnMap.size());
-    words_.insert(words_.end(), columnMap.begin(), columnMap.end());
+      : words(6, 0) {
+    words[2] = static_cast<std::int32_t>(format);
+    words[3] = 12345;  // the import context, which has no effect
+    words[4] = targetBook;
+    words[5] = static_cast<std::int32_t>(columnMap.size());
+    words.insert(words.end(), columnMap.begin(), columnMap.end());
   }
 
-  Options& SkipHeader() { return words_[0] = 2, *this; }
-  Options& ClearFirst() { return words_[1] = -1, *this; }
-  Options& ColumnCount(std::int32_t count) { return words_[5] = count, *this; }
+  Options& SkipHeader() { return words[0] = 2, *this; }
+  Options& ClearFirst() { return words[1] = -1, *this; }
+  Options& ColumnCount(std::int32_t count) { return words[5] = count, *this; }
 
   operator const ImportOptions*() const {
-    return reinterpret_cast<const ImportOptions*>(words_.data());
+    return reinterpret_cast<const ImportOptions*>(words.data());
   }
 
  private:
-  std::vector<std::int32_t> words_;
+  std::vector<std::int32_t> words;
 };
 
 class ImportAddressBookTest : public ApplianceTest {
@@ -61,7 +61,7 @@ class ImportAddressBookTest : public ApplianceTest {
 
   // A file that gives an entry in every format.
   std::string AnyFile() const {
-    return files_.Write("any", "Mailbox,a,b,n,SMTP:box1%\ndn:\ncn: Ann\nmail: box\n");
+    return files.Write("any", "Mailbox,a,b,n,SMTP:box1%\ndn:\ncn: Ann\nmail: box\n");
   }
 
   static CScanner* LogInAs(const char* user, const char* password) {
@@ -84,9 +84,9 @@ class ImportAddressBookTest : public ApplianceTest {
     SimulatorPutEntry(BookKind::kEmail, "", nullptr, &entry);
   }
 
-  const ScratchFolder files_;
-  const ScratchFolder temporary_;
-  const TemporaryFolder redirected_{temporary_.Path().string()};
+  const ScratchFolder files;
+  const ScratchFolder temporary;
+  const TemporaryFolder redirected{temporary.Path().string()};
 };
 
 // Absent options come before the file, a missing file before the format, and nothing of it reaches
@@ -95,7 +95,7 @@ TEST_F(ImportAddressBookTest, WhatIsWrongLocallyIsToldInItsOrder) {
   CScanner* const box = LogIn();
   TheAgent.SetError(kEarlier);
   const std::string path = AnyFile();
-  const std::string missing = files_.PathOf("missing");
+  const std::string missing = files.PathOf("missing");
   EXPECT_EQ(ImportAddressBook(box, nullptr, nullptr), -3);
   EXPECT_EQ(ImportAddressBook(nullptr, path.c_str(), nullptr), -3);
   for (const std::uint32_t format : {1U, 16U, 256U, 4096U, 2U}) {
@@ -103,27 +103,27 @@ TEST_F(ImportAddressBookTest, WhatIsWrongLocallyIsToldInItsOrder) {
     EXPECT_EQ(ImportAddressBook(box, nullptr, Options(format)), -1);
     EXPECT_EQ(ImportAddressBook(box, "", Options(format)), -1);
   }
-  EXPECT_THAT(temporary_.Names(), IsEmpty());
+  EXPECT_THAT(temporary.Names(), IsEmpty());
 
   EXPECT_EQ(ImportAddressBook(box, path.c_str(), Options(2)), -11);
-  EXPECT_THAT(temporary_.Names(), ElementsAre(StartsWith("QK7"))) << "an empty file stays behind";
+  EXPECT_THAT(temporary.Names(), ElementsAre(StartsWith("QK7"))) << "an empty file stays behind";
   for (const std::uint32_t format : kConvertedFormats) {
-    EXPECT_EQ(ImportAddressBook(box, files_.Path().string().c_str(), Options(format)), -2);
+    EXPECT_EQ(ImportAddressBook(box, files.Path().string().c_str(), Options(format)), -2);
   }
-  EXPECT_THAT(temporary_.Names(), SizeIs(4)) << "one is left behind by each";
+  EXPECT_THAT(temporary.Names(), SizeIs(4)) << "one is left behind by each";
   EXPECT_THAT(TakeCalls(), IsEmpty());
   EXPECT_EQ(GetLastToolkitError(), kEarlier);
 }
 
 TEST_F(ImportAddressBookTest, NeedsTheTemporaryFolderForAScriptOfItsOwn) {
-  const TemporaryFolder missing(temporary_.PathOf("missing"));
+  const TemporaryFolder missing(temporary.PathOf("missing"));
   CScanner* const box = LogIn();
   const std::string path = AnyFile();
   EXPECT_EQ(ImportAddressBook(box, path.c_str(), Options(1)), -1);
-  EXPECT_EQ(ImportAddressBook(box, files_.Path().string().c_str(), Options(1)), -2)
+  EXPECT_EQ(ImportAddressBook(box, files.Path().string().c_str(), Options(1)), -2)
       << "the file is opened first";
   EXPECT_THAT(TakeCalls(), IsEmpty());
-  const std::string script = files_.Write("script", "CA emailab\n");
+  const std::string script = files.Write("script", "CA emailab\n");
   EXPECT_EQ(ImportAddressBook(box, script.c_str(), Options(ImportFormatScript)), 0);
 }
 
@@ -133,18 +133,18 @@ TEST_F(ImportAddressBookTest, TheServerRunsTheScriptUnderTheLongTimeout) {
   const std::string path = AnyFile();
   for (const std::uint32_t format : kConvertedFormats) {
     EXPECT_EQ(ImportAddressBook(box, path.c_str(), Options(format)), 0);
-    const std::string script = "IMSPBatchConfiguration " + temporary_.PathOf("QK7");
+    const std::string script = "IMSPBatchConfiguration " + temporary.PathOf("QK7");
     EXPECT_THAT(TakeCalls(),
                 ElementsAre("IMSPIOCtl 2 0", "IMSPIOCtl 1 3600000", StartsWith(script),
                             "IMSPIOCtl 2 0", "IMSPIOCtl 1 " + std::to_string(timeout)));
     EXPECT_EQ(SimulatorTimeout(), timeout);
-    EXPECT_THAT(temporary_.Names(), IsEmpty());
+    EXPECT_THAT(temporary.Names(), IsEmpty());
 
     SimulatorFail("IMSPIOCtl", 3, 16);
     EXPECT_EQ(ImportAddressBook(box, path.c_str(), Options(format)), 16);
     EXPECT_THAT(TakeCalls(), SizeIs(4)) << "a failure ends it";
     EXPECT_EQ(GetLastToolkitError(), 16);
-    EXPECT_THAT(temporary_.Names(), IsEmpty());
+    EXPECT_THAT(temporary.Names(), IsEmpty());
     SimulatorSetTimeout(timeout);
   }
   Logout();
@@ -156,21 +156,21 @@ TEST_F(ImportAddressBookTest, AScannerThatIsNotConnectedComesLast) {
   CScanner unbound;
   for (CScanner* const scanner : {&unbound, static_cast<CScanner*>(nullptr)}) {
     EXPECT_EQ(ImportAddressBook(scanner, AnyFile().c_str(), Options(1)), -1);
-    EXPECT_EQ(ImportAddressBook(scanner, files_.Path().string().c_str(), Options(1)), -2);
+    EXPECT_EQ(ImportAddressBook(scanner, files.Path().string().c_str(), Options(1)), -2);
     EXPECT_EQ(ImportAddressBook(scanner, AnyFile().c_str(), Options(ImportFormatScript)), -1);
   }
-  EXPECT_THAT(temporary_.Names(), SizeIs(2)) << "of the folders, none of the files";
+  EXPECT_THAT(temporary.Names(), SizeIs(2)) << "of the folders, none of the files";
   EXPECT_THAT(TakeCalls(), IsEmpty());
 }
 
 TEST_F(ImportAddressBookTest, AReadyMadeScriptIsPassedOnAndStays) {
   PutEmail("Old");
   CScanner* const box = LogIn();
-  const std::string script = files_.Write("script", "SE emailab \"Bob\" \"b\"\n");
+  const std::string script = files.Write("script", "SE emailab \"Bob\" \"b\"\n");
   EXPECT_EQ(ImportAddressBook(box, script.c_str(), Options(ImportFormatScript).ClearFirst()), 0);
   EXPECT_EQ(TakeCalls()[2], "IMSPBatchConfiguration " + script);
   EXPECT_TRUE(std::filesystem::exists(script));
-  EXPECT_THAT(temporary_.Names(), IsEmpty());
+  EXPECT_THAT(temporary.Names(), IsEmpty());
   EXPECT_EQ(Email(BookKind::kEmail, nullptr, "Old"), "Old|") << "nothing was cleared";
   EXPECT_EQ(Email(BookKind::kEmail, nullptr, "Bob"), "Bob|b");
 }
@@ -178,7 +178,7 @@ TEST_F(ImportAddressBookTest, AReadyMadeScriptIsPassedOnAndStays) {
 TEST_F(ImportAddressBookTest, TheOptionsReachTheConverter) {
   CScanner* const box = LogIn();
   const std::string path =
-      files_.Write("rows", "number,name,third,fourth\n12,\"Lee, Ann\",x,y\n34,Bob,z\n");
+      files.Write("rows", "number,name,third,fourth\n12,\"Lee, Ann\",x,y\n34,Bob,z\n");
   EXPECT_EQ(
       ImportAddressBook(box, path.c_str(),
                         Options(ImportFormatDelimited, TargetUsers, {1, 0, 2, 3}).SkipHeader()),
@@ -193,7 +193,7 @@ TEST_F(ImportAddressBookTest, TheOptionsReachTheConverter) {
 
 TEST_F(ImportAddressBookTest, ClearsForTheAdministratorAlone) {
   PutEmail("Old");
-  const std::string path = files_.Write("rows", "Ann,box\n");
+  const std::string path = files.Write("rows", "Ann,box\n");
   for (const auto& [user, password] : {std::pair("TOOLKIT", "KELP"), std::pair("CLERK", "pen")}) {
     CScanner* const box = LogInAs(user, password);
     EXPECT_EQ(ImportAddressBook(box, path.c_str(), Options(1).ClearFirst()), 0);
@@ -206,7 +206,7 @@ TEST_F(ImportAddressBookTest, ClearsForTheAdministratorAlone) {
   EXPECT_EQ(ImportAddressBook(box, path.c_str(), Options(1).ClearFirst()), 0);
   EXPECT_EQ(Email(BookKind::kEmail, nullptr, "Old"), "none");
   EXPECT_EQ(Email(BookKind::kEmail, nullptr, "Ann"), "Ann|box");
-  EXPECT_EQ(ImportAddressBook(box, files_.Write("empty", "").c_str(), Options(1).ClearFirst()), 0);
+  EXPECT_EQ(ImportAddressBook(box, files.Write("empty", "").c_str(), Options(1).ClearFirst()), 0);
   EXPECT_EQ(SimulatorBookSize(BookKind::kEmail, "", nullptr), 0) << "an empty file clears too";
 
   // The simulated appliance refuses the clear line that names no book. Other servers may not.
@@ -218,7 +218,7 @@ TEST_F(ImportAddressBookTest, ClearsForTheAdministratorAlone) {
 
 TEST_F(ImportAddressBookTest, ACountOfZeroOrLessIsAnEmptyMap) {
   CScanner* const box = LogInAs("CLERK", "pen");
-  const std::string path = files_.Write("rows", "Ann,box\n");
+  const std::string path = files.Write("rows", "Ann,box\n");
   for (const std::int32_t count : {0, -1, INT32_MIN}) {
     EXPECT_EQ(ImportAddressBook(box, path.c_str(), Options(1).ColumnCount(count)), 0);
   }

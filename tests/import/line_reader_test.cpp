@@ -18,7 +18,7 @@ class LineReaderTest : public testing::Test {
  protected:
   std::vector<std::string> Lines(const std::string& file) const {
     LineReader reader;
-    EXPECT_TRUE(reader.Open(folder_.Write("source", file).c_str()));
+    EXPECT_TRUE(reader.Open(folder.Write("source", file).c_str()));
     std::vector<std::string> lines;
     for (TextSpan line; reader.Next(&line);) {
       EXPECT_EQ(line.data()[line.size()], '\0');
@@ -29,7 +29,7 @@ class LineReaderTest : public testing::Test {
     return lines;
   }
 
-  const ScratchFolder folder_;
+  const ScratchFolder folder;
 };
 
 // Files of many blocks, with lines of about as many characters as a line holds and of few.

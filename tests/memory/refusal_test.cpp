@@ -133,7 +133,7 @@ struct Trial {
 
 class Refusal : public OperationTest, public testing::WithParamInterface<Operation> {
  protected:
-  Refusal() { importedFile = folder_.Write("file", "SE emailab \"Ann\" \"a\"\n"); }
+  Refusal() { importedFile = folder.Write("file", "SE emailab \"Ann\" \"a\"\n"); }
 
   // Sets the stage and runs the operation, with its allocation number `refused` refused; 0: none.
   // Everything has to be usable afterwards, and is given back.
@@ -143,8 +143,8 @@ class Refusal : public OperationTest, public testing::WithParamInterface<Operati
   static void Compare(const Trial& trial, const Trial& undisturbed);
 
  private:
-  const ScratchFolder folder_;
-  const TemporaryFolder temporary_{folder_.Path().string()};
+  const ScratchFolder folder;
+  const TemporaryFolder temporary{folder.Path().string()};
 };
 
 Trial Refusal::Try(int refused) {

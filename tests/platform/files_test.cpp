@@ -18,12 +18,12 @@ namespace fs = std::filesystem;
 
 class FilesTest : public testing::Test {
  protected:
-  void Create(const std::string& name) const { folder_.Write(name, "text\n"); }
+  void Create(const std::string& name) const { folder.Write(name, "text\n"); }
   bool Matches(const std::string& name) const {
-    return MatchesAnyFile(folder_.PathOf(name).c_str());
+    return MatchesAnyFile(folder.PathOf(name).c_str());
   }
 
-  ScratchFolder folder_;
+  ScratchFolder folder;
 };
 
 TEST_F(FilesTest, PatternsOfTheLastPart) {
@@ -56,7 +56,7 @@ TEST_F(FilesTest, EveryOtherCharacterStandsForItself) {
 }
 
 TEST_F(FilesTest, PatternsStandInTheLastPartAlone) {
-  fs::create_directory(folder_.PathOf("inner"));
+  fs::create_directory(folder.PathOf("inner"));
   Create("inner/file");
   EXPECT_TRUE(Matches("inner/file"));
   EXPECT_TRUE(Matches("inner/f*"));
@@ -69,7 +69,7 @@ TEST_F(FilesTest, PatternsStandInTheLastPartAlone) {
 TEST_F(FilesTest, PathsWithoutAFolderAreOfTheCurrentOne) {
   Create("here.txt");
   const fs::path before = fs::current_path();
-  fs::current_path(folder_.Path());
+  fs::current_path(folder.Path());
   EXPECT_TRUE(MatchesAnyFile("here.txt"));
   EXPECT_TRUE(MatchesAnyFile("h*.txt"));
   EXPECT_FALSE(MatchesAnyFile("there.txt"));

@@ -30,18 +30,18 @@ class LibraryTest : public testing::Test {
   }
 
   void Load() {
-    library_ = LoadModule("Quillkit");
-    ASSERT_NE(library_, nullptr);
+    library = LoadModule("Quillkit");
+    ASSERT_NE(library, nullptr);
   }
   void Unload() {
-    UnloadModule(library_);
-    library_ = nullptr;
+    UnloadModule(library);
+    library = nullptr;
   }
 
   // An exported function by its name.
   template <class Function>
   Function* Entry(const char* name) const {
-    auto* entry = reinterpret_cast<Function*>(FindEntryPoint(library_, name));
+    auto* entry = reinterpret_cast<Function*>(FindEntryPoint(library, name));
     EXPECT_NE(entry, nullptr) << name;
     return entry;
   }
@@ -75,7 +75,7 @@ class LibraryTest : public testing::Test {
   }
 
  private:
-  ModuleHandle library_ = nullptr;
+  ModuleHandle library = nullptr;
 };
 
 TEST_F(LibraryTest, IsLoadedUsedAndLeftTwice) {

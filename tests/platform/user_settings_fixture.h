@@ -21,12 +21,12 @@ class UserSettingsTest : public testing::Test {
  protected:
   UserSettingsTest() { Make(root); }
   ~UserSettingsTest() override {
-    for (const std::string& each : made_) DeleteSettingsKey(each.c_str());
+    for (const std::string& each : made) DeleteSettingsKey(each.c_str());
   }
 
   // Makes a key and has it deleted at the end; keys below it come after it. Its path.
   std::string Make(const std::string& path) {
-    made_.push_front(path);
+    made.push_front(path);
     EXPECT_EQ(SettingsKey(path.c_str(), SettingsAccess::kWrite).OpenStatus(), kSettingsDone);
     return path;
   }
@@ -69,7 +69,7 @@ class UserSettingsTest : public testing::Test {
                            testing::UnitTest::GetInstance()->current_test_info()->name();
 
  private:
-  std::list<std::string> made_;  // the latest first
+  std::list<std::string> made;  // the latest first
 };
 
 }  // namespace quillkit

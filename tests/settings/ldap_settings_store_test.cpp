@@ -27,7 +27,7 @@ class LdapSettingsTest : public testing::Test {
  protected:
   LdapSettingsTest() {
     shown.clear();
-    earlier_ = SetMessageBoxHandler([](const char* text) {
+    earlier = SetMessageBoxHandler([](const char* text) {
       shown.emplace_back(text);
       return kBoxResult;
     });
@@ -38,15 +38,15 @@ class LdapSettingsTest : public testing::Test {
 
   // Takes away what the test made, and the key of no profile with it where nobody else's is left.
   ~LdapSettingsTest() override {
-    for (const std::string& each : profiles_) DeleteLdapProfile(each.c_str());
+    for (const std::string& each : profiles) DeleteLdapProfile(each.c_str());
     DeleteLdapProfile("");
-    SetMessageBoxHandler(earlier_);
+    SetMessageBoxHandler(earlier);
   }
 
   // The name of a profile of this test's own, which goes with the test.
   const char* Profile(const std::string& ending) {
-    profiles_.push_back(testing::UnitTest::GetInstance()->current_test_info()->name() + ending);
-    return profiles_.back().c_str();
+    profiles.push_back(testing::UnitTest::GetInstance()->current_test_info()->name() + ending);
+    return profiles.back().c_str();
   }
 
   // The next profile into `name`.
@@ -61,9 +61,9 @@ class LdapSettingsTest : public testing::Test {
   std::uint32_t length = 0;
 
  private:
-  const SettingsHome home_;
-  std::list<std::string> profiles_;
-  MessageBoxHandler earlier_ = nullptr;
+  const SettingsHome home;
+  std::list<std::string> profiles;
+  MessageBoxHandler earlier = nullptr;
 };
 
 TEST_F(LdapSettingsTest, TextsAreReadUpTo512Characters) {
@@ -130,24 +130,24 @@ TEST_F(LdapSettingsTest, ProfilesAreDeletedOnceNothingIsBelowThem) {
 
 TEST_F(LdapSettingsTest, WalkGoesOnWhereItWasBrokenOff) {
   EXPECT_EQ(Next(), kNoSuchSetting);  // there is no key yet
-  const char* const profiles[] = {Profile("A"), Profile("B"), Profile("C")};
-  for (const int each : {1, 0, 2}) SetLdapDword(profiles[each], "port", 389);
+  const char* const named[] = {Profile("A"), Profile("B"), Profile("C")};
+  for (const int each : {1, 0, 2}) SetLdapDword(named[each], "port", 389);
   for (int i = 0; i < 2; ++i) {
     EXPECT_EQ(Next(), kSettingsDone);
-    EXPECT_STREQ(name.data(), profiles[0]);
-    EXPECT_EQ(length, std::strlen(profiles[0]));
-    const auto tooSmall = static_cast<std::uint32_t>(std::strlen(profiles[1]));
+    EXPECT_STREQ(name.data(), named[0]);
+    EXPECT_EQ(length, std::strlen(named[0]));
+    const auto tooSmall = static_cast<std::uint32_t>(std::strlen(named[1]));
     EXPECT_EQ(Next(tooSmall), kMoreSettingData);  // the second: it counts as told
     EXPECT_EQ(name[tooSmall], '#');
     EXPECT_EQ(Next(), kSettingsDone);
-    EXPECT_STREQ(name.data(), profiles[2]);
+    EXPECT_STREQ(name.data(), named[2]);
     EXPECT_EQ(Next(), kNoMoreSettings);
   }
   EXPECT_EQ(Next(), kSettingsDone);
-  for (const char* each : profiles) DeleteLdapProfile(each);
+  for (const char* each : named) DeleteLdapProfile(each);
   DeleteLdapProfile("");
   EXPECT_EQ(Next(), kNoSuchSetting);
-  SetLdapDword(profiles[0], "port", 389);
+  SetLdapDword(named[0], "port", 389);
   EXPECT_EQ(Next(), kNoMoreSettings);  // behind the one that was told before
   EXPECT_EQ(Next(), kSettingsDone);
 }

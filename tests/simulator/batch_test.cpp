@@ -20,11 +20,11 @@ class BatchTest : public ServerTest {
     user.SetName("Eve");
     SimulatorPutEntry(BookKind::kUsers, nullptr, nullptr, &user);
   }
-  ~BatchTest() override { std::remove(path_.c_str()); }
+  ~BatchTest() override { std::remove(path.c_str()); }
 
   Status Run(std::string_view script) {
-    std::ofstream(path_, std::ios::binary) << script;
-    return IMSPBatchConfiguration(path_.c_str());
+    std::ofstream(path, std::ios::binary) << script;
+    return IMSPBatchConfiguration(path.c_str());
   }
 
   template <class Record>
@@ -37,7 +37,7 @@ class BatchTest : public ServerTest {
   static std::int32_t Size(BookKind kind) { return SimulatorBookSize(kind, nullptr, "Eve"); }
 
  private:
-  const std::string path_ = testing::TempDir() + "quillkit_batch_test.txt";
+  const std::string path = testing::TempDir() + "quillkit_batch_test.txt";
 };
 
 TEST_F(BatchTest, EachLineSetsOneEntryOrClearsABook) {

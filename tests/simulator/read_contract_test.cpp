@@ -24,9 +24,9 @@ bool Matches(const std::string& name, const std::string& filter) {
 
 class Random {
  public:
-  explicit Random(std::mt19937::result_type seed) : generator_(seed) {}
+  explicit Random(std::mt19937::result_type seed) : generator(seed) {}
 
-  std::size_t Below(std::size_t end) { return generator_() % end; }
+  std::size_t Below(std::size_t end) { return generator() % end; }
 
   // Few characters, so that names share beginnings, and those at which an order or a filter may
   // break.
@@ -65,7 +65,7 @@ class Random {
   }
 
  private:
-  std::mt19937 generator_;
+  std::mt19937 generator;
 };
 
 // What a read gives: its status, its count, and the names in the rows of its buffer and in one more

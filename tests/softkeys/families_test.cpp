@@ -94,22 +94,22 @@ class Families : public PanelTest, public testing::WithParamInterface<Change> {
     PutKey("B", {"B", "C", "D"});
     PutKey("C", {});
     PutKey("D", {});
-    book_.Load(1);
+    book.Load(1);
     SimulatorClearJournal();
   }
 
-  Names Cached() { return ofItems_ ? NamesOf(*book_.KeyAt(0)) : NamesOf(book_); }
+  Names Cached() { return ofItems ? NamesOf(*book.KeyAt(0)) : NamesOf(book); }
 
-  const Change& change_ = GetParam();
-  const Effect& effect_ = change_.effect;
-  const bool ofItems_ = change_.of == kItems;
+  const Change& change = GetParam();
+  const Effect& effect = change.effect;
+  const bool ofItems = change.of == kItems;
 };
 
 TEST_P(Families, FastPatchesTheCacheInPlace) {
-  CSoftKey* first = book_.KeyAt(0);
-  EXPECT_EQ(change_.fast(book_), effect_.success);
-  EXPECT_EQ(Cached(), effect_.patched);
-  EXPECT_EQ(book_.KeyAt(0), first);
+  CSoftKey* first = book.KeyAt(0);
+  EXPECT_EQ(change.fast(book), effect.success);
+  EXPECT_EQ(Cached(), effect.patched);
+  EXPECT_EQ(book.KeyAt(0), first);
   for (int i = 0; i < first->ItemCount(); ++i) {
     CMenuItem stored;
     const std::string name(first->ItemAt(i)->name.View());
@@ -119,13 +119,13 @@ TEST_P(Families, FastPatchesTheCacheInPlace) {
 }
 
 TEST_P(Families, FastFailsWhenTheServerChangedWhatIsNotCached) {
-  if (ofItems_) {
-    book_.KeyAt(0)->ItemAt(1)->SetName("X");
+  if (ofItems) {
+    book.KeyAt(0)->ItemAt(1)->SetName("X");
   } else {
-    book_.KeyAt(1)->SetKeyName("X");
+    book.KeyAt(1)->SetKeyName("X");
   }
-  const bool adds = &effect_ == &kAdds;
-  EXPECT_EQ(change_.fast(book_), adds ? 4 : effect_.failure);
+  const bool adds = &effect == &kAdds;
+  EXPECT_EQ(change.fast(book), adds ? 4 : effect.failure);
   EXPECT_EQ(TheAgent.LastError(), kNoError);
   EXPECT_THAT(TakeCalls(), SizeIs(1));
   EXPECT_EQ(Cached(), adds ? (Names{"B", "X", "D", "A"}) : (Names{"B", "X", "D"}));
@@ -133,16 +133,16 @@ TEST_P(Families, FastFailsWhenTheServerChangedWhatIsNotCached) {
 
 TEST_P(Families, NothingIsAskedWithoutAScannerOrAnOwner) {
   CTopLevelAB unattached;
-  unattached.Attach(box_, 1);
+  unattached.Attach(box, 1);
   unattached.Attach(nullptr, 0);
-  book_.Load(0);
+  book.Load(0);
   TakeCalls();
   TheAgent.SetError(kEarlier);
-  EXPECT_EQ(change_.plain(unattached), kRefused);
-  EXPECT_EQ(change_.fast(unattached), effect_.failure);
-  if (ofItems_) {  // the keys of a listing alone have no owner
-    EXPECT_EQ(change_.plain(book_), kRefused);
-    EXPECT_EQ(change_.fast(book_), effect_.failure);
+  EXPECT_EQ(change.plain(unattached), kRefused);
+  EXPECT_EQ(change.fast(unattached), effect.failure);
+  if (ofItems) {  // the keys of a listing alone have no owner
+    EXPECT_EQ(change.plain(book), kRefused);
+    EXPECT_EQ(change.fast(book), effect.failure);
   }
   EXPECT_EQ(TheAgent.LastError(), kEarlier);
   EXPECT_THAT(TakeCalls(), IsEmpty());

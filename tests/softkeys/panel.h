@@ -20,7 +20,7 @@ inline std::string ReadCall(const std::string& key) {
 
 class PanelTest : public ApplianceTest {
  protected:
-  PanelTest() { book_.Attach(box_, 0); }
+  PanelTest() { book.Attach(box, 0); }
 
   static Names NamesOf(CSoftKey& key) {
     Names names;
@@ -34,8 +34,8 @@ class PanelTest : public ApplianceTest {
     return names;
   }
 
-  CScanner* box_ = LogIn();
-  CTopLevelAB book_;
+  CScanner* box = LogIn();
+  CTopLevelAB book;
 };
 
 }  // namespace quillkit

@@ -26,7 +26,7 @@ class SoftKeyTest : public PanelTest {
  protected:
   SoftKeyTest() {
     PutKey("Scan", {"B", "C", "D"});
-    key_.Load("Scan", &book_, {}, 1);
+    key.Load("Scan", &book, {}, 1);
     TheAgent.SetError(kEarlier);
     SimulatorClearJournal();
   }
@@ -39,7 +39,7 @@ class SoftKeyTest : public PanelTest {
     }
   }
 
-  CSoftKey key_;
+  CSoftKey key;
 };
 
 // --- Loads ---
@@ -47,44 +47,44 @@ class SoftKeyTest : public PanelTest {
 TEST_F(SoftKeyTest, ALoadIsOneReadOfTheWholeKey) {
   for (const int extra : {509, 510}) {  // 512 and 513 items in all
     PutItems(extra);
-    EXPECT_EQ(key_.Load("Scan", &book_, {}, 1), extra == 510 ? kMoreData : kNoError);
-    EXPECT_EQ(key_.ItemCount(), 512);
-    EXPECT_EQ(key_.ItemAt(0)->name.View(), "1000");
+    EXPECT_EQ(key.Load("Scan", &book, {}, 1), extra == 510 ? kMoreData : kNoError);
+    EXPECT_EQ(key.ItemCount(), 512);
+    EXPECT_EQ(key.ItemAt(0)->name.View(), "1000");
     EXPECT_THAT(TakeCalls(), ElementsAre(ReadCall("Scan")));
   }
 }
 
 TEST_F(SoftKeyTest, ALoadGoesOnFromANameAndBackFromOne) {
   // The name lies in the block that the load gives up.
-  EXPECT_EQ(key_.Load(key_.KeyName(), &book_, key_.ItemAt(1)->name.View(), 1), kNoError);
-  EXPECT_EQ(NamesOf(key_), (Names{"D"}));
-  EXPECT_EQ(key_.Load("Scan", &book_, "D", 0), kNoError);
-  EXPECT_EQ(NamesOf(key_), (Names{"B", "C"}));
+  EXPECT_EQ(key.Load(key.KeyName(), &book, key.ItemAt(1)->name.View(), 1), kNoError);
+  EXPECT_EQ(NamesOf(key), (Names{"D"}));
+  EXPECT_EQ(key.Load("Scan", &book, "D", 0), kNoError);
+  EXPECT_EQ(NamesOf(key), (Names{"B", "C"}));
   EXPECT_THAT(TakeCalls(), ElementsAre("IMSPReadAB 512:Scan [C|*|0] 512 1",
                                        "IMSPReadAB 512:Scan [D|*|0] 512 0"));
   CMenuItem added = MakeItem("A");
-  EXPECT_EQ(key_.FastItemAdd(&added), 3) << "behind what stands at the block's end";
-  EXPECT_EQ(NamesOf(key_), (Names{"B", "C", "A"}));
+  EXPECT_EQ(key.FastItemAdd(&added), 3) << "behind what stands at the block's end";
+  EXPECT_EQ(NamesOf(key), (Names{"B", "C", "A"}));
 }
 
 // Where the count stays as it was, only the status tells that nothing is there.
 TEST_F(SoftKeyTest, AKeyThatIsNotDeliveredLoadsAsEmpty) {
   SimulatorSetLies(kLieFailedCount);
   SimulatorFail("IMSPReadAB", 1, kDataNotFound);
-  EXPECT_EQ(key_.Load("Scan", &book_, {}, 1), kNoError);
-  EXPECT_TRUE(key_.IsEmpty());
+  EXPECT_EQ(key.Load("Scan", &book, {}, 1), kNoError);
+  EXPECT_TRUE(key.IsEmpty());
   SimulatorFail("IMSPReadAB", 1, kFault);
-  EXPECT_EQ(key_.Load("Scan", &book_, {}, 1), kFault);
-  EXPECT_EQ(NamesOf(key_), Names(512));
+  EXPECT_EQ(key.Load("Scan", &book, {}, 1), kFault);
+  EXPECT_EQ(NamesOf(key), Names(512));
 }
 
 TEST_F(SoftKeyTest, ALoadWithoutAnOwnerChangesNothingAndWithoutAScannerReadsNothing) {
-  EXPECT_EQ(key_.Load("Other", nullptr, {}, 1), kRefused);
-  EXPECT_EQ(key_.KeyName(), "Scan");
-  EXPECT_EQ(key_.ItemCount(), 3);
+  EXPECT_EQ(key.Load("Other", nullptr, {}, 1), kRefused);
+  EXPECT_EQ(key.KeyName(), "Scan");
+  EXPECT_EQ(key.ItemCount(), 3);
   CTopLevelAB unattached;
-  EXPECT_EQ(key_.Load("Other", &unattached, {}, 1), kRefused);
-  EXPECT_EQ(NamesOf(key_), Names(512));
+  EXPECT_EQ(key.Load("Other", &unattached, {}, 1), kRefused);
+  EXPECT_EQ(NamesOf(key), Names(512));
   EXPECT_EQ(TheAgent.LastError(), kEarlier);
   EXPECT_THAT(TakeCalls(), IsEmpty());
 }
@@ -93,52 +93,52 @@ TEST_F(SoftKeyTest, ALoadWithoutAnOwnerChangesNothingAndWithoutAScannerReadsNoth
 
 TEST_F(SoftKeyTest, FastAddEndsAt512CachedItems) {
   PutItems(508);
-  key_.Load("Scan", &book_, {}, 1);
+  key.Load("Scan", &book, {}, 1);
   CMenuItem item = MakeItem("X");
-  EXPECT_EQ(key_.FastItemAdd(&item), 512);
+  EXPECT_EQ(key.FastItemAdd(&item), 512);
   TheAgent.SetError(kEarlier);
   TakeCalls();
-  EXPECT_EQ(key_.FastItemAdd(&item), -1);
+  EXPECT_EQ(key.FastItemAdd(&item), -1);
   EXPECT_EQ(TheAgent.LastError(), kBookFull);
   EXPECT_THAT(TakeCalls(), IsEmpty());
-  EXPECT_EQ(key_.AddMenuItem(&item, false), 14) << "the plain one leaves the limit to the server";
+  EXPECT_EQ(key.AddMenuItem(&item, false), 14) << "the plain one leaves the limit to the server";
 }
 
 TEST_F(SoftKeyTest, AnItemOfTheKeyItselfMayBeGiven) {
-  EXPECT_EQ(key_.FastItemModify(key_.ItemAt(1)), 1);
-  EXPECT_EQ(key_.FastItemRename("C", key_.ItemAt(1)), 1);
-  EXPECT_EQ(key_.ModifyMenuItem(key_.ItemAt(2), true), kNoError);
-  EXPECT_EQ(key_.FastItemRemove(key_.ItemAt(0)), 2);
+  EXPECT_EQ(key.FastItemModify(key.ItemAt(1)), 1);
+  EXPECT_EQ(key.FastItemRename("C", key.ItemAt(1)), 1);
+  EXPECT_EQ(key.ModifyMenuItem(key.ItemAt(2), true), kNoError);
+  EXPECT_EQ(key.FastItemRemove(key.ItemAt(0)), 2);
   CMenuItem outside = MakeItem("E");
-  EXPECT_EQ(key_.FastItemAdd(&outside), 3);
-  EXPECT_EQ(NamesOf(key_), (Names{"C", "D", "E"}));
+  EXPECT_EQ(key.FastItemAdd(&outside), 3);
+  EXPECT_EQ(NamesOf(key), (Names{"C", "D", "E"}));
 }
 
 TEST_F(SoftKeyTest, TheServersCountIsToldWithAnOwnerAndWithout) {
   CSoftKey unowned;
   unowned.SetKeyName("Scan");
-  for (CSoftKey* key : {&key_, &unowned}) {
+  for (CSoftKey* each : {&key, &unowned}) {
     std::uint32_t count = 0;
-    EXPECT_EQ(key->GetDBItemCount(&count), kNoError);
+    EXPECT_EQ(each->GetDBItemCount(&count), kNoError);
     EXPECT_EQ(count, 3U);
   }
   EXPECT_THAT(TakeCalls(), ElementsAre("IMSPSizeofAB 512:Scan -", "IMSPSizeofAB 512:Scan -"));
   CScanner unbound;
-  book_.Attach(&unbound, 0);
+  book.Attach(&unbound, 0);
   std::uint32_t count = 0;
-  EXPECT_EQ(key_.GetDBItemCount(&count), kRefused);
+  EXPECT_EQ(key.GetDBItemCount(&count), kRefused);
 }
 
 TEST_F(SoftKeyTest, SavingGoesOnPastARefusalAndGivesTheLastStatus) {
   for (const int failing : {2, 3}) {
     SimulatorFail("IMSPModifyEntry", failing, kFault);
-    EXPECT_EQ(key_.SaveAllItems(), failing == 3 ? kFault : kNoError);
+    EXPECT_EQ(key.SaveAllItems(), failing == 3 ? kFault : kNoError);
     EXPECT_THAT(TakeCalls(),
                 ElementsAre("IMSPModifyEntry 512:Scan B B", "IMSPModifyEntry 512:Scan C C",
                             "IMSPModifyEntry 512:Scan D D"));
   }
-  key_.Init("Scan", 0, &book_);
-  EXPECT_EQ(key_.SaveAllItems(), kRefused);
+  key.Init("Scan", 0, &book);
+  EXPECT_EQ(key.SaveAllItems(), kRefused);
 }
 
 }  // namespace

@@ -11,24 +11,24 @@ namespace quillkit {
 
 class CombinationCount : public testing::Environment {
  public:
-  // `of` says of what, in front of the number. GoogleTest owns the count.
-  static CombinationCount& Of(const char* of) {
-    auto* count = new CombinationCount(of);
-    testing::AddGlobalTestEnvironment(count);
-    return *count;
+  // Prints "label: count" when all tests have run. GoogleTest owns the result.
+  static CombinationCount& Of(const char* counted) {
+    auto* made = new CombinationCount(counted);
+    testing::AddGlobalTestEnvironment(made);
+    return *made;
   }
 
-  void Add() { ++count_; }
+  void Add() { ++count; }
 
   void TearDown() override {
-    if (count_ != 0) std::printf("%s: %d\n", of_, count_);
+    if (count != 0) std::printf("%s: %d\n", label, count);
   }
 
  private:
-  explicit CombinationCount(const char* of) : of_(of) {}
+  explicit CombinationCount(const char* counted) : label(counted) {}
 
-  const char* const of_;
-  int count_ = 0;
+  const char* const label;
+  int count = 0;
 };
 
 }  // namespace quillkit

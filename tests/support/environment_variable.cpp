@@ -4,9 +4,10 @@
 
 namespace quillkit {
 
-EnvironmentVariable::EnvironmentVariable(const char* name, const std::string& value) : name_(name) {
-  const char* const before = std::getenv(name);
-  if (before != nullptr) before_ = before;
+EnvironmentVariable::EnvironmentVariable(const char* variable, const std::string& value)
+    : name(variable) {
+  const char* const found = std::getenv(name);
+  if (found != nullptr) before = found;
   Set(value);
 }
 

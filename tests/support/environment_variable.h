@@ -9,17 +9,17 @@ namespace quillkit {
 
 class EnvironmentVariable {
  public:
-  // An empty value takes the variable away. `name` must outlive the object.
-  EnvironmentVariable(const char* name, const std::string& value);
+  // An empty value removes the variable. The name must outlive the object.
+  EnvironmentVariable(const char* variable, const std::string& value);
   EnvironmentVariable(const EnvironmentVariable&) = delete;
   EnvironmentVariable& operator=(const EnvironmentVariable&) = delete;
-  ~EnvironmentVariable() { Set(before_); }
+  ~EnvironmentVariable() { Set(before); }
 
  private:
   void Set(const std::string& value);
 
-  const char* name_;
-  std::string before_;
+  const char* name;
+  std::string before;
 };
 
 }  // namespace quillkit

@@ -23,25 +23,25 @@ void WriteBytes(const std::string& path, std::string_view bytes) {
 ScratchFolder::ScratchFolder() {
   std::random_device number;
   do {
-    path_ = std::filesystem::temp_directory_path() /
-            ("quillkit-test-" + std::to_string(number() % 1'000'000'000));
-  } while (!std::filesystem::create_directory(path_));
+    path = std::filesystem::temp_directory_path() /
+           ("quillkit-test-" + std::to_string(number() % 1'000'000'000));
+  } while (!std::filesystem::create_directory(path));
 }
 
 ScratchFolder::~ScratchFolder() {
   std::error_code ignored;
-  std::filesystem::remove_all(path_, ignored);
+  std::filesystem::remove_all(path, ignored);
 }
 
 std::string ScratchFolder::Write(std::string_view name, std::string_view bytes) const {
-  std::string path = PathOf(name);
-  WriteBytes(path, bytes);
-  return path;
+  std::string written = PathOf(name);
+  WriteBytes(written, bytes);
+  return written;
 }
 
 std::vector<std::string> ScratchFolder::Names() const {
   std::vector<std::string> names;
-  for (const auto& each : std::filesystem::directory_iterator(path_)) {
+  for (const auto& each : std::filesystem::directory_iterator(path)) {
     names.push_back(each.path().filename().string());
   }
   std::sort(names.begin(), names.end());

@@ -21,10 +21,10 @@ class ScratchFolder {
   ScratchFolder& operator=(const ScratchFolder&) = delete;
   ~ScratchFolder();
 
-  const std::filesystem::path& Path() const { return path_; }
+  const std::filesystem::path& Path() const { return path; }
 
   // The path of something in the folder, there or not.
-  std::string PathOf(std::string_view name) const { return (path_ / name).string(); }
+  std::string PathOf(std::string_view name) const { return (path / name).string(); }
 
   // Writes a file of these bytes and gives its path.
   std::string Write(std::string_view name, std::string_view bytes) const;
@@ -33,7 +33,7 @@ class ScratchFolder {
   std::vector<std::string> Names() const;
 
  private:
-  std::filesystem::path path_;
+  std::filesystem::path path;
 };
 
 }  // namespace quillkit

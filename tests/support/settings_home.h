@@ -14,11 +14,11 @@ namespace quillkit {
 class SettingsHome {
  public:
   // The configuration folder. REQUIRES: POSIX.
-  const std::filesystem::path& Folder() const { return folder_.Path(); }
+  const std::filesystem::path& Folder() const { return folder.Path(); }
 
  private:
-  const ScratchFolder folder_;
-  const EnvironmentVariable variable_{"XDG_CONFIG_HOME", folder_.Path().string()};
+  const ScratchFolder folder;
+  const EnvironmentVariable variable{"XDG_CONFIG_HOME", folder.Path().string()};
 };
 
 }  // namespace quillkit

@@ -12,12 +12,12 @@ namespace quillkit {
 class TemporaryFolder {
  public:
   // `path` need not exist.
-  explicit TemporaryFolder(const std::string& path) : posix_("TMPDIR", path), win32_("TMP", path) {}
+  explicit TemporaryFolder(const std::string& path) : posix("TMPDIR", path), win32("TMP", path) {}
 
  private:
   // Each system looks at its own first.
-  const EnvironmentVariable posix_;
-  const EnvironmentVariable win32_;
+  const EnvironmentVariable posix;
+  const EnvironmentVariable win32;
 };
 
 }  // namespace quillkit

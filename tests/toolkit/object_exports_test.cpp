@@ -39,53 +39,53 @@ class KeyExports : public ApplianceTest {
  protected:
   KeyExports() {
     PutKey("Scan", {"ABC", "ABD", "X"});
-    book_ = GetTopLevelAbook(LogIn());
-    EXPECT_EQ(LoadTopLevelAbook(book_, 1), 0);
-    key_ = GetKeyAt(book_, 0);
+    book = GetTopLevelAbook(LogIn());
+    EXPECT_EQ(LoadTopLevelAbook(book, 1), 0);
+    key = GetKeyAt(book, 0);
     TakeCalls();
     TheAgent.SetError(kEarlierError);
   }
 
-  CTopLevelAB* book_;
-  CSoftKey* key_;
+  CTopLevelAB* book;
+  CSoftKey* key;
 };
 
 TEST_F(KeyExports, LookAtAndChangeMemoryAlone) {
-  EXPECT_EQ(FindSoftKeyIndex(book_, "Scan"), 0);
-  EXPECT_EQ(FindSoftKeyIndex(book_, "Sca"), -1);
-  EXPECT_EQ(FindFirstItem(key_, "AB", 1), -1);
-  EXPECT_EQ(FindFirstItem(key_, "AB", 0), 0);
-  EXPECT_EQ(FindNextItem(key_, 1), -1);
-  EXPECT_EQ(FindFirstItem(key_, "AB", 0), 0);
-  EXPECT_EQ(FindNextItem(key_, 0), 1);
+  EXPECT_EQ(FindSoftKeyIndex(book, "Scan"), 0);
+  EXPECT_EQ(FindSoftKeyIndex(book, "Sca"), -1);
+  EXPECT_EQ(FindFirstItem(key, "AB", 1), -1);
+  EXPECT_EQ(FindFirstItem(key, "AB", 0), 0);
+  EXPECT_EQ(FindNextItem(key, 1), -1);
+  EXPECT_EQ(FindFirstItem(key, "AB", 0), 0);
+  EXPECT_EQ(FindNextItem(key, 0), 1);
 
-  EXPECT_EQ(SetItemAt(key_, 1, GetItemAt(key_, 2)), 1);
-  EXPECT_EQ(FindMenuItemIndex(key_, GetItemAt(key_, 2)), 1);
-  EXPECT_EQ(RemoveItemAt(key_, 3), 0);
-  EXPECT_EQ(RemoveItemAt(key_, 0), 1);
-  EXPECT_STREQ(GetItemName(GetItemAt(key_, 0)), "X");
-  EXPECT_EQ(GetItemCount(key_), 2);
-  EXPECT_EQ(IsSoftKeyEmpty(key_), 0);
+  EXPECT_EQ(SetItemAt(key, 1, GetItemAt(key, 2)), 1);
+  EXPECT_EQ(FindMenuItemIndex(key, GetItemAt(key, 2)), 1);
+  EXPECT_EQ(RemoveItemAt(key, 3), 0);
+  EXPECT_EQ(RemoveItemAt(key, 0), 1);
+  EXPECT_STREQ(GetItemName(GetItemAt(key, 0)), "X");
+  EXPECT_EQ(GetItemCount(key), 2);
+  EXPECT_EQ(IsSoftKeyEmpty(key), 0);
   EXPECT_THAT(TakeCalls(), testing::IsEmpty());
   EXPECT_EQ(GetLastToolkitError(), kEarlierError);
 }
 
 TEST_F(KeyExports, LoadItemsProvesThatAKeyCanBeRead) {
-  EXPECT_EQ(LoadItems(book_, "Scan"), key_);
+  EXPECT_EQ(LoadItems(book, "Scan"), key);
   EXPECT_THAT(TakeCalls(), testing::ElementsAre("IMSPReadAB 512:Scan [|*|0] 512 1"));
 }
 
 TEST_F(KeyExports, MakeAKeyThatCountsAsFullUntilItIsRead) {
   const std::string name(1000, 'n');
-  CSoftKey* key = nullptr;
-  EXPECT_EQ(CreateSoftKey(name, book_, &key), 1);
-  EXPECT_EQ(GetKeyName(key), name);
-  EXPECT_EQ(GetItemCount(key), 512);
-  DestroySoftKey(key);
-  EXPECT_EQ(CreateSoftKey(name, nullptr, &key), 0);
-  ASSERT_NE(key, nullptr);
-  EXPECT_EQ(IsSoftKeyEmpty(key), 1);
-  DestroySoftKey(key);
+  CSoftKey* made = nullptr;
+  EXPECT_EQ(CreateSoftKey(name, book, &made), 1);
+  EXPECT_EQ(GetKeyName(made), name);
+  EXPECT_EQ(GetItemCount(made), 512);
+  DestroySoftKey(made);
+  EXPECT_EQ(CreateSoftKey(name, nullptr, &made), 0);
+  ASSERT_NE(made, nullptr);
+  EXPECT_EQ(IsSoftKeyEmpty(made), 1);
+  DestroySoftKey(made);
   DestroySoftKey(nullptr);
 }
 

@@ -54,15 +54,15 @@ constexpr ViewOperation kOperations[] = {
 
 class Dice {
  public:
-  explicit Dice(std::mt19937& random) : random_(random) {}
+  explicit Dice(std::mt19937& generator) : random(generator) {}
 
   // From 0 to `sides` - 1. Not std::uniform_int_distribution, which differs between libraries.
   std::int32_t Roll(std::size_t sides) {
-    return static_cast<std::int32_t>(random_() % static_cast<std::mt19937::result_type>(sides));
+    return static_cast<std::int32_t>(random() % static_cast<std::mt19937::result_type>(sides));
   }
 
  private:
-  std::mt19937& random_;
+  std::mt19937& random;
 };
 
 // A name of the book, one that begins such a name, or one that the book lacks.

@@ -29,7 +29,7 @@ class SteadySignals {
     signals = 0;
     struct sigaction action = {};
     action.sa_handler = CountSignal;
-    sigaction(SIGALRM, &action, &before_);
+    sigaction(SIGALRM, &action, &before);
     SetPeriod(1000);
   }
   SteadySignals(const SteadySignals&) = delete;
@@ -37,7 +37,7 @@ class SteadySignals {
   ~SteadySignals() {
     SetPeriod(0);
     std::this_thread::sleep_for(std::chrono::milliseconds(2));  // the last one may be on its way
-    sigaction(SIGALRM, &before_, nullptr);
+    sigaction(SIGALRM, &before, nullptr);
   }
 
  private:
@@ -46,13 +46,13 @@ class SteadySignals {
     setitimer(ITIMER_REAL, &period, nullptr);
   }
 
-  struct sigaction before_ = {};
+  struct sigaction before = {};
 };
 
 class InterruptionTest : public testing::Test {
  protected:
   InterruptionTest() {
-    for (const std::string& each : {in_, out_}) EXPECT_EQ(mkfifo(each.c_str(), 0600), 0);
+    for (const std::string& each : {in, out}) EXPECT_EQ(mkfifo(each.c_str(), 0600), 0);
   }
 
   // The other ends of the pipes: opens each late, writes `text` into one with pauses, and returns
@@ -79,24 +79,24 @@ class InterruptionTest : public testing::Test {
     rest.join();
   }
 
-  const ScratchFolder folder_;
-  const std::string in_ = folder_.PathOf("in");
-  const std::string out_ = folder_.PathOf("out");
+  const ScratchFolder folder;
+  const std::string in = folder.PathOf("in");
+  const std::string out = folder.PathOf("out");
 };
 
 TEST_F(InterruptionTest, ConversionGoesOn) {
   std::string rows;
   while (rows.size() < 400'000) rows += "Ann Lee,box" + std::to_string(rows.size()) + "\n";
-  const std::string source = folder_.Write("source", rows);
-  const std::string script = folder_.PathOf("script");
+  const std::string source = folder.Write("source", rows);
+  const std::string script = folder.PathOf("script");
   const model::Request request;
   ASSERT_EQ(RunConverter(Converter::kDelimited, source.c_str(), script.c_str(), request), 0);
 
   std::string result;
-  std::thread otherEnds([&] { ServePipes(rows, &result, in_, out_); });
+  std::thread otherEnds([&] { ServePipes(rows, &result, in, out); });
   {
     const SteadySignals interruptions;
-    EXPECT_EQ(RunConverter(Converter::kDelimited, in_.c_str(), out_.c_str(), request), 0);
+    EXPECT_EQ(RunConverter(Converter::kDelimited, in.c_str(), out.c_str(), request), 0);
   }
   otherEnds.join();
   EXPECT_GT(signals, 0);
@@ -106,10 +106,10 @@ TEST_F(InterruptionTest, ConversionGoesOn) {
 TEST_F(InterruptionTest, WholeFilesAreReadAndWritten) {
   const std::string text(400'000, 'x');
   std::string result;
-  std::thread otherEnds([&] { ServePipes(text, &result, in_, out_); });
+  std::thread otherEnds([&] { ServePipes(text, &result, in, out); });
   {
     const SteadySignals interruptions;
-    quillctl::WriteTextFile(out_, quillctl::ReadTextFile(in_, text.size()));
+    quillctl::WriteTextFile(out, quillctl::ReadTextFile(in, text.size()));
   }
   otherEnds.join();
   EXPECT_GT(signals, 0);

@@ -21,13 +21,13 @@ namespace fs = std::filesystem;
 
 class PosixTemporaryFileTest : public testing::Test {
  protected:
-  const ScratchFolder folder_;
-  const TemporaryFolder redirected_{folder_.Path().string()};
+  const ScratchFolder folder;
+  const TemporaryFolder redirected{folder.Path().string()};
 };
 
 TEST_F(PosixTemporaryFileTest, EmptyVariableIsSkipped) {
   ASSERT_EQ(setenv("TMPDIR", "", 1), 0);
-  EXPECT_EQ(fs::path(CreateTemporaryFile("QK7").path).parent_path(), folder_.Path());
+  EXPECT_EQ(fs::path(CreateTemporaryFile("QK7").path).parent_path(), folder.Path());
 }
 
 TEST_F(PosixTemporaryFileTest, IsTheUsersAloneAndNotInherited) {
@@ -44,7 +44,7 @@ TEST_F(PosixTemporaryFileTest, ScriptDoesNotFollowALinkInItsPlace) {
   const std::string victim = elsewhere.Write("victim", "as it was");
   std::thread intruder([&] {
     std::ofstream pipe(source);  // opened as soon as the import opens it
-    const std::string script = folder_.PathOf(folder_.Names().front());
+    const std::string script = folder.PathOf(folder.Names().front());
     fs::rename(script, elsewhere.PathOf("script"));
     fs::create_symlink(victim, script);
     pipe << "dn:\ncn: Ann\nmail: box\n";

@@ -6,9 +6,9 @@ namespace quillkit {
 
 void EnvironmentVariable::Set(const std::string& value) {
   if (value.empty()) {
-    unsetenv(name_);
+    unsetenv(name);
   } else {
-    setenv(name_, value.c_str(), 1);
+    setenv(name, value.c_str(), 1);
   }
 }
 

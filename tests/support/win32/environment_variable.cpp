@@ -5,7 +5,7 @@
 namespace quillkit {
 
 void EnvironmentVariable::Set(const std::string& value) {
-  _putenv_s(name_, value.c_str());  // an empty text removes the variable
+  _putenv_s(name, value.c_str());  // an empty text removes the variable
 }
 
 }  // namespace quillkit
