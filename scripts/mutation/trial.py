@@ -40,7 +40,7 @@ class Stage:
 
     def limits(self):
         seconds = self.seconds * self.slowness
-        return int(10 + 4 * seconds), int(300 + 10 * seconds)
+        return int(10 + 4 * seconds), int(60 + 10 * seconds)
 
 
 def prepare(variant):
