@@ -1,11 +1,11 @@
 # Quillkit::Quillkit     the product
-# Quillkit::quillkit_c   the same functions for C and what calls C
-# Quillkit::Classes      the class library, an archive; not beside Quillkit::Quillkit
-# Quillkit::Simulator    the simulated appliance, where it is installed
+# Quillkit::quillkit_c   the same functions for C and for languages that call C
+# Quillkit::Classes      the class library, a static archive; do not link it with Quillkit::Quillkit
+# Quillkit::Simulator    the simulated appliance, if it is installed
 include(${CMAKE_CURRENT_LIST_DIR}/QuillkitTargets.cmake)
 include(${CMAKE_CURRENT_LIST_DIR}/QuillkitSimulatorTargets.cmake OPTIONAL)
 
-# Each of them is a component, too.
+# Each target is also a component.
 foreach(component IN LISTS Quillkit_FIND_COMPONENTS)
   if(TARGET Quillkit::${component})
     set(Quillkit_${component}_FOUND TRUE)

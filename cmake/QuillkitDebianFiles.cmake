@@ -1,4 +1,4 @@
-# Run by cpack on what it is about to put into a .deb: what Debian wants beside it, or otherwise.
+# cpack runs this before it makes a .deb: adds the files that Debian requires and compresses others.
 set(share ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/share)
 set(documents ${share}/doc/${CPACK_PACKAGE_NAME})
 string(TIMESTAMP now "%a, %d %b %Y %H:%M:%S +0000" UTC)
@@ -12,7 +12,7 @@ No licence has been chosen yet.
 file(WRITE ${documents}/changelog
      "${CPACK_PACKAGE_NAME} (${CPACK_PACKAGE_VERSION}) unstable; urgency=medium
 
-  * CHANGELOG.md tells what is new.
+  * See CHANGELOG.md for the changes.
 
  -- ${CPACK_PACKAGE_CONTACT}  ${now}
 ")

@@ -1,11 +1,11 @@
-# What `cmake --install` puts where, below a prefix that may be moved as a whole. The components:
+# Where `cmake --install` puts files, below a prefix that can be moved as a whole. The components:
 #
 #   Runtime      the shared libraries
 #   Development  headers, class library, CMake package, pkg-config, description of the functions,
 #                examples
-#   Simulator    the simulated appliance, in a folder where nothing finds it that does not ask
-#   Tools        quillctl, its manual page and files
-#   Documents    what is to be read
+#   Simulator    the simulated appliance, outside the default library path
+#   Tools        quillctl, its manual page and its sample files
+#   Documents    README, CHANGELOG and docs/
 include(CMakePackageConfigHelpers)
 include(QuillkitHeaders)
 
@@ -14,7 +14,7 @@ set(private ${CMAKE_INSTALL_LIBDIR}/quillkit)
 set(package ${CMAKE_INSTALL_LIBDIR}/cmake/Quillkit)
 set(shared ${CMAKE_INSTALL_DATADIR}/quillkit)
 
-# The headers for programs, in the folders of this tree.
+# The headers for programs, in the folders that they have in this tree.
 quillkit_with_included(public_headers ${QUILLKIT_ENTRY_HEADERS})
 foreach(header IN LISTS public_headers)
   cmake_path(GET header PARENT_PATH folder)
@@ -42,7 +42,7 @@ foreach(target Quillkit quillkit_c quillkit_classes IMSPAPI)
                              "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src;${PROJECT_SOURCE_DIR}>")
 endforeach()
 if(WIN32)
-  # An archive gives no resources: they are linked beside it.
+  # A static archive cannot hold resources; they are a separate object.
   set(resources ${private}/quillkit_resources.o)
   install(FILES $<TARGET_OBJECTS:quillkit_resources> DESTINATION ${private} COMPONENT Development
           RENAME quillkit_resources.o)
@@ -61,7 +61,7 @@ install(TARGETS IMSPAPI EXPORT QuillkitSimulatorTargets INCLUDES DESTINATION ${h
         LIBRARY DESTINATION ${private}/simulator COMPONENT Simulator
         ARCHIVE DESTINATION ${private}/simulator COMPONENT Simulator)
 
-# find_package(Quillkit). While the first number is 0, a new second one may change anything.
+# find_package(Quillkit). While the major version is 0, a new minor version may change anything.
 install(EXPORT QuillkitTargets NAMESPACE Quillkit:: DESTINATION ${package} COMPONENT Development)
 install(EXPORT QuillkitSimulatorTargets NAMESPACE Quillkit:: DESTINATION ${package}
         COMPONENT Simulator)
@@ -75,7 +75,7 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/QuillkitConfigVersion.cma
 install(FILES cmake/QuillkitConfig.cmake ${PROJECT_BINARY_DIR}/QuillkitConfigVersion.cmake
         DESTINATION ${package} COMPONENT Development)
 
-# quillkit_pkg_config(name description libs [flags]): name.pc, with further flags for the compiler.
+# quillkit_pkg_config(name description libs [flags]): makes name.pc, with additional compiler flags.
 function(quillkit_pkg_config name description libs)
   list(JOIN ARGN " " flags)
   set(folder ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
@@ -85,19 +85,19 @@ function(quillkit_pkg_config name description libs)
   install(FILES ${CMAKE_CURRENT_BINARY_DIR}/${name}.pc DESTINATION ${folder}
           COMPONENT Development)
 endfunction()
-quillkit_pkg_config(quillkit "Programs a Quillbox network scanning appliance" -lQuillkit -std=c++20)
-quillkit_pkg_config(quillkit_c "Quillkit for C and what calls C" -lquillkit_c)
+quillkit_pkg_config(quillkit "Controls a Quillbox network scanning appliance" -lQuillkit -std=c++20)
+quillkit_pkg_config(quillkit_c "Quillkit for C and other languages" -lquillkit_c)
 if(WIN32)
-  quillkit_pkg_config(quillkit_classes "The objects of Quillkit"
+  quillkit_pkg_config(quillkit_classes "The class library of Quillkit"
                       "-lquillkit_classes \${prefix}/${resources} -lws2_32" -std=c++20)
 else()
-  quillkit_pkg_config(quillkit_classes "The objects of Quillkit" "-lquillkit_classes -ldl"
+  quillkit_pkg_config(quillkit_classes "The class library of Quillkit" "-lquillkit_classes -ldl"
                       -std=c++20)
 endif()
 
 if(TARGET quillctl)
   file(RELATIVE_PATH libraries ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
-  # Where the server library is found, beside the places of the system.
+  # Also search for the server library beside quillctl and in the library folder.
   set_target_properties(quillctl PROPERTIES INSTALL_RPATH "$ORIGIN;$ORIGIN/${libraries}")
   install(TARGETS quillctl COMPONENT Tools)
   install(DIRECTORY quillctl/data/ DESTINATION ${shared}/examples COMPONENT Tools
@@ -107,7 +107,7 @@ if(TARGET quillctl)
   endif()
 endif()
 
-# As they stand here, so that what they say of each other's places holds.
+# In the same layout as here, so that links between the documents work.
 set(documents ${CMAKE_INSTALL_DATADIR}/doc/quillkit)
 install(FILES README.md CHANGELOG.md DESTINATION ${documents} COMPONENT Documents)
 install(DIRECTORY docs DESTINATION ${documents} COMPONENT Documents

@@ -1,4 +1,4 @@
-# nlohmann_json::nlohmann_json: headers alone, found as those of CLI11 are.
+# nlohmann_json::nlohmann_json: header-only, in a folder of its own like CLI11.
 find_path(QUILLKIT_JSON_FOLDER nlohmann/json.hpp PATHS /usr/include NO_CMAKE_FIND_ROOT_PATH REQUIRED)
 file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/json)
 file(CREATE_LINK ${QUILLKIT_JSON_FOLDER}/nlohmann ${PROJECT_BINARY_DIR}/json/nlohmann SYMBOLIC)

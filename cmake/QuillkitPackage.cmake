@@ -1,16 +1,16 @@
-# `cpack`: one package with everything that is installed, a .deb here and a .zip for Windows.
+# `cpack` makes one package of everything that is installed: a .deb on Linux, a .zip for Windows.
 set(CPACK_PACKAGE_NAME quillkit)
 set(CPACK_PACKAGE_VENDOR "Quillkit developers")
 set(CPACK_PACKAGE_CONTACT "Quillkit developers <developers@quillkit.example>")
-set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "library and tools to program a Quillbox network scanner")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "library and tools for controlling a Quillbox network scanner")
 set(CPACK_PACKAGE_DESCRIPTION
     "Quillkit logs in to a Quillbox, a network scanning appliance, lists and
-changes the soft keys of its front panel and the menu items under them,
-and fills its address books from the exports of other programs.
+changes the soft keys of its front panel and their menu items, and fills
+its address books from files that other programs export.
 
-This package has the library for C++ and for C, what is needed to build
-with it, the command quillctl, and a simulated appliance to test with.
-The appliance's own server library is not part of it.")
+This package contains the library for C++ and C, the files needed to
+build programs with it, the command quillctl, and a simulated appliance
+for tests. It does not contain the appliance's own server library.")
 set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR}/packages)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_VERBATIM_VARIABLES ON)

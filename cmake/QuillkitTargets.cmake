@@ -1,4 +1,4 @@
-# What every target of the tree is built with.
+# Settings and functions shared by all targets.
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -13,12 +13,12 @@ find_package(Threads REQUIRED)
 
 option(QUILLKIT_SANITIZE "Build with address and undefined-behaviour sanitizers" OFF)
 option(QUILLKIT_SANITIZE_THREADS "Build with the thread sanitizer" OFF)
-option(QUILLKIT_BUILD_FUZZ "Build the fuzz targets, and all else for them: clang++ alone" OFF)
+option(QUILLKIT_BUILD_FUZZ "Build the fuzz targets, with everything instrumented for them (clang++ only)" OFF)
 
 add_library(quillkit_options INTERFACE)
 target_compile_options(quillkit_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow
                        -Werror)
-# GCC 12 finds overlaps inside std::string's own code that cannot be.
+# GCC 12 reports overlaps in the code of std::string that cannot happen.
 target_compile_options(quillkit_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 # "bridge/agent.h" is in src/, "simulator/simulator.h" and "quillctl/session.h" at the top.
 target_include_directories(quillkit_options INTERFACE ${PROJECT_SOURCE_DIR}/src
@@ -33,8 +33,8 @@ if(QUILLKIT_SANITIZE_THREADS)
   target_link_options(quillkit_options INTERFACE -fsanitize=thread)
 endif()
 
-# Hardening, which scripts/check_hardening verifies in the built files. On Windows, the stack protector
-# and the checked functions of the compiler would need another DLL.
+# Hardening; scripts/check_hardening verifies it in the built files. On Windows, the stack protector
+# and the fortified functions would need another DLL.
 if(WIN32)
   target_link_options(quillkit_options INTERFACE -Wl,--dynamicbase,--nxcompat)
 elseif(NOT QUILLKIT_SANITIZE AND NOT QUILLKIT_SANITIZE_THREADS)
@@ -51,7 +51,7 @@ if(QUILLKIT_BUILD_FUZZ)
   target_compile_options(quillkit_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
-# quillkit_library(name TYPE [sources]) and quillkit_executable(name [sources]): a target with the
+# quillkit_library(name TYPE [sources]) and quillkit_executable(name [sources]) make a target with the
 # project's options. Folders add their sources to quillkit_core with target_sources().
 function(quillkit_library name type)
   add_library(${name} ${type} ${ARGN})
@@ -63,16 +63,16 @@ function(quillkit_executable name)
   target_link_libraries(${name} PRIVATE quillkit_options)
 endfunction()
 
-# quillkit_wrap_heap(target): a program that defines the functions of tests/support/wrapped_heap.h,
-# through which its memory then goes.
+# quillkit_wrap_heap(target) routes the allocations of a program through the functions declared in
+# tests/support/wrapped_heap.h, which the program defines.
 function(quillkit_wrap_heap target)
   target_sources(${target} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support/wrapped_heap.cpp)
   target_link_options(${target} PRIVATE
                       -Wl,--wrap=malloc,--wrap=calloc,--wrap=realloc,--wrap=free)
 endfunction()
 
-# quillkit_exports(target def [names]): a shared library exports what stands in a .def file of its
-# folder, on POSIX the further names too, and nothing else.
+# quillkit_exports(target def [names]): the shared library exports the names in a .def file of its
+# folder, on POSIX also the additional names, and nothing else.
 function(quillkit_exports target def)
   if(WIN32)
     target_sources(${target} PRIVATE ${def})
@@ -90,11 +90,11 @@ function(quillkit_exports target def)
   set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${version_script})
 endfunction()
 
-# quillkit_versioned(target): a shared library that carries the project's version, on POSIX in its
-# names and on Windows as a resource. The resource is compiled apart from the sources, because its
-# compiler takes none of their options.
+# quillkit_versioned(target): the shared library carries the project's version, on POSIX in its file
+# names and on Windows as a resource. The resource is a target of its own because the resource
+# compiler accepts none of the options of the sources.
 function(quillkit_versioned target)
-  # While the first number is 0, a new second one may change the interface.
+  # While the major version is 0, a new minor version may change the interface.
   set(interface ${PROJECT_VERSION_MAJOR})
   if(interface EQUAL 0)
     string(APPEND interface .${PROJECT_VERSION_MINOR})

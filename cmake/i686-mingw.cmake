@@ -1,5 +1,5 @@
-# 32-bit Windows with the MinGW-w64 compiler whose threads are POSIX ones. The compiler's runtime is
-# linked in, so that what is built imports system libraries alone.
+# 32-bit Windows with the MinGW-w64 compiler that has POSIX threads. The compiler's runtime is linked
+# statically, so that the built files import only system libraries.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR i686)
 set(CMAKE_CXX_COMPILER i686-w64-mingw32-g++-posix)
