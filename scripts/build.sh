@@ -1,10 +1,11 @@
 # Building and running the tests; sourced by the scripts of this tree.
 # shellcheck shell=bash
 
-# step TEXT: a heading with the seconds since the script's start.
+# step TEXT: prints a heading with the seconds since the script started.
 step() { printf '\n== %s  [%d s]\n' "$1" "$SECONDS"; }
 
-# configure PRESET FOLDER [options of cmake]: so that compilers run through ccache where there is one.
+# configure PRESET FOLDER [cmake options]: configures a build folder. Compilers run through ccache if
+# it is installed.
 configure() {
   local preset=$1 folder=$2 compiler
   shift 2
@@ -14,14 +15,14 @@ configure() {
   cmake --preset "$preset" -B "$folder" --log-level=WARNING "$@" >/dev/null
 }
 
-# build PRESET FOLDER [options of cmake]: configures and builds everything.
+# build PRESET FOLDER [cmake options]: configures and builds everything.
 build() {
   configure "$@"
   cmake --build "$2"
 }
 
-# run_tests NAME COMMAND...: runs a GoogleTest program, prints its failures and its closing lines,
-# and one line with the counts. Fails when a test did, and when none ran.
+# run_tests NAME COMMAND...: runs a GoogleTest program and prints its failures, its summary and one
+# line with the counts. Fails if a test failed or if no test ran.
 run_tests() {
   local name=$1 log status=0 passed failed
   shift

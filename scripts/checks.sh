@@ -1,7 +1,7 @@
-# Checks of what was written and of what was built; sourced by ./test.
+# Checks of sources and of built files; sourced by ./test.
 # shellcheck shell=bash
 
-# sources: the C++ and C files of the tree, one a line.
+# sources: prints the C++ and C files of the tree, one per line.
 sources() {
   find . -path ./build -prune -o \( -name '*.h' -o -name '*.cpp' -o -name '*.c' \) -print | sort
 }
@@ -10,20 +10,20 @@ check_format() {
   sources | xargs clang-format --dry-run -Werror
 }
 
-# def_names FILE: the names of a .def file, sorted.
+# def_names FILE: prints the names in a .def file, sorted.
 def_names() { sed -n 's/^[[:blank:]]\{1,\}//p' "$1" | sort; }
 
-# same_names FILE EXPECTED FOUND: whether two sorted lists of names agree; if not, how they differ.
+# same_names FILE EXPECTED FOUND: compares two sorted lists of names and prints the differences.
 same_names() {
   if [ "$2" != "$3" ]; then
-    echo "$1 does not export what it should (< missing, > too many):"
+    echo "$1 exports other names than expected (< missing, > unexpected):"
     diff <(echo "$2") <(echo "$3") | grep '^[<>]' || true
     return 1
   fi
-  echo "$1 exports its $(echo "$3" | wc -l) names and no other"
+  echo "$1 exports exactly its $(echo "$3" | wc -l) names"
 }
 
-# check_shared_object FILE DEF [names]: it exports what the .def file names, and the further names.
+# check_shared_object FILE DEF [names]: it exports the names in the .def file and the additional names.
 check_shared_object() {
   local file=$1 def=$2 expected found
   shift 2
@@ -32,27 +32,27 @@ check_shared_object() {
   same_names "$file" "$expected" "$found"
 }
 
-# check_shared_objects FOLDER: those of this tree that applications link.
+# check_shared_objects FOLDER: checks the shared libraries that applications link.
 check_shared_objects() {
   local event_loop=(QuillkitDispatchEvents QuillkitEventDescriptor)
   check_shared_object "$1/libQuillkit.so" src/toolkit/quillkit.def "${event_loop[@]}"
   check_shared_object "$1/libquillkit_c.so" src/capi/quillkit_c.def "${event_loop[@]}"
 }
 
-# check_hardening FOLDER: the four libraries and programs of this tree in a folder are hardened.
+# check_hardening FOLDER: checks that the four libraries and programs in a folder are hardened.
 check_hardening() {
   local files
   mapfile -t files < <(find "$1" -type f \( -name 'libQuillkit.so*' -o -name 'libquillkit_c.so*' \
     -o -name libIMSPAPI.so -o -name quillctl -o -iname '*.dll' -o -name quillctl.exe \))
   if [ ${#files[@]} != 4 ]; then
-    echo "$1 lacks some of the four libraries and programs of this tree: ${files[*]}"
+    echo "$1 should hold four libraries and programs, but holds: ${files[*]}"
     return 1
   fi
   scripts/check_hardening "${files[@]}"
 }
 
-# check_dll FILE LIBRARY DEF: it exports what the .def file names, which its import library offers,
-# and imports Windows' own libraries alone.
+# check_dll FILE LIBRARY DEF: the DLL and its import library export exactly the names in the .def
+# file, and the DLL imports only libraries of Windows.
 check_dll() {
   local headers
   headers=$(i686-w64-mingw32-objdump -p "$1")
@@ -63,20 +63,20 @@ check_dll() {
   check_imports "$1"
 }
 
-# check_imports FILE: a file for Windows imports Windows' own libraries alone.
+# check_imports FILE: a Windows file imports only libraries of Windows.
 check_imports() {
   local imports
   imports=$(i686-w64-mingw32-objdump -p "$1" | sed -n 's/^\tDLL Name: //p' |
     tr '[:upper:]' '[:lower:]' | sort -u)
   if grep -vxE "(advapi32|kernel32|msvcrt|user32|ws2_32).dll" <<<"$imports"; then
-    echo "$1 imports these, which no Windows brings or which are new"
+    echo "$1 imports these libraries, which are not on the list of expected ones"
     return 1
   fi
   echo "$1 imports $(tr '\n' ' ' <<<"$imports")"
 }
 
-# check_headers CC CXX: each exported header is complete by itself and good under all warnings, and
-# that for C in C99 too.
+# check_headers CC CXX: each exported header compiles alone without warnings; the C header also in
+# C99.
 check_headers() {
   local header strict=(-Wall -Wextra -Wpedantic -Wconversion -Werror -fsyntax-only -Isrc)
   for header in toolkit/quillkit.h capi/quillkit_c.h; do
@@ -84,10 +84,10 @@ check_headers() {
   done
   "$1" -std=c99 "${strict[@]}" -Wstrict-prototypes -x c -include capi/quillkit_c.h /dev/null ||
     return 1
-  echo "$2 and $1 take the exported headers"
+  echo "$2 and $1 compile the exported headers"
 }
 
-# check_threads SECONDS: quillkit_c takes calls of several threads, as the thread sanitizer sees it.
+# check_threads SECONDS: calls quillkit_c from several threads under the thread sanitizer.
 check_threads() {
   configure threads build/threads
   cmake --build build/threads --target quillkit_c_threads

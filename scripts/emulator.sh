@@ -1,20 +1,20 @@
-# An emulated machine for the 32-bit Wine of wine.sh, where this one runs no 32-bit programs; sourced
-# by wine.sh. It boots a kernel of Debian's straight into the command to be run, with the root as one
+# An emulated machine for the 32-bit Wine of wine.sh, for machines that run no 32-bit programs;
+# sourced by wine.sh. It boots a Debian kernel directly into the command, with the Wine root as one
 # disk and the folder as another.
 # shellcheck shell=bash disable=SC2154 # wine.sh's variables
 
 emulator_kernel=$wine_cache/kernel
 emulator_disk=$wine_cache/wine-root.img
 
-# prepare_emulator: whether the emulated machine can run Windows programs. Made once.
+# prepare_emulator: makes the emulated machine once. Fails if it cannot run Windows programs.
 prepare_emulator() {
   install_packages qemu-system-x86 e2fsprogs || return 1
   [ -e "$emulator_kernel" ] || fetch_kernel || return 1
   [ -e "$emulator_disk" ] || make_emulator_disk
 }
 
-# fetch_kernel: unpacks the kernel that Debian makes for virtual machines, whose drivers for what is
-# emulated here are built in.
+# fetch_kernel: unpacks the Debian kernel for virtual machines. The drivers for the emulated devices
+# are built in.
 fetch_kernel() (
   folder=$(mktemp -d "$wine_cache/kernel.XXXXXX")
   trap 'rm -rf "$folder"' EXIT
@@ -24,20 +24,20 @@ fetch_kernel() (
   cd "$folder" || return 1
   if ! { apt-get download "$package" && dpkg-deb -x ./*.deb .; } >log 2>&1; then
     cat log >&2
-    echo "No kernel for the emulated machine" >&2
+    echo "Cannot find a kernel for the emulated machine" >&2
     return 1
   fi
   mv boot/vmlinuz-* "$emulator_kernel"
 )
 
-# make_emulator_disk: makes the disk from the root and lets Wine prepare its registry there. It
-# appears under its name when it is complete.
+# make_emulator_disk: makes the disk from the root and runs Wine there once to create its registry.
+# The disk gets its final name when it is complete.
 make_emulator_disk() (
   disk=$(mktemp "$emulator_disk.XXXXXX")
   trap 'rm -f "$disk"' EXIT
   as_root tee "$wine_root/run-program" >/dev/null <<'SCRIPT'
 #!/bin/bash
-# The only process that the emulated machine starts: runs the command on the second disk.
+# The only process that the emulated machine starts. It runs the command on the second disk.
 mount -t proc proc /proc
 mount -t devtmpfs dev /dev
 mount -t tmpfs tmpfs /tmp
@@ -57,11 +57,12 @@ SCRIPT
     emulate "$disk" off "" sh -c "$wine_first_run" && mv "$disk" "$emulator_disk"
 )
 
-# in_emulator FOLDER COMMAND...: runs a command with a copy of the folder under /program. Its status.
+# in_emulator FOLDER COMMAND...: runs a command with a copy of the folder as /program. Returns its
+# status.
 in_emulator() { emulate "$emulator_disk" on "$@"; }
 
-# emulate DISK DISCARD FOLDER COMMAND...: the same with another disk; DISCARD tells whether ("on") its
-# changes are thrown away. Without a folder /program is empty. The machine goes with this shell.
+# emulate DISK DISCARD FOLDER COMMAND...: the same with another disk, whose changes are discarded if
+# DISCARD is "on". If FOLDER is empty, /program is empty. The machine ends with this shell.
 emulate() (
   disk=$1 discard=$2 folder=$3 accelerator=tcg
   shift 3
@@ -88,6 +89,6 @@ emulate() (
   fi
   cat "$work/output"
   tail -n 5 "$work/console" >&2
-  echo "The emulated machine ended before the program did" >&2
+  echo "The emulated machine ended before the program" >&2
   return 1
 )

@@ -1,14 +1,14 @@
 # Runs the examples on the simulated appliance and compares what they print; sourced by ./test.
 #
-# examples/NAME.txt holds the output of NAME. The examples of soft keys print the same in all
-# languages.
+# examples/NAME.txt holds the expected output of NAME. The soft key examples print the same in every
+# language.
 # shellcheck shell=bash
 
 examples=(soft_keys soft_keys_c import_report browse_book changing_book private_backup)
 examples_posix=(keep_alive_poll keep_alive_epoll)
 examples_windows=(keep_alive_windows)
 
-# expected_examples NAME...: the output of these examples, each with its name and its exit status.
+# expected_examples NAME...: prints the expected output of examples, each with name and exit status.
 expected_examples() {
   local name
   for name in "$@"; do
@@ -18,7 +18,7 @@ expected_examples() {
   done
 }
 
-# check_examples FOLDER: the examples built in the folder.
+# check_examples FOLDER: runs the examples built in the folder.
 check_examples() {
   local folder name status
   folder=$(realpath "$1")
@@ -30,7 +30,7 @@ check_examples() {
   done | compare_examples "${examples[@]}" "${examples_posix[@]}"
 }
 
-# check_examples_exe FOLDER: those built for Windows, in one run of Wine.
+# check_examples_exe FOLDER: runs those built for Windows, in one run of Wine.
 check_examples_exe() {
   local name
   cp examples/import_report.csv "$1"
@@ -44,23 +44,23 @@ check_examples_exe() {
     compare_examples "${examples[@]}" "${examples_windows[@]}"
 }
 
-# example_argument NAME: the argument of an example, empty for none.
+# example_argument NAME: prints the argument of an example, or nothing.
 example_argument() { if [ "$1" = import_report ]; then echo import_report.csv; fi; }
 
-# compare_examples NAME...: whether standard input is the output of these examples.
+# compare_examples NAME...: compares standard input with the expected output of these examples.
 compare_examples() {
   if ! diff <(expected_examples "$@") -; then
-    echo "examples: this differs (< expected, > printed)"
+    echo "the output of the examples differs (< expected, > printed)"
     return 1
   fi
-  echo "$# examples print what they should: $*"
+  echo "$# examples print the expected output: $*"
 }
 
-# check_python_example FOLDER: the example in Python, with the library in the folder.
+# check_python_example FOLDER: runs the Python example with the library in the folder.
 check_python_example() {
   if ! python3 examples/soft_keys.py "$1/libquillkit_c.so" | diff examples/soft_keys.txt -; then
-    echo "soft_keys.py: this differs (< expected, > printed)"
+    echo "the output of soft_keys.py differs (< expected, > printed)"
     return 1
   fi
-  echo "soft_keys.py prints what it should"
+  echo "soft_keys.py prints the expected output"
 }

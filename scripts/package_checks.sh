@@ -1,13 +1,13 @@
-# Checks of what is installed and packed, from outside the tree; sourced by ./test.
+# Checks of installed and packed files from outside the tree; sourced by ./test.
 #
-# The programs of tests/package/ stand for an application. They are built in folders of their own,
-# against an installed tree that was moved after it was installed.
+# The programs in tests/package/ represent an application. They are built in separate folders against
+# an installed tree that was moved after its installation.
 # shellcheck shell=bash
 
 quillkit_version=$(sed -n 's/^#define QUILLKIT_VERSION_[A-Z]* \([0-9]\)/\1/p' src/toolkit/version.h |
   paste -sd .)
 
-# check_packages FOLDER: what a native build folder installs and packs.
+# check_packages FOLDER: checks what a native build folder installs and packs.
 check_packages() (
   scratch=$(mktemp -d)
   trap 'rm -rf "$scratch"' EXIT
@@ -25,7 +25,7 @@ check_packages() (
     check_deb "$1" "$scratch"
 )
 
-# check_zip FOLDER: what a build folder for Windows packs. Its programs are built, and not run.
+# check_zip FOLDER: checks what a Windows build folder packs. The programs are built but not run.
 check_zip() (
   scratch=$(mktemp -d)
   trap 'rm -rf "$scratch"' EXIT
@@ -40,38 +40,38 @@ check_zip() (
     check_texts "$scratch/by_pkg_config/classes.exe" &&
     build_installed_examples "$scratch/$name" "$scratch" \
       -D CMAKE_TOOLCHAIN_FILE="$PWD/cmake/i686-mingw.cmake" &&
-    echo "$name.zip is good"
+    echo "$name.zip passes all checks"
 )
 
-# folder_of PREFIX NAME: the folder below the prefix where the file of this name stands.
+# folder_of PREFIX NAME: prints the folder below the prefix that contains the file of this name.
 folder_of() {
   find "$1" -name "$2" -printf '%h\n' -quit | grep .
 }
 
-# check_names_no_folder PREFIX OTHER: an installed tree names neither this tree nor the other folder.
+# check_names_no_folder PREFIX OTHER: no installed file contains the path of this tree or of OTHER.
 check_names_no_folder() {
   if grep -rlF -e "$PWD/" -e "$2/" "$1"; then
-    echo "these installed files name a folder of this machine"
+    echo "these installed files contain the path of a folder of this machine"
     return 1
   fi
 }
 
-# check_language PREFIX CXX: a C++17 compiler takes an installed header, or prints one message that
-# asks for C++20 and ends at the missing file of base/language.h.
+# check_language PREFIX CXX: with C++17, each installed header compiles or fails with one message that
+# requests C++20 (base/language.h).
 check_language() {
   local header messages include=$1/include/quillkit
   while read -r header; do
     messages=$("$2" -std=c++17 -fsyntax-only -I"$include" -x c++ "$header" 2>&1) && continue
     if [ "$(grep -c 'error:' <<<"$messages")" != 2 ] ||
       ! grep -q 'error:.*"Quillkit needs C++20: compile' <<<"$messages"; then
-      printf '%s: a compiler of C++17 is not just asked for C++20:\n%s\n' "$header" "$messages"
+      printf '%s: with C++17, the only message should be the request for C++20, but:\n%s\n' "$header" "$messages"
       return 1
     fi
   done < <(find "$include"/{toolkit,import,simulator,books,views} -name "*.h")
 }
 
-# build_outside PREFIX SCRATCH CC CXX [options of cmake]: builds the programs by find_package and by
-# pkg-config, which raise C++17 to what the headers need, and sees that these need no others.
+# build_outside PREFIX SCRATCH CC CXX [cmake options]: builds the programs by find_package and by
+# pkg-config, both of which raise C++17 to C++20, and checks that the headers need no others.
 build_outside() {
   local prefix=$1 scratch=$2 cc=$3 cxx=$4 include=$1/include/quillkit name flags
   local -A by_pkg_config=([toolkit]=quillkit [quillkit_c]=quillkit_c [classes]=quillkit_classes)
@@ -99,26 +99,26 @@ build_outside() {
   echo "programs outside the tree are built by find_package and by pkg-config"
 }
 
-# check_each_header INCLUDE CXX: each installed header compiles alone.
+# check_each_header INCLUDE CXX: checks that each installed header compiles alone.
 check_each_header() {
   find "$1" -name '*.h' -printf '%P\0' | xargs -0 -n 1 -P "$(nproc)" \
     "$2" -std=c++20 -Wall -Wextra -Werror -fsyntax-only -I"$1" -x c++ /dev/null -include &&
     echo "each installed header compiles alone"
 }
 
-# build_installed_examples PREFIX SCRATCH [options of cmake]: in $2/examples, outside the tree.
+# build_installed_examples PREFIX SCRATCH [cmake options]: builds them in SCRATCH/examples.
 build_installed_examples() {
   cmake -G Ninja -S "$1/share/quillkit/examples" -B "$2/examples" --log-level=WARNING \
     -D CMAKE_PREFIX_PATH="$1" "${@:3}" >/dev/null && cmake --build "$2/examples" -- --quiet &&
     echo "the installed examples are built outside the tree"
 }
 
-# with_simulator PREFIX COMMAND...: runs it where the installed simulator is found.
+# with_simulator PREFIX COMMAND...: runs a command that finds the installed simulator.
 with_simulator() {
   LD_LIBRARY_PATH=$(folder_of "$1" libIMSPAPI.so) "${@:2}"
 }
 
-# run_outside PREFIX FOLDER PROGRAM...: they show what they should.
+# run_outside PREFIX FOLDER PROGRAM...: runs programs and compares their output.
 run_outside() {
   local prefix=$1 folder=$2 path program
   local -A shown=([toolkit]="3 keys" [quillkit_c]="3 keys" [classes]="3 keys, 13 classes"
@@ -129,11 +129,11 @@ run_outside() {
     diff <(echo "$program $quillkit_version: ${shown[$program]}") \
       <(LD_LIBRARY_PATH=$path "$folder/$program") || return 1
   done
-  echo "programs outside the tree show what they should: $*"
+  echo "programs outside the tree print the expected output: $*"
 }
 
-# check_installed_quillctl PREFIX: it tells its version, takes the simulator when it is asked to and
-# not before, and has its files.
+# check_installed_quillctl PREFIX: it prints its version, uses the simulator only on request, and
+# finds its files.
 check_installed_quillctl() {
   diff <(echo "quillctl $quillkit_version") \
     <(with_simulator "$1" "$1/bin/quillctl" --version) &&
@@ -142,12 +142,12 @@ check_installed_quillctl() {
     with_simulator "$1" check_python_example "$(folder_of "$1" libquillkit_c.so)"
 }
 
-# pack FOLDER FILE: makes the package of this name in the packages folder of a build folder.
+# pack FOLDER FILE: makes the package FILE in the packages folder of a build folder.
 pack() {
   rm -rf "$1/packages"
   if ! cpack --config "$1/CPackConfig.cmake" >"$1/cpack.log" 2>&1 || [ ! -f "$1/packages/$2" ]; then
     cat "$1/cpack.log"
-    echo "cpack made no $2"
+    echo "cpack did not make $2"
     return 1
   fi
 }
@@ -161,31 +161,32 @@ check_deb() {
   diff <(echo "$quillkit_version") <(dpkg-deb -f "$deb" Version) || return 1
   if ! dpkg-deb -f "$deb" Depends | grep 'libc6.*libstdc++6' >/dev/null ||
     ! grep -qx 'No licence has been chosen yet.' "$root/usr/share/doc/quillkit/copyright"; then
-    echo "$name: wrong dependencies, or a wrong copyright"
+    echo "$name: unexpected dependencies or copyright"
     return 1
   fi
-  check_hardening "$root" && check_installed_quillctl "$root/usr" && echo "$name is good"
+  check_hardening "$root" && check_installed_quillctl "$root/usr" && echo "$name passes all checks"
 }
 
-# check_texts PROGRAM: the texts of the class library, which are no part of its archive, are in it.
+# check_texts PROGRAM: the program contains the string resources of the class library, which its
+# archive cannot hold.
 check_texts() {
   if ! strings -el "$1" | grep 'IMSPAPI.DLL not loaded' >/dev/null; then
-    echo "$1 has not the class library's texts"
+    echo "$1 lacks the string resources of the class library"
     return 1
   fi
 }
 
-# check_zip_files PREFIX: nothing is missing, and the libraries carry the version.
+# check_zip_files PREFIX: all files are there, and the libraries carry the version.
 check_zip_files() {
   local file simulator=lib/quillkit/simulator
   for file in bin/{Quillkit,quillkit_c}.dll bin/quillctl.exe lib/{Quillkit,quillkit_c}.dll.a \
     lib/libquillkit_classes.a $simulator/IMSPAPI.DLL lib/cmake/Quillkit/QuillkitConfig.cmake \
     lib/pkgconfig/quillkit.pc share/quillkit/{api.json,examples/{contacts.csv,soft_keys.cpp}} \
     share/doc/quillkit/{README,CHANGELOG,docs/simulator}.md; do
-    [ -f "$1/$file" ] || { echo "$1 has no $file"; return 1; }
+    [ -f "$1/$file" ] || { echo "$1 lacks $file"; return 1; }
   done
   for file in Quillkit quillkit_c; do
     strings -el "$1/bin/$file.dll" | grep -xA1 FileVersion | grep -xF "$quillkit_version" >/dev/null ||
-      { echo "$file.dll does not tell version $quillkit_version"; return 1; }
+      { echo "$file.dll lacks version $quillkit_version"; return 1; }
   done
 }

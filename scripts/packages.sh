@@ -1,7 +1,7 @@
 # Debian packages that a script of this tree needs; sourced by those scripts.
 # shellcheck shell=bash
 
-# as_root COMMAND...: runs it as root, itself or by sudo. Fails when neither is possible.
+# as_root COMMAND...: runs a command as root, directly or through sudo. Fails if neither works.
 as_root() {
   if [ "$(id -u)" = 0 ]; then
     "$@"
@@ -14,7 +14,7 @@ as_root() {
   fi
 }
 
-# missing_packages PACKAGE...: prints those that are not installed.
+# missing_packages PACKAGE...: prints the packages that are not installed.
 missing_packages() {
   local package
   for package in "$@"; do
@@ -23,11 +23,11 @@ missing_packages() {
   done
 }
 
-# install_packages PACKAGE...: installs those that are missing. On failure says on standard error
-# which ones they are, and fails.
+# install_packages PACKAGE...: installs missing packages. If that fails, lists them on standard error
+# and fails.
 install_packages() {
   if ! command -v dpkg-query >/dev/null; then
-    echo "Not a Debian system: what these Debian packages bring has to be there: $*" >&2
+    echo "Not a Debian system. Install the equivalents of these Debian packages: $*" >&2
     return 0
   fi
   local missing
@@ -51,7 +51,7 @@ install_packages() {
   return 1
 }
 
-# Compilers run through ccache where it is installed.
+# Compilers run through ccache if it is installed.
 use_ccache() {
   command -v ccache >/dev/null || return 0
   export CMAKE_C_COMPILER_LAUNCHER=ccache CMAKE_CXX_COMPILER_LAUNCHER=ccache

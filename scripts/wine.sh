@@ -1,41 +1,40 @@
 # A 32-bit Wine for the Windows tests, in a Debian root of its own; sourced by ./test.
 #
-# The root stands in the user's cache folder and is made once (some minutes, 1.5 GB). Nothing of it
-# is configured or run while it is made: its packages are only unpacked, so that it can be made on a
-# machine that runs no 32-bit programs. Such a machine gets an emulated one (emulator.sh). A run
-# works on a throw-away copy of the root: nothing is left mounted or running, whatever the run does,
-# and every run begins with the same registry.
+# The root is in the user's cache folder and is made once (some minutes, 1.5 GB). Its packages are
+# unpacked but not configured, so that a machine that runs no 32-bit programs can make it too. Such a
+# machine runs Wine in an emulated one (emulator.sh). A run uses a temporary copy of the root: it
+# leaves nothing mounted or running, and every run starts with the same registry.
 # shellcheck shell=bash
 
 wine_cache=${XDG_CACHE_HOME:-$HOME/.cache}/quillkit
 wine_root=$wine_cache/wine-root
 
-# What a run finds. Wine starts no services for it: it would wait for them at every run, and nothing
-# here needs them.
+# The environment of a run. Wine starts no services: every run would wait for them, and no test needs
+# them.
 wine_environment=(HOME=/root PATH=/usr/lib/wine:/usr/bin:/bin WINEDEBUG=-all
   "WINEDLLOVERRIDES=mscoree,mshtml,wineboot.exe=")
 
-# Fills Wine's folder and registry, once. A slow machine makes Wine lose patience with itself, but not
-# stop: what counts is that a program can be run afterwards.
+# Creates Wine's folder and registry once. On a slow machine Wine reports time-outs but continues; the
+# check is that a program runs afterwards.
 wine_first_run='WINEDLLOVERRIDES=mscoree,mshtml= wine wineboot --init; wineserver -w
   wine cmd /c exit'
 
-# make_wine_root: makes the root from the package source that this machine itself uses. It appears
-# under its name when it is complete.
+# make_wine_root: makes the root from the package source of this machine. The root gets its final name
+# when it is complete.
 make_wine_root() (
   release=$(. /etc/os-release && echo "${VERSION_CODENAME-}")
   # shellcheck disable=SC2016 # apt-get fills $(REPO_URI) in
   source=$(apt-get indextargets --format '$(REPO_URI)' 'Created-By: Packages' 'Origin: Debian' \
     "Codename: $release" | head -n 1)
   if [ -z "$source" ]; then
-    echo "No package source of Debian $release on this machine" >&2
+    echo "Cannot find a package source of Debian $release on this machine" >&2
     return 1
   fi
   echo "Making a Debian root with Wine in $wine_root"
   mkdir -p "$wine_cache"
   parts=$(mktemp -d "$wine_root.XXXXXX")
   trap 'as_root rm -rf "$parts" "$parts.log"' EXIT
-  # shellcheck disable=SC2016 # the inner shell's own arguments
+  # shellcheck disable=SC2016 # expanded by the inner shell
   if ! as_root bash -euc '
     release=$1 parts=$2 source=$3
     debootstrap --foreign --arch=i386 --variant=minbase --include=wine32 \
@@ -61,11 +60,11 @@ make_wine_root() (
   fi
 )
 
-# prepare_wine: whether Windows programs can be run.
+# prepare_wine: makes the root if needed. Fails if Windows programs cannot run.
 prepare_wine() {
   [ -d "$wine_root" ] || make_wine_root || return 1
   if ! as_root chroot "$wine_root" /bin/true 2>/dev/null; then
-    echo "This machine runs no 32-bit programs: emulating one that does"
+    echo "This machine runs no 32-bit programs; using an emulated machine"
     . scripts/emulator.sh
     prepare_emulator
   elif [ ! -e "$wine_root/root/.wine/system.reg" ]; then
@@ -73,7 +72,7 @@ prepare_wine() {
   fi
 }
 
-# in_wine FOLDER PROGRAM [arguments]: runs a Windows program in a folder of this machine. Its status.
+# in_wine FOLDER PROGRAM [arguments]: runs a Windows program in a folder. Returns its status.
 in_wine() {
   local folder=$1
   shift
@@ -84,13 +83,13 @@ in_wine() {
   fi
 }
 
-# in_root keep|discard FOLDER COMMAND...: runs a command in the root itself, or in a copy of it, with
-# the folder under /program. Mounts and processes end with it.
+# in_root keep|discard FOLDER COMMAND...: runs a command in the root, or in a copy that is discarded,
+# with the folder as /program. Its mounts and processes end with it.
 in_root() {
   local changes=$1 folder
   folder=$(realpath "$2")
   shift 2
-  # shellcheck disable=SC2016 # the inner shell's own arguments
+  # shellcheck disable=SC2016 # expanded by the inner shell
   as_root unshare --mount --pid --fork --kill-child bash -euc '
     changes=$1 root=$2 folder=$3
     shift 3
