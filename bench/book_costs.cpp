@@ -1,10 +1,10 @@
-// What whole books cost beside the server calls that fetch them: each benchmark stands beside its
-// own baseline.
+// The cost of loading whole books compared with the server calls alone. Each benchmark has a
+// baseline.
 //
-//   LoadLists / LoadListsByHand    512 public lists of 512 members, against the same 1025 server
-//                                  calls made by hand, into a block for each list
-//   ReadListsIntoOneBuffer         these calls with nothing kept, for comparison
-//   LoadUsers / LoadUsersByHand    4096 accounts, against the same read made by hand
+//   LoadLists / LoadListsByHand    512 public lists of 512 members; by hand: the same 1025 server
+//                                  calls into one block per list
+//   ReadListsIntoOneBuffer         the same calls into one buffer that is reused
+//   LoadUsers / LoadUsersByHand    4096 accounts; by hand: the same read
 
 #include <benchmark/benchmark.h>
 

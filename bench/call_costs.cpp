@@ -1,8 +1,8 @@
-// What the library adds to the work it does: each benchmark stands beside its own baseline.
+// The cost that the library adds to its server calls. Each benchmark has a baseline.
 //
-//   LoadKeys / LoadKeysByHand      11 keys of 512 items, against the same 12 server calls made by
-//                                  hand into buffers that are ready
-//   GetSettings / ReadSettings     an exported getter, against reading the field
+//   LoadKeys / LoadKeysByHand      11 keys of 512 items; by hand: the same 12 server calls into
+//                                  existing buffers
+//   GetSettings / ReadSettings     an exported getter; by hand: reading the field
 
 #include <benchmark/benchmark.h>
 

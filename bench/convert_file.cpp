@@ -1,10 +1,10 @@
-// Converts one file as an administrator's import does, with no server in it:
+// Converts one file as an import by an administrator does, without a server:
 //
 //   convert_file delimited|directory|mailserver SOURCE SCRIPT
 //
 // A delimited file has the name in its first column and the address in its second. Exits with 0, or
-// with 1 when the file cannot be converted. Prints the process's peak memory in KiB, 0 where the
-// system does not tell it.
+// with 1 if the file cannot be converted. Prints the peak memory of the process in KiB, or 0 if the
+// system does not report it.
 
 #include <cstdint>
 #include <cstdio>

@@ -1,10 +1,10 @@
-// What it costs to look at a book of 200,000 entries through the sliding view.
+// The cost of reading a book of 200,000 entries through the sliding view.
 //
-//   WalkBook / ReadBookByHand   every entry in turn, against the same reads made by hand into one
-//                               buffer that is ready; counts the reads of one walk
-//   StepInSpan                  one step inside the span; counts its calls and allocations
-//   JumpToIndex                 GetAt at random; counts the most reads of one jump
-//   HoldView                    counts the bytes of a view that has walked and jumped
+//   WalkBook / ReadBookByHand   every entry in order; by hand: the same reads into one existing
+//                               buffer; counts the reads of one walk
+//   StepInSpan                  one step within the span; counts its calls and allocations
+//   JumpToIndex                 GetAt with random indexes; counts the most reads of one jump
+//   HoldView                    counts the bytes of a view after a walk and jumps
 
 #include <benchmark/benchmark.h>
 
