@@ -1,5 +1,5 @@
-// The simulated appliance: its books and log, its session, and what makes it answer other than it
-// should.
+// The simulated appliance: its books, log and session, and the settings that make it fail or send
+// wrong replies.
 
 #ifndef QUILLKIT_SIMULATOR_APPLIANCE_H_
 #define QUILLKIT_SIMULATOR_APPLIANCE_H_
@@ -19,7 +19,7 @@
 
 namespace quillbox {
 
-// What SimulatorSet... functions set.
+// The settings of the SimulatorSet... functions.
 struct ApplianceSettings {
   std::string identity = "Quillbox 40 - 3.1 - K7";
   std::string serverText;
@@ -44,18 +44,18 @@ class Appliance {
   StateFile stateFile;
   JournalFile journalFile;
 
-  // As delivered, but for `isInitialised` and the two files.
+  // Restores the initial state, except `isInitialised` and the two files.
   void Reset();
 
-  // Brings the state file up to date, where there is one.
+  // Updates the state file, if there is one.
   void SaveChange() {
     if (stateFile.IsOpen() && contents.store.TakeChange()) stateFile.Save(contents);
   }
 
-  // Whether the session is open, and drops it when it has been silent for too long.
+  // Returns whether the session is open. First drops a session that made no call for too long.
   bool HasSession() { return session.IsOpen(clock, settings.wakeupPeriod); }
 
-  // A book as the session names it.
+  // The path of a book as the session names it.
   BookPath PathOf(const ABIdent& book) const {
     BookPath path{book.kind, {}, session.User()};
     path.name.name = book.name;
@@ -63,7 +63,7 @@ class Appliance {
   }
 };
 
-// Fills an appliance as delivered with a small office.
+// Adds a small office to an appliance in its initial state.
 void Seed(Appliance& appliance);
 
 }  // namespace quillbox

@@ -23,7 +23,7 @@ constexpr BatchBook kBatchBooks[] = {{"emailab", BookKind::kEmail},
                                      {"printersab", BookKind::kPrinters},
                                      {"usersab", BookKind::kUsers}};
 
-// The type of the book that a script names so, or null.
+// The type of the book with this name in scripts, or null.
 const BookType* ScriptBookOf(std::string_view word) {
   for (const BatchBook& book : kBatchBooks) {
     if (book.word == word) return TypeOf(book.kind);
@@ -31,15 +31,15 @@ const BookType* ScriptBookOf(std::string_view word) {
   return nullptr;
 }
 
-// Stores a text in a record's field: 0, or 7 when it does not fit.
+// Stores a text in a field of a record. Returns 0, or 7 if it does not fit.
 Status SetField(Record& record, const TextField& field, std::string_view text) {
   if (text.size() >= field.size) return kInvalidField;
   std::copy(text.begin(), text.end(), record.data() + field.offset);
   return kNoError;
 }
 
-// Stores the numbers behind a user's texts: 17 when they cannot be read, else 7 when one is too
-// high.
+// Stores the numbers that follow the texts of a user. Returns 0; 17 if they cannot be read; 7 if
+// one is too large.
 Status SetNumbers(Record& record, LineParser& line) {
   constexpr std::uint32_t kHighest[] = {1, 1, 15, 15};
   std::uint32_t numbers[std::size(kHighest)] = {};
@@ -62,7 +62,7 @@ Status SetEntry(Store& store, LineParser& line) {
   const BookType* const type = ScriptBookOf(line.Word());
   if (type == nullptr) return kBadCommand;
   Record record(type->recordSize);
-  Status fit = kNoError;  // told only of a line that can be read to its end
+  Status fit = kNoError;  // returned only if the whole line is valid
   for (const TextField& field : type->texts) {
     const auto text = line.Quoted();
     if (!text) return kBadCommand;
@@ -94,7 +94,7 @@ bool IsBlank(std::string_view line) {
   return LineParser(line).IsAtEnd();
 }
 
-// Whether no character ends a text before its line does.
+// Returns whether the text has no character that would end it before its line.
 bool IsText(std::string_view line) {
   return line.find('\0') == std::string_view::npos;
 }

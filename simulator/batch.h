@@ -10,10 +10,10 @@
 
 namespace quillbox {
 
-// Carries out a script file for a user, line by line. Lines end with LF or CR LF; blank ones are
-// passed over. The first line that fails ends it, and what was carried out before stays.
+// Runs a script file for a user, line by line. Lines end with LF or CR LF; blank lines are skipped.
+// The first line that fails ends the run; the effects of earlier lines stay.
 //
-// For ADMINISTRATOR a line is one of these, each field a text in double quotes:
+// For ADMINISTRATOR, a line is one of these, each field a text in double quotes:
 //
 //   CA book                                                    clears the book
 //   SE emailab "name" "address"                                creates or replaces one entry
@@ -21,14 +21,16 @@ namespace quillbox {
 //   SE printersab "name" "description" "model"
 //   SE usersab "name" "password" "third" "fourth" N N N N
 //
-// The four numbers of a user are its on-off state and its once-only mark (0 or 1), and its high and
-// its low nibble (0 to 15).
+// The four numbers of a user are its on-off state and its one-time mark (0 or 1), and its high and
+// low nibbles (0 to 15).
 //
-// For anybody else two lines are the name and the address of an entry of the user's private book,
-// created or replaced; the address may be blank. A blank line in the place of a name is skipped.
+// For any other user, each pair of lines is the name and the address of an entry of the user's
+// private book, created or replaced. The address may be blank. A blank line where a name is
+// expected is skipped.
 //
-// 17 for a file that cannot be read, a line that is none of these and a name without an address; 7
-// for an empty name between quotes, and for a text or number that does not fit its field.
+// Returns 0; 17 for a file that cannot be read, for any other line, and for a name without an
+// address; 7 for an empty name between quotes, and for a text or number that does not fit its
+// field.
 Status RunBatch(Store& store, std::string_view user, const char* path);
 
 }  // namespace quillbox

@@ -15,7 +15,7 @@ std::string_view TextOf(const char* filter) {
   return filter != nullptr ? std::string_view(filter) : std::string_view();
 }
 
-// Serves a call that changes a book: `work` takes the store and the book's path.
+// Serves a call that changes a book. `work` receives the store and the path of the book.
 template <class Work>
 Status Change(Appliance& appliance, const ABIdent* book, Work work) {
   if (book == nullptr) return kInvalidField;

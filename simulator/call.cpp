@@ -7,7 +7,7 @@
 namespace quillbox {
 namespace {
 
-// Takes the latency, but never longer than the time-out. Whether the call was in time.
+// Waits for the latency, at most for the time-out. Returns whether the call was in time.
 bool WaitForAnswer(const Appliance& appliance) {
   const std::uint32_t latency = appliance.settings.latency;
   if (latency == 0) return true;

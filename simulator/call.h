@@ -1,5 +1,5 @@
-// The one way in which every entry point is served: journal, faults, latency, session, then the
-// entry point's own work, and the state file.
+// The steps common to all entry points: journal, faults, latency, session, then the work of the
+// entry point, then the state file.
 
 #ifndef QUILLKIT_SIMULATOR_CALL_H_
 #define QUILLKIT_SIMULATOR_CALL_H_
@@ -14,8 +14,8 @@
 
 namespace quillbox {
 
-// What a call has to find: nothing, the library between IMSPInit and IMSPTerminate (else 20), and
-// in that a session too (else 10).
+// What a call requires: nothing; the library between IMSPInit and IMSPTerminate (otherwise 20);
+// also an open session (otherwise 10).
 enum class Precondition { kNothing, kLibrary, kSession };
 
 struct ServedCall {
@@ -24,15 +24,15 @@ struct ServedCall {
   std::uint32_t* count = nullptr;  // a failed call sets it to 0; may be null
 };
 
-// Nothing when the call may run, which in a session is a sign of life. Else what it gives: the
-// status of a fault, 19 after waiting for the time-out, 20 or 10.
+// Returns nothing if the call may run; this keeps an open session alive. Otherwise returns the
+// status of the call: that of a fault, 19 after waiting for the time-out, 20 or 10.
 std::optional<Status> Refusal(Appliance& appliance, const ServedCall& entry);
 
-// Adds a call to the journal and its file, to each where it is wanted.
+// Adds a call to the journal and to the journal file, if they are on.
 void RecordCall(Appliance& appliance, std::string text, Status status);
 
-// Serves a call: `work` takes the appliance and gives the status. `arguments` are what the journal
-// shows.
+// Serves a call. `work` receives the appliance and returns the status. `arguments` are shown in the
+// journal.
 template <class Work, class... Arguments>
 Status Serve(const ServedCall& entry, Work work, const Arguments&... arguments) {
   Appliance& appliance = TheAppliance();

@@ -10,13 +10,13 @@
 
 namespace quillbox {
 
-// The text of a command: up to its NUL, and never past the 400 bytes that a command may have.
+// The text of a command: up to its NUL, at most 400 bytes.
 std::string_view CommandText(const char* text);
 
-// Runs a command: a word of 14 characters, and for the first two words a first text, a comma and a
-// second text. A backup copies all books but the log under its first text; a restore puts the copy
-// back, and changes nothing with code 4 when there is none. Second texts are accepted and mean
-// nothing. 17 for another word.
+// Runs a command: a word of 14 characters; for the first two words also a first text, a comma and a
+// second text, which is ignored. A backup copies all books except the log under its first text. A
+// restore puts the copy back. Returns 0; 4 if there is no such backup, which changes nothing; 17
+// for any other word.
 Status RunDatabaseCommand(Contents& contents, std::string_view command);
 
 }  // namespace quillbox

@@ -1,4 +1,4 @@
-// The entry points for what stands in a book.
+// The entry points for the entries of a book.
 
 #include <cstring>
 
@@ -10,7 +10,7 @@
 namespace quillbox {
 namespace {
 
-// Serves a call that reads a book, the log apart: `work` takes the book.
+// Serves a call that reads a book other than the log. `work` receives the book.
 template <class Work>
 Status Read(Appliance& appliance, const ABIdent& book, Work work) {
   const Status status = PermitEntries(appliance.session.User(), book, Action::kRead);
@@ -19,8 +19,8 @@ Status Read(Appliance& appliance, const ABIdent& book, Work work) {
   return found != nullptr ? work(*found) : kNoSuchBook;
 }
 
-// Serves a call that changes an entry: `work` takes the store and the book's path. `key` and
-// `record` are what came with it, or null.
+// Serves a call that changes an entry. `work` receives the store and the path of the book. `key`
+// and `record` are the arguments of the call, or null.
 template <class Work>
 Status Change(Appliance& appliance, const ABIdent& book, EntryKey* key, void* record, Action action,
               Work work) {
@@ -42,7 +42,7 @@ bool IsListRename(const BookPath& path) {
          path.name.name == kPrivateBook;
 }
 
-// Whether a read has a count, and a buffer where one is needed.
+// Whether a read has a count, and a buffer if it needs one.
 bool IsComplete(const std::uint32_t* count, const void* buffer) {
   return count != nullptr && (buffer != nullptr || *count == 0);
 }

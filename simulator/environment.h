@@ -1,4 +1,4 @@
-// Setting up the appliance from the variables of the environment.
+// Configures the appliance from environment variables.
 
 #ifndef QUILLKIT_SIMULATOR_ENVIRONMENT_H_
 #define QUILLKIT_SIMULATOR_ENVIRONMENT_H_
@@ -7,7 +7,7 @@ namespace quillbox {
 
 class Appliance;
 
-// Each variable (simulator/warning.h) may be absent or empty.
+// Each variable (simulator/warning.h) may be missing or empty.
 void ReadEnvironment(Appliance& appliance);
 
 }  // namespace quillbox

@@ -13,8 +13,8 @@ bool IsPlain(char c, std::string_view also) {
   return c >= ' ' && c <= '~' && c != '\\' && also.find(c) == also.npos;
 }
 
-// Appends what the escape stands for whose letter, "x" or "z", the text begins with, and takes it
-// off. False for no such escape.
+// Decodes an escape: the text begins with its letter, "x" or "z". Appends its bytes and removes it
+// from the text. Returns false if it is not an escape.
 bool TakeEscape(std::string_view& text, std::string& bytes, std::size_t limit) {
   if (text.empty()) return false;
   const char letter = text.front();

@@ -1,7 +1,7 @@
-// Bytes of any kind as a line of ASCII: for the files that the simulator keeps.
+// Arbitrary bytes as a line of ASCII, for the files of the simulator.
 //
-// A backslash, and whatever is no printable ASCII, becomes "\x" and two hexadecimal digits; two or
-// more bytes of zero in a row become "\z", their number and ";". All else stands for itself.
+// A backslash and every byte that is not printable ASCII become "\x" and two hexadecimal digits.
+// Two or more consecutive zero bytes become "\z", their number and ";". Other bytes are unchanged.
 
 #ifndef QUILLKIT_SIMULATOR_ESCAPED_TEXT_H_
 #define QUILLKIT_SIMULATOR_ESCAPED_TEXT_H_
@@ -13,10 +13,11 @@
 
 namespace quillbox {
 
-// Characters of `also` are escaped too.
+// Also escapes the characters in `also`.
 std::string Escaped(std::string_view bytes, std::string_view also = {});
 
-// The bytes, or nothing for a text that Escaped does not give or one of more bytes than `limit`.
+// Returns the bytes, or nothing for a text that Escaped cannot produce or that has more than
+// `limit` bytes.
 std::optional<std::string> Unescaped(std::string_view text, std::size_t limit);
 
 }  // namespace quillbox

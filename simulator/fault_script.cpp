@@ -40,7 +40,7 @@ constexpr std::string_view kEntryPoints[] = {"IMSPInit",
                                              "IMSPImpExpAbort",
                                              "*"};
 
-// Splits a text at the first `separator`; the second part is empty without one.
+// Splits a text at the first `separator`. Without one, the second part is empty.
 std::pair<std::string_view, std::string_view> Split(std::string_view text, char separator) {
   const std::size_t at = text.find(separator);
   return {text.substr(0, at), at == text.npos ? std::string_view() : text.substr(at + 1)};
@@ -52,10 +52,10 @@ std::string AddFault(std::string_view text, Faults& faults) {
   const auto status = WholeNumber<std::int32_t>(statusText);
   const auto occurrence = WholeNumber<std::int32_t>(occurrenceText);
   if (!status || !occurrence || *occurrence < 0) {
-    return '"' + Escaped(text) + "\" is not ENTRY:OCCURRENCE=STATUS";
+    return '"' + Escaped(text) + "\" does not have the form ENTRY:OCCURRENCE=STATUS";
   }
   if (std::ranges::find(kEntryPoints, entry) == std::end(kEntryPoints)) {
-    return "there is no entry point \"" + Escaped(entry) + '"';
+    return "unknown entry point \"" + Escaped(entry) + '"';
   }
   faults.Add(entry == "*" ? std::string_view() : entry, *occurrence, *status);
   return {};

@@ -1,5 +1,5 @@
-// Faults as one line of text: "IMSPCreateEntry:2=11,*:0=20" makes the second call of one entry
-// point from now on give 11, and each call of any give 20.
+// Faults as one line of text: "IMSPCreateEntry:2=11,*:0=20" makes the second call of
+// IMSPCreateEntry from now on return 11, and every call of any entry point return 20.
 
 #ifndef QUILLKIT_SIMULATOR_FAULT_SCRIPT_H_
 #define QUILLKIT_SIMULATOR_FAULT_SCRIPT_H_
@@ -11,8 +11,8 @@
 
 namespace quillbox {
 
-// Adds the faults of a text, which may be empty. An empty text, or what is wrong with it, with
-// nothing added then: an entry point that does not exist, a number that is none.
+// Adds the faults of a text, which may be empty. Returns an empty text, or a description of the
+// error (an unknown entry point, an invalid number); then no fault is added.
 std::string ScriptFaults(std::string_view text, Faults& faults);
 
 }  // namespace quillbox

@@ -1,4 +1,4 @@
-// Failures that are to happen at later calls.
+// Failures of later calls.
 
 #ifndef QUILLKIT_SIMULATOR_FAULTS_H_
 #define QUILLKIT_SIMULATOR_FAULTS_H_
@@ -15,18 +15,19 @@ namespace quillbox {
 
 class Faults {
  public:
-  // At the call of this entry point, "" for any, whose turn it is: 1 is the next, 0 each one.
+  // Makes a call of this entry point ("": of any) fail: occurrence 1 is the next call, 0 every
+  // call.
   void Add(std::string_view entry, std::int32_t occurrence, Status status);
   void Clear() { waiting.clear(); }
 
-  // Counts a call for every fault that waits for it. The status of the first fault whose turn it
-  // is; others whose turn it is too are used up with it.
+  // Counts a call for every pending fault that matches it. Returns the status of the first fault
+  // that is due; all due faults are used up.
   std::optional<Status> Take(std::string_view entry);
 
  private:
   struct Fault {
     std::string entry;
-    std::int32_t calls = 0;  // until its turn; 0: at each
+    std::int32_t calls = 0;  // calls until it is due; 0: every call
     Status status = kNoError;
   };
 

@@ -9,12 +9,12 @@ namespace {
 constexpr std::string_view kNull = "-";
 constexpr std::string_view kPassword = "***";
 
-// A text as it stands, and one that is empty as a mark of its own.
+// Writes a text unchanged, or "" for an empty one.
 void AppendText(std::string& line, std::string_view text) {
   line += text.empty() ? std::string_view("\"\"") : text;
 }
 
-// An address in the byte order of inet_addr.
+// Writes an address that is in the byte order of inet_addr.
 void AppendAddress(std::string& line, std::uint32_t address) {
   for (int shift = 0; shift < 32; shift += 8) {
     if (shift != 0) line += '.';

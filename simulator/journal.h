@@ -1,4 +1,4 @@
-// The journal of calls, and the form that a call's arguments take in it (simulator/simulator.h).
+// The journal of calls, and the format of arguments in it (simulator/simulator.h).
 
 #ifndef QUILLKIT_SIMULATOR_JOURNAL_H_
 #define QUILLKIT_SIMULATOR_JOURNAL_H_
@@ -27,7 +27,7 @@ class Journal {
 
   std::size_t Size() const { return calls.size(); }
 
-  // Null out of range.
+  // Returns null for an index out of range.
   const Call* At(std::int32_t index) const;
 
  private:
@@ -35,7 +35,7 @@ class Journal {
   std::vector<Call> calls;
 };
 
-// Arguments whose type does not tell what they are.
+// Arguments whose type does not define their format.
 struct CountArgument {
   const std::uint32_t* count = nullptr;
 };
@@ -43,7 +43,7 @@ struct RecordArgument {
   const void* record = nullptr;
 };
 
-// Appends one argument. Nothing is read past a field, whatever it holds.
+// Appends one argument. Reads no text beyond its field.
 void AppendArgument(std::string& line, const ABIdent* book);
 void AppendArgument(std::string& line, const KeyRange* range);
 void AppendArgument(std::string& line, const EntryKey* key);

@@ -7,13 +7,13 @@ namespace quillbox {
 
 void JournalFile::Open(const std::string& path) {
   file.open(path, std::ios::binary | std::ios::app);
-  if (!file.is_open()) Warn(kJournalVariable, "the file cannot be opened");
+  if (!file.is_open()) Warn(kJournalVariable, "cannot open the file");
 }
 
 void JournalFile::Add(std::string_view text, Status status) {
   if (!file) return;
   file << Escaped(text) << " = " << status << std::endl;
-  if (!file) Warn(kJournalVariable, "the file cannot be written; the journal ends here");
+  if (!file) Warn(kJournalVariable, "cannot write the file; the journal ends here");
 }
 
 }  // namespace quillbox

@@ -1,4 +1,4 @@
-// The journal of calls as a file, for whoever stands outside the process.
+// The journal of calls as a file, for readers outside the process.
 
 #ifndef QUILLKIT_SIMULATOR_JOURNAL_FILE_H_
 #define QUILLKIT_SIMULATOR_JOURNAL_FILE_H_
@@ -13,15 +13,15 @@ namespace quillbox {
 
 class JournalFile {
  public:
-  // Goes on at the end of the file, so that processes that run one after the other share it. A
-  // failure is told on standard error. Called once.
+  // Appends to the file, so that consecutive processes can share it. A failure is reported on
+  // standard error. Called once.
   void Open(const std::string& path);
 
   bool IsOpen() const { return file.is_open(); }
 
-  // Adds the line "TEXT = STATUS", with what is no printable ASCII escaped, and writes it out: a
-  // process that then crashes has told its last call. Where that fails, standard error tells it,
-  // once.
+  // Adds the line "TEXT = STATUS", escaping bytes that are not printable ASCII, and flushes it: the
+  // file of a process that crashes contains its last call. The first failure is reported on
+  // standard error.
   void Add(std::string_view text, Status status);
 
  private:

@@ -1,4 +1,5 @@
-// How the appliance distorts what it delivers. Every member does nothing but while its lie is on.
+// Wrong replies of the appliance. Each member has an effect only while its kind of wrong reply is
+// on.
 
 #ifndef QUILLKIT_SIMULATOR_LIES_H_
 #define QUILLKIT_SIMULATOR_LIES_H_
@@ -15,29 +16,29 @@ class Lies {
  public:
   void Set(std::uint32_t newLies);
 
-  // Lets sizes stand this much above what they are, whatever lies are told.
+  // Increases all reported sizes by this number, independent of the wrong replies.
   void InflateSizes(std::uint32_t by) { inflation = by; }
 
   // The count that a read claims to have delivered.
   std::uint32_t DeliveredCount(std::size_t delivered, std::uint32_t capacity) const;
 
-  // Whether a call that fails leaves its count alone.
+  // Whether a failing call leaves its count unchanged.
   bool KeepsFailedCount() const { return Tells(kLieFailedCount); }
 
-  // Where the record at `index` of `count` goes.
+  // The slot for the record at `index` of `count`.
   std::size_t Place(std::size_t index, std::size_t count) const {
     return Tells(kLieUnsorted) ? count - 1 - index : index;
   }
 
-  // Fills the texts of a delivered record, or a text alone, to their ends.
+  // Fills the texts of a delivered record, or a single text, completely, without a NUL.
   void Fill(const BookType& type, void* record) const;
   void FillText(char* text, std::size_t size) const;
 
-  // Overwrites what came in with a change of an entry: a key and a record of a book of
-  // this kind, where they are not null.
+  // Overwrites the arguments of a change: a key and a record of a book of this kind. Both may be
+  // null.
   void Scribble(BookKind kind, EntryKey* key, void* record) const;
 
-  // Overwrites the book of a call; any other argument stays.
+  // Overwrites the book of a call. Other arguments stay unchanged.
   void ScribbleArgument(ABIdent* book) const;
   template <class Other>
   void ScribbleArgument(const Other& /*argument*/) const {}
@@ -45,7 +46,7 @@ class Lies {
   // Distorts a row of the census.
   void Distort(PageBoundary* row, std::size_t index) const;
 
-  // The size to tell.
+  // The size to report.
   std::uint32_t Size(std::size_t size);
 
  private:

@@ -1,5 +1,4 @@
-// Takes a line to pieces from its front: words, numbers, and texts in double quotes, with blanks
-// between them.
+// Splits a line into words, numbers and texts in double quotes, separated by spaces.
 
 #ifndef QUILLKIT_SIMULATOR_LINE_PARSER_H_
 #define QUILLKIT_SIMULATOR_LINE_PARSER_H_
@@ -20,14 +19,14 @@ class LineParser {
 
   bool IsAtEnd() const { return rest.empty(); }
 
-  // The characters up to the next blank; empty at the end.
+  // The characters up to the next space. Empty at the end.
   std::string_view Word() {
     const std::string_view word = rest.substr(0, rest.find_first_of(kBlanks));
     Remove(word.size());
     return word;
   }
 
-  // A text in double quotes, which a blank or the end has to follow.
+  // A text in double quotes, followed by a space or the end.
   std::optional<std::string_view> Quoted() {
     if (!rest.starts_with('"')) return std::nullopt;
     const std::size_t end = rest.find('"', 1);

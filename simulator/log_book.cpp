@@ -6,14 +6,14 @@
 namespace quillbox {
 namespace {
 
-// What this appliance writes into a record.
+// The record that this appliance writes.
 struct LogLine {
   FixedText<32> user;
   FixedText<168> text;
 };
 static_assert(sizeof(LogLine) == sizeof(LogRecord));
 
-constexpr std::string_view kKept = "_!";  // stands before the name of a user whose records stay
+constexpr std::string_view kKept = "_!";  // precedes the name of a user whose records stay
 
 std::string_view UserOf(const LogRecord& record) {
   const std::string_view field(record.bytes, sizeof(LogLine::user));
@@ -24,7 +24,7 @@ bool IsWhole(std::string_view filter) {
   return filter.empty() || filter == "*";
 }
 
-// Whether `filter`, which begins with kKept, holds this name.
+// Whether `filter`, which begins with kKept, contains this name.
 bool Keeps(std::string_view filter, std::string_view user) {
   while (filter.starts_with(kKept)) {
     filter.remove_prefix(kKept.size());

@@ -1,4 +1,4 @@
-// The log book: records in the order in which they came, each of one user.
+// The log book: records in order of arrival, each belonging to one user.
 
 #ifndef QUILLKIT_SIMULATOR_LOG_BOOK_H_
 #define QUILLKIT_SIMULATOR_LOG_BOOK_H_
@@ -17,24 +17,24 @@ namespace quillbox {
 
 class LogBook {
  public:
-  // The records it keeps: beyond them the oldest one goes when another comes.
+  // The maximum number of records. When it is full, a new record replaces the oldest.
   static constexpr std::size_t kCapacity = 65536;
 
-  // Appends a record of the form that this appliance gives them: the user in 32 bytes, and then the
-  // text, both cut at their fields.
+  // Appends a record in the format of this appliance: the user in 32 bytes, then the text, both cut
+  // to their fields.
   void Add(std::string_view user, std::string_view text);
 
-  // Appends a record as it stands.
+  // Appends a record unchanged.
   void Append(const LogRecord& record);
 
-  // A user's records, or all for "" and "*".
+  // The records of a user; all for "" and "*".
   std::size_t Size(std::string_view filter) const;
 
-  // REQUIRES: `index` is below Size(filter). Good until the next change.
+  // REQUIRES: `index` is below Size(filter). Valid until the next change.
   const LogRecord& At(std::string_view filter, std::size_t index) const;
 
-  // Removes a user's records; for "" and "*" all; for a text of names that each stand behind "_!",
-  // those of all other users.
+  // Removes the records of a user; all for "" and "*"; for a text of names that each follow "_!",
+  // the records of all other users.
   void Clear(std::string_view filter);
 
  private:
@@ -43,7 +43,7 @@ class LogBook {
   const Numbers* NumbersOf(std::string_view user) const;
 
   std::deque<LogRecord> records;
-  std::uint64_t firstNumber = 0;  // of records.front(); records are numbered as they come
+  std::uint64_t firstNumber = 0;  // of records.front(); records are numbered in order of arrival
   std::map<std::string, Numbers, std::less<>> byUser;
 };
 

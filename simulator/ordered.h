@@ -1,7 +1,7 @@
-// Values by name, in the order of unsigned bytes, that can also be reached by their position.
+// A map of values by name, in the order of unsigned bytes, with access by position.
 //
-// Every operation takes logarithmic time, copying apart. Pointers to values stay good until the
-// value is erased or renamed.
+// Every operation takes logarithmic time, not counting copies. A pointer to a value is valid until
+// the value is erased or renamed.
 
 #ifndef QUILLKIT_SIMULATOR_ORDERED_H_
 #define QUILLKIT_SIMULATOR_ORDERED_H_
@@ -37,7 +37,7 @@ class Ordered {
 
   std::size_t Size() const { return tree.size(); }
 
-  // The value of this name, or null.
+  // Returns the value of this name, or null.
   Value* Find(const EntryKey& key) {
     const auto found = tree.find(key);
     return found == tree.end() ? nullptr : &found->second;
@@ -47,7 +47,7 @@ class Ordered {
     return found == tree.end() ? nullptr : &found->second;
   }
 
-  // How many names sort before this one, and how many before or with it.
+  // The number of names that sort before this one, and before or equal to it.
   std::size_t CountBefore(const EntryKey& key) const { return tree.order_of_key(key); }
   std::size_t CountThrough(const EntryKey& key) const {
     return CountBefore(key) + (Find(key) != nullptr ? 1 : 0);
@@ -56,13 +56,13 @@ class Ordered {
   // The name and value at a position. REQUIRES: `index` is below Size().
   Iterator At(std::size_t index) const { return tree.find_by_order(index); }
 
-  // The value of this name, a new empty one when there was none.
+  // Returns the value of this name. Creates an empty one if it does not exist.
   Value& operator[](const EntryKey& key) { return tree[key]; }
 
-  // Whether there was one.
+  // Returns whether the name existed.
   bool Erase(const EntryKey& key) { return tree.erase(key); }
 
-  // REQUIRES: `from` is there, and `to` is not. The value's new place.
+  // Returns the renamed value. REQUIRES: `from` exists and `to` does not.
   Value& Rename(const EntryKey& from, const EntryKey& to) {
     Value value = std::move(tree[from]);
     tree.erase(from);

@@ -1,4 +1,4 @@
-// The protocol that the simulator serves: the records and statuses of the toolkit.
+// The protocol of the simulator: the records and statuses of the toolkit.
 
 #ifndef QUILLKIT_SIMULATOR_PROTOCOL_H_
 #define QUILLKIT_SIMULATOR_PROTOCOL_H_

@@ -11,7 +11,7 @@ std::int32_t SkipOf(const ReadRequest& request) {
   return request.range != nullptr ? request.range->skip : 0;
 }
 
-// Delivers a part of `matches`: `write` takes a position of it and the slot that it goes to.
+// Delivers a part of `matches`. `write` receives a position and its slot.
 template <class Write>
 Status DeliverTo(const ReadRequest& request, const Lies& lies, IndexRun matches, Write write) {
   const std::uint32_t capacity = *request.count;
@@ -25,7 +25,7 @@ Status DeliverTo(const ReadRequest& request, const Lies& lies, IndexRun matches,
   return delivery.status;
 }
 
-// The same for the matches of a range: `write` takes a name, its value and the slot.
+// The same for the matches of a range. `write` receives a name, its value and the slot.
 template <class Value, class Write>
 Status DeliverMatches(const ReadRequest& request, const Lies& lies, const Ordered<Value>& values,
                       Write write) {

@@ -1,8 +1,8 @@
-// The bulk reads: which records of a book go where in the caller's buffer.
+// The bulk reads: copy records of a book into the caller's buffer.
 //
-// All of them take the range and direction of bridge/imsp_api.h, read `*count` as the buffer's
-// capacity, set it to what they delivered, and give 0, 4 when nothing is left to deliver, or 21
-// when more is left than fits.
+// All of them take the range and direction of bridge/imsp_api.h. They read `*count` as the capacity
+// of the buffer and set it to the number of records delivered. They return 0; 4 if there is nothing
+// to deliver; 21 if there is more than fits.
 
 #ifndef QUILLKIT_SIMULATOR_READING_H_
 #define QUILLKIT_SIMULATOR_READING_H_
@@ -16,7 +16,7 @@
 
 namespace quillbox {
 
-// A capacity and the two directions in which it is used.
+// The range, the capacity (input) or delivered number (output), and the direction of a read.
 struct ReadRequest {
   const KeyRange* range = nullptr;
   std::uint32_t* count = nullptr;
@@ -26,7 +26,8 @@ struct ReadRequest {
 Status ReadRecords(const Book& book, const BookType& type, const Lies& lies,
                    const ReadRequest& request, void* records);
 
-// The log's records have no names: the range's filter is a user, and its first key means nothing.
+// Records of the log have no names: the filter of the range is a user, and its first key is
+// ignored.
 Status ReadLogRecords(const LogBook& log, const BookType& type, const Lies& lies,
                       const ReadRequest& request, void* records);
 
@@ -36,8 +37,8 @@ Status ReadNames(const Book& book, const Lies& lies, const ReadRequest& request,
 Status ReadBooks(const BookSet& books, BookKind kind, const Lies& lies, const ReadRequest& request,
                  ABIdent* rows);
 
-// The census of the names' first bytes. `*count` is the table's capacity; 0 also for an empty book,
-// 21 when there are more letters than fit.
+// The census of the first bytes of all names. `*count` is the capacity of the table. Returns 0,
+// also for an empty book; 21 if there are more letters than fit.
 Status ReadCensus(const Book& book, const Lies& lies, PageBoundary* table, std::uint32_t* count);
 
 }  // namespace quillbox

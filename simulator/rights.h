@@ -1,4 +1,4 @@
-// What an account may do with a book.
+// The rights of accounts on books.
 
 #ifndef QUILLKIT_SIMULATOR_RIGHTS_H_
 #define QUILLKIT_SIMULATOR_RIGHTS_H_
@@ -14,12 +14,12 @@ enum class Action { kRead, kCreateEntry, kChange };
 // Whether an account has full rights: ADMINISTRATOR and TOOLKIT.
 bool IsPrivileged(std::string_view user);
 
-// 0; 3 for a book that cannot exist: its kind does not, or a fixed book has another name; 11 for
-// what the user may not do. GUEST may create an entry in the users' book and nothing else, a
-// privileged account may do anything, and any other one may read every book and change its own.
+// Returns 0; 3 for a book that cannot exist (an unknown kind, or a wrong name of a fixed book); 11
+// if the user has no right. GUEST may only create entries in the users' book. A privileged account
+// may do anything. Any other account may read every book and change its own.
 Status Permit(std::string_view user, const ABIdent& book, Action action);
 
-// The same for what the log does not offer: 13 for the log.
+// The same for calls that the log does not support: 13 for the log.
 Status PermitEntries(std::string_view user, const ABIdent& book, Action action);
 
 }  // namespace quillbox

@@ -1,4 +1,4 @@
-// The small office that an appliance comes with.
+// The contents of a new appliance: a small office.
 
 #include <string_view>
 
@@ -123,7 +123,7 @@ void SeedAccounts(Store& store) {
   }
 }
 
-// Entries of the e-mail book or of a list.
+// Adds entries of the e-mail book or of a list.
 template <std::size_t N>
 void SeedAddresses(Store& store, const BookPath& path, const Address (&addresses)[N]) {
   for (const Address& each : addresses) {

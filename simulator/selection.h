@@ -1,5 +1,5 @@
-// Which entries of a book a call means: the one implementation of filter, first key, skip and
-// direction, for all bulk reads, sizes and clearings.
+// Selects the entries of a book that a call refers to. Implements filter, first key, skip and
+// direction for all bulk reads, sizes and deletions.
 
 #ifndef QUILLKIT_SIMULATOR_SELECTION_H_
 #define QUILLKIT_SIMULATOR_SELECTION_H_
@@ -22,16 +22,16 @@ struct IndexRun {
   std::size_t Size() const { return end > begin ? end - begin : 0; }
 };
 
-// A run of names: all, those that begin with a text, or one. Empty and "*" mean all, a text and "*"
-// a beginning, anything else one name.
+// A filter: all names ("" or "*"), the names that begin with a text (the text and "*"), or one
+// name.
 class NameFilter {
  public:
   explicit NameFilter(std::string_view text);
 
-  // The names that begin with a text, whatever characters it holds.
+  // Matches the names that begin with a text, which may contain any characters.
   static NameFilter Beginning(std::string_view text);
 
-  // The positions of the names that match; they are always neighbours.
+  // The positions of the names that match, which are always consecutive.
   template <class Value>
   IndexRun Matches(const Ordered<Value>& values) const {
     if (matchesNone) return {};
@@ -50,28 +50,28 @@ class NameFilter {
   bool matchesNone = false;  // longer than any name
 };
 
-// What one bulk read delivers.
+// The part that one bulk read delivers.
 struct Delivery {
   std::size_t begin = 0;  // the first position delivered
   std::size_t count = 0;
-  std::size_t slot = 0;  // where in the buffer it goes: reading back, the last slot is always taken
+  std::size_t slot = 0;  // its first slot in the buffer: a backward read always fills the last slot
   Status status = kNoError;
 };
 
-// Of a run of matches, reading forward (`direction` 1) or back (anything else): passes over `skip`
-// of them, none for a negative number, and takes up to `capacity`. The status is 4 when none are
-// left, 21 when more are left than fit.
+// Selects from matches, reading forward (`direction` 1) or backward (any other value): skips `skip`
+// of them (none if it is negative) and selects up to `capacity`. The status is 4 if none are left,
+// 21 if more are left than fit.
 Delivery Deliver(IndexRun matches, std::int32_t skip, std::size_t capacity, std::int32_t direction);
 
-// The matches of a range, which may be null for all, that lie behind its first key in the direction
-// of the read.
+// The matches of a range that follow its first key in the direction of the read. A null range means
+// all.
 template <class Value>
 IndexRun MatchesOf(const Ordered<Value>& values, const KeyRange* range, std::int32_t direction) {
   if (range == nullptr) return {0, values.Size()};
   IndexRun run = NameFilter(range->filter.View()).Matches(values);
   if (range->first.IsEmpty()) return run;
   EntryKey first;
-  first.name = range->first;  // also without a NUL: it then sorts as the longer text it is
+  first.name = range->first;  // without a NUL, it sorts as the longer text that it is
   if (direction == 1) {
     run.begin = std::max(run.begin, values.CountThrough(first));
   } else {

@@ -1,5 +1,4 @@
-// The one session that the appliance's server library can have open, and the clock by which a
-// silent one is dropped.
+// The only session of the server library, and the clock that determines when it is dropped.
 
 #ifndef QUILLKIT_SIMULATOR_SESSION_H_
 #define QUILLKIT_SIMULATOR_SESSION_H_
@@ -11,7 +10,7 @@
 
 namespace quillbox {
 
-// Real time, and what was put on top of it.
+// Real time plus the time added by SimulatorAdvanceClock.
 class Clock {
  public:
   struct Moment {
@@ -22,8 +21,8 @@ class Clock {
   Moment Now() const { return {std::chrono::steady_clock::now(), advanced}; }
   void Advance(std::uint32_t milliseconds) { advanced += std::chrono::milliseconds(milliseconds); }
 
-  // The time since a moment. Real time below a tenth of a second does not count, so that a short
-  // period measures what a client does and not how busy the machine is.
+  // The time since a moment. Real time below a tenth of a second does not count, so that tests with
+  // a short period do not depend on the load of the machine.
   std::chrono::milliseconds Since(const Moment& moment) const;
 
  private:
@@ -32,21 +31,22 @@ class Clock {
 
 class Session {
  public:
-  // Opens it for an account, in the place of one that is open.
+  // Opens it for an account. Replaces an open session.
   void Open(std::string_view newAccount, const Clock& clock);
   void Close();
 
-  // Closes it when it has been silent for the period, in milliseconds. Whether it is open.
+  // Closes it if there was no call for the period, in milliseconds. Returns whether it is open.
   bool IsOpen(const Clock& clock, std::uint32_t period);
 
-  // Takes a sign of life.
+  // Records a call, which keeps the session alive.
   void Wake(const Clock& clock) { lastSign = clock.Now(); }
 
-  // Whose rights it has: the account that logged in, or the user it acts as since. "" when closed.
+  // The user whose rights apply: the account that logged in, or the user it changed to. "" if
+  // closed.
   const std::string& User() const { return user; }
   void ActAs(std::string_view newUser) { user = newUser; }
 
-  // Who logged in. "" when closed.
+  // The account that logged in. "" if closed.
   const std::string& Account() const { return account; }
 
  private:

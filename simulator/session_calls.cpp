@@ -1,4 +1,4 @@
-// The entry points for the library's life, the session and what is not about a book.
+// The entry points for the library, the session and everything that does not concern a book.
 
 #include <algorithm>
 #include <cstring>
@@ -15,7 +15,7 @@
 namespace quillbox {
 namespace {
 
-// Copies `text` with its NUL, each as far as there is room.
+// Copies `text` and its NUL, as far as there is room.
 void CopyText(const std::string& text, char* buffer, std::size_t capacity) {
   if (capacity != 0) std::memcpy(buffer, text.c_str(), std::min(text.size() + 1, capacity));
 }
@@ -70,7 +70,7 @@ bool IsAccepted(std::string_view text) {
   });
 }
 
-// The transfers, which this appliance does not offer.
+// The transfers, which this appliance does not support.
 Status Refuse(Appliance&) {
   return kNotImplemented;
 }

@@ -14,23 +14,20 @@
 // `book` is ignored: the kind identifies it.
 //
 // Behaviour the simulator defines where the protocol leaves it open:
-//   - GUEST may only create entries in the users' book. ADMINISTRATOR and TOOLKIT may do
-//   everything.
+//   - GUEST may only create entries in the users' book. ADMINISTRATOR and TOOLKIT may do anything.
 //     Any other account may read every book and change its own private books. Otherwise: 11.
 //   - Only ADMINISTRATOR may change identity, and change it back. The rights are then those of the
 //     other user.
 //   - The three accounts are permanent: clearing the users' book keeps them, and deleting or
-//   renaming
-//     one yields 11.
-//   - Deleting the e-mail, printer or private book empties it. Deleting any other fixed book
-//   yields 12.
+//     renaming one yields 11.
+//   - Deleting the e-mail, printer or private book empties it. Deleting any other fixed book yields
+//     12.
 //   - A key book and its entry in the top-level book are created, deleted and renamed together. So
-//   are
-//     an account and the private books of its user.
+//     are an account and the private books of its user.
 //   - A record with an empty name, or with a text that has no NUL in its field, yields 7.
 //   - LOGAB supports IMSPSizeofAB, IMSPReadAB and IMSPClearAB; other calls on it yield 13. It holds
-//   one
-//     record (32 bytes user name, then a text) for each login, logout and batch, at most 65,536.
+//     one record (32 bytes user name, then a text) for each login, logout and batch, at most
+//     65,536.
 //   - IMSPIOCtl 7 is reserved for ADMINISTRATOR and TOOLKIT. A backup does not include the log.
 //   - IMSPBatchConfiguration runs the script language that simulator/batch.h describes.
 

@@ -13,7 +13,7 @@ namespace quillbox {
 void StateFile::Open(const std::string& path, Contents& contents) {
   std::error_code failure;
   const std::filesystem::file_status found = std::filesystem::status(path, failure);
-  // The process may change its folder.
+  // The process may change its working folder.
   const std::string place = std::filesystem::absolute(path, failure).string();
   if (found.type() == std::filesystem::file_type::not_found) {
     keptPath = place;
@@ -22,13 +22,13 @@ void StateFile::Open(const std::string& path, Contents& contents) {
     return;
   }
   Contents read;
-  std::string fault = "this is no file";
+  std::string fault = "not a file";
   if (!std::filesystem::is_other(found)) {
     TextLines lines(path.c_str());
     fault = ReadState(lines, read);
   }
   if (!fault.empty()) {
-    Warn(kStateVariable, fault + "; the books are as delivered, and nothing is kept");
+    Warn(kStateVariable, fault + "; starting with the initial books; changes will not be saved");
     return;
   }
   keptPath = place;
@@ -40,7 +40,7 @@ void StateFile::Save(const Contents& contents) const {
   std::ostringstream text;
   WriteState(text, contents);
   if (WriteFileWhole(keptPath, text.view(), Readers::kOwner)) return;
-  Warn(kStateVariable, "the file cannot be written, and is as it was before");
+  Warn(kStateVariable, "cannot write the file; it is unchanged");
 }
 
 }  // namespace quillbox

@@ -1,4 +1,4 @@
-// The file in which an appliance keeps its books from one process to the next.
+// The file that keeps the books of an appliance between processes.
 
 #ifndef QUILLKIT_SIMULATOR_STATE_FILE_H_
 #define QUILLKIT_SIMULATOR_STATE_FILE_H_
@@ -11,18 +11,18 @@ namespace quillbox {
 
 class StateFile {
  public:
-  // Fills the contents from the file at `path`, or makes the file from them when there is none, for
-  // its owner alone: it holds passwords. A file that cannot be read, or not understood to its end,
-  // is told on standard error: the contents then stay as they are, nothing is kept, and the file is
-  // never written. Called once.
+  // Fills the contents from the file at `path`. If there is none, creates it from the contents,
+  // readable only by its owner because it contains passwords. If the file cannot be read or is
+  // invalid, reports that on standard error; then the contents stay unchanged and the file is never
+  // written. Called once.
   void Open(const std::string& path, Contents& contents);
 
-  // Whether there is a file that Save writes.
+  // Whether Save can write a file.
   bool IsOpen() const { return !keptPath.empty(); }
 
-  // Writes the contents to a file of its own beside it, which then takes its place and its rights
-  // at once: whoever reads it finds the old state or the new one. A failure is told on standard
-  // error, and leaves the old one. REQUIRES: IsOpen().
+  // Writes the contents to a new file, which then replaces the old one atomically and takes its
+  // permissions: a reader finds the old state or the new one. On failure, keeps the old file and
+  // reports that on standard error. REQUIRES: IsOpen().
   void Save(const Contents& contents) const;
 
  private:

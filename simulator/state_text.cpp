@@ -12,9 +12,9 @@ namespace quillbox {
 namespace {
 
 constexpr std::string_view kHeading = "quillbox state 1";
-constexpr std::size_t kMostEntries = 1'000'000;  // of all books; an appliance holds fewer
+constexpr std::size_t kMostEntries = 1'000'000;  // in all books; an appliance holds fewer
 constexpr std::size_t kLongestName = 31;
-constexpr std::size_t kLongestBackupName = 400;  // the command that makes it is no longer
+constexpr std::size_t kLongestBackupName = 400;  // the command that creates it is not longer
 
 std::string InQuotes(std::string_view bytes) {
   return '"' + Escaped(bytes, "\"") + '"';
@@ -31,24 +31,24 @@ void WriteStore(std::ostream& out, const Store& store) {
   });
 }
 
-// Takes the lines behind the heading one by one.
+// Reads the lines after the heading.
 class StateReader {
  public:
   explicit StateReader(Contents& newContents) : contents(newContents), store(&newContents.store) {}
 
   bool IsComplete() const { return isComplete; }
 
-  // What is wrong with the line, or an empty text.
+  // Returns a description of an error in the line, or an empty text.
   std::string Take(std::string_view text) {
     LineParser line(text);
     if (line.IsAtEnd()) return {};
-    if (isComplete) return "there is a line behind the end";
+    if (isComplete) return "unexpected line after the end";
     const std::string_view word = line.Word();
     if (word == "book") return TakeBook(line);
     if (word == "entry") return TakeEntry(line);
     if (word == "backup") return TakeBackup(line);
     isComplete = word == "end" && line.IsAtEnd();
-    return isComplete ? "" : "this is no line of a state";
+    return isComplete ? "" : "not a line of a state file";
   }
 
  private:
@@ -61,45 +61,43 @@ class StateReader {
     const auto kind = line.Number();
     const auto name = TakeText(line, kLongestName);
     const auto user = TakeText(line, kLongestName);
-    if (!kind || !name || !user || !line.IsAtEnd()) return "this is no line of a book";
+    if (!kind || !name || !user || !line.IsAtEnd()) return "invalid book line";
     type = TypeOf(static_cast<BookKind>(*kind));
     bookName = EntryKey(*name);
     bookUser = *user;
     if (type == nullptr || type->kind == BookKind::kLog || !type->Accepts(bookName.name) ||
         type->isPrivate == bookUser.empty()) {
-      return "no appliance has this book";
+      return "unknown book";
     }
     const Status status = store->CreateBook(Path());
     const bool isThere = status == kNoError || status == kDuplicateBook;
-    return isThere && (type->IsFixed() || store->Find(Path()) != nullptr)
-               ? ""
-               : "no appliance has this book";
+    return isThere && (type->IsFixed() || store->Find(Path()) != nullptr) ? "" : "unknown book";
   }
 
   std::string TakeEntry(LineParser& line) {
-    if (type == nullptr) return "this entry stands in no book";
+    if (type == nullptr) return "entry outside a book";
     const auto record = TakeText(line, type->recordSize);
     if (!record || record->size() != type->recordSize || !line.IsAtEnd() ||
         ++entryCount > kMostEntries || store->Put(Path(), record->data()) != kNoError) {
-      return "this entry does not fit its book";
+      return "invalid entry for this book";
     }
     return {};
   }
 
   std::string TakeBackup(LineParser& line) {
     const auto name = TakeText(line, kLongestBackupName);
-    if (!name || !line.IsAtEnd()) return "this is no line of a backup";
+    if (!name || !line.IsAtEnd()) return "invalid backup line";
     const auto [place, isNew] = contents.backups.try_emplace(*name);
     store = &place->second;
     type = nullptr;
-    return isNew ? "" : "there are two backups of this name";
+    return isNew ? "" : "duplicate backup name";
   }
 
   BookPath Path() const { return {type->kind, bookName, bookUser}; }
 
   Contents& contents;
   Store* store;
-  const BookType* type = nullptr;  // of the book that entries go into; null in front of the first
+  const BookType* type = nullptr;  // of the book that receives entries; null before the first book
   EntryKey bookName;
   std::string bookUser;
   std::size_t entryCount = 0;
@@ -120,8 +118,8 @@ void WriteState(std::ostream& out, const Contents& contents) {
 
 std::string ReadState(TextLines& lines, Contents& contents) {
   const auto heading = lines.Next();
-  if (!lines.IsReadable()) return "it cannot be read";
-  if (!heading || *heading != kHeading) return "line 1: this is no state of an appliance";
+  if (!lines.IsReadable()) return "cannot read the file";
+  if (!heading || *heading != kHeading) return "line 1: not a state file";
   StateReader reader(contents);
   std::size_t number = 1;
   while (const auto line = lines.Next()) {
@@ -129,9 +127,9 @@ std::string ReadState(TextLines& lines, Contents& contents) {
     const std::string fault = reader.Take(*line);
     if (!fault.empty()) return "line " + std::to_string(number) + ": " + fault;
   }
-  if (lines.IsCut()) return "line " + std::to_string(number + 1) + ": this line is too long";
-  if (!lines.IsReadable()) return "it cannot be read to its end";
-  return reader.IsComplete() ? "" : "its last line is missing: it was cut short";
+  if (lines.IsCut()) return "line " + std::to_string(number + 1) + ": line too long";
+  if (!lines.IsReadable()) return "cannot read the whole file";
+  return reader.IsComplete() ? "" : "truncated: the line \"end\" is missing";
 }
 
 }  // namespace quillbox

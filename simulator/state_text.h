@@ -1,14 +1,13 @@
-// What the appliance's books hold, and their backups, as lines of ASCII that a person can read and
-// compare:
+// The contents of all books and their backups as lines of ASCII, for people to read and compare:
 //
 //   quillbox state 1
-//   book 1 "EMAILAB" ""                     its kind, its name, whose it is
-//   entry "Agnes\z27;agnes@..."             each of its records, in the form of escaped_text.h
-//   backup "nightly"                        the books behind it are the backup's
+//   book 1 "EMAILAB" ""                     kind, name, user
+//   entry "Agnes\z27;agnes@..."             a record of the book, in the format of escaped_text.h
+//   backup "nightly"                        the following books belong to this backup
 //   end
 //
-// Lines end with LF or CR LF, and blank ones are passed over. Without its last line the text was
-// cut short, and is not taken. The accounts that every appliance has need no entry.
+// Lines end with LF or CR LF; blank lines are skipped. A text without its last line is truncated
+// and rejected. The three permanent accounts need no entry.
 
 #ifndef QUILLKIT_SIMULATOR_STATE_TEXT_H_
 #define QUILLKIT_SIMULATOR_STATE_TEXT_H_
@@ -23,9 +22,9 @@ namespace quillbox {
 
 void WriteState(std::ostream& out, const Contents& contents);
 
-// Fills contents that are as delivered. An empty text, or what is wrong with the lines and where,
-// with the contents then of no use. Every record goes through Store::Put, so that whatever the
-// lines hold the store's invariants do too.
+// Fills contents that are in the initial state. Returns an empty text, or the line and description
+// of an error; then discard the contents. Every record passes through Store::Put, so that the
+// invariants of the store hold for any input.
 std::string ReadState(TextLines& lines, Contents& contents);
 
 }  // namespace quillbox

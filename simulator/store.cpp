@@ -22,7 +22,7 @@ bool IsEmptiedByDelete(BookKind kind) {
   return kind == BookKind::kEmail || kind == BookKind::kPrinters || kind == BookKind::kPrivateEmail;
 }
 
-// A key's entry in the top-level book.
+// The entry of a key in the top-level book.
 CMenuItem KeyEntry(const EntryKey& key) {
   CMenuItem entry;
   entry.SetName(key.name.View());
@@ -167,7 +167,7 @@ Status Store::Put(const BookPath& path, const void* record) {
   return kNoError;
 }
 
-// Stores a storable record under its name, in the place of one that is there.
+// Stores a storable record under its name. Replaces an existing one.
 void Store::Insert(Book& book, const BookType& type, const void* record) {
   const char* const bytes = static_cast<const char*>(record);
   const EntryKey key = NameOf(record);

@@ -1,13 +1,13 @@
-// Everything that the appliance's books hold, the log apart. A copy of it is a backup.
+// The contents of all books except the log. A copy is a backup.
 //
 // Invariants:
-//   1. A book of a kind with a fixed name is always there, empty or not.
-//   2. Each entry of the top-level book has a key book of its name, and each key book such an
-//   entry:
-//      one comes, goes and changes its name with the other.
-//   3. A user's private books follow the user's account when it is renamed, and go with it.
-//   4. The accounts ADMINISTRATOR, TOOLKIT and GUEST stay. Clearing the users' book leaves them.
-//   5. Every record is storable (IsStorable) and stands under the name it carries.
+//   1. A book with a fixed name always exists, even if it is empty.
+//   2. Each entry of the top-level book has a key book of the same name, and the reverse. They are
+//      created, deleted and renamed together.
+//   3. The private books of a user are renamed and deleted with the account of the user.
+//   4. The accounts ADMINISTRATOR, TOOLKIT and GUEST are permanent. Clearing the users' book keeps
+//      them.
+//   5. Every record is storable (IsStorable) and is stored under the name in its first field.
 
 #ifndef QUILLKIT_SIMULATOR_STORE_H_
 #define QUILLKIT_SIMULATOR_STORE_H_
@@ -24,12 +24,13 @@
 
 namespace quillbox {
 
-// The bytes of one record, of the size that the book's type tells.
+// The bytes of one record, of the size that the type of the book defines.
 using Record = std::vector<char>;
 using Book = Ordered<Record>;
 using BookSet = Ordered<Book>;
 
-// Which book: the user counts for the private kinds alone, and the name not for fixed books.
+// Identifies a book. The user matters only for the private kinds; the name is ignored for fixed
+// books.
 struct BookPath {
   BookKind kind = BookKind::kNone;
   EntryKey name;
@@ -38,63 +39,65 @@ struct BookPath {
 
 class Store {
  public:
-  // Holds the three accounts and nothing else.
+  // Contains only the three accounts.
   Store();
 
-  // The book, or null when there is none, or LOGAB. Good until the next change of the store.
+  // Returns the book, or null if it does not exist and for LOGAB. Valid until the next change of
+  // the store.
   Book* Find(const BookPath& path);
 
-  // The books of a kind that have names of their own, or null for any other kind.
+  // Returns the books of a kind whose books have names, or null for any other kind.
   BookSet* BooksOf(BookKind kind, std::string_view user);
 
   // --- Books ---
 
-  // 9 for a fixed book, a name that is taken, or PRIVATEAB, by which lists are renamed; 7 for an
-  // empty name or one without a NUL.
+  // Returns 9 for a fixed book, an existing name and PRIVATEAB, the name with which lists are
+  // renamed; 7 for an empty name or one without a NUL.
   Status CreateBook(const BookPath& path);
 
-  // The e-mail, printer and private books are emptied, and are there as before: applications delete
-  // them and go on to fill them. 12 for every other fixed book, 3 for a name that is not there.
+  // Empties the e-mail, printer and private books instead of deleting them: applications delete
+  // them and then add entries. Returns 12 for any other fixed book, 3 for an unknown name.
   Status DeleteBook(const BookPath& path);
 
-  // 3 when it is not there, 7 for a new name that is empty or without a NUL, 9 for one that is
-  // taken.
+  // Returns 3 for an unknown book; 7 for a new name that is empty or has no NUL; 9 for an existing
+  // name.
   Status RenameBook(const BookPath& path, const EntryKey& name);
 
-  // Removes the entries that the filter matches. 3.
+  // Removes the entries that match the filter. Returns 3 for an unknown book.
   Status ClearBook(const BookPath& path, std::string_view filter);
 
   // --- Entries ---
 
-  // 3; 7 for a record that is not storable; 14 for a name that is taken.
+  // Returns 3 for an unknown book; 7 for a record that is not storable; 14 for an existing name.
   Status CreateEntry(const BookPath& path, const void* record);
 
-  // Replaces the entry by a record that may carry another name. 3, 4, 7, 14; 11 for another name of
-  // an account that has to stay.
+  // Replaces an entry by a record, which may have another name. Returns 3 for an unknown book; 4
+  // for an unknown entry; 7, 14 as above; 11 for a new name of a permanent account.
   Status ModifyEntry(const BookPath& path, const EntryKey& key, const void* record);
 
-  // 3, 4; 11 for an account that has to stay.
+  // Returns 3 for an unknown book; 4 for an unknown entry; 11 for a permanent account.
   Status DeleteEntry(const BookPath& path, const EntryKey& key);
 
-  // Creates or replaces, and creates the book too. 3 for a kind that does not exist or a wrong
-  // fixed name, 7 for a record that is not storable.
+  // Creates or replaces an entry. Creates the book if it does not exist. Returns 3 for an unknown
+  // kind or a wrong fixed name; 7 for a record that is not storable.
   Status Put(const BookPath& path, const void* record);
 
   // --- As a whole ---
 
-  // Shows every book to `visit`, with its path: those of all users, then each user's own.
+  // Calls `visit` with the path and contents of every book: first the shared ones, then the private
+  // ones of each user.
   template <class Visit>
   void ForEachBook(Visit visit) const {
     VisitShelf(publicShelf, {}, visit);
     for (const auto& [user, shelf] : privateShelves) VisitShelf(shelf, user, visit);
   }
 
-  // Whether anything changed since the last call of this. A new store has.
+  // Whether the store changed since the last call of this function. True for a new store.
   bool TakeChange() { return std::exchange(hasChanged, false); }
   void Touch() { hasChanged = true; }
 
  private:
-  // The books of all users, or of one.
+  // The shared books, or those of one user.
   struct Shelf {
     std::map<BookKind, Book> fixed;
     std::map<BookKind, BookSet> named;
@@ -124,7 +127,7 @@ class Store {
   bool hasChanged = true;
 };
 
-// All that an appliance keeps, the log apart.
+// Everything that an appliance stores except the log.
 struct Contents {
   Store store;
   std::map<std::string, Store, std::less<>> backups;  // by their first text

@@ -1,4 +1,4 @@
-// The lines of a text file, none longer than a line can usefully be. They end with LF or CR LF.
+// The lines of a text file, of limited length. They end with LF or CR LF.
 
 #ifndef QUILLKIT_SIMULATOR_TEXT_LINES_H_
 #define QUILLKIT_SIMULATOR_TEXT_LINES_H_
@@ -15,18 +15,18 @@ class TextLines {
  public:
   explicit TextLines(const char* path) : file(path, std::ios::binary) {}
 
-  // Whether the file could be opened and read so far.
+  // Whether the file was opened, and all reads so far succeeded.
   bool IsReadable() const { return file.is_open() && !file.bad(); }
 
-  // The next line without its end, good until the next call; nothing at the end of the file. A line
-  // of 4095 characters or more ends them: IsCut() then holds.
+  // Returns the next line without its line end, or nothing at the end of the file. Valid until the
+  // next call. A line of 4095 characters or more ends the lines: IsCut() is then true.
   std::optional<std::string_view> Next() {
     if (!file.getline(buffer.data(), std::ssize(buffer))) {
       isCut = !file.eof() && !file.bad();
       return std::nullopt;
     }
     auto length = static_cast<std::size_t>(file.gcount());
-    if (!file.eof()) --length;  // the LF counts as taken
+    if (!file.eof()) --length;  // the LF counts as read
     std::string_view line(buffer.data(), length);
     if (line.ends_with('\r')) line.remove_suffix(1);
     return line;

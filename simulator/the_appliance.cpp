@@ -20,8 +20,8 @@ const Destroyer destroyer;
 
 }  // namespace
 
-// The static objects of this library can be destroyed before those of its callers. A call after
-// that finds a fresh appliance, not a destroyed one.
+// The static objects of this library can be destroyed before those of its callers. A later call
+// creates a new appliance.
 Appliance& TheAppliance() {
   if (instance == nullptr) {
     instance = new Appliance;

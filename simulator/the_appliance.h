@@ -7,7 +7,7 @@
 
 namespace quillbox {
 
-// Created by the first call: seeded, then set up from the environment.
+// Created by the first call: seeded, then configured from the environment.
 Appliance& TheAppliance();
 
 }  // namespace quillbox

@@ -7,7 +7,7 @@
 
 namespace quillbox {
 
-// The variables of the environment that set the appliance up.
+// The environment variables that configure the appliance.
 inline constexpr const char* kStateVariable = "QUILLBOX_STATE";      // the path of a StateFile
 inline constexpr const char* kFaultsVariable = "QUILLBOX_FAULTS";    // a text for ScriptFaults
 inline constexpr const char* kJournalVariable = "QUILLBOX_JOURNAL";  // the path of a JournalFile

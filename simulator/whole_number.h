@@ -1,4 +1,4 @@
-// Reads a number that is the whole of a text.
+// Parses a text that consists of one number.
 
 #ifndef QUILLKIT_SIMULATOR_WHOLE_NUMBER_H_
 #define QUILLKIT_SIMULATOR_WHOLE_NUMBER_H_
@@ -10,7 +10,7 @@
 
 namespace quillbox {
 
-// The number, or none for a text that is anything else or is out of the type's range.
+// Returns the number, or nothing for any other text or a number out of the range of the type.
 template <class Number>
 std::optional<Number> WholeNumber(std::string_view text, int base = 10) {
   Number number = 0;
