@@ -1,4 +1,4 @@
-// Browses an e-mail book of 200,000 entries, few of which are in memory: letter by letter and page
+// Browses an e-mail book of 200,000 entries, with few of them in memory: letter by letter and page
 // by page. Counts the server calls of each step.
 
 #include <cstdint>

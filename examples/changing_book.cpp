@@ -20,7 +20,7 @@ using namespace quillkit;
 CEmailEntry Entry(const std::string& name) {
   CEmailEntry entry;
   entry.SetName(name);
-  entry.SetAddress("somebody@office.example");
+  entry.SetAddress("anyone@office.example");
   return entry;
 }
 
@@ -47,7 +47,7 @@ void Browse(CScanner* box) {
   std::cout << "opened at " << (first != nullptr ? first->Name() : "nothing") << ", letters "
             << book.FirstLetter() << " to " << book.NextLetter('M') << '\n';
 
-  std::cout << "somebody removes M120 and M170, and adds M125a, M175a and Z\n";
+  std::cout << "another user removes M120 and M170, and adds M125a, M175a and Z\n";
   Remove(box, "M120");
   Remove(box, "M170");
   for (const char* name : {"M125a", "M175a", "Z"}) Add(name);

@@ -1,13 +1,13 @@
-// What every exported function enters first and leaves last.
+// The scope of a call of an exported function.
 
 #ifndef QUILLKIT_PLATFORM_CALL_SCOPE_H_
 #define QUILLKIT_PLATFORM_CALL_SCOPE_H_
 
 namespace quillkit {
 
-// Puts the library's own module context in force on the calling thread and restores the one it
-// found; scopes nest. Neither platform needs a context switched: on Windows resources are looked up
-// by the library's own module handle. On POSIX entering runs the thread's due timers.
+// Activates the library's module context on the calling thread, and restores the previous one at
+// the end. Scopes nest. On Windows, nothing needs to be switched: resources are found through the
+// library's own module handle. On POSIX, entering runs the thread's due timers.
 class CallScope {
  public:
   CallScope();

@@ -1,4 +1,4 @@
-// Questions about files that the standard library has no portable answer to.
+// File operations that the standard library does not provide portably.
 
 #ifndef QUILLKIT_PLATFORM_FILES_H_
 #define QUILLKIT_PLATFORM_FILES_H_
@@ -9,9 +9,9 @@
 
 namespace quillkit {
 
-// Whether anything has this path. "*" and "?" in the last component match any run of characters and
-// any one character; every other character stands for itself. A folder counts, by its name alone: a
-// path that ends in a separator has none. False for null.
+// Returns whether a file or folder has this path. In the last component, "*" matches any sequence
+// of characters and "?" any one character. Returns false for null and for a path that ends in a
+// separator.
 bool MatchesAnyFile(const char* path);
 
 // A file that this process created.

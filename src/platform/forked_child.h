@@ -1,5 +1,5 @@
-// Whether the process is a fork of the one that loaded the library. Such a child has one thread,
-// and the locks of all others as they were at the fork.
+// Whether the process is a forked child of the one that loaded the library. Such a child has one
+// thread, and locks that other threads held at the fork stay locked.
 
 #ifndef QUILLKIT_PLATFORM_FORKED_CHILD_H_
 #define QUILLKIT_PLATFORM_FORKED_CHILD_H_

@@ -1,4 +1,4 @@
-// The few messages that go to the person at the screen, and the resource texts they show.
+// Messages for the user, and the string resources that they show.
 
 #ifndef QUILLKIT_PLATFORM_MESSAGE_BOX_H_
 #define QUILLKIT_PLATFORM_MESSAGE_BOX_H_
@@ -9,12 +9,12 @@ namespace quillkit {
 
 using MessageBoxHandler = int (*)(const char* text);
 
-// Shows `text`: a message box on Windows, a line on standard error elsewhere. Gives the box's
-// result, 1 where there is no box.
+// Shows `text` in a message box on Windows, or as a line on standard error on other systems.
+// Returns the result of the box, or 1 without a box.
 int ShowMessageBox(const char* text);
 
-// Redirects every later message to `handler`, which must stay callable; null restores the
-// platform's own. Gives the earlier handler, null when there was none.
+// Redirects all later messages to `handler`, which must stay callable. Null restores the message
+// box of the platform. Returns the previous handler, or null.
 MessageBoxHandler SetMessageBoxHandler(MessageBoxHandler handler);
 
 // Identifiers of the library's string resources.
@@ -23,8 +23,8 @@ inline constexpr unsigned kServerLibraryMissingText = 102;
 inline constexpr unsigned kSettingsKeyText = 103;
 inline constexpr unsigned kSettingsFailedText = 105;
 
-// The text of a string resource; empty for an identifier that has none. That of the settings key
-// has two backslashes at each joint.
+// Returns the text of a string resource, or an empty text for an unknown identifier. The path of
+// the settings key has two backslashes between its parts.
 std::string LoadResourceText(unsigned id);
 
 // Shows the text of a string resource with ShowMessageBox. Returns its result.

@@ -1,21 +1,21 @@
-// The calling thread's messages and the application's wait cursor.
+// The message queue of the calling thread, and the wait cursor of the application.
 
 #ifndef QUILLKIT_PLATFORM_MESSAGE_PUMP_H_
 #define QUILLKIT_PLATFORM_MESSAGE_PUMP_H_
 
 namespace quillkit {
 
-// A window of the application, a HWND on Windows; null is no window.
+// A window of the application: a HWND on Windows. Null means no window.
 using WindowHandle = void*;
 
-// Removes the thread's pending messages, but for a request to quit, up to the first that arrives
-// while this runs; each goes to `window` as a dialog message and, where
-// that refuses it, is translated and dispatched. On POSIX the thread's due timers run.
-// REQUIRES: `window` is not null.
+// Removes and handles the pending messages of the thread, up to the first that arrives meanwhile; a
+// request to quit stays. Each is offered to `window` as a dialog message; if it is not one, it is
+// translated and dispatched. On POSIX, runs the thread's due timers. REQUIRES: `window` is not
+// null.
 void PumpThreadMessages(WindowHandle window);
 
-// The wait cursor: shown, taken away, shown again after something else changed it. Nothing happens
-// where there is no cursor.
+// Show the wait cursor, remove it, and show it again after other code changed it. No effect on
+// systems without a cursor.
 void BeginWaitCursor();
 void EndWaitCursor();
 void RestoreWaitCursor();

@@ -8,15 +8,16 @@ namespace quillkit {
 using ModuleHandle = void*;
 using EntryPoint = void (*)();
 
-// Loads the library whose plain name is given: "X" is X.DLL on Windows and libX.so elsewhere. It is
-// searched as the system does, and on POSIX also beside this library. Null on failure.
+// Loads a library by its plain name: "X" is X.DLL on Windows and libX.so on other systems. Uses the
+// search path of the system; on POSIX also searches the folder of this library. Returns null on
+// failure.
 ModuleHandle LoadModule(const char* name);
 
-// The entry point of exactly this name, or null when there is none or `module` is null. On Windows
-// also null while the process ends.
+// Returns the entry point of exactly this name; null if it does not exist, if `module` is null and,
+// on Windows, while the process ends.
 EntryPoint FindEntryPoint(ModuleHandle module, const char* name);
 
-// Undoes one LoadModule. A null module is ignored.
+// Releases a module once for each LoadModule. Ignores null.
 void UnloadModule(ModuleHandle module);
 
 }  // namespace quillkit

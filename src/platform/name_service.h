@@ -8,19 +8,19 @@
 
 namespace quillkit {
 
-// The result of TextToAddress for a text that is not a dotted address, and for 255.255.255.255.
+// Returned by TextToAddress for a text that is not a dotted address, and for 255.255.255.255.
 inline constexpr std::uint32_t kNoAddress = 0xFFFFFFFF;
 
 // Starts the socket layer. Returns false on failure.
 bool StartSockets();
 
-// Undoes one successful StartSockets.
+// Call once for each successful StartSockets.
 void StopSockets();
 
 // Converts a dotted address, without a name look-up. Null yields kNoAddress.
 std::uint32_t TextToAddress(const char* text);
 
-// Looks a host name up. If it is found, stores its first address and returns true.
+// Looks up a host name. If it is found, stores its first address and returns true.
 bool FindHostByName(const char* name, std::uint32_t* address);
 
 }  // namespace quillkit

@@ -1,11 +1,11 @@
-// The message box of the platform itself, behind the redirection of platform/message_box.h.
+// The message box of the platform. Call it through platform/message_box.h.
 
 #ifndef QUILLKIT_PLATFORM_SYSTEM_MESSAGE_BOX_H_
 #define QUILLKIT_PLATFORM_SYSTEM_MESSAGE_BOX_H_
 
 namespace quillkit {
 
-// What ShowMessageBox does where nobody has redirected it.
+// Shows the message. ShowMessageBox calls it unless messages are redirected.
 int ShowSystemMessageBox(const char* text);
 
 }  // namespace quillkit

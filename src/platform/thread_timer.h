@@ -1,6 +1,6 @@
-// Periodic timers that run on the thread that started them, and only when that thread looks for due
-// ones: on Windows while it dispatches messages; on POSIX when it enters an exported function,
-// pumps messages, or calls the dispatch function of platform/posix/event_loop.h.
+// Periodic timers. A timer runs on the thread that started it: on Windows while the thread
+// dispatches messages; on POSIX when it enters an exported function, pumps messages, or calls the
+// dispatch function of platform/posix/event_loop.h.
 
 #ifndef QUILLKIT_PLATFORM_THREAD_TIMER_H_
 #define QUILLKIT_PLATFORM_THREAD_TIMER_H_
@@ -12,11 +12,11 @@ namespace quillkit {
 using TimerId = std::uintptr_t;
 using TimerRoutine = void (*)();
 
-// Starts a timer on the calling thread that runs `routine` every `period` milliseconds; the system
-// may raise a very short period. 0 when no timer could be had.
+// Starts a timer on the calling thread that runs `routine` every `period` milliseconds. The system
+// may increase a very short period. Returns the id of the timer, or 0 on failure.
 TimerId StartThreadTimer(std::uint32_t period, TimerRoutine routine);
 
-// Stops a timer of the calling thread. An identifier that names none is ignored.
+// Stops a timer of the calling thread. Ignores an unknown id.
 void StopThreadTimer(TimerId timer);
 
 }  // namespace quillkit

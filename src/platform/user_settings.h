@@ -1,19 +1,19 @@
-// The calling user's settings: a tree of keys, each with named values and keys below it. What other
-// programs of the user write is seen at once.
+// The settings of the current user: a tree of keys, each with named values and subkeys. Changes by
+// other programs of the user are visible immediately.
 //
-// On Windows it is the registry under HKEY_CURRENT_USER. On POSIX it is the folder "quillkit" in
-// the user's configuration folder ($XDG_CONFIG_HOME, else $HOME/.config): a key is a folder, a
-// value a file that is written whole and renamed into place, so that no reader, no second writer
-// and no crash ever makes half a value. A crash may leave a draft of a value behind
-// (platform/draft.h), which the next change of the key removes, or a folder ".quillkit-deleted"
-// with values of a deleted key. The next change of that key, of one beside it or of the one above
-// it removes the folder.
+// On Windows, the tree is the registry under HKEY_CURRENT_USER. On POSIX, it is the folder
+// "quillkit" in the user's configuration folder ($XDG_CONFIG_HOME, otherwise $HOME/.config). A key
+// is a folder. A value is a file, which is written to a draft and renamed, so that a value is
+// always complete even with several writers and after a crash. A crash can leave the draft of a
+// value (platform/draft.h), which the next change of the key removes, or a folder
+// ".quillkit-deleted" with values of a deleted key, which the next change of that key, of a sibling
+// or of the parent removes.
 //
-// A path is key names joined by backslashes; doubled backslashes and one at the end count for
-// nothing. Every other byte may stand in a name, and ".." is a name like any other: nothing reaches
-// out of the tree. On Windows case plays no part and a key's name has at most 255 characters; on
-// POSIX names are compared byte for byte, and are limited by the file system's 255 bytes, of which
-// control characters, "%", "/", "\" and a first "." or "=" take three each.
+// A path is key names joined by backslashes. Repeated backslashes and one at the end are ignored. A
+// name may contain any other byte, and ".." is an ordinary name: no path leads out of the tree. On
+// Windows, names are case-insensitive and the name of a key has at most 255 characters. On POSIX,
+// names are compared byte for byte and limited to the file system's 255 bytes; control characters,
+// "%", "/", "\" and a first "." or "=" take three bytes each.
 
 #ifndef QUILLKIT_PLATFORM_USER_SETTINGS_H_
 #define QUILLKIT_PLATFORM_USER_SETTINGS_H_
@@ -22,19 +22,19 @@
 
 namespace quillkit {
 
-// 0, or an error number of Windows, on POSIX too.
+// 0, or a Windows error number (on POSIX as well).
 using SettingsStatus = std::int32_t;
 
 inline constexpr SettingsStatus kSettingsDone = 0;
 inline constexpr SettingsStatus kNoSuchSetting = 2;
 inline constexpr SettingsStatus kSettingsDenied = 5;
 inline constexpr SettingsStatus kSettingNameTooLong = 206;
-inline constexpr SettingsStatus kMoreSettingData = 234;  // the caller's buffer is too small
+inline constexpr SettingsStatus kMoreSettingData = 234;  // the buffer is too small
 inline constexpr SettingsStatus kNoMoreSettings = 259;
 
 enum class SettingsAccess {
-  kRead,   // a key that is there
-  kWrite,  // a key that is there or is created now, with all keys on its path
+  kRead,   // an existing key
+  kWrite,  // an existing key, or a new one, created with all keys on its path
 };
 
 // An open key.
@@ -45,20 +45,21 @@ class SettingsKey {
   SettingsKey& operator=(const SettingsKey&) = delete;
   ~SettingsKey();
 
-  // How the opening went. Nothing else may be asked of a key that this is not 0 for.
+  // The status of the opening. If it is not 0, call no other function.
   SettingsStatus OpenStatus() const { return openStatus; }
 
-  // Copies the name of the subkey at `index`, in the order of names, and its NUL into `name`, which
-  // has room for `*length` bytes; `*length` becomes the name's length without its NUL. 234 for too
-  // small a buffer, whose content and length mean nothing then; 259 behind the last subkey.
+  // Copies the name of the subkey at `index`, in the order of names, with its NUL to `name`.
+  // `*length` is the size of `name` in bytes and receives the length of the name without its NUL.
+  // Returns 0; 234 if the buffer is too small, which leaves its content and `*length` unspecified;
+  // 259 for an index after the last subkey.
   SettingsStatus SubkeyName(std::uint32_t index, char* name, std::uint32_t* length) const;
 
-  // Copies a value of either type into `bytes`, which has room for `*size`; `*size` becomes the
-  // bytes that it has. A text has its NUL, unless it is empty: then it has no bytes. 2 for a value
-  // that is not there, 234 for too small a buffer.
+  // Copies a value of either type to `bytes`. `*size` is the size of `bytes` and receives the size
+  // of the value. A text includes its NUL; an empty text has no bytes. Returns 0; 2 for a missing
+  // value; 234 if the buffer is too small.
   SettingsStatus Read(const char* name, void* bytes, std::uint32_t* size) const;
 
-  // Store a value in the place of one that is there, of any type. An empty name is a name.
+  // Store a value. Replace an existing value of any type. The name may be empty.
   SettingsStatus WriteText(const char* name, const char* text);
   SettingsStatus WriteNumber(const char* name, std::uint32_t number);
 
@@ -67,7 +68,7 @@ class SettingsKey {
   SettingsStatus openStatus = kSettingsDone;
 };
 
-// Deletes a key and its values. 2 where there is no such key, 5 for one that has subkeys.
+// Deletes a key and its values. Returns 0; 2 for a missing key; 5 for a key with subkeys.
 SettingsStatus DeleteSettingsKey(const char* path);
 
 }  // namespace quillkit

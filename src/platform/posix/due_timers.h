@@ -1,19 +1,19 @@
-// The calling thread's timers, as those see them who run the due ones.
+// Runs the due timers of the calling thread.
 
 #ifndef QUILLKIT_PLATFORM_POSIX_DUE_TIMERS_H_
 #define QUILLKIT_PLATFORM_POSIX_DUE_TIMERS_H_
 
 namespace quillkit {
 
-// Runs each due timer of the calling thread once and gives the number that ran; 0 from within a
-// run.
+// Runs each due timer of the calling thread once. Returns the number of timers run. A call from
+// within a running timer does nothing and returns 0.
 int RunDueTimers();
 
-// The same, for what is called often: a thread without a due timer pays some nanoseconds. A timer
-// may be found due a few milliseconds late.
+// The same, for frequent calls: costs a few nanoseconds if no timer is due. May run a timer a few
+// milliseconds late.
 void RunDueTimersInPassing();
 
-// The descriptor that is readable while a timer of the calling thread is due, or -1.
+// Returns the descriptor that is readable while a timer of the calling thread is due, or -1.
 int TimerDescriptor();
 
 }  // namespace quillkit

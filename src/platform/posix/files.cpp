@@ -14,8 +14,8 @@
 namespace quillkit {
 namespace {
 
-// Whether the whole of `name` answers to `pattern`. After a mismatch the latest "*" takes one
-// character more; an earlier one never has to.
+// Returns whether the whole `name` matches `pattern`. After a mismatch, the latest "*" matches one
+// more character; an earlier one never needs to.
 bool Matches(std::string_view pattern, std::string_view name) {
   constexpr std::size_t kNone = std::string_view::npos;
   std::size_t at = 0;
@@ -50,7 +50,7 @@ bool FolderHolds(const std::string& folder, std::string_view pattern) {
   return false;
 }
 
-// The first of these variables that is not empty names the folder.
+// The folder is the value of the first of these variables that is not empty.
 std::filesystem::path TemporaryFolder() {
   for (const char* const variable : {"TMPDIR", "TMP", "TEMP", "TEMPDIR"}) {
     const char* const folder = std::getenv(variable);

@@ -15,7 +15,7 @@
 
 namespace quillkit {
 
-// The names of everything in the open folder; none if it cannot be read.
+// Returns the names of all entries of the open folder, or none if it cannot be read.
 inline std::vector<std::string> NamesIn(int folder) {
   struct Close {
     void operator()(DIR* open) const { closedir(open); }

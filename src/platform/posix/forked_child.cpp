@@ -5,7 +5,7 @@
 namespace quillkit {
 namespace {
 
-// Written in a child alone, before its only thread goes on.
+// Written only in a child, before its only thread continues.
 constinit bool isForkedChild = false;
 
 [[maybe_unused]] const int watched = pthread_atfork(nullptr, nullptr, [] { isForkedChild = true; });

@@ -7,8 +7,8 @@
 namespace quillkit {
 namespace {
 
-// The folder of the file that holds this code, with its slash; empty when the system knows the file
-// without one.
+// The folder of the file that contains this code, with its slash. Empty if the system knows the
+// file without a folder.
 std::string OwnFolder() {
   Dl_info info{};
   if (dladdr(reinterpret_cast<void*>(&OwnFolder), &info) == 0) return {};

@@ -33,7 +33,7 @@ std::string Escaped(std::string_view name) {
   return text;
 }
 
-// A folder that a variable of the environment names, or nothing where it names none.
+// The folder named by an environment variable, or nothing.
 std::string FolderFrom(const char* variable) {
   const char* const folder = std::getenv(variable);
   return folder != nullptr && folder[0] == '/' ? folder : "";
@@ -79,7 +79,7 @@ std::optional<std::string> KeyOfFolderName(std::string_view folder) {
     key += byte;
     rest.remove_prefix(taken);
   }
-  // What is not the one form of a name belongs to somebody else.
+  // Any other form of the name was not written by this library.
   if (key.empty() || Escaped(key) != folder) return std::nullopt;
   return key;
 }

@@ -1,7 +1,7 @@
-// How the names of keys and values become names of files, and what else stands among them.
+// The file names of keys and values:
 //
-//   key    the name, with the bytes escaped that a file's name must not have or that would make it
-//          look like one of the others
+//   key    the name; bytes that a file name cannot contain, or that would make it look like one of
+//          the other forms, are escaped
 //   value  "=" and the name in the same form
 //   draft  a value that is being written (platform/draft.h)
 
@@ -14,13 +14,13 @@
 
 namespace quillkit {
 
-// The file of the value.
+// The file name of a value.
 std::string ValueFileName(std::string_view value);
 
-// The folder of the key at `path`; empty where the user has no configuration folder.
+// The folder of the key at `path`, or an empty path if the user has no configuration folder.
 std::string KeyFolder(std::string_view path);
 
-// The key whose folder has this name, or none where it is not what a key of any name would have.
+// The key whose folder has this name, or nothing if no key has it.
 std::optional<std::string> KeyOfFolderName(std::string_view folder);
 
 // Whether a file of this name is a value or a draft.

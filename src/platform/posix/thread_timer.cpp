@@ -1,5 +1,5 @@
-// A thread's timers are a list of due times and, once it was asked for, one kernel timer that is
-// set to the earliest of them.
+// The timers of a thread are a list of due times. After the first request for the descriptor, there
+// is also one kernel timer, set to the earliest due time.
 
 #include "platform/thread_timer.h"
 
@@ -36,7 +36,7 @@ struct Timer {
   TimerRoutine routine;
   Nanoseconds period;
   Nanoseconds due;
-  bool pending;  // was due when the present run began, and has its turn still to come
+  bool pending;  // was due when the current run began, and has not run yet
 };
 
 class ThreadTimers {
@@ -60,9 +60,9 @@ class ThreadTimers {
   bool isRunning = false;
 };
 
-// What a thread keeps. Neither has a destructor, so both can be asked at any time of a thread's and
-// the process's life.
-constinit thread_local ThreadTimers* ownTimers = nullptr;  // null until the first is started
+// The data of a thread. Neither variable has a destructor, so both can be read at any time until
+// the thread and the process end.
+constinit thread_local ThreadTimers* ownTimers = nullptr;  // null until the first timer is started
 constinit thread_local Nanoseconds firstDue = kNever;
 
 constinit std::atomic<TimerId> lastId = 0;
@@ -84,8 +84,8 @@ void ThreadTimers::Stop(TimerId id) {
   if (std::erase_if(timers, [id](const Timer& each) { return each.id == id; }) != 0) Schedule();
 }
 
-// Periods that passed unnoticed count as one; the next due time is the first ahead on the timer's
-// own grid. A routine may start and stop timers: after each the list is searched anew.
+// Several missed periods count as one; the next due time is the first future multiple of the
+// period. A routine may start and stop timers, so the list is searched again after each.
 int ThreadTimers::RunDue() {
   const Nanoseconds now = Now(CLOCK_MONOTONIC);
   if (isRunning || now < firstDue) return 0;
@@ -122,7 +122,8 @@ void ThreadTimers::Schedule() {
   if (descriptor != -1) SetDescriptor();
 }
 
-// Setting the kernel timer also makes the descriptor unreadable until then; a time of 0 is never.
+// Setting the kernel timer also makes the descriptor unreadable until then. A time of 0 disables
+// it.
 void ThreadTimers::SetDescriptor() const {
   itimerspec expiry{};
   if (firstDue != kNever) expiry.it_value = {firstDue / kSecond, firstDue % kSecond};
@@ -134,10 +135,10 @@ void EndTimers(void* timers) {
   ownTimers = nullptr;
 }
 
-// Ends a thread's timers with the thread, those of the unloading thread with the library, and those
-// that a forked child finds: its descriptor is the parent's own. A thread_local destructor would
-// keep the library in memory until the thread ends. What another thread still has at unloading is
-// not reached.
+// Destroys the timers of a thread when the thread ends, those of the unloading thread with the
+// library, and those that a forked child inherits, whose descriptor belongs to the parent. A
+// thread_local destructor would keep the library in memory until the thread ends. The timers that
+// other threads have at unloading are not freed.
 class ThreadEnd {
  public:
   ThreadEnd() {
@@ -170,7 +171,8 @@ class ThreadEnd {
 
 const ThreadEnd threadEnd;
 
-// The calling thread's timers, made where there are none; null before and after the library's life.
+// Returns the timers of the calling thread. Creates them if needed. Returns null before the library
+// is started and after it is stopped.
 ThreadTimers* OwnTimers() {
   if (ownTimers != nullptr) return ownTimers;
   auto* timers = new ThreadTimers;

@@ -22,7 +22,7 @@
 namespace quillkit {
 namespace {
 
-// A key is a folder itself, not a link to one somewhere else.
+// A key is a folder, not a link to a folder.
 constexpr int kFolder = O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NOFOLLOW;
 constexpr mode_t kPrivateFolder = 0700;
 
@@ -56,7 +56,7 @@ SettingsStatus StatusOf(int error) {
   }
 }
 
-// Makes a folder and those on the way to it that are not there. REQUIRES: an absolute path.
+// Creates a folder and its missing parents. REQUIRES: an absolute path.
 bool MakeFolder(const std::string& path) {
   if (mkdir(path.c_str(), kPrivateFolder) == 0 || errno == EEXIST) return true;
   const std::size_t parent = path.rfind('/');
@@ -65,8 +65,8 @@ bool MakeFolder(const std::string& path) {
          (mkdir(path.c_str(), kPrivateFolder) == 0 || errno == EEXIST);
 }
 
-// While it lives, no other thread or process creates or deletes keys: no key gets subkeys between
-// the look at it and its deletion. Where the file system has no locks, that is left to chance.
+// While the object exists, no other thread or process creates or deletes keys, so that no key gets
+// a subkey between the check and its deletion. Without effect on a file system without locks.
 class KeysLock {
  public:
   KeysLock() : tree(open(KeyFolder({}).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
@@ -76,7 +76,7 @@ class KeysLock {
 
   KeysLock(const KeysLock&) = delete;
   KeysLock& operator=(const KeysLock&) = delete;
-  // Not left to the closing of the file: a process that was forked meanwhile has it open too.
+  // Closing the file is not enough: a process that was forked meanwhile also has it open.
   ~KeysLock() {
     if (tree.IsOpen()) flock(tree.Number(), LOCK_UN);
   }
@@ -98,11 +98,11 @@ bool IsFolder(int key, const char* name) {
   return fstatat(key, name, &found, AT_SYMLINK_NOFOLLOW) == 0 && S_ISDIR(found.st_mode);
 }
 
-// The folder that a key becomes while its values are deleted: beside the others, and none of them.
+// The name of a key folder while its values are deleted. It is not the name of any key.
 constexpr const char* kDeletedKey = ".quillkit-deleted";
 
-// Deletes what has become of a deleted key in this folder. Where its deletion was killed, or a
-// value was written meanwhile, that is left for the next change.
+// Deletes the remains of a deleted key in this folder. If the process is killed meanwhile, or a
+// value is written meanwhile, the next change deletes them.
 void RemoveDeletedKey(int folder) {
   const Descriptor key(openat(folder, kDeletedKey, kFolder));
   if (!key.IsOpen()) return;
@@ -112,7 +112,7 @@ void RemoveDeletedKey(int folder) {
   unlinkat(folder, kDeletedKey, AT_REMOVEDIR);
 }
 
-// Status 0 when there is nothing but values in the key, and all of them can be deleted.
+// Returns status 0 if the key contains only values and all of them can be deleted.
 SettingsStatus StatusOfDeletion(int key) {
   if (faccessat(key, ".", W_OK | X_OK, AT_EACCESS) != 0) return StatusOf(errno);
   const std::vector<std::string> names = NamesIn(key);
@@ -186,7 +186,7 @@ SettingsStatus DeleteSettingsKey(const char* path) {
   RemoveDeletedKey(key.Number());
   const SettingsStatus status = StatusOfDeletion(key.Number());
   if (status != kSettingsDone) return status;
-  // First the name goes, at once or not at all; then what it stood for.
+  // First renames the folder, which is atomic; then deletes its contents.
   if (renameat(parent.Number(), name, parent.Number(), kDeletedKey) != 0) return StatusOf(errno);
   RemoveDeletedKey(parent.Number());
   return kSettingsDone;

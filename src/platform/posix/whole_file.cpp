@@ -24,7 +24,7 @@ constexpr mode_t kPrivateFile = 0600;
 constexpr mode_t kNewFile = 0666;
 constexpr mode_t kAllRights = 07777;
 
-// Whether the name in the folder is that of the open file, which is a plain one.
+// Returns whether the name in the folder still refers to the open file and the file is regular.
 bool IsAt(int folder, const std::string& name, int file) {
   struct stat open {};
   struct stat named {};
@@ -37,7 +37,7 @@ bool Lock(int file) {
   return flock(file, LOCK_EX | LOCK_NB) == 0;
 }
 
-// Behind the lock the name may have become another file's.
+// While this process waited for the lock, the name may have moved to another file.
 void RemoveAbandonedDrafts(int folder) {
   for (const std::string& each : NamesIn(folder)) {
     if (!IsDraftName(each)) continue;
@@ -49,7 +49,7 @@ void RemoveAbandonedDrafts(int folder) {
   }
 }
 
-// A draft that is locked as long as the object lives.
+// A draft, locked while the object exists.
 class Draft {
  public:
   Draft(int newFolder, mode_t rights) : folder(newFolder) {
@@ -73,9 +73,9 @@ class Draft {
   }
 
  private:
-  // Takes the first number that is free. Until the draft is locked it looks abandoned: where
-  // another process has locked or removed it, there must be a new one. Where no file can be locked,
-  // no draft is ever removed.
+  // Uses the first free number. Until the draft is locked, it looks abandoned: if another process
+  // has locked or removed it, a new one is needed. On a file system without locks, no draft is ever
+  // removed.
   OpenFile Create(mode_t rights) {
     for (unsigned number = 1;; ++number) {
       name = DraftName(number);
@@ -114,7 +114,7 @@ bool ReplaceFileAt(const std::string& path, std::string_view bytes, Readers read
 
   const bool isPrivate = isThere || readers == Readers::kOwner;
   Draft draft(folder.Number(), isPrivate ? kPrivateFile : kNewFile);
-  // Nobody but the owner can do more with the draft than with the old file.
+  // Only the owner gets more rights on the draft than on the old file.
   if (isThere && fchmod(draft.Descriptor(), rights | kPrivateFile) != 0) return false;
   if (draft.Become(name, bytes) != 0) return false;
   if (isThere) fchmod(draft.Descriptor(), rights);
@@ -122,7 +122,7 @@ bool ReplaceFileAt(const std::string& path, std::string_view bytes, Readers read
 }
 
 int ReadFile(int folder, const char* name, void* bytes, std::uint32_t* size) {
-  // Not blocking, for the sake of what is no plain file.
+  // Do not block on a file that is not regular, such as a pipe.
   OpenFile file(openat(folder, name, O_RDONLY | O_NONBLOCK | O_CLOEXEC));
   struct stat found {};
   if (!file.IsOpen() || fstat(file.Descriptor(), &found) != 0) return errno;

@@ -1,5 +1,5 @@
-// Small files that are only ever seen whole: replaced through a draft (platform/draft.h), never
-// written in place.
+// Small files that a reader always finds complete: they are replaced through a draft
+// (platform/draft.h), never written in place.
 //
 // Both functions return 0 or an errno value.
 
@@ -11,13 +11,13 @@
 
 namespace quillkit {
 
-// Puts a file of these bytes, the user's alone, in the place of what has this name in the folder.
-// It is on the disk before it gets its name.
+// Creates or replaces the file of this name in the folder. Only the user can access it. The bytes
+// are on the disk before the file gets its name.
 int ReplaceFile(int folder, const char* name, const void* bytes, std::size_t size);
 
-// Copies the file's bytes into `bytes`, which has room for `*size`; `*size` becomes the number that
-// it has. EOVERFLOW, and nothing copied, when they are more than that; ENOENT also for what is no
-// plain file.
+// Copies the bytes of a file to `bytes`. `*size` is the size of `bytes` and receives the size of
+// the file. Returns EOVERFLOW and copies nothing if the file is larger; ENOENT also if it is not a
+// regular file.
 int ReadFile(int folder, const char* name, void* bytes, std::uint32_t* size);
 
 }  // namespace quillkit

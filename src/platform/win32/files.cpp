@@ -16,9 +16,9 @@ bool MatchesAnyFile(const char* path) {
   return true;
 }
 
-// The system closes the file that it has created.
+// The system closes the file that it created.
 CreatedFile CreateTemporaryFile(const char* prefix) {
-  constexpr DWORD kLongestFolder = MAX_PATH - 14;  // what a name of 8.3 characters leaves room for
+  constexpr DWORD kLongestFolder = MAX_PATH - 14;  // leaves room for a name of 8.3 characters
   std::array<char, MAX_PATH + 1> folder{};
   const DWORD length = GetTempPathA(static_cast<DWORD>(folder.size()), folder.data());
   if (length == 0 || length > kLongestFolder) return {};

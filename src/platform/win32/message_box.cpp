@@ -11,8 +11,8 @@ namespace {
 
 constexpr std::size_t kLongestText = 256;  // bytes, with the NUL
 
-// The module that holds this code and its resources: the DLL, or a program that links the class
-// library itself.
+// The module that contains this code and its resources: the DLL, or a program that links the class
+// library.
 HMODULE OwnModule() {
   HMODULE module = nullptr;
   GetModuleHandleExA(
@@ -28,7 +28,7 @@ int ShowSystemMessageBox(const char* text) {
 }
 
 std::string LoadResourceText(unsigned id) {
-  if (id > UINT16_MAX) return {};  // LoadStringA looks at 16 bits of it
+  if (id > UINT16_MAX) return {};  // LoadStringA uses only 16 bits
   std::array<char, kLongestText> text{};
   const int length = LoadStringA(OwnModule(), id, text.data(), static_cast<int>(text.size()));
   return {text.data(), static_cast<std::size_t>(length)};

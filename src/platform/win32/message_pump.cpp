@@ -5,7 +5,7 @@
 namespace quillkit {
 namespace {
 
-// The nested wait cursors, and the cursor that the outermost found.
+// The number of nested wait cursors, and the cursor before the outermost.
 int waitDepth = 0;
 HCURSOR cursorBefore = nullptr;
 
@@ -19,8 +19,8 @@ bool IsAfter(DWORD time, DWORD other) {
 
 }  // namespace
 
-// A message that arrives during the pump ends it, so that a timer which is due again as soon as it
-// has run cannot hold the caller for ever.
+// A message that arrives during the pump ends it. Otherwise a timer that is due again after every
+// run would never let the caller continue.
 void PumpThreadMessages(WindowHandle window) {
   const DWORD start = GetTickCount();
   MSG message{};

@@ -16,14 +16,14 @@ ThreadAndTimer OfThisThread(UINT_PTR timer) {
   return {GetCurrentThreadId(), timer};
 }
 
-// What each running timer runs. The system's own timer procedure has no room for it.
+// The routine of each running timer. The timer procedure of the system cannot carry it.
 class Routines {
  public:
   Routines() = default;
   Routines(const Routines&) = delete;
   Routines& operator=(const Routines&) = delete;
 
-  // The code that the timers run goes with the library; another thread's cannot be stopped.
+  // The routines are unloaded with the library. Timers of other threads cannot be stopped.
   ~Routines() {
     for (const auto& [timer, routine] : running) {
       if (timer.first == GetCurrentThreadId()) KillTimer(nullptr, timer.second);
@@ -56,7 +56,7 @@ class Routines {
   std::map<ThreadAndTimer, TimerRoutine> running;
 };
 
-// Null after the library's life, when a static object may still stop its timer.
+// Null after the library is stopped; a static object may still stop its timer then.
 constinit Routines* routines = nullptr;
 
 struct LibraryLife {

@@ -51,7 +51,7 @@ SettingsStatus SettingsKey::Read(const char* name, void* bytes, std::uint32_t* s
   return status;
 }
 
-// The system adds the NUL to a text that has one behind its length, and to no empty one.
+// The system stores the NUL of a text if one follows its bytes, but not for an empty text.
 SettingsStatus SettingsKey::WriteText(const char* name, const char* text) {
   return Write(handle, name, REG_SZ, text, std::strlen(text));
 }

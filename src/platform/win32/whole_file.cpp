@@ -16,7 +16,7 @@ void RemoveAbandonedDrafts(const std::string& folder) {
   if (search == INVALID_HANDLE_VALUE) return;
   do {
     if (!IsDraftName(found.cFileName)) continue;
-    // Fails where any process has the file open. Closing deletes it.
+    // Fails if any process has the file open. Closing deletes it.
     const HANDLE draft =
         CreateFileA((folder + found.cFileName).c_str(), DELETE, 0, nullptr, OPEN_EXISTING,
                     FILE_FLAG_DELETE_ON_CLOSE | FILE_FLAG_OPEN_REPARSE_POINT, nullptr);
@@ -25,7 +25,7 @@ void RemoveAbandonedDrafts(const std::string& folder) {
   FindClose(search);
 }
 
-// Creates a draft, and stores its path. It can be moved while it is open.
+// Creates a draft and stores its path. The draft can be moved while it is open.
 OpenFile CreateDraft(const std::string& folder, std::string* path) {
   for (unsigned number = 1;; ++number) {
     *path = folder + DraftName(number);
@@ -35,7 +35,7 @@ OpenFile CreateDraft(const std::string& folder, std::string* path) {
     if (file != INVALID_HANDLE_VALUE) {
       return OpenFile(_open_osfhandle(reinterpret_cast<std::intptr_t>(file), _O_BINARY));
     }
-    // A draft that another process is deleting denies access until it has gone.
+    // A draft that another process is deleting denies access until it is deleted.
     const DWORD error = GetLastError();
     const bool isTaken =
         error == ERROR_FILE_EXISTS || (error == ERROR_ACCESS_DENIED && number < kMostDeletedDrafts);
@@ -45,7 +45,7 @@ OpenFile CreateDraft(const std::string& folder, std::string* path) {
 
 }  // namespace
 
-// The folder decides who may read a new file in it.
+// The folder determines who may read a new file.
 bool ReplaceFileAt(const std::string& path, std::string_view bytes, Readers /*readers*/) {
   const std::string folder = path.substr(0, path.find_last_of("/\\:") + 1);
   RemoveAbandonedDrafts(folder);
