@@ -43,8 +43,8 @@ std::vector<Row> ReadBook(EntryAt entryAt, const char* user) {
 
 }  // namespace
 
-Row AddressBook::Shown(Row row) const {
-  if (secret < row.size() && !row[secret].empty()) row[secret] = "(set)";
+Row AddressBook::WithoutSecret(Row row) const {
+  if (secretField < row.size() && !row[secretField].empty()) row[secretField] = "(set)";
   return row;
 }
 
@@ -90,7 +90,7 @@ std::span<const AddressBook> PrivateBook() {
   return book;
 }
 
-std::span<const AddressBook> BookOfWord(std::string_view word) {
+std::span<const AddressBook> FindBook(std::string_view word) {
   const std::span<const AddressBook> books = PublicBooks();
   for (std::size_t i = 0; i < books.size(); ++i) {
     if (books[i].word == word) return books.subspan(i, 1);
@@ -104,12 +104,12 @@ std::vector<std::string> BookWords() {
   return words;
 }
 
-StoredBooks::StoredBooks()
+SimulatorBooks::SimulatorBooks()
     : serverLibrary(quillkit::LoadModule("IMSPAPI")),
       entryAt(
           reinterpret_cast<EntryAt>(quillkit::FindEntryPoint(serverLibrary, "SimulatorEntryAt"))) {}
 
-StoredBooks::~StoredBooks() {
+SimulatorBooks::~SimulatorBooks() {
   quillkit::UnloadModule(serverLibrary);
 }
 

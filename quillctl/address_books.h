@@ -1,4 +1,4 @@
-// The address books that an import can fill, as one table, and a look at what they hold.
+// The address books that an import can fill, and access to the entries that the simulator stores.
 
 #ifndef QUILLCTL_ADDRESS_BOOKS_H_
 #define QUILLCTL_ADDRESS_BOOKS_H_
@@ -16,50 +16,50 @@
 
 namespace quillctl {
 
-// The simulated appliance's function that gives one entry.
+// The simulator's function that returns one entry.
 using EntryAt = decltype(&quillkit::SimulatorEntryAt);
 
 struct AddressBook {
   std::string_view word;   // its name on the command line
   std::string_view title;  // its name in sentences
-  std::int32_t target;     // its number in ImportOptions::targetBook, 0 where it has none
-  // The fields that a column map supplies, in its order; also the headings of the rows. In small
-  // letters they are the fields' words.
+  std::int32_t target;     // its number in ImportOptions::targetBook, 0 if it has none
+  // The fields in the order of a column map; also the headings of a table. In lower case they are
+  // the field names on the command line.
   Row fields;
-  std::size_t needed;  // how many of them, from the first on, no entry is of use without
-  // A row for each entry, in the book's order. `user` is whose the book is, where books are users'
-  // own.
+  std::size_t requiredFields;  // an entry needs the first `requiredFields` fields
+  // Returns a row for each entry, in the book's order. `user` is the owner of a private book.
   std::vector<Row> (*read)(EntryAt entryAt, const char* user);
-  std::size_t secret = kNone;  // the field that is not to be seen
+  std::size_t secretField = kNone;  // the field that is never shown
 
   static constexpr auto kNone = static_cast<std::size_t>(-1);
 
-  // A row as it may be seen: "(set)" for a secret that is not empty.
-  Row Shown(Row row) const;
+  // Returns the row with a secret that is not empty replaced by "(set)".
+  Row WithoutSecret(Row row) const;
 };
 
-// Those that the administrator's imports fill. The e-mail book is the first.
+// The books that imports of the administrator fill. The e-mail book is the first.
 std::span<const AddressBook> PublicBooks();
 
-// The one that anybody else's imports fill on the simulated appliance.
+// The book that imports of any other account fill on the simulator.
 std::span<const AddressBook> PrivateBook();
 
-// The one public book with this word, or none.
-std::span<const AddressBook> BookOfWord(std::string_view word);
+// Returns the public book with this word, or an empty span.
+std::span<const AddressBook> FindBook(std::string_view word);
 
 std::vector<std::string> BookWords();
 
-class StoredBooks {
+// Reads the books of the simulator. The interface of an appliance has no function for that.
+class SimulatorBooks {
  public:
-  StoredBooks();
-  StoredBooks(const StoredBooks&) = delete;
-  StoredBooks& operator=(const StoredBooks&) = delete;
-  ~StoredBooks();
+  SimulatorBooks();
+  SimulatorBooks(const SimulatorBooks&) = delete;
+  SimulatorBooks& operator=(const SimulatorBooks&) = delete;
+  ~SimulatorBooks();
 
-  // Whether there is a simulated appliance to look into.
-  bool CanLook() const { return entryAt != nullptr; }
+  // Returns whether the server library is the simulator.
+  bool IsAvailable() const { return entryAt != nullptr; }
 
-  // REQUIRES: CanLook().
+  // REQUIRES: IsAvailable().
   std::vector<Row> Read(const AddressBook& book, const std::string& user) const {
     return book.read(entryAt, user.c_str());
   }

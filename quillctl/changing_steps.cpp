@@ -13,15 +13,15 @@ const ItemFields kItem = {"Item", "192.0.2.1", "/first", "quillctl", 1, 0x10002}
 const ItemFields kModified = {"Item", "192.0.2.2", "/second", "check", 3, 0x20031};
 const ItemFields kRenamed = {"Renamed", "192.0.2.2", "/second", "check", 3, 0x20031};
 
-// The key that the changes are tried with.
+// The key on which the changes are tested.
 struct Trial {
   std::string name;
   std::string newName;
-  std::vector<std::string> ours;    // of the two names, those that a key of ours may have
-  bool isGood = false;              // whether all steps before were
-  std::optional<KeyFields> wanted;  // what the changes before made of it
+  std::vector<std::string> created;   // the names under which the key may be on the server
+  bool allPassed = false;             // whether all earlier steps succeeded
+  std::optional<KeyFields> expected;  // the key after the earlier changes
   quillkit::CTopLevelAB* book = nullptr;
-  quillkit::CSoftKey* key = nullptr;  // in memory, where it is there
+  quillkit::CSoftKey* key = nullptr;  // in memory; null if the key does not exist
 
   OwnedKey Named() const { return MakeKey(name, book); }
   OwnedKey Renamed() const { return MakeKey(newName, book); }
@@ -31,9 +31,9 @@ struct Change {
   const char* title = nullptr;
   std::int32_t expected = 0;  // the status
   std::int32_t (*make)(Trial&) = nullptr;
-  void (*after)(Trial&) = [](Trial&) {};  // what it makes of the wanted key
-  // The name that the key then has for the first time. Such a change does not reload the keys, so
-  // that its status is that of the change alone.
+  void (*after)(Trial&) = [](Trial&) {};  // updates the expected key
+  // The name that the change creates. Such a change does not reload the keys, so its status is that
+  // of the change alone.
   std::string Trial::*creates = nullptr;
 };
 
@@ -41,149 +41,155 @@ std::int32_t Add(Trial& t) {
   return quillkit::AddKey(t.book, t.name, 0);
 }
 
-// The Fast functions make the same calls of the server.
+// The Fast functions are not tested: they make the same server calls.
 constexpr Change kChanges[] = {
     {.title = "add a key",
      .make = Add,
      .after =
          [](Trial& t) {
-           t.wanted.emplace(KeyFields{t.name, {}});
+           t.expected.emplace(KeyFields{t.name, {}});
          },
      .creates = &Trial::name},
-    {.title = "add it again, which is refused", .expected = quillkit::kNameConflict, .make = Add},
+    {.title = "add the same key again, which must be refused",
+     .expected = quillkit::kNameConflict,
+     .make = Add},
     {.title = "add an item",
      .make = [](Trial& t) { return quillkit::AddMenuItem(t.key, MakeItem(kItem).get(), 1); },
-     .after = [](Trial& t) { t.wanted->items = {kItem}; }},
+     .after = [](Trial& t) { t.expected->items = {kItem}; }},
     {.title = "modify the item",
      .make = [](Trial& t) { return quillkit::ModifyMenuItem(t.key, MakeItem(kModified).get(), 1); },
-     .after = [](Trial& t) { t.wanted->items = {kModified}; }},
+     .after = [](Trial& t) { t.expected->items = {kModified}; }},
     {.title = "rename the item",
      .make =
          [](Trial& t) {
            return quillkit::RenameMenuItem(t.key, kItem.name, MakeItem(kRenamed).get(), 1);
          },
-     .after = [](Trial& t) { t.wanted->items = {kRenamed}; }},
+     .after = [](Trial& t) { t.expected->items = {kRenamed}; }},
     {.title = "write the key",
      .make = [](Trial& t) { return quillkit::ModifyKey(t.book, t.Named().get(), 1); }},
     {.title = "rename the key",
      .make = [](Trial& t) { return quillkit::RenameSoftKey(t.book, t.name, t.Renamed().get()); },
-     .after = [](Trial& t) { t.wanted->name = t.newName; },
+     .after = [](Trial& t) { t.expected->name = t.newName; },
      .creates = &Trial::newName},
     {.title = "delete the item",
      .make = [](Trial& t) { return quillkit::DeleteMenuItem(t.key, kRenamed.name, 1); },
-     .after = [](Trial& t) { t.wanted->items.clear(); }},
+     .after = [](Trial& t) { t.expected->items.clear(); }},
     {.title = "delete the key",
      .make = [](Trial& t) { return quillkit::DeleteKey(t.book, t.newName, 1); },
-     .after = [](Trial& t) { t.wanted.reset(); }},
+     .after = [](Trial& t) { t.expected.reset(); }},
 };
 
-std::string TakeName(Checkup& checkup, Trial& trial) {
-  checkup.Keys();
-  checkup.DeferTermination();
-  checkup.RequireTime();
-  checkup.RequireSameKeys();
-  if (checkup.Keys().size() >= kMostKeys) throw Skip("there is no room for one more key");
-  trial.book = checkup.OpenSession().Book();
+std::string ChooseNames(CheckRun& check, Trial& trial) {
+  check.Keys();
+  check.DeferTermination();
+  check.RequireNotInterrupted();
+  check.RequireUnchangedKeys();
+  if (check.Keys().size() >= kMaxKeys) throw Skip("the appliance has no space for another key");
+  trial.book = check.OpenSession().Book();
   trial.name = FreeName(trial.book);
   trial.newName = FreeName(trial.book, trial.name);
   RequireUnknown(trial.book, trial.name);
   RequireUnknown(trial.book, trial.newName);
-  trial.isGood = true;
+  trial.allPassed = true;
   return Quoted(trial.name);
 }
 
-// Requires that of the keys found ours is what the changes made of it, and the others as they were.
-void RequireWanted(const Checkup& checkup, const Trial& trial, KeySet found, const char* where) {
-  const auto ours = std::stable_partition(found.begin(), found.end(), [&](const KeyFields& key) {
+// Requires that the key of the trial is as expected and that the other keys are unchanged.
+void RequireExpected(const CheckRun& check, const Trial& trial, KeySet found, const char* where) {
+  const auto ofTrial = std::stable_partition(found.begin(), found.end(), [&](const KeyFields& key) {
     return key.name != trial.name && key.name != trial.newName;
   });
-  if (KeySet(ours, found.end()) != (trial.wanted ? KeySet{*trial.wanted} : KeySet{})) {
-    throw Refusal(std::string("done, but it is not so ") + where);
+  if (KeySet(ofTrial, found.end()) != (trial.expected ? KeySet{*trial.expected} : KeySet{})) {
+    throw Refusal(std::string("accepted, but not carried out ") + where);
   }
-  found.erase(ours, found.end());
-  if (found != checkup.Keys()) {
-    throw Refusal(std::string("done, but another key is not as it was ") + where);
+  found.erase(ofTrial, found.end());
+  if (found != check.Keys()) {
+    throw Refusal(std::string("accepted, but another key changed ") + where);
   }
 }
 
-std::string Make(Checkup& checkup, Trial& trial, const Change& change) {
-  const Session& session = checkup.OpenSession();
-  checkup.RequireTime();
-  if (!trial.isGood) throw Skip("a step before it was not good");
-  trial.isGood = false;
-  trial.key = trial.wanted ? FindKey(trial.book, trial.wanted->name) : nullptr;
+std::string Make(CheckRun& check, Trial& trial, const Change& change) {
+  const Session& session = check.OpenSession();
+  check.RequireNotInterrupted();
+  if (!trial.allPassed) throw Skip("an earlier step failed");
+  trial.allPassed = false;
+  trial.key = trial.expected ? FindKey(trial.book, trial.expected->name) : nullptr;
   const std::int32_t status = change.make(trial);
-  // A key that has the name already is somebody else's; after any other failure it may be ours.
+  // A name conflict means that another program created the key. After any other failure, this
+  // change may have created it.
   if (change.creates != nullptr && status != quillkit::kNameConflict) {
-    trial.ours.push_back(trial.*change.creates);
+    trial.created.push_back(trial.*change.creates);
   }
-  RequireCode(status, change.expected);
+  RequireStatus(status, change.expected);
   change.after(trial);
-  if (change.creates == nullptr) RequireWanted(checkup, trial, KeysIn(trial.book), "in memory");
-  RequireWanted(checkup, trial, ReadKeySet(session), "on the server");
-  trial.isGood = true;
+  if (change.creates == nullptr) RequireExpected(check, trial, KeysIn(trial.book), "in memory");
+  RequireExpected(check, trial, ReadKeySet(session), "on the server");
+  trial.allPassed = true;
   return {};
 }
 
-// Deletes the key, whether the server lists it or not; where that fails, in a session anew.
-void RequireGone(Checkup& checkup, const std::string& name) {
-  const auto isGone = [](std::int32_t status) {
+// Deletes the key, even if the server does not list it. If that fails, tries again in a new
+// session.
+void RequireDeleted(CheckRun& check, const std::string& name) {
+  const auto isDeleted = [](std::int32_t status) {
     return status == 0 || status == quillkit::kNoSuchBook;
   };
-  Session& session = checkup.OpenSession();
-  if (isGone(quillkit::DeleteKey(session.Book(), name, 0))) return;
+  Session& session = check.OpenSession();
+  if (isDeleted(quillkit::DeleteKey(session.Book(), name, 0))) return;
   session.LogIn();
   const std::int32_t status = quillkit::DeleteKey(session.Book(), name, 0);
-  if (!isGone(status)) throw Refusal(CodeAndText(status));
+  if (!isDeleted(status)) throw Refusal(CodeAndText(status));
 }
 
-// Adds to a text that tells of names of ours.
-void Tell(std::string& left, const std::string& name, const std::string& how) {
-  left += (left.empty() ? "" : "; ") + Quoted(name) + how;
+constexpr const char* kMayExist = " may still exist (delete it with delete-key)";
+constexpr const char* kExists = " still exists (delete it with delete-key)";
+
+void AppendKey(std::string& list, const std::string& name, const std::string& text) {
+  list += (list.empty() ? "" : "; ") + Quoted(name) + text;
 }
 
-// What the server has, when our key is to be gone.
-KeySet ReadWithoutOurs(const Session& session, const Trial& trial) {
+// Reads the keys after the deletion. A failure reports the names of the created keys.
+KeySet ReadAfterDeletion(const Session& session, const Trial& trial) {
   try {
     return ReadKeySet(session);
   } catch (const Refusal& why) {
-    std::string left;
-    for (const std::string& name : trial.ours) Tell(left, name, " may be left behind");
-    throw Refusal(left + "; " + why.what());
+    std::string remaining;
+    for (const std::string& name : trial.created) AppendKey(remaining, name, kMayExist);
+    throw Refusal(remaining + ": " + why.what());
   }
 }
 
-// Deletes what may be there under our names.
-void DeleteOurs(Checkup& checkup, const Trial& trial) {
-  std::string left;
-  for (const std::string& name : trial.ours) {
+// Deletes the created keys.
+void DeleteCreated(CheckRun& check, const Trial& trial) {
+  std::string remaining;
+  for (const std::string& name : trial.created) {
     try {
-      RequireGone(checkup, name);
+      RequireDeleted(check, name);
     } catch (const std::exception& error) {
-      Tell(left, name, std::string(" may be left behind: ") + error.what());
+      AppendKey(remaining, name, std::string(kMayExist) + ": " + error.what());
     }
   }
-  if (!left.empty()) throw Refusal(left);
+  if (!remaining.empty()) throw Refusal(remaining);
 }
 
-// Requires that none of the keys has a name of ours.
-void RequireNoneOfOurs(const KeySet& keys, const Trial& trial) {
-  std::string left;
-  for (const std::string& name : trial.ours) {
-    const bool isThere = std::ranges::count(keys, name, &KeyFields::name) != 0;
-    if (isThere) Tell(left, name, " is left behind");
+// Requires that none of the created keys exists.
+void RequireNoneLeft(const KeySet& keys, const Trial& trial) {
+  std::string remaining;
+  for (const std::string& name : trial.created) {
+    const bool exists = std::ranges::count(keys, name, &KeyFields::name) != 0;
+    if (exists) AppendKey(remaining, name, kExists);
   }
-  if (!left.empty()) throw Refusal(left);
+  if (!remaining.empty()) throw Refusal(remaining);
 }
 
-std::string CleanUp(Checkup& checkup, const Trial& trial) {
-  if (trial.ours.empty()) throw Skip("nothing was added");
-  const bool isDeleted = trial.isGood && !trial.wanted;
-  if (!isDeleted) DeleteOurs(checkup, trial);
-  const KeySet now = ReadWithoutOurs(checkup.OpenSession(), trial);
-  RequireNoneOfOurs(now, trial);
-  checkup.RequireSame(now);
-  return "the keys are those of before";
+std::string CleanUp(CheckRun& check, const Trial& trial) {
+  if (trial.created.empty()) throw Skip("nothing was added");
+  const bool isDeleted = trial.allPassed && !trial.expected;
+  if (!isDeleted) DeleteCreated(check, trial);
+  const KeySet now = ReadAfterDeletion(check.OpenSession(), trial);
+  RequireNoneLeft(now, trial);
+  check.RequireUnchanged(now);
+  return "the keys are the same as before";
 }
 
 }  // namespace
@@ -191,11 +197,11 @@ std::string CleanUp(Checkup& checkup, const Trial& trial) {
 std::vector<Step> ChangingSteps() {
   const auto trial = std::make_shared<Trial>();
   std::vector<Step> steps = {
-      {"a name for a key", [trial](Checkup& c) { return TakeName(c, *trial); }}};
+      {"choose a name for a new key", [trial](CheckRun& c) { return ChooseNames(c, *trial); }}};
   for (const Change& each : kChanges) {
-    steps.push_back({each.title, [trial, &each](Checkup& c) { return Make(c, *trial, each); }});
+    steps.push_back({each.title, [trial, &each](CheckRun& c) { return Make(c, *trial, each); }});
   }
-  steps.push_back({"clean up", [trial](Checkup& c) { return CleanUp(c, *trial); }});
+  steps.push_back({"clean up", [trial](CheckRun& c) { return CleanUp(c, *trial); }});
   return steps;
 }
 

@@ -16,12 +16,12 @@ constexpr const char* kResultWords[kResults] = {"ok", "failed", "skipped"};
 
 struct Outcome {
   Result result;
-  std::string text;  // fit for the terminal
+  std::string text;  // as DisplayedText returns it
 };
 
-Outcome Run(const Step& step, Checkup& checkup) {
+Outcome Run(const Step& step, CheckRun& check) {
   try {
-    return {kOk, step.run(checkup)};
+    return {kOk, step.run(check)};
   } catch (const Skip& why) {
     return {kSkipped, why.what()};
   } catch (const std::exception& error) {
@@ -32,7 +32,7 @@ Outcome Run(const Step& step, Checkup& checkup) {
 void PrintLine(const Step& step, const Outcome& outcome) {
   std::cout << step.title << ": " << kResultWords[outcome.result];
   if (!outcome.text.empty()) std::cout << (outcome.result == kOk ? ", " : ": ") << outcome.text;
-  std::cout << std::endl;  // steps may take their time
+  std::cout << std::endl;  // a step may take long: show each one at once
 }
 
 std::vector<Step> Steps(bool write) {
@@ -43,15 +43,22 @@ std::vector<Step> Steps(bool write) {
   return steps;
 }
 
-// Makes the steps, the changing ones only if `write` is set, and shows each as a line, and then a
-// judgement; or all of it as JSON. Throws a Refusal with the judgement unless all steps were good.
+std::string Summary(std::size_t steps, std::size_t failed, std::size_t skipped) {
+  return std::to_string(failed) + " of " + std::to_string(steps) + " steps failed, " +
+         std::to_string(skipped) + " skipped: " +
+         (failed != 0 ? "this server is not compatible with Quillkit"
+                      : "compatibility with Quillkit was not fully tested");
+}
+
+// Runs the steps, the changing ones only if `write` is set. Prints a line for each and the verdict,
+// or all of it as JSON. Throws a Refusal with the verdict unless all steps passed.
 void CheckAppliance(const Credentials& credentials, bool write, bool json) {
-  Checkup checkup(credentials);
+  CheckRun check(credentials);
   const std::vector<Step> steps = Steps(write);
   std::size_t counts[kResults] = {};
   Json list = Json::array();
   for (const Step& step : steps) {
-    const Outcome outcome = Run(step, checkup);
+    const Outcome outcome = Run(step, check);
     ++counts[outcome.result];
     if (json) {
       list.push_back(
@@ -60,55 +67,48 @@ void CheckAppliance(const Credentials& credentials, bool write, bool json) {
       PrintLine(step, outcome);
     }
   }
-  const bool isGood = counts[kOk] == steps.size();
-  if (json) PrintJson({{"steps", std::move(list)}, {"good", isGood}});
-  const std::string all = std::to_string(steps.size());
-  if (!checkup.WasLoggedIn()) {
-    throw LoginRefusal("nobody could be logged in, so that nothing is known of this server");
-  }
-  if (!isGood) {
-    throw Refusal("of " + all + " steps " + std::to_string(counts[kFailed]) + " failed and " +
-                  std::to_string(counts[kSkipped]) + " were skipped: " +
-                  (counts[kFailed] != 0 ? "the toolkit cannot rely on this server"
-                                        : "what they would have told is open"));
-  }
-  if (!json)
-    std::cout << "All " << all << " steps are ok: the toolkit can work with this server.\n";
+  const bool allPassed = counts[kOk] == steps.size();
+  if (json) PrintJson({{"steps", std::move(list)}, {"good", allPassed}});
+  if (!check.WasLoggedIn()) throw LoginRefusal("cannot log in; the server was not tested");
+  if (!allPassed) throw Refusal(Summary(steps.size(), counts[kFailed], counts[kSkipped]));
+  if (json) return;
+  std::cout << "All " << steps.size()
+            << " steps passed: this server is compatible with Quillkit.\n";
 }
 
 }  // namespace
 
-Session& Checkup::OpenSession() {
-  if (!session || !session->IsOpen()) throw Skip("nobody is logged in");
+Session& CheckRun::OpenSession() {
+  if (!session || !session->IsOpen()) throw Skip("not logged in");
   return *session;
 }
 
-const std::vector<std::string>& Checkup::Listed() const {
+const std::vector<std::string>& CheckRun::ListedNames() const {
   if (!listed) throw Skip("the keys were not listed");
   return *listed;
 }
 
-const KeySet& Checkup::Keys() const {
+const KeySet& CheckRun::Keys() const {
   if (!keys) throw Skip("the keys and their items were not read");
   return *keys;
 }
 
-void Checkup::RequireTime() const {
+void CheckRun::RequireNotInterrupted() const {
   if (termination && termination->IsRequested()) throw Skip("the check was interrupted");
 }
 
-void Checkup::RequireSame(const KeySet& now) const {
+void CheckRun::RequireUnchanged(const KeySet& now) const {
   const KeySet& before = Keys();
   if (now == before) return;
   const std::vector<KeySetChange> changes = Difference(before, now);
-  throw Refusal(changes.empty() ? "the order is not the one of before"
-                                : "this differs from before: " + Described(changes.front()));
+  throw Refusal(changes.empty() ? "the order of keys or items changed"
+                                : "this changed: " + Described(changes.front()));
 }
 
 void RequireUnknown(quillkit::CTopLevelAB* book, const std::string& name) {
   const OwnedKey key = MakeKey(name, book);
   std::uint32_t items = 0;
-  RequireCode(quillkit::GetDBItemCount(key.get(), &items), quillkit::kNoSuchBook);
+  RequireStatus(quillkit::GetDBItemCount(key.get(), &items), quillkit::kNoSuchBook);
 }
 
 std::string FreeName(quillkit::CTopLevelAB* book, const std::string& taken) {
@@ -127,10 +127,10 @@ void AddCheckCommand(Commands& commands) {
   };
   const auto a = std::make_shared<Arguments>();
   CLI::App* check =
-      commands.AddOffline("check", "Check that an appliance answers as the toolkit needs it",
+      commands.AddOffline("check", "Test whether an appliance is compatible with Quillkit",
                           [a](const Credentials& c) { CheckAppliance(c, a->write, a->json); });
   check->add_flag("--write", a->write,
-                  "Also add a soft key of an unused name, change it and delete it again");
+                  "Also add a soft key with an unused name, change it and delete it again");
   AddJson(check, a->json);
 }
 

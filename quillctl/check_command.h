@@ -1,4 +1,4 @@
-// `quillctl check`: whether the toolkit can work with an appliance, step by step.
+// `quillctl check`: tests, step by step, whether an appliance is compatible with Quillkit.
 
 #ifndef QUILLCTL_CHECK_COMMAND_H_
 #define QUILLCTL_CHECK_COMMAND_H_
@@ -22,14 +22,15 @@ class Commands;
 // Adds "check".
 void AddCheckCommand(Commands& commands);
 
-// Why a step was not made.
+// The reason why a step was skipped.
 class Skip : public std::runtime_error {
   using runtime_error::runtime_error;
 };
 
-class Checkup {
+// One run of the check: the session and what earlier steps found.
+class CheckRun {
  public:
-  explicit Checkup(const Credentials& newCredentials) : credentials(newCredentials) {}
+  explicit CheckRun(const Credentials& newCredentials) : credentials(newCredentials) {}
 
   Session& LogIn() {
     session.emplace(credentials);
@@ -37,31 +38,31 @@ class Checkup {
     return *session;
   }
 
-  // Whether a login was good, be the session open or not.
+  // Returns whether a login succeeded, even if the session is closed now.
   bool WasLoggedIn() const { return wasLoggedIn; }
 
-  // The session; a Skip where there is none.
+  // Returns the session. Throws a Skip if none is open.
   Session& OpenSession();
 
-  // The names of the keys when they were first listed; a Skip where they were not.
-  const std::vector<std::string>& Listed() const;
-  void SetListed(std::vector<std::string> names) { listed = std::move(names); }
+  // Returns the names of the keys from the first listing. Throws a Skip if there was none.
+  const std::vector<std::string>& ListedNames() const;
+  void SetListedNames(std::vector<std::string> names) { listed = std::move(names); }
 
-  // The keys as they were when they were first read; a Skip where they were not.
+  // Returns the keys from the first reading. Throws a Skip if there was none.
   const KeySet& Keys() const;
   void SetKeys(KeySet newKeys) { keys = std::move(newKeys); }
 
-  // From here on RequireTime throws a Skip once termination is requested.
+  // After this call, RequireNotInterrupted throws a Skip once termination is requested.
   void DeferTermination() {
     if (!termination) termination.emplace();
   }
-  void RequireTime() const;
+  void RequireNotInterrupted() const;
 
-  // A Refusal that tells what differs where the keys are not as they were.
-  void RequireSame(const KeySet& now) const;
+  // Throws a Refusal that describes the first difference if `now` differs from Keys().
+  void RequireUnchanged(const KeySet& now) const;
 
-  // The same for the keys as they are when they are read anew.
-  void RequireSameKeys() { RequireSame(ReadKeySet(OpenSession())); }
+  // Reads the keys and calls RequireUnchanged.
+  void RequireUnchangedKeys() { RequireUnchanged(ReadKeySet(OpenSession())); }
 
  private:
   Credentials credentials;
@@ -72,23 +73,24 @@ class Checkup {
   std::optional<DeferredTermination> termination;
 };
 
-// A name that no key of a book that was loaded has, nor is `taken`.
+// Returns a name that no key of the loaded book has and that differs from `taken`.
 std::string FreeName(quillkit::CTopLevelAB* book, const std::string& taken = "");
 
-// Requires that the server, asked for a key of this name, says that there is none.
+// Throws a Refusal unless the server reports that it has no key of this name.
 void RequireUnknown(quillkit::CTopLevelAB* book, const std::string& name);
 
-// What a step that is good has to tell, which may be nothing. One that fails throws a Refusal.
+// One test. `run` returns details for the user, possibly none, or throws: a Refusal if the test
+// fails, a Skip if it cannot be run.
 struct Step {
   std::string title;
-  std::function<std::string(Checkup&)> run;
+  std::function<std::string(CheckRun&)> run;
 };
 
-// They change nothing on the server. The session is open behind them where the login was good.
+// Steps that change nothing on the server. Afterwards the session is open if the login succeeded.
 std::vector<Step> ReadingSteps();
 
-// They add a key of their own, change it and delete it again. Whatever fails, and also when the
-// user interrupts them, the key goes, or a step tells that it is left behind.
+// Steps that add a key, change it and delete it again. The key is also deleted after a failure or
+// an interruption. If that fails, the last step reports that the key still exists.
 std::vector<Step> ChangingSteps();
 
 std::vector<Step> ClosingSteps();

@@ -16,7 +16,7 @@ std::int32_t ParseColumn(std::string_view text) {
   std::int32_t column = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), column);
   if (error == std::errc() && end == text.data() + text.size() && column >= -1) return column;
-  throw UsageError("in a map, " + Quoted(text) + " is neither a column's number nor -1");
+  throw UsageError("--map: " + Quoted(text) + " is not a column number, which is -1, 0, 1, ...");
 }
 
 bool LooksLikeNumber(std::string_view text) {
@@ -33,9 +33,9 @@ std::int32_t ColumnOf(const std::string& heading, const std::vector<std::string>
   const auto found = std::ranges::find(headings, heading);
   const char* fault = nullptr;
   if (found == headings.end()) {
-    fault = "no column has the heading ";
+    fault = "--map: no column has the heading ";
   } else if (std::find(found + 1, headings.end(), heading) != headings.end()) {
-    fault = "more than one column has the heading ";
+    fault = "--map: more than one column has the heading ";
   }
   if (fault == nullptr) return static_cast<std::int32_t>(found - headings.begin());
   throw UsageError(fault + Quoted(heading) + "; the file's headings: " + Listed(headings));
@@ -46,13 +46,13 @@ std::int32_t ColumnOf(const std::string& heading, const std::vector<std::string>
 ColumnMap::ColumnMap(std::string_view text, const AddressBook& filledBook)
     : book(filledBook), sources(filledBook.fields.size()) {
   if (text.find('=') == text.npos) {
-    TakeNumbers(text);
+    ParseNumbers(text);
   } else {
-    TakeFields(text);
+    ParseFields(text);
   }
 }
 
-void ColumnMap::TakeNumbers(std::string_view text) {
+void ColumnMap::ParseNumbers(std::string_view text) {
   sources.clear();
   for (std::size_t comma = 0; comma != text.npos; text.remove_prefix(comma + 1)) {
     comma = text.find(',');
@@ -60,22 +60,24 @@ void ColumnMap::TakeNumbers(std::string_view text) {
     if (comma == text.npos) break;
   }
   if (sources.size() == book.fields.size()) return;
-  throw UsageError("a map for the " + std::string(book.title) + " has " +
+  throw UsageError("--map: the " + std::string(book.title) + " needs " +
                    std::to_string(book.fields.size()) + " columns");
 }
 
-void ColumnMap::TakeFields(std::string_view text) {
+void ColumnMap::ParseFields(std::string_view text) {
   if (std::ranges::count(text, '"') % 2 != 0) {
-    throw UsageError("in a map, a double quote is not closed");
+    throw UsageError("--map: a double quote is not closed");
   }
   std::set<std::string> words;
   for (const std::string& each : DelimitedFields(text)) {
     const std::size_t equals = each.find('=');
     const std::string word = each.substr(0, equals);
-    Source& source = OfField(word);
+    Source& source = SourceOf(word);
     const std::string from = equals == each.npos ? "" : each.substr(equals + 1);
-    if (from.empty()) throw UsageError("in a map, " + Quoted(word) + " has no column");
-    if (!words.insert(word).second) throw UsageError("a map has " + Quoted(word) + " twice");
+    if (from.empty()) throw UsageError("--map: the field " + Quoted(word) + " has no column");
+    if (!words.insert(word).second) {
+      throw UsageError("--map: the field " + Quoted(word) + " occurs twice");
+    }
     if (LooksLikeNumber(from)) {
       source.column = ParseColumn(from);
     } else {
@@ -84,12 +86,12 @@ void ColumnMap::TakeFields(std::string_view text) {
   }
 }
 
-ColumnMap::Source& ColumnMap::OfField(const std::string& word) {
+ColumnMap::Source& ColumnMap::SourceOf(const std::string& word) {
   std::vector<std::string> words;
-  for (const std::string& each : book.fields) words.push_back(InSmallLetters(each));
+  for (const std::string& each : book.fields) words.push_back(LowerCase(each));
   const auto found = std::ranges::find(words, word);
   if (found != words.end()) return sources[static_cast<std::size_t>(found - words.begin())];
-  throw UsageError("in a map, " + Quoted(word) + " is no field of the " + std::string(book.title) +
+  throw UsageError("--map: the " + std::string(book.title) + " has no field " + Quoted(word) +
                    "; its fields: " + Listed(words));
 }
 

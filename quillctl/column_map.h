@@ -1,11 +1,12 @@
-// The column map of an import as the command line takes it: which column of the file supplies each
-// field of the book. There are two ways to write one:
+// The column map of an import: which column of the file supplies each field of the book. It has two
+// forms:
 //
-//   2,10                             a column's number, from 0, for each field; -1 for none
-//   name=Full Name,address=10        by fields' words in any order, none for those left out; a
-//                                    column by its number or by its heading in the file
+//   2,10                             a column number for each field, counted from 0; -1 for none
+//   name=Full Name,address=10        FIELD=COLUMN in any order. A column is a number or a heading
+//                                    of the file. Fields that are left out have no column.
 //
-// What looks like a number is one. Double quotes around "field=heading" keep a comma in it.
+// A column that looks like a number is a number. A heading with a comma needs double quotes around
+// "FIELD=HEADING".
 
 #ifndef QUILLCTL_COLUMN_MAP_H_
 #define QUILLCTL_COLUMN_MAP_H_
@@ -21,28 +22,28 @@ namespace quillctl {
 
 class ColumnMap {
  public:
-  // Throws a UsageError for a text that is no map for this book.
+  // Throws a UsageError if the text is not a valid map for this book.
   ColumnMap(std::string_view text, const AddressBook& filledBook);
 
-  // Whether it needs the file's headings.
+  // Returns whether the map refers to headings of the file.
   bool HasHeadings() const;
 
-  // The columns for the fields, in their order. Throws a UsageError, which lists the headings there
-  // are, when the file's are without one that the map has, or have it twice.
+  // Returns the column of each field, in the book's order. Throws a UsageError, which lists the
+  // file's headings, if the file has a heading of the map not at all or twice.
   std::vector<std::int32_t> Columns(const std::vector<std::string>& headings) const;
 
  private:
   struct Source {
     std::int32_t column = -1;
-    std::string heading = {};  // in place of the column, where it is not empty
+    std::string heading = {};  // if not empty, replaces the column number
   };
 
-  void TakeNumbers(std::string_view text);
-  void TakeFields(std::string_view text);
-  Source& OfField(const std::string& word);
+  void ParseNumbers(std::string_view text);
+  void ParseFields(std::string_view text);
+  Source& SourceOf(const std::string& word);
 
   const AddressBook& book;
-  std::vector<Source> sources;  // for each field of the book
+  std::vector<Source> sources;  // one for each field of the book
 };
 
 }  // namespace quillctl

@@ -24,21 +24,24 @@ namespace {
 constexpr const char* kVersion = "quillctl " QUILLKIT_VERSION;
 
 constexpr const char* kFooter =
-    "These options stand before or behind the command; quillctl COMMAND --help tells its own.\n"
-    "Without a password quillctl takes that of the variable QUILLCTL_PASSWORD, or asks for it, or\n"
-    "takes the empty one where nobody can type.\n"
+    "These options can be given before or after the command. Each command has more options; see\n"
+    "quillctl COMMAND --help. If no option gives a password, quillctl uses the environment "
+    "variable\n"
+    "QUILLCTL_PASSWORD. If that is not set, it asks at the terminal; without a terminal, the\n"
+    "password is empty.\n"
     "\n"
     "Exit status:\n"
-    "  0  good\n"
-    "  1  the appliance or the library refused, does not have what is named, or fails a check\n"
-    "  2  the command line or a file cannot be carried out as it stands\n"
-    "  3  an import of which some rows did not become entries\n"
-    "  4  nobody could be logged in: no appliance is there, or it refused the account";
+    "  0  success\n"
+    "  1  the appliance or the library refused, something named does not exist, a check failed,\n"
+    "     or a file cannot be written\n"
+    "  2  the command line or an input file is invalid\n"
+    "  3  some rows of a file were not imported\n"
+    "  4  the login failed: the appliance cannot be reached, or it refused the account";
 
 constexpr const char* kCommandFooter =
-    "\nThe options for the login, and the exit statuses: quillctl --help";
+    "\nFor the login options and the exit statuses, see quillctl --help";
 
-// A run of each command.
+// An example of each command.
 struct Example {
   const char* command;
   const char* arguments;
@@ -62,7 +65,7 @@ constexpr Example kExamples[] = {
     {"import", "contacts.csv --format csv --map 2,10 --skip-header"},
 };
 
-// For a program that has all its commands.
+// Call it after all commands were added.
 void AddHelpTexts(CLI::App& app) {
   app.footer(kFooter);
   app.set_version_flag("--version", kVersion, "Print the version and exit");
@@ -85,15 +88,15 @@ class Parser {
 
  private:
   void AddCredentials();
-  void TakePassword();
+  void ReadPassword();
 
-  std::string WhatIsWrong(const CLI::ParseError& error) const;
+  std::string ErrorText(const CLI::ParseError& error) const;
 
-  CLI::App app{"Looks after the soft keys and the address books of a Quillbox."};
+  CLI::App app{"Manages the soft keys and the address books of a Quillbox."};
   Commands commands{app};
   Credentials credentials;
   std::optional<std::string> passwordFile;
-  bool passwordIsInput = false;
+  bool passwordFromStdin = false;
 };
 
 Parser::Parser() {
@@ -117,9 +120,9 @@ void Parser::Run(int argc, const char* const* argv) {
     app.exit(help);
     return;
   } catch (const CLI::ParseError& error) {
-    throw UsageError(WhatIsWrong(error));
+    throw UsageError(ErrorText(error));
   }
-  TakePassword();
+  ReadPassword();
   commands.Run(credentials);
 }
 
@@ -128,43 +131,45 @@ void Parser::AddCredentials() {
       ->capture_default_str();
   app.add_option("--user", credentials.user, "The account")->capture_default_str();
   auto* option = app.add_option("--password", credentials.password,
-                                "Its password; others may see it in the list of processes");
-  auto* file = app.add_option("--password-file", passwordFile, "A file whose first line is it")
+                                "The password; other users may see it in the process list");
+  auto* file = app.add_option("--password-file", passwordFile,
+                              "Read the password from the first line of a file")
                    ->type_name("FILE")
                    ->excludes(option);
-  app.add_flag("--password-stdin", passwordIsInput, "The first line of standard input is it")
+  app.add_flag("--password-stdin", passwordFromStdin,
+               "Read the password from the first line of standard input")
       ->disable_flag_override()
       ->excludes(option)
       ->excludes(file);
   app.add_option("--third", credentials.third, "The third field of the login");
 }
 
-void Parser::TakePassword() {
+void Parser::ReadPassword() {
   std::optional<std::string>& password = credentials.password;
   if (password) return;
   if (passwordFile) {
-    password = PasswordInFile(*passwordFile);
-  } else if (passwordIsInput) {
-    password = PasswordInInput();
+    password = PasswordFromFile(*passwordFile);
+  } else if (passwordFromStdin) {
+    password = PasswordFromStdin();
   } else {
-    password = PasswordInEnvironment();
+    password = PasswordFromEnvironment();
   }
 }
 
-// What CLI11 says quotes arguments that it does not expect; one may be a password that follows a
-// misspelt option.
-std::string Parser::WhatIsWrong(const CLI::ParseError& error) const {
+// Messages of CLI11 quote unexpected arguments. One of them may be a password after a misspelt
+// option.
+std::string Parser::ErrorText(const CLI::ParseError& error) const {
   const std::vector<std::string> unexpected = app.remaining(true);
   if (unexpected.empty()) {
     const bool needsCommand = app.get_subcommands().empty() && error.get_name() == "RequiredError";
-    return needsCommand ? "a command is needed; quillctl --help tells them" : error.what();
+    return needsCommand ? "missing command; see quillctl --help" : error.what();
   }
   const std::string& first = unexpected.front();
   if (first.starts_with("--password")) return "unknown option that begins with --password";
   if (first.starts_with("--")) return "unknown option " + Quoted(first.substr(0, first.find('=')));
   if (first.starts_with('-')) return "unknown option " + Quoted(first.substr(0, 2));
-  if (app.get_subcommands().empty()) return "unknown command";
-  return "an argument too many; one with blanks needs quotes";
+  if (app.get_subcommands().empty()) return "unknown command; see quillctl --help";
+  return "unexpected argument; quote arguments that contain spaces";
 }
 
 }  // namespace

@@ -5,9 +5,9 @@
 
 namespace quillctl {
 
-// Parses the command line and runs the command, with a login where it needs one, or prints the help
-// that is asked for. Throws a UsageError for an invalid command line; its text contains no value
-// that may be a password. Otherwise throws as the command does.
+// Parses the command line and runs the command, or prints the requested help. Logs in first if the
+// command needs it. Throws a UsageError for an invalid command line; its text contains no value
+// that may be a password. Otherwise throws what the command throws.
 void RunCommandLine(int argc, const char* const* argv);
 
 }  // namespace quillctl

@@ -6,7 +6,7 @@ namespace quillctl {
 namespace {
 
 std::string NameFault(const std::string& name) {
-  return name.empty() || name.size() > 31 ? "a name has 1 to 31 characters" : "";
+  return name.empty() || name.size() > 31 ? "a name must have 1 to 31 characters" : "";
 }
 
 }  // namespace
@@ -33,7 +33,7 @@ CLI::Option* AddName(CLI::App* command, const char* title, std::string& into, co
 }
 
 void AddJson(CLI::App* command, bool& into) {
-  command->add_flag("--json", into, "Show it as JSON");
+  command->add_flag("--json", into, "Print the output as JSON");
 }
 
 }  // namespace quillctl

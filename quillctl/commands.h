@@ -1,4 +1,4 @@
-// What the families of commands need to add themselves to the command line.
+// The list of commands, to which each family of commands adds its own.
 
 #ifndef QUILLCTL_COMMANDS_H_
 #define QUILLCTL_COMMANDS_H_
@@ -16,13 +16,13 @@ class Commands {
  public:
   using Action = std::function<void(const Credentials&)>;
 
-  // `program` must outlive this object, and this object what it added.
+  // `program` must outlive this object. This object must exist while commands are parsed and run.
   explicit Commands(CLI::App& program) : app(program) {}
 
   // Adds a command that logs in and then runs `action`.
   CLI::App* Add(const char* name, const char* help, std::function<void(Session&)> action);
 
-  // Adds a command that decides itself whether it logs in.
+  // Adds a command that logs in itself, if it needs to.
   CLI::App* AddOffline(const char* name, const char* help, Action action);
 
   // Runs the command that was parsed.

@@ -21,7 +21,8 @@ bool TakesValue(const CLI::Option& option) {
   return option.get_items_expected_max() > 0;
 }
 
-// The words that an argument is one of: its type is shown as "TEXT:{csv,mail}". None for any value.
+// Returns the permitted values of an argument, whose type is shown as "TEXT:{csv,mail}". Empty if
+// any value is permitted.
 Words Choices(const CLI::Option& option) {
   const std::string type = option.get_type_name();
   const std::size_t from = type.find('{');
@@ -29,7 +30,7 @@ Words Choices(const CLI::Option& option) {
   return CLI::detail::split(type.substr(from + 1, type.find('}') - from - 1), ',');
 }
 
-// All options and positional arguments; --help as one of the program alone.
+// Returns all options and positional arguments. --help belongs to the program only.
 std::vector<const CLI::Option*> Arguments(const CLI::App& app) {
   return app.get_options([&app](const CLI::Option* each) {
     return app.get_parent() == nullptr || each != app.get_help_ptr();
@@ -46,9 +47,9 @@ Words CommandNames(const CLI::App& app) {
   return names;
 }
 
-// What may stand behind the command itself, or behind the program: options and, of positional
-// arguments, the choices.
-Words WordsOf(const CLI::App& app) {
+// Returns the words that may follow a command, or the program: options, and the choices of
+// positional arguments.
+Words CompletionWords(const CLI::App& app) {
   Words words;
   for (const CLI::Option* each : Arguments(app)) {
     if (each->nonpositional()) {
@@ -60,7 +61,7 @@ Words WordsOf(const CLI::App& app) {
   return words;
 }
 
-// The options with a value, of the program and of all commands; each name once.
+// Returns the options with a value, of the program and of all commands, each name once.
 std::vector<const CLI::Option*> OptionsWithValue(const CLI::App& app) {
   std::vector<const CLI::App*> apps = CommandsOf(app);
   apps.insert(apps.begin(), &app);
@@ -78,7 +79,8 @@ std::vector<const CLI::Option*> OptionsWithValue(const CLI::App& app) {
   return found;
 }
 
-// It looks for the command among the words before the one to complete, past the values of options.
+// The script finds the command among the words before the one to complete. It skips the values of
+// options.
 constexpr const char* kBashScript =
     R"script(# Completes quillctl's commands and options. In bash: eval "$(quillctl completion bash)"
 _quillctl() {
@@ -98,7 +100,7 @@ _quillctl() {
 complete -o default -F _quillctl quillctl
 )script";
 
-// The case of a shell's case statement.
+// Returns one case of a shell's case statement.
 std::string Case(const std::string& pattern, const Words& words) {
   return "    " + pattern + ") words='" + Joined(words, " ") + "' ;;\n";
 }
@@ -112,9 +114,9 @@ std::string BashScript(const CLI::App& app) {
     if (!choices.empty()) cases += Case("*" + withValue.back(), choices);
   }
   cases += Case("*" + Joined(withValue, "|*"), {});
-  Words general = WordsOf(app);
+  Words general = CompletionWords(app);
   for (const CLI::App* each : CommandsOf(app)) {
-    Words words = WordsOf(*each);
+    Words words = CompletionWords(*each);
     words.insert(words.end(), general.begin(), general.end());
     cases += Case(each->get_name() + "\\ *", words);
   }
@@ -133,7 +135,7 @@ std::string ZshScript(const CLI::App& app) {
          BashScript(app);
 }
 
-// A text between fish's single quotes.
+// Returns the text in single quotes of fish.
 std::string FishText(const std::string& text) {
   std::string quoted = "'";
   for (const char c : text) {
@@ -143,7 +145,7 @@ std::string FishText(const std::string& text) {
   return quoted + '\'';
 }
 
-// The lines for the words of the program or of a command, where the condition holds.
+// Returns the lines for the program or a command; they apply while the condition is true.
 std::string FishLines(const CLI::App& app, const std::string& condition) {
   std::string lines;
   for (const CLI::Option* each : Arguments(app)) {
@@ -175,15 +177,14 @@ struct Shell {
 };
 constexpr Shell kShells[] = {{"bash", BashScript}, {"zsh", ZshScript}, {"fish", FishScript}};
 
-// The shells that have a script.
 Words CompletionShells() {
   Words names;
   for (const Shell& each : kShells) names.emplace_back(each.name);
   return names;
 }
 
-// The script for one of them. If several commands have an option of one name, it takes a value, and
-// the same choices, under each.
+// Returns the script for a shell. REQUIRES: options of the same name take a value, and have the
+// same choices, in all commands or in none.
 std::string CompletionScript(const CLI::App& app, const std::string& shell) {
   for (const Shell& each : kShells) {
     if (shell == each.name) return each.script(app);
@@ -197,7 +198,7 @@ void AddCompletionCommand(Commands& commands) {
   const auto shell = std::make_shared<std::string>();
   const CLI::App& program = commands.Program();
   CLI::App* completion = commands.AddOffline(
-      "completion", "Print a script by which a shell completes commands and options",
+      "completion", "Print a script that completes commands and options in a shell",
       [&program, shell](const Credentials&) { std::cout << CompletionScript(program, *shell); });
   completion->add_option("shell", *shell, "The shell")
       ->required()

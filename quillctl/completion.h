@@ -1,5 +1,5 @@
-// Scripts by which a shell completes quillctl's commands and options. They are made from the
-// command line's own description.
+// Shell scripts that complete the commands and options of quillctl. They are generated from the
+// definition of the command line.
 
 #ifndef QUILLCTL_COMPLETION_H_
 #define QUILLCTL_COMPLETION_H_

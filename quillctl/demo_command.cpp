@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "quillctl/commands.h"
+#include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
 #include "quillctl/import_command.h"
 #include "quillctl/info_command.h"
@@ -16,7 +17,7 @@
 namespace quillctl {
 namespace {
 
-// The password of a simulated appliance as it is delivered.
+// The initial password of ADMINISTRATOR on the simulator.
 constexpr const char* kSimulatedPassword = "quill";
 
 const std::string kKey = "Accounting";
@@ -28,29 +29,30 @@ void Heading(const char* text) {
 void ShowAppliance(const Session& session) {
   std::cout << "== The appliance\n";
   ShowInfo(session);
-  Heading("Its soft keys, and the items under them");
+  Heading("The soft keys and their items");
   ShowKeys(session);
   std::cout << '\n';
   ShowItems(session, "");
 }
 
 void ChangeSoftKeys(const Session& session) {
-  Heading("A key of our own, with three items");
+  Heading("Add a key with three items");
   AddKey(session, kKey);
   AddItem(session, kKey, {"Invoices in", "files.example.com", "/in", "ledger", 3, 0x10002});
   AddItem(session, kKey, {"Invoices out", "files.example.com", "/out", "ledger", 3, 0x10002});
   AddItem(session, kKey, {"Tax office", "tax.example.org", "/upload", "records", 1, 0x20021});
   RenameItem(session, kKey, "Tax office", "Tax adviser");
   ShowItems(session, kKey);
-  Heading("The items under all keys whose name begins with \"Invoices\"");
+  Heading("Find all items whose name begins with \"Invoices\"");
   FindItems(session, "Invoices", false);
 }
 
-// The file in the data folder.
+// Returns the path of a file in the data folder. Throws a UsageError if it does not exist.
 std::string DataFile(const std::string& folder, const char* name) {
   const std::filesystem::path path = std::filesystem::path(folder) / name;
   if (std::error_code failure; !std::filesystem::exists(path, failure)) {
-    throw UsageError("the folder of data has no " + std::string(name) + "; --data names another");
+    throw UsageError("cannot find " + std::string(name) + " in the folder " + Quoted(folder) +
+                     "; choose another folder with --data");
   }
   return path.string();
 }
@@ -90,18 +92,18 @@ void ImportExport(const Session& session, const std::string& file, const char* f
 }
 
 void ImportFiles(const Session& session, const DataFiles& files) {
-  Heading("A contact manager's export into the e-mail book (--map 2,10)");
+  Heading("Import a contact manager's export into the e-mail book (--map 2,10)");
   ImportContacts(session, files.contacts, "email", "2,10");
-  Heading("The same file into the fax book (--map 2,8,-1)");
+  Heading("Import the same file into the fax book (--map 2,8,-1)");
   ImportContacts(session, files.contacts, "fax", "2,8,-1");
-  Heading("A directory's export");
+  Heading("Import a directory export");
   ImportExport(session, files.directory, "directory");
-  Heading("A mail server's export");
+  Heading("Import a mail server's export");
   ImportExport(session, files.mailServer, "mail");
 }
 
-// The folder of the files that came with quillctl: "data" beside the program where it was built, or
-// the folder that is installed with it.
+// Returns the folder of the sample files: "data" in the program's folder if it exists, as in a
+// build tree, else the installed folder.
 std::string DemoDataFolder() {
   const std::filesystem::path folder = std::filesystem::path(ProgramFile()).parent_path();
   const std::filesystem::path built = folder / "data";
@@ -109,15 +111,15 @@ std::string DemoDataFolder() {
   return (folder / QUILLCTL_INSTALLED_DATA).lexically_normal().string();
 }
 
-// Shows the appliance, adds a soft key with items, imports the three files of the data folder into
-// the address books, deletes the key and logs out. Throws a UsageError, with nothing done, if a
-// file is missing. The first step that fails ends it, with that step's exception.
+// Shows the appliance, adds a soft key with items, imports the three sample files into the address
+// books, deletes the key and logs out. Throws a UsageError and does nothing if a file is missing.
+// Stops at the first step that throws.
 void RunDemo(Session& session, const std::string& dataFolder) {
   const DataFiles files(dataFolder);
   ShowAppliance(session);
   ChangeSoftKeys(session);
   ImportFiles(session, files);
-  Heading("The key goes again");
+  Heading("Delete the key");
   DeleteKey(session, kKey);
   ShowKeys(session);
   session.LogOut();
@@ -129,7 +131,7 @@ void RunDemo(Session& session, const std::string& dataFolder) {
 void AddDemoCommand(Commands& commands) {
   const auto folder = std::make_shared<std::string>(DemoDataFolder());
   CLI::App* demo =
-      commands.AddOffline("demo", "Show what Quillkit does; adds to the appliance's books",
+      commands.AddOffline("demo", "Demonstrate Quillkit; adds entries to the address books",
                           [folder](const Credentials& given) {
                             Credentials credentials = given;
                             if (!credentials.password) credentials.password = kSimulatedPassword;
@@ -137,7 +139,7 @@ void AddDemoCommand(Commands& commands) {
                             RunDemo(session, *folder);
                           });
   demo->add_option("--data", *folder,
-                   "The folder of the files to import, else those that came with quillctl");
+                   "The folder of the files to import (default: the sample files)");
 }
 
 }  // namespace quillctl

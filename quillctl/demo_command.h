@@ -1,4 +1,4 @@
-// The demonstration: what Quillkit is for, in one run.
+// The demonstration: one run that shows the main functions of Quillkit.
 
 #ifndef QUILLCTL_DEMO_COMMAND_H_
 #define QUILLCTL_DEMO_COMMAND_H_

@@ -15,90 +15,94 @@ namespace {
 
 using quillkit::LineReader;
 
-// Whether the line has the attribute, which other programs write in letters of any size.
+// Returns whether the line has the attribute, in upper or lower case.
 bool HasAttribute(std::string_view text, std::string_view attribute) {
-  return InSmallLetters(std::string(text.substr(0, attribute.size()))) == attribute;
+  return LowerCase(std::string(text.substr(0, attribute.size()))) == attribute;
 }
 
-bool HasValue(std::string_view text) {
+bool IsNameOrAddress(std::string_view text) {
   return HasAttribute(text, "cn:") || HasAttribute(text, "mail:");
 }
 
-// Whether the converter may read a value from the line.
-bool IsRead(std::string_view text) {
+// Returns whether the converter reads the line as a name or an address.
+bool IsConverted(std::string_view text) {
   return text.starts_with("cn:") || text.starts_with("mail:");
 }
 
-// A line that is read, as it is sent: the converter counts the blanks in front of a value with it.
-std::string WithoutBlanks(std::string_view text) {
+// Returns the line without spaces before its value. The converter counts them in the value's width.
+std::string WithoutLeadingSpaces(std::string_view text) {
   const std::size_t value = text.find(':') + 1;
-  const std::size_t blanks = std::min(text.find_first_not_of(' ', value), text.size()) - value;
-  return std::string(text).erase(value, blanks);
+  const std::size_t spaces = std::min(text.find_first_not_of(' ', value), text.size()) - value;
+  return std::string(text).erase(value, spaces);
 }
 
-// What keeps the converter from seeing what the line is, or an empty text.
-std::string HiddenFault(std::string_view text) {
-  if (text.find('\0') != text.npos) return "a line holds a NUL character";
+// Returns the fault of a line that the converter does not read as intended, or an empty text.
+std::string DirectoryLineFault(std::string_view text) {
+  if (text.find('\0') != text.npos) return kNul;
   if (text.find('\r') != text.npos) return kBareReturn;
   if (HasAttribute(text, "dn:") && !text.starts_with("dn:")) {
-    return "an entry begins with \"dn:\" in small letters alone";
+    return "\"dn:\" must be in lower case";
   }
   return {};
 }
 
-// An entry of a directory export on its way through the converter's own class.
+// An entry of a directory export, read with the converter's own class.
 class DirectoryRow {
  public:
   explicit DirectoryRow(const FileLines& first) : row{first.Number(), first.Bytes()} {
-    Take(first);
+    AddLine(first);
   }
 
-  void Take(const FileLines& line) {
+  void AddLine(const FileLines& line) {
     const std::string_view text = line.Text();
     row.bytes = {row.bytes.data(), text.data() + line.Bytes().size()};
-    Fail(HiddenFault(text));
-    if (HasValue(text)) LookAtPlace(text);
+    SetFault(DirectoryLineFault(text));
+    if (IsNameOrAddress(text)) CheckPosition(text);
     if (text.empty()) blankLine = line.Bytes().data();
-    if (!valueBefore.empty() && text.starts_with(' ')) {
-      Fail(valueBefore + " goes on in the next line");
+    if (!valueOnPreviousLine.empty() && text.starts_with(' ')) {
+      SetFault(valueOnPreviousLine + " continues on the next line");
     }
-    valueBefore.clear();
+    valueOnPreviousLine.clear();
 
     std::string value;
-    std::string_view read = text;
-    if (IsRead(text)) read = value = WithoutBlanks(text);
+    std::string_view sent = text;
+    if (IsConverted(text)) sent = value = WithoutLeadingSpaces(text);
     const bool wasOpen = !IsComplete();
     const bool hadName = entry.HasName();
     const bool hadAddress = entry.HasAddress();
-    TakeIntoEntry(read);
+    PassToConverter(sent);
     if (wasOpen && !hadName && (IsComplete() || entry.HasName())) {
-      LookAtValue(0, entry.Name(), read);
+      CheckValue(0, entry.Name(), sent);
     }
     if (wasOpen && !hadAddress && (IsComplete() || entry.HasAddress())) {
-      LookAtValue(1, entry.Address(), read);
+      CheckValue(1, entry.Address(), sent);
     }
   }
 
-  // Whether the line is none of this row, but of an entry behind it that the converter does not
-  // see.
+  // Returns whether this entry is complete and the line belongs to another entry, which the
+  // converter does not recognize.
   bool EndsBefore(const FileLines& line) const {
     const std::string_view text = line.Text();
-    return IsComplete() && (HasAttribute(text, "dn:") || (blankLine != nullptr && HasValue(text)));
+    return IsComplete() &&
+           (HasAttribute(text, "dn:") || (blankLine != nullptr && IsNameOrAddress(text)));
   }
 
-  // Where that begins, with the blank line in front of it: without it, another row would take it.
-  const char* End(const FileLines& line) const {
+  // Returns where that other entry begins: at the blank line before it, if there is one. In a file
+  // of rejected rows, the blank line separates it from the row before.
+  const char* NextEntry(const FileLines& line) const {
     return blankLine != nullptr ? blankLine : line.Bytes().data();
   }
 
-  void Finish(ImportRows& into) {
-    if (!hadValue && row.fault.empty()) {
+  // Adds the row, or counts it as passed over.
+  void MoveTo(ImportRows& into) {
+    if (!hasValue && row.fault.empty()) {
       ++into.passedOver;
       return;
     }
     if (!IsComplete()) {
-      Fail(entry.HasName() ? "it has no address: no \"mail:\" line"
-                           : "it has no name: no \"cn:\" line, or \"dn:\" stands behind it");
+      SetFault(entry.HasName()
+                   ? "no address: the entry has no \"mail:\" line"
+                   : "no name: the entry has no \"cn:\" line, or a later line contains \"dn:\"");
     }
     into.rows.push_back(std::move(row));
   }
@@ -106,54 +110,55 @@ class DirectoryRow {
  private:
   bool IsComplete() const { return !row.values.empty(); }
 
-  // The first reason is the one that is told.
-  void Fail(std::string why) {
-    if (row.fault.empty()) row.fault = std::move(why);
+  // Only the first fault is reported.
+  void SetFault(std::string fault) {
+    if (row.fault.empty()) row.fault = std::move(fault);
   }
 
-  // Gives the line in the pieces that LineReader makes of it, less the character that each loses.
-  void TakeIntoEntry(std::string_view text) {
+  // Splits the line as LineReader does. Each piece loses its last character, as in the converter.
+  void PassToConverter(std::string_view text) {
     for (; text.size() >= LineReader::kMaxLine; text.remove_prefix(LineReader::kMaxLine)) {
-      TakePiece(text.substr(0, LineReader::kMaxLine - 1));
+      PassPiece(text.substr(0, LineReader::kMaxLine - 1));
     }
-    TakePiece(text);
+    PassPiece(text);
   }
 
-  void TakePiece(std::string_view piece) {
+  void PassPiece(std::string_view piece) {
     if (!entry.Take(piece)) return;
-    if (IsComplete()) Fail("a line is so long that its end opens another entry");
+    if (IsComplete()) SetFault("a line is so long that its end would be read as another entry");
     row.values = {std::string(entry.Name()), std::string(entry.Address())};
   }
 
-  // A blank line ends an entry, elsewhere.
-  void LookAtPlace(std::string_view text) {
-    if (blankLine != nullptr) Fail("a name or an address behind a blank line has no \"dn:\"");
-    if (!IsRead(text) && !IsComplete())
-      Fail("\"cn:\" and \"mail:\" are read in small letters alone");
+  // For other programs, a blank line ends an entry.
+  void CheckPosition(std::string_view text) {
+    if (blankLine != nullptr) SetFault("a name or an address after a blank line has no \"dn:\"");
+    if (!IsConverted(text) && !IsComplete())
+      SetFault("\"cn:\" and \"mail:\" must be in lower case");
   }
 
-  // `text` is the line that gave the value of the name, 0, or of the address, 1.
-  void LookAtValue(std::size_t field, std::string_view value, std::string_view text) {
+  // Checks the name (field 0) or the address (field 1) that the converter read from the line.
+  void CheckValue(std::size_t field, std::string_view value, std::string_view text) {
     constexpr const char* kFields[] = {"the name", "the address"};
-    hadValue = true;
-    valueBefore = kFields[field];
-    if (value.starts_with(':')) Fail(valueBefore + " is encoded, with a double colon");
+    hasValue = true;
+    valueOnPreviousLine = kFields[field];
+    if (value.starts_with(':')) SetFault(valueOnPreviousLine + " is encoded (double colon)");
     if (text.substr(text.find(':') + 1) == value) return;
-    Fail(valueBefore + " is longer than " +
-         std::to_string(quillkit::EmailScriptBook().widths[field]) + " characters");
+    SetFault(valueOnPreviousLine + " is longer than " +
+             std::to_string(quillkit::EmailScriptBook().widths[field]) + " characters");
   }
 
   ImportRow row;
   quillkit::DirectoryEntry entry;
   const char* blankLine = nullptr;  // the last blank line
-  bool hadValue = false;            // whether a name or an address came, complete or not
-  std::string valueBefore;          // what the line before gave; empty for nothing
+  bool hasValue = false;            // whether the entry has a name or an address
+  std::string valueOnPreviousLine;  // "the name" or "the address"; empty for none
 };
 
-// A line of no entry is none, unless it seems to be of one. Its bytes begin at `from`.
-void AddStray(const FileLines& line, const char* from, ImportRows& into) {
-  std::string fault = HiddenFault(line.Text());
-  if (fault.empty() && HasValue(line.Text())) fault = "there is no \"dn:\" in front of it";
+// Adds a line outside an entry as a row, if it seems to be part of an entry. Its bytes begin at
+// `from`.
+void AddLineOutsideEntry(const FileLines& line, const char* from, ImportRows& into) {
+  std::string fault = DirectoryLineFault(line.Text());
+  if (fault.empty() && IsNameOrAddress(line.Text())) fault = "there is no \"dn:\" line before it";
   if (fault.empty()) return;
   const std::string_view bytes(from, line.Bytes().data() + line.Bytes().size());
   into.rows.push_back({line.Number(), bytes, {}, std::move(fault)});
@@ -168,19 +173,19 @@ ImportRows DirectoryRows(std::string_view text) {
     const bool opens = lines.Text().starts_with("dn:");
     const char* from = lines.Bytes().data();
     if (row && (opens || row->EndsBefore(lines))) {
-      from = row->End(lines);
-      row->Finish(found);
+      from = row->NextEntry(lines);
+      row->MoveTo(found);
       row.reset();
     }
     if (opens) {
       row = std::make_unique<DirectoryRow>(lines);
     } else if (row) {
-      row->Take(lines);
+      row->AddLine(lines);
     } else {
-      AddStray(lines, from, found);
+      AddLineOutsideEntry(lines, from, found);
     }
   }
-  if (row) row->Finish(found);
+  if (row) row->MoveTo(found);
   return found;
 }
 

@@ -5,8 +5,8 @@
 namespace quillctl {
 namespace {
 
-// What well-formed UTF-8 has behind a lead byte: a second byte within bounds of its own, which rule
-// out overlong forms, surrogates and what lies above U+10FFFF, and then bytes of 80 to BF.
+// The lead bytes of well-formed UTF-8, and the range of the second byte after each. The ranges
+// exclude overlong forms, surrogates and characters above U+10FFFF. Further bytes are 80 to BF.
 struct Lead {
   unsigned char first, last;
   unsigned char secondFirst, secondLast;
@@ -27,7 +27,8 @@ bool IsContinuation(char byte) {
   return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
 }
 
-// The bytes of the UTF-8 character that the text, which is not empty, begins with; 0 for none.
+// Returns how many bytes the UTF-8 character at the beginning of the text has; 0 if the text does
+// not begin with one. REQUIRES: the text is not empty.
 std::size_t CharacterLength(std::string_view text) {
   const unsigned char first = Byte(text, 0);
   if (first < 0x80) return 1;
@@ -66,7 +67,8 @@ std::string Utf8Text(std::string_view text) {
 
 namespace {
 
-// The number of a control character, or -1. Those of 128 to 159 are C2 80 to C2 9F.
+// Returns the number of a control character, or -1. Control characters 128 to 159 are C2 80 to
+// C2 9F.
 int ControlNumber(std::string_view character) {
   const unsigned char first = Byte(character, 0);
   if (first < 0x20 || first == 0x7F) return first;

@@ -1,5 +1,5 @@
-// Texts of the appliance made fit for a terminal. They are 8-bit, without a character set, and come
-// from outside.
+// Conversion of the appliance's text for a terminal. Its text is 8-bit without a known character
+// set, and may contain anything.
 
 #ifndef QUILLCTL_DISPLAYED_TEXT_H_
 #define QUILLCTL_DISPLAYED_TEXT_H_
@@ -13,17 +13,17 @@ namespace quillctl {
 bool IsUtf8(std::string_view text);
 std::string Utf8FromLatin1(std::string_view text);
 
-// The text as UTF-8. One that is valid UTF-8 stays as it is; any other is read as Latin-1.
+// Returns the text as UTF-8. Text that is not valid UTF-8 is converted from Latin-1.
 std::string Utf8Text(std::string_view text);
 
-// The same for a terminal. Control characters, those of 128 to 159 included, become "\x" and two
-// digits, so that no name moves its cursor.
+// Returns the text as UTF-8 without control characters. They, including 128 to 159, become "\x" and
+// two hexadecimal digits, so that no name can control the terminal.
 std::string DisplayedText(std::string_view text);
 
-// The same between double quotes.
+// Returns DisplayedText between double quotes.
 std::string Quoted(std::string_view text);
 
-// The number of characters of a text that DisplayedText gave.
+// Returns the number of characters in a result of DisplayedText.
 std::size_t DisplayedWidth(std::string_view displayed);
 
 }  // namespace quillctl

@@ -5,14 +5,14 @@
 namespace quillctl {
 namespace {
 
-// Enough for most texts; a longer one tells its length.
-constexpr std::size_t kFirstRoom = 24;
+// Enough for most texts. For a longer one the library returns the length.
+constexpr std::size_t kInitialSize = 24;
 
 std::string LibraryText(std::int32_t code) {
-  std::string text(kFirstRoom, '\0');
+  std::string text(kInitialSize, '\0');
   auto size = static_cast<std::int32_t>(text.size());
   if (quillkit::TranslateToolkitError(code, text.data(), &size) == 0) {
-    text.resize(static_cast<std::size_t>(size) + 1);  // the length told does not count the NUL
+    text.resize(static_cast<std::size_t>(size) + 1);  // the returned length excludes the NUL
     size = static_cast<std::int32_t>(text.size());
     if (quillkit::TranslateToolkitError(code, text.data(), &size) == 0) return {};
   }
@@ -24,11 +24,11 @@ struct LocalCode {
   std::string_view text;
 };
 
-// What the library answers without the server. It has no texts for these.
+// Codes that the library returns without a server call. It has no texts for them.
 constexpr LocalCode kLocalCodes[] = {
-    {-1, "no such file, a bad argument, or not connected"},
-    {-2, "the file cannot be read"},
-    {-3, "an argument is absent"},
+    {-1, "file not found, invalid argument or not connected"},
+    {-2, "cannot read the file"},
+    {-3, "missing argument"},
     {-11, "unknown import format"},
 };
 
@@ -43,17 +43,17 @@ std::string LocalText(std::int32_t code) {
 
 std::string CodeAndText(std::int32_t status) {
   const std::string text = status < 0 ? LocalText(status) : LibraryText(status);
-  return "code " + std::to_string(status) + ", " + (text.empty() ? "which has no text" : text);
+  return "code " + std::to_string(status) + ", " + (text.empty() ? "no description" : text);
 }
 
-void RequireGood(std::int32_t status, std::string_view what) {
+void RequireSuccess(std::int32_t status, std::string_view what) {
   if (status != 0) throw Refusal("cannot " + std::string(what) + ": " + CodeAndText(status));
 }
 
-void RequireCode(std::int32_t status, std::int32_t expected) {
+void RequireStatus(std::int32_t status, std::int32_t expected) {
   if (status == expected) return;
   if (expected == 0) throw Refusal(CodeAndText(status));
-  throw Refusal((status == 0 ? "it was accepted" : CodeAndText(status)) + "; to come was " +
+  throw Refusal((status == 0 ? "accepted" : CodeAndText(status)) + "; expected " +
                 CodeAndText(expected));
 }
 

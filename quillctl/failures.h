@@ -1,5 +1,5 @@
-// How quillctl fails: with one of the exceptions below, whose text is shown and whose kind is
-// the exit status. Results of the library become exceptions here and nowhere else.
+// The exceptions that commands throw on failure. The text is shown to the user; the type determines
+// the exit status. Only the functions below turn results of the library into exceptions.
 
 #ifndef QUILLCTL_FAILURES_H_
 #define QUILLCTL_FAILURES_H_
@@ -11,41 +11,41 @@
 
 namespace quillctl {
 
-inline constexpr int kExitGood = 0;
+inline constexpr int kExitSuccess = 0;
 inline constexpr int kExitRefused = 1;
 inline constexpr int kExitUsage = 2;
-inline constexpr int kExitPartly = 3;
+inline constexpr int kExitPartial = 3;
 inline constexpr int kExitNoLogin = 4;
 
-// The appliance or the library refused, or does not have what was named.
+// The appliance or the library refused, something named does not exist, or writing failed.
 class Refusal : public std::runtime_error {
   using runtime_error::runtime_error;
 };
 
-// Nobody is logged in: there is no appliance, or it refused the account.
+// The login failed: the appliance cannot be reached, or it refused the account.
 class LoginRefusal : public Refusal {
   using Refusal::Refusal;
 };
 
-// The command line cannot be carried out as it stands.
+// The command line or an input file is invalid.
 class UsageError : public std::runtime_error {
   using runtime_error::runtime_error;
 };
 
-// Some rows of a file became entries and some did not.
+// Some rows of a file were not imported.
 class PartialFailure : public std::runtime_error {
   using runtime_error::runtime_error;
 };
 
-// A status as "code 14, Name Conflict". Local codes below 0 have no text in the library; they get
-// one here.
+// Returns "code 14, Name Conflict" for a status. For local codes, which are negative and have no
+// text in the library, the text is defined here.
 std::string CodeAndText(std::int32_t status);
 
-// Throws "cannot `what`: code and text" unless the status is 0.
-void RequireGood(std::int32_t status, std::string_view what);
+// Throws a Refusal "cannot `what`: code 14, Name Conflict" unless the status is 0.
+void RequireSuccess(std::int32_t status, std::string_view what);
 
-// The same for what is asked only to see the code that comes.
-void RequireCode(std::int32_t status, std::int32_t expected);
+// Throws a Refusal that gives both codes unless the status is the expected one.
+void RequireStatus(std::int32_t status, std::int32_t expected);
 
 }  // namespace quillctl
 

@@ -1,4 +1,4 @@
-// Filling the appliance's address books from a file.
+// `quillctl import`: imports a file into the appliance's address books.
 
 #ifndef QUILLCTL_IMPORT_COMMAND_H_
 #define QUILLCTL_IMPORT_COMMAND_H_
@@ -10,9 +10,9 @@ namespace quillctl {
 
 class Commands;
 
-// Imports the file and tells what became of its rows, the size of each book that it may have
-// filled, and the first entries that the book did not hold before. Throws a UsageError as
-// ImportPlan does, and a Refusal if the library or the appliance refuses or no row can be sent.
+// Imports the file. Prints how many rows were imported, the invalid rows, the size of each book
+// that may have changed, and the first new entries. Throws a UsageError as ImportPlan does, and a
+// Refusal if the library or the appliance refuses or the file has no valid row.
 void ImportAsPartOfSession(const ImportRequest& request, const Session& session);
 
 // Adds "import".

@@ -8,20 +8,20 @@
 namespace quillctl {
 namespace {
 
-class EntryFit {
+class EntryRules {
  public:
-  EntryFit(const AddressBook& filledBook, bool asAdmin, std::span<const std::int32_t> mapped)
+  EntryRules(const AddressBook& filledBook, bool asAdmin, std::span<const std::int32_t> mapped)
       : book(filledBook),
         script(*quillkit::FindScriptBook(filledBook.target)),
         isAdmin(asAdmin),
         columns(mapped) {}
 
-  // What is wrong with the values of a row, or an empty text.
+  // Returns the first fault in the values of a row, or an empty text.
   std::string Fault(const Row& values) const {
-    const std::size_t sent = isAdmin ? script.fieldCount : kFieldsOfPair;
+    const std::size_t sent = isAdmin ? script.fieldCount : kPrivateFields;
     for (std::size_t i = 0; i < sent; ++i) {
       const std::string fault = FieldFault(i, values[i]);
-      if (!fault.empty()) return "the " + InSmallLetters(book.fields[i]) + ' ' + fault;
+      if (!fault.empty()) return "the " + LowerCase(book.fields[i]) + ' ' + fault;
     }
     return {};
   }
@@ -30,15 +30,15 @@ class EntryFit {
   std::string FieldFault(std::size_t field, std::string_view value) const {
     const std::size_t width = script.widths[field];
     if (value.size() > width) return "is longer than " + std::to_string(width) + " characters";
-    if (value.find('\n') != value.npos) return "does not end before the line does";
-    if (isAdmin && value.find('"') != value.npos) return "has a double quote in it";
+    if (value.find('\n') != value.npos) return "has no end: no \"%\", comma or double quote";
+    if (isAdmin && value.find('"') != value.npos) return "contains a double quote";
     const bool isEmpty = value.find_first_not_of(" \t\r") == value.npos;
     return isEmpty && IsNeeded(field) ? "is empty" : "";
   }
 
   bool IsNeeded(std::size_t field) const {
     if (field == 0) return true;
-    return field < book.needed && (columns.empty() || columns[field] >= 0);
+    return field < book.requiredFields && (columns.empty() || columns[field] >= 0);
   }
 
   const AddressBook& book;
@@ -47,7 +47,7 @@ class EntryFit {
   const std::span<const std::int32_t> columns;
 };
 
-// Whether the entry has the values, as far as it shows them: a private book's has but two.
+// Returns whether the entry has the values. An entry of a private book has only the first two.
 bool IsEntryOf(const Row& values, const Row& entry) {
   for (std::size_t i = 0; i < std::min(values.size(), entry.size()); ++i) {
     if (values[i] != entry[i]) return false;
@@ -57,19 +57,20 @@ bool IsEntryOf(const Row& values, const Row& entry) {
 
 }  // namespace
 
-void FindFaults(std::vector<ImportRow>& rows, const AddressBook& book, bool isAdmin,
-                std::span<const std::int32_t> columns) {
-  const EntryFit fit(book, isAdmin, columns);
+void MarkInvalidRows(std::vector<ImportRow>& rows, const AddressBook& book, bool isAdmin,
+                     std::span<const std::int32_t> columns) {
+  const EntryRules fit(book, isAdmin, columns);
   std::map<std::string_view, std::size_t> lineOfName;
   for (ImportRow& row : rows) {
     if (row.fault.empty()) row.fault = fit.Fault(row.values);
     if (!row.fault.empty()) continue;
     const auto [first, isNew] = lineOfName.try_emplace(row.values.front(), row.line);
-    if (!isNew) row.fault = "the name is that of line " + std::to_string(first->second);
+    if (!isNew) row.fault = "the name is already used in line " + std::to_string(first->second);
   }
 }
 
-void FindAbsent(std::vector<ImportRow>& rows, std::span<const Row> entries, std::string_view why) {
+void MarkMissingRows(std::vector<ImportRow>& rows, std::span<const Row> entries,
+                     std::string_view why) {
   std::map<std::string_view, const Row*> entryOfName;
   for (const Row& entry : entries) entryOfName[entry.front()] = &entry;
   for (ImportRow& row : rows) {

@@ -25,22 +25,22 @@ constexpr ImportFormat kFormats[] = {
     {"script", quillkit::ImportFormatScript},
 };
 
-// The values of the file's first line that is not blank.
+// Returns the fields of the first line that is not blank.
 std::vector<std::string> Headings(std::string_view text) {
   FileLines lines(text);
   while (lines.Next()) {
-    if (lines.IsBlank()) continue;
+    if (lines.IsWhiteSpace()) continue;
     const std::string fault = LineFault(lines.Text());
-    if (!fault.empty()) throw UsageError("the line of headings cannot be read: " + fault);
+    if (!fault.empty()) throw UsageError("cannot read the heading line: " + fault);
     return DelimitedFields(lines.Text());
   }
   return {};
 }
 
-// A script with LF for the line ends of the system.
-std::string FoldedScript(std::string_view bytes) {
+// Returns a script with LF instead of the system's line ends.
+std::string WithLfLineEnds(std::string_view bytes) {
   std::string text;
-  for (FileLines lines(bytes); lines.Next();) text += lines.Folded();
+  for (FileLines lines(bytes); lines.Next();) text += lines.TextWithLf();
   return text;
 }
 
@@ -60,21 +60,21 @@ ImportPlan::ImportPlan(const ImportRequest& request, bool asAdmin)
   }
   options.clearFirst = request.clearFirst ? 1 : 0;
   if (options.format == quillkit::ImportFormatDelimited) {
-    TakeDelimited(request);
+    PrepareDelimited(request);
   } else {
-    TakeOther(request);
+    PrepareOther(request);
   }
 }
 
-// No header is sent, and so none is to be skipped.
-void ImportPlan::TakeDelimited(const ImportRequest& request) {
-  books = BookOfWord(request.target.empty() ? "email" : request.target);
+// Leaves `skipHeader` of the library's options unset: the header is not sent.
+void ImportPlan::PrepareDelimited(const ImportRequest& request) {
+  books = FindBook(request.target.empty() ? "email" : request.target);
   const AddressBook& book = books.front();
-  if (!isAdmin && request.clearFirst) throw UsageError("ADMINISTRATOR alone clears a book");
+  if (!isAdmin && request.clearFirst) throw UsageError("--clear requires ADMINISTRATOR");
   if (!isAdmin && !quillkit::FindScriptBook(book.target)->hasPlainPair) {
-    throw UsageError("ADMINISTRATOR alone fills the " + std::string(book.title));
+    throw UsageError("only ADMINISTRATOR can import into the " + std::string(book.title));
   }
-  if (request.map.empty()) throw UsageError("the format csv needs a --map, as in --map 2,10");
+  if (request.map.empty()) throw UsageError("--format csv requires --map, for example --map 2,10");
   const ColumnMap map(request.map, book);
   text = ReadImportFile(file);
   const std::string_view content = WithoutByteOrderMark(text);
@@ -82,12 +82,12 @@ void ImportPlan::TakeDelimited(const ImportRequest& request) {
   const std::vector<std::int32_t> columns =
       map.Columns(hasHeader ? Headings(content) : std::vector<std::string>());
   const auto isThere = [](std::int32_t column) { return column >= 0; };
-  if (!isAdmin && std::any_of(columns.begin() + kFieldsOfPair, columns.end(), isThere)) {
+  if (!isAdmin && std::any_of(columns.begin() + kPrivateFields, columns.end(), isThere)) {
     throw UsageError(
-        "ADMINISTRATOR alone fills more than two fields; in the map the others are -1");
+        "only ADMINISTRATOR can import more than two fields; set the others to -1 in --map");
   }
   rows = DelimitedRows(content, columns, hasHeader);
-  FindFaults(rows.rows, book, isAdmin, columns);
+  MarkInvalidRows(rows.rows, book, isAdmin, columns);
 
   quillkit::ImportOptions& options = mapped.options;
   options.targetBook = book.target;
@@ -96,12 +96,12 @@ void ImportPlan::TakeDelimited(const ImportRequest& request) {
   std::copy(columns.begin() + 1, columns.end(), mapped.moreColumns);
 }
 
-void ImportPlan::TakeOther(const ImportRequest& request) {
+void ImportPlan::PrepareOther(const ImportRequest& request) {
   if (request.skipHeader || request.clearFirst || !request.target.empty() || !request.map.empty()) {
-    throw UsageError("--target, --map, --skip-header and --clear are for the format csv");
+    throw UsageError("--target, --map, --skip-header and --clear require --format csv");
   }
   if (IsScript() && (request.json || !request.rejects.empty())) {
-    throw UsageError("--json and --rejects are for files of rows; a script goes as it stands");
+    throw UsageError("--json and --rejects do not apply to --format script");
   }
   text = ReadImportFile(file);
   books = PublicBooks();
@@ -110,12 +110,13 @@ void ImportPlan::TakeOther(const ImportRequest& request) {
   const std::string_view content = WithoutByteOrderMark(text);
   const bool isDirectory = mapped.options.format == quillkit::ImportFormatDirectory;
   rows = isDirectory ? DirectoryRows(content) : MailServerRows(content);
-  FindFaults(rows.rows, books.front(), isAdmin, {});
+  MarkInvalidRows(rows.rows, books.front(), isAdmin, {});
 }
 
-// Of a directory the values alone: its converter takes the blanks in front of a value for a part of
-// it, and a character from a last line without an end. The other rows go as they stand: the mail
-// server's converter takes the end of a line for a part of an address that nothing else ends.
+// Rows of a directory are rebuilt from their values: its converter counts spaces before a value in
+// the value's width, and removes a character from a last line without a newline. Other rows are
+// sent unchanged: the mail server's converter reads an address without an end mark up to the line
+// end.
 std::string ImportPlan::RowsToSend() const {
   const bool isDirectory = mapped.options.format == quillkit::ImportFormatDirectory;
   std::string bytes;
@@ -132,21 +133,22 @@ std::string ImportPlan::RowsToSend() const {
 
 void ImportPlan::Convert(const TemporaryFile& source, TemporaryFile& script) const {
   const std::int32_t status = quillkit::ConvertFile(
-      {.sourcePath = source.path().c_str(), .script = script.TakeFile(), .isAdmin = isAdmin},
+      {.sourcePath = source.path().c_str(), .script = script.ReleaseFile(), .isAdmin = isAdmin},
       mapped.options);
   if (status != 0) throw Refusal(kNoTemporaryFile);
 }
 
 std::string ImportPlan::Script() const {
-  if (IsScript()) return FoldedScript(text);
-  const DeferredTermination whileFilesAreThere;
+  if (IsScript()) return WithLfLineEnds(text);
+  const DeferredTermination untilFilesAreDeleted;
   const TemporaryFile source(RowsToSend());
   TemporaryFile script;
   Convert(source, script);
-  return FoldedScript(ReadImportFile(script.path()));
+  return WithLfLineEnds(ReadImportFile(script.path()));
 }
 
-// The library leaves its script behind where it cannot be written; so one is written here first.
+// If the library cannot write its script, it does not delete the file. Therefore a script is
+// written here first, to find out.
 std::int32_t ImportPlan::Send(quillkit::CScanner* scanner) const {
   if (IsScript()) return ImportAddressBook(scanner, file.c_str(), &mapped.options);
   const TemporaryFile source(RowsToSend());

@@ -1,4 +1,4 @@
-// An import made ready: the file is read, and it is settled which of its rows are sent.
+// A prepared import: the file has been read and its rows have been checked.
 
 #ifndef QUILLCTL_IMPORT_PLAN_H_
 #define QUILLCTL_IMPORT_PLAN_H_
@@ -16,72 +16,72 @@
 
 namespace quillctl {
 
-// `target`, `map` and `skipHeader` are for the format "csv" alone; `json` and `rejects` for all but
-// "script", whose lines are not looked at.
+// The arguments of an import. `target`, `map`, `skipHeader` and `clearFirst` require the format
+// "csv". `json` and `rejects` do not apply to the format "script", whose lines are not parsed.
 struct ImportRequest {
   std::string file = {};
   std::string format = {};  // one of ImportFormatWords()
   std::string target = {};  // one of BookWords(), or empty for the e-mail book
-  std::string map = {};     // as ColumnMap takes it
+  std::string map = {};     // the text of a ColumnMap
   bool skipHeader = false;  // implied by a map with headings
   bool clearFirst = false;
-  std::size_t shown = 5;         // how many of the entries that arrived are shown
-  std::size_t faultsShown = 20;  // how many of the rows that become no entry are told
-  std::string rejects = {};      // where rows that become no entry go; empty for nowhere
+  std::size_t shown = 5;         // how many new entries are shown
+  std::size_t faultsShown = 20;  // how many rejected rows are listed
+  std::string rejects = {};      // the file for rejected rows; empty for none
   bool dryRun = false;
   bool json = false;
 };
 
-// The formats of files by the names that the command line has for them.
+// Returns the names of the file formats on the command line.
 std::vector<std::string> ImportFormatWords();
 
 class ImportPlan {
  public:
-  // `asAdmin` tells whether ADMINISTRATOR is to send it. Throws a UsageError for what does not fit
-  // the format, for a map that fits the book or the file's headings not, and for a file that cannot
-  // be read.
+  // Reads the file and checks its rows. `asAdmin` is whether ADMINISTRATOR imports them. Throws a
+  // UsageError for an option that does not apply to the format or the account, for a map that does
+  // not fit the book or the headings, and for a file that cannot be read.
   ImportPlan(const ImportRequest& request, bool asAdmin);
   ImportPlan(const ImportPlan&) = delete;
   ImportPlan& operator=(const ImportPlan&) = delete;
 
-  // A ready-made script has no rows, and goes to the appliance as it stands.
+  // Returns whether the file is a script. A script has no rows and is sent unchanged.
   bool IsScript() const { return mapped.options.format == quillkit::ImportFormatScript; }
 
-  // Those without a fault are sent.
+  // The rows of the file. Those without a fault are sent.
   ImportRows& Rows() { return rows; }
   const ImportRows& Rows() const { return rows; }
 
-  // Those that it may fill.
+  // The books that the import may change.
   std::span<const AddressBook> Books() const { return isAdmin ? books : PrivateBook(); }
 
-  // The script that the appliance will get, its lines ended by LF. Throws a Refusal when the
-  // temporary files for it cannot be written.
+  // Returns the script for the appliance, with LF as line ends. Throws a Refusal if a temporary
+  // file cannot be written.
   std::string Script() const;
 
-  // Sends it. What ImportAddressBook gives. Throws a Refusal as Script() does. A program that ends
-  // in the meantime leaves files with the rows behind.
+  // Sends the rows, or the script. Returns the result of ImportAddressBook. Throws a Refusal as
+  // Script() does. A program that terminates meanwhile leaves temporary files with the rows.
   std::int32_t Send(quillkit::CScanner* scanner) const;
 
  private:
-  // The options with room for as many columns as any book has fields.
-  static constexpr std::size_t kMostColumns = 4;
+  // ImportOptions with space for as many columns as the largest book has fields.
+  static constexpr std::size_t kMaxColumns = 4;
   struct MappedOptions {
     quillkit::ImportOptions options;
-    std::int32_t moreColumns[kMostColumns - 1];
+    std::int32_t moreColumns[kMaxColumns - 1];
   };
   static_assert(offsetof(MappedOptions, moreColumns) == sizeof(quillkit::ImportOptions));
 
-  void TakeDelimited(const ImportRequest& request);
-  void TakeOther(const ImportRequest& request);
+  void PrepareDelimited(const ImportRequest& request);
+  void PrepareOther(const ImportRequest& request);
   std::string RowsToSend() const;
   void Convert(const TemporaryFile& source, TemporaryFile& script) const;
 
   std::string file;
   bool isAdmin;
-  std::string text;  // of the file
+  std::string text;  // the content of the file
   MappedOptions mapped = {};
-  std::span<const AddressBook> books;  // those that it may fill for the administrator
-  ImportRows rows;                     // lies in text
+  std::span<const AddressBook> books;  // what the administrator's import may change
+  ImportRows rows;                     // points into `text`
 };
 
 }  // namespace quillctl

@@ -14,59 +14,59 @@ namespace {
 
 namespace fs = std::filesystem;
 
-void RequirePlace(const fs::path& path, const fs::path& imported) {
+void RequireRejectsFile(const fs::path& path, const fs::path& imported) {
   std::error_code failure;
   if (fs::equivalent(path, imported, failure)) {
-    throw UsageError("--rejects names the file that is imported");
+    throw UsageError("--rejects: this is the file to import; choose another file");
   }
   if (fs::exists(path, failure) && !fs::is_regular_file(path, failure)) {
-    throw UsageError("--rejects names something that is no file");
+    throw UsageError("--rejects: not a regular file; choose another file");
   }
 }
 
 }  // namespace
 
-void ShowImportSummary(const std::string& file, const ImportRows& rows, bool isSeen) {
-  std::cout << "Imported " << file << ": " << rows.Entries() << " of " << rows.rows.size()
-            << (isSeen ? " rows became entries" : " rows were sent");
+void ShowImportSummary(const std::string& file, const ImportRows& rows, bool isVerified) {
+  std::cout << (isVerified ? "Imported " : "Sent ") << rows.Entries() << " of " << rows.rows.size()
+            << " rows of " << file;
   if (rows.passedOver != 0) {
-    std::cout << "; " << rows.passedOver << " that the format does not count were passed over";
+    std::cout << "; skipped " << rows.passedOver << " records of other kinds";
   }
   std::cout << ".\n";
 }
 
-void ShowFaults(const ImportRows& rows, std::size_t most) {
+void ShowFaults(const ImportRows& rows, std::size_t limit) {
   std::cout.flush();
-  std::size_t told = 0;
+  std::size_t count = 0;
   for (const ImportRow& row : rows.rows) {
-    if (row.fault.empty() || told++ >= most) continue;
+    if (row.fault.empty() || count++ >= limit) continue;
     std::cerr << "line " << row.line << ": " << row.fault << '\n';
   }
-  if (told > most) {
-    std::cerr << "and " << told - most << " more; --json tells them all\n";
+  if (count > limit) {
+    std::cerr << "and " << count - limit << " more; list all with --json\n";
   }
 }
 
-void ShowImportJson(const ImportRows& rows, bool isSeen) {
+void ShowImportJson(const ImportRows& rows, bool isVerified) {
   Json rejected = Json::array();
   for (const ImportRow& row : rows.rows) {
     if (!row.fault.empty()) rejected.push_back({{"line", row.line}, {"reason", row.fault}});
   }
   PrintJson({{"rows", rows.rows.size()},
              {"imported", rows.Entries()},
-             {"verified", isSeen},
+             {"verified", isVerified},
              {"passedOver", rows.passedOver},
              {"rejected", std::move(rejected)}});
 }
 
 void WriteRejectedRows(const std::string& path, const std::string& imported,
                        const ImportRows& rows) {
-  RequirePlace(path, imported);
+  RequireRejectsFile(path, imported);
   std::string text(rows.header);
   for (const ImportRow& row : rows.rows) {
     if (!row.fault.empty()) text += row.bytes;
   }
-  // A row that begins like a mark that some programs put in front keeps what it begins with.
+  // If the first row begins with a byte order mark, it would be lost when the file is imported.
   if (WithoutByteOrderMark(text).size() != text.size()) text.insert(0, kByteOrderMark);
   WriteTextFile(path, text);
 }

@@ -10,20 +10,21 @@
 
 namespace quillctl {
 
-// How many rows became entries, in a sentence on standard output, or were sent where nobody could
-// see what became of them. `file` is its quoted name.
-void ShowImportSummary(const std::string& file, const ImportRows& rows, bool isSeen);
+// Prints to standard output how many rows were imported or, unless `isVerified` is set, sent.
+// `file` is the quoted file name.
+void ShowImportSummary(const std::string& file, const ImportRows& rows, bool isVerified);
 
-// Why the others did not, on standard error: the first `most`, and how many more there are.
-void ShowFaults(const ImportRows& rows, std::size_t most);
+// Prints to standard error the line and the fault of each invalid row, but at most `limit`, and how
+// many more there are.
+void ShowFaults(const ImportRows& rows, std::size_t limit);
 
-// Both as JSON on standard output.
-void ShowImportJson(const ImportRows& rows, bool isSeen);
+// Prints both to standard output as JSON.
+void ShowImportJson(const ImportRows& rows, bool isVerified);
 
-// Writes the header, where there is one, and the rows with a fault as they stand in the file that
-// is imported, so that the same command can import them once they are repaired. What is
-// there stays whole until it is replaced whole. Throws a UsageError when `path` is the imported
-// file or no place for a file, and a Refusal when it cannot be written.
+// Writes the header, if there is one, and the rows with a fault to a file, byte for byte as in the
+// imported file. After the rows have been corrected, the same command can import that file. An
+// existing file is replaced as a whole. Throws a UsageError if `path` is the imported file or is
+// not a regular file, and a Refusal if the file cannot be written.
 void WriteRejectedRows(const std::string& path, const std::string& imported,
                        const ImportRows& rows);
 

@@ -22,7 +22,8 @@ bool HasOpenQuote(std::string_view text) {
   return std::ranges::count(text, '"') % 2 != 0;
 }
 
-// The values of the columns, null where the line has no such column. They lie in `line`.
+// Returns the values of the columns, null for a column that the line does not have. They point into
+// `line`, which is changed.
 std::vector<std::string_view> MappedValues(std::string& line,
                                            std::span<const std::int32_t> columns) {
   std::vector<std::string_view> values(columns.size());
@@ -30,7 +31,7 @@ std::vector<std::string_view> MappedValues(std::string& line,
   return values;
 }
 
-// Whether the column has a quote that is doubled so that it stands for itself.
+// Returns whether the column contains a doubled quote, which other programs read as one quote.
 bool HasDoubledQuote(std::string_view text, std::int32_t wanted) {
   bool isQuoted = false;
   std::int32_t column = 0;
@@ -57,12 +58,12 @@ ImportRow DelimitedRow(const FileLines& line, std::span<const std::int32_t> colu
   for (std::size_t i = 0; i < values.size() && row.fault.empty(); ++i) {
     if (values[i].data() != nullptr || columns[i] < 0) continue;
     row.fault = HasOpenQuote(line.Text()) ? "a double quote is not closed"
-                                          : "there is no column " + std::to_string(columns[i]);
+                                          : "the row has no column " + std::to_string(columns[i]);
   }
   return row;
 }
 
-// Whether the class of a line is that of mailboxes, be it in quotes.
+// Returns whether the class of a line is Mailbox, with or without quotes.
 bool IsMailboxLine(std::string_view text) {
   constexpr std::int32_t kClass[] = {0};
   std::string line(text);
@@ -73,17 +74,17 @@ ImportRow MailServerRow(const FileLines& line) {
   ImportRow row{line.Number(), line.Bytes()};
   row.fault = LineFault(line.Text());
   if (!row.fault.empty()) return row;
-  std::string text = line.Folded();
+  std::string text = line.TextWithLf();
   const quillkit::MailServerRow parts = quillkit::SplitMailServerRow(text);
   if (!parts.isMailbox) {
-    row.fault = "its class is not the bare word Mailbox";
+    row.fault = "the class must be Mailbox, without quotes";
   } else if (parts.name.data() == nullptr) {
     row.fault = HasOpenQuote(line.Text()) ? "a double quote is not closed"
-                                          : "it ends before or with the name";
+                                          : "the line has no field after the name";
   } else if (parts.address.data() == nullptr) {
-    row.fault = "it has no address: no \"SMTP:\" stands behind the name";
+    row.fault = "no address: there is no \"SMTP:\" after the name";
   } else if (HasDoubledQuote(line.Text(), kMailNameColumn)) {
-    row.fault = "the name would be cut at a doubled quote";
+    row.fault = "the name contains a doubled quote and would be cut there";
   } else {
     row.values = {std::string(parts.name), std::string(parts.address)};
   }
@@ -110,17 +111,17 @@ std::vector<std::string> DelimitedFields(std::string_view line) {
 }
 
 std::string LineFault(std::string_view text) {
-  if (text.find('\0') != text.npos) return "it holds a NUL character";
+  if (text.find('\0') != text.npos) return kNul;
   if (text.find('\r') != text.npos) return kBareReturn;
   if (text.size() < LineReader::kMaxLine) return {};
-  return "it is longer than " + std::to_string(LineReader::kMaxLine - 1) + " characters";
+  return "the line is longer than " + std::to_string(LineReader::kMaxLine - 1) + " characters";
 }
 
 ImportRows DelimitedRows(std::string_view text, std::span<const std::int32_t> columns,
                          bool hasHeader) {
   ImportRows found;
   for (FileLines lines(text); lines.Next();) {
-    if (lines.IsBlank()) continue;
+    if (lines.IsWhiteSpace()) continue;
     if (hasHeader && found.header.empty()) {
       found.header = lines.Bytes();
     } else {
@@ -133,7 +134,7 @@ ImportRows DelimitedRows(std::string_view text, std::span<const std::int32_t> co
 ImportRows MailServerRows(std::string_view text) {
   ImportRows found;
   for (FileLines lines(text); lines.Next();) {
-    if (lines.IsBlank()) continue;
+    if (lines.IsWhiteSpace()) continue;
     if (IsMailboxLine(lines.Text()) || lines.Text().find('\r') != std::string_view::npos) {
       found.rows.push_back(MailServerRow(lines));
       continue;

@@ -1,10 +1,10 @@
-// The rows of a file to import, and what keeps each of them from becoming an entry.
+// The rows of an import file, and the faults that keep them from being imported.
 //
-// What a row gives is found by the functions of the library's converters. These refuse nothing:
-// they cut what is too long, take a column that is not there for an empty one, and leave rows out
-// without a word. Here such a row has a fault, and so has one whose line in the script no server
-// could take. FindFaults finds what does
-// not depend on the format.
+// The values of a row are those that the library's converters read. The converters report no
+// errors: they truncate long values, treat a missing column as empty and skip rows silently. Here
+// such a row has a fault. A row whose line in the script would be invalid for a server has one,
+// too. The functions that read rows find the faults of their format; MarkInvalidRows finds the
+// others.
 
 #ifndef QUILLCTL_IMPORT_ROWS_H_
 #define QUILLCTL_IMPORT_ROWS_H_
@@ -22,59 +22,66 @@
 namespace quillctl {
 
 struct ImportRow {
-  std::size_t line;        // the number of its first line in the file
-  std::string_view bytes;  // as it stands in the file
-  Row values = {};         // of the book's fields, in their order
-  std::string fault = {};  // why it becomes no entry; empty for one that does
+  std::size_t line;        // the number of its first line in the file, from 1
+  std::string_view bytes;  // the row in the file, with its line ends
+  Row values = {};         // one for each field of the book
+  std::string fault = {};  // why the row cannot be imported; empty for a valid row
 };
 
 struct ImportRows {
-  std::string_view header = {};  // the line in front of the rows that is none; empty without one
+  std::string_view header = {};  // the heading line before the rows; empty if there is none
   std::vector<ImportRow> rows = {};
-  std::size_t passedOver = 0;  // what the format itself does not count, such as a list's row
+  std::size_t passedOver = 0;  // records of another kind than the format imports, such as lists
 
   std::size_t Entries() const;  // the rows without a fault
   std::size_t Rejected() const { return rows.size() - Entries(); }
 };
 
-// The values of a line's fields, as the converter of delimited text finds them. REQUIRES: the line
-// has no more characters than the converter takes.
+// Returns the fields of a line as the converter of delimited text reads them. REQUIRES: LineFault()
+// is empty.
 std::vector<std::string> DelimitedFields(std::string_view line);
 
-// What is wrong with a line that has a carriage return inside. Other programs may have meant it for
-// the end of a line, with another row behind it.
-inline constexpr const char* kBareReturn = "it holds a carriage return that ends no line";
+// The fault of a line with a carriage return inside. Another program may use it as a line end, with
+// another row after it.
+inline constexpr const char* kBareReturn = "a carriage return inside a line";
 
-// What keeps the converters from taking a line without its end whole: a NUL, a carriage return that
-// may have been meant for an end, or its length. Empty for nothing.
+// The fault of a line with a NUL.
+inline constexpr const char* kNul = "a NUL character inside a line";
+
+// Returns the fault of a line that the converters cannot read completely: a NUL, a carriage return
+// or too many characters. `text` excludes the line end. Empty if there is no fault.
 std::string LineFault(std::string_view text);
 
-// A row is a line that is not blank. Field i of the book has the column columns[i], or none for -1.
+// Reads delimited text. A row is a line that is not blank. Field i of the book is column
+// columns[i]; -1 means none.
 ImportRows DelimitedRows(std::string_view text, std::span<const std::int32_t> columns,
                          bool hasHeader);
 
-// A row is what begins with a "dn:" line, up to the next one, or a line of an entry that has none.
-// One with neither name nor address, in which nothing is wrong, is passed over.
+// Reads a directory export. A row is an entry: a "dn:" line and the lines up to the next one. A
+// line of an entry without a "dn:" line is a row with a fault. Entries with neither name nor
+// address are passed over, unless they have a fault.
 ImportRows DirectoryRows(std::string_view text);
 
-// A row is a mailbox's line, or one that may hold one behind a carriage return. Those of other
-// classes are passed over; the first one is the header.
+// Reads a mail server's export. A row is the line of a mailbox, or a line with a carriage return,
+// which may hide one. Lines of other classes are passed over; the first line is the header if it is
+// one of them.
 ImportRows MailServerRows(std::string_view text);
 
-// Anybody but the administrator sends a name and one more field.
-inline constexpr std::size_t kFieldsOfPair = 2;
+// The number of fields that an account other than ADMINISTRATOR can import: a name and another one.
+inline constexpr std::size_t kPrivateFields = 2;
 
-// Gives a fault to each row that has none yet and whose values do not fit an entry of the book: too
-// long, with characters that a script cannot hold, empty where the book needs them, or with the
-// name of an earlier row, whose entry the server would replace. `isAdmin` tells which kind of
-// script it is for. A field whose element of `columns` is -1 may be empty; where there are no
-// columns the format supplies all fields.
-void FindFaults(std::vector<ImportRow>& rows, const AddressBook& book, bool isAdmin,
-                std::span<const std::int32_t> columns);
+// Sets the fault of each row that has none yet and whose values are invalid for the book: a value
+// that is too long, contains a character that a script cannot contain or is empty although
+// required, or the name of an earlier row, whose entry the server would replace. `isAdmin` selects
+// the kind of script. A field without a column may be empty. If `columns` is empty, the format
+// supplies all fields.
+void MarkInvalidRows(std::vector<ImportRow>& rows, const AddressBook& book, bool isAdmin,
+                     std::span<const std::int32_t> columns);
 
-// Gives the fault `why` to the rows that were sent and of which the book now holds no entry, or
-// another one of that name.
-void FindAbsent(std::vector<ImportRow>& rows, std::span<const Row> entries, std::string_view why);
+// Sets the fault of each row that was sent and whose entry is not among `entries`, or differs
+// there, to `why`.
+void MarkMissingRows(std::vector<ImportRow>& rows, std::span<const Row> entries,
+                     std::string_view why);
 
 }  // namespace quillctl
 

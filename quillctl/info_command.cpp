@@ -30,7 +30,7 @@ void ShowInfo(const Session& session, bool json) {
                       {"User", session.User()}};
   if (json) {
     Json info;
-    for (const Row& row : rows) info[InSmallLetters(row[0])] = Utf8Text(row[1]);
+    for (const Row& row : rows) info[LowerCase(row[0])] = Utf8Text(row[1]);
     info["administrator"] = isAdmin;
     PrintJson(info);
     return;
@@ -43,7 +43,7 @@ void ShowInfo(const Session& session, bool json) {
 
 void AddInfoCommand(Commands& commands) {
   const auto json = std::make_shared<bool>(false);
-  AddJson(commands.Add("info", "Show the appliance and who is logged in",
+  AddJson(commands.Add("info", "Show the appliance and the account",
                        [json](Session& session) { ShowInfo(session, *json); }),
           *json);
 }

@@ -1,4 +1,4 @@
-// What the appliance says of itself, and who is logged in.
+// `quillctl info`: the appliance's identity and the account that is logged in.
 
 #ifndef QUILLCTL_INFO_COMMAND_H_
 #define QUILLCTL_INFO_COMMAND_H_
@@ -12,7 +12,7 @@ namespace quillctl {
 
 class Commands;
 
-// The address is in network byte order: its first byte in memory is its first number.
+// Returns the dotted text of an IPv4 address in network byte order.
 std::string DottedAddress(std::uint32_t address);
 
 void ShowInfo(const Session& session, bool json = false);

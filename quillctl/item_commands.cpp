@@ -37,10 +37,10 @@ void PrintItems(const FoundItems& found, bool json) {
   }
 }
 
-// Adds the items of the key that the search hits.
-void AddHits(FoundItems& found, quillkit::CSoftKey* key, const std::string& pattern,
-             std::int32_t wholeName) {
-  RequireWhole(key);
+// Adds the items of the key that match.
+void AddMatches(FoundItems& found, quillkit::CSoftKey* key, const std::string& pattern,
+                std::int32_t wholeName) {
+  RequireComplete(key);
   for (std::int32_t index = quillkit::FindFirstItem(key, pattern, wholeName); index >= 0;
        index = quillkit::FindNextItem(key, wholeName)) {
     found.emplace_back(quillkit::GetKeyName(key), FieldsOf(quillkit::GetItemAt(key, index)));
@@ -48,14 +48,15 @@ void AddHits(FoundItems& found, quillkit::CSoftKey* key, const std::string& patt
 }
 
 Refusal NoItem(const std::string& key, const std::string& name) {
-  return Refusal("the key " + Quoted(key) + " has no item " + Quoted(name));
+  return Refusal("the key " + Quoted(key) + " has no item " + Quoted(name) +
+                 "; see quillctl items");
 }
 
-// The item of this name under a key that was read.
+// Returns the item of this name under a loaded key. Throws a Refusal if there is none.
 ItemFields ItemOf(quillkit::CSoftKey* key, const std::string& name) {
   const std::int32_t index = quillkit::FindFirstItem(key, name, 1);
   if (index < 0) {
-    RequireWhole(key);
+    RequireComplete(key);
     throw NoItem(quillkit::GetKeyName(key), name);
   }
   return FieldsOf(quillkit::GetItemAt(key, index));
@@ -80,7 +81,7 @@ void AddItem(const Session& session, const std::string& key, const ItemFields& f
   const OwnedItem item = MakeItem(fields);
   quillkit::CSoftKey* found = FindKey(session.LoadKeys(true), key);
   const std::string what = DescribedItem(fields.name, key);
-  RequireGood(quillkit::AddMenuItem(found, item.get(), 0), "add " + what);
+  RequireSuccess(quillkit::AddMenuItem(found, item.get(), 0), "add " + what);
   std::cout << "Added " << what << ".\n";
 }
 
@@ -91,7 +92,7 @@ void RenameItem(const Session& session, const std::string& key, const std::strin
   ItemFields fields = ItemOf(found, oldName);
   fields.name = newName;
   const OwnedItem item = MakeItem(fields);
-  RequireGood(quillkit::RenameMenuItem(found, oldName, item.get(), 0), "rename " + what);
+  RequireSuccess(quillkit::RenameMenuItem(found, oldName, item.get(), 0), "rename " + what);
   std::cout << "Renamed " << what << " to " << Quoted(newName) << ".\n";
 }
 
@@ -99,10 +100,10 @@ void FindItems(const Session& session, const std::string& pattern, bool wholeNam
   quillkit::CTopLevelAB* book = session.LoadKeys(true);
   FoundItems found;
   for (std::int32_t i = 0; i < quillkit::GetCount(book); ++i) {
-    AddHits(found, quillkit::GetKeyAt(book, i), pattern, wholeName ? 1 : 0);
+    AddMatches(found, quillkit::GetKeyAt(book, i), pattern, wholeName ? 1 : 0);
   }
   if (found.empty()) {
-    throw Refusal(std::string("no item has a name that ") + (wholeName ? "is " : "begins with ") +
+    throw Refusal((wholeName ? "no item has the name " : "no item has a name that begins with ") +
                   Quoted(pattern));
   }
   PrintItems(found, json);
@@ -110,7 +111,7 @@ void FindItems(const Session& session, const std::string& pattern, bool wholeNam
 
 namespace {
 
-// What an edit sets; the item's other fields stay.
+// New values for an item. Fields without a value do not change.
 struct ItemEdit {
   std::optional<std::string> name;
   std::optional<std::string> address;
@@ -121,7 +122,7 @@ struct ItemEdit {
 };
 
 template <class Value>
-void SetWhereGiven(Value& field, const std::optional<Value>& value) {
+void SetIfGiven(Value& field, const std::optional<Value>& value) {
   if (value) field = *value;
 }
 
@@ -131,27 +132,27 @@ void EditItem(const Session& session, const std::string& key, const std::string&
   const std::string what = DescribedItem(name, key);
   const ItemFields before = ItemOf(found, name);
   ItemFields fields = before;
-  SetWhereGiven(fields.name, edit.name);
-  SetWhereGiven(fields.address, edit.address);
-  SetWhereGiven(fields.path, edit.path);
-  SetWhereGiven(fields.appTag, edit.appTag);
-  SetWhereGiven(fields.fileFormat, edit.fileFormat);
-  SetWhereGiven(fields.settings, edit.settings);
+  SetIfGiven(fields.name, edit.name);
+  SetIfGiven(fields.address, edit.address);
+  SetIfGiven(fields.path, edit.path);
+  SetIfGiven(fields.appTag, edit.appTag);
+  SetIfGiven(fields.fileFormat, edit.fileFormat);
+  SetIfGiven(fields.settings, edit.settings);
   if (fields == before) {
-    std::cout << "Nothing to change: " << what << " is like that.\n";
+    std::cout << "Nothing to change: " << what << " already has these values.\n";
     return;
   }
   const OwnedItem item = MakeItem(fields);
-  RequireGood(fields.name == name ? quillkit::ModifyMenuItem(found, item.get(), 0)
-                                  : quillkit::RenameMenuItem(found, name, item.get(), 0),
-              "change " + what);
+  RequireSuccess(fields.name == name ? quillkit::ModifyMenuItem(found, item.get(), 0)
+                                     : quillkit::RenameMenuItem(found, name, item.get(), 0),
+                 "change " + what);
   std::cout << "Changed " << what << ".\n";
 }
 
 void DeleteItem(const Session& session, const std::string& key, const std::string& name) {
   quillkit::CSoftKey* found = FindKey(session.LoadKeys(true), key);
   const std::string what = DescribedItem(name, key);
-  RequireGood(quillkit::DeleteMenuItem(found, name, 0), "delete " + what);
+  RequireSuccess(quillkit::DeleteMenuItem(found, name, 0), "delete " + what);
   std::cout << "Deleted " << what << ".\n";
 }
 
@@ -161,40 +162,42 @@ Items ReadItems(const Session& session, const std::string& key) {
   return ItemsOf(FindKey(session.LoadKeys(true), key));
 }
 
-// Whether the key has an item of the name. A Refusal that says what was `done` when that cannot be
-// read.
+// Reads the key and returns whether it has the item. Throws a Refusal that begins with `failure` if
+// that cannot be read.
 bool HasItem(const Session& session, const std::string& key, const std::string& name,
-             const std::string& done) {
+             const std::string& failure) {
   try {
     return std::ranges::count(ReadItems(session, key), name, &ItemFields::name) != 0;
   } catch (const Refusal& why) {
-    throw Refusal(done + ": " + why.what());
+    throw Refusal(failure + ": " + why.what());
   }
 }
 
-// Moves an item under another key: it is added there before it is deleted here, so that a failure
-// leaves it in both places and never in none.
+// Moves an item to another key. Adds it there before it deletes it here, so that a failure can
+// leave the item under both keys but never lose it.
 void MoveToKey(const Session& session, const std::string& key, const std::string& name,
                const std::string& target) {
-  if (key == target) throw UsageError("the item is to go under the key that it is under");
+  if (key == target) throw UsageError("--to must name another key than the item's");
   const Items items = ReadItems(session, key);
   const auto found = std::ranges::find(items, name, &ItemFields::name);
   if (found == items.end()) throw NoItem(key, name);
   const std::string moved = DescribedItem(name, target);
-  RequireGood(quillkit::AddMenuItem(FindKey(session.Book(), target), MakeItem(*found).get(), 0),
-              "add " + moved);
-  // The copy has to be there before the original goes.
-  if (!HasItem(session, target, name,
-               "the appliance took " + moved + ", which cannot be read; nothing was deleted")) {
-    throw Refusal("the appliance took " + moved + ", and does not tell of it; nothing was deleted");
+  RequireSuccess(quillkit::AddMenuItem(FindKey(session.Book(), target), MakeItem(*found).get(), 0),
+                 "add " + moved);
+  // Check that the copy exists before the original is deleted.
+  if (!HasItem(
+          session, target, name,
+          "nothing was deleted: the appliance accepted " + moved + ", but it cannot be read")) {
+    throw Refusal("nothing was deleted: the appliance accepted " + moved +
+                  ", but does not list it");
   }
   const std::int32_t status = quillkit::DeleteMenuItem(FindKey(session.Book(), key), name, 0);
-  if (status != 0 || HasItem(session, key, name,
-                             moved + " stands there; whether it is gone under " + Quoted(key) +
-                                 " cannot be read")) {
-    throw Refusal("the item " + Quoted(name) +
-                  " is now under both keys; it cannot be deleted under " + Quoted(key) + ": " +
-                  (status != 0 ? CodeAndText(status) : "the appliance says that it did"));
+  if (status != 0 ||
+      HasItem(session, key, name,
+              "added " + moved + ", but cannot read whether it was deleted under " + Quoted(key))) {
+    throw Refusal("cannot delete " + DescribedItem(name, key) + ": " +
+                  (status != 0 ? CodeAndText(status) : "the appliance reports success") +
+                  "; the item is now under both keys");
   }
   std::cout << "Moved " << DescribedItem(name, key) << " to the key " << Quoted(target) << ".\n";
 }
@@ -202,7 +205,7 @@ void MoveToKey(const Session& session, const std::string& key, const std::string
 constexpr const char* kKeyHelp = "The soft key";
 constexpr const char* kItemHelp = "The item's name";
 
-// What the options of a command fill. The command keeps it alive.
+// The arguments of a command, which shares their ownership.
 struct Arguments {
   std::string key;
   std::string name;
@@ -213,14 +216,14 @@ struct Arguments {
   bool json = false;
 };
 
-// The options for an item's fields but its name, for an ItemFields or an ItemEdit.
+// Adds options for all fields of an item except its name. Fields is ItemFields or ItemEdit.
 template <class Fields>
 void AddItemOptions(CLI::App* command, Fields& into) {
-  command->add_option("--address", into.address, "Its address, at most 255 characters");
-  command->add_option("--path", into.path, "Its path, at most 127");
-  command->add_option("--application", into.appTag, "Its application tag, at most 127");
-  command->add_option("--file-format", into.fileFormat, "Its file format")->type_name("NUMBER");
-  command->add_option("--settings", into.settings, "Its settings, as 65538 or 0x10002")
+  command->add_option("--address", into.address, "The address, at most 255 characters");
+  command->add_option("--path", into.path, "The path, at most 127 characters");
+  command->add_option("--application", into.appTag, "The application tag, at most 127 characters");
+  command->add_option("--file-format", into.fileFormat, "The file format")->type_name("NUMBER");
+  command->add_option("--settings", into.settings, "The settings, for example 65538 or 0x10002")
       ->type_name("NUMBER");
 }
 
@@ -228,24 +231,24 @@ void AddListCommands(Commands& commands) {
   const auto a = std::make_shared<Arguments>();
   CLI::App* items = commands.Add("items", "List the items under the soft keys",
                                  [a](Session& s) { ShowItems(s, a->key, a->json); });
-  AddName(items, "key", a->key, "The soft key; all of them without it")->required(false);
+  AddName(items, "key", a->key, "The soft key (default: all keys)")->required(false);
   AddJson(items, a->json);
 
   const auto f = std::make_shared<Arguments>();
   CLI::App* find = commands.Add("find", "Find items by name under all soft keys",
                                 [f](Session& s) { FindItems(s, f->name, f->wholeName, f->json); });
-  find->add_option("pattern", f->name, "What the name begins with")->required();
-  find->add_flag("--whole", f->wholeName, "What the whole name is");
+  find->add_option("pattern", f->name, "The beginning of the name")->required();
+  find->add_flag("--whole", f->wholeName, "The pattern is the whole name");
   AddJson(find, f->json);
 }
 
 void AddMoveCommand(Commands& commands) {
   const auto a = std::make_shared<Arguments>();
-  CLI::App* move = commands.Add("move", "Move an item under another key",
+  CLI::App* move = commands.Add("move", "Move an item to another soft key",
                                 [a](Session& s) { MoveToKey(s, a->key, a->name, a->newName); });
   AddName(move, "key", a->key, kKeyHelp);
   AddName(move, "name", a->name, kItemHelp);
-  AsName(move->add_option("--to", a->newName, "The other key")->required());
+  AsName(move->add_option("--to", a->newName, "The other soft key")->required());
 }
 
 }  // namespace
@@ -259,18 +262,18 @@ void AddItemCommands(Commands& commands) {
   AddName(add, "name", a->item.name, kItemHelp);
   AddItemOptions(add, a->item);
 
-  CLI::App* edit = commands.Add("edit-item", "Change what is given of an item",
+  CLI::App* edit = commands.Add("edit-item", "Change fields of an item",
                                 [a](Session& s) { EditItem(s, a->key, a->name, a->edit); });
   AddName(edit, "key", a->key, kKeyHelp);
   AddName(edit, "name", a->name, kItemHelp);
-  AsName(edit->add_option("--name", a->edit.name, "Its new name"));
+  AsName(edit->add_option("--name", a->edit.name, "The new name"));
   AddItemOptions(edit, a->edit);
 
   CLI::App* rename = commands.Add("rename-item", "Rename an item",
                                   [a](Session& s) { RenameItem(s, a->key, a->name, a->newName); });
   AddName(rename, "key", a->key, kKeyHelp);
   AddName(rename, "old", a->name, kItemHelp);
-  AddName(rename, "new", a->newName, "Its new name");
+  AddName(rename, "new", a->newName, "The new name");
 
   AddMoveCommand(commands);
   CLI::App* remove = commands.Add("delete-item", "Delete an item",

@@ -1,5 +1,5 @@
-// The menu items under the soft keys. Each command throws a Refusal when the appliance refuses, and
-// when it does not have what is named.
+// Commands for the menu items under the soft keys. Each one throws a Refusal if the appliance
+// refuses, or if the key or the item does not exist.
 
 #ifndef QUILLCTL_ITEM_COMMANDS_H_
 #define QUILLCTL_ITEM_COMMANDS_H_
@@ -13,7 +13,7 @@ namespace quillctl {
 
 class Commands;
 
-// The items of one key, or of all for an empty name.
+// Lists the items of one key, or of all keys if `key` is empty.
 void ShowItems(const Session& session, const std::string& key, bool json = false);
 
 void AddItem(const Session& session, const std::string& key, const ItemFields& fields);
@@ -21,8 +21,8 @@ void AddItem(const Session& session, const std::string& key, const ItemFields& f
 void RenameItem(const Session& session, const std::string& key, const std::string& oldName,
                 const std::string& newName);
 
-// Shows the items of all keys whose name begins with the pattern, or is the pattern when
-// `wholeName` is set.
+// Lists the items under all keys whose name begins with the pattern or, if `wholeName` is set,
+// equals it.
 void FindItems(const Session& session, const std::string& pattern, bool wholeName,
                bool json = false);
 

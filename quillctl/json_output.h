@@ -1,4 +1,4 @@
-// What --json makes of the appliance's answers.
+// The JSON output of the commands.
 
 #ifndef QUILLCTL_JSON_OUTPUT_H_
 #define QUILLCTL_JSON_OUTPUT_H_
@@ -16,7 +16,7 @@ namespace quillctl {
 
 using Json = nlohmann::ordered_json;
 
-// An item's members under the words of kItemTexts and kItemNumbers; `text` makes UTF-8 of a text.
+// Returns an object with the members of kItemTexts and kItemNumbers. `text` converts text to UTF-8.
 template <class Text>
 Json ItemJson(const ItemFields& item, Text text) {
   Json json;
@@ -25,7 +25,7 @@ Json ItemJson(const ItemFields& item, Text text) {
   return json;
 }
 
-// The item as `items --json` shows it.
+// Returns the item as `items --json` shows it.
 inline Json ShownItem(const std::string& key, const ItemFields& item) {
   Json json = {{"key", Utf8Text(key)}};
   json.update(ItemJson(item, Utf8Text));

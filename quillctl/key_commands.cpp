@@ -20,7 +20,7 @@ void ShowKeys(const Session& session, bool json) {
     quillkit::CSoftKey* key = quillkit::GetKeyAt(book, i);
     const std::string name = quillkit::GetKeyName(key);
     std::uint32_t items = 0;
-    RequireGood(quillkit::GetDBItemCount(key, &items), "count the items of " + Quoted(name));
+    RequireSuccess(quillkit::GetDBItemCount(key, &items), "count the items of " + Quoted(name));
     table.AddRow({name, std::to_string(items)});
     keys.push_back({{"key", Utf8Text(name)}, {"items", items}});
   }
@@ -33,13 +33,13 @@ void ShowKeys(const Session& session, bool json) {
 
 void AddKey(const Session& session, const std::string& name) {
   quillkit::CTopLevelAB* book = session.LoadKeys(false);
-  RequireGood(quillkit::AddKey(book, name, 0), "add the key " + Quoted(name));
+  RequireSuccess(quillkit::AddKey(book, name, 0), "add the key " + Quoted(name));
   std::cout << "Added the key " << Quoted(name) << ".\n";
 }
 
 void DeleteKey(const Session& session, const std::string& name) {
   quillkit::CTopLevelAB* book = session.LoadKeys(false);
-  RequireGood(quillkit::DeleteKey(book, name, 0), "delete the key " + Quoted(name));
+  RequireSuccess(quillkit::DeleteKey(book, name, 0), "delete the key " + Quoted(name));
   std::cout << "Deleted the key " << Quoted(name) << ".\n";
 }
 
@@ -48,8 +48,8 @@ namespace {
 void RenameKey(const Session& session, const std::string& oldName, const std::string& newName) {
   quillkit::CTopLevelAB* book = session.LoadKeys(false);
   const OwnedKey key = MakeKey(newName, book);
-  RequireGood(quillkit::RenameSoftKey(book, oldName, key.get()),
-              "rename the key " + Quoted(oldName) + " to " + Quoted(newName));
+  RequireSuccess(quillkit::RenameSoftKey(book, oldName, key.get()),
+                 "rename the key " + Quoted(oldName) + " to " + Quoted(newName));
   std::cout << "Renamed the key " << Quoted(oldName) << " to " << Quoted(newName) << ".\n";
 }
 
@@ -67,16 +67,16 @@ void AddKeyCommands(Commands& commands) {
 
   CLI::App* add =
       commands.Add("add-key", "Add a soft key", [a](Session& s) { AddKey(s, a->name); });
-  AddName(add, "name", a->name, "Its name");
+  AddName(add, "name", a->name, "The name of the key");
 
   CLI::App* rename = commands.Add("rename-key", "Rename a soft key",
                                   [a](Session& s) { RenameKey(s, a->name, a->newName); });
-  AddName(rename, "old", a->name, "Its name");
-  AddName(rename, "new", a->newName, "Its new name");
+  AddName(rename, "old", a->name, "The name of the key");
+  AddName(rename, "new", a->newName, "The new name");
 
-  CLI::App* remove = commands.Add("delete-key", "Delete a soft key and the items under it",
+  CLI::App* remove = commands.Add("delete-key", "Delete a soft key and its items",
                                   [a](Session& s) { DeleteKey(s, a->name); });
-  AddName(remove, "name", a->name, "Its name");
+  AddName(remove, "name", a->name, "The name of the key");
 }
 
 }  // namespace quillctl

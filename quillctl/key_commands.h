@@ -1,4 +1,5 @@
-// The soft keys of the front panel. Each command throws a Refusal when the appliance refuses.
+// Commands for the soft keys of the front panel. Each one throws a Refusal if the appliance
+// refuses.
 
 #ifndef QUILLCTL_KEY_COMMANDS_H_
 #define QUILLCTL_KEY_COMMANDS_H_
@@ -11,11 +12,10 @@ namespace quillctl {
 
 class Commands;
 
-// The keys and the number of their items on the server. Reads no items.
+// Lists the keys and how many items each has on the server. Does not read the items.
 void ShowKeys(const Session& session, bool json = false);
 
-// Names have at most 31 characters. The library sends the name of a new key that is longer as an
-// empty one.
+// Adds a key. The name must not be longer than 31 characters: the library would send an empty name.
 void AddKey(const Session& session, const std::string& name);
 void DeleteKey(const Session& session, const std::string& name);
 

@@ -9,7 +9,7 @@
 namespace quillctl {
 namespace {
 
-// The element of this name, or null.
+// Returns the element of this name, or null.
 template <class Named>
 const Named* Find(const std::vector<Named>& list, const std::string& name) {
   const auto found = std::ranges::find(list, name, &Named::name);
@@ -33,8 +33,8 @@ void AddItemChanges(std::vector<KeySetChange>& changes, const KeyFields& now,
   }
 }
 
-// ": address "a" -> "b", format 1 -> 2".
-std::string ChangedFields(const ItemFields& before, const ItemFields& after) {
+// Returns text such as: address "a" -> "b", format 1 -> 2
+std::string DescribedChanges(const ItemFields& before, const ItemFields& after) {
   std::string text;
   const auto add = [&text](const std::string& word, const std::string& from,
                            const std::string& to) {
@@ -58,7 +58,7 @@ std::string ChangedFields(const ItemFields& before, const ItemFields& after) {
 
 quillkit::CSoftKey* FindKey(quillkit::CTopLevelAB* book, const std::string& name) {
   const std::int32_t index = quillkit::FindSoftKeyIndex(book, name);
-  if (index < 0) throw Refusal("no soft key has the name " + Quoted(name));
+  if (index < 0) throw Refusal("no soft key has the name " + Quoted(name) + "; see quillctl keys");
   return quillkit::GetKeyAt(book, index);
 }
 
@@ -70,25 +70,26 @@ OwnedKey MakeKey(const std::string& name, quillkit::CTopLevelAB* book) {
   return owned;
 }
 
-void RequireWhole(quillkit::CSoftKey* key) {
+void RequireComplete(quillkit::CSoftKey* key) {
   const std::string name = Quoted(quillkit::GetKeyName(key));
   std::uint32_t stored = 0;
-  RequireGood(quillkit::GetDBItemCount(key, &stored), "count the items of " + name);
+  RequireSuccess(quillkit::GetDBItemCount(key, &stored), "count the items of " + name);
   const auto read = static_cast<std::uint32_t>(quillkit::GetItemCount(key));
   if (read == stored) return;
-  throw Refusal("cannot read the items of " + name + ": " + std::to_string(read) + " of " +
-                std::to_string(stored) + " came");
+  throw Refusal("cannot read the items of " + name + ": received " + std::to_string(read) + " of " +
+                std::to_string(stored));
 }
 
 std::vector<ItemFields> ItemsOf(quillkit::CSoftKey* key) {
-  RequireWhole(key);
+  RequireComplete(key);
   std::vector<ItemFields> items;
   const std::int32_t count = quillkit::GetItemCount(key);
   items.reserve(static_cast<std::size_t>(std::max(count, 0)));
   for (std::int32_t i = 0; i < count; ++i) {
     items.push_back(FieldsOf(quillkit::GetItemAt(key, i)));
     if (items.back().name.empty()) {
-      throw Refusal("an item of " + Quoted(quillkit::GetKeyName(key)) + " came without a name");
+      throw Refusal("cannot read the items of " + Quoted(quillkit::GetKeyName(key)) +
+                    ": received an item without a name");
     }
   }
   return items;
@@ -118,7 +119,7 @@ OwnedItem MakeItem(const ItemFields& fields) {
   OwnedItem item(made);
   for (const ItemText& each : kItemTexts) {
     if (each.store(made, fields.*each.field) == 1) continue;
-    throw Refusal("the item's " + std::string(each.title) + " has more than " +
+    throw Refusal("the item's " + std::string(each.title) + " is longer than " +
                   std::to_string(each.limit) + " characters");
   }
   quillkit::SetFileFormat(made, fields.fileFormat);
@@ -162,9 +163,9 @@ std::string Described(const KeySetChange& change) {
     case KeySetChange::kDeleteItem:
       return "- " + item;
     case KeySetChange::kDeleteKey:
-      return "- the key " + Quoted(change.key) + " and the items under it";
+      return "- the key " + Quoted(change.key) + " and its items";
     case KeySetChange::kChangeItem:
-      return "~ " + item + ChangedFields(change.before, change.item);
+      return "~ " + item + DescribedChanges(change.before, change.item);
     case KeySetChange::kAddKey:
       return "+ the key " + Quoted(change.key);
     case KeySetChange::kAddItem:

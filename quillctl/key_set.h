@@ -1,4 +1,4 @@
-// The soft keys of an appliance with their items as values: read in one piece, and compared.
+// Key sets: all soft keys of an appliance with their items, as values that can be compared.
 
 #ifndef QUILLCTL_KEY_SET_H_
 #define QUILLCTL_KEY_SET_H_
@@ -23,13 +23,12 @@ struct ItemFields {
   bool operator==(const ItemFields&) const = default;
 };
 
-// The texts of an item: what each is called, on the command line and in a file, and the most bytes
-// that it has room for.
+// A text field of an item.
 struct ItemText {
-  const char* word;
-  const char* title;  // in sentences
+  const char* word;   // its name in JSON
+  const char* title;  // its name in sentences
   std::string ItemFields::*field;
-  std::size_t limit;
+  std::size_t limit;  // in bytes
   std::int32_t (*store)(quillkit::CMenuItem* item, const std::string& text);
 };
 inline constexpr ItemText kItemTexts[] = {
@@ -39,7 +38,7 @@ inline constexpr ItemText kItemTexts[] = {
     {"application", "application tag", &ItemFields::appTag, 127, quillkit::SetAppTag},
 };
 
-// The numbers.
+// A number of an item.
 struct ItemNumber {
   const char* word;
   std::uint32_t ItemFields::*field;
@@ -51,19 +50,19 @@ inline constexpr ItemNumber kItemNumbers[] = {
 
 ItemFields FieldsOf(quillkit::CMenuItem* item);
 
-// Throws a Refusal that names the field when a text is longer than the item has room for.
+// Throws a Refusal that names the field if a text is too long for an item.
 OwnedItem MakeItem(const ItemFields& fields);
 
-// Eight digits: the word holds several settings.
+// Returns "0x" and eight digits.
 std::string Hexadecimal(std::uint32_t word);
 
-// "the item "Scan" under the key "Copy"".
+// Returns: the item "Scan" under the key "Copy"
 std::string DescribedItem(const std::string& item, const std::string& key);
 
-// The key of this name in a book that was loaded; throws a Refusal when there is none.
+// Returns the key of this name in a loaded book. Throws a Refusal if there is none.
 quillkit::CSoftKey* FindKey(quillkit::CTopLevelAB* book, const std::string& name);
 
-// A key that carries a name for the operations on a book.
+// Creates a key object that passes a name to the operations on a book.
 OwnedKey MakeKey(const std::string& name, quillkit::CTopLevelAB* book);
 
 struct KeyFields {
@@ -74,38 +73,39 @@ struct KeyFields {
 };
 using KeySet = std::vector<KeyFields>;
 
-inline constexpr std::size_t kMostKeys = 11;
-inline constexpr std::size_t kMostItems = 512;
+inline constexpr std::size_t kMaxKeys = 11;
+inline constexpr std::size_t kMaxItems = 512;
 
-// Throws a Refusal unless as many items of a key were read as the appliance has. Call it before
-// what was read is taken for the whole.
-void RequireWhole(quillkit::CSoftKey* key);
+// Throws a Refusal unless all items that the key has on the appliance were read. A read that fails
+// can leave fewer items.
+void RequireComplete(quillkit::CSoftKey* key);
 
-// The items of a key. Throws as RequireWhole does, and a Refusal for an item without a name, as
-// which a place that a server counts and does not fill looks.
+// Returns the items of a key. Throws a Refusal as RequireComplete does, and for an item without a
+// name: the server counted that item, but did not send it.
 std::vector<ItemFields> ItemsOf(quillkit::CSoftKey* key);
 
-// The keys of a book that was loaded with the items. Throws a Refusal for one that is not whole.
+// Returns the keys of a book that was loaded with the items. Throws a Refusal for an incomplete
+// key.
 KeySet KeysIn(quillkit::CTopLevelAB* book);
 
-// Reads all keys. Throws a Refusal when it cannot read them whole.
+// Reads all keys. Throws a Refusal if a key or an item cannot be read.
 KeySet ReadKeySet(const Session& session);
 
 struct KeySetChange {
-  // In the order in which they are made: what goes makes room for what comes.
+  // Changes are made in this order. Deletions come first to free space for additions.
   enum Kind { kDeleteItem, kDeleteKey, kChangeItem, kAddKey, kAddItem };
 
   Kind kind;
   std::string key;
-  ItemFields item;         // where it is about an item; of one that changes, as it will be
-  ItemFields before = {};  // of one that changes
+  ItemFields item;         // for a change of an item: the item with its new fields
+  ItemFields before = {};  // for kChangeItem: the old fields
 };
 
-// In the order of their kinds. The order of keys and of items does not count, and a key or an item
-// with another name is another one.
+// Returns the changes that turn `now` into `wanted`, in the order of their kinds. Ignores the order
+// of keys and items. A renamed key or item counts as deleted and added.
 std::vector<KeySetChange> Difference(const KeySet& now, const KeySet& wanted);
 
-// A line that begins with "-", "~" or "+": what goes, changes or comes.
+// Returns a line that begins with "-", "~" or "+" for a deletion, a change or an addition.
 std::string Described(const KeySetChange& change);
 
 }  // namespace quillctl

@@ -14,19 +14,19 @@
 namespace quillctl {
 namespace {
 
-// More than the largest key set takes, however it is written.
-constexpr std::size_t kMostBytes = std::size_t{32} << 20;
+// The maximum size of a key set's file. No valid key set needs that much.
+constexpr std::size_t kMaxFileSize = std::size_t{32} << 20;
 
-bool AskForConsent() {
+bool AskForConfirmation() {
   std::cout << "Make these changes? [y/N] " << std::flush;
-  if (!std::cout) throw Refusal("cannot show what would change");
+  if (!std::cout) throw Refusal("cannot print the changes; nothing was changed");
   std::string answer;
   std::getline(std::cin, answer);
   std::cout << '\n';
   return answer == "y" || answer == "yes" || answer == "y\r" || answer == "yes\r";
 }
 
-// Makes changes on the server; memory follows when the next key is added.
+// Makes changes on the server. Reads the keys into memory again only when they are needed.
 class KeySetWriter {
  public:
   explicit KeySetWriter(const Session& openSession)
@@ -42,7 +42,7 @@ class KeySetWriter {
       case KeySetChange::kChangeItem:
         return quillkit::ModifyMenuItem(KeyOf(change), MakeItem(change.item).get(), 0);
       case KeySetChange::kAddKey:
-        Refresh();  // the library counts the keys in memory
+        Refresh();  // the library checks the number of keys in memory
         isStale = true;
         return quillkit::AddKey(book, change.key, 0);
       case KeySetChange::kAddItem:
@@ -64,7 +64,7 @@ class KeySetWriter {
 
   const Session& session;
   quillkit::CTopLevelAB* book;
-  bool isStale = false;  // whether the keys in memory are not those of the server
+  bool isStale = false;  // whether the keys in memory differ from those on the server
 };
 
 void Make(const Session& session, const std::vector<KeySetChange>& changes) {
@@ -72,33 +72,32 @@ void Make(const Session& session, const std::vector<KeySetChange>& changes) {
   KeySetWriter writer(session);
   for (std::size_t i = 0; i < changes.size(); ++i) {
     try {
-      if (termination.IsRequested()) throw Refusal("interrupted before it");
-      RequireCode(writer.Make(changes[i]), 0);
+      if (termination.IsRequested()) throw Refusal("interrupted");
+      RequireStatus(writer.Make(changes[i]), 0);
     } catch (const Refusal& why) {
-      throw Refusal("this change failed: " + Described(changes[i]) + ": " + why.what() + "; of " +
-                    std::to_string(changes.size()) + " changes the " + std::to_string(i) +
-                    " before it were made and the " + std::to_string(changes.size() - i - 1) +
-                    " behind it were not; to go on, apply the file again");
+      throw Refusal("cannot make the change: " + Described(changes[i]) + ": " + why.what() + "; " +
+                    std::to_string(i) + " of " + std::to_string(changes.size()) +
+                    " changes were made; to continue, apply the file again");
     }
   }
 }
 
-// Whether the appliance has what was made, as far as it can be read.
-void RequireMade(const Session& session, const KeySet& wanted) {
-  std::vector<KeySetChange> open;
+// Reads the keys and throws a Refusal unless they are the wanted ones.
+void RequireApplied(const Session& session, const KeySet& wanted) {
+  std::vector<KeySetChange> missing;
   try {
-    open = Difference(ReadKeySet(session), wanted);
+    missing = Difference(ReadKeySet(session), wanted);
   } catch (const Refusal& why) {
-    throw Refusal(std::string("the appliance accepted all changes, and they cannot be read: ") +
+    throw Refusal(std::string("the appliance accepted all changes, but they cannot be read: ") +
                   why.what());
   }
-  if (open.empty()) return;
-  throw Refusal("the appliance accepted all changes, and yet this is to do: " +
-                Described(open.front()));
+  if (missing.empty()) return;
+  throw Refusal("the appliance accepted all changes, but did not make this one: " +
+                Described(missing.front()));
 }
 
-// Writes the keys and their items as JSON (key_set_json.h) to a file, or to standard output for an
-// empty path. Throws a Refusal, with nothing written, when they cannot be read whole.
+// Writes the keys and their items as JSON (key_set_json.h) to a file, or to standard output if
+// `path` is empty. Throws a Refusal and writes nothing if a key or an item cannot be read.
 void ExportKeys(const Session& session, const std::string& path) {
   const std::string json = JsonOf(ReadKeySet(session));
   if (path.empty()) {
@@ -106,29 +105,38 @@ void ExportKeys(const Session& session, const std::string& path) {
     return;
   }
   WriteTextFile(path, json);
-  std::cout << "Wrote the keys.\n";
+  std::cout << "Exported the keys to " << Quoted(path) << ".\n";
 }
 
-enum class Consent { kAsk, kGiven, kDryRun };
+enum class Confirmation { kAsk, kGiven, kDryRun };
 
-// Logs in, shows what differs between the appliance and the file, and, once somebody said yes,
-// makes the appliance's keys those of the file. Throws a UsageError for a file that is not
-// understood, with nothing asked of the appliance, and a Refusal when nobody said yes, when a
-// change fails or the user interrupts them, which tells how many were made before, and when the
-// appliance then does not have what the file tells.
-void ApplyKeys(const Credentials& credentials, const std::string& path, Consent consent) {
-  const KeySet wanted = ParseKeySet(ReadTextFile(path, kMostBytes));
+KeySet ReadKeyFile(const std::string& path) {
+  const std::string json = ReadTextFile(path, kMaxFileSize);
+  try {
+    return ParseKeySet(json);
+  } catch (const UsageError& error) {
+    throw UsageError(Quoted(path) + " is not a valid key file: " + error.what());
+  }
+}
+
+// Reads the file, logs in and prints the differences. After confirmation, makes the appliance's
+// keys those of the file. Throws a UsageError for an invalid file, without a server call. Throws a
+// Refusal if the user does not confirm; if a change fails or is interrupted, with the number of
+// changes that were made; and if the appliance's keys then still differ.
+void ApplyKeys(const Credentials& credentials, const std::string& path, Confirmation confirmation) {
+  const KeySet wanted = ReadKeyFile(path);
   const Session session(credentials);
   const std::vector<KeySetChange> changes = Difference(ReadKeySet(session), wanted);
   if (changes.empty()) {
-    std::cout << "The appliance has these keys and items already.\n";
+    std::cout << "Nothing to change: the appliance already has these keys and items.\n";
     return;
   }
   for (const KeySetChange& change : changes) std::cout << Described(change) << '\n';
-  if (consent == Consent::kDryRun) return;
-  if (consent == Consent::kAsk && !AskForConsent()) throw Refusal("nothing was changed");
+  if (confirmation == Confirmation::kDryRun) return;
+  if (confirmation == Confirmation::kAsk && !AskForConfirmation())
+    throw Refusal("not confirmed; nothing was changed");
   Make(session, changes);
-  RequireMade(session, wanted);
+  RequireApplied(session, wanted);
   std::cout << "Made " << changes.size() << (changes.size() == 1 ? " change.\n" : " changes.\n");
 }
 
@@ -143,18 +151,19 @@ void AddKeySetCommands(Commands& commands) {
   const auto a = std::make_shared<Arguments>();
   CLI::App* save = commands.Add("export", "Write all keys and items as JSON",
                                 [a](Session& s) { ExportKeys(s, a->file); });
-  save->add_option("file", a->file, "The file, else the standard output")->type_name("FILE");
+  save->add_option("file", a->file, "The file (default: standard output)")->type_name("FILE");
 
-  CLI::App* apply = commands.AddOffline("apply", "Make the keys those of a file of export",
+  CLI::App* apply = commands.AddOffline("apply", "Replace all keys and items by those in a file",
                                         [a](const Credentials& c) {
                                           ApplyKeys(c, a->file,
-                                                    a->dryRun ? Consent::kDryRun
-                                                    : a->yes  ? Consent::kGiven
-                                                              : Consent::kAsk);
+                                                    a->dryRun ? Confirmation::kDryRun
+                                                    : a->yes  ? Confirmation::kGiven
+                                                              : Confirmation::kAsk);
                                         });
-  apply->add_option("file", a->file, "The file")->required()->type_name("FILE");
-  auto* yes = apply->add_flag("--yes", a->yes, "Do not ask");
-  apply->add_flag("--dry-run", a->dryRun, "Show what differs, and change nothing")->excludes(yes);
+  apply->add_option("file", a->file, "A file written by export")->required()->type_name("FILE");
+  auto* yes = apply->add_flag("--yes", a->yes, "Do not ask for confirmation");
+  apply->add_flag("--dry-run", a->dryRun, "Print the differences, without changing anything")
+      ->excludes(yes);
 }
 
 }  // namespace quillctl

@@ -1,4 +1,4 @@
-// The whole key set as a file: out of an appliance, and into one.
+// `quillctl export` and `quillctl apply`: save an appliance's key set to a file, and restore it.
 
 #ifndef QUILLCTL_KEY_SET_COMMANDS_H_
 #define QUILLCTL_KEY_SET_COMMANDS_H_

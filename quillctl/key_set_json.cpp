@@ -29,46 +29,47 @@ bool HoldsUtf8(const KeySet& keys) {
   });
 }
 
-// One byte a character, or a UsageError.
+// Returns the text with one byte for each character. Throws a UsageError for a character outside
+// Latin-1.
 std::string Latin1FromUtf8(const std::string& utf8, const std::string& where) {
   std::string text;
   for (std::size_t i = 0; i < utf8.size(); ++i) {
     const auto byte = static_cast<unsigned char>(utf8[i]);
-    if (byte > 0xC3) throw UsageError(where + " has a character that latin-1 lacks");
+    if (byte > 0xC3) throw UsageError(where + " has a character outside latin-1");
     text += byte < 0x80 ? utf8[i] : static_cast<char>((byte & 3) << 6 | (utf8[++i] & 0x3F));
   }
   return text;
 }
 
-// Refuses, while the file is parsed, what the parser would take: it lets the later of two members
-// of one name stand, and spends much time on very many of them and memory on depth.
+// Rejects input that the parser accepts: duplicate members, of which the parser keeps only the
+// last; too many members, which take much time; and deep nesting, which takes much memory.
 class ParseGuard {
  public:
   bool operator()(int depth, Json::parse_event_t event, const Json& parsed) {
     using Event = Json::parse_event_t;
-    if (depth > kMostDepth) throw UsageError("the file is nested too deep");
+    if (depth > kMaxDepth) throw UsageError("the file is nested too deeply");
     if (event == Event::object_start) objectNames.emplace_back();
     if (event == Event::object_end) objectNames.pop_back();
-    if (event == Event::key) Take(parsed.get<std::string>());
+    if (event == Event::key) AddMember(parsed.get<std::string>());
     return true;
   }
 
  private:
-  static constexpr int kMostDepth = 8;
-  static constexpr std::size_t kMostMembers = 16;
+  static constexpr int kMaxDepth = 8;
+  static constexpr std::size_t kMaxMembers = 16;
 
-  void Take(const std::string& name) {
+  void AddMember(const std::string& name) {
     std::set<std::string>& names = objectNames.back();
     if (!names.insert(name).second) {
-      throw UsageError("an object of the file has two members " + Quoted(name));
+      throw UsageError("an object has two members " + Quoted(name));
     }
-    if (names.size() > kMostMembers) throw UsageError("an object of the file has too many members");
+    if (names.size() > kMaxMembers) throw UsageError("an object has too many members");
   }
 
-  std::vector<std::set<std::string>> objectNames;  // of the objects that are open
+  std::vector<std::set<std::string>> objectNames;  // the member names of each open object
 };
 
-// Reads the values of a file that is JSON. `where` is what a value is called in a failure.
+// Reads a key set from parsed JSON. `where` is the position of a value in error messages.
 class Reader {
  public:
   KeySet Read(const Json& file) {
@@ -83,10 +84,10 @@ class Reader {
     }
     KeySet keys;
     std::set<std::string> names;
-    for (const Json& each : List(file, "keys", "the file", kMostKeys)) {
+    for (const Json& each : List(file, "keys", "the file", kMaxKeys)) {
       const std::string where = "key " + std::to_string(keys.size() + 1);
       keys.push_back(Key(each, where));
-      if (!names.insert(keys.back().name).second) throw UsageError(where + " is there twice");
+      if (!names.insert(keys.back().name).second) throw UsageError(where + kDuplicate);
     }
     return keys;
   }
@@ -94,7 +95,7 @@ class Reader {
  private:
   static void RequireMembers(const Json& object, const std::string& where,
                              const std::vector<std::string>& known) {
-    if (!object.is_object()) throw UsageError(where + " is no object");
+    if (!object.is_object()) throw UsageError(where + " is not an object");
     for (const auto& [name, value] : object.items()) {
       if (std::ranges::find(known, name) != known.end()) continue;
       throw UsageError(where + " has an unknown member " + Quoted(name));
@@ -102,13 +103,13 @@ class Reader {
   }
 
   static const Json& List(const Json& object, const char* member, const std::string& where,
-                          std::size_t most) {
+                          std::size_t limit) {
     const auto found = object.find(member);
     if (found == object.end() || !found->is_array()) {
       throw UsageError(where + " has no list \"" + member + "\"");
     }
-    if (found->size() > most) {
-      throw UsageError(where + " has more than " + std::to_string(most) + " " + member);
+    if (found->size() > limit) {
+      throw UsageError(where + " has more than " + std::to_string(limit) + " " + member);
     }
     return *found;
   }
@@ -118,10 +119,10 @@ class Reader {
     KeyFields key{Text(json, "name", where, kItemTexts[0].limit), {}};
     if (key.name.empty()) throw UsageError(where + " has no name");
     std::set<std::string> names;
-    for (const Json& each : List(json, "items", where, kMostItems)) {
+    for (const Json& each : List(json, "items", where, kMaxItems)) {
       const std::string item = where + ", item " + std::to_string(key.items.size() + 1);
       key.items.push_back(Item(each, item));
-      if (!names.insert(key.items.back().name).second) throw UsageError(item + " is there twice");
+      if (!names.insert(key.items.back().name).second) throw UsageError(item + kDuplicate);
     }
     return key;
   }
@@ -144,12 +145,12 @@ class Reader {
                    std::size_t limit) const {
     const std::string what = where + ": its " + member;
     const Json value = object.value(member, Json(""));
-    if (!value.is_string()) throw UsageError(what + " is no text");
+    if (!value.is_string()) throw UsageError(what + " is not a string");
     std::string text = value.get<std::string>();
     if (isLatin1) text = Latin1FromUtf8(text, what);
-    if (text.find('\0') != text.npos) throw UsageError(what + " holds a character 0");
+    if (text.find('\0') != text.npos) throw UsageError(what + " contains a NUL character");
     if (text.size() <= limit) return text;
-    throw UsageError(what + " has more than " + std::to_string(limit) + " characters");
+    throw UsageError(what + " is longer than " + std::to_string(limit) + " characters");
   }
 
   static std::uint32_t Number(const Json& object, const char* member, const std::string& where) {
@@ -158,9 +159,10 @@ class Reader {
         value.get<std::uint64_t>() <= std::numeric_limits<std::uint32_t>::max()) {
       return value.get<std::uint32_t>();
     }
-    throw UsageError(where + ": its " + member + " is no number from 0 to 4294967295");
+    throw UsageError(where + ": its " + member + " is not a number from 0 to 4294967295");
   }
 
+  static constexpr const char* kDuplicate = " has the same name as an earlier one";
   bool isLatin1 = false;
 };
 
@@ -190,7 +192,7 @@ KeySet ParseKeySet(std::string_view json) {
   } catch (const Json::parse_error& error) {
     const std::string_view read = json.substr(0, std::min(error.byte, json.size()));
     throw UsageError("line " + std::to_string(1 + std::ranges::count(read, '\n')) +
-                     " of the file is not JSON");
+                     " is not valid JSON");
   }
   return Reader().Read(file);
 }

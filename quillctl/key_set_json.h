@@ -1,4 +1,4 @@
-// A key set as a JSON file:
+// The JSON file of a key set:
 //
 //   {
 //     "quillbox-keys": 1,
@@ -11,9 +11,9 @@
 //     ]
 //   }
 //
-// The appliance's texts are bytes without a character set, and JSON is Unicode. Where every text is
-// valid UTF-8 the file says "utf-8" and holds them as they are; else it says "latin-1" and each
-// character of a text is one byte. Both come back as the same bytes.
+// The appliance's texts are bytes without a character set, but JSON is Unicode. If every text is
+// valid UTF-8, "encoding" is "utf-8" and the file contains the texts unchanged. Otherwise it is
+// "latin-1" and each character of a text is one byte. Both restore the same bytes.
 
 #ifndef QUILLCTL_KEY_SET_JSON_H_
 #define QUILLCTL_KEY_SET_JSON_H_
@@ -27,9 +27,10 @@ namespace quillctl {
 
 std::string JsonOf(const KeySet& keys);
 
-// Throws a UsageError that tells where and what for a text that is no such file, or one that no
-// appliance could hold: names that are empty, too long or there twice, too many keys or items,
-// texts without room. "encoding" may be absent, for utf-8, and so may all of an item but its name.
+// Throws a UsageError with the position and the error if the text is not such a file, or contains a
+// set that no appliance can store: names that are empty, too long or duplicate, too many keys or
+// items, or a text that is too long. "encoding" is optional, with the default "utf-8". In an item
+// only the name is required.
 KeySet ParseKeySet(std::string_view json);
 
 }  // namespace quillctl

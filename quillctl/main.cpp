@@ -1,4 +1,4 @@
-// quillctl: the command-line tool, a program on the class library.
+// quillctl: the command-line tool. It uses the class library.
 
 #include <iostream>
 
@@ -9,8 +9,8 @@
 namespace quillctl {
 namespace {
 
-// The class library, started while this object lives. A failed start is shown; every call to the
-// server then has status 20.
+// Starts the class library and stops it in the destructor. A failed start is reported; every server
+// call then returns status 20.
 class RunningLibrary {
  public:
   RunningLibrary() {
@@ -21,17 +21,17 @@ class RunningLibrary {
   ~RunningLibrary() { quillkit::CToolkitApp::Stop(); }
 };
 
-int Report(const char* text, int status) {
+int PrintError(const char* text, int status) {
   std::cout.flush();
   std::cerr << "quillctl: " << text << '\n';
   return status;
 }
 
-// The status, unless what the command shows could not be written.
-int Ended(int status) {
+// Returns the status, or kExitRefused if the output of the command could not be written.
+int FinalStatus(int status) {
   std::cout.flush();
   if (std::cout) return status;
-  return Report("cannot write the output; what the command did stands", kExitRefused);
+  return PrintError("cannot write to standard output; the command was carried out", kExitRefused);
 }
 
 }  // namespace
@@ -41,14 +41,14 @@ int main(int argc, char** argv) {
   const quillctl::RunningLibrary library;
   try {
     quillctl::RunCommandLine(argc, argv);
-    return quillctl::Ended(quillctl::kExitGood);
+    return quillctl::FinalStatus(quillctl::kExitSuccess);
   } catch (const quillctl::UsageError& error) {
-    return quillctl::Report(error.what(), quillctl::kExitUsage);
+    return quillctl::PrintError(error.what(), quillctl::kExitUsage);
   } catch (const quillctl::PartialFailure& error) {
-    return quillctl::Ended(quillctl::Report(error.what(), quillctl::kExitPartly));
+    return quillctl::FinalStatus(quillctl::PrintError(error.what(), quillctl::kExitPartial));
   } catch (const quillctl::LoginRefusal& error) {
-    return quillctl::Report(error.what(), quillctl::kExitNoLogin);
+    return quillctl::PrintError(error.what(), quillctl::kExitNoLogin);
   } catch (const std::exception& error) {
-    return quillctl::Report(error.what(), quillctl::kExitRefused);
+    return quillctl::PrintError(error.what(), quillctl::kExitRefused);
   }
 }

@@ -11,32 +11,32 @@
 namespace quillctl {
 namespace {
 
-// Far more than the library takes: what is cut here is refused there.
-constexpr std::size_t kMostRead = 256;
+// Far more than the library accepts, so that it refuses a password that is cut here.
+constexpr std::size_t kMaxPasswordLine = 256;
 
-std::string FirstLine(std::istream& in, const char* whatIsWrong) {
+std::string FirstLine(std::istream& in, const char* fault) {
   std::string line;
   char c = 0;
-  while (line.size() < kMostRead && in.get(c) && c != '\n') line += c;
-  if (line.empty() && !in) throw UsageError(whatIsWrong);
+  while (line.size() < kMaxPasswordLine && in.get(c) && c != '\n') line += c;
+  if (line.empty() && !in) throw UsageError(fault);
   if (line.ends_with('\r')) line.pop_back();
-  if (line.find('\0') != line.npos) throw UsageError("the password holds a character 0");
+  if (line.find('\0') != line.npos) throw UsageError("the password contains a NUL character");
   return line;
 }
 
 }  // namespace
 
-std::string PasswordInFile(const std::string& path) {
+std::string PasswordFromFile(const std::string& path) {
   std::ifstream file(path);
-  return FirstLine(file, "the password file cannot be read or is empty");
+  return FirstLine(file, "--password-file: cannot read the file, or it is empty");
 }
 
-std::string PasswordInInput() {
+std::string PasswordFromStdin() {
   const EchoOff echoOff;
-  return FirstLine(std::cin, "standard input has no line with the password");
+  return FirstLine(std::cin, "--password-stdin: standard input is empty");
 }
 
-std::optional<std::string> PasswordInEnvironment() {
+std::optional<std::string> PasswordFromEnvironment() {
   const char* const value = std::getenv("QUILLCTL_PASSWORD");
   if (value == nullptr || *value == '\0') return std::nullopt;
   return value;
@@ -46,8 +46,8 @@ std::string AskForPassword(const std::string& user, const std::string& host) {
   if (!StdinIsTerminal()) return {};
   const EchoOff echoOff;
   std::cerr << "Password of " << Quoted(user) << " at " << Quoted(host) << ": " << std::flush;
-  std::string password = FirstLine(std::cin, "no password was typed");
-  std::cerr << '\n';  // the one that was typed does not show either
+  std::string password = FirstLine(std::cin, "no password was entered");
+  std::cerr << '\n';  // the terminal does not echo the user's newline either
   return password;
 }
 

@@ -1,4 +1,4 @@
-// Where a password comes from when it does not stand on the command line.
+// Sources of the password other than the command line.
 
 #ifndef QUILLCTL_PASSWORD_H_
 #define QUILLCTL_PASSWORD_H_
@@ -8,16 +8,16 @@
 
 namespace quillctl {
 
-// The first line of a file or of standard input. Throw a UsageError when there is none, and when it
-// holds a character 0, behind which the library would not look.
-std::string PasswordInFile(const std::string& path);
-std::string PasswordInInput();
+// Return the first line of a file or of standard input. Throw a UsageError if there is none, and if
+// it contains a NUL, because the library ignores what follows it.
+std::string PasswordFromFile(const std::string& path);
+std::string PasswordFromStdin();
 
-// The environment's, where it has one.
-std::optional<std::string> PasswordInEnvironment();
+// Returns the value of QUILLCTL_PASSWORD, or none if it is not set or empty.
+std::optional<std::string> PasswordFromEnvironment();
 
-// Asks whoever sits at the terminal, which does not show what is typed. Empty where standard input
-// is no terminal: GUEST has no password. Throws a UsageError as the others do.
+// Asks the user at the terminal, without echo. Returns an empty password if standard input is not a
+// terminal: the account GUEST has no password. Throws a UsageError as the other functions do.
 std::string AskForPassword(const std::string& user, const std::string& host);
 
 }  // namespace quillctl

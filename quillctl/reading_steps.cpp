@@ -11,7 +11,7 @@
 namespace quillctl {
 namespace {
 
-// All that the exported functions call.
+// The entry points that the exported functions call.
 constexpr const char* kEntryPoints[] = {
     "IMSPInit",
     "IMSPTerminate",
@@ -34,41 +34,42 @@ std::string Counted(std::size_t count, const std::string& what) {
   return std::to_string(count) + ' ' + what + (count == 1 ? "" : "s");
 }
 
-std::string FindServerLibrary(Checkup&) {
+std::string LoadServerLibrary(CheckRun&) {
   struct Unload {
     void operator()(void* module) const { quillkit::UnloadModule(module); }
   };
   const std::unique_ptr<void, Unload> module(quillkit::LoadModule("IMSPAPI"));
-  if (module == nullptr) throw Refusal("there is none, or it cannot be loaded");
+  if (module == nullptr) throw Refusal("not found, or cannot be loaded");
   std::string missing;
   for (const char* each : kEntryPoints) {
     if (quillkit::FindEntryPoint(module.get(), each) == nullptr) missing += std::string(" ") + each;
   }
-  if (!missing.empty()) throw Refusal("it lacks" + missing);
-  return "with its " + Counted(std::size(kEntryPoints), "entry point");
+  if (!missing.empty()) throw Refusal("missing entry points:" + missing);
+  return "it has all " + Counted(std::size(kEntryPoints), "entry point");
 }
 
-std::string LogIn(Checkup& checkup) {
-  return Quoted(checkup.LogIn().User());
+std::string LogIn(CheckRun& check) {
+  return Quoted(check.LogIn().User());
 }
 
-std::string AskIdentity(Checkup& checkup) {
-  quillkit::CScanner* scanner = checkup.OpenSession().Scanner();
+std::string ReadIdentity(CheckRun& check) {
+  quillkit::CScanner* scanner = check.OpenSession().Scanner();
   const std::string model = quillkit::GetScannerModel(scanner);
   const std::string version = quillkit::GetScannerVersion(scanner);
-  if (model.empty() || version.empty()) throw Refusal("the server tells no model or no version");
+  if (model.empty() || version.empty()) throw Refusal("the server reports no model or no version");
   return Quoted(model) + ", version " + Quoted(version) + ", at " +
          DottedAddress(quillkit::GetScannerAddress(scanner));
 }
 
-std::string AskAccount(Checkup& checkup) {
-  const Session& session = checkup.OpenSession();
+std::string ReadRights(CheckRun& check) {
+  const Session& session = check.OpenSession();
   if (quillkit::GetCurrentConnectedUser(session.Scanner()) == nullptr) {
-    throw Refusal("the library knows of no user");
+    throw Refusal("the library reports no user");
   }
   const bool isAdmin = quillkit::IsAdminConnected(session.Scanner()) != 0;
-  if (isAdmin != (session.User() == kAdministrator)) throw Refusal("it has another one's rights");
-  return isAdmin ? "an administrator" : "no administrator";
+  if (isAdmin != (session.User() == kAdministrator))
+    throw Refusal("the rights are those of another account");
+  return isAdmin ? "administrator" : "not administrator";
 }
 
 void RequireBook(const Session& session) {
@@ -77,8 +78,8 @@ void RequireBook(const Session& session) {
   }
 }
 
-std::string ListKeys(Checkup& checkup) {
-  const Session& session = checkup.OpenSession();
+std::string ListKeys(CheckRun& check) {
+  const Session& session = check.OpenSession();
   RequireBook(session);
   quillkit::CTopLevelAB* book = session.LoadKeys(false);
   std::vector<std::string> names;
@@ -89,58 +90,59 @@ std::string ListKeys(Checkup& checkup) {
       throw Refusal("two keys have the name " + Quoted(names.back()));
     }
   }
-  checkup.SetListed(names);
+  check.SetListedNames(names);
   return Counted(names.size(), "key");
 }
 
-// The keys, for the steps behind this one.
-std::string ReadItems(Checkup& checkup) {
-  RequireBook(checkup.OpenSession());
-  KeySet keys = ReadKeySet(checkup.OpenSession());
-  if (!std::ranges::equal(keys, checkup.Listed(), {}, &KeyFields::name)) {
-    throw Refusal("the keys are not those that were listed before");
+// Reads the keys and their items, and keeps them for later steps.
+std::string ReadItems(CheckRun& check) {
+  RequireBook(check.OpenSession());
+  KeySet keys = ReadKeySet(check.OpenSession());
+  if (!std::ranges::equal(keys, check.ListedNames(), {}, &KeyFields::name)) {
+    throw Refusal("the keys differ from those listed before");
   }
   std::size_t items = 0;
   for (const KeyFields& each : keys) items += each.items.size();
-  checkup.SetKeys(std::move(keys));
-  return Counted(items, "item") + ", as many as the server counts";
+  check.SetKeys(std::move(keys));
+  return Counted(items, "item") + ", as the server counts";
 }
 
-std::string ReadKeyByKey(Checkup& checkup) {
-  const KeySet& keys = checkup.Keys();
-  quillkit::CTopLevelAB* book = checkup.OpenSession().LoadKeys(true);
+std::string ReadKeyByKey(CheckRun& check) {
+  const KeySet& keys = check.Keys();
+  quillkit::CTopLevelAB* book = check.OpenSession().LoadKeys(true);
   for (const KeyFields& each : keys) {
     quillkit::CSoftKey* key = quillkit::LoadItems(book, each.name);
     const std::int32_t status = quillkit::GetLastToolkitError();
     const bool isGood = status == 0 || (status == quillkit::kDataNotFound && each.items.empty());
     if (key == nullptr || !isGood) throw Refusal(Quoted(each.name) + ": " + CodeAndText(status));
-    if (ItemsOf(key) != each.items) throw Refusal(Quoted(each.name) + " has other items");
+    if (ItemsOf(key) != each.items) throw Refusal(Quoted(each.name) + " now has other items");
   }
   return {};
 }
 
-std::string ReadAgain(Checkup& checkup) {
-  checkup.RequireSameKeys();
+std::string ReadAgain(CheckRun& check) {
+  check.RequireUnchangedKeys();
   return {};
 }
 
-std::string AskForUnknownKey(Checkup& checkup) {
-  quillkit::CTopLevelAB* book = checkup.OpenSession().Book();
+std::string ReadUnknownKey(CheckRun& check) {
+  quillkit::CTopLevelAB* book = check.OpenSession().Book();
   RequireUnknown(book, FreeName(book));
   return "refused with " + CodeAndText(quillkit::kNoSuchBook);
 }
 
-std::string LogInAgain(Checkup& checkup) {
-  checkup.Keys();
-  checkup.OpenSession().LogIn();
-  checkup.RequireSameKeys();
+std::string LogInAgain(CheckRun& check) {
+  check.Keys();
+  check.OpenSession().LogIn();
+  check.RequireUnchangedKeys();
   return {};
 }
 
-std::string LogOut(Checkup& checkup) {
-  Session& session = checkup.OpenSession();
+std::string LogOut(CheckRun& check) {
+  Session& session = check.OpenSession();
   session.LogOut();
-  if (quillkit::GetCurrentConnectedUser(nullptr) != nullptr) throw Refusal("a user is left");
+  if (quillkit::GetCurrentConnectedUser(nullptr) != nullptr)
+    throw Refusal("a user is still logged in");
   return {};
 }
 
@@ -148,16 +150,16 @@ std::string LogOut(Checkup& checkup) {
 
 std::vector<Step> ReadingSteps() {
   return {
-      {"the server library", FindServerLibrary},
+      {"load the server library", LoadServerLibrary},
       {"log in", LogIn},
-      {"the appliance tells what it is", AskIdentity},
-      {"the rights of the account", AskAccount},
+      {"read the appliance's identity", ReadIdentity},
+      {"read the account's rights", ReadRights},
       {"list the keys", ListKeys},
       {"read the items", ReadItems},
-      {"read them key by key", ReadKeyByKey},
+      {"read the items key by key", ReadKeyByKey},
       {"read all again", ReadAgain},
-      {"a key that is not there", AskForUnknownKey},
-      {"log in a second time", LogInAgain},
+      {"read a key that does not exist", ReadUnknownKey},
+      {"log in again", LogInAgain},
   };
 }
 

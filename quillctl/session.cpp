@@ -7,14 +7,15 @@
 namespace quillctl {
 namespace {
 
-// A login that the library refuses itself, before it asks the server, records nothing.
-std::string WhyNoLogin(const Credentials& credentials) {
+// Returns the reason of a failed login. If the library refuses it without a server call, it records
+// no error.
+std::string LoginFault(const Credentials& credentials) {
   const std::int32_t status = quillkit::GetLastToolkitError();
   if (status != 0) return CodeAndText(status);
-  if (credentials.user.size() > 31) return "the user has more than 31 characters";
+  if (credentials.user.size() > 31) return "the user name has more than 31 characters";
   if (credentials.password->size() > 15) return "the password has more than 15 characters";
   if (credentials.third.size() > 255) return "the third field has more than 255 characters";
-  return "no appliance can have this address";
+  return "this address is invalid for an appliance";
 }
 
 }  // namespace
@@ -32,7 +33,7 @@ void Session::LogIn() {
   isOpen = scanner != nullptr;
   if (isOpen) return;
   throw LoginRefusal("cannot log in to " + Quoted(credentials.host) + " as " +
-                     Quoted(credentials.user) + ": " + WhyNoLogin(credentials));
+                     Quoted(credentials.user) + ": " + LoginFault(credentials));
 }
 
 Session::~Session() {
@@ -48,12 +49,13 @@ void Session::LogOut() {
 quillkit::CTopLevelAB* Session::Book() const {
   quillkit::CTopLevelAB* book = quillkit::GetTopLevelAbook(scanner);
   if (book != nullptr) return book;
-  throw Refusal(Quoted(User()) + " has no soft keys; ADMINISTRATOR and TOOLKIT do");
+  throw Refusal("the account " + Quoted(User()) +
+                " has no soft keys; log in as ADMINISTRATOR or TOOLKIT");
 }
 
 quillkit::CTopLevelAB* Session::LoadKeys(bool withItems) const {
   quillkit::CTopLevelAB* const loaded = Book();
-  RequireGood(quillkit::LoadTopLevelAbook(loaded, withItems ? 1 : 0), "read the soft keys");
+  RequireSuccess(quillkit::LoadTopLevelAbook(loaded, withItems ? 1 : 0), "read the soft keys");
   return loaded;
 }
 

@@ -1,5 +1,4 @@
-// A login to the appliance that lasts as long as this object, and the handles that the rest of
-// quillctl works with.
+// The login session, and the handles that commands use.
 
 #ifndef QUILLCTL_SESSION_H_
 #define QUILLCTL_SESSION_H_
@@ -12,17 +11,17 @@
 
 namespace quillctl {
 
-// The account that may do everything.
+// The account with all rights.
 inline constexpr const char* kAdministrator = "ADMINISTRATOR";
 
 struct Credentials {
   std::string host = "127.0.0.1";
   std::string user = kAdministrator;
-  std::optional<std::string> password;  // none: whoever sits at the terminal is asked
+  std::optional<std::string> password;  // if absent, the user is asked at the terminal
   std::string third;
 };
 
-// Objects that the application owns.
+// Handles that the application owns.
 struct DestroyHandle {
   void operator()(quillkit::CMenuItem* item) const { quillkit::DestroyMenuItem(item); }
   void operator()(quillkit::CSoftKey* key) const { quillkit::DestroySoftKey(key); }
@@ -30,31 +29,32 @@ struct DestroyHandle {
 using OwnedItem = std::unique_ptr<quillkit::CMenuItem, DestroyHandle>;
 using OwnedKey = std::unique_ptr<quillkit::CSoftKey, DestroyHandle>;
 
+// A login session. It lasts as long as this object.
 class Session {
  public:
-  // Logs in. Throws a LoginRefusal that tells why when that fails.
+  // Logs in. Throws a LoginRefusal with the reason on failure.
   explicit Session(const Credentials& newCredentials);
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 
-  // Logs out, unless LogOut has, and lets the server library go.
+  // Logs out, unless LogOut was called, and releases the server library.
   ~Session();
 
-  // The scanner stays readable.
+  // Logs out. Scanner() can still be read.
   void LogOut();
 
-  // Logs in anew, as the constructor did. Handles of the session before are good no more.
+  // Logs in again with the same credentials. Handles from before become invalid.
   void LogIn();
 
   bool IsOpen() const { return isOpen; }
   quillkit::CScanner* Scanner() const { return scanner; }
   const std::string& User() const { return credentials.user; }
 
-  // The top-level book as it is in memory. Throws a Refusal for a user who has none.
+  // Returns the top-level book without reading it. Throws a Refusal for an account that has none.
   quillkit::CTopLevelAB* Book() const;
 
-  // The top-level book, with its keys read anew, and their items too when `withItems` is set.
-  // Throws as Book() does, and a Refusal when it cannot be read.
+  // Reads the keys and, if `withItems` is set, their items. Returns the top-level book. Throws a
+  // Refusal as Book() does, and if the keys cannot be read.
   quillkit::CTopLevelAB* LoadKeys(bool withItems) const;
 
  private:

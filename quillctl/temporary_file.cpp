@@ -13,7 +13,7 @@ TemporaryFile::TemporaryFile(std::string_view bytes) : TemporaryFile() {
   if (!created.file.Close()) throw Refusal(kNoTemporaryFile);
 }
 
-// A file that is open cannot be deleted on every system.
+// Some systems cannot delete an open file.
 TemporaryFile::~TemporaryFile() {
   created.file.Close();
   quillkit::DeleteFileAt(created.path);

@@ -1,4 +1,4 @@
-// A file in the system's folder for temporary ones that lasts as long as this object.
+// Temporary files.
 
 #ifndef QUILLCTL_TEMPORARY_FILE_H_
 #define QUILLCTL_TEMPORARY_FILE_H_
@@ -12,13 +12,14 @@
 namespace quillctl {
 
 inline constexpr const char* kNoTemporaryFile =
-    "a temporary file cannot be written; the variable TMPDIR, or TMP, names its folder";
+    "cannot write a temporary file; check the folder in the variable TMPDIR (on Windows: TMP)";
 
+// A file in the system's folder for temporary files. The destructor deletes it.
 class TemporaryFile {
  public:
-  // Creates it, empty and open for writing. Throws a Refusal when that fails.
+  // Creates an empty file, open for writing. Throws a Refusal on failure.
   TemporaryFile();
-  // Creates it with these bytes, and closes it. Throws a Refusal when that fails.
+  // Creates a file with these bytes and closes it. Throws a Refusal on failure.
   explicit TemporaryFile(std::string_view bytes);
   TemporaryFile(const TemporaryFile&) = delete;
   TemporaryFile& operator=(const TemporaryFile&) = delete;
@@ -26,8 +27,8 @@ class TemporaryFile {
 
   const std::string& path() const { return created.path; }
 
-  // The open file of an empty one. Called once.
-  quillkit::OpenFile TakeFile() { return std::move(created.file); }
+  // Passes the open file of TemporaryFile() to the caller. Call it once.
+  quillkit::OpenFile ReleaseFile() { return std::move(created.file); }
 
  private:
   quillkit::CreatedFile created;

@@ -1,9 +1,9 @@
 #include "quillctl/text_file.h"
 
 #include <array>
+#include <cerrno>
 #include <filesystem>
-#include <optional>
-#include <utility>
+#include <system_error>
 
 #include "platform/open_file.h"
 #include "platform/written_file.h"
@@ -13,31 +13,38 @@
 namespace quillctl {
 namespace {
 
-constexpr std::size_t kLargest = std::size_t{64} << 20;
+constexpr std::size_t kMaxImportSize = std::size_t{64} << 20;
 
-// The bytes of a file, or none where it cannot be read. Of one that has more than `most` no more is
-// read than tells so: what comes is longer than that.
-std::optional<std::string> ReadBytes(const std::string& path, std::size_t most) {
+// Returns the reason of an error number. Systems have different numbers for reading a folder.
+std::string ReadFault(const std::string& path, int error) {
+  std::error_code failure;
+  if (std::filesystem::is_directory(path, failure)) return "it is a folder";
+  return std::generic_category().message(error);
+}
+
+// Returns the bytes of a file. Throws a UsageError with the quoted name if the file cannot be read
+// or is larger than `limit` bytes.
+std::string ReadBytes(const std::string& path, const std::string& name, std::size_t limit) {
   quillkit::OpenFile file = quillkit::OpenFile::ToRead(path.c_str());
-  if (!file.IsOpen()) return std::nullopt;
   std::string bytes;
   std::array<char, 65536> block = {};
-  while (bytes.size() <= most) {
+  while (file.IsOpen() && bytes.size() <= limit) {
     const std::size_t size = file.Read(block.data(), block.size());
     if (size == 0) break;
     bytes.append(block.data(), size);
   }
-  if (file.HasFailed()) return std::nullopt;
-  return bytes;
+  if (const int error = errno; !file.IsOpen() || file.HasFailed()) {
+    throw UsageError("cannot read " + name + ": " + ReadFault(path, error));
+  }
+  if (bytes.size() <= limit) return bytes;
+  throw UsageError("cannot read " + name + ": it is larger than " + std::to_string(limit >> 20) +
+                   " MiB");
 }
 
 }  // namespace
 
-std::string ReadTextFile(const std::string& path, std::size_t most) {
-  std::optional<std::string> text = ReadBytes(path, most);
-  if (!text) throw UsageError("cannot read " + Quoted(path));
-  if (text->size() > most) throw UsageError(Quoted(path) + " is too large");
-  return std::move(*text);
+std::string ReadTextFile(const std::string& path, std::size_t limit) {
+  return ReadBytes(path, Quoted(path), limit);
 }
 
 void WriteTextFile(const std::string& path, const std::string& text) {
@@ -46,15 +53,12 @@ void WriteTextFile(const std::string& path, const std::string& text) {
   if (std::filesystem::exists(found) && !std::filesystem::is_regular_file(found)) {
     if (!quillkit::WriteFileInPlace(path, text)) throw Refusal("cannot write " + Quoted(path));
   } else if (!quillkit::WriteFileWhole(path, text)) {
-    throw Refusal("cannot write " + Quoted(path) + "; what was there is as it was");
+    throw Refusal("cannot write " + Quoted(path) + "; an existing file was not changed");
   }
 }
 
 std::string ReadImportFile(const std::string& path) {
-  std::optional<std::string> bytes = ReadBytes(path, kLargest);
-  if (!bytes) throw UsageError(WithoutFolder(path) + " cannot be read");
-  if (bytes->size() > kLargest) throw UsageError(WithoutFolder(path) + " is larger than 64 MiB");
-  return std::move(*bytes);
+  return ReadBytes(path, QuotedFileName(path), kMaxImportSize);
 }
 
 std::string_view WithoutByteOrderMark(std::string_view text) {
@@ -62,7 +66,7 @@ std::string_view WithoutByteOrderMark(std::string_view text) {
   return text;
 }
 
-std::string WithoutFolder(const std::string& path) {
+std::string QuotedFileName(const std::string& path) {
   const std::string name = std::filesystem::path(path).filename().string();
   return Quoted(name.empty() ? path : name);
 }
@@ -76,7 +80,7 @@ bool FileLines::Next() {
   return true;
 }
 
-bool FileLines::IsBlank() const {
+bool FileLines::IsWhiteSpace() const {
   return bytes.find_first_not_of(" \t\n\v\f\r") == bytes.npos;
 }
 
@@ -87,7 +91,7 @@ std::string_view FileLines::Text() const {
   return text;
 }
 
-std::string FileLines::Folded() const {
+std::string FileLines::TextWithLf() const {
   std::string folded(Text());
   if (bytes.ends_with('\n')) folded += '\n';
   return folded;

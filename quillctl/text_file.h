@@ -1,4 +1,4 @@
-// Files that are read and written whole, and their lines.
+// Reading and writing whole files, and iterating over their lines.
 
 #ifndef QUILLCTL_TEXT_FILE_H_
 #define QUILLCTL_TEXT_FILE_H_
@@ -9,39 +9,41 @@
 
 namespace quillctl {
 
-// Throws a UsageError for a file that cannot be read or has more bytes than `most`.
-std::string ReadTextFile(const std::string& path, std::size_t most);
+// Returns the bytes of the file. Throws a UsageError with the reason if it cannot be read or is
+// larger than `limit` bytes. The message gives the limit in MiB.
+std::string ReadTextFile(const std::string& path, std::size_t limit);
 
-// Writes the file whole or, with a Refusal, not at all: for a link that leads nowhere, too. What is
-// there and is no plain file, as a device, is written in place.
+// Replaces the file as a whole. On failure, also for a link without a target, throws a Refusal and
+// changes nothing. A file that exists and is not a regular file, such as a device, is written in
+// place.
 void WriteTextFile(const std::string& path, const std::string& text);
 
-// The bytes of the file. Throws a UsageError for one that cannot be read, and for one that is
-// larger than any address book: 64 MiB.
+// Returns the bytes of the file. Throws a UsageError if it cannot be read or is larger than 64 MiB,
+// which is more than any address book.
 std::string ReadImportFile(const std::string& path);
 
-// The mark that some programs put in front of UTF-8.
+// The byte order mark that some programs write before UTF-8 text.
 inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-// The text without one.
+// Returns the text without a byte order mark at its beginning.
 std::string_view WithoutByteOrderMark(std::string_view text);
 
-// The name that messages have for it, quoted.
-std::string WithoutFolder(const std::string& path);
+// Returns the file's name without its folder, quoted, for messages.
+std::string QuotedFileName(const std::string& path);
 
-// Walks through a text line by line.
+// Iterates over the lines of a text.
 class FileLines {
  public:
   explicit FileLines(std::string_view text) : rest(text) {}
 
-  // Goes to the next line. False behind the last one.
+  // Moves to the next line. Returns false after the last one.
   bool Next();
 
   std::size_t Number() const { return number; }     // from 1
-  std::string_view Bytes() const { return bytes; }  // its end included
-  bool IsBlank() const;                             // nothing but white space
+  std::string_view Bytes() const { return bytes; }  // with the line end
+  bool IsWhiteSpace() const;                        // contains only white space
   std::string_view Text() const;                    // without LF or CR LF
-  std::string Folded() const;                       // with LF for CR LF, as the converters read it
+  std::string TextWithLf() const;  // with LF instead of CR LF, as the converters read it
 
  private:
   std::string_view rest;

@@ -30,7 +30,7 @@ void PrintRow(std::ostream& out, const Widths& widths, const Row& row) {
 
 }  // namespace
 
-std::string InSmallLetters(std::string text) {
+std::string LowerCase(std::string text) {
   for (char& c : text) {
     if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
   }

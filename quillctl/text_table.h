@@ -1,4 +1,4 @@
-// A table for the screen: columns of text as wide as their widest cell, two blanks apart.
+// Tables for the screen. Columns are as wide as their widest cell and separated by two spaces.
 
 #ifndef QUILLCTL_TEXT_TABLE_H_
 #define QUILLCTL_TEXT_TABLE_H_
@@ -10,25 +10,25 @@
 
 namespace quillctl {
 
-// One cell a column.
+// One cell for each column.
 using Row = std::vector<std::string>;
 
-// The text with the letters A to Z made small: a heading as a word of the command line or of JSON.
-std::string InSmallLetters(std::string text);
+// Returns the text with A to Z in lower case: a heading as a word of the command line or of JSON.
+std::string LowerCase(std::string text);
 
 class TextTable {
  public:
-  // Without headings the table begins with its first row.
+  // Creates a table without headings.
   TextTable() = default;
   explicit TextTable(Row newHeadings) : headings(std::move(newHeadings)) {}
 
-  // Cells are texts of the appliance, made fit for the terminal here.
+  // Adds a row. Converts the cells with DisplayedText.
   void AddRow(Row cells);
 
-  // Whether it has no row but its headings.
+  // Returns whether there is no row below the headings.
   bool IsEmpty() const { return rows.empty(); }
 
-  // Lines end at their last character that is no blank.
+  // Prints the table, without spaces at the ends of lines.
   void Print(std::ostream& out) const;
 
  private:

@@ -1,16 +1,16 @@
-# Runs quillctl on the simulated appliance as a user does; sourced by ./test.
+# Tests of quillctl on the simulator; sourced by ./test.
 #
-# What it has to show stands in tests/quillctl/quillctl.txt: behind "$ quillctl " the arguments of a
-# run, below them what it shows on both outputs, and its exit status. "$ set NAME=VALUE" sets a
-# variable of the environment for the runs behind it, and "$ show FILE" shows a file. Every run finds
-# the appliance as it is delivered, unless QUILLBOX_STATE is set. The password that fails is
-# "sesame", which nothing may show.
+# tests/quillctl/quillctl.txt is the expected transcript. A line "$ quillctl ARGUMENTS" starts a run;
+# the lines after it are its output, including standard error, and its exit status. "$ set NAME=VALUE"
+# sets an environment variable for the runs that follow. "$ show FILE" prints a file. Each run starts
+# with the simulator's initial state, unless QUILLBOX_STATE is set. "sesame" is a wrong password. It
+# must not appear in any output.
 # shellcheck shell=bash
 
 transcript=tests/quillctl/quillctl.txt
 
-# check_quillctl FOLDER: whether the quillctl in the folder does what the transcript tells, does so
-# again, asks for passwords and completes commands.
+# check_quillctl FOLDER: compares two runs of the quillctl in the folder with the transcript. Also
+# tests password prompts, completion and failing server calls.
 check_quillctl() {
   local pass
   write_session "$1" quillctl_session.sh \
@@ -24,14 +24,14 @@ check_quillctl() {
       compare_transcript "$1" "$pass" || return 1
   done
   if [ "$(stat -c %a "$1/session_state")" != 600 ]; then
-    echo "others may read the simulator's state file, which has passwords"
+    echo "other users can read the simulator's state file, which contains passwords"
     return 1
   fi
   scripts/check_interactive "$1/quillctl" && check_completion "$1" &&
     scripts/check_failures "$1/quillctl"
 }
 
-# check_completion FOLDER: whether bash completes commands, options and choices as quillctl tells it.
+# check_completion FOLDER: tests the completion of commands, options and choices in bash.
 check_completion() {
   bash -euc '
     eval "$("$1/quillctl" completion bash)"
@@ -39,9 +39,9 @@ check_completion() {
     while IFS=: read -r line expected; do
       IFS=" " read -ra words <<<"$line"
       COMP_WORDS=(quillctl "${words[@]}") COMP_CWORD=${#words[@]}
-      _quillctl || true  # where it knows no word
+      _quillctl || true  # it fails if no word matches
       [ "${COMPREPLY[*]-}" = "$expected" ] && continue
-      echo "quillctl $line completes to ${COMPREPLY[*]-}, not to $expected"
+      echo "completion of \"quillctl $line\": expected $expected, but got ${COMPREPLY[*]-}"
       exit 1
     done
     echo "bash completes the commands of quillctl"
@@ -55,7 +55,8 @@ rename-item --host i:
 END
 }
 
-# check_quillctl_exe FOLDER: the same of quillctl.exe, once and all in one run of Wine.
+# check_quillctl_exe FOLDER: compares one run of quillctl.exe with the transcript. All commands run in
+# one Wine process, which is faster.
 check_quillctl_exe() {
   write_session "$1" quillctl_session.bat \
     -e "h; s|[<>]|^&|g; s|^\$ .*|@echo &|p; g" \
@@ -63,19 +64,20 @@ check_quillctl_exe() {
     -e "s|^\$ set |@set |p" \
     -e "s|^\$ show |@type |p"
   clean_session "$1"
-  echo '@exit 0' >>"$1/quillctl_session.bat"  # not the status of the last run
+  echo '@exit 0' >>"$1/quillctl_session.bat"  # instead of the status of the last run
   in_wine "$1" cmd /c quillctl_session.bat </dev/null | compare_transcript "$1" 1
 }
 
-# write_session FOLDER FILE COMMANDS: a script that makes the runs of the transcript. The commands are
-# sed's, and make the script's lines of each "$" line.
+# write_session FOLDER FILE COMMANDS: writes a script that repeats the runs of the transcript. COMMANDS
+# are arguments of sed; they convert each "$" line to lines of the script.
 write_session() {
   local script=$1/$2
   shift 2
   sed -n "$@" "$transcript" >"$script"
 }
 
-# clean_session FOLDER: what the runs find, and nothing that earlier ones left in session_... files.
+# clean_session FOLDER: creates the input files of the runs. Deletes the session_... files of earlier
+# runs.
 clean_session() {
   rm -f "$1"/session_*
   echo KELP >"$1/password.txt"
@@ -91,32 +93,32 @@ clean_session() {
     '{"name": "Agnes", "format": 2}, {"name": "Agnes", "format": 3}]}]}' >"$1/session_twice.json"
 }
 
-# compare_transcript FOLDER PASS: whether standard input is the transcript.
+# compare_transcript FOLDER PASS: compares standard input with the transcript.
 compare_transcript() {
   local shown=$1/quillctl_shown.txt
   tr -d '\r' >"$shown"
   if ! diff "$transcript" "$shown"; then
-    echo "quillctl, pass $2: this differs (< to be shown, > shown)"
+    echo "quillctl, pass $2: the output differs from $transcript (< expected, > actual)"
     return 1
   fi
   if grep -v '^\$' "$shown" | grep sesame; then
     echo "quillctl shows a password"
     return 1
   fi
-  echo "quillctl, pass $2: $(grep -c '^status' "$shown") runs show what they should"
+  echo "quillctl, pass $2: $(grep -c '^status' "$shown") runs match the transcript"
 }
 
-# check_demo QUILLCTL: an installed one's demonstration, from here, shows what the first run of the transcript does.
+# check_demo QUILLCTL: compares `demo` of an installed quillctl with the first run of the transcript.
 check_demo() {
   if ! "$1" demo 2>&1 | diff <(sed '1d; /^status/,$d' "$transcript") -; then
-    echo "$1 demo: this differs (< to be shown, > shown)"
+    echo "$1 demo: the output differs from $transcript (< expected, > actual)"
     return 1
   fi
-  echo "the installed quillctl shows its demonstration"
+  echo "the demo of the installed quillctl matches the transcript"
 }
 
-# check_manual FOLDER: the manual page describes the commands and the long options that the quillctl in
-# the folder offers, each option with its command, and nothing else.
+# check_manual FOLDER: tests that the manual page describes exactly the commands and long options that
+# the quillctl in the folder has, each option with its command.
 check_manual() {
   local page=docs/quillctl.1 offered
   mandoc -T lint -W warning "$page" || return 1
@@ -127,13 +129,14 @@ check_manual() {
     /^\.It/ && command != "" {
       for (i = 2; i < NF; ++i) if ($i == "Fl" && $(i + 1) ~ /^-/) print command, "-" $(i + 1)
     }' "$page" | sort -u); then
-    echo "$page differs from what quillctl offers (< missing, > too many)"
+    echo "$page differs from quillctl --help (< missing in the page, > missing in quillctl)"
     return 1
   fi
-  echo "$page has the $(echo "$offered" | wc -l) commands and options that quillctl offers"
+  echo "$page describes all $(echo "$offered" | wc -l) commands and options of quillctl"
 }
 
-# offers QUILLCTL: its commands, and behind each command the long options, one a line.
+# offers QUILLCTL: prints its commands, and each long option after the name of its command, one per
+# line.
 offers() {
   local command commands options="s/^  \(-[a-z],\)\{0,1\}\(--[a-z-]*\).*/\2/p"
   commands=$("$1" --help | sed -n '/^Subcommands:/,/^$/s/^  \([a-z-]*\) .*/\1/p')
@@ -146,7 +149,8 @@ offers() {
   } | sort -u
 }
 
-# check_without_server_library FOLDER: quillctl with no server library beside it ends with a code.
+# check_without_server_library FOLDER: runs check_no_server_library on a copy of quillctl in a folder
+# without a server library.
 check_without_server_library() {
   local out status=0
   out=$(mktemp -d)
@@ -156,13 +160,13 @@ check_without_server_library() {
   return "$status"
 }
 
-# check_no_server_library QUILLCTL: it finds none, and ends with a code.
+# check_no_server_library QUILLCTL: tests that a quillctl that finds no server library reports that.
 check_no_server_library() {
   local errors status=0
   errors=$("$1" info 2>&1 </dev/null) || status=$?
   if [ "$status" != 4 ] || ! grep -q 'code 20, IMSP Unitialized' <<<"$errors" ||
-    ! grep -q '^the server library: failed' <<<"$("$1" check </dev/null 2>/dev/null)"; then
-    echo "quillctl without a server library: status $status, to be 4, with code 20:"
+    ! grep -q '^load the server library: failed' <<<"$("$1" check </dev/null 2>/dev/null)"; then
+    echo "quillctl without a server library: expected status 4 and code 20, but got $status:"
     echo "$errors"
     return 1
   fi

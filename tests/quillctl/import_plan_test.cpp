@@ -25,7 +25,7 @@ std::string Bytes(const char (&text)[N]) {
 using Columns = std::vector<std::int32_t>;
 
 Columns ColumnsOf(std::string_view map, const char* book) {
-  return ColumnMap(map, BookOfWord(book).front()).Columns({"Full Name", "E-mail", "Fax", "Fax"});
+  return ColumnMap(map, FindBook(book).front()).Columns({"Full Name", "E-mail", "Fax", "Fax"});
 }
 
 TEST(ColumnMap, TakesNumbersFieldsAndHeadings) {
@@ -122,7 +122,7 @@ struct RowsCase {
 };
 
 const std::string kLong(4094, 'z');
-const std::string kBare = "it holds a carriage return that ends no line";
+const std::string kBare = "a carriage return inside a line";
 const std::string k31(31, 'n');
 const std::string k255(255, 'a');
 
@@ -133,7 +133,7 @@ const RowsCase kCases[] = {
      "\xEF\xBB\xBF \"Lee, Ann\" , box1\r\n \t\n\nBob\nCy,\"box3\nDi,,x\nEd, "
      "\"\"\n,box6\n\"Fay,box7\n"
      "Gus,box8,\"open",
-     {"4: there is no column 1", "5: a double quote is not closed", "6: the address is empty",
+     {"4: the row has no column 1", "5: a double quote is not closed", "6: the address is empty",
       "7: the address is empty", "8: the name is empty", "9: a double quote is not closed"},
      "SE emailab \"Lee, Ann\" \"box1\"\nSE emailab \"Gus\" \"box8\"\n"},
     // What the converter would cut: at a field's width, at a NUL, and in pieces of a long line.
@@ -142,14 +142,14 @@ const RowsCase kCases[] = {
      k31 + "," + k255 + "\nm" + k31 + ",b\nc," + k255 + "a\n" + Bytes("d,\0e\n") + kLong +
          ",f\ng,h" + kLong + "\ni,j",
      {"2: the name is longer than 31 characters", "3: the address is longer than 255 characters",
-      "4: it holds a NUL character", "5: it is longer than 4093 characters",
-      "6: it is longer than 4093 characters"},
+      "4: a NUL character inside a line", "5: the line is longer than 4093 characters",
+      "6: the line is longer than 4093 characters"},
      "SE emailab \"" + k31 + "\" \"" + k255 + "\"\nSE emailab \"i\" \"j\"\n"},
     // A field that the map leaves out may be empty; a name is one entry's.
     {{"", "csv", "fax", "name=Who,third=1", false, true},
      true,
      "\nWho,Third\nAnn,1\nBob,12345678901\nAnn,2\nann,3",
-     {"4: the third is longer than 10 characters", "5: the name is that of line 3"},
+     {"4: the third is longer than 10 characters", "5: the name is already used in line 3"},
      "CA faxab\nSE faxab \"Ann\" \"\" \"1\"\nSE faxab \"ann\" \"\" \"3\"\n"},
     // A pair of lines has no third field and no clear line.
     {{"", "csv", "fax", "0,1,-1", true},
@@ -164,10 +164,10 @@ const RowsCase kCases[] = {
      "dn: 3\ncn: Bob\n\ndn: 4\nmail: box4\n\ndn: 5\ncn: Cy \"C\" Lee\nmail: box5\n"
      "dn: 6\nphoto: " +
          kLong + "\nmail: box6\ncn: Di",
-     {"1: there is no \"dn:\" in front of it", "2: there is no \"dn:\" in front of it",
-      "12: it has no address: no \"mail:\" line",
-      "15: it has no name: no \"cn:\" line, or \"dn:\" stands behind it",
-      "18: the name has a double quote in it"},
+     {"1: there is no \"dn:\" line before it", "2: there is no \"dn:\" line before it",
+      "12: no address: the entry has no \"mail:\" line",
+      "15: no name: the entry has no \"cn:\" line, or a later line contains \"dn:\"",
+      "18: the name contains a double quote"},
      "SE emailab \"Ann\" \"box1\"\nSE emailab \"Di\" \"box6\"\n"},
     // What the converter does not read as such files mean it.
     {{"", "directory"},
@@ -177,10 +177,10 @@ const RowsCase kCases[] = {
          k31 + "\nmail: box4\ndn: 5\ncn: E\nxdn: y\nmail: box5\n" +
          Bytes("dn: 6\ncn: F\nmail: b\0x6\n") + "dn: 7\ncn:  " + k31 + "\nmail: box7\n" +
          "dn: 8\ncn: G\nmail:\n",
-     {"1: the name goes on in the next line", "5: the address goes on in the next line",
-      "9: the name is encoded, with a double colon", "12: the name is longer than 31 characters",
-      "15: it has no name: no \"cn:\" line, or \"dn:\" stands behind it",
-      "19: a line holds a NUL character", "25: the address is empty"},
+     {"1: the name continues on the next line", "5: the address continues on the next line",
+      "9: the name is encoded (double colon)", "12: the name is longer than 31 characters",
+      "15: no name: the entry has no \"cn:\" line, or a later line contains \"dn:\"",
+      "19: a NUL character inside a line", "25: the address is empty"},
      k31 + "\nbox7\n"},
     // Mailboxes, and rows of other classes; a last line's address may end with the file.
     {{"", "mail"},
@@ -189,12 +189,12 @@ const RowsCase kCases[] = {
      "Mailbox,A,B,Cy,%smtp:box3%\nMailbox,A,B,Di,SMTP:box4\n\"Mailbox\",A,B,Ed,%SMTP:box5%\n"
      "Mailbox,A,B,\"Fay,%SMTP:box6%\nMailbox,A,B,\"G, \"\"H\"\"\",%SMTP:box7%\n"
      "Mailbox,A,B,I \"J\" K,%SMTP:box8%\nMailbox,A,B,,%SMTP:box9%\nMailbox,A,B,Lou,SMTP:box10",
-     {"5: it ends before or with the name",
-      "6: it has no address: no \"SMTP:\" stands behind the name",
-      "7: the address does not end before the line does",
-      "8: its class is not the bare word Mailbox", "9: a double quote is not closed",
-      "10: the name would be cut at a doubled quote", "11: the name has a double quote in it",
-      "12: the name is empty"},
+     {"5: the line has no field after the name",
+      "6: no address: there is no \"SMTP:\" after the name",
+      "7: the address has no end: no \"%\", comma or double quote",
+      "8: the class must be Mailbox, without quotes", "9: a double quote is not closed",
+      "10: the name contains a doubled quote and would be cut there",
+      "11: the name contains a double quote", "12: the name is empty"},
      "SE emailab \"Ann\" \"box1\"\nSE emailab \"Lou\" \"box10\"\n"},
     // What was meant for the ends of lines may hide rows.
     {{"", "csv", "", "0,1"},
@@ -217,17 +217,15 @@ const RowsCase kCases[] = {
     {{"", "csv", "", "0,1"}, true, "", {}, ""},
     {{"", "csv", "", "0,1", true, true}, true, "Name,Address", {}, "CA emailab\n"},
     {{"", "mail"}, false, "Class,First", {}, ""},
-    {{"", "directory"}, true, Bytes("\0\n"), {"1: a line holds a NUL character"}, ""},
+    {{"", "directory"}, true, Bytes("\0\n"), {"1: a NUL character inside a line"}, ""},
     // What other programs write as entries.
     {{"", "directory"},
      true,
      "version: 1\nDN: 1\nCN: A\ndn: 2\nCn: B\nmail: box2\ndn: 3\ncn: C\nmail: box3\nMail: more\n\n"
      "dn: 4\ncn: D\nmail: box4\n\ncn: E\ndn: 5\ncn: F\nmail: box5\nDN: 6\n",
-     {"2: an entry begins with \"dn:\" in small letters alone",
-      "3: there is no \"dn:\" in front of it",
-      "4: \"cn:\" and \"mail:\" are read in small letters alone",
-      "16: there is no \"dn:\" in front of it",
-      "20: an entry begins with \"dn:\" in small letters alone"},
+     {"2: \"dn:\" must be in lower case", "3: there is no \"dn:\" line before it",
+      "4: \"cn:\" and \"mail:\" must be in lower case", "16: there is no \"dn:\" line before it",
+      "20: \"dn:\" must be in lower case"},
      "SE emailab \"C\" \"box3\"\nSE emailab \"D\" \"box4\"\nSE emailab \"F\" \"box5\"\n"},
 };
 

@@ -63,9 +63,9 @@ TEST(KeySetJson, RefusesWhatNoApplianceHolds) {
     std::string json;
     const char* fault;
   } cases[] = {
-      {"", "line 1 of the file is not JSON"},
-      {"{\n\n", "line 3 of the file is not JSON"},
-      {"[]", "the file is no object"},
+      {"", "line 1 is not valid JSON"},
+      {"{\n\n", "line 3 is not valid JSON"},
+      {"[]", "the file is not an object"},
       {"{\"keys\":[]}", "the file has no \"quillbox-keys\": 1"},
       {"{\"quillbox-keys\":2,\"keys\":[]}", "the file has no \"quillbox-keys\": 1"},
       {"{\"quillbox-keys\":1}", "the file has no list \"keys\""},
@@ -73,22 +73,22 @@ TEST(KeySetJson, RefusesWhatNoApplianceHolds) {
       {"{\"quillbox-keys\":1,\"encoding\":\"ascii\",\"keys\":[]}", "\"encoding\" is neither"},
       {"{\"quillbox-keys\":1,\"encoding\":\"latin-1\",\"keys\":[{\"name\":\"\xE2\x82\xAC\","
        "\"items\":[]}]}",
-       "key 1: its name has a character that latin-1 lacks"},
+       "key 1: its name has a character outside latin-1"},
       {keys(twelveKeys), "the file has more than 11 keys"},
-      {keys("1"), "key 1 is no object"},
+      {keys("1"), "key 1 is not an object"},
       {keys("{\"items\":[]}"), "key 1 has no name"},
       {keys("{\"name\":\"k\"}"), "key 1 has no list \"items\""},
-      {keys("{\"name\":\"" + name32 + "\",\"items\":[]}"), "its name has more than 31"},
+      {keys("{\"name\":\"" + name32 + "\",\"items\":[]}"), "its name is longer than 31"},
       {item("\"nam\":\"i\""), "key 1, item 1 has an unknown member \"nam\""},
       {item("\"path\":\"i\""), "key 1, item 1 has no name"},
-      {item("\"name\":\"i\",\"path\":1"), "key 1, item 1: its path is no text"},
-      {item("\"name\":\"i\\u0000\""), "key 1, item 1: its name holds a character 0"},
-      {item("\"name\":\"i\",\"format\":-1"), "its format is no number from 0"},
-      {item("\"name\":\"i\",\"format\":4294967296"), "its format is no number from 0"},
-      {item("\"name\":\"i\",\"name\":\"j\""), "an object of the file has two members \"name\""},
-      {std::string(100000, '['), "the file is nested too deep"},
-      {manyMembers, "an object of the file has too many members"},
-      {item("\"name\":\"i\",\"settings\":1.0"), "its settings is no number from 0"},
+      {item("\"name\":\"i\",\"path\":1"), "key 1, item 1: its path is not a string"},
+      {item("\"name\":\"i\\u0000\""), "key 1, item 1: its name contains a NUL character"},
+      {item("\"name\":\"i\",\"format\":-1"), "its format is not a number from 0"},
+      {item("\"name\":\"i\",\"format\":4294967296"), "its format is not a number from 0"},
+      {item("\"name\":\"i\",\"name\":\"j\""), "an object has two members \"name\""},
+      {std::string(100000, '['), "the file is nested too deeply"},
+      {manyMembers, "an object has too many members"},
+      {item("\"name\":\"i\",\"settings\":1.0"), "its settings is not a number from 0"},
   };
   for (const auto& each : cases) EXPECT_THAT(FaultOf(each.json), HasSubstr(each.fault));
   EXPECT_EQ(FaultOf(item("\"name\":\"i\"")), "");
@@ -99,13 +99,13 @@ TEST(KeySetDifference, TellsWhatGoesChangesAndComes) {
   const KeySet wanted = {{"C", {Item("4")}}, {"A", {Item("5"), {"1", "y", "", "t", 1, 17}}}};
   std::vector<std::string> lines;
   for (const KeySetChange& each : Difference(now, wanted)) lines.push_back(Described(each));
-  EXPECT_THAT(lines, ElementsAre("- the item \"2\" under the key \"A\"",
-                                 "- the key \"B\" and the items under it",
-                                 "~ the item \"1\" under the key \"A\": address \"x\" -> \"y\", "
-                                 "application \"\" -> \"t\", format 0 -> 1, "
-                                 "settings 0x00000000 -> 0x00000011",
-                                 "+ the key \"C\"", "+ the item \"5\" under the key \"A\"",
-                                 "+ the item \"4\" under the key \"C\""));
+  EXPECT_THAT(lines,
+              ElementsAre("- the item \"2\" under the key \"A\"", "- the key \"B\" and its items",
+                          "~ the item \"1\" under the key \"A\": address \"x\" -> \"y\", "
+                          "application \"\" -> \"t\", format 0 -> 1, "
+                          "settings 0x00000000 -> 0x00000011",
+                          "+ the key \"C\"", "+ the item \"5\" under the key \"A\"",
+                          "+ the item \"4\" under the key \"C\""));
 }
 
 // Makes a change of a set in memory as an appliance does. Whether it could be made.
