@@ -29,7 +29,7 @@ class ColumnMap {
   bool HasHeadings() const;
 
   // Returns the column of each field, in the book's order. Throws a UsageError, which lists the
-  // file's headings, if the file has a heading of the map not at all or twice.
+  // file's headings, if a heading of the map is missing in the file or occurs twice.
   std::vector<std::int32_t> Columns(const std::vector<std::string>& headings) const;
 
  private:

@@ -37,8 +37,8 @@ struct ImportRows {
   std::size_t Rejected() const { return rows.size() - Entries(); }
 };
 
-// Returns the fields of a line as the converter of delimited text reads them. REQUIRES: LineFault()
-// is empty.
+// Returns the fields of a line as the converter of delimited text reads them. REQUIRES: the line
+// has fewer than LineReader::kMaxLine characters.
 std::vector<std::string> DelimitedFields(std::string_view line);
 
 // The fault of a line with a carriage return inside. Another program may use it as a line end, with
@@ -70,16 +70,17 @@ ImportRows MailServerRows(std::string_view text);
 // The number of fields that an account other than ADMINISTRATOR can import: a name and another one.
 inline constexpr std::size_t kPrivateFields = 2;
 
-// Sets the fault of each row that has none yet and whose values are invalid for the book: a value
-// that is too long, contains a character that a script cannot contain or is empty although
-// required, or the name of an earlier row, whose entry the server would replace. `isAdmin` selects
-// the kind of script. A field without a column may be empty. If `columns` is empty, the format
-// supplies all fields.
+// Sets the fault of each row that has none yet and whose values are invalid for the book:
+//
+// - A value is too long, or contains a character that a script cannot contain.
+// - A required value is empty. A field without a column may be empty.
+// - The name is that of an earlier row. The server would replace that row's entry.
+//
+// `isAdmin` selects the kind of script. If `columns` is empty, the format supplies all fields.
 void MarkInvalidRows(std::vector<ImportRow>& rows, const AddressBook& book, bool isAdmin,
                      std::span<const std::int32_t> columns);
 
-// Sets the fault of each row that was sent and whose entry is not among `entries`, or differs
-// there, to `why`.
+// Sets the fault of each row that was sent to `why`, unless `entries` contains its entry.
 void MarkMissingRows(std::vector<ImportRow>& rows, std::span<const Row> entries,
                      std::string_view why);
 
