@@ -1,8 +1,10 @@
-// The public e-mail book: opening it, its entries on the server, and what it passes to its view.
+// The public e-mail book: opening it, what it passes to its view, its lists, and a second handle.
 
-#include "books/email_ab.h"
+#include <functional>
+#include <memory>
 
-#include "tests/books/email_fixture.h"
+#include "books/email_ab_handle.h"
+#include "tests/books/books_fixture.h"
 #include "views/entry_view.h"
 #include "views/full_entry_view.h"
 #include "views/letter_entry_view.h"
@@ -14,58 +16,59 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-TEST_F(EmailBookTest, ReadsTheCensusWithoutAScanner) {
-  CEmailAB loose;
-  PageBoundary table[2];
-  std::uint32_t rows = 2;
-  EXPECT_EQ(loose.ReadBoundaries(table, &rows), kNoError);
-  EXPECT_EQ(loose.ReadBoundaries(nullptr, &rows), kRefused);
-  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPReadPageBoundaries 1:EMAILAB 2"));
+// The names of the entries that each operation of the navigation returns, "-" for null.
+template <class Book>
+std::vector<std::string> Tour(Book& book) {
+  std::vector<std::string> names;
+  for (const std::function<CEmailEntry*()>& step : std::vector<std::function<CEmailEntry*()>>{
+           [&] { return book.First(); }, [&] { return book.Next(); }, [&] { return book.Prev(); },
+           [&] { return book.Last(); }, [&] { return book.GetAt(1); },
+           [&] { return book.FindPrefix("Bo"); }, [&] { return book.FindNextPrefix(); },
+           [&] { return book.Find("Bo", 0); }, [&] { return book.FindNext(0); },
+           [&] { return book.FindPrev(0); }, [&] { return book.FindLetter('B'); }}) {
+    const CEmailEntry* entry = step();
+    names.emplace_back(entry != nullptr ? entry->Name() : "-");
+  }
+  return names;
 }
 
-TEST_F(EmailBookTest, RefusesTextsThatAreTooLong) {
-  EXPECT_EQ(book.CreateMemberAddress("Board", std::string(32, 'n'), "at"), kRefused);
-  EXPECT_EQ(book.CreateMemberAddress("Board", "n", std::string(256, 'a')), kRefused);
-  EXPECT_THAT(TakeCalls(), IsEmpty());
-}
+const std::vector<std::string> kNothing(11, "-");
 
-TEST_F(EmailBookTest, IsFullAtTwoHundredThousand) {
-  CEmailEntry entry = MakeEntry("Cy");
-  SimulatorInflateSizes(199'997);
-  EXPECT_EQ(book.AddEntry(&entry), kBookFull);
-  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPSizeofAB 1:EMAILAB -"));
-  EXPECT_EQ(TheAgent.LastError(), kNoError);
-  SimulatorInflateSizes(199'996);
-  EXPECT_EQ(book.AddEntry(&entry), kNoError);
-}
+class EmailBookTest : public BooksTest {
+ public:
+  EmailBookTest() {
+    PutNames(BookKind::kEmail, "", {"Ann", "Bob", "Bo"});
+    PutNames(BookKind::kPublicList, "Board", {"Ann", "Zoe"});
+    PutNames(BookKind::kPublicList, "Choir", {"Bob"});
+  }
 
-TEST_F(EmailBookTest, OpensTheViewAndTheListsAsAsked) {
-  const Calls members = {"IMSPListAB 64: [|*|0] 512 1", "IMSPSizeofAB 64:Board -",
-                         "IMSPReadAB 64:Board - 2 1", "IMSPSizeofAB 64:Choir -",
-                         "IMSPReadAB 64:Choir - 1 1"};
-  struct Case {
-    std::int32_t viewMode, loadMode;
-    int result;
-    std::int32_t pageSize, lists;
-    Calls calls;
-  };
-  const Case cases[] = {
-      {0, 0, 1, 1, 2, members}, {1, 0, 1, 0, 2, members},
-      {1, 1, 1, 0, 2, members}, {0, 2, 1, 1, 0, {}},
-      {0, 3, 0, 0, 0, {}},      {7, 2, 1, 0, 0, {"IMSPReadAB 1:EMAILAB [||0] 512 1"}},
-  };
-  for (const Case& each : cases) {
+  CEmailAB& book = email;
+};
+
+TEST_F(EmailBookTest, TheLoadModeSelectsWhatIsOpened) {
+  constexpr struct {
+    std::int32_t viewMode, loadMode, result, pageSize, lists;
+  } kCases[] = {
+      {0, 0, 1, 1, 2}, {1, 0, 1, 0, 2}, {1, 1, 1, 0, 2}, {7, 2, 1, 0, 0}, {0, 3, 0, 0, 0}};
+  CEmailEntry entry;
+  for (const auto& each : kCases) {
+    SCOPED_TRACE(testing::Message() << "view " << each.viewMode << ", load " << each.loadMode);
     CEmailAB other;
+    other.Attach(box, 0);
     EXPECT_EQ(other.Attach(box, each.viewMode, each.loadMode), each.result);
-    EXPECT_EQ(TakeCalls(), each.calls) << each.viewMode << each.loadMode;
-    EXPECT_EQ(other.GetPageSize(), each.pageSize);
-    EXPECT_EQ(other.ListCount(), each.lists);
-    EXPECT_EQ(other.View() != nullptr, each.loadMode == 0 || each.loadMode == 2);
+    EXPECT_EQ(other.View() != nullptr, each.loadMode % 2 == 0);
+    EXPECT_EQ(Tour(other) == kNothing, other.View() == nullptr);
+    EXPECT_EQ(other.ReadLastEntry(&entry), other.View() != nullptr ? kNoError : kRefused);
     EXPECT_EQ(other.LoadMode(), each.loadMode);
+    EXPECT_EQ(other.GetPageSize(), each.pageSize);
+    ASSERT_EQ(other.ListCount(), each.lists);
+    if (each.lists != 0) {
+      EXPECT_EQ(Members(*other.ListAt(0)), "Ann=at:0 Zoe=at:0 ");
+    }
   }
 }
 
-TEST_F(EmailBookTest, PicksTheViewByItsMode) {
+TEST_F(EmailBookTest, TheViewModeSelectsTheViewAndOnlyASlidingOneTakesAPageSize) {
   EXPECT_NE(dynamic_cast<CSlidingEntryView*>(book.View()), nullptr);
   EXPECT_EQ(book.SetPageSize(8), 8);
   EXPECT_EQ(book.SetPageSize(0), -1);
@@ -76,14 +79,14 @@ TEST_F(EmailBookTest, PicksTheViewByItsMode) {
   EXPECT_EQ(book.SetPageSize(8), -1);
   EXPECT_EQ(book.Attach(box, -3), 1);
   EXPECT_NE(dynamic_cast<CFullEntryView*>(book.View()), nullptr);
-  SimulatorFail("IMSPReadAB", 1, kServerFault);
+  SimulatorFail("IMSPReadAB", 1, kFault);
   EXPECT_EQ(book.Attach(box, 2), 0);
   const CEntryView* view = book.View();
   EXPECT_EQ(book.Attach(nullptr, 0), 0);
   EXPECT_EQ(book.View(), view);
 }
 
-TEST_F(EmailBookTest, PassesNavigationToTheView) {
+TEST_F(EmailBookTest, PassesNavigationAndChangesToTheView) {
   EXPECT_THAT(Tour(book),
               ElementsAre("Ann", "Bo", "Ann", "Bob", "Bo", "Bo", "Bob", "Bo", "Bob", "Bo", "Bo"));
   EXPECT_EQ(book.FirstLetter(), 'A');
@@ -94,37 +97,22 @@ TEST_F(EmailBookTest, PassesNavigationToTheView) {
   CEmailEntry entry = MakeEntry("Bo", "new");
   EXPECT_EQ(book.Modify(&entry, 1), kNoError);
   EXPECT_STREQ(book.Find("Bo", 0)->Address(), "new");
-  EXPECT_EQ(book.ModifyByKey("Bob", &entry, 0), kNoError);
-  EXPECT_EQ(book.Remove(&entry, 1), kNoError);
 }
 
-TEST_F(EmailBookTest, AnswersNothingWithoutAView) {
-  book.Attach(box, 0, 1);
-  Start();
-  EXPECT_THAT(Tour(book), testing::Each("-"));
-  CEmailEntry entry;
-  EXPECT_EQ(book.FirstLetter(), '\0');
-  EXPECT_EQ(book.NextLetter('A'), '\0');
-  EXPECT_EQ(book.LetterStart('A'), -1);
-  EXPECT_EQ(book.ReadLastEntry(&entry), kRefused);
-  EXPECT_THAT(TakeCalls(), IsEmpty());
-}
-
-TEST_F(EmailBookTest, ChangesEntriesInPlaceInModeTwoAlone) {
+TEST_F(EmailBookTest, OnlyViewModeTwoChangesEntriesInPlace) {
   for (const std::int32_t mode : {0, 1, 2, 7}) {
+    SCOPED_TRACE(testing::Message() << "view mode " << mode);
     book.Attach(box, mode);
-    Start();
-    CEmailEntry entry = MakeEntry("Cy");
     const bool isEditable = mode == 2;
+    CEmailEntry entry = MakeEntry("Cy");
     EXPECT_EQ(book.AddLocal(&entry), isEditable ? 4 : -1);
     EXPECT_EQ(book.ModifyLocal(&entry), isEditable ? 1 : 0);
     EXPECT_EQ(book.ModifyLocalByKey("Cy", &entry), isEditable ? 1 : 0);
     EXPECT_EQ(book.RemoveLocal(&entry), isEditable ? 3 : -1);
-    EXPECT_EQ(TakeCalls().size(), isEditable ? 5U : 0U);
   }
 }
 
-TEST_F(EmailBookTest, ReadsTheEdgesBesideTheView) {
+TEST_F(EmailBookTest, ReadsItsFirstAndLastEntryWithoutMovingTheView) {
   CEmailEntry entry;
   book.First();
   Start();
@@ -136,27 +124,133 @@ TEST_F(EmailBookTest, ReadsTheEdgesBesideTheView) {
               ElementsAre("IMSPReadPageBoundaries 1:EMAILAB 128",
                           "IMSPReadAB 1:EMAILAB [|A*|0] 1 1", "IMSPReadAB 1:EMAILAB [|B*|1] 1 1"));
   EXPECT_STREQ(book.Next()->Name(), "Bo");
-  for (int letter = 1; letter <= 130; ++letter) {
-    Put(BookKind::kEmail, "", std::string(1, static_cast<char>(letter)) + "x");
+  for (int i = 1; i <= 130; ++i) {
+    PutNames(BookKind::kEmail, "", {std::string(1, static_cast<char>(i)) + "x"});
   }
   book.Attach(box, 0);
   EXPECT_EQ(book.ReadLastEntry(&entry), kNoError);
   EXPECT_STREQ(entry.Name(), "\x80x") << "of more letters the 128th is the last";
   box->ClearEmailBook();
-  EXPECT_EQ(book.ReadFirstEntry(&entry), kDataNotFound);  // the census is the old one
+  EXPECT_EQ(book.ReadFirstEntry(&entry), kDataNotFound) << "the letter is still in the census";
   book.Attach(box, 0);
-  EXPECT_EQ(book.ReadFirstEntry(&entry), kDataNotFound);
+  EXPECT_EQ(book.ReadFirstEntry(&entry), kDataNotFound) << "the census has no letters";
 }
 
-TEST_F(EmailBookTest, IsClearedForANewViewAndDeletedWithAllThatItHolds) {
+TEST_F(EmailBookTest, TakesTwoHundredThousandEntries) {
+  CEmailEntry entry = MakeEntry("Cy");
+  SimulatorInflateSizes(199'997);
+  EXPECT_EQ(book.AddEntry(&entry), kBookFull);
+  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPSizeofAB 1:EMAILAB -"));
+  EXPECT_EQ(TheAgent.LastError(), kNoError) << "the limit is not recorded";
+  SimulatorInflateSizes(199'996);
+  EXPECT_EQ(book.AddEntry(&entry), kNoError);
+}
+
+TEST_F(EmailBookTest, RefusesTextsThatAreTooLong) {
+  EXPECT_EQ(book.CreateMemberAddress("Board", std::string(32, 'n'), "at"), kRefused);
+  EXPECT_EQ(book.CreateMemberAddress("Board", "n", std::string(256, 'a')), kRefused);
+  EXPECT_THAT(TakeCalls(), IsEmpty());
+}
+
+TEST_F(EmailBookTest, ReadsTheCensusOfTheSessionWithoutAScanner) {
+  PageBoundary table[2];
+  std::uint32_t rows = 2;
+  EXPECT_EQ(CEmailAB().ReadBoundaries(nullptr, &rows), kRefused);
+  EXPECT_EQ(CEmailAB().ReadBoundaries(table, &rows), kNoError);
+  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPReadPageBoundaries 1:EMAILAB 2"));
+}
+
+TEST_F(EmailBookTest, ClearingOpensANewViewAndDeletingDropsTheViewAndTheLists) {
   book.LoadLists(0);
   book.Attach(box, 2);
   EXPECT_EQ(book.ClearBook(), kNoError);
-  EXPECT_EQ(TakeCalls().back(), "IMSPReadAB 1:EMAILAB [||0] 512 1");
-  SimulatorFail("IMSPDeleteAB", 1, kServerFault);
-  EXPECT_EQ(book.DeleteBook(), kServerFault);
+  EXPECT_EQ(book.First(), nullptr);
+  SimulatorFail("IMSPDeleteAB", 1, kFault);
+  EXPECT_EQ(book.DeleteBook(), kFault);
   EXPECT_EQ(book.ListCount(), 0);
   EXPECT_EQ(book.View(), nullptr);
+}
+
+TEST_F(EmailBookTest, LoadsListsWithoutMembersAndAFailureLeavesNone) {
+  EXPECT_EQ(book.LoadLists(0), kNoError);
+  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPListAB 64: [|*|0] 512 1"));
+  ASSERT_EQ(book.ListCount(), 2);
+  EXPECT_EQ(book.ListAt(1)->Name(), "Choir");
+  EXPECT_EQ(book.ListAt(1)->Book(), nullptr);
+  SimulatorFail("IMSPListAB", 1, kFault);
+  EXPECT_EQ(book.LoadLists(0), kFault);
+  EXPECT_EQ(book.ListCount(), 0);
+}
+
+TEST_F(EmailBookTest, CopiesOnlyTheMembersThatAreDelivered) {
+  CPubEmailDL board;
+  board.SetName("Board");
+  SimulatorSetLies(kLieUntold);  // the server delivers one of two
+  ASSERT_EQ(book.CopyListLocal(board, "Copy"), 1);
+  EXPECT_EQ(Members(*book.ListAt(0)), "Ann=at:0 ");
+  EXPECT_THAT(OnServer(BookKind::kPublicList, "Copy"), ElementsAre("Ann=at"));
+  SimulatorFail("IMSPReadAB", 1, kMoreData);
+  EXPECT_EQ(book.CopyListLocal(board, "Of a long one"), 2);
+}
+
+TEST_F(EmailBookTest, SearchesItsLists) {
+  for (const char* name : {"ab", "abc", "abd"}) PutNames(BookKind::kPublicList, name, {"Ann"});
+  book.LoadLists(0);  // Board Choir ab abc abd
+  const auto found = [this](int result) {
+    return result == 0 && book.FoundList() != nullptr ? book.FoundList()->Name() : "-";
+  };
+  EXPECT_EQ(found(book.FindNextList(0)), "-") << "before any search";
+  EXPECT_EQ(found(book.FindFirstList("ab", 1)), "ab");
+  EXPECT_EQ(found(book.FindNextList(0)), "abc");
+  EXPECT_EQ(found(book.FindFirstList("x", 0)), "-");
+  EXPECT_EQ(found(book.FindNextList(0)), "-");
+  EXPECT_EQ(found(book.FindFirstList("ab", 0)), "ab");
+  EXPECT_EQ(book.RemoveListAt(3), 1);
+  EXPECT_EQ(found(book.FindNextList(0)), "abd");
+  EXPECT_EQ(book.RemoveListAt(3), 1);
+  EXPECT_EQ(book.FoundList(), nullptr) << "the hit was removed";
+  EXPECT_EQ(book.RemoveListAt(3), 0);
+  EXPECT_EQ(book.FindList("ab")->Name(), "ab");
+  EXPECT_EQ(book.FindList("a"), nullptr);
+}
+
+TEST_F(EmailBookTest, ReplacesAListAndReleasesTheOldOne) {
+  book.LoadLists(0);
+  const std::unique_ptr<CPubEmailDL> old(book.ListAt(1));
+  auto* list = new CPubEmailDL;
+  EXPECT_EQ(book.SetListAt(2, list), -1);
+  EXPECT_EQ(book.SetListAt(-1, list), -1);
+  EXPECT_EQ(book.SetListAt(1, nullptr), -1);
+  EXPECT_EQ(book.SetListAt(1, list), 0);
+  EXPECT_EQ(book.ListAt(1), list);
+  EXPECT_EQ(book.ListAt(2), nullptr);
+  EXPECT_EQ(old->Name(), "Choir");
+}
+
+TEST_F(EmailBookTest, ASecondHandleHasTheHalfThatItsLoadModeNames) {
+  constexpr struct {
+    std::int32_t mode, result;
+    bool entries, lists;
+  } kCases[] = {{0, 1, true, true}, {1, 1, false, true}, {2, 1, true, false}, {3, 0, false, false}};
+  for (const auto& each : kCases) {
+    SCOPED_TRACE(testing::Message() << "load mode " << each.mode);
+    CEmailABHandle handle;
+    EXPECT_EQ(handle.Attach(nullptr, each.mode), 0);
+    EXPECT_EQ(Tour(handle), kNothing);
+    EXPECT_EQ(handle.Attach(&book, each.mode), each.result);
+    EXPECT_EQ(handle.Attach(handle.Book(), each.mode), each.result) << "replaces its own book";
+    EXPECT_EQ(handle.Mode(), each.mode);
+    EXPECT_EQ(Tour(handle), each.entries ? Tour(book) : kNothing);
+    std::uint32_t count = 0;
+    EXPECT_EQ(handle.EntryCount(&count), each.entries ? kNoError : kRefused);
+    EXPECT_EQ(handle.ServerListCount(&count), each.lists ? kNoError : kRefused);
+    EXPECT_EQ(handle.ServerListSize("Board", &count), each.lists ? kNoError : kRefused);
+    EXPECT_EQ(handle.FindList("Board") != nullptr, each.lists);
+    EXPECT_EQ(handle.FindFirstList("C", 0), 0);
+    EXPECT_EQ(handle.Book()->FoundList() != nullptr, each.lists);
+    EXPECT_EQ(handle.FindNextList(0), 0);
+    EXPECT_EQ(handle.Book()->FoundList(), nullptr);
+  }
 }
 
 }  // namespace

@@ -1,154 +1,192 @@
-// The accounts of an appliance: the list in memory, its limit, and the two families of changes.
+// The accounts of an appliance: the book, the list in memory, and a record with its private book,
+// log and flags.
 
-#include <cstring>
+#include <memory>
 
-#include "books/priv_email_ab.h"
-#include "tests/books/private_fixture.h"
+#include "base/archive.h"
+#include "books/user_list.h"
+#include "tests/books/books_fixture.h"
 
 namespace quillkit {
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-const std::string kReadUsers = "IMSPReadAB 4:USERSAB [||0] 4096 1";
+using UserBookTest = BooksTest;
 
-class UserBookTest : public ApplianceTest {
- protected:
-  UserBookTest() : box(LogIn()) {}
+TEST_F(UserBookTest, AFailedLoadLeavesNoAccounts) {
+  EXPECT_EQ(users.Attach(box, 0, 1), 1);
+  EXPECT_EQ(users.Count(), 3);
+  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPReadAB 4:USERSAB [||0] 4096 1"));
+  SimulatorFail("IMSPReadAB", 1, kFault);
+  EXPECT_EQ(users.Load(), 0);
+  EXPECT_TRUE(users.IsEmpty());
+  EXPECT_EQ(users.Attach(nullptr, 1), 0);
+}
 
-  static void Fill(CUserRecord& record, std::string_view name) {
-    const std::uint32_t flags = 0;
-    const std::uint32_t nibbles = 0x21;
-    record.SetFrom(nullptr, name, "secret", "third", "fourth", &flags, &nibbles);
-    record.tag = 7;
+TEST_F(UserBookTest, TheWalkStepsPastItsEndsAndBack) {
+  users.Load();
+  CUserRecord record;
+  EXPECT_STREQ(users.First(&record)->Name(), "ADMINISTRATOR");
+  EXPECT_EQ(record.Owner(), &users);
+  EXPECT_EQ(users.Previous(&record), nullptr);
+  EXPECT_EQ(users.Previous(&record), nullptr);
+  EXPECT_EQ(users.Next(&record), nullptr);
+  EXPECT_STREQ(users.Next(&record)->Name(), "ADMINISTRATOR");
+  EXPECT_STREQ(users.Next(&record)->Name(), "GUEST");
+  EXPECT_STREQ(users.Next(&record)->Name(), "TOOLKIT");
+  EXPECT_EQ(users.Next(&record), nullptr);
+  EXPECT_STREQ(users.Previous(&record)->Name(), "TOOLKIT");
+}
+
+TEST_F(UserBookTest, ASearchFillsTheRecordAndComparesWholeNamesInModeOneOnly) {
+  PutNames(BookKind::kUsers, "", {"ab", "abc"});
+  users.Load();
+  CUserRecord record;
+  EXPECT_EQ(users.FindFirst("a", 1, &record), -1);
+  EXPECT_EQ(users.FindFirst("a", 2, &record), 3);
+  EXPECT_STREQ(record.Name(), "ab");
+  EXPECT_EQ(users.FindNext(1, &record), -1);
+  EXPECT_EQ(users.FindNext(2, &record), 4);
+  EXPECT_STREQ(record.Name(), "abc");
+  EXPECT_EQ(record.PrivateBook(), nullptr);
+  users.Attach(box, 0);
+  EXPECT_NE(users.GetAt(3, &record)->PrivateBook(), nullptr) << "attached with private books";
+  CUserRecord administrator;
+  EXPECT_EQ(users.GetAt(0, &administrator)->PrivateBook(), nullptr);
+}
+
+TEST_F(UserBookTest, SavesAnAccountThatWasAddedInMemory) {
+  account.tag = 7;
+  EXPECT_EQ(users.AddLocal(&account), 1);
+  CUserRecord held;
+  EXPECT_EQ(users.GetAt(0, &held)->tag, 7U);
+  TakeCalls();
+  EXPECT_EQ(users.SaveAll(), kNoError);
+  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPModifyEntry 4:USERSAB Anna Anna"));
+  EXPECT_EQ(users.RemoveAt(1, 1), 0);
+  EXPECT_EQ(users.RemoveAt(0, 1), 1);
+  EXPECT_EQ(users.Count(), 4) << "loaded";
+}
+
+TEST_F(UserBookTest, ClearAllGoesThroughTheApplianceOfTheLatestLogin) {
+  PutNames(BookKind::kUsers, "", {"Anna"});
+  CUserAB unattached;
+  EXPECT_EQ(unattached.ClearAll(), kNoError);
+  const std::vector<std::string> calls = TakeCalls();
+  EXPECT_THAT(calls, Contains("IMSPClearAB 1024:LOGAB _!ADMINISTRATOR_!GUEST"));
+  EXPECT_THAT(calls, Contains("IMSPClearAB 4:USERSAB -"));
+  TheAgent.DeleteScanners();
+  EXPECT_EQ(unattached.ClearAll(), kRefused);
+}
+
+// A book loads as many accounts as it holds, and discards them.
+TEST_F(UserBookTest, IsStoredWithoutItsCount) {
+  users.Load();
+  std::string bytes;
+  Archive storing(&bytes);
+  users.Serialize(storing);
+  EXPECT_EQ(bytes.substr(0, 14), "\15ADMINISTRATOR");
+  users.RemoveAt(0, 0);
+  Archive loading{std::string_view(bytes)};
+  users.Serialize(loading);
+  CUserRecord record;
+  EXPECT_STREQ(users.GetAt(0, &record)->Name(), "GUEST");
+  CUserEntry next;
+  next.Serialize(loading);
+  EXPECT_STREQ(next.Name(), "TOOLKIT");
+}
+
+TEST(UserList, KeepsTheEndOfABackwardReadAndFreesItsBlockWithTheLastRecord) {
+  CUserList list;
+  CUserEntry user;
+  for (const char* name : {"a", "b", "c"}) {
+    user.SetName(name);
+    list.Append(user);
   }
+  EXPECT_TRUE(list.Shrink(2, 0));
+  std::string bytes;
+  Archive storing(&bytes);
+  list.Serialize(storing);
+  EXPECT_EQ(bytes.substr(0, 6), std::string("\2\0\0\0\1b", 6));
+  EXPECT_STREQ(list.GetAt(2).Name(), "");
+  EXPECT_EQ(list.RemoveAt(0), 1);
+  EXPECT_NE(list.Data(), nullptr);
+  EXPECT_EQ(list.RemoveAt(0), 1);
+  EXPECT_EQ(list.Data(), nullptr);
+  EXPECT_EQ(list.SaveAll(), kRefused);
+  EXPECT_EQ(list.Load({}, 1), kRefused);
+  Archive loading{std::string_view(bytes)};
+  list.Serialize(loading);
+  EXPECT_STREQ(list.GetAt(1).Name(), "c");
+  list.Allocate(MaxUsers);
+  EXPECT_EQ(list.Append(user), 0);
+  EXPECT_EQ(TheAgent.LastError(), kBookFull);
+}
 
-  static void PutUser(std::string_view name) {
-    CUserEntry entry;
-    entry.SetName(name);
-    SimulatorPutEntry(BookKind::kUsers, "", nullptr, &entry);
-  }
-
-  static bool IsOnServer(const char* name) {
-    CUserEntry entry;
-    return SimulatorFindEntry(BookKind::kUsers, "", nullptr, name, &entry) != 0;
-  }
-
-  CScanner* const box;
-  CUserAB book;
+class UserRecordTest : public PrivateBookTest {
+ public:
+  UserRecordTest() { Put<CUserEntry>(BookKind::kUsers, "", account); }
 };
 
-TEST_F(UserBookTest, LoadsInOneReadThatIsThenCutToSize) {
-  ASSERT_EQ(book.Attach(box, 0, 1), 1);
-  EXPECT_EQ(book.Count(), 3);
-  EXPECT_THAT(TakeCalls(), ElementsAre(kReadUsers));
-
-  SimulatorFail("IMSPReadAB", 1, 11);
-  EXPECT_EQ(book.Load(), 0);
-  EXPECT_TRUE(book.IsEmpty());
-
-  for (int i = book.Count(); SimulatorBookSize(BookKind::kUsers, "", nullptr) < MaxUsers; ++i) {
-    PutUser(NumberedName(i));
-  }
-  EXPECT_EQ(book.Load(), 1);
-  EXPECT_EQ(book.Count(), MaxUsers);
-  PutUser("zz");
-  EXPECT_EQ(book.Load(), 0) << "a server that holds more is not held in part";
-  EXPECT_TRUE(book.IsEmpty());
-  EXPECT_EQ(book.Attach(nullptr, 1), 0);
+TEST_P(UserRecordTest, ReleasesAndReplacesItsPrivateBook) {
+  CPrivEmailAB* book = account.PrivateBook();
+  EXPECT_EQ(account.AttachPrivateBook(book), 1) << "its own again";
+  const std::unique_ptr<CPrivEmailAB> detached(account.DetachPrivateBook());
+  EXPECT_EQ(detached.get(), book);
+  EXPECT_EQ(account.PrivateBook(), nullptr);
+  EXPECT_EQ(account.DetachPrivateBook(), nullptr);
+  auto* other = new CPrivEmailAB;
+  EXPECT_EQ(account.AttachPrivateBook(other), 1);
+  EXPECT_EQ(account.PrivateBook(), other);
+  EXPECT_EQ(account.AttachPrivateBook(nullptr), 1);
+  EXPECT_EQ(account.PrivateBook()->User(), &account) << "a new one";
+  Name(account, kAdministrator);
+  EXPECT_EQ(account.AttachPrivateBook(nullptr), 1);
+  EXPECT_EQ(account.PrivateBook(), nullptr) << "a privileged account gets none";
 }
 
-TEST_F(UserBookTest, WalksAndSearchesWithoutTheServer) {
-  for (const char* name : {"Abel", "Anna", "abel"}) PutUser(name);
-  book.Attach(box, 0, 1);
-  SimulatorClearJournal();
-  CUserRecord record;
-  EXPECT_STREQ(book.First(&record)->Name(), "ADMINISTRATOR");
-  EXPECT_EQ(record.Owner(), &book);
-  EXPECT_EQ(book.Previous(&record), nullptr);
-  EXPECT_EQ(book.Previous(&record), nullptr);
-  EXPECT_EQ(book.Next(&record), nullptr);
-  EXPECT_STREQ(book.Next(&record)->Name(), "ADMINISTRATOR") << "step by step";
-  for (int i = 1; i < book.Count(); ++i) EXPECT_NE(book.Next(&record), nullptr);
-  EXPECT_STREQ(record.Name(), "abel");
-  EXPECT_EQ(book.Next(&record), nullptr);
-  EXPECT_STREQ(book.Previous(&record)->Name(), "abel");
-
-  EXPECT_EQ(book.FindFirst("A", 0, &record), 0);
-  EXPECT_EQ(book.FindNext(0, &record), 1);
-  EXPECT_STREQ(record.Name(), "Abel");
-  EXPECT_EQ(record.PrivateBook(), nullptr);
-  EXPECT_EQ(book.FindNext(0, &record), 2);
-  EXPECT_EQ(book.FindFirst("Abe", 1, &record), -1);
-  EXPECT_EQ(book.FindNext(0, &record), 0) << "with the pattern of the search that hit";
+TEST_P(UserRecordTest, HasNoPrivateBookWithANameThatIsTooLong) {
+  const std::unique_ptr<CPrivEmailAB> kept(account.DetachPrivateBook());
+  Name(account, std::string(40, 'n'));
+  EXPECT_EQ(account.PrivateBook(), nullptr);
+  EXPECT_EQ(account.LoadPrivateBook(), 0);
+  EXPECT_EQ(account.AttachPrivateBook(kept.get()), 0);
+  EXPECT_EQ(account.DetachPrivateBook(), nullptr);
+  EXPECT_FALSE(users.ReadUser(&account, 1));
   EXPECT_THAT(TakeCalls(), IsEmpty());
 }
 
-TEST_F(UserBookTest, RecordsThatAreHandedOutGetAPrivateBookWhereAskedFor) {
-  PutUser("Anna");
-  book.Attach(box, 1);
-  CUserRecord record;
-  ASSERT_GE(book.FindFirst("Anna", 1, &record), 0);
-  EXPECT_NE(record.PrivateBook(), nullptr);
-  CUserRecord toolkit;
-  ASSERT_GE(book.FindFirst("TOOLKIT", 1, &toolkit), 0);
-  EXPECT_EQ(toolkit.PrivateBook(), nullptr);
+TEST_P(UserRecordTest, ReadsAndClearsItsLog) {
+  Name(account, kAdministrator);
+  EXPECT_EQ(account.LoadLog(), kNoError);
+  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPSizeofAB 1024:LOGAB ADMINISTRATOR",
+                                       "IMSPReadAB 1024:LOGAB [|ADMINISTRATOR|0] 1 1"));
+  ASSERT_EQ(account.LogSize(), 1U);
+  EXPECT_EQ(account.LogAt(0), TheAgent.LogRecordAt(0));
+  EXPECT_EQ(account.ClearMyLog(), kNoError);
+  EXPECT_THAT(TakeCalls(), Contains("IMSPClearAB 1024:LOGAB ADMINISTRATOR"));
 }
 
-TEST_F(UserBookTest, LocalChangesPatchTheList) {
-  book.Attach(box, 0, 1);
-  CUserRecord record;
-  Fill(record, "Anna");
-  EXPECT_EQ(book.AddLocal(&record), 4);
-  CUserRecord held;
-  EXPECT_EQ(book.FindFirst("Anna", 1, &held), 3);
-  EXPECT_EQ(held.tag, 7U);
-  PutUser("Bo");
-  Fill(record, "Bo");
-  EXPECT_FALSE(book.ModifyLocal(&record)) << "changed on the server, not held here";
-  EXPECT_FALSE(book.RenameLocal("Bo", &record));
-  EXPECT_EQ(book.DeleteLocal(&record), -1);
-  EXPECT_FALSE(IsOnServer("Bo"));
-}
-
-TEST_F(UserBookTest, SavesAccountsThatWereOnlyAdded) {
-  book.Attach(box, 0, 0);
-  CUserRecord record;
-  Fill(record, "Anna");
-  ASSERT_EQ(book.AddLocal(&record), 1);
-  TakeCalls();
-  EXPECT_EQ(book.SaveAll(), kNoError);
+TEST_P(UserRecordTest, WritesItsFlags) {
+  EXPECT_EQ(account.MarkOnce(0), 1);
   EXPECT_THAT(TakeCalls(), ElementsAre("IMSPModifyEntry 4:USERSAB Anna Anna"));
-}
-
-TEST_F(UserBookTest, AFullListRefusesAndRecordsIt) {
-  for (int i = 3; i < MaxUsers; ++i) PutUser(NumberedName(i));
-  CUserRecord record;
-  Fill(record, "zz");
-  ASSERT_EQ(book.Attach(box, 0, 1), 1);
-  TheAgent.SetError(0);
-  SimulatorClearJournal();
-  EXPECT_FALSE(book.AddUser(&record, 1));
-  EXPECT_EQ(book.AddLocal(&record), -1);
+  EXPECT_EQ(account.MarkOnce(0), 0);
   EXPECT_THAT(TakeCalls(), IsEmpty());
-  EXPECT_EQ(TheAgent.LastError(), 24);
-  EXPECT_EQ(book.RemoveAt(0, 0), 1);
-  EXPECT_EQ(book.AddLocal(&record), MaxUsers);
+  const std::unique_ptr<CPrivEmailAB> released(account.DetachPrivateBook());
+  EXPECT_EQ(account.TurnOn(1), 1);
+  EXPECT_EQ(users.Count(), GetParam() ? 4 : 0) << "the owner reads its accounts";
+  SimulatorFail(nullptr, 1, kFault);
+  EXPECT_EQ(account.TurnOff(0), 0);
+  EXPECT_FALSE(account.IsOn()) << "off in memory, whatever the server returns";
+  CUserEntry stored;
+  SimulatorFindEntry(BookKind::kUsers, "", nullptr, "Anna", &stored);
+  EXPECT_EQ(stored.flags, 0x11U);
 }
 
-TEST_F(UserBookTest, ClearAllGoesThroughTheApplianceOfTheLastLogin) {
-  PutUser("Anna");
-  CUserAB loose;
-  SimulatorClearJournal();
-  EXPECT_EQ(loose.ClearAll(), 0);
-  const std::vector<std::string> calls = TakeCalls();
-  EXPECT_THAT(calls, testing::Contains("IMSPClearAB 1024:LOGAB _!ADMINISTRATOR_!GUEST"));
-  EXPECT_THAT(calls, testing::Contains("IMSPClearAB 4:USERSAB -"));
-  EXPECT_FALSE(IsOnServer("Anna"));
-  TheAgent.DeleteScanners();
-  EXPECT_EQ(loose.ClearAll(), -1);
-}
+INSTANTIATE_TEST_SUITE_P(Routes, UserRecordTest, testing::Bool(), RouteName);
 
 }  // namespace
 }  // namespace quillkit
