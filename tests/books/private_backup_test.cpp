@@ -40,7 +40,6 @@ class PrivateBackupTest : public PrivateBookTest {
     Put(BookKind::kPrivateList, "Crew", MakeEntry("Ann", "own", 1));
     Put(BookKind::kPrivateList, "Team", MakeEntry("Bo", "own", 1));
     Put(BookKind::kPrivateList, "Team", MakeEntry("Public"));
-    account.LoadPrivateBook();
     Archive archive(&bytes);
     account.SerializeWithBook(archive);
     TakeCalls();
