@@ -87,6 +87,7 @@ TEST(FaxEntryList, ABinarySearchFindsEveryEntryOfASortedList) {
   EXPECT_EQ(sorted.BinaryLookup("d", 0, 1), -1);
   EXPECT_EQ(sorted.BinaryLookup("gh", 3, 1), 3);
   EXPECT_EQ(sorted.BinaryLookup("a", -3, 1), 0);
+  EXPECT_EQ(sorted.Lookup("a", -1, 1), -1);
   EXPECT_EQ(sorted.BinaryLookup("g", 0, 1), -1);
   EXPECT_EQ(sorted.BinaryLookup("g", 0, 2), 3);
 }

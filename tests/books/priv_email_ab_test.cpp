@@ -136,6 +136,7 @@ TEST_P(PrivateBookTest, SearchesAndChangesEntriesInMemory) {
   EXPECT_EQ(Private().SearchFirst("a", 2), 0);
   EXPECT_EQ(Private().SearchNext(1), -1);
   EXPECT_EQ(Private().SearchNext(0), 1);
+  EXPECT_EQ(CPrivEntryPage().Search("", -1, 0), -1);
   CEmailEntry entry = MakeEntry("c", "new", 3);
   EXPECT_EQ(Private().ModifyLocalByKey("b", &entry), 1);
   EXPECT_STREQ(Private().EntryAt(2)->Name(), "c");
