@@ -27,10 +27,18 @@ class SharedRuleTest : public BooksTest {
   CPrivEmailDL privateZoe, privateTeam;
 };
 
-using Operation = std::function<std::int64_t(SharedRuleTest&)>;
+using Run = std::function<std::int64_t(SharedRuleTest&)>;
+
+struct Operation {
+  Operation(const char* newText, Run newRun) : text(newText), run(std::move(newRun)) {}
+
+  const char* text;
+  Run run;
+};
 
 // An operation of the rows. Its objects are members of `on`.
-#define RUN(expression) [](SharedRuleTest& on) -> std::int64_t { return on.expression; }
+#define RUN(expression) \
+  Operation(#expression, [](SharedRuleTest& on) -> std::int64_t { return on.expression; })
 
 struct Limit {
   const char* name;
@@ -49,14 +57,13 @@ struct Addition {
   const char* limit;
   std::int64_t refusal;
   bool isRecorded;  // whether the refusal is the last error
-  Operation run;
+  Operation addition;
 };
 
 const Limit kLimits[] = {
-    {"FaxEntries", BookKind::kFax, "", 2048, 1, 0, 2048,  //
-     RUN(fax.LoadEntries()), RUN(fax.EntryCount())},
-    {"Accounts", BookKind::kUsers, "", 4096, 1, 0, 0,  //
-     RUN(users.Load()), RUN(users.Count())},
+    {"FaxEntries", BookKind::kFax, "", 2048, 1, 0, 2048, RUN(fax.LoadEntries()),
+     RUN(fax.EntryCount())},
+    {"Accounts", BookKind::kUsers, "", 4096, 1, 0, 0, RUN(users.Load()), RUN(users.Count())},
     {"PrivateEntries", BookKind::kPrivateEmail, "", 2000, 1, 0, 0, RUN(Private().LoadEntries(0)),
      RUN(Private().EntryCount())},
     {"PublicMembers", BookKind::kPublicList, "Team", 512, 0, 21, 512,
@@ -104,13 +111,13 @@ TEST_P(LimitTest, RefusesAdditionsWithoutACreationAndLoadsNoMore) {
   const std::int32_t first = limit.kind == BookKind::kUsers ? 3 : 0;  // the permanent accounts
   for (std::int32_t i = first; i < limit.most - 1; ++i) PutOne(i);
   for (const bool isFull : {false, true}) {
-    EXPECT_EQ(limit.load(*this), limit.loaded);
-    EXPECT_EQ(limit.count(*this), isFull ? limit.most : limit.most - 1);
+    EXPECT_EQ(limit.load.run(*this), limit.loaded);
+    EXPECT_EQ(limit.count.run(*this), isFull ? limit.most : limit.most - 1);
     for (const Addition& each : kAdditions) {
       if (each.limit != std::string_view(limit.name)) continue;
-      SCOPED_TRACE(testing::Message() << "row " << &each - kAdditions << " of the additions");
+      SCOPED_TRACE(each.addition.text);
       Start();
-      const std::int64_t result = each.run(*this);
+      const std::int64_t result = each.addition.run(*this);
       EXPECT_THAT(TakeCalls(), Contains(StartsWith("IMSPCreate")).Times(isFull ? 0 : 1));
       if (!isFull) continue;
       EXPECT_EQ(result, each.refusal);
@@ -118,33 +125,32 @@ TEST_P(LimitTest, RefusesAdditionsWithoutACreationAndLoadsNoMore) {
     }
   }
   PutOne(limit.most);
-  EXPECT_EQ(limit.load(*this), limit.tooMany);
-  EXPECT_EQ(limit.count(*this), limit.leftThen);
+  EXPECT_EQ(limit.load.run(*this), limit.tooMany);
+  EXPECT_EQ(limit.count.run(*this), limit.leftThen);
 }
 
 INSTANTIATE_TEST_SUITE_P(Books, LimitTest, testing::ValuesIn(kLimits),
                          [](const auto& each) { return std::string(each.param.name); });
 
 const struct {
-  const char* name;
   std::int64_t result;
   Operation change;
 } kLocalChanges[] = {
-    {"fax FastModifyEntry", 0, RUN(fax.FastModifyEntry(&on.faxZoe))},
-    {"fax FastRenameEntry", 0, RUN(fax.FastRenameEntry("Zoe", &on.faxZoe))},
-    {"fax FastDeleteEntry", -1, RUN(fax.FastDeleteEntry(&on.faxZoe))},
-    {"account ModifyLocal", 0, RUN(users.ModifyLocal(&on.userZoe))},
-    {"account RenameLocal", 0, RUN(users.RenameLocal("Zoe", &on.userZoe))},
-    {"account DeleteLocal", -1, RUN(users.DeleteLocal(&on.userZoe))},
-    {"private ModifyLocal", 0, RUN(Private().ModifyLocal(&on.zoe))},
-    {"private ModifyLocalByKey", 0, RUN(Private().ModifyLocalByKey("Zoe", &on.zoe))},
-    {"private RemoveLocal", -1, RUN(Private().RemoveLocal(&on.zoe))},
-    {"public list ModifyLocal", -1, RUN(publicTeam.ModifyLocal(&on.zoe))},
-    {"public list RenameLocal", -1, RUN(publicTeam.RenameLocal("Zoe", &on.zoe))},
-    {"public list RemoveLocal", -1, RUN(publicTeam.RemoveLocal(&on.zoe))},
-    {"private list ModifyLocal", 0, RUN(privateTeam.ModifyLocal(&on.zoe))},
-    {"private list RenameLocal", 0, RUN(privateTeam.RenameLocal("Zoe", &on.zoe))},
-    {"public DeleteList", 0, RUN(email.DeleteList("Zoe"))},
+    {0, RUN(fax.FastModifyEntry(&on.faxZoe))},
+    {0, RUN(fax.FastRenameEntry("Zoe", &on.faxZoe))},
+    {-1, RUN(fax.FastDeleteEntry(&on.faxZoe))},
+    {0, RUN(users.ModifyLocal(&on.userZoe))},
+    {0, RUN(users.RenameLocal("Zoe", &on.userZoe))},
+    {-1, RUN(users.DeleteLocal(&on.userZoe))},
+    {0, RUN(Private().ModifyLocal(&on.zoe))},
+    {0, RUN(Private().ModifyLocalByKey("Zoe", &on.zoe))},
+    {-1, RUN(Private().RemoveLocal(&on.zoe))},
+    {-1, RUN(publicTeam.ModifyLocal(&on.zoe))},
+    {-1, RUN(publicTeam.RenameLocal("Zoe", &on.zoe))},
+    {-1, RUN(publicTeam.RemoveLocal(&on.zoe))},
+    {0, RUN(privateTeam.ModifyLocal(&on.zoe))},
+    {0, RUN(privateTeam.RenameLocal("Zoe", &on.zoe))},
+    {0, RUN(email.DeleteList("Zoe"))},
 };
 
 TEST_F(SharedRuleTest, ALocalChangeFailsIfOnlyTheServerHasTheEntry) {
@@ -162,10 +168,10 @@ TEST_F(SharedRuleTest, ALocalChangeFailsIfOnlyTheServerHasTheEntry) {
   privateTeam.Open(&Private(), "Team");
   PutNames(BookKind::kPublicList, "Zoe", {"Ann"});
   for (const auto& each : kLocalChanges) {
-    SCOPED_TRACE(each.name);
+    SCOPED_TRACE(each.change.text);
     putEverywhere("Zoe");
     TakeCalls();
-    EXPECT_EQ(each.change(*this), each.result);
+    EXPECT_EQ(each.change.run(*this), each.result);
     EXPECT_EQ(SimulatorCallCount(), 1);
     EXPECT_EQ(SimulatorCallStatus(0), kNoError) << "the server makes the change";
   }
