@@ -16,7 +16,7 @@ std::int32_t ParseColumn(std::string_view text) {
   std::int32_t column = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), column);
   if (error == std::errc() && end == text.data() + text.size() && column >= -1) return column;
-  throw UsageError("--map: " + Quoted(text) + " is not a column number, which is -1, 0, 1, ...");
+  throw UsageError("--map: " + Quoted(text) + " is not a column number (-1, 0, 1, ...)");
 }
 
 bool LooksLikeNumber(std::string_view text) {

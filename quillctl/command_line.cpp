@@ -27,13 +27,14 @@ constexpr const char* kFooter =
     "These options can be given before or after the command. Each command has more options; see\n"
     "quillctl COMMAND --help. If no option gives a password, quillctl uses the environment "
     "variable\n"
-    "QUILLCTL_PASSWORD. If that is not set, it asks at the terminal; without a terminal, the\n"
-    "password is empty.\n"
+    "QUILLCTL_PASSWORD. If that is not set or is empty, it asks at the terminal; without a\n"
+    "terminal, the password is empty.\n"
     "\n"
     "Exit status:\n"
     "  0  success\n"
-    "  1  the appliance or the library refused, something named does not exist, a check failed,\n"
-    "     or a file cannot be written\n"
+    "  1  the appliance or the library refused the operation, a key or an item does not exist, a\n"
+    "     check failed, the command was interrupted or not confirmed, or a file or the output\n"
+    "     cannot be written\n"
     "  2  the command line or an input file is invalid\n"
     "  3  some rows of a file were not imported\n"
     "  4  the login failed: the appliance cannot be reached, or it refused the account";
@@ -65,7 +66,7 @@ constexpr Example kExamples[] = {
     {"import", "contacts.csv --format csv --map 2,10 --skip-header"},
 };
 
-// Call it after all commands were added.
+// Call this after all commands have been added.
 void AddHelpTexts(CLI::App& app) {
   app.footer(kFooter);
   app.set_version_flag("--version", kVersion, "Print the version and exit");
@@ -92,7 +93,7 @@ class Parser {
 
   std::string ErrorText(const CLI::ParseError& error) const;
 
-  CLI::App app{"Manages the soft keys and the address books of a Quillbox."};
+  CLI::App app{"Manage the soft keys and address books of a Quillbox."};
   Commands commands{app};
   Credentials credentials;
   std::optional<std::string> passwordFile;
@@ -129,7 +130,7 @@ void Parser::Run(int argc, const char* const* argv) {
 void Parser::AddCredentials() {
   app.add_option("--host", credentials.host, "The appliance: a name or a dotted address")
       ->capture_default_str();
-  app.add_option("--user", credentials.user, "The account")->capture_default_str();
+  app.add_option("--user", credentials.user, "The account name")->capture_default_str();
   auto* option = app.add_option("--password", credentials.password,
                                 "The password; other users may see it in the process list");
   auto* file = app.add_option("--password-file", passwordFile,
@@ -141,7 +142,7 @@ void Parser::AddCredentials() {
       ->disable_flag_override()
       ->excludes(option)
       ->excludes(file);
-  app.add_option("--third", credentials.third, "The third field of the login");
+  app.add_option("--third", credentials.third, "The third text of the account record, at most 255 characters");
 }
 
 void Parser::ReadPassword() {

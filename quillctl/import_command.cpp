@@ -188,7 +188,7 @@ void AddImportCommand(Commands& commands) {
   import->add_flag("--skip-header", into.skipHeader, "csv only: skip the first line");
   import->add_flag("--clear", into.clearFirst,
                    "csv only: clear the book first; requires ADMINISTRATOR");
-  import->add_option("--show", into.shown, "How many new entries to show")
+  import->add_option("--show", into.shown, "The number of new entries to show")
       ->check(CountFault, "")
       ->capture_default_str();
   import

@@ -177,7 +177,7 @@ bool HasItem(const Session& session, const std::string& key, const std::string& 
 // leave the item under both keys but never lose it.
 void MoveToKey(const Session& session, const std::string& key, const std::string& name,
                const std::string& target) {
-  if (key == target) throw UsageError("--to must name another key than the item's");
+  if (key == target) throw UsageError("--to must name a different soft key");
   const Items items = ReadItems(session, key);
   const auto found = std::ranges::find(items, name, &ItemFields::name);
   if (found == items.end()) throw NoItem(key, name);
@@ -237,8 +237,8 @@ void AddListCommands(Commands& commands) {
   const auto f = std::make_shared<Arguments>();
   CLI::App* find = commands.Add("find", "Find items by name under all soft keys",
                                 [f](Session& s) { FindItems(s, f->name, f->wholeName, f->json); });
-  find->add_option("pattern", f->name, "The beginning of the name")->required();
-  find->add_flag("--whole", f->wholeName, "The pattern is the whole name");
+  find->add_option("pattern", f->name, "The name or its beginning")->required();
+  find->add_flag("--whole", f->wholeName, "Match the whole name only");
   AddJson(find, f->json);
 }
 

@@ -153,7 +153,7 @@ void AddKeySetCommands(Commands& commands) {
                                 [a](Session& s) { ExportKeys(s, a->file); });
   save->add_option("file", a->file, "The file (default: standard output)")->type_name("FILE");
 
-  CLI::App* apply = commands.AddOffline("apply", "Replace all keys and items by those in a file",
+  CLI::App* apply = commands.AddOffline("apply", "Replace all keys and items with those in a file",
                                         [a](const Credentials& c) {
                                           ApplyKeys(c, a->file,
                                                     a->dryRun ? Confirmation::kDryRun

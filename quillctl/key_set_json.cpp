@@ -61,7 +61,7 @@ class ParseGuard {
   void AddMember(const std::string& name) {
     std::set<std::string>& names = objectNames.back();
     if (!names.insert(name).second) {
-      throw UsageError("an object has two members " + Quoted(name));
+      throw UsageError("an object has two members named " + Quoted(name));
     }
     if (names.size() > kMaxMembers) throw UsageError("an object has too many members");
   }
@@ -75,7 +75,7 @@ class Reader {
   KeySet Read(const Json& file) {
     RequireMembers(file, "the file", {kFormatMember, "encoding", "keys"});
     if (file.value(kFormatMember, Json()) != Json(1)) {
-      throw UsageError("the file has no \"quillbox-keys\": 1");
+      throw UsageError("not a key file: \"quillbox-keys\": 1 is missing");
     }
     const Json encoding = file.value("encoding", Json(kUtf8));
     isLatin1 = encoding == Json(kLatin1);

@@ -1,6 +1,6 @@
-# An emulated machine for the 32-bit Wine of wine.sh, for machines that run no 32-bit programs;
-# sourced by wine.sh. It boots a Debian kernel directly into the command, with the Wine root as one
-# disk and the folder as another.
+# An emulated machine for the 32-bit Wine of wine.sh; sourced by wine.sh. It is used on machines that
+# cannot run 32-bit programs. It boots a Debian kernel, which runs the command as its first process.
+# The Wine root is one disk, the folder is another.
 # shellcheck shell=bash disable=SC2154 # wine.sh's variables
 
 emulator_kernel=$wine_cache/kernel
@@ -31,7 +31,7 @@ fetch_kernel() (
 )
 
 # make_emulator_disk: makes the disk from the root and runs Wine there once to create its registry.
-# The disk gets its final name when it is complete.
+# It is renamed to its final name when it is complete.
 make_emulator_disk() (
   disk=$(mktemp "$emulator_disk.XXXXXX")
   trap 'rm -f "$disk"' EXIT
@@ -62,7 +62,7 @@ SCRIPT
 in_emulator() { emulate "$emulator_disk" on "$@"; }
 
 # emulate DISK DISCARD FOLDER COMMAND...: the same with another disk, whose changes are discarded if
-# DISCARD is "on". If FOLDER is empty, /program is empty. The machine ends with this shell.
+# DISCARD is "on". If FOLDER is empty, /program is empty. The machine is stopped when this shell exits.
 emulate() (
   disk=$1 discard=$2 folder=$3 accelerator=tcg
   shift 3

@@ -70,8 +70,8 @@ check_language() {
   done < <(find "$include"/{toolkit,import,simulator,books,views} -name "*.h")
 }
 
-# build_outside PREFIX SCRATCH CC CXX [cmake options]: builds the programs by find_package and by
-# pkg-config, both of which raise C++17 to C++20, and checks that the headers need no others.
+# build_outside PREFIX SCRATCH CC CXX [cmake options]: checks that each header compiles alone. Then
+# builds the programs with find_package and with pkg-config; both must raise C++17 to C++20.
 build_outside() {
   local prefix=$1 scratch=$2 cc=$3 cxx=$4 include=$1/include/quillkit name flags
   local -A by_pkg_config=([toolkit]=quillkit [quillkit_c]=quillkit_c [classes]=quillkit_classes)
@@ -176,7 +176,7 @@ check_texts() {
   fi
 }
 
-# check_zip_files PREFIX: all files are there, and the libraries carry the version.
+# check_zip_files PREFIX: all expected files exist, and the libraries carry the version.
 check_zip_files() {
   local file simulator=lib/quillkit/simulator
   for file in bin/{Quillkit,quillkit_c}.dll bin/quillctl.exe lib/{Quillkit,quillkit_c}.dll.a \

@@ -1,9 +1,9 @@
 # A 32-bit Wine for the Windows tests, in a Debian root of its own; sourced by ./test.
 #
-# The root is in the user's cache folder and is made once (some minutes, 1.5 GB). Its packages are
-# unpacked but not configured, so that a machine that runs no 32-bit programs can make it too. Such a
-# machine runs Wine in an emulated one (emulator.sh). A run uses a temporary copy of the root: it
-# leaves nothing mounted or running, and every run starts with the same registry.
+# The root is in the user's cache folder. It is made once, which takes some minutes and 1.5 GB. Its
+# packages are unpacked but not configured, so that a machine that cannot run 32-bit programs can make
+# it too. Such a machine runs Wine in an emulator (emulator.sh). Each run uses a temporary copy of the
+# root. It leaves no mounts or processes, and every run starts with the same registry.
 # shellcheck shell=bash
 
 wine_cache=${XDG_CACHE_HOME:-$HOME/.cache}/quillkit
@@ -14,13 +14,13 @@ wine_root=$wine_cache/wine-root
 wine_environment=(HOME=/root PATH=/usr/lib/wine:/usr/bin:/bin WINEDEBUG=-all
   "WINEDLLOVERRIDES=mscoree,mshtml,wineboot.exe=")
 
-# Creates Wine's folder and registry once. On a slow machine Wine reports time-outs but continues; the
-# check is that a program runs afterwards.
+# Creates Wine's folder and registry once. On a slow machine Wine reports time-outs but continues, so
+# the check is whether a program runs afterwards.
 wine_first_run='WINEDLLOVERRIDES=mscoree,mshtml= wine wineboot --init; wineserver -w
   wine cmd /c exit'
 
-# make_wine_root: makes the root from the package source of this machine. The root gets its final name
-# when it is complete.
+# make_wine_root: makes the root from the package source of this machine. It is renamed to its final
+# name when it is complete.
 make_wine_root() (
   release=$(. /etc/os-release && echo "${VERSION_CODENAME-}")
   # shellcheck disable=SC2016 # apt-get fills $(REPO_URI) in
@@ -64,7 +64,7 @@ make_wine_root() (
 prepare_wine() {
   [ -d "$wine_root" ] || make_wine_root || return 1
   if ! as_root chroot "$wine_root" /bin/true 2>/dev/null; then
-    echo "This machine runs no 32-bit programs; using an emulated machine"
+    echo "This machine cannot run 32-bit programs; using an emulated machine"
     . scripts/emulator.sh
     prepare_emulator
   elif [ ! -e "$wine_root/root/.wine/system.reg" ]; then
@@ -84,7 +84,7 @@ in_wine() {
 }
 
 # in_root keep|discard FOLDER COMMAND...: runs a command in the root, or in a copy that is discarded,
-# with the folder as /program. Its mounts and processes end with it.
+# with the folder as /program. Its mounts and processes are removed when it ends.
 in_root() {
   local changes=$1 folder
   folder=$(realpath "$2")

@@ -20,7 +20,7 @@ CXX_FLAGS = "-O0 -w -D_GLIBCXX_ASSERTIONS"
 OPTIMISED = ("-O2",)
 SANITIZED = ("-fsanitize=address,undefined", "-fno-sanitize=vptr", "-fno-sanitize-recover=all")
 COMPILE_SECONDS = 600
-SLOW_OBJECTS = "tests/"  # of which each includes the test library
+SLOW_OBJECTS = "tests/"  # each includes the test library
 
 
 class BuildError(Exception):
@@ -28,8 +28,8 @@ class BuildError(Exception):
 
 
 def synchronise(root, copy):
-    """Makes `copy` hold the files that git knows or would add, and nothing else. Files that are the
-    same keep their times."""
+    """Makes `copy` contain exactly the files that git tracks or would add. Unchanged files keep their
+    times."""
     listed = subprocess.run(["git", "ls-files", "-co", "--exclude-standard", "-z"], cwd=root,
                             check=True, capture_output=True, text=True).stdout.split("\0")
     wanted = {name for name in listed if name and (root / name).is_file()}
@@ -88,7 +88,7 @@ class Build:
                 self.dependants.setdefault(path, []).append(target)
 
     def _read_symbols(self):
-        """The functions of each object that the linker may take from another, and its local ones."""
+        """The functions of each object that the linker may take from another object, and its local ones."""
         objects = sorted({each for found in self.dependants.values() for each in found})
         self.symbols = {each: set() for each in objects}
         for line in run(["nm", "-A", "--defined-only", *objects], cwd=self.folder).splitlines():
@@ -107,7 +107,7 @@ class Build:
         return self._cover(objects, function) or objects
 
     def _cover(self, objects, function):
-        """Some of these objects that in each program hold all instances of the function."""
+        """A subset of these objects that contains all instances of the function in each program."""
         pattern = symbol_pattern(function)
         held = {each: set(filter(pattern.search, self.symbols[each])) for each in objects}
         chosen = []

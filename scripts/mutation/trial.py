@@ -12,8 +12,8 @@ import signal
 import subprocess
 
 TESTS, MEMORY_TESTS = "bin/quillkit_tests", "bin/quillkit_memory_tests"
-PROBE = "bin/quillkit_start_probe"  # which holds little of the library, and tests none of that
-LONG_SHARE = 0.01  # of the time of all: a test that takes more is among the last
+PROBE = "bin/quillkit_start_probe"  # contains little of the library and tests none of it
+LONG_SHARE = 0.01  # of the total time; longer tests run last
 RESULT = re.compile(r"^\[ +(RUN|FAILED|OK) +\] (\w[\w/]*\.[\w/]+)", re.MULTILINE)
 MEMORY_KILOBYTES = 4_000_000
 FILE_BLOCKS = 1_000_000  # of 512 bytes
@@ -71,8 +71,8 @@ class Tests:
         return [stage(*group) for group in groups if group[2]]
 
     def sanitizer_stage(self, folder):
-        """The stage for a mutant of a folder that has survived the others. The sanitizers make all
-        tests take a minute; those of the folder have to do."""
+        """The stage for a mutant of a folder that has survived the others. With sanitizers, all
+        tests take a minute, so only those of the folder run."""
         own = [test for test in self.fast if test.folder == folder]
         return stage("sanitizers", TESTS, own, slowness=8)
 
@@ -103,8 +103,8 @@ def folder_of(path):
 
 
 def environment(folder):
-    """What a program of tests finds: a home and a place for temporary files of its own, and memory
-    that is not zero before it is written and after it is freed."""
+    """The environment of a test program: its own home and temporary folder, and memory that is not
+    zero when allocated or freed."""
     kept = {name: value for name, value in os.environ.items()
             if not name.startswith(("QUILL", "XDG_", "GTEST_"))}
     home = folder / "home"
@@ -144,8 +144,8 @@ def run_tests(variant, chosen, names):
 
 
 def run_limited(command, seconds, output, variables, folder):
-    """Runs a command, and gives its status, or None when it took too long. What it started and left
-    running ends with it."""
+    """Runs a command. Returns its status, or None after a time-out. Kills all processes that it left
+    running."""
     process = subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=output, stderr=output,
                                env=variables, cwd=folder, start_new_session=True)
     try:
