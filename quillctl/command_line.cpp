@@ -142,7 +142,8 @@ void Parser::AddCredentials() {
       ->disable_flag_override()
       ->excludes(option)
       ->excludes(file);
-  app.add_option("--third", credentials.third, "The third text of the account record, at most 255 characters");
+  app.add_option("--third", credentials.third,
+                 "The third text of the account record, at most 255 characters");
 }
 
 void Parser::ReadPassword() {

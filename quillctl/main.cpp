@@ -31,7 +31,8 @@ int PrintError(const char* text, int status) {
 int FinalStatus(int status) {
   std::cout.flush();
   if (std::cout) return status;
-  return PrintError("cannot write to standard output; the command itself was executed", kExitRefused);
+  return PrintError("cannot write to standard output; the command itself was executed",
+                    kExitRefused);
 }
 
 }  // namespace
