@@ -1,11 +1,11 @@
-// What the agent offers beside the session: time-outs, database commands, the log, checks, texts.
+// The agent's forwarding operations, and its services besides the session: database commands, the
+// log, checks and texts.
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdint>
+#include <map>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "bridge/the_agent.h"
@@ -14,10 +14,6 @@
 
 namespace quillkit {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::StartsWith;
 
 constexpr Status kEarlier = 11;
 constexpr Status kFault = 6;
@@ -30,150 +26,119 @@ class AgentServices : public ApplianceTest {
   }
 };
 
-TEST_F(AgentServices, ATimeoutIsToldInWholeSeconds) {
-  SimulatorSetTimeout(1999);
-  std::uint32_t old = 7;
-  EXPECT_EQ(TheAgent.SetServerTimeout(0, &old), kNoError);
-  EXPECT_EQ(old, 1U);
-  EXPECT_EQ(SimulatorTimeout(), 0U);
-  EXPECT_EQ(TheAgent.SetServerTimeout(5, &old), kNoError);
-  EXPECT_EQ(old, 0U);
-  EXPECT_EQ(SimulatorTimeout(), 5000U);
+// --- Forwarding ---
 
-  old = 7;
-  SimulatorFail("IMSPIOCtl", 1, kFault);
-  EXPECT_EQ(TheAgent.SetServerTimeout(9, &old), kFault);
-  EXPECT_EQ(old, 7U);
-  SimulatorFail("IMSPIOCtl", 2, kFault);
-  EXPECT_EQ(TheAgent.SetServerTimeout(9, &old), kFault);
-  EXPECT_EQ(old, 5U);
+TEST_F(AgentServices, ForwardsACallAndRecordsItsStatus) {
+  using A = CAgent;
+  const struct {
+    const char* call;
+    Status (*run)(A&);
+  } operations[] = {
+      {"IMSPWakeup", [](A& agent) { return agent.IMSPWakeup(); }},
+      {"IMSPAbort", [](A& agent) { return agent.IMSPAbort(); }},
+      {"IMSPCheckString text 9", [](A& agent) { return agent.IMSPCheckString("text", 9); }},
+      {"IMSPExport 1 2", [](A& agent) { return agent.IMSPExport(1, 2); }},
+      {"IMSPGetExportFile 1 2 3", [](A& agent) { return agent.IMSPGetExportFile(1, 2, 3); }},
+      {"IMSPImport 1 2 3", [](A& agent) { return agent.IMSPImport(1, 2, 3); }},
+      {"IMSPImpExpState 1 2", [](A& agent) { return agent.IMSPImpExpState(1, 2); }},
+      {"IMSPImpExpAbort", [](A& agent) { return agent.IMSPImpExpAbort(); }},
+      {"IMSPChangeIdentity TOOLKIT", [](A& agent) { return agent.ChangeIdentity("TOOLKIT"); }},
+      // Truncated, the name could be that of another user.
+      {"IMSPChangeIdentity \"\"",
+       [](A& agent) { return agent.ChangeIdentity(std::string(32, 'n')); }},
+  };
+  SimulatorFail(nullptr, 0, kFault);
+  for (const auto& each : operations) {
+    SCOPED_TRACE(each.call);
+    TheAgent.SetError(kEarlier);
+    EXPECT_EQ(each.run(TheAgent), kFault);
+    EXPECT_EQ(TheAgent.LastError(), kFault);
+    EXPECT_THAT(TakeCalls(), testing::ElementsAre(each.call));
+  }
 }
 
 // --- Database commands ---
 
-struct Command {
-  std::int32_t kind;
-  int first;  // lengths of the texts, -1 for none
-  int second;
-  bool fits;
-};
-
-TEST_F(AgentServices, ADatabaseCommandGoesOutWholeOrNotAtAll) {
-  const Command commands[] = {{2, -1, -1, true},   {0, 0, 0, true},      {1, 3, 4, true},
-                              {0, -1, 0, false},   {0, 384, -1, true},   {0, 384, 0, false},
-                              {0, 385, -1, false}, {0, 5000, -1, false}, {0, 383, 0, true},
-                              {0, 383, 1, false},  {0, 0, 383, true},    {0, 0, 5000, false},
-                              {3, 2, 2, true},     {-1, -1, -1, true}};
-  for (const Command& with : commands) {
-    SCOPED_TRACE(testing::Message() << with.kind << ' ' << with.first << ' ' << with.second);
-    const std::string first(static_cast<std::size_t>(std::max(with.first, 0)), 'f');
-    const std::string second(static_cast<std::size_t>(std::max(with.second, 0)), 's');
+TEST_F(AgentServices, SendsADatabaseCommandOfAtMost399Characters) {
+  const struct {
+    std::int32_t kind;
+    int lengths[2];  // of the texts, -1: null
+    int sent;        // the length of the command after "IMSPIOCtl 7 0 ", -1: refused
+  } commands[] = {{0, {-1, 0}, -1},  {0, {383, 0}, 398}, {0, {383, 1}, -1},  {0, {384, -1}, 399},
+                  {0, {384, 0}, -1}, {0, {385, -1}, -1}, {0, {0, 383}, 398}, {0, {0, 384}, -1},
+                  {3, {2, 2}, 0},    {-1, {-1, -1}, 0}};  // no such kind: an empty command
+  SimulatorFail("IMSPIOCtl", 0, kNoError);
+  for (const auto& each : commands) {
+    const auto& [first, second] = each.lengths;
+    SCOPED_TRACE(testing::Message() << "kind " << each.kind << ", " << first << ", " << second);
+    const std::string text(400, 't');
     TheAgent.SetError(kEarlier);
-    SimulatorFail("IMSPIOCtl", 1, kNoError);
-    EXPECT_EQ(TheAgent.DatabaseCommand(with.kind, with.first < 0 ? nullptr : first.c_str(),
-                                       with.second < 0 ? nullptr : second.c_str()),
-              with.fits ? kNoError : kRefused);
-    EXPECT_EQ(TheAgent.LastError(), with.fits ? kNoError : kEarlier);
-    // A kind that there is not leaves 14 bytes of nothing, and the text ends before it begins.
-    const char* const words[] = {"DBBACKUP......", "DBRESTORE.....", "DBCHECK......."};
-    std::string call = "IMSPIOCtl 7 0 ";
-    if (with.kind >= 0 && with.kind < 3) {
-      call += words[with.kind] + first + (with.first < 0 ? "" : ",") + second;
-    }
-    EXPECT_EQ(TakeCalls(), std::vector<std::string>(with.fits ? 1 : 0, call));
+    const auto tail = [&](int length) { return length < 0 ? nullptr : &text[400 - length]; };
+    EXPECT_EQ(TheAgent.DatabaseCommand(each.kind, tail(first), tail(second)),
+              each.sent < 0 ? kRefused : kNoError);
+    EXPECT_EQ(TheAgent.LastError(), each.sent < 0 ? kEarlier : kNoError);
+    const std::vector<std::string> calls = TakeCalls();
+    EXPECT_EQ(calls.empty() ? -1 : static_cast<int>(calls[0].size()) - 14, each.sent);
   }
-}
-
-TEST_F(AgentServices, ACommandThatDoesNotFitIsTheOneLocalCodeInTheLastError) {
-  const std::string tooLong(385, 'f');
-  EXPECT_EQ(TheAgent.BackupDatabase(tooLong.c_str(), nullptr), kRefused);
-  EXPECT_EQ(TheAgent.LastError(), kRefused);
-  EXPECT_EQ(SimulatorTimeout(), 3'600'000U);
+  EXPECT_EQ(TheAgent.BackupDatabase(std::string(385, 'f').c_str(), nullptr), kRefused);
+  EXPECT_EQ(TheAgent.LastError(), kRefused) << "the only local code that is recorded";
 }
 
 // --- The log ---
 
-class AgentLog : public AgentServices {
- protected:
-  // A further user with `count` log records.
-  static void PutLog(const char* user, int count) {
-    LogRecord record;
-    std::string_view(user).copy(record.bytes, sizeof record.bytes - 1);
-    for (int i = 0; i < count; ++i) {
-      SimulatorPutEntry(BookKind::kLog, "", nullptr, &record);
-    }
+TEST_F(AgentServices, HoldsTheDeliveredLogRecordsOfAUser) {
+  LogRecord record{"Ann"};
+  for (const char letter : {'a', 'b', 'c'}) {
+    record.bytes[32] = letter;
+    SimulatorPutEntry(BookKind::kLog, "", nullptr, &record);
   }
-};
-
-TEST_F(AgentLog, ReadsTheRecordsOfAUserInOneBlock) {
-  PutLog("Ann", 3);
-  PutLog("Ben", 1);
-  TakeCalls();
-  EXPECT_EQ(TheAgent.ReadLog("Ann"), kNoError);
-  EXPECT_THAT(TakeCalls(),
-              ElementsAre("IMSPSizeofAB 1024:LOGAB Ann", "IMSPReadAB 1024:LOGAB [|Ann|0] 3 1"));
-  ASSERT_EQ(TheAgent.LogCount(), 3U);
-  EXPECT_EQ(TheAgent.LogRecordAt(2), TheAgent.LogRecordAt(0) + 2);
-  EXPECT_THAT(TheAgent.LogRecordAt(2)->bytes, StartsWith("Ann"));
-  EXPECT_EQ(TheAgent.LogRecordAt(-1), nullptr);
-  EXPECT_EQ(TheAgent.LogRecordAt(3), nullptr);
-
-  // A query that fails leaves what was read.
-  SimulatorFail("IMSPSizeofAB", 1, kFault);
-  EXPECT_EQ(TheAgent.ReadLog("Ben"), kFault);
-  EXPECT_EQ(TheAgent.LogCount(), 3U);
-
-  TakeCalls();
-  EXPECT_EQ(TheAgent.ReadLog("Nobody"), kNoError);
-  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPSizeofAB 1024:LOGAB Nobody"));
-  EXPECT_EQ(TheAgent.LogCount(), 0U);
-  EXPECT_EQ(TheAgent.LogRecordAt(0), nullptr);
-}
-
-TEST_F(AgentLog, RecordsGoWithTheServersAndWithTheScanners) {
-  PutLog("Ann", 2);
-  TheAgent.ReadLog("Ann");
+  const std::string read = "IMSPReadAB 1024:LOGAB [|Ann|0] ";
+  const struct {
+    const char* user;
+    std::string lastCall;
+    std::uint32_t count;
+    std::string third;  // the third record, "none" if it does not exist
+    std::uint32_t lies = 0;
+    std::uint32_t inflation = 0;
+    const char* failing = nullptr;
+  } reads[] = {
+      {"Ann", read + "3 1", 3, "c", kLieDeliveredCount},
+      {"Ben", "IMSPSizeofAB 1024:LOGAB Ben", 3, "c", 0, 0, "IMSPSizeofAB"},
+      {"Zoe", "IMSPSizeofAB 1024:LOGAB Zoe", 0, "none"},
+      {"Ann", read + "3 1", 3, "", kLieFailedCount, 0, "IMSPReadAB"},
+      {"Ann", read + "1000000 1", 3, "c", 0, 4'000'000'000},
+      {"Ann", read + "10 1", 3, "c", kLieSize | kLieScribble},
+  };
+  const auto third = [] {
+    const LogRecord* const found = TheAgent.LogRecordAt(2);
+    return std::string(found != nullptr ? found->bytes + 32 : "none");
+  };
+  for (const auto& each : reads) {
+    SCOPED_TRACE(testing::Message() << each.lastCall << ", lies " << each.lies);
+    SimulatorSetLies(each.lies);
+    SimulatorInflateSizes(each.inflation);
+    if (each.failing != nullptr) SimulatorFail(each.failing, 1, kFault);
+    EXPECT_EQ(TheAgent.ReadLog(each.user), each.failing != nullptr ? kFault : kNoError);
+    EXPECT_EQ(TakeCalls().back(), each.lastCall);
+    EXPECT_EQ(TheAgent.LogCount(), each.count);
+    EXPECT_EQ(third(), each.third);
+    EXPECT_EQ(TheAgent.LogRecordAt(-1), nullptr);
+    EXPECT_EQ(TheAgent.LogRecordAt(static_cast<int>(each.count)), nullptr);
+  }
   SimulatorFail("IMSPClearAB", 1, kFault);
   EXPECT_EQ(TheAgent.ClearLog("Ann"), kFault);
-  EXPECT_NE(TheAgent.LogRecordAt(1), nullptr);
+  EXPECT_EQ(third(), "c");
+  TheAgent.DeleteScanners();
+  EXPECT_EQ(third(), "none");
+  EXPECT_EQ(TheAgent.LogCount(), 3U) << "only ReadLog and ClearLog change the count";
+  TheAgent.ReadLog("Ann");
   EXPECT_EQ(TheAgent.ClearLog("Ann"), kNoError);
   EXPECT_EQ(TheAgent.LogCount(), 0U);
-
-  PutLog("Ann", 2);
-  TheAgent.ReadLog("Ann");
-  TheAgent.DeleteScanners();
-  EXPECT_EQ(TheAgent.LogCount(), 2U) << "the count stays";
-  EXPECT_EQ(TheAgent.LogRecordAt(0), nullptr);
-}
-
-TEST_F(AgentLog, TheCountIsWhatWasDelivered) {
-  PutLog("Ann", 3);
-  SimulatorSetLies(kLieSize | kLieScribble);  // the size is told as 10
-  EXPECT_EQ(TheAgent.ReadLog("Ann"), kNoError);
-  EXPECT_EQ(TheAgent.LogCount(), 3U);
-
-  SimulatorSetLies(0);
-  SimulatorInflateSizes(4'000'000'000);
-  TakeCalls();
-  EXPECT_EQ(TheAgent.ReadLog("Ann"), kNoError);
-  EXPECT_EQ(TheAgent.LogCount(), 3U);
-  EXPECT_THAT(TakeCalls().back(), testing::EndsWith(" 1000000 1"));
-  SimulatorInflateSizes(0);
-
-  SimulatorSetLies(kLieDeliveredCount);
-  EXPECT_EQ(TheAgent.ReadLog("Ann"), kNoError);
-  EXPECT_EQ(TheAgent.LogCount(), 3U);
-
-  SimulatorSetLies(kLieFailedCount);
-  SimulatorFail("IMSPReadAB", 1, kFault);
-  EXPECT_EQ(TheAgent.ReadLog("Ann"), kFault);
-  ASSERT_EQ(TheAgent.LogCount(), 3U) << "as the server left it";
-  EXPECT_EQ(TheAgent.LogRecordAt(2)->bytes[0], '\0');
 }
 
 // --- Texts ---
 
-TEST_F(AgentServices, ATextIsCheckedHereFirstAndThenByTheServer) {
+TEST_F(AgentServices, ChecksATextBeforeAndAfterTheServerDoes) {
   const struct {
     std::string text;
     std::int32_t limit;
@@ -192,37 +157,40 @@ TEST_F(AgentServices, ATextIsCheckedHereFirstAndThenByTheServer) {
   }
 }
 
-TEST_F(AgentServices, TheServersTextIsCopiedAsFarAsTheBufferGoes) {
-  char text[400];
-  SimulatorSetServerText("hello");
-  EXPECT_EQ(TheAgent.ServerText(text), kNoError);
-  EXPECT_STREQ(text, "hello");
-
+TEST_F(AgentServices, CopiesAtMost399CharactersOfTheServersText) {
   const std::string longText(1000, 'x');
-  SimulatorSetServerText(longText.c_str());
-  EXPECT_EQ(TheAgent.ServerText(text), kNoError);
-  EXPECT_EQ(text, std::string(399, 'x'));
-
-  SimulatorSetServerText(nullptr);
-  EXPECT_EQ(TheAgent.ServerText(text), kNoError);
-  EXPECT_STREQ(text, "");
-
-  text[0] = 'x';
-  SimulatorFail("IMSPIOCtl", 1, kFault);
-  EXPECT_EQ(TheAgent.ServerText(text), kFault);
-  EXPECT_STREQ(text, "");
+  const struct {
+    const char* served;
+    Status status;
+    std::string copied;
+  } replies[] = {{"hello", kNoError, "hello"},
+                 {longText.c_str(), kNoError, longText.substr(0, 399)},
+                 {nullptr, kNoError, ""},
+                 {"hello", kFault, ""}};
+  for (const auto& each : replies) {
+    char text[400] = "before";
+    SimulatorSetServerText(each.served);
+    if (each.status != kNoError) SimulatorFail("IMSPIOCtl", 1, each.status);
+    EXPECT_EQ(TheAgent.ServerText(text), each.status);
+    EXPECT_EQ(text, each.copied);
+  }
 }
 
-TEST_F(AgentServices, ActsAsAnotherUserAndTellsTheTextOfTheLastError) {
-  EXPECT_EQ(TheAgent.ChangeIdentity(std::string(kToolkitName)), kNoError);
-  EXPECT_STREQ(SimulatorSessionUser(), "TOOLKIT");
-  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPChangeIdentity TOOLKIT"));
-  TheAgent.ChangeIdentity(std::string(32, 'n'));
-  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPChangeIdentity \"\"")) << "cut, it could be another's";
-  std::string text;
-  TheAgent.SetError(kEarlier);
-  TheAgent.ErrorText(text);
-  EXPECT_EQ(text, "Access Denied");
+TEST_F(AgentServices, HasATextForEachCode) {
+  const std::map<Status, std::string> texts = {{0, "No Error"},
+                                               {2, "Invalid User or Password"},
+                                               {20, "IMSP Unitialized"},
+                                               {23, ""},
+                                               {25, "Invalid host name"},
+                                               {31, ""},
+                                               {32, "Unknown Error Code !"},
+                                               {INT32_MIN, "Unknown Error Code !"}};
+  for (const auto& [code, expected] : texts) {
+    std::string text = "before";
+    TheAgent.SetError(code);
+    TheAgent.ErrorText(text);
+    EXPECT_EQ(text, expected) << code;
+  }
 }
 
 }  // namespace

@@ -1,15 +1,18 @@
-// The agent's life and its ways in and out of a session: calls, last errors, and what stays.
+// The agent's list of scanners, its server library, its sessions and their keep-alive.
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <functional>
 #include <string>
 #include <vector>
 
 #include "appliance/scanner.h"
+#include "base/archive.h"
 #include "books/user_record.h"
+#include "bridge/identity.h"
 #include "bridge/the_agent.h"
 #include "simulator/simulator.h"
+#include "tests/platform/pumping.h"
 #include "tests/support/appliance_fixture.h"
 
 namespace quillkit {
@@ -17,6 +20,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using Calls = std::vector<std::string>;
 
 constexpr Status kEarlier = 11;
 constexpr Status kFault = 6;
@@ -27,204 +31,307 @@ const std::string kProbeCall = "IMSPLogin 127.0.0.1 TOOLKIT ***";
 const std::string kGuestCall = "IMSPLogin 127.0.0.1 GUEST \"\"";
 const std::string kPeriodCall = "IMSPIOCtl 6 0";
 const std::string kReadCall = "IMSPReadEntryProperties 4:USERSAB ADMINISTRATOR";
+const std::string kEnrolCall = "IMSPCreateEntry 4:USERSAB Ann";
 const std::string kLogoutCall = "IMSPLogout";
+
+const std::string kIdentity = "Quillbox 40 - 3.1 - K7";
+const std::string kNamed = " the box/Quillbox 40 /3.1 /16777343";
+const std::string kUnnamed = kNamed.substr(0, 1) + kNamed.substr(8);
 
 class AgentSession : public ApplianceTest {
  protected:
   AgentSession() {
-    const std::uint32_t flags = 0;
-    const std::uint32_t nibbles = 1;
-    user.SetFrom(nullptr, kAdministrator, kPassword, "3rd", "4th", &flags, &nibbles);
+    const std::uint32_t word = 0;
+    user.SetFrom(nullptr, kAdministrator, kPassword, "3rd", "4th", &word, &word);
     target.Init("the box", &kAddress, "", "", &TheAgent);
-    TheAgent.SetError(kEarlier);
+    account.SetName("Ann");
+    record.address = kAddress;
+    record.user.Assign(kAdministrator);
+    record.password.Assign(kPassword);
     SimulatorClearJournal();
   }
 
-  Status Login() { return TheAgent.Login(&user, &target, third, 0); }
+  Status Login() { return TheAgent.Login(&user, &target, text, 0); }
+
+  // What an attempt left: "session", each scanner, "user" and "account".
+  static std::string Left() {
+    std::string left = TheAgent.IsConnected() != 0 ? "session" : "";
+    for (int i = 0; i < TheAgent.ScannerCount(); ++i) {
+      const CScanner& each = *TheAgent.ScannerAt(i);
+      left += ' ' + each.Name() + '/' + each.Model() + '/' + each.Version() + '/' +
+              std::to_string(each.Address());
+    }
+    if (TheAgent.CurrentUser() != nullptr) left += " user";
+    CUserEntry found;
+    if (SimulatorFindEntry(BookKind::kUsers, "", nullptr, "Ann", &found) == 1) left += " account";
+    return left;
+  }
+
+  // Opens a session on the server whose keep-alive period the agent has not asked for.
+  void OpenSession() {
+    char identity[256];
+    EXPECT_EQ(TheAgent.IMSPLogin(&record, identity, sizeof identity), kNoError);
+    TakeCalls();
+  }
 
   CUserRecord user;
   CScanner target;
-  std::string third = "before";
+  LoginRecord record;
+  CUserEntry account;
+  std::string text;
 };
+
+// --- The list of scanners ---
+
+class AgentScanners : public testing::Test {
+ protected:
+  void Add(const std::string& name, std::uint32_t address) {
+    auto* scanner = new CScanner;
+    scanner->Init(name, &address, "", "", &agent);
+    EXPECT_EQ(agent.AddScanner(scanner), 1);
+  }
+
+  // The names in the order of the list, each with a space.
+  std::string Names() const {
+    std::string names;
+    for (int i = 0; i < agent.ScannerCount(); ++i) names += agent.ScannerAt(i)->Name() + ' ';
+    return names;
+  }
+
+  CAgent agent;
+  const std::uint32_t two = 2;
+};
+
+TEST_F(AgentScanners, HoldOneOfEachAddressWithTheLatestLast) {
+  Add("one", 1);
+  Add("two", 2);
+  Add("uno", 1);
+  EXPECT_EQ(Names(), "two uno ");
+  EXPECT_EQ(agent.AddScanner(agent.FindScanner(&two)), 1);
+  EXPECT_EQ(Names(), "uno two ") << "adding a scanner of the list again moves it to the end";
+  EXPECT_EQ(agent.AddScanner(nullptr), 0);
+  for (const int index : {-1, 2}) EXPECT_EQ(agent.ScannerAt(index), nullptr) << index;
+  EXPECT_EQ(agent.RemoveScanner(&two), 1);
+  EXPECT_EQ(agent.RemoveScanner(&two), 0);
+  EXPECT_EQ(agent.FindScanner(&two), nullptr);
+  std::string bytes;
+  Archive storing(&bytes);
+  agent.Serialize(storing);
+  Add("two", 2);
+  Archive loading{std::string_view(bytes)};
+  agent.Serialize(loading);
+  EXPECT_EQ(Names(), "uno ") << "an archive replaces the list";
+}
+
+TEST_F(AgentScanners, AreIteratedBeyondARemovedOne) {
+  EXPECT_EQ(agent.FirstScanner(), nullptr);
+  Add("one", 1);
+  EXPECT_EQ(agent.NextScanner(), nullptr) << "only FirstScanner begins an iteration";
+  Add("two", 2);
+  Add("three", 3);
+  EXPECT_EQ(agent.FirstScanner()->Name(), "one");
+  agent.RemoveScanner(&two);
+  EXPECT_EQ(agent.NextScanner()->Name(), "three");
+  EXPECT_EQ(agent.NextScanner(), nullptr);
+  agent.FirstScanner();
+  agent.DeleteScanners();
+  EXPECT_EQ(agent.NextScanner(), nullptr);
+}
 
 // --- The server library ---
 
-TEST_F(AgentSession, ShutdownUndoesWhatIsThereAndNoMore) {
-  ASSERT_EQ(Login(), kNoError);
+TEST_F(AgentSession, LoadsAndUnloadsTheServerLibrary) {
+  Login();
   TakeCalls();
-  TheAgent.Shutdown();
-  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPTerminate"));
-  EXPECT_EQ(TheAgent.CurrentUser(), nullptr);
-  EXPECT_EQ(TheAgent.ScannerCount(), 0);
-  EXPECT_EQ(TheAgent.WakeupTimer(), 0U);
-  EXPECT_EQ(TheAgent.ServerLibrary(), nullptr);
-  EXPECT_EQ(TheAgent.IsConnected(), 1) << "nothing was sent that ends the session";
-  EXPECT_NE(TheAgent.WakeupPeriod(), 0U);
-  TheAgent.Shutdown();
-  EXPECT_THAT(TakeCalls(), IsEmpty());
-}
-
-TEST_F(AgentSession, LoadingGivesWhatTheLibraryAnswers) {
   SimulatorFail("IMSPTerminate", 1, kFault);
   TheAgent.Shutdown();
   EXPECT_EQ(TheAgent.LastError(), kFault);
   EXPECT_EQ(TheAgent.ServerLibrary(), nullptr);
+  TheAgent.Shutdown();
+  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPTerminate"));
+  EXPECT_EQ(Left(), "session") << "no call ended it";
+  EXPECT_EQ(TheAgent.WakeupTimer(), 0U);
+  EXPECT_NE(TheAgent.WakeupPeriod(), 0U);
   SimulatorFail("IMSPInit", 1, kFault);
   EXPECT_EQ(TheAgent.LoadServerLibrary(), kFault);
   EXPECT_EQ(TheAgent.LastError(), kFault);
-  TheAgent.Shutdown();
-  EXPECT_EQ(TheAgent.LoadServerLibrary(), kNoError);
-  EXPECT_EQ(TheAgent.LastError(), kNoError);
 }
 
 // --- Login ---
 
-TEST_F(AgentSession, ASecondLoginOfTheSameApplianceTakesThePlaceOfTheFirst) {
-  Login();
-  auto* const other = new CScanner;
-  other->SetName("other");
-  TheAgent.AddScanner(other);
-  TakeCalls();
-
-  // With the record and the scanner that go in its course.
-  EXPECT_EQ(TheAgent.Login(TheAgent.CurrentUser(), TheAgent.ScannerAt(0), third, 0), kNoError);
-  EXPECT_THAT(TakeCalls(), ElementsAre(kLoginCall, kReadCall)) << "the timer runs already";
-  ASSERT_EQ(TheAgent.ScannerCount(), 2);
-  EXPECT_EQ(TheAgent.ScannerAt(0)->Name(), "other");
-  EXPECT_EQ(TheAgent.ScannerAt(1)->Name(), "the box");
-  EXPECT_TRUE(TheAgent.CurrentUser()->IsAdministrator());
-
-  SimulatorFail("IMSPLogin", 0, kFault);
-  for (const auto login : {&CAgent::Login, &CAgent::Relogin}) {
-    EXPECT_EQ((TheAgent.*login)(&user, &target, third, 0), kFault);
-    EXPECT_NE(TheAgent.CurrentUser(), nullptr) << "one that is refused takes nothing away";
-    EXPECT_EQ(TheAgent.ScannerCount(), 2);
-  }
-}
-
-// The journal of a login up to each of its calls, and what is left where that one fails.
-TEST_F(AgentSession, AFailureLeavesWhatWasDoneBefore) {
-  const std::vector<std::string> calls = {kLoginCall, kPeriodCall, kReadCall};
-  for (const auto login : {&CAgent::Login, &CAgent::Relogin}) {
-    const bool isLogin = login == &CAgent::Login;
-    for (int failing = 1; failing <= 4; ++failing) {  // the last one: none
-      SCOPED_TRACE(testing::Message() << isLogin << ", call " << failing);
+TEST_F(AgentSession, AFailedCallEndsALoginAndLeavesWhatWasDoneBefore) {
+  struct Outcome {
+    Status status;  // which is the last error, too
+    std::size_t calls;
+    std::string text;  // the argument that receives the identity or its third field
+    std::string left;
+  };
+  const struct {
+    const char* name;
+    Calls calls;
+    std::function<Status()> run;
+    std::vector<Outcome> outcomes;  // of a failure of the first call, the second, ...; of none
+  } attempts[] = {
+      {"Login",
+       {kLoginCall, kPeriodCall, kReadCall},
+       [&] { return Login(); },
+       {{kFault, 1, "", ""},
+        {kFault, 2, "K7", "session"},
+        {kFault, 3, "K7", "session" + kNamed},
+        {kNoError, 3, "K7", "session" + kNamed + " user"}}},
+      {"Relogin",
+       {kLoginCall, kPeriodCall, kReadCall},
+       [&] { return TheAgent.Relogin(&user, &target, text, 0); },
+       {{kFault, 1, "before", ""},
+        {kFault, 2, "K7", "session"},
+        {kFault, 3, "K7", "session"},
+        {kNoError, 3, "K7", "session user"}}},
+      {"LoginByRecord",
+       {kLoginCall, kPeriodCall},
+       [&] { return TheAgent.LoginByRecord(&record, text); },
+       {{kFault, 1, "", ""},
+        {kFault, 2, kIdentity, "session"},
+        {kNoError, 2, kIdentity, "session" + kUnnamed}}},
+      {"EnrolUser",
+       {kGuestCall, kEnrolCall, kLogoutCall},
+       [&] { return TheAgent.EnrolUser(kAddress, &account); },
+       {{kFault, 1, "before", ""},
+        {kFault, 3, "before", ""},
+        {kNoError, 3, "before", " account"},
+        {kNoError, 3, "before", " account"}}},
+      {"ProbeIdentity",
+       {kProbeCall, kPeriodCall, kLogoutCall},
+       [&] { return TheAgent.ProbeIdentity(&target, text); },
+       {{kFault, 1, "before", ""},
+        {kFault, 2, "before", ""},
+        {kFault, 3, "K7", ""},
+        {kNoError, 3, "K7", ""}}},
+  };
+  for (const auto& [name, calls, run, outcomes] : attempts) {
+    for (std::size_t failing = 0; failing < outcomes.size(); ++failing) {
+      SCOPED_TRACE(testing::Message() << name << ", call " << failing + 1 << " fails");
+      const Outcome& expected = outcomes[failing];
       TheAgent.Logout(1);
-      TakeCalls();
-      third = "before";
-      SimulatorClearFaults();
-      SimulatorFail(nullptr, failing, kFault);
-      EXPECT_EQ((TheAgent.*login)(&user, &target, third, 0), failing < 4 ? kFault : kNoError);
-      EXPECT_EQ(TheAgent.LastError(), failing < 4 ? kFault : kNoError);
-      EXPECT_EQ(TheAgent.IsConnected(), failing > 1 ? 1 : 0);
-      EXPECT_EQ(TheAgent.ScannerCount(), isLogin && failing > 2 ? 1 : 0);
-      EXPECT_EQ(TheAgent.CurrentUser() != nullptr, failing == 4);
-      const std::string refused = isLogin ? "" : "before";
-      EXPECT_EQ(third, failing > 1 ? "K7" : refused);
-      EXPECT_EQ(TakeCalls(), std::vector(calls.begin(), calls.begin() + std::min(failing, 3)));
+      SimulatorReset();
+      SimulatorRecordCalls(1);
+      SimulatorFail(nullptr, static_cast<std::int32_t>(failing) + 1, kFault);
+      TheAgent.SetError(kEarlier);
+      text = "before";
+      EXPECT_EQ(run(), expected.status);
+      EXPECT_EQ(TheAgent.LastError(), expected.status);
+      const auto end = calls.begin() + static_cast<std::ptrdiff_t>(expected.calls);
+      EXPECT_EQ(TakeCalls(), Calls(calls.begin(), end));
+      EXPECT_EQ(text, expected.text);
+      EXPECT_EQ(Left(), expected.left);
     }
   }
+  EXPECT_NE(TheAgent.WakeupPeriod(), 0U) << "the timer of a probe stays";
 }
 
-TEST_F(AgentSession, LoginByRecordMakesAScannerWithoutANameAndNoUser) {
-  LoginRecord login;
-  login.address = kAddress;
-  login.user.Assign(kAdministrator);
-  login.password.Assign(kPassword);
-  std::string identity = "before";
-  SimulatorFail("IMSPLogin", 1, kFault);
-  EXPECT_EQ(TheAgent.LoginByRecord(&login, identity), kFault);
-  EXPECT_EQ(identity, "");
-  EXPECT_EQ(TheAgent.ScannerCount(), 0);
+TEST_F(AgentSession, ASecondLoginReplacesItsArgumentsAndARefusedOneNothing) {
+  Login();
+  TheAgent.AddScanner(new CScanner);
   TakeCalls();
-  EXPECT_EQ(TheAgent.LoginByRecord(&login, identity), kNoError);
-  EXPECT_THAT(TakeCalls(), ElementsAre(kLoginCall, kPeriodCall));
-  EXPECT_EQ(identity, "Quillbox 40 - 3.1 - K7");
-  EXPECT_EQ(TheAgent.IsConnected(), 1);
-  EXPECT_EQ(TheAgent.CurrentUser(), nullptr);
-  ASSERT_EQ(TheAgent.ScannerCount(), 1);
-  EXPECT_EQ(TheAgent.ScannerAt(0)->Name(), "");
-  EXPECT_EQ(TheAgent.ScannerAt(0)->Model(), "Quillbox 40 ");
-  EXPECT_EQ(TheAgent.ScannerAt(0)->Address(), kAddress);
+  EXPECT_EQ(TheAgent.Login(TheAgent.CurrentUser(), TheAgent.ScannerAt(0), text, 0), kNoError);
+  EXPECT_THAT(TakeCalls(), ElementsAre(kLoginCall, kReadCall)) << "the timer is running";
+  EXPECT_EQ(Left(), "session ///0" + kNamed + " user");
+  EXPECT_TRUE(TheAgent.CurrentUser()->IsAdministrator());
+  SimulatorFail("IMSPLogin", 0, kFault);
+  for (const auto login : {&CAgent::Login, &CAgent::Relogin}) {
+    EXPECT_EQ((TheAgent.*login)(&user, &target, text, 0), kFault);
+    EXPECT_EQ(Left(), " ///0" + kNamed + " user");
+  }
 }
 
-// The buffer of a login has 256 bytes, and nothing in a full one ends the text.
-TEST_F(AgentSession, AnIdentityThatFillsItsBufferIsCutAtEachField) {
+TEST_F(AgentSession, TruncatesEachFieldOfAnIdentityWithoutANul) {
   const std::string identity =
       std::string(100, 'm') + "-" + std::string(100, 'v') + "-" + std::string(200, 't');
   SimulatorSetIdentity(identity.data(), static_cast<std::uint32_t>(identity.size()));
   EXPECT_EQ(Login(), kNoError);
   EXPECT_EQ(TheAgent.ScannerAt(0)->Model(), std::string(63, 'm'));
   EXPECT_EQ(TheAgent.ScannerAt(0)->Version(), std::string(63, 'v'));
-  EXPECT_EQ(third, std::string(54, 't'));
+  EXPECT_EQ(text, std::string(256 - 202, 't')) << "the buffer has 256 bytes";
 }
 
-// --- Sessions of their own ---
-
-TEST_F(AgentSession, ProbeIdentityEndsAtTheFirstFailureAndLeavesItsTimerBehind) {
-  SimulatorFail("IMSPLogin", 1, kFault);
-  EXPECT_EQ(TheAgent.ProbeIdentity(&target, third), kFault);
-  EXPECT_THAT(TakeCalls(), ElementsAre(kProbeCall));
-  SimulatorFail("IMSPIOCtl", 1, kFault);
-  EXPECT_EQ(TheAgent.ProbeIdentity(&target, third), kFault);
-  EXPECT_THAT(TakeCalls(), ElementsAre(kProbeCall, kPeriodCall)) << "the session stays open";
-  EXPECT_EQ(third, "before");
-
-  EXPECT_EQ(TheAgent.ProbeIdentity(&target, third), kNoError);
-  EXPECT_THAT(TakeCalls(), ElementsAre(kProbeCall, kPeriodCall, kLogoutCall));
-  EXPECT_EQ(third, "K7");
-  EXPECT_NE(TheAgent.WakeupPeriod(), 0U);
-  EXPECT_EQ(TheAgent.IsConnected(), 0);
-  EXPECT_EQ(TheAgent.ScannerCount(), 0);
-  SimulatorFail("IMSPLogout", 1, kFault);
-  EXPECT_EQ(TheAgent.ProbeIdentity(&target, third), kFault);
-  EXPECT_EQ(TheAgent.LastError(), kFault) << "this logout is recorded";
+TEST(ParseIdentity, EndsAtTheFirstMissingField) {
+  const struct {
+    const char* text;
+    const char* fields;
+  } identities[] = {
+      {"Box -\t\n 3.1  -  K7 more", "Box |3.1  |K7"},  // spaces before a dash belong to the field
+      {" Box-3.1-K7-8", " Box|3.1|K7-8"},
+      {"", "||"},
+      {"-3.1-K7", "||"},
+      {"Box -- K7", "Box ||"},
+      {"Box - 3.1", "Box |3.1|"},
+      {"Box - 3.1 - ", "Box |3.1 |"},
+  };
+  for (const auto& each : identities) {
+    const Identity identity = ParseIdentity(each.text);
+    const std::string model(identity.model.View());
+    EXPECT_EQ(model + '|' + identity.version.c_str() + '|' + identity.third.c_str(), each.fields)
+        << each.text;
+  }
 }
 
-TEST_F(AgentSession, EnrolUserAddsAnAccountAsAGuest) {
-  CUserEntry entry;
-  entry.SetName("Ann");
-  EXPECT_EQ(TheAgent.EnrolUser(kAddress, &entry), kNoError);
-  EXPECT_THAT(TakeCalls(), ElementsAre(kGuestCall, "IMSPCreateEntry 4:USERSAB Ann", kLogoutCall));
-  EXPECT_EQ(SimulatorFindEntry(BookKind::kUsers, "", nullptr, "Ann", &entry), 1);
-  EXPECT_EQ(TheAgent.IsConnected(), 0);
-
-  EXPECT_EQ(TheAgent.EnrolUser(kAddress, &entry), 14);
-  EXPECT_EQ(TheAgent.LastError(), 14) << "that of the create, not of the logout";
-  EXPECT_EQ(TakeCalls().size(), 3U);
-
-  SimulatorFail("IMSPLogin", 1, kFault);
-  EXPECT_EQ(TheAgent.EnrolUser(kAddress, &entry), kFault);
-  EXPECT_THAT(TakeCalls(), ElementsAre(kGuestCall));
-}
-
-TEST_F(AgentSession, ReadsAndWritesTheAccountOfTheRecord) {
+TEST_F(AgentSession, ReadsAndWritesTheAccountOfARecord) {
   Login();
+  TakeCalls();
+  SimulatorSetLies(kLieScribble);
   SimulatorFail("IMSPModifyEntry", 1, kFault);
   EXPECT_EQ(TheAgent.ModifyUser(&user), kFault);
+  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPModifyEntry 4:USERSAB ADMINISTRATOR ADMINISTRATOR"));
   SimulatorSetLies(kLieUnterminated);
   EXPECT_EQ(TheAgent.ReadUser(&user), kNoError);
   EXPECT_TRUE(user.IsValid());
 }
 
-// --- Logout ---
-
-TEST_F(AgentSession, LogoutKeepsTheLastErrorAndTheScannersItIsNotToldToDelete) {
+TEST_F(AgentSession, LogoutKeepsTheLastErrorAndOnRequestTheScanners) {
   Login();
   TheAgent.SetError(kEarlier);
-  TakeCalls();
-  SimulatorFail("IMSPLogout", 1, kFault);
+  SimulatorFail(kLogoutCall.c_str(), 1, kFault);
   EXPECT_EQ(TheAgent.Logout(0), kFault);
   EXPECT_EQ(TheAgent.LastError(), kEarlier);
-  EXPECT_EQ(TheAgent.CurrentUser(), nullptr);
-  EXPECT_EQ(TheAgent.IsConnected(), 0);
+  EXPECT_EQ(Left(), kNamed);
   EXPECT_EQ(TheAgent.WakeupPeriod(), 0U);
-  EXPECT_NE(TheAgent.WakeupTimer(), 0U) << "the identifier stays, of a timer that is gone";
-  EXPECT_EQ(TheAgent.ScannerCount(), 1);
-
+  EXPECT_NE(TheAgent.WakeupTimer(), 0U) << "the id of the stopped timer stays";
   EXPECT_EQ(TheAgent.Logout(1), kNoError);
-  EXPECT_EQ(TheAgent.ScannerCount(), 0);
-  EXPECT_THAT(TakeCalls(), ElementsAre(kLogoutCall, kLogoutCall));
+  EXPECT_EQ(Left(), "");
+}
+
+// --- The keep-alive ---
+
+TEST_F(AgentSession, APeriodOfOneMillisecondStartsATimerEachTime) {
+  OpenSession();
+  SimulatorSetWakeupPeriod(1);
+  EXPECT_EQ(TheAgent.StartWakeup(), kNoError);
+  EXPECT_EQ(TheAgent.WakeupPeriod(), 0U);
+  const TimerId first = TheAgent.WakeupTimer();
+  EXPECT_EQ(TheAgent.StartWakeup(), kNoError);
+  EXPECT_NE(TheAgent.WakeupTimer(), first);
+  EXPECT_THAT(TakeCalls(), ElementsAre(kPeriodCall, kPeriodCall));
+  TheAgent.StopWakeup();
+  Sleep(std::chrono::milliseconds(50));
+  Pump();
+  EXPECT_THAT(TakeCalls(), IsEmpty()) << "the second start stopped the first timer";
+}
+
+TEST_F(AgentSession, AStoppedTimerCountsAsRunningUntilALogout) {
+  OpenSession();
+  TheAgent.StartWakeup();
+  TheAgent.StopWakeup();
+  TakeCalls();
+  EXPECT_EQ(TheAgent.StartWakeup(), kNoError);
+  EXPECT_TRUE(TheAgent.EnsureWakeup());
+  EXPECT_EQ(TheAgent.WakeupTimer(), 0U);
+  EXPECT_THAT(TakeCalls(), IsEmpty());
+  TheAgent.Logout(0);
+  EXPECT_FALSE(TheAgent.EnsureWakeup()) << "without a session the server has no period";
+  Login();
+  TheAgent.Logout(0);
+  TakeCalls();
+  EXPECT_TRUE(TheAgent.EnsureWakeup()) << "the id of the timer that the logout stopped stays";
+  EXPECT_THAT(TakeCalls(), IsEmpty());
 }
 
 }  // namespace

@@ -2,162 +2,200 @@
 
 #include "bridge/records.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cstring>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 #include "base/archive.h"
+#include "tests/support/email_entry.h"
 
 namespace quillkit {
 namespace {
 
 using namespace std::literals;
+using M = CMenuItem;
+using E = CEmailEntry;
+using F = CFaxEntry;
+using U = CUserEntry;
+
+M Item() {
+  M item;
+  item.SetAll("name", "path", "tag", "address", 1, 2);
+  return item;
+}
+
+F Fax() {
+  F fax;
+  fax.Set(EntryKey("Ann"), "123", "x");
+  return fax;
+}
+
+U User() {
+  U user;
+  const std::uint32_t words[] = {0x11, 0x23, 9};
+  user.Set("Ann", "pw", "3rd", "4th", &words[0], &words[1]);
+  EXPECT_EQ(user.SetTag(&words[2]), 1);
+  return user;
+}
+
+// --- All records ---
+
+template <class Record>
+std::string Stored(Record record) {
+  std::string bytes;
+  Archive archive(&bytes);
+  record.Serialize(archive);
+  return bytes;
+}
+
+template <class Record>
+Record Loaded(const std::string& bytes) {
+  Record record;
+  Archive archive{std::string_view(bytes)};
+  record.Serialize(archive);
+  EXPECT_FALSE(archive.Failed());
+  return record;
+}
+
+template <class Record>
+void ExpectStreamForm(const Record& record, const std::string& form) {
+  EXPECT_EQ(Stored(record), form);
+  EXPECT_EQ(Stored(Loaded<Record>(form)), form);
+}
+
+TEST(Records, HaveTheirOwnOrderInAStream) {
+  ExpectStreamForm(Item(), "\4name\4path\7address\3tag\1\0\0\0\2\0\0\0"s);
+  ExpectStreamForm(MakeEntry("Ann", "a@b", -1), "\3Ann\3a@b\xFF\xFF\xFF\xFF"s);
+  ExpectStreamForm(Fax(), "\3Ann\003123\1x"s);
+  ExpectStreamForm(User(), "\3Ann\0034th\0033rd\2pw\x11\0\0\0\x23\0\0\0"s);  // without the tag
+}
+
+// Expects that a text of a record takes what fits, and that the record is invalid while the text
+// has no NUL.
+template <class Record, class Text>
+void ExpectText(Text Record::*text, int (Record::*set)(std::string_view),
+                std::type_identity_t<const char* (Record::*)() const> get = nullptr,
+                std::type_identity_t<void (Record::*)(std::string&) const> copy = nullptr) {
+  Record record;
+  const std::string longest(sizeof(Text) - 1, 'x');
+  EXPECT_EQ((record.*set)(longest + 'x'), 0);
+  EXPECT_TRUE((record.*text).IsEmpty());
+  EXPECT_EQ((record.*set)(longest), 1);
+  EXPECT_EQ((record.*text).View(), longest);
+  if (get != nullptr) {
+    std::string copied;
+    (record.*copy)(copied);
+    EXPECT_EQ(copied, longest);
+    EXPECT_EQ((record.*get)(), longest);
+  }
+  std::memset(static_cast<void*>(&(record.*text)), 'x', sizeof(Text));
+  EXPECT_FALSE(record.IsValid());
+  EXPECT_TRUE(Loaded<Record>(Stored(record)).IsValid()) << "loading cuts or ignores a long text";
+  record.Terminate();
+  EXPECT_TRUE(record.IsValid());
+  EXPECT_EQ((record.*text).c_str(), longest);
+}
+
+TEST(Records, HoldEachTextUpToTheEndOfItsField) {
+  ExpectText(&M::name, &M::SetName);
+  ExpectText(&M::path, &M::SetPath);
+  ExpectText(&M::appTag, &M::SetAppTag);
+  ExpectText(&M::ipAddress, &M::SetIPAddress);
+  ExpectText(&E::name, &E::SetName, &E::Name, &E::GetName);
+  ExpectText(&E::address, &E::SetAddress, &E::Address, &E::GetAddress);
+  ExpectText(&F::name, &F::SetName, &F::Name, &F::GetName);
+  ExpectText(&F::number, &F::SetNumber, &F::Number, &F::GetNumber);
+  ExpectText(&F::third, &F::SetThird, &F::Third, &F::GetThird);
+  ExpectText(&U::name, &U::SetName, &U::Name, &U::GetName);
+  ExpectText(&U::password, &U::SetPassword, &U::Password, &U::GetPassword);
+  ExpectText(&U::third, &U::SetThird, &U::Third, &U::GetThird);
+  ExpectText(&U::fourth, &U::SetFourth, &U::Fourth, &U::GetFourth);
+}
 
 // --- Books ---
 
-TEST(ABIdent, IsItsKindAndItsName) {
+TEST(ABIdent, AssignmentCopiesTheNameAndSetKindIgnoresNone) {
   ABIdent book(BookKind::kFaxList, "Scan");
   EXPECT_NE(book, ABIdent(BookKind::kKeyItems, "Scan"));
   EXPECT_NE(book, ABIdent(BookKind::kFaxList, "scan"));
   book = ABIdent(BookKind::kFax, "AB");
-  EXPECT_EQ(book, ABIdent(BookKind::kFaxList, "AB")) << "an assignment copies the name alone";
-  EXPECT_EQ(book.name.c_str()[3], 'n');
-
-  const BookKind none = BookKind::kNone;
-  const BookKind fax = BookKind::kFax;
-  EXPECT_EQ(book.SetKind(&none), 0);
-  EXPECT_EQ(book.SetKind(nullptr), 0);
+  EXPECT_EQ(book, ABIdent(BookKind::kFaxList, "AB"));
+  EXPECT_EQ(book.name.c_str()[3], 'n') << "only the text is copied";
+  const BookKind kinds[] = {BookKind::kNone, BookKind::kFax};
+  EXPECT_EQ(book.SetKind(nullptr) + book.SetKind(&kinds[0]), 0);
   EXPECT_EQ(book.kind, BookKind::kFaxList);
-  EXPECT_EQ(book.SetKind(&fax), 0);
+  EXPECT_EQ(book.SetKind(&kinds[1]), 0);
   EXPECT_EQ(book.kind, BookKind::kFax);
 }
 
 // --- Menu items ---
 
-CMenuItem Item() {
-  CMenuItem item;
-  item.SetAll("name", "path", "tag", "address", 1, 2);
-  return item;
-}
-
-TEST(CMenuItem, SetAllStopsAtTheTextThatIsRefused) {
-  // The texts in the order of the arguments, the refused one by its place; then none is.
-  for (std::size_t refused = 0; refused <= 4; ++refused) {
-    SCOPED_TRACE(refused);
-    CMenuItem item = Item();
+TEST(CMenuItem, SetAllStopsAtTheFirstTextThatIsTooLong) {
+  const char* const after[] = {"\4name", "\1n\4path\7address\3tag\1", "\1n\1p\7address\3tag\1",
+                               "\1n\1p\7address\1t\1", "\1n\1p\1a\1t\7"};
+  for (std::size_t tooLong = 0; tooLong <= 4; ++tooLong) {  // its place; the last one: none
+    SCOPED_TRACE(tooLong);
     std::string texts[] = {"n", "p", "t", "a", ""};
-    texts[refused] = std::string(256, 'x');
-    EXPECT_EQ(item.SetAll(texts[0], texts[1], texts[2], texts[3], 7, 8), refused == 4 ? 1 : 0);
-    EXPECT_EQ(item.name.View(), refused > 0 ? "n" : "name");
-    EXPECT_EQ(item.path.View(), refused > 1 ? "p" : "path");
-    EXPECT_EQ(item.appTag.View(), refused > 2 ? "t" : "tag");
-    EXPECT_EQ(item.ipAddress.View(), refused > 3 ? "a" : "address");
-    EXPECT_EQ(item.settings, refused > 3 ? 7U : 1U);
-    EXPECT_EQ(item.fileFormat, refused > 3 ? 8U : 2U);
+    texts[tooLong] = std::string(256, 'x');
+    M item = Item();
+    EXPECT_EQ(item.SetAll(texts[0], texts[1], texts[2], texts[3], 7, 8), tooLong == 4 ? 1 : 0);
+    EXPECT_TRUE(Stored(item).starts_with(after[tooLong]));
+    EXPECT_EQ(item.fileFormat, tooLong == 4 ? 8U : 2U);
   }
 }
 
-TEST(CMenuItem, TheLowHalfIsReplacedAndTheNibbleOnlyGrows) {
-  CMenuItem item;
+TEST(CMenuItem, ReplacesTheLowHalfOfItsSettingsAndAddsToTheNibble) {
+  M item;
   item.SetSettings(0xABCD1234);
   EXPECT_EQ(item.SettingsLowHalf(), 0x1234);
   EXPECT_EQ(item.SettingsNibble(), 0xDU);
-  EXPECT_EQ(item.SetSettingsLowHalf(0xFFFF), 1);
-  EXPECT_EQ(item.settings, 0xABCDFFFF);
-  EXPECT_EQ(item.SetSettingsLowHalf(0x0001), 1);
-  EXPECT_EQ(item.AddSettingsNibble(0xF2), 1) << "the other bits of the argument are not taken";
+  EXPECT_EQ(item.SetSettingsLowHalf(1), 1);
+  EXPECT_EQ(item.settings, 0xABCD0001);
+  EXPECT_EQ(item.AddSettingsNibble(0xF2), 1) << "only the low four bits of the argument count";
   EXPECT_EQ(item.settings, 0xABCF0001);
-}
-
-// --- Stream forms ---
-
-template <class Record>
-void ExpectStreamForm(Record record, const std::string& form) {
-  Record loaded;
-  Archive loading{std::string_view(form)};
-  loaded.Serialize(loading);
-  EXPECT_FALSE(loading.Failed());
-  for (Record* each : {&record, &loaded}) {
-    std::string bytes;
-    Archive storing(&bytes);
-    each->Serialize(storing);
-    EXPECT_EQ(bytes, form);
-  }
-}
-
-TEST(Records, EachHasItsOwnOrderInAStream) {
-  ExpectStreamForm(Item(), "\4name\4path\7address\3tag\1\0\0\0\2\0\0\0"s);
-
-  CEmailEntry email;
-  email.Set(EntryKey("Ann"), "a@b");
-  email.flags = -1;
-  ExpectStreamForm(email, "\3Ann\3a@b\xFF\xFF\xFF\xFF"s);
-
-  CFaxEntry fax;
-  fax.Set(EntryKey("Ann"), "123", "x");
-  ExpectStreamForm(fax, "\3Ann\003123\1x"s);
-
-  CUserEntry user;
-  const std::uint32_t flags = 0x11;
-  const std::uint32_t nibbles = 0x23;
-  user.Set("Ann", "pw", "3rd", "4th", &flags, &nibbles);
-  user.tag = 9;  // no part of the form
-  ExpectStreamForm(user, "\3Ann\0034th\0033rd\2pw\x11\0\0\0\x23\0\0\0"s);
 }
 
 // --- E-mail and fax entries ---
 
-TEST(CEmailEntry, SetTakesBothTextsOrNone) {
-  CEmailEntry entry;
-  entry.Set(EntryKey("Ann"), "a@b");
-  entry.flags = 1;
+TEST(CEmailEntry, SetStoresBothTextsOrNone) {
+  E entry = MakeEntry("Ann", "a@b", 1);
+  EXPECT_EQ(entry.Flags(), 1);
   EntryKey unterminated;
   std::memset(static_cast<void*>(&unterminated), 'x', sizeof unterminated);
   EXPECT_EQ(entry.Set(EntryKey("Cy"), nullptr), 0);
   EXPECT_EQ(entry.Set(EntryKey("Cy"), std::string(256, 'x').c_str()), 0);
   EXPECT_EQ(entry.Set(unterminated, "c@d"), 0);
-  EXPECT_EQ(entry.name.View(), "Ann");
-  EXPECT_EQ(entry.address.View(), "a@b");
-  EXPECT_EQ(entry.flags, 1);
+  EXPECT_EQ(Stored(entry), Stored(MakeEntry("Ann", "a@b", 1)));
   EXPECT_EQ(entry.Set(EntryKey("Cy"), "c@d"), 1);
-  EXPECT_EQ(entry.flags, 0);
+  EXPECT_EQ(Stored(entry), Stored(MakeEntry("Cy", "c@d", 0)));
 }
 
-TEST(CEmailEntry, MatchesOnlyWhatDiffersInBothTexts) {
-  const auto entry = [](std::string_view name, const char* address, std::int32_t flags) {
-    CEmailEntry made;
-    made.Set(EntryKey(name), address);
-    made.flags = flags;
-    return made;
-  };
-  const CEmailEntry base = entry("Ann", "a", 1);
-  EXPECT_TRUE(CEmailEntry::Matches(base, entry("Ben", "b", 1)));
-  for (const CEmailEntry& other :
-       {base, entry("Ann", "b", 1), entry("Ben", "a", 1), entry("Ben", "b", 0)}) {
-    EXPECT_TRUE(CEmailEntry::Differs(base, other));
+TEST(CEmailEntry, MatchesWhereOnlyTheFlagsAreEqual) {
+  const E base = MakeEntry("Ann", "a", 1);
+  EXPECT_FALSE(E::Differs(base, MakeEntry("Ben", "b", 1)));
+  for (const E& other :
+       {base, MakeEntry("Ann", "b", 1), MakeEntry("Ben", "a", 1), MakeEntry("Ben", "b", 0)}) {
+    EXPECT_TRUE(E::Differs(base, other)) << Stored(other);
   }
 }
 
-TEST(CFaxEntry, SetsNumberAndThirdTextEachForItself) {
-  for (const bool numberFits : {false, true}) {
-    for (const bool thirdFits : {false, true}) {
-      SCOPED_TRACE(testing::Message() << numberFits << thirdFits);
-      CFaxEntry entry;
-      entry.Set(EntryKey("Ann"), "0", "old");
-      const int stored = entry.Set(EntryKey("Ben"), std::string(numberFits ? 79 : 80, '1'),
-                                   std::string(thirdFits ? 10 : 11, 't'));
-      EXPECT_EQ(stored, numberFits || thirdFits ? 1 : 0);
-      EXPECT_EQ(entry.name.View(), numberFits ? "Ben" : "Ann");
-      EXPECT_EQ(entry.number.Length(), numberFits ? 79U : 1U);
-      EXPECT_EQ(entry.third.Length(), thirdFits ? 10U : 3U);
-    }
-  }
+TEST(CFaxEntry, SetStoresNumberAndThirdTextIndependently) {
+  const std::string tooLong(80, '1');
+  F entry = Fax();
+  EXPECT_EQ(entry.Set(EntryKey("Ben"), tooLong, tooLong), 0);
+  EXPECT_EQ(Stored(entry), Stored(Fax()));
+  EXPECT_EQ(entry.Set(EntryKey("Ben"), tooLong, "y"), 1);
+  EXPECT_EQ(Stored(entry), "\3Ann\003123\1y");
+  EXPECT_EQ(entry.Set(EntryKey("Ben"), "4", tooLong), 1);
+  EXPECT_EQ(Stored(entry), "\3Ben\0014\1y");
 }
 
-TEST(CFaxEntry, IsToldByItsNumber) {
-  CFaxEntry entry;
+TEST(CFaxEntry, IsComparedByItsNumber) {
+  F entry;
   entry.SetThird("3");
   EXPECT_TRUE(entry.IsBlank());
   for (const char* number : {"0", "x9", "+/:"}) {
@@ -165,104 +203,61 @@ TEST(CFaxEntry, IsToldByItsNumber) {
     EXPECT_FALSE(entry.IsBlank());
     EXPECT_EQ(entry.HasDigit(), number == "+/:"sv ? 0 : 1) << number;
   }
-  CFaxEntry other = entry;
+  F other = entry;
   other.SetName("Ben");
-  EXPECT_TRUE(CFaxEntry::Matches(entry, other));
+  EXPECT_TRUE(F::Matches(entry, other));
   other.SetNumber("+/");
-  EXPECT_TRUE(CFaxEntry::Differs(entry, other));
+  EXPECT_TRUE(F::Differs(entry, other));
 }
 
 // --- Accounts ---
 
-TEST(CUserEntry, SetTestsEveryTextButTheName) {
-  const std::uint32_t flags = 1;
-  const std::uint32_t nibbles = 2;
-  CUserEntry user;
-  user.tag = 9;
-  for (const std::size_t tooLong : {0U, 1U, 2U, 3U}) {  // the last one: none
+TEST(CUserEntry, SetChecksEveryTextButTheName) {
+  for (std::size_t tooLong = 0; tooLong <= 3; ++tooLong) {  // its place; the last one: none
+    SCOPED_TRACE(tooLong);
+    const std::uint32_t word = 2;
     std::string texts[] = {std::string(15, 'p'), std::string(255, 't'), std::string(255, 'f'), ""};
     texts[tooLong] += 'x';
-    EXPECT_EQ(user.Set(std::string(40, 'n'), texts[0], texts[1], texts[2], &flags, &nibbles),
+    U user;
+    EXPECT_EQ(user.Set(std::string(40, 'n'), texts[0], texts[1], texts[2], &word, &word),
               tooLong == 3 ? 1 : 0);
-    EXPECT_EQ(user.name.IsEmpty(), tooLong != 3);
-    EXPECT_EQ(user.IsValid(), tooLong != 3);
-    EXPECT_EQ(user.nibbles, tooLong == 3 ? 2U : 0U);
+    EXPECT_EQ(user.name.Length(), tooLong == 3 ? 32U : 0U) << "a long name has no NUL";
+    EXPECT_EQ(user.flags + user.nibbles, tooLong == 3 ? 4U : 0U);
   }
-  EXPECT_EQ(user.tag, 9U);
 }
 
-TEST(CUserEntry, EqualsByItsTexts) {
-  CUserEntry a;
-  CUserEntry b;
-  b.tag = b.flags = b.nibbles = 7;
-  EXPECT_TRUE(a.Equals(b));
-  using Setter = int (CUserEntry::*)(std::string_view);
-  for (const Setter set : {&CUserEntry::SetName, &CUserEntry::SetPassword, &CUserEntry::SetThird,
-                           &CUserEntry::SetFourth}) {
-    CUserEntry other;
+TEST(CUserEntry, IsComparedByItsTexts) {
+  const U none;
+  for (const auto set : {&U::SetName, &U::SetPassword, &U::SetThird, &U::SetFourth}) {
+    U other;
+    other.tag = other.flags = other.nibbles = 7;
+    EXPECT_FALSE(none.Differs(other));
     (other.*set)("other");
-    EXPECT_TRUE(a.Differs(other));
+    EXPECT_TRUE(none.Differs(other));
   }
+  EXPECT_FALSE(User().IsDottedAddress());
+  U host;
+  host.SetThird("10.0.0.1");
+  EXPECT_TRUE(host.IsDottedAddress());
 }
 
-TEST(CUserEntry, NibblesGrowAndStayApart) {
-  CUserEntry user;
-  const std::uint8_t bits[] = {2, 5, 0xF8};
-  EXPECT_EQ(user.AddLowNibble(&bits[0]), 1);
-  EXPECT_EQ(user.AddLowNibble(&bits[1]), 1);
-  EXPECT_EQ(user.AddHighNibble(&bits[2]), 1);
-  EXPECT_EQ(user.nibbles, 0x87U);
-  EXPECT_EQ(user.LowNibble(), 7U);
-  EXPECT_EQ(user.HighNibble(), 8U);
-}
-
-TEST(CUserEntry, TellsHostsByTheirAddress) {
-  CUserEntry user;
-  for (const std::string_view text : {"10.0.0.1"sv, "host"sv}) {
-    user.SetThird(text);
-    EXPECT_EQ(user.IsDottedAddress(), text != "host") << text;
-  }
-}
-
-// --- What a server can leave in a record ---
-
-// A record that a server filled without a NUL is valid once its texts are ended, and is stored as
-// far as its fields go: each text is one character longer than its field holds. One text without an
-// end makes it invalid.
-template <class Record, class... Texts>
-void ExpectEndsItsTexts(Texts Record::*... texts) {
-  Record record;
-  std::memset(static_cast<void*>(&record), 'x', sizeof record);
-  std::string bytes;
-  Archive storing(&bytes);
-  record.Serialize(storing);
-  EXPECT_LT(bytes.size(), sizeof record + 16);
-  Record loaded;
-  Archive loading{std::string_view(bytes)};
-  loaded.Serialize(loading);
-  EXPECT_FALSE(loading.Failed());
-  EXPECT_EQ(loading.Remaining(), 0U);
-  EXPECT_TRUE(loaded.IsValid());
-
-  EXPECT_FALSE(record.IsValid());
-  record.Terminate();
-  EXPECT_TRUE(record.IsValid());
-  EXPECT_EQ(std::strlen(record.name.c_str()), 31U);
-
-  const auto expectInvalid = [](auto text) {
-    Record one;
-    std::memset(static_cast<void*>(&(one.*text)), 'x', sizeof(one.*text));
-    EXPECT_FALSE(one.IsValid());
-  };
-  (expectInvalid(texts), ...);
-}
-
-TEST(ServedRecord, IsValidOnceItsTextsAreEnded) {
-  ExpectEndsItsTexts(&CMenuItem::name, &CMenuItem::path, &CMenuItem::appTag, &CMenuItem::ipAddress);
-  ExpectEndsItsTexts(&CEmailEntry::name, &CEmailEntry::address);
-  ExpectEndsItsTexts(&CFaxEntry::name, &CFaxEntry::number, &CFaxEntry::third);
-  ExpectEndsItsTexts(&CUserEntry::name, &CUserEntry::password, &CUserEntry::third,
-                     &CUserEntry::fourth);
+TEST(CUserEntry, HasThreeWordsAndAddsBitsToTheNibbles) {
+  U user = User();
+  std::uint32_t words[3] = {};
+  user.GetTag(&words[0]);
+  user.GetFlags(&words[1]);
+  user.GetNibbles(&words[2]);
+  EXPECT_THAT(words, testing::ElementsAre(*user.Tag(), *user.Flags(), *user.Nibbles()));
+  EXPECT_THAT(words, testing::ElementsAre(9, 0x11, 0x23));
+  EXPECT_TRUE(user.HasTag());
+  EXPECT_FALSE(U().HasTag());
+  EXPECT_EQ(user.SetFlags(&words[2]) + user.SetNibbles(&words[1]), 2);
+  const std::uint8_t bits[] = {2, 0xF8};
+  EXPECT_EQ(user.AddLowNibble(&bits[0]) + user.AddHighNibble(&bits[1]), 2);
+  EXPECT_EQ(user.flags, 0x23U);
+  EXPECT_EQ(user.nibbles, 0x93U);
+  EXPECT_EQ(user.LowNibble(), 3U);
+  EXPECT_EQ(user.HighNibble(), 9U);
 }
 
 }  // namespace
