@@ -1,4 +1,4 @@
-// What a scanner is, what it does when it is not bound, and who writes its tag.
+// What a scanner is, and what it does to the records and the arguments of its calls.
 
 #include "appliance/scanner.h"
 
@@ -9,6 +9,7 @@
 #include "bridge/the_agent.h"
 #include "simulator/simulator.h"
 #include "tests/support/appliance_fixture.h"
+#include "tests/support/email_entry.h"
 #include "toolkit/quillkit.h"
 
 namespace quillkit {
@@ -17,26 +18,23 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+constexpr Status kEarlier = 17;
+constexpr Status kFault = 6;
 constexpr std::uint32_t kAddress = 0x0100007F;
 constexpr std::uint32_t kNowhere = 0;
 
-TEST(Scanner, IsNothingUntilItIsBound) {
+TEST(Scanner, ReturnsItsFieldsOnlyWithAnAgentAndAnAddress) {
   CScanner scanner;
   EXPECT_EQ(scanner.Init("a", &kAddress, "b", "c", nullptr), 0);
   EXPECT_EQ(scanner.Init("a", &kNowhere, "b", "c", &TheAgent), 0);
   EXPECT_EQ(scanner.Init("a", nullptr, "b", "c", &TheAgent), 0);
   EXPECT_EQ(scanner.Name(), "");
-  CUserEntry entry;
-  EXPECT_EQ(scanner.EnrolUser(&entry), kRefused);
   EXPECT_EQ(scanner.LogCount(), 0U);
   EXPECT_EQ(scanner.LogRecordAt(0), nullptr);
-
-  EXPECT_EQ(scanner.Init("a", &kAddress, "b", "c", &TheAgent), 1);
   CScanner other;
+  EXPECT_TRUE(scanner == other) << "the addresses are equal";
+  EXPECT_EQ(scanner.Init("a", &kAddress, "b", "c", &TheAgent), 1);
   EXPECT_TRUE(scanner != other);
-  other.SetAddress(&kAddress);
-  EXPECT_TRUE(scanner == other) << "the appliance of its address";
-
   for (const bool bound : {true, false}) {
     if (!bound) scanner.SetAddress(&kNowhere);
     std::string texts[] = {"-", "-", "-"};
@@ -52,19 +50,20 @@ TEST(Scanner, IsNothingUntilItIsBound) {
   }
 }
 
-using ScannerServices = ApplianceTest;
+class ScannerServices : public ApplianceTest {
+ protected:
+  CScanner* box = LogIn();
+};
 
-TEST_F(ScannerServices, ClearingOfAnUnboundScannerReadsAsSuccess) {
-  CScanner* const box = LogIn();
-  TheAgent.SetError(17);
+TEST_F(ScannerServices, ClearingABookWithoutAnAddressSucceedsWithoutACall) {
+  TheAgent.SetError(kEarlier);
   box->SetAddress(&kNowhere);
   EXPECT_EQ(box->ClearEmailBook(), kNoError);
-  EXPECT_EQ(TheAgent.LastError(), 17);
+  EXPECT_EQ(TheAgent.LastError(), kEarlier);
   EXPECT_THAT(TakeCalls(), IsEmpty());
 }
 
-TEST_F(ScannerServices, TheAdministratorAloneWritesTheTag) {
-  CScanner* const box = LogIn();
+TEST_F(ScannerServices, OnlyTheAdministratorWritesTheTag) {
   const std::uint32_t tag = 77;
   const std::string read = "IMSPReadEntryProperties 4:USERSAB ADMINISTRATOR";
   EXPECT_EQ(box->WriteAdminTag(&tag), kNoError);
@@ -72,29 +71,54 @@ TEST_F(ScannerServices, TheAdministratorAloneWritesTheTag) {
               ElementsAre(read, "IMSPModifyEntry 4:USERSAB ADMINISTRATOR ADMINISTRATOR"));
   CUserEntry stored;
   SimulatorFindEntry(BookKind::kUsers, "", nullptr, "ADMINISTRATOR", &stored);
-  EXPECT_EQ(stored.password.View(), kPassword) << "the rest of the entry stays";
-
+  EXPECT_EQ(stored.password.View(), kPassword) << "the other fields stay";
   std::uint32_t found = 0;
   EXPECT_EQ(box->ReadAdminTag(&found), kNoError);
+  SimulatorFail("IMSPReadEntryProperties", 0, kFault);
+  EXPECT_EQ(box->ReadAdminTag(&found), kFault);
   EXPECT_EQ(found, 77U);
-  SimulatorFail("IMSPReadEntryProperties", 0, 6);
-  found = 5;
-  EXPECT_EQ(box->ReadAdminTag(&found), 6);
-  EXPECT_EQ(found, 5U);
   TakeCalls();
-  EXPECT_EQ(box->WriteAdminTag(&tag), 6);
+  EXPECT_EQ(box->WriteAdminTag(&tag), kFault);
   EXPECT_THAT(TakeCalls(), ElementsAre(read));
 
   SimulatorClearFaults();
-  CScanner* const another = LogToQuillbox(kHost, "TOOLKIT", "KELP", "", 0);
-  ASSERT_NE(another, nullptr);
+  box = LogToQuillbox(kHost, "TOOLKIT", "KELP", "", 0);
   TakeCalls();
-  EXPECT_EQ(another->WriteAdminTag(&tag), kRefused);
+  EXPECT_EQ(box->WriteAdminTag(&tag), kRefused);
   TheAgent.Logout(0);
-  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPLogout"));
-  EXPECT_EQ(another->WriteAdminTag(&tag), kRefused);
+  EXPECT_EQ(box->WriteAdminTag(&tag), kRefused);
   EXPECT_EQ(CScanner().WriteAdminTag(&tag), kRefused);
-  EXPECT_THAT(TakeCalls(), IsEmpty());
+  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPLogout"));
+}
+
+TEST_F(ScannerServices, ModifyEachStopsAtTheFirstFailure) {
+  CEmailEntry members[] = {MakeEntry("A"), MakeEntry("B"), MakeEntry("C")};
+  const std::uint32_t count = 3;
+  SimulatorSetLies(kLieScribble);  // the server overwrites the book of each call
+  SimulatorFail("IMSPModifyEntry", 1, kNoError);
+  SimulatorFail("IMSPModifyEntry", 2, kFault);
+  EXPECT_EQ(box->PublicList("Team").ModifyEach(members, &count), kFault);
+  EXPECT_THAT(TakeCalls(),
+              ElementsAre("IMSPModifyEntry 64:Team A A", "IMSPModifyEntry 64:Team B B"));
+}
+
+TEST_F(ScannerServices, TerminatesDeliveredTexts) {
+  SimulatorSeed();
+  box = LogIn();
+  SimulatorSetLies(kLieUnterminated);
+  KeyRange all;
+  CFaxEntry fax[5];
+  std::uint32_t count = 5;
+  EXPECT_EQ(box->FaxEntries().Read(&all, fax, &count, 0), kMoreData);
+  for (const CFaxEntry& each : fax) EXPECT_TRUE(each.IsValid());
+  ABIdent lists[3];
+  count = 3;
+  EXPECT_EQ(box->ListPublicLists(lists, &count), kNoError);
+  for (const ABIdent& each : lists) EXPECT_TRUE(each.name.IsTerminated());
+  PrinterModelRecord model;
+  model.modelName.Assign("Laserette 9");
+  EXPECT_EQ(box->ModelEntries().ReadOne(&model), kNoError);
+  EXPECT_TRUE(model.IsValid());
 }
 
 }  // namespace
