@@ -26,18 +26,79 @@ class EntryBlockWalk : public testing::TestWithParam<unsigned> {
   std::int32_t Count() const { return static_cast<std::int32_t>(ids.size()); }
 
   // Does the same to the block and to its model, and compares the results.
-  void Step();
-  void Shrink(std::int32_t count, std::int32_t direction);
-  void Append(std::int32_t index);
-  void Move();
+  void Step() {
+    const std::int32_t number = Draw(-1, Count() + 1);
+    const bool isThere = number >= 0 && number < Count();
+    switch (Draw(0, 9)) {
+      case 0:
+        ids.assign(static_cast<std::size_t>(std::max(number, 0)), 0);
+        skip = 0;
+        EXPECT_EQ(block.Allocate(number), number > 0);
+        break;
+      case 1:
+        if (number > 0) ids.resize(static_cast<std::size_t>(number) + 3);
+        EXPECT_EQ(block.Resize(number > 0 ? number + 3 : number), number > 0);
+        break;
+      case 2:
+      case 3:
+        Shrink(number, Draw(0, 1));
+        break;
+      case 4:
+        ids.clear();
+        if (number == 0) block.Clear();
+        if (number != 0) block.Free(), skip = 0;
+        break;
+      case 5: {
+        EntryBlock<Record> other(std::move(block));
+        EXPECT_TRUE(block.IsEmpty() && block.data() == nullptr);  // NOLINT(bugprone-use-after-move)
+        block = std::move(other);
+        break;
+      }
+      case 6:
+        if (isThere) ids.erase(ids.begin() + number);
+        EXPECT_EQ(block.RemoveAt(number), isThere);
+        break;
+      default:
+        Append(number);
+        break;
+    }
+  }
 
-  // Gives every live record an id of its own, so that one out of its place shows.
+  void Shrink(std::int32_t count, std::int32_t direction) {
+    const std::int32_t surplus = Count() - count;
+    const bool fits = count >= 0 && surplus >= 0;
+    EXPECT_EQ(block.Shrink(count, direction), fits);
+    if (!fits || surplus == 0) return;
+    const bool keepsFront = count == 0 || direction == 1;
+    const auto first = keepsFront ? ids.begin() + count : ids.begin();
+    ids.erase(first, first + surplus);
+    if (!keepsFront) skip += surplus;
+    if (keepsFront && count != 0) skip = 0;
+  }
+
+  // Appends the record at the index, or a new one if the block has no such record.
+  void Append(std::int32_t index) {
+    const Record fresh{.id = ++lastId};
+    const Record& record = block.Holds(index) ? *block.At(index) : fresh;
+    ids.push_back(record.id);
+    EXPECT_EQ(block.Append(record), Count());
+  }
+
+  // Gives every live record its own id, which shows a record in a wrong place.
   void Mark() {
     for (Record& each : block) each.id = ++lastId;
     std::ranges::transform(block, ids.begin(), &Record::id);
   }
 
-  void ExpectAlike() const;
+  void ExpectEqual() const {
+    ASSERT_EQ(block.count(), Count());
+    EXPECT_EQ(block.IsEmpty(), ids.empty());
+    EXPECT_EQ(block.skip(), skip);
+    EXPECT_TRUE(std::ranges::equal(block, ids, {}, &Record::id));
+    EXPECT_EQ(block.At(-1), nullptr);
+    EXPECT_EQ(block.At(Count()), nullptr);
+    for (int i = 0; i < Count(); ++i) EXPECT_EQ(block.At(i), block.begin() + i);
+  }
 
   std::mt19937 random{GetParam()};
   EntryBlock<Record> block;
@@ -46,90 +107,18 @@ class EntryBlockWalk : public testing::TestWithParam<unsigned> {
   std::int32_t lastId = 0;
 };
 
-void EntryBlockWalk::Step() {
-  const std::int32_t number = Draw(-1, Count() + 1);
-  const bool isThere = number >= 0 && number < Count();
-  switch (Draw(0, 9)) {
-    case 0:
-      ids.assign(static_cast<std::size_t>(std::max(number, 0)), 0);
-      skip = 0;
-      EXPECT_EQ(block.Allocate(number), number > 0);
-      break;
-    case 1:
-      if (number > 0) ids.resize(static_cast<std::size_t>(number) + 3);
-      EXPECT_EQ(block.Resize(number > 0 ? number + 3 : number), number > 0);
-      break;
-    case 2:
-    case 3:
-      Shrink(number, Draw(0, 1));
-      break;
-    case 4:
-      ids.clear();
-      if (number == 0) block.Clear();
-      if (number != 0) block.Free(), skip = 0;
-      break;
-    case 5:
-      Move();
-      break;
-    case 6:
-      if (isThere) ids.erase(ids.begin() + number);
-      EXPECT_EQ(block.RemoveAt(number), isThere);
-      break;
-    default:
-      Append(number);
-      break;
-  }
-}
-
-void EntryBlockWalk::Shrink(std::int32_t count, std::int32_t direction) {
-  const std::int32_t surplus = Count() - count;
-  const bool fits = count >= 0 && surplus >= 0;
-  EXPECT_EQ(block.Shrink(count, direction), fits);
-  if (!fits || surplus == 0) return;
-  const bool keepsFront = count == 0 || direction == 1;
-  const auto first = keepsFront ? ids.begin() + count : ids.begin();
-  ids.erase(first, first + surplus);
-  if (!keepsFront) skip += surplus;
-  if (keepsFront && count != 0) skip = 0;
-}
-
-// Appends a record of the block, where it has one at the index, or another.
-void EntryBlockWalk::Append(std::int32_t index) {
-  const Record fresh{.id = ++lastId};
-  const Record& record = block.Holds(index) ? *block.At(index) : fresh;
-  ids.push_back(record.id);
-  EXPECT_EQ(block.Append(record), Count());
-}
-
-void EntryBlockWalk::Move() {
-  EntryBlock<Record> other(std::move(block));
-  EXPECT_TRUE(block.IsEmpty());  // NOLINT(bugprone-use-after-move)
-  EXPECT_EQ(block.data(), nullptr);
-  block = std::move(other);
-}
-
-void EntryBlockWalk::ExpectAlike() const {
-  ASSERT_EQ(block.count(), Count());
-  EXPECT_EQ(block.IsEmpty(), ids.empty());
-  EXPECT_EQ(block.skip(), skip);
-  EXPECT_TRUE(std::ranges::equal(block, ids, {}, &Record::id));
-  EXPECT_EQ(block.At(-1), nullptr);
-  EXPECT_EQ(block.At(Count()), nullptr);
-  for (int i = 0; i < Count(); ++i) EXPECT_EQ(block.At(i), block.begin() + i);
-}
-
-TEST_P(EntryBlockWalk, HoldsWhatTheModelHolds) {
+TEST_P(EntryBlockWalk, HoldsTheRecordsOfTheModel) {
   for (int step = 0; step < 400 && !HasFailure(); ++step) {
     SCOPED_TRACE(testing::Message() << "seed " << GetParam() << ", step " << step);
     Step();
-    ExpectAlike();
+    ExpectEqual();
     if (!HasFailure() && Draw(0, 2) == 0) Mark();
   }
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, EntryBlockWalk, testing::Range(1U, 33U));
 
-TEST(EntryBlock, RefusesWhatWouldNotFitBehindTheSkip) {
+TEST(EntryBlock, RefusesACountThatOverflowsWithTheSkip) {
   EntryBlock<char> block;
   ASSERT_TRUE(block.Allocate(3));
   ASSERT_TRUE(block.Shrink(1, 0));
