@@ -2,18 +2,15 @@
 //
 // usage: quillkit_c_threads [SECONDS]      one second if none are given
 //
-// One thread logs in again and again and keeps the session alive; the seven others each change a
-// soft key of their own and read the shared ones. What a call gives is what it would give alone,
-// except that a handle may have ended by a login or a reload of another thread. In the middle the
-// process forks.
+// One thread logs in repeatedly and keeps the session alive; each of the seven others changes its
+// own soft key and reads the shared ones. Each call returns what it would return alone, except that
+// a login or a reload of another thread may have ended a handle. The process forks meanwhile.
 
-#include <array>
 #include <atomic>
 #include <chrono>
 #include <cinttypes>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <string>
 #include <thread>
 #include <vector>
@@ -67,26 +64,17 @@ std::int32_t OnLiveKey(const std::string& name, Call call) {
   });
 }
 
-// An item of this thread's own, which carries the text that was stored.
-void UseItem(const std::string& text, quill_handle item) {
-  std::array<char, 128> buffer = {};
-  auto size = static_cast<std::uint32_t>(buffer.size());
-  Expect("set path", 1, quill_set_path(item, text.c_str()));
-  Expect("path", 1, quill_path(item, buffer.data(), &size));
-  Expect("text of the path", 0, std::strcmp(buffer.data(), text.c_str()));
-}
-
-void ReadSharedKeys() {
+void ReadKeys() {
   quill_handle key = 0;
-  std::array<char, 32> name = {};
   for (std::int32_t i = 0; quill_get_key_at(book.load(), i, &key) == 1; ++i) {
-    auto size = static_cast<std::uint32_t>(name.size());
-    const std::int32_t result = quill_get_key_name(key, name.data(), &size);
+    char name[32];
+    std::uint32_t size = sizeof name;
+    const std::int32_t result = quill_get_key_name(key, name, &size);
     if (result != QUILL_E_STALE) Expect("name of a shared key", 1, result);
   }
 }
 
-// A soft key from its making to its end, beside those of the others.
+// Adds a soft key with items and deletes it again.
 void ChangeKey(const std::string& name) {
   quill_handle item = 0;
   std::uint32_t count = 0;
@@ -95,12 +83,15 @@ void ChangeKey(const std::string& name) {
          OnLiveBook([&](quill_handle keys) { return quill_add_key(keys, name.c_str(), 1); }));
   for (int i = 0; i < kItems; ++i) {
     const std::string text = name + " " + std::to_string(i);
-    UseItem(text, item);
+    char stored[32] = {};
+    std::uint32_t size = sizeof stored;
     Expect("set name", 1, quill_set_name(item, text.c_str()));
+    Expect("get name", 1, quill_get_item_name(item, stored, &size));
+    Expect("name", 0, text.compare(stored));
     Expect("add item", 0, OnLiveKey(name, [&](quill_handle key) {
              return quill_add_menu_item(key, item, i % 2);
            }));
-    ReadSharedKeys();
+    ReadKeys();
   }
   Expect("count items", 0,
          OnLiveKey(name, [&](quill_handle key) { return quill_get_db_item_count(key, &count); }));
@@ -108,11 +99,11 @@ void ChangeKey(const std::string& name) {
   Expect("delete key", 0,
          OnLiveBook([&](quill_handle keys) { return quill_delete_key(keys, name.c_str(), 1); }));
   Expect("destroy item", 1, quill_destroy_menu_item(item));
-  Expect("item after its end", QUILL_E_STALE, quill_destroy_menu_item(item));
+  Expect("destroy item again", QUILL_E_STALE, quill_destroy_menu_item(item));
 }
 
-// What a forked child sees: 0 if each call is refused. The door is locked there if a thread of the
-// parent was inside.
+// Returns 0 if each call is refused in a forked child. The lock is taken there if a thread of the
+// parent was inside a call.
 int CallInForkedChild() {
   quill_handle handle = 1;
   if (quill_get_count(book.load()) != QUILL_E_FORKED) return 1;
@@ -143,30 +134,24 @@ void RunThreads(std::chrono::milliseconds time) {
   Expect("keys", 3, quill_get_count(book.load()));
 }
 
-// The keep-alive falls due again and again while a call of another thread is inside. Its own thread
-// does not wait, and it is sent after that call.
+// The keep-alive becomes due repeatedly during a call of another thread. Its own thread does not
+// wait, and the keep-alive is sent after that call.
 void DeferKeepAlive() {
-  std::atomic<bool> isInside = false;
   SimulatorRecordCalls(1);
   SimulatorSetLatency(1000);
+  std::atomic<bool> isInside = true;
   std::thread caller([&] {
-    isInside = true;
     Expect("slow call", 0, quill_load_top_level_abook(book.load(), 0));
     isInside = false;
   });
-  while (!isInside) std::this_thread::yield();
   std::this_thread::sleep_for(std::chrono::milliseconds(200));
   int due = 0;
-  while (isInside && due < 2) {
-    const int run = DispatchTimers();
-    if (isInside) due += run;
-  }
+  while (isInside && due < 2) due += DispatchTimers();
+  Expect("the thread continues during the call", 1, isInside ? 1 : 0);
   caller.join();
   SimulatorSetLatency(0);
-  Expect("the thread goes on while another one calls", 1, due >= 2 ? 1 : 0);
-  const char* last = SimulatorCallText(SimulatorCallCount() - 1);
-  Expect("the last call is the keep-alive", 0,
-         last != nullptr ? std::strcmp("IMSPWakeup", last) : 1);
+  const std::string last = SimulatorCallText(SimulatorCallCount() - 1);
+  Expect("the last call is the keep-alive", 0, last.compare("IMSPWakeup"));
 }
 
 std::atomic<std::int32_t> nested;
@@ -182,8 +167,8 @@ void RefuseNestedCall() {
   Expect("call inside a call", QUILL_E_NESTED, nested);
 }
 
-// A session whose keep-alive falls due every ten milliseconds, on an appliance that does without
-// it: a machine under load is not silent for long.
+// Opens a session whose keep-alive is due every ten milliseconds, and which the appliance keeps for
+// a minute without one, in case the machine is under load.
 void StartSession() {
   SimulatorSeed();
   SimulatorSetWakeupPeriod(20);
