@@ -14,20 +14,16 @@ const char* SimulatorCallText(int32_t index);
 void SimulatorFail(const char* entry, int32_t occurrence, int32_t status);
 int32_t SimulatorBookSize(int32_t kind, const char* book, const char* user);
 
-enum { kEmailBook = 1 };
-
-static int checks, failures;
+static int failures;
 static const char* scene = "";
 
 static void Check(int line, const char* what, int64_t expected, int64_t found) {
-  ++checks;
   if (expected == found) return;
   ++failures;
   printf("line %d, %s: %s is %.0f, not %.0f\n", line, scene, what, (double)found, (double)expected);
 }
 
 static void CheckText(int line, const char* what, const char* expected, const char* found) {
-  ++checks;
   if (strcmp(expected, found) == 0) return;
   ++failures;
   printf("line %d, %s: %s is \"%s\", not \"%s\"\n", line, scene, what, found, expected);
@@ -266,7 +262,6 @@ static void CheckArguments(void) {
   EQ(0, quill_set_name(item, longText));
   EQ(1, quill_create_soft_key(longText, book, &output));
   TEXT_EQ(longText, TextOf(quill_get_key_name, output));
-  EQ(7, quill_add_key(book, longText, 0));
   EQ(1, quill_destroy_soft_key(output));
   EQ(0, quill_create_soft_key("x", 0, &output));
   EQ(-1, quill_delete_menu_item(output, "x", 0));
@@ -292,11 +287,11 @@ static void CheckImport(void) {
   int32_t before;
   scene = "import";
   SetStage();
-  before = SimulatorBookSize(kEmailBook, "", NULL);
+  before = SimulatorBookSize(1, "", NULL);
   EQ(1, file != NULL && fputs("address,name\nzoe@mail.example,Zoe\n", file) >= 0);
   if (file != NULL) fclose(file);
   EQ(0, quill_import_address_book(box, kPath, &options));
-  EQ(before + 1, SimulatorBookSize(kEmailBook, "", NULL));
+  EQ(before + 1, SimulatorBookSize(1, "", NULL));
   EQ(-3, quill_import_address_book(box, kPath, NULL));
   EQ(-1, quill_import_address_book(box, NULL, &options));
   remove(kPath);
@@ -370,6 +365,6 @@ int main(void) {
   CheckWrongHandles();
   CheckTwoAppliances();
   CheckExit();
-  printf("quillkit_c %s: %d checks, %d failed\n", quill_version(), checks, failures);
+  printf("quillkit_c %s: %d failures\n", quill_version(), failures);
   return failures != 0;
 }
