@@ -67,11 +67,10 @@ class AgentSession : public ApplianceTest {
     return left;
   }
 
-  // Opens a session on the server whose keep-alive period the agent has not asked for.
-  void OpenSession() {
-    char identity[256];
-    EXPECT_EQ(TheAgent.IMSPLogin(&record, identity, sizeof identity), kNoError);
-    TakeCalls();
+  static void Add(const std::string& name, std::uint32_t address) {
+    auto* scanner = new CScanner;
+    scanner->Init(name, &address, "", "", &TheAgent);
+    EXPECT_EQ(TheAgent.AddScanner(scanner), 1);
   }
 
   CUserRecord user;
@@ -83,59 +82,42 @@ class AgentSession : public ApplianceTest {
 
 // --- The list of scanners ---
 
-class AgentScanners : public testing::Test {
- protected:
-  void Add(const std::string& name, std::uint32_t address) {
-    auto* scanner = new CScanner;
-    scanner->Init(name, &address, "", "", &agent);
-    EXPECT_EQ(agent.AddScanner(scanner), 1);
-  }
+constexpr std::uint32_t kTwo = 2;
 
-  // The names in the order of the list, each with a space.
-  std::string Names() const {
-    std::string names;
-    for (int i = 0; i < agent.ScannerCount(); ++i) names += agent.ScannerAt(i)->Name() + ' ';
-    return names;
-  }
-
-  CAgent agent;
-  const std::uint32_t two = 2;
-};
-
-TEST_F(AgentScanners, HoldOneOfEachAddressWithTheLatestLast) {
+TEST_F(AgentSession, HoldsOneScannerOfEachAddressWithTheLatestLast) {
   Add("one", 1);
-  Add("two", 2);
+  Add("two", kTwo);
   Add("uno", 1);
-  EXPECT_EQ(Names(), "two uno ");
-  EXPECT_EQ(agent.AddScanner(agent.FindScanner(&two)), 1);
-  EXPECT_EQ(Names(), "uno two ") << "adding a scanner of the list again moves it to the end";
-  EXPECT_EQ(agent.AddScanner(nullptr), 0);
-  for (const int index : {-1, 2}) EXPECT_EQ(agent.ScannerAt(index), nullptr) << index;
-  EXPECT_EQ(agent.RemoveScanner(&two), 1);
-  EXPECT_EQ(agent.RemoveScanner(&two), 0);
-  EXPECT_EQ(agent.FindScanner(&two), nullptr);
+  EXPECT_EQ(Left(), " two///2 uno///1");
+  EXPECT_EQ(TheAgent.AddScanner(TheAgent.FindScanner(&kTwo)), 1);
+  EXPECT_EQ(Left(), " uno///1 two///2") << "adding a scanner of the list moves it to the end";
+  EXPECT_EQ(TheAgent.AddScanner(nullptr), 0);
+  for (const int index : {-1, 2}) EXPECT_EQ(TheAgent.ScannerAt(index), nullptr) << index;
+  EXPECT_EQ(TheAgent.RemoveScanner(&kTwo), 1);
+  EXPECT_EQ(TheAgent.RemoveScanner(&kTwo), 0);
+  EXPECT_EQ(TheAgent.FindScanner(&kTwo), nullptr);
   std::string bytes;
   Archive storing(&bytes);
-  agent.Serialize(storing);
-  Add("two", 2);
+  TheAgent.Serialize(storing);
+  Add("two", kTwo);
   Archive loading{std::string_view(bytes)};
-  agent.Serialize(loading);
-  EXPECT_EQ(Names(), "uno ") << "an archive replaces the list";
+  TheAgent.Serialize(loading);
+  EXPECT_EQ(Left(), " uno///1") << "an archive replaces the list";
 }
 
-TEST_F(AgentScanners, AreIteratedBeyondARemovedOne) {
-  EXPECT_EQ(agent.FirstScanner(), nullptr);
+TEST_F(AgentSession, IterationContinuesAfterARemovedScanner) {
+  EXPECT_EQ(TheAgent.FirstScanner(), nullptr);
   Add("one", 1);
-  EXPECT_EQ(agent.NextScanner(), nullptr) << "only FirstScanner begins an iteration";
-  Add("two", 2);
+  EXPECT_EQ(TheAgent.NextScanner(), nullptr) << "only FirstScanner begins an iteration";
+  Add("two", kTwo);
   Add("three", 3);
-  EXPECT_EQ(agent.FirstScanner()->Name(), "one");
-  agent.RemoveScanner(&two);
-  EXPECT_EQ(agent.NextScanner()->Name(), "three");
-  EXPECT_EQ(agent.NextScanner(), nullptr);
-  agent.FirstScanner();
-  agent.DeleteScanners();
-  EXPECT_EQ(agent.NextScanner(), nullptr);
+  EXPECT_EQ(TheAgent.FirstScanner()->Name(), "one");
+  TheAgent.RemoveScanner(&kTwo);
+  EXPECT_EQ(TheAgent.NextScanner()->Name(), "three");
+  EXPECT_EQ(TheAgent.NextScanner(), nullptr);
+  TheAgent.FirstScanner();
+  TheAgent.DeleteScanners();
+  EXPECT_EQ(TheAgent.NextScanner(), nullptr);
 }
 
 // --- The server library ---
@@ -279,14 +261,14 @@ TEST_F(AgentSession, ReadsAndWritesTheAccountOfARecord) {
 // --- The keep-alive ---
 
 TEST_F(AgentSession, APeriodOfOneMillisecondStartsATimerEachTime) {
-  OpenSession();
   SimulatorSetWakeupPeriod(1);
-  EXPECT_EQ(TheAgent.StartWakeup(), kNoError);
+  Login();
   EXPECT_EQ(TheAgent.WakeupPeriod(), 0U);
   const TimerId first = TheAgent.WakeupTimer();
+  TakeCalls();
   EXPECT_EQ(TheAgent.StartWakeup(), kNoError);
   EXPECT_NE(TheAgent.WakeupTimer(), first);
-  EXPECT_THAT(TakeCalls(), ElementsAre(kPeriodCall, kPeriodCall));
+  EXPECT_THAT(TakeCalls(), ElementsAre(kPeriodCall));
   TheAgent.StopWakeup();
   Sleep(std::chrono::milliseconds(50));
   Pump();
@@ -294,8 +276,7 @@ TEST_F(AgentSession, APeriodOfOneMillisecondStartsATimerEachTime) {
 }
 
 TEST_F(AgentSession, AStoppedTimerCountsAsRunningUntilALogout) {
-  OpenSession();
-  TheAgent.StartWakeup();
+  Login();
   TheAgent.StopWakeup();
   TakeCalls();
   EXPECT_EQ(TheAgent.StartWakeup(), kNoError);
