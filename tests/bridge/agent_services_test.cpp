@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "bridge/the_agent.h"
@@ -30,10 +31,7 @@ class AgentServices : public ApplianceTest {
 
 TEST_F(AgentServices, ForwardsACallAndRecordsItsStatus) {
   using A = CAgent;
-  const struct {
-    const char* call;
-    Status (*run)(A&);
-  } operations[] = {
+  const std::pair<const char*, Status (*)(A&)> operations[] = {
       {"IMSPWakeup", [](A& agent) { return agent.IMSPWakeup(); }},
       {"IMSPAbort", [](A& agent) { return agent.IMSPAbort(); }},
       {"IMSPCheckString text 9", [](A& agent) { return agent.IMSPCheckString("text", 9); }},
@@ -48,12 +46,12 @@ TEST_F(AgentServices, ForwardsACallAndRecordsItsStatus) {
        [](A& agent) { return agent.ChangeIdentity(std::string(32, 'n')); }},
   };
   SimulatorFail(nullptr, 0, kFault);
-  for (const auto& each : operations) {
-    SCOPED_TRACE(each.call);
+  for (const auto& [call, run] : operations) {
+    SCOPED_TRACE(call);
     TheAgent.SetError(kEarlier);
-    EXPECT_EQ(each.run(TheAgent), kFault);
+    EXPECT_EQ(run(TheAgent), kFault);
     EXPECT_EQ(TheAgent.LastError(), kFault);
-    EXPECT_THAT(TakeCalls(), testing::ElementsAre(each.call));
+    EXPECT_THAT(TakeCalls(), testing::ElementsAre(call));
   }
 }
 

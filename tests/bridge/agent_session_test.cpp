@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -228,21 +229,18 @@ TEST_F(AgentSession, TruncatesEachFieldOfAnIdentityWithoutANul) {
 }
 
 TEST(ParseIdentity, EndsAtTheFirstMissingField) {
-  const struct {
-    const char* text;
-    const char* fields;
-  } identities[] = {
+  const std::map<std::string, std::string> identities = {
       {"Box -\t\n 3.1  -  K7 more", "Box |3.1  |K7"},  // spaces before a dash belong to the field
       {" Box-3.1-K7-8", " Box|3.1|K7-8"},
       {"", "||"},
       {"Box -- K7", "Box ||"},
       {"Box - 3.1", "Box |3.1|"},
   };
-  for (const auto& each : identities) {
-    const Identity identity = ParseIdentity(each.text);
+  for (const auto& [sent, fields] : identities) {
+    const Identity identity = ParseIdentity(sent);
     const std::string model(identity.model.View());
-    EXPECT_EQ(model + '|' + identity.version.c_str() + '|' + identity.third.c_str(), each.fields)
-        << each.text;
+    EXPECT_EQ(model + '|' + identity.version.c_str() + '|' + identity.third.c_str(), fields)
+        << sent;
   }
 }
 

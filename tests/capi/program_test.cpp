@@ -1,4 +1,4 @@
-// The library for C is tried by programs of its own: its server library is not this process's.
+// Runs the programs that test the library for C, each in its own process with its own appliance.
 
 #include <gtest/gtest.h>
 
@@ -7,11 +7,11 @@
 namespace quillkit {
 namespace {
 
-TEST(LibraryForC, DoesWhatItsProgramInCExpects) {
+TEST(LibraryForC, PassesItsTestInC) {
   EXPECT_EQ(OutputOnFailure(".", "quillkit_c_tests"), "");
 }
 
-TEST(LibraryForC, TakesCallsOfEightThreadsInTurn) {
+TEST(LibraryForC, RunsTheCallsOfEightThreadsOneByOne) {
   EXPECT_EQ(OutputOnFailure(".", "quillkit_c_threads"), "");
 }
 

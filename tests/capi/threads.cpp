@@ -3,8 +3,8 @@
 // usage: quillkit_c_threads [SECONDS]      one second if none are given
 //
 // One thread logs in repeatedly and keeps the session alive; each of the seven others changes its
-// own soft key. Each call returns what it would return alone, except that
-// a login or a reload of another thread may have ended a handle. The process forks meanwhile.
+// own soft key. Each call returns what it would return alone, except that a login or a reload of
+// another thread may have ended a handle. The process forks meanwhile.
 
 #include <atomic>
 #include <chrono>
