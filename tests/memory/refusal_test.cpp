@@ -18,7 +18,7 @@
 #include "tests/support/combination_count.h"
 #include "tests/support/scratch_folder.h"
 #include "tests/support/temporary_folder.h"
-#include "tests/toolkit/server_operation.h"
+#include "tests/toolkit/export_operations.h"
 
 namespace quillkit {
 namespace {
@@ -62,38 +62,32 @@ std::int64_t Import(const Stage& on, std::uint32_t format) {
   return ImportAddressBook(on.box, importedFile.c_str(), &options);
 }
 
-#define RUN(expression) []([[maybe_unused]] Stage& on) -> std::int64_t { return expression; }
-
-// Those that take memory and are in no other table.
-std::vector<Operation> OtherOperations() {
-  using enum Style;
+// Those that take memory and are in no other table. None of them predicts its server calls.
+Operations OtherOperations() {
+  const auto addKey = [](Stage& on) {
+    return WithKey(on, [&](CSoftKey* key) { return FastKeyAdd(on.book, key); });
+  };
+  const auto renameKey = [](Stage& on) {
+    return WithKey(on, [&](CSoftKey* key) { return FastKeyRename(on.book, "Scan", key); });
+  };
   return {
-      {"LoadItems", kFlag, 1, {}, RUN(LoadItems(on.book, "Scan") != nullptr)},
-      {"CreateSoftKey", kFlag, 1, {}, RUN(WithKey(on, GetItemCount) != 0)},
-      {"CreateMenuItem", kFlag, 1, {}, RUN(MakeItem())},
-      {"AddKeyOfALongName", kStatus, 0, {}, RUN(AddKey(on.book, kLongName, 1))},
-      {"FastKeyAddOfALongName",
-       kCount,
-       3,
-       {},
-       RUN(WithKey(on, [&](CSoftKey* key) { return FastKeyAdd(on.book, key); }))},
-      {"FastKeyRenameToALongName",
-       kFlag,
-       1,
-       {},
-       RUN(WithKey(on, [&](CSoftKey* key) { return FastKeyRename(on.book, "Scan", key); }))},
-      {"FindSoftKeyIndex", kCount, -1, {}, RUN(FindSoftKeyIndex(on.book, kLongName))},
-      {"FindFirstItem", kCount, -1, {}, RUN(FindFirstItem(on.key, kLongName, 1))},
-      {"SetName", kFlag, 1, {}, RUN(SetName(&on.item, kLongName))},
-      {"ImportDelimited", kStatus, 0, {}, RUN(Import(on, ImportFormatDelimited))},
-      {"ImportDirectory", kStatus, 0, {}, RUN(Import(on, ImportFormatDirectory))},
-      {"ImportMailServer", kStatus, 0, {}, RUN(Import(on, ImportFormatMailServer))},
-      {"ImportScript", kStatus, 0, {}, RUN(Import(on, ImportFormatScript))},
+      CALL(WithKey(on, GetItemCount) != 0, kFlag, ""),
+      CALL(MakeItem(), kFlag, ""),
+      CALL(AddKey(on.book, kLongName, 1), kStatus, ""),
+      {"FastKeyAdd of a long name", addKey, Count(3), ""},
+      {"FastKeyRename to a long name", renameKey, kFlag, ""},
+      CALL(FindSoftKeyIndex(on.book, kLongName), Count(-1), ""),
+      CALL(FindFirstItem(on.key, kLongName, 1), Count(-1), ""),
+      CALL(SetName(&on.item, kLongName), kFlag, ""),
+      CALL(Import(on, ImportFormatDelimited), kStatus, ""),
+      CALL(Import(on, ImportFormatDirectory), kStatus, ""),
+      CALL(Import(on, ImportFormatMailServer), kStatus, ""),
+      CALL(Import(on, ImportFormatScript), kStatus, ""),
   };
 }
 
-std::vector<Operation> Operations() {
-  std::vector<Operation> all = ServerOperations();
+Operations AllOperations() {
+  Operations all = ExportOperations();
   for (Operation& each : OtherOperations()) all.push_back(std::move(each));
   return all;
 }
@@ -104,34 +98,41 @@ std::string NameAt(BookKind kind, const char* book, std::int32_t index) {
   return std::string(record.name.View());
 }
 
-// The keys on the server.
-Panel OnServer() {
-  Panel panel;
+// The keys on the server, as Stage::Keys shows them.
+Lines KeysOnServer() {
+  Lines lines;
   for (std::int32_t i = 0; i < SimulatorBookSize(BookKind::kTop, "", nullptr); ++i) {
-    auto& [key, items] = panel.emplace_back(NameAt(BookKind::kTop, "", i), Names());
+    const std::string key = NameAt(BookKind::kTop, "", i);
+    lines.push_back("key/" + key);
     for (std::int32_t at = 0; at < SimulatorBookSize(BookKind::kKeyItems, key.c_str(), nullptr);
          ++at) {
-      items.push_back(NameAt(BookKind::kKeyItems, key.c_str(), at));
+      lines.push_back("key/" + key + "/" + NameAt(BookKind::kKeyItems, key.c_str(), at));
     }
   }
-  return panel;
+  return lines;
 }
 
-// Whether `panel` is `whole`, but for keys that have no items.
-bool IsWholeButForItems(const Panel& panel, const Panel& whole) {
-  return std::equal(panel.begin(), panel.end(), whole.begin(), whole.end(),
-                    [](const auto& key, const auto& wholeKey) {
-                      return key == wholeKey || (key.first == wholeKey.first && key.second.empty());
-                    });
+// The keys of `whole`, without the items of those keys that have none in `keys`.
+Lines WithoutLostItems(const Lines& whole, const Lines& keys) {
+  Lines left;
+  for (const std::string& each : whole) {
+    const std::string key = each.substr(0, each.rfind('/') + 1);
+    if (key == "key/" || std::any_of(keys.begin(), keys.end(), [&](const std::string& item) {
+          return item.starts_with(key);
+        })) {
+      left.push_back(each);
+    }
+  }
+  return left;
 }
 
-// What a run came to.
+// What a run resulted in.
 struct Trial {
-  std::optional<std::int64_t> result;  // none when std::bad_alloc came
-  Panel panel;                         // in memory
+  std::optional<std::int64_t> result;  // none if std::bad_alloc was thrown
+  Lines keys;                          // in memory
 };
 
-class Refusal : public OperationTest, public testing::WithParamInterface<Operation> {
+class Refusal : public ApplianceTest, public testing::WithParamInterface<Operation> {
  protected:
   Refusal() { importedFile = folder.Write("file", "SE emailab \"Ann\" \"a\"\n"); }
 
@@ -148,7 +149,9 @@ class Refusal : public OperationTest, public testing::WithParamInterface<Operati
 };
 
 Trial Refusal::Try(int refused) {
-  Stage stage = SetStage();
+  SimulatorReset();
+  Stage stage(LogIn());
+  if (GetParam().prepare != nullptr) GetParam().prepare(stage);
   Trial trial;
   RefuseAllocation(refused);
   try {
@@ -156,16 +159,16 @@ Trial Refusal::Try(int refused) {
   } catch (const std::bad_alloc&) {
   }
   RefuseAllocation(0);
-  trial.panel = Look(GetTopLevelAbook(stage.box));
-  if (CTopLevelAB* const book = GetTopLevelAbook(stage.box)) {
+  CTopLevelAB* const book = stage.box != nullptr ? GetTopLevelAbook(stage.box) : nullptr;
+  trial.keys = Stage::Keys(book);
+  if (book != nullptr) {
     EXPECT_EQ(LoadTopLevelAbook(book, 1), 0);
-    EXPECT_EQ(Look(book), OnServer());
+    EXPECT_EQ(Stage::Keys(book), KeysOnServer());
   }
   EXPECT_STREQ(GetKeyName(stage.newKey), "Copy");
-  DestroySoftKey(stage.newKey);
   Logout();
   CScanner* const box = LogToQuillbox(kHost, kAdministrator, kPassword, "", 1);
-  EXPECT_EQ(Look(GetTopLevelAbook(box)), OnServer());
+  EXPECT_EQ(Stage::Keys(GetTopLevelAbook(box)), KeysOnServer());
   SimulatorReset();
   LogIn();
   Logout();
@@ -173,14 +176,14 @@ Trial Refusal::Try(int refused) {
 }
 
 void Refusal::Compare(const Trial& trial, const Trial& undisturbed) {
-  if (!trial.result || trial.result == FailureOf(GetParam().style, kRefused)) return;
+  if (!trial.result || trial.result == GetParam().result.Failure(kRefused)) return;
   EXPECT_EQ(trial.result, undisturbed.result);
-  EXPECT_TRUE(IsWholeButForItems(trial.panel, undisturbed.panel));
+  EXPECT_EQ(trial.keys, WithoutLostItems(undisturbed.keys, trial.keys));
 }
 
 TEST_P(Refusal, LeavesEverythingUsableAndLosesNothing) {
   const Trial undisturbed = Try(0);
-  EXPECT_EQ(undisturbed.result, GetParam().success);
+  EXPECT_EQ(undisturbed.result, GetParam().result.success);
   for (int refused = 1;; ++refused) {
     SCOPED_TRACE(testing::Message() << "allocation " << refused);
     const long before = LiveBlocks();
@@ -192,8 +195,10 @@ TEST_P(Refusal, LeavesEverythingUsableAndLosesNothing) {
   }
 }
 
-// A login that was refused memory may leave a session behind. The next one keeps its own alive.
-TEST_F(OperationTest, ALoginAfterARefusedOneHasItsSignOfLife) {
+class Login : public ApplianceTest {};
+
+// A login that failed to allocate may leave a session behind. The next one keeps its own alive.
+TEST_F(Login, KeepsItsSessionAliveAfterOneThatFailedToAllocate) {
   int refused = 0;
   do {
     SCOPED_TRACE(testing::Message() << "allocation " << ++refused);
@@ -212,8 +217,7 @@ TEST_F(OperationTest, ALoginAfterARefusedOneHasItsSignOfLife) {
   } while (WasAllocationRefused());
 }
 
-INSTANTIATE_TEST_SUITE_P(Functions, Refusal, testing::ValuesIn(Operations()),
-                         [](const auto& each) { return each.param.name; });
+INSTANTIATE_TEST_SUITE_P(Functions, Refusal, testing::ValuesIn(AllOperations()), OperationName);
 
 }  // namespace
 }  // namespace quillkit

@@ -1,0 +1,126 @@
+// The failure sweep: runs an operation undisturbed, and then once for each of its server calls and
+// each status code, with that call failing. Each run checks the result, the last error, the server
+// calls and the contents of memory. Every operation that calls the server is a row of a table:
+//
+//   CALL(on.fax.DeleteEntry(&on.faxAnn, 1), kFlag,
+//        "DeleteEntry 2:FAXAB Ann, ReadAB (loses fax/; 4: ends, loses fax/)"),
+//
+//   1. the operation, on a stage that is set up anew for each run (sweep_stage.h)
+//   2. how its result reports success and failure: kStatus, kFlag, Count(n) or kNothing
+//   3. its server calls in order, as the journal shows them but without "IMSP". Arguments at the
+//   end
+//      of a call may be left out. In parentheses: what happens if this call fails, and after a
+//      semicolon, what happens with a certain code
+//   4. the contents of memory after the undisturbed run: if omitted, they are those of books that
+//      are opened again; "unchanged", or "loses ..." as below. Here "needs no book", too
+//   5. a further preparation of the stage, if needed
+//
+// What happens if a call fails:
+//
+//               result    further calls   memory
+//   (nothing)   failure   none            as before
+//   ends        success   none            as before
+//   ignored     success   all             as after success
+//   late        failure   all             as after success
+//
+// Further words replace a column:
+//
+//   returns N      the result is N
+//   then A B       the further calls are A and B; "then" alone: none
+//   error N        the last error is N
+//   changed        memory is as after success
+//   unchanged      memory is as before
+//   loses P        memory without the lines of prefix P
+//   becomes P L    memory with the lines of prefix P replaced by L
+//   blanks P       memory with the texts of the lines of prefix P empty
+//
+// The last error is the code if the failing call is the last one, otherwise that of the undisturbed
+// run. A logout never changes it.
+
+#ifndef QUILLKIT_TESTS_SUPPORT_FAILURE_SWEEP_H_
+#define QUILLKIT_TESTS_SUPPORT_FAILURE_SWEEP_H_
+
+#include <cstdint>
+#include <ostream>
+#include <regex>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+#include "tests/support/appliance_fixture.h"
+#include "tests/support/sweep_stage.h"
+
+namespace quillkit {
+
+struct Result {
+  // What a failure with this status returns.
+  std::int64_t Failure(Status status) const { return isStatus ? status : failure; }
+
+  std::int64_t success;
+  std::int64_t failure;
+  bool isStatus = false;
+};
+
+constexpr Result kStatus = {0, 0, true};
+constexpr Result kFlag = {1, 0};  // also a pointer and null
+constexpr Result kNothing = {0, 0};
+constexpr Result Count(std::int64_t success) {
+  return {success, -1};
+}
+
+struct Operation {
+  std::string name;
+  std::int64_t (*run)(Stage& stage);
+  Result result;
+  std::string calls;
+  std::string notes = "";
+  void (*prepare)(Stage& stage) = nullptr;
+  bool throughOwner = false;
+};
+
+using Operations = std::vector<Operation>;
+
+inline std::ostream& operator<<(std::ostream& out, const Operation& each) {
+  return out << each.name;
+}
+
+// What a row calls `on`. A template of rows has a parameter of this name.
+inline Stage& On(Stage& stage) {
+  return stage;
+}
+
+template <class Run>
+std::int64_t ResultOf(Run run) {
+  if constexpr (std::is_void_v<decltype(run())>) {
+    run();
+    return 0;
+  } else if constexpr (std::is_pointer_v<decltype(run())>) {
+    return run() != nullptr ? 1 : 0;
+  } else {
+    return run();
+  }
+}
+
+#define CALL(call, ...)                     \
+  {                                         \
+#call,                                    \
+   [](Stage& stage) -> std::int64_t {        \
+     [[maybe_unused]] auto&& on = On(stage); \
+     return ResultOf([&] { return call; });  \
+   },                                        \
+   __VA_ARGS__ \
+  }
+
+// Runs the sweep for each row of
+// INSTANTIATE_TEST_SUITE_P(Prefix, FailureSweep, testing::ValuesIn(rows), OperationName).
+class FailureSweep : public ApplianceTest, public testing::WithParamInterface<Operation> {};
+
+// The text of the operation, with "_" for all but letters and digits.
+inline std::string OperationName(const testing::TestParamInfo<Operation>& row) {
+  return std::regex_replace(row.param.name, std::regex("[^A-Za-z0-9]+"), "_") +
+         (row.param.throughOwner ? "ThroughTheOwner" : "");
+}
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_TESTS_SUPPORT_FAILURE_SWEEP_H_

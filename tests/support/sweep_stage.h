@@ -1,0 +1,82 @@
+// The stage of the failure sweep and of the sweep over allocations: an appliance, and all that an
+// application holds of it.
+
+#ifndef QUILLKIT_TESTS_SUPPORT_SWEEP_STAGE_H_
+#define QUILLKIT_TESTS_SUPPORT_SWEEP_STAGE_H_
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "appliance/scanner.h"
+#include "books/email_ab.h"
+#include "books/fax_ab.h"
+#include "books/printer_ab.h"
+#include "books/priv_email_ab.h"
+#include "books/user_ab.h"
+#include "books/user_record.h"
+#include "toolkit/quillkit.h"
+
+namespace quillkit {
+
+using Lines = std::vector<std::string>;
+
+// Each book, on the appliance and in memory, has the entries Ann and Bob and one list, Board, of
+// these two. There is an account Ann beside those of the system. There are printer models Ann and
+// Bob; the printers' model is Ann, and Bob is the default printer. The panel has the keys Scan (of
+// the items Desk and Mail) and Send (of the item Fax).
+struct Stage {
+  // The books are on the appliance with the above, on the appliance as it is, or on none and have
+  // the lists from an archive.
+  enum Setting { kFurnished, kAsFound, kWithoutABook };
+
+  // The private book belongs to the session, or to the account that the users' book owns.
+  explicit Stage(CScanner* newBox, bool throughOwner = false, Setting setting = kFurnished);
+  Stage(const Stage&) = delete;
+  Stage& operator=(const Stage&) = delete;
+  ~Stage() { DestroySoftKey(newKey); }
+
+  // All entries, lists, accounts, keys and items in memory, sorted, as "fax/Ann=address". The keys
+  // are left out if the application has no access to them.
+  Lines Memory();
+
+  // The keys of a book with their items, as "key/Scan/Desk"; none for null.
+  static Lines Keys(CTopLevelAB* book);
+
+  CScanner* box;
+  CTopLevelAB* book = nullptr;
+  CSoftKey* key = nullptr;     // Scan of the book
+  CSoftKey* newKey = nullptr;  // Copy
+  CMenuItem item;              // Desk
+  CMenuItem newItem;           // Fresh
+
+  CEmailAB email;
+  CFaxAB fax;
+  CUserAB users;
+  CPrinterAB printers;
+  CUserRecord user;  // Ann, whose private book is `priv`
+  CPrivEmailAB* priv = nullptr;
+  CUserRecord newUser;  // Zoe
+  CEmailEntry ann;
+  CEmailEntry zoe;
+  CFaxEntry faxAnn;
+  CFaxEntry faxZoe;
+  PrinterRecord printerAnn;
+  PrinterRecord printerZoe;
+  PrinterModelRecord model;     // Ann
+  PrinterModelRecord newModel;  // Zoe
+
+  // Lists that no book has yet, with the members of Board.
+  std::unique_ptr<CPubEmailDL> choir = std::make_unique<CPubEmailDL>();
+  std::unique_ptr<CPubFaxDL> faxChoir = std::make_unique<CPubFaxDL>();
+  std::unique_ptr<CPrivEmailDL> privChoir = std::make_unique<CPrivEmailDL>();
+
+ private:
+  void Furnish();
+  void OpenBooks();
+  void LoadFromArchive(Stage& other);
+};
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_TESTS_SUPPORT_SWEEP_STAGE_H_
