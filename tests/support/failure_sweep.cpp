@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cstddef>
 #include <map>
 #include <optional>
 #include <regex>
@@ -39,6 +40,7 @@ struct Effect {
   bool fails = true;
   bool goesOn = false;
   bool changesMemory = false;
+  std::ptrdiff_t skipped = 0;
   std::optional<std::int64_t> returns;
   std::optional<Status> lastError;
   std::optional<Lines> then;
@@ -62,9 +64,12 @@ Effect ParseEffect(const std::string& text) {
     std::string word;
     std::string prefix;
     words >> word;
-    if (word == "ends" || word == "ignored") effect.fails = false;
-    if (word == "late" || word == "ignored") effect.goesOn = effect.changesMemory = true;
-    if (word == "changed" || word == "unchanged") effect.changesMemory = word == "changed";
+    if (word == "ends" || word == "ignored" || word == "skips") effect.fails = false;
+    if (word == "late" || word == "ignored" || word == "skips") {
+      effect.goesOn = effect.changesMemory = true;
+    }
+    if (word == "skips") words >> effect.skipped;
+    if (word == "changed" || word == "kept") effect.changesMemory = word == "changed";
     if (word == "error") words >> effect.lastError.emplace();
     if (word == "returns") words >> effect.returns.emplace();
     if (word == "then") {
@@ -152,6 +157,8 @@ Trial Expected(const Operation& operation, const Trial& undisturbed, std::size_t
   expected.result = effect.returns.value_or(effect.fails ? operation.result.Failure(code)
                                                          : operation.result.success);
   for (const Call& each : calls) expected.calls.push_back(each.text);
+  const auto next = expected.calls.begin() + static_cast<std::ptrdiff_t>(failing);
+  expected.calls.erase(next, next + effect.skipped);
   if (!effect.goesOn || effect.then) expected.calls.resize(failing);
   for (const std::string& each : effect.then.value_or(Lines())) expected.calls.push_back(each);
   std::size_t recorded = expected.calls.size();

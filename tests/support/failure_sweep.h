@@ -11,8 +11,9 @@
 //   end
 //      of a call may be left out. In parentheses: what happens if this call fails, and after a
 //      semicolon, what happens with a certain code
-//   4. the contents of memory after the undisturbed run: if omitted, they are those of books that
-//      are opened again; "unchanged", or "loses ..." as below. Here "needs no book", too
+//   4. the contents of memory after the undisturbed run: those of books that are opened again if
+//      omitted, "kept" if they stay as before, "loses ..." as below, or "unchecked". Here "needs no
+//      book", too, if the operation does not simply fail without one
 //   5. a further preparation of the stage, if needed
 //
 // What happens if a call fails:
@@ -22,6 +23,7 @@
 //   ends        success   none            as before
 //   ignored     success   all             as after success
 //   late        failure   all             as after success
+//   skips N     success   not the next N  as after success
 //
 // Further words replace a column:
 //
@@ -29,7 +31,7 @@
 //   then A B       the further calls are A and B; "then" alone: none
 //   error N        the last error is N
 //   changed        memory is as after success
-//   unchanged      memory is as before
+//   kept           memory is as before
 //   loses P        memory without the lines of prefix P
 //   becomes P L    memory with the lines of prefix P replaced by L
 //   blanks P       memory with the texts of the lines of prefix P empty
