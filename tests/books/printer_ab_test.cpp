@@ -1,7 +1,9 @@
-// The printers' book: how it is opened, loaded and emptied, its changes, the default printer.
+// The printers' book beyond the failures of its calls: links to models, order, limits, the default
+// printer, searches.
 
 #include "books/printer_ab.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -14,10 +16,6 @@
 namespace quillkit {
 namespace {
 
-using testing::ElementsAre;
-
-constexpr Status kServerFault = 6;
-
 PrinterRecord MakePrinter(std::string_view name, std::string_view model,
                           std::int32_t isDefault = 0) {
   PrinterRecord printer;
@@ -25,32 +23,29 @@ PrinterRecord MakePrinter(std::string_view name, std::string_view model,
   return printer;
 }
 
-PrinterModelRecord MakeModel(std::string_view name) {
-  PrinterModelRecord model;
-  model.SetModelName(name);
-  return model;
-}
-
 class PrinterBookTest : public ApplianceTest {
  protected:
-  PrinterBookTest() : box(LogIn()) {
-    for (const char* name : {"Inky", "Laser"}) Put(MakeModel(name));
+  PrinterBookTest() {
+    for (const char* name : {"Inky", "Laser"}) PutModel(name);
     Put(MakePrinter("Attic", "Laser"));
     Put(MakePrinter("Hall", "Inky", 1));
     Put(MakePrinter("Lab", "Plotter"));
-    book.Attach(box, 1);
+    EXPECT_EQ(book.Attach(LogIn(), 1), 3);
     SimulatorClearJournal();
   }
 
-  // Store behind the library's back.
+  // Store on the appliance alone.
   static void Put(const PrinterRecord& printer) {
     SimulatorPutEntry(BookKind::kPrinters, "", nullptr, &printer);
   }
-  static void Put(const PrinterModelRecord& model) {
+  static PrinterModelRecord PutModel(std::string_view name) {
+    PrinterModelRecord model;
+    model.SetModelName(name);
     SimulatorPutEntry(BookKind::kModels, "", nullptr, &model);
+    return model;
   }
 
-  // What the appliance holds, and what the book does: the names, with a "*" behind a default's.
+  // The names of the printers, with a "*" after that of a default printer.
   static std::string OnServer() {
     std::string shown;
     PrinterRecord each;
@@ -68,91 +63,42 @@ class PrinterBookTest : public ApplianceTest {
     return std::string(printer.printerName.View()) + (printer.isDefault == 1 ? "* " : " ");
   }
 
-  CScanner* const box;
   CPrinterAB book;
 };
 
-TEST_F(PrinterBookTest, ALoadReadsEveryEntryByItself) {
-  CPrinterAB other;
-  EXPECT_EQ(other.Attach(nullptr, 1), 0);
-  EXPECT_EQ(other.Attach(box, 0), 1);
-  EXPECT_EQ(other.Attach(box, 1), 3);
-  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPListABEntries 2048:MODELAB [|*|0] 16 1",
-                                       "IMSPReadEntryProperties 2048:MODELAB Inky",
-                                       "IMSPReadEntryProperties 2048:MODELAB Laser",
-                                       "IMSPListABEntries 8:PRINTERSAB [|*|0] 256 1",
-                                       "IMSPReadEntryProperties 8:PRINTERSAB Attic",
-                                       "IMSPReadEntryProperties 8:PRINTERSAB Hall",
-                                       "IMSPReadEntryProperties 8:PRINTERSAB Lab"));
-  EXPECT_EQ(InMemory(), "Attic Hall* Lab ");
-  EXPECT_EQ(book.PrinterAt(0)->description, "by the window");
-  EXPECT_EQ(book.PrinterAt(3), nullptr);
-  EXPECT_EQ(book.ModelAt(-1), nullptr);
-}
-
-TEST_F(PrinterBookTest, PrintersAreLinkedToTheirModels) {
+TEST_F(PrinterBookTest, PrintersAreLinkedToTheModelsOfTheirBook) {
   EXPECT_EQ(book.ModelOf(*book.PrinterAt(0)), book.ModelAt(1));
   EXPECT_EQ(book.ModelOf(*book.PrinterAt(1)), book.FindModel("Inky"));
-  EXPECT_EQ(book.ModelOf(*book.PrinterAt(2)), nullptr);  // there is no such model
+  EXPECT_EQ(book.ModelOf(*book.PrinterAt(2)), nullptr) << "there is no model Plotter";
   EXPECT_TRUE(book.Owns(*book.PrinterAt(2)));
+  EXPECT_EQ(book.PrinterAt(3), nullptr);
+  EXPECT_EQ(book.ModelAt(-1), nullptr);
 
   CPrinterAB other;
-  other.Attach(box, 1);
+  EXPECT_EQ(other.Attach(nullptr, 1), 0);
+  EXPECT_EQ(other.Attach(TheAgent.ScannerAt(0), 0), 1);
+  EXPECT_EQ(other.LoadBook(), 3);
   EXPECT_FALSE(other.Owns(*book.PrinterAt(0)));
   EXPECT_EQ(other.ModelOf(*book.PrinterAt(0)), nullptr);
 
-  Put(MakeModel("Aqua"));
+  PutModel("Aqua");
   ASSERT_EQ(book.LoadModels(), 3);
-  EXPECT_EQ(book.ModelOf(*book.PrinterAt(0)), nullptr);  // linked before the models were loaded
+  EXPECT_EQ(book.ModelOf(*book.PrinterAt(0)), nullptr) << "linked before the models were loaded";
   ASSERT_EQ(book.LoadPrinters(), 3);
   EXPECT_EQ(book.ModelOf(*book.PrinterAt(0)), book.FindModel("Laser"));
 }
 
-// What each call of a load brings about when it fails, by its place in the journal above.
-TEST_F(PrinterBookTest, FaultsOfALoad) {
-  struct Fault {
-    const char* entry;
-    std::int32_t occurrence;
-    Status status;
-    std::int32_t result, models, printers;
-  };
-  constexpr Fault kFaults[] = {
-      {"IMSPListABEntries", 1, kServerFault, 3, 0, 3},  // printers are loaded without models
-      {"IMSPListABEntries", 1, kMoreData, 3, 0, 3},
-      {"IMSPListABEntries", 1, kDataNotFound, 0, 0, 3},  // and stay as they were with none
-      {"IMSPReadEntryProperties", 1, kDataNotFound, 3, 1, 3},
-      {"IMSPReadEntryProperties", 2, kServerFault, 3, 1, 3},
-      {"IMSPReadEntryProperties", 2, kDataNotFound, 0, 1, 3},  // the last model: looks like none
-      {"IMSPListABEntries", 2, kServerFault, -1, 2, 0},
-      {"IMSPListABEntries", 2, kDataNotFound, 0, 2, 0},
-      {"IMSPListABEntries", 2, kMoreData, -2, 2, 0},
-      {"IMSPReadEntryProperties", 4, kServerFault, 3, 2, 3},
-  };
-  for (const Fault& each : kFaults) {
-    SCOPED_TRACE(testing::Message() << each.entry << each.occurrence << " gives " << each.status);
-    SimulatorClearFaults();
-    ASSERT_EQ(book.LoadBook(), 3);
-    SimulatorFail(each.entry, each.occurrence, each.status);
-    EXPECT_EQ(book.LoadBook(), each.result);
-    EXPECT_EQ(book.ModelCount(), each.models);
-    EXPECT_EQ(book.PrinterCount(), each.printers);
-  }
-  EXPECT_EQ(InMemory(), "Attic Hall Lab ");  // the last: Hall with its name
-  EXPECT_TRUE(book.PrinterAt(1)->description.IsEmpty());
-  EXPECT_TRUE(book.Owns(*book.PrinterAt(1)));
-}
-
-TEST_F(PrinterBookTest, LyingServer) {
+TEST_F(PrinterBookTest, ALyingServerDeliversNoUnterminatedText) {
   Put(MakePrinter(std::string(31, 'L'), "Inky"));
   SimulatorSetLies(kLieDeliveredCount | kLieUnterminated | kLieUnsorted | kLieFailedCount);
-  EXPECT_EQ(book.LoadModels(), 0);  // no name that was claimed can be read
+  EXPECT_EQ(book.LoadModels(), 0) << "no model of these names can be read";
   EXPECT_EQ(book.LoadPrinters(), 256);
   EXPECT_EQ(book.PrinterAt(1)->printerName, std::string(31, 'L'));
   EXPECT_EQ(book.PrinterAt(1)->description.Length(), 255U);
   for (std::int32_t i = 0; i < book.PrinterCount(); ++i) EXPECT_TRUE(book.PrinterAt(i)->IsValid());
 }
 
-TEST_F(PrinterBookTest, StreamHoldsThePrintersAlone) {
+TEST_F(PrinterBookTest, TheArchiveHoldsThePrintersAlone) {
   std::string stored;
   Archive storing(&stored);
   book.Serialize(storing);
@@ -169,14 +115,9 @@ TEST_F(PrinterBookTest, StreamHoldsThePrintersAlone) {
   EXPECT_EQ(InMemory(), "Attic Hall* Lab ");
   EXPECT_EQ(book.PrinterAt(0)->modelLink, link);
   EXPECT_EQ(loading.Remaining(), 0U);
-
-  CPrinterAB empty;
-  Archive untouched(stored);
-  empty.Serialize(untouched);
-  EXPECT_EQ(untouched.Remaining(), stored.size());
 }
 
-TEST_F(PrinterBookTest, RecordsRefuseTextsThatDoNotFit) {
+TEST_F(PrinterBookTest, ARecordKeepsItsTextIfTheNewOneDoesNotFit) {
   PrinterRecord printer = MakePrinter("Attic", "Laser", 1);
   const std::string tooLong(32, 'x');
   EXPECT_EQ(printer.SetPrinterModel(tooLong), 0);
@@ -188,71 +129,61 @@ TEST_F(PrinterBookTest, RecordsRefuseTextsThatDoNotFit) {
   EXPECT_EQ(book.ModelOf(printer), book.FindModel("Inky"));
 }
 
-// --- Changes ---
-
-TEST_F(PrinterBookTest, FastChangesKeepTheOrderOfTheList) {
+TEST_F(PrinterBookTest, FastChangesNeedThePrinterInMemoryAndKeepTheOrder) {
   Put(MakePrinter("Cellar", "Inky"));
   PrinterRecord cellar = MakePrinter("Cellar", "Laser");
   PrinterRecord den = MakePrinter("Den", "Laser");
-  EXPECT_EQ(book.FastModifyPrinter(&cellar), 0);  // on the server, and not held here
+  EXPECT_EQ(book.FastModifyPrinter(&cellar), 0);
   EXPECT_EQ(book.FastRenamePrinter("Cellar", &den), 0);
   EXPECT_EQ(book.FastDeletePrinter(&den), -1);
   EXPECT_EQ(book.FastAddPrinter(&cellar), 4);
+  EXPECT_EQ(book.ModelOf(*book.PrinterAt(3)), book.FindModel("Laser"));
+  EXPECT_TRUE(book.Owns(*book.PrinterAt(3))) << "a copy is added and bound";
+  EXPECT_FALSE(book.Owns(cellar));
+  EXPECT_EQ(book.FastModifyPrinter(&cellar), 1);
+  EXPECT_FALSE(book.Owns(*book.PrinterAt(3))) << "the record replaces the one in memory as it is";
   EXPECT_EQ(book.FastRenamePrinter("Hall", &den), 1);
   EXPECT_EQ(InMemory(), "Attic Den Lab Cellar ");
-  EXPECT_EQ(book.FastDeletePrinter(book.PrinterAt(1)), 3);  // the record that is given goes
+  EXPECT_EQ(book.FastDeletePrinter(book.PrinterAt(1)), 3) << "the record passed is destroyed";
   EXPECT_EQ(InMemory(), "Attic Lab Cellar ");
 }
 
-TEST_F(PrinterBookTest, FastAddKeepsABoundCopyAndFastModifyTheRecordAsItIs) {
-  PrinterRecord desk = MakePrinter("Desk", "Laser", 1);
-  ASSERT_EQ(book.FastAddPrinter(&desk), 4);
-  EXPECT_EQ(book.ModelOf(*book.PrinterAt(3)), book.FindModel("Laser"));
-  EXPECT_TRUE(book.Owns(*book.PrinterAt(3)));
-  EXPECT_FALSE(book.Owns(desk));
-  PrinterRecord attic = MakePrinter("Attic", "Laser");
-  ASSERT_EQ(book.FastModifyPrinter(&attic), 1);
-  EXPECT_FALSE(book.Owns(*book.PrinterAt(0)));
-  EXPECT_EQ(book.ModelOf(*book.PrinterAt(0)), nullptr);
-}
-
-TEST_F(PrinterBookTest, LimitsAreReachedInMemory) {
+TEST_F(PrinterBookTest, AFullListRejectsAdditionsWithoutACall) {
   const auto number = [](int i) { return "N" + std::to_string(i); };
   for (int i = 3; i < 256; ++i) Put(MakePrinter(number(i), "Inky"));
-  for (int i = 2; i < 16; ++i) Put(MakeModel(number(i)));
+  for (int i = 2; i < 16; ++i) PutModel(number(i));
   ASSERT_EQ(book.LoadBook(), 256);
-  PrinterRecord printer = MakePrinter("Z", "Inky");
-  PrinterModelRecord model = MakeModel("Z");
   TakeCalls();
-  const auto expectFull = [](std::int32_t result) {
-    EXPECT_EQ(result, -1);
-    EXPECT_EQ(TheAgent.LastError(), kBookFull);
+  PrinterRecord printer = MakePrinter("Z", "Inky");
+  PrinterModelRecord model = *book.ModelAt(0);
+  const std::function<std::int32_t()> additions[] = {
+      [&] { return book.AddPrinter(&printer, true); },
+      [&] { return book.FastAddPrinter(&printer); }, [&] { return book.AddModel(&model, true); }};
+  for (const auto& add : additions) {
     TheAgent.SetError(kNoError);
-  };
-  expectFull(book.AddPrinter(&printer, true));
-  expectFull(book.FastAddPrinter(&printer));
-  expectFull(book.AddModel(&model, true));
-  EXPECT_THAT(TakeCalls(), ElementsAre());
+    EXPECT_EQ(add(), -1);
+    EXPECT_EQ(TheAgent.LastError(), kBookFull);
+  }
+  EXPECT_THAT(TakeCalls(), testing::IsEmpty());
+
   Put(printer);
-  Put(model);
+  PutModel("Z");
   EXPECT_EQ(book.LoadPrinters(), -2);
   EXPECT_EQ(book.PrinterCount(), 256);
   EXPECT_EQ(book.LoadModels(), -1);
   EXPECT_EQ(book.ModelCount(), 0);
 }
 
-// --- The default printer ---
-
-TEST_F(PrinterBookTest, DefaultMoves) {
-  EXPECT_EQ(book.FindDefaultPrinter(), 1);
+TEST_F(PrinterBookTest, TheDefaultMovesToAnotherPrinterAndIsLostIfSetAgain) {
   EXPECT_EQ(book.SetDefaultPrinter("Lab"), -1);
   EXPECT_EQ(InMemory(), "Attic Hall Lab* ");
   EXPECT_EQ(book.SetDefaultPrinter("Lab"), -1);
-  EXPECT_EQ(OnServer(), "Attic Hall Lab ") << "named anew it is lost";
+  EXPECT_EQ(OnServer(), "Attic Hall Lab ");
   EXPECT_EQ(book.FindDefaultPrinter(), -1);
 }
 
-TEST_F(PrinterBookTest, WithoutADefaultInMemoryTheListStaysStale) {
+TEST_F(PrinterBookTest, WithoutADefaultInMemoryTheListIsNotLoadedAgain) {
+  EXPECT_EQ(book.FindDefaultPrinter(), 1);
   book.PrinterAt(1)->isDefault = 2;
   EXPECT_EQ(book.SetDefaultPrinter("Lab"), -1);
   EXPECT_THAT(TakeCalls(), testing::SizeIs(2));
@@ -260,23 +191,21 @@ TEST_F(PrinterBookTest, WithoutADefaultInMemoryTheListStaysStale) {
   EXPECT_EQ(book.FindDefaultPrinter(), -1);
 }
 
-// --- Searches ---
-
-TEST_F(PrinterBookTest, Searches) {
+TEST_F(PrinterBookTest, FindNextRepeatsTheLastHitIfThereIsNoOther) {
   Put(MakePrinter("Hallway", "Inky"));
-  EXPECT_EQ(book.FindNextPrinter(false), 1);  // before any First: behind index 0, every name
+  EXPECT_EQ(book.FindNextPrinter(false), 1) << "the index after 0, as no search came before";
   ASSERT_EQ(book.LoadPrinters(), 4);
   EXPECT_EQ(book.FindFirstPrinter("Hall", false), 1);
   EXPECT_EQ(book.FindNextPrinter(false), 2);
-  EXPECT_EQ(book.FindNextPrinter(false), 2);  // nothing more: the last hit again
+  EXPECT_EQ(book.FindNextPrinter(false), 2) << "no other hit";
   EXPECT_EQ(book.FindFirstPrinter("Hall", true), 1);
-  EXPECT_EQ(book.FindNextPrinter(true), 1);
+  EXPECT_EQ(book.FindNextPrinter(true), 1) << "no other hit";
   EXPECT_EQ(book.FindFirstPrinter("hall", false), -1);
-  EXPECT_EQ(book.FindNextPrinter(false), 1);  // from the front, with the old pattern
+  EXPECT_EQ(book.FindNextPrinter(false), 1) << "from the start, with the pattern before";
   EXPECT_EQ(book.PrinterIndex("Hallway"), 2);
   EXPECT_EQ(book.PrinterIndex("Hal"), -1);
   book.Clear();
-  EXPECT_EQ(book.FindNextPrinter(false), 1);
+  EXPECT_EQ(book.FindNextPrinter(false), 1) << "the last hit, in an empty list too";
   EXPECT_EQ(book.FindFirstPrinter("", false), -1);
 }
 
