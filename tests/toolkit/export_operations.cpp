@@ -25,13 +25,6 @@ Operations ExportOperations() {
   const std::string renameItem = "ModifyEntry 512:Scan Desk Fresh";
   const std::string deleteItem = "DeleteEntry 512:Scan Desk";
   return {
-      CALL(on.box = LogToQuillbox(kHost, kAdministrator, kPassword, "", 1), kFlag,
-           "Login 127.0.0.1 ADMINISTRATOR *** (then Logout, loses key/), "
-           "IOCtl 6 0 (then Logout, loses key/), "
-           "ReadEntryProperties 4:USERSAB ADMINISTRATOR (then Logout, loses key/), " +
-               listing + " (ends, loses key/)" + scan + send,
-           "", [](Stage&) { Logout(); }),
-      CALL(Logout(), kNothing, "Logout (ignored)", "loses key/"),
       CALL(LoadTopLevelAbook(on.book, 1), kStatus, list + scan + send),
       CALL(LoadTopLevelAbook(on.book, 0), kStatus, list, "loses key/Scan/, loses key/Send/"),
       CALL(AddKey(on.book, "Copy", 1), kStatus,
@@ -60,6 +53,13 @@ Operations ExportOperations() {
       CALL(FastItemRemove(on.key, &on.item), Count(1), deleteItem),
       CALL(FastItemModify(on.key, &on.item), kFlag, modifyItem),
       CALL(FastItemRename(on.key, "Desk", &on.newItem), kFlag, renameItem),
+      CALL(on.box = LogToQuillbox(kHost, kAdministrator, kPassword, "", 1), kFlag,
+           "Login 127.0.0.1 ADMINISTRATOR *** (then Logout, loses key/), "
+           "IOCtl 6 0 (then Logout, loses key/), "
+           "ReadEntryProperties 4:USERSAB ADMINISTRATOR (then Logout, loses key/), " +
+               listing + " (ends, loses key/)" + scan + send,
+           "", [](Stage&) { Logout(); }),
+      CALL(Logout(), kNothing, "Logout (ignored)", "loses key/"),
   };
 }
 
