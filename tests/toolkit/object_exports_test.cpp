@@ -25,7 +25,8 @@ TEST(ItemExports, EachReachesItsOwnField) {
   EXPECT_EQ(SetFileFormat(item, 0xFFFFFFFF), 1);
   EXPECT_EQ(SetSettings(item, 7), 1);
   EXPECT_EQ(SetPath(item, std::string(128, 'x')), 0);
-  EXPECT_STREQ(name, "name") << "the object's own storage, which changed";
+  EXPECT_STREQ(name, "name")
+      << "GetItemName returns the storage of the item, which SetName changed";
   EXPECT_STREQ(IPAddress(item), "address");
   EXPECT_STREQ(Path(item), "path");
   EXPECT_STREQ(AppTag(item), "tag");
@@ -42,6 +43,7 @@ class KeyExports : public ApplianceTest {
     book = GetTopLevelAbook(LogIn());
     EXPECT_EQ(LoadTopLevelAbook(book, 1), 0);
     key = GetKeyAt(book, 0);
+    EXPECT_EQ(LoadItems(book, "Scan"), key);
     TakeCalls();
     TheAgent.SetError(kEarlierError);
   }
@@ -50,7 +52,7 @@ class KeyExports : public ApplianceTest {
   CSoftKey* key;
 };
 
-TEST_F(KeyExports, LookAtAndChangeMemoryAlone) {
+TEST_F(KeyExports, SearchAndChangeMemoryWithoutACall) {
   EXPECT_EQ(FindSoftKeyIndex(book, "Scan"), 0);
   EXPECT_EQ(FindSoftKeyIndex(book, "Sca"), -1);
   EXPECT_EQ(FindFirstItem(key, "AB", 1), -1);
@@ -70,12 +72,7 @@ TEST_F(KeyExports, LookAtAndChangeMemoryAlone) {
   EXPECT_EQ(GetLastToolkitError(), kEarlierError);
 }
 
-TEST_F(KeyExports, LoadItemsProvesThatAKeyCanBeRead) {
-  EXPECT_EQ(LoadItems(book, "Scan"), key);
-  EXPECT_THAT(TakeCalls(), testing::ElementsAre("IMSPReadAB 512:Scan [|*|0] 512 1"));
-}
-
-TEST_F(KeyExports, MakeAKeyThatCountsAsFullUntilItIsRead) {
+TEST_F(KeyExports, ACreatedKeyWithABookCountsAsFullUntilItIsRead) {
   const std::string name(1000, 'n');
   CSoftKey* made = nullptr;
   EXPECT_EQ(CreateSoftKey(name, book, &made), 1);

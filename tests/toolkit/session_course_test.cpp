@@ -21,7 +21,7 @@ constexpr Status kEarlierError = 17;
 
 class SessionCourse : public ApplianceTest {};
 
-TEST_F(SessionCourse, AHostIsFoundBehindTwoSlashesAndKeptAsItIsSpelled) {
+TEST_F(SessionCourse, AHostMayFollowTwoSlashesAndKeepsItsSpelling) {
   for (const std::string host :
        {"127.0.0.1", "localhost", "\\\\localhost", "\\\\127.0.0.1", "/127.0.0.1", "/\\127.0.0.1"}) {
     CScanner* box = LogToQuillbox(host, kAdministrator, kPassword, "", 0);
@@ -44,7 +44,7 @@ TEST_F(SessionCourse, AHostIsFoundBehindTwoSlashesAndKeptAsItIsSpelled) {
   EXPECT_THAT(TakeCalls(), IsEmpty());
 }
 
-TEST_F(SessionCourse, LogoutLeavesWhatIsInMemory) {
+TEST_F(SessionCourse, LogoutKeepsTheKeysInMemory) {
   PutKey("Scan", {"Desk", "Mail"});
   CScanner* box = LogIn();
   CTopLevelAB* book = GetTopLevelAbook(box);
@@ -58,20 +58,20 @@ TEST_F(SessionCourse, LogoutLeavesWhatIsInMemory) {
   EXPECT_THAT(TakeCalls(), ElementsAre("IMSPLogout", "IMSPLogout"));
   EXPECT_EQ(GetLastToolkitError(), kEarlierError);
   EXPECT_EQ(GetTopLevelAbook(box), nullptr);
-  EXPECT_EQ(GetTopLevelAbook(nullptr), nullptr) << "without a session the handle is not looked at";
+  EXPECT_EQ(GetTopLevelAbook(nullptr), nullptr) << "without a session the handle is not used";
   EXPECT_EQ(GetCurrentConnectedUser(box), nullptr);
   EXPECT_EQ(IsAdminConnected(box), 0);
   EXPECT_STREQ(GetScannerName(box), "127.0.0.1");
   ASSERT_EQ(GetCount(book), 1);
   EXPECT_EQ(GetItemCount(GetKeyAt(book, 0)), 2);
-  EXPECT_EQ(AddKey(book, "Copy", 1), 10) << "the server decides what it still answers";
+  EXPECT_EQ(AddKey(book, "Copy", 1), 10) << "the server refuses it, not the library";
   EXPECT_EQ(GetCount(book), 1);
 }
 
 TEST_F(SessionCourse, AfterExitNothingReachesTheServer) {
   LogIn();
   Exit();
-  EXPECT_EQ(GetTopLevelAbook(nullptr), nullptr) << "no handle is looked at any more";
+  EXPECT_EQ(GetTopLevelAbook(nullptr), nullptr) << "after Exit no handle is used";
   EXPECT_THAT(TakeCalls(), ElementsAre("IMSPTerminate"));
   EXPECT_EQ(LogToQuillbox(kHost, kAdministrator, kPassword, "", 1), nullptr);
   EXPECT_EQ(GetLastToolkitError(), 20);
