@@ -1,17 +1,10 @@
-// The script language: what a line does, and how far a script gets.
+// The script language: what a line does, and where a script ends.
 
-#include <cstdio>
-#include <fstream>
-
-#include "bridge/status.h"
 #include "tests/simulator/server_fixture.h"
+#include "tests/support/scratch_folder.h"
 
 namespace quillkit {
 namespace {
-
-std::string Quote(std::string_view text) {
-  return '"' + std::string(text) + '"';
-}
 
 class BatchTest : public ServerTest {
  protected:
@@ -20,11 +13,9 @@ class BatchTest : public ServerTest {
     user.SetName("Eve");
     SimulatorPutEntry(BookKind::kUsers, nullptr, nullptr, &user);
   }
-  ~BatchTest() override { std::remove(path.c_str()); }
 
-  Status Run(std::string_view script) {
-    std::ofstream(path, std::ios::binary) << script;
-    return IMSPBatchConfiguration(path.c_str());
+  Status Run(std::string_view script) const {
+    return IMSPBatchConfiguration(folder.Write("script", script).c_str());
   }
 
   template <class Record>
@@ -34,22 +25,18 @@ class BatchTest : public ServerTest {
     return record;
   }
 
-  static std::int32_t Size(BookKind kind) { return SimulatorBookSize(kind, nullptr, "Eve"); }
-
- private:
-  const std::string path = testing::TempDir() + "quillkit_batch_test.txt";
+  const ScratchFolder folder;
 };
 
-TEST_F(BatchTest, EachLineSetsOneEntryOrClearsABook) {
+TEST_F(BatchTest, SetsAnEntryOrClearsABookWithEachLine) {
   LogInAsAdministrator();
-  EXPECT_EQ(Run("SE emailab \"Ann\" \"old\"\r\n"
-                "\n"
-                "SE faxab \"Bob, Ltd\" \"+1 555\" \"\"\n"
-                "  SE\tprintersab  \"Copy\" \"By the stairs\" \"Laser\" \n"
-                "SE usersab \"Cid\" \"pear\" \"10.0.0.1\" \"Sales\" 1 0 0 1\n"
-                "SE usersab \"Dan\" \"\" \"\" \"\" 1 1 2 3"),
+  EXPECT_EQ(Run("SE emailab \"Ann\" \"old\"\r\n\n"
+                R"(SE faxab "Bob, Ltd" "+1 555" ""
+  SE	printersab  "Copy" "By the stairs" "Laser" 
+SE usersab "Cid" "pear" "10.0.0.1" "Sales" 1 0 0 1
+SE emailab "Ann" "ann@a.example"
+SE usersab "Dan" "" "" "" 1 1 2 3)"),
             kNoError);
-  EXPECT_EQ(Run("SE emailab \"Ann\" \"ann@a.example\""), kNoError) << "it replaces the entry";
   EXPECT_EQ(Find<CEmailEntry>(BookKind::kEmail, "Ann").address, "ann@a.example");
   EXPECT_EQ(Find<CFaxEntry>(BookKind::kFax, "Bob, Ltd").number, "+1 555");
   EXPECT_EQ(Find<PrinterRecord>(BookKind::kPrinters, "Copy").printerModel, "Laser");
@@ -61,63 +48,54 @@ TEST_F(BatchTest, EachLineSetsOneEntryOrClearsABook) {
   EXPECT_EQ(Run("CA emailab\nCA usersab\n"), kNoError);
   EXPECT_EQ(Size(BookKind::kEmail), 0);
   EXPECT_EQ(Size(BookKind::kUsers), 3);
+  EXPECT_EQ(IMSPBatchConfiguration(folder.Path().string().c_str()), kBadCommand) << "no file";
 }
 
-TEST_F(BatchTest, LineThatIsNoCommandEndsTheScript) {
-  using namespace std::string_literals;
+TEST_F(BatchTest, EndsTheScriptAtALineThatIsNoCommandOrDoesNotFit) {
+  const std::string entry = R"(SE emailab "A" ")";
+  const std::string user = R"(SE usersab "A" "b" "c" "d" 1 0 0)";
   const struct {
-    std::string line;
+    Status status;
+    std::vector<std::string> lines;
+  } cases[] = {
+      {kNoError, {entry + std::string(255, 'a') + '"'}},
+      {kBadCommand,
+       {"CA %s", "CA EMAILAB", "XX emailab", R"(SE topab "A" "b")", R"(SE emailab "A")",
+        entry + 'b', R"(SE emailab "A"x" "b")", entry + R"(b" "c")",
+        entry + std::string("a\0b\"", 4), user, user + " x"}},
+      {kInvalidField,
+       {user + " 16", R"(SE emailab "" "b")", entry + std::string(256, 'a') + '"',
+        R"(SE usersab "A" "0123456789012345" "c" "d" 1 0 0 1)", std::string(1'000'000, 'x')}},
+  };
+  for (const auto& [status, lines] : cases) {
+    for (const std::string& line : lines) {
+      SCOPED_TRACE(line.substr(0, 100));
+      SimulatorReset();
+      LogInAsAdministrator();
+      EXPECT_EQ(Run(entry + "before\"\n" + line + "\nSE emailab \"After\" \"b\"\n"), status);
+      EXPECT_EQ(Size(BookKind::kEmail), status == kNoError ? 2 : 1);
+      EXPECT_EQ(Size(BookKind::kUsers), 3);
+    }
+  }
+}
+
+TEST_F(BatchTest, ReadsPairsOfNameAndAddressForTheUsersPrivateBook) {
+  const struct {
+    std::string last;
     Status status;
   } cases[] = {
-      {"SE emailab " + Quote(std::string(31, 'n')) + ' ' + Quote(std::string(255, 'a')), kNoError},
-      {"CA %s", kBadCommand},
-      {"CA EMAILAB", kBadCommand},
-      {"XX emailab", kBadCommand},
-      {"SE topab \"A\" \"b\"", kBadCommand},
-      {"SE emailab \"A\"", kBadCommand},
-      {"SE emailab \"A\" \"b", kBadCommand},
-      {"SE emailab \"A\"x\" \"b\"", kBadCommand},
-      {"SE emailab \"A\" \"b\" \"c\"", kBadCommand},
-      {"SE emailab \"A\0\" \"b\""s, kBadCommand},
-      {"SE usersab \"A\" \"b\" \"c\" \"d\" 1 0 0", kBadCommand},
-      {"SE usersab \"A\" \"b\" \"c\" \"d\" 1 0 0 x", kBadCommand},
-      {"SE usersab \"A\" \"b\" \"c\" \"d\" 1 0 0 16", kInvalidField},
-      {"SE emailab \"\" \"b\"", kInvalidField},
-      {"SE emailab " + Quote(std::string(32, 'n')) + " \"b\"", kInvalidField},
-      {"SE emailab \"A\" " + Quote(std::string(256, 'a')), kInvalidField},
-      {"SE usersab \"A\" " + Quote(std::string(16, 'p')) + " \"c\" \"d\" 1 0 0 1", kInvalidField},
-      {std::string(1'000'000, 'x'), kInvalidField},
-  };
-  for (const auto& each : cases) {
-    SCOPED_TRACE(each.line.substr(0, 100));
-    SimulatorReset();
-    LogInAsAdministrator();
-    EXPECT_EQ(Run("SE emailab \"Before\" \"b\"\n" + each.line + "\nSE emailab \"Behind\" \"b\"\n"),
-              each.status);
-    EXPECT_EQ(Size(BookKind::kEmail), each.status == kNoError ? 3 : 1)
-        << "what was carried out stays, and no more is";
-    EXPECT_EQ(Size(BookKind::kUsers), 3);
-  }
-  EXPECT_EQ(IMSPBatchConfiguration(testing::TempDir().c_str()), kBadCommand) << "no file";
-}
-
-TEST_F(BatchTest, OthersGivePairsForTheirPrivateBook) {
-  const std::string good = "Ann\nann@a.example\n\n  \nBob\r\n\r\nCA emailab\nthe \"address\"\n";
-  const struct {
-    std::string pair;
-    Status status;
-  } ends[] = {
       {"", kNoError},
       {"Odd", kBadCommand},
       {std::string(32, 'n') + "\na\n", kInvalidField},
       {"Dan\n" + std::string(256, 'a') + "\n", kInvalidField},
       {"Dan\n" + std::string(10'000, 'a') + "\n", kInvalidField},
   };
-  ASSERT_EQ(LogIn("Eve", ""), kNoError);
-  for (const auto& each : ends) {
-    SCOPED_TRACE(each.pair.substr(0, 100));
-    EXPECT_EQ(Run(good + each.pair), each.status);
-    EXPECT_EQ(Size(BookKind::kPrivateEmail), 3);
+  Expect(kNoError, {"Login Eve ''"});
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.last.substr(0, 100));
+    EXPECT_EQ(Run("Ann\nann@a.example\n\n  \nBob\r\n\r\nCA emailab\nthe \"address\"\n" + each.last),
+              each.status);
+    EXPECT_EQ(Size(BookKind::kPrivateEmail, "", "Eve"), 3);
   }
   EXPECT_EQ(Find<CEmailEntry>(BookKind::kPrivateEmail, "Ann").address, "ann@a.example");
   EXPECT_EQ(Find<CEmailEntry>(BookKind::kPrivateEmail, "Bob").address, "");

@@ -1,214 +1,132 @@
 // Books and entries: what may be created, renamed and deleted, and what goes with what.
 
-#include "bridge/status.h"
 #include "tests/simulator/server_fixture.h"
-#include "tests/support/menu_item.h"
 
 namespace quillkit {
 namespace {
 
+using enum BookKind;
+
 class BooksTest : public ServerTest {
  protected:
   BooksTest() { LogInAsAdministrator(); }
-
-  static std::int32_t Size(BookKind kind, const char* book = "") {
-    return SimulatorBookSize(kind, book, "ADMINISTRATOR");
-  }
-  static Status Create(BookKind kind, std::string_view name) {
-    ABIdent book(kind, name);
-    return IMSPCreateAB(&book);
-  }
-  static Status Delete(BookKind kind, std::string_view name) {
-    ABIdent book(kind, name);
-    return IMSPDeleteAB(&book);
-  }
-  template <class Record>
-  static Status CreateEntry(BookKind kind, std::string_view book, Record record) {
-    ABIdent ident(kind, book);
-    return IMSPCreateEntry(&ident, &record);
-  }
-  template <class Record>
-  static Status ModifyEntry(BookKind kind, std::string_view book, std::string_view name,
-                            Record record) {
-    ABIdent ident(kind, book);
-    EntryKey key(name);
-    return IMSPModifyEntry(&ident, &key, &record);
-  }
-  static Status DeleteEntry(BookKind kind, std::string_view book, std::string_view name) {
-    ABIdent ident(kind, book);
-    EntryKey key(name);
-    return IMSPDeleteEntry(&ident, &key);
-  }
-  // A key, and one item in it that brings it along.
-  static void MakeKey(const char* key) {
-    const CMenuItem item = MakeItem("item");
-    SimulatorPutEntry(BookKind::kKeyItems, key, nullptr, &item);
-  }
 };
 
-TEST_F(BooksTest, FixedBooksAreThereAndStay) {
+TEST_F(BooksTest, RefusesToCreateAFixedBookAndEmptiesThreeOfThemOnDelete) {
   PutEmail("Ann");
-  const struct {
-    BookKind kind;
-    std::string_view name;
-    Status deleted;
-  } books[] = {
-      {BookKind::kEmail, kEmailBook, kNoError},
-      {BookKind::kFax, kFaxBook, kStaticBook},
-      {BookKind::kUsers, kUsersBook, kStaticBook},
-      {BookKind::kPrinters, kPrintersBook, kNoError},
-      {BookKind::kPrivateEmail, kPrivateBook, kNoError},
-      {BookKind::kTop, kTopBook, kStaticBook},
-      {BookKind::kLog, kLogBook, kStaticBook},
-      {BookKind::kModels, kModelsBook, kStaticBook},
-  };
-  for (const auto& each : books) {
-    SCOPED_TRACE(each.name);
-    EXPECT_EQ(Create(each.kind, each.name), kDuplicateBook);
-    EXPECT_EQ(Delete(each.kind, each.name), each.deleted);
-    EXPECT_EQ(Delete(each.kind, "OTHERAB"), kNoSuchBook);
-  }
-  EXPECT_EQ(Size(BookKind::kEmail), 0) << "deleting the book empties it";
-  for (const std::uint32_t kind : {0U, 3U, 257U, 4096U, 0xFFFFFFFFU}) {
-    EXPECT_EQ(Create(static_cast<BookKind>(kind), "One"), kNoSuchBook);
-  }
+  Expect(kDuplicateBook, {"CreateAB 1:EMAILAB", "CreateAB 2:FAXAB", "CreateAB 4:USERSAB",
+                          "CreateAB 8:PRINTERSAB", "CreateAB 16:PRIVATEAB", "CreateAB 256:TOPAB",
+                          "CreateAB 1024:LOGAB", "CreateAB 2048:MODELAB"});
+  Expect(kNoError, {"DeleteAB 1:EMAILAB", "DeleteAB 8:PRINTERSAB", "DeleteAB 16:PRIVATEAB"});
+  Expect(kStaticBook, {"DeleteAB 2:FAXAB", "DeleteAB 4:USERSAB", "DeleteAB 256:TOPAB",
+                       "DeleteAB 1024:LOGAB", "DeleteAB 2048:MODELAB"});
+  Expect(kNoSuchBook,
+         {"DeleteAB 1:OTHER", "DeleteAB 2:OTHER", "DeleteAB 4:OTHER", "DeleteAB 8:OTHER",
+          "DeleteAB 16:OTHER", "DeleteAB 256:OTHER", "DeleteAB 1024:OTHER", "DeleteAB 2048:OTHER",
+          "CreateAB 0:One", "CreateAB 3:One", "CreateAB 257:One", "CreateAB 4096:One"});
+  EXPECT_EQ(Size(kEmail), 0);
 }
 
-TEST_F(BooksTest, NamedBooksComeAndGo) {
-  for (const BookKind kind :
-       {BookKind::kPublicList, BookKind::kPrivateList, BookKind::kKeyItems, BookKind::kFaxList}) {
-    SCOPED_TRACE(static_cast<unsigned>(kind));
-    EXPECT_EQ(Delete(kind, "One"), kNoSuchBook);
-    EXPECT_EQ(Create(kind, ""), kInvalidField);
-    EXPECT_EQ(Create(kind, kPrivateBook), kDuplicateBook);
-    EXPECT_EQ(Create(kind, "One"), kNoError);
-    EXPECT_EQ(Create(kind, "One"), kDuplicateBook);
+TEST_F(BooksTest, CreatesDeletesAndRenamesNamedBooks) {
+  for (const BookKind kind : {kPublicList, kPrivateList, kKeyItems, kFaxList}) {
+    const std::string prefix = std::to_string(static_cast<unsigned>(kind)) + ':';
+    const std::string one = prefix + "One";
+    Expect(kNoSuchBook, {"DeleteAB " + one});
+    Expect(kInvalidField, {"CreateAB " + prefix});
+    Expect(kNoError, {"CreateAB " + one});
     EXPECT_EQ(Size(kind, "One"), 0);
-    EXPECT_EQ(Delete(kind, "One"), kNoError);
+    Expect(kDuplicateBook, {"CreateAB " + one, "CreateAB " + prefix + "PRIVATEAB"});
+    Expect(kNoError, {"DeleteAB " + one});
     EXPECT_EQ(Size(kind, "One"), -1);
-  }
-}
+    if (kind != kPublicList && kind != kPrivateList) continue;
 
-TEST_F(BooksTest, EntriesAreCheckedInThisOrder) {
-  const BookKind list = BookKind::kPublicList;
-  EXPECT_EQ(CreateEntry(list, "None", MakeEmail("")), kNoSuchBook);
-  Create(list, "Team");
-  EXPECT_EQ(CreateEntry(list, "Team", MakeEmail("")), kInvalidField);
-  EXPECT_EQ(CreateEntry(list, "Team", MakeEmail("Ann")), kNoError);
-  EXPECT_EQ(CreateEntry(list, "Team", MakeEmail("Ann")), kNameConflict);
-  EXPECT_EQ(CreateEntry(list, "Team", MakeEmail("ann")), kNoError);
-  EXPECT_EQ(ModifyEntry(list, "Team", "Bob", MakeEmail("")), kDataNotFound);
-  EXPECT_EQ(ModifyEntry(list, "Team", "Ann", MakeEmail("")), kInvalidField);
-  EXPECT_EQ(ModifyEntry(list, "Team", "Ann", MakeEmail("ann")), kNameConflict);
-  EXPECT_EQ(ModifyEntry(list, "Team", "Ann", MakeEmail("Cid", "new")), kNoError);
-  CEmailEntry entry;
-  EXPECT_EQ(SimulatorFindEntry(list, "Team", nullptr, "Cid", &entry), 1);
-  EXPECT_EQ(entry.address, "new");
-  EXPECT_EQ(DeleteEntry(list, "Team", "Ann"), kDataNotFound);
-  EXPECT_EQ(DeleteEntry(list, "Team", "Cid"), kNoError);
-  EXPECT_EQ(Size(list, "Team"), 1);
-}
-
-// A field without a NUL is refused, and no name is read past its field.
-TEST_F(BooksTest, RecordsHaveToEndTheirTexts) {
-  CEmailEntry full = MakeEmail("Ann");
-  FillUp(full.address, 'x');
-  EXPECT_EQ(CreateEntry(BookKind::kEmail, kEmailBook, full), kInvalidField);
-  EXPECT_EQ(SimulatorPutEntry(BookKind::kEmail, nullptr, nullptr, &full), 0);
-  PutEmail(std::string(31, 'x'));
-  ABIdent book(BookKind::kEmail, kEmailBook);
-  EntryKey key;
-  FillUp(key.name, 'x');
-  EXPECT_EQ(IMSPReadEntryProperties(&book, &key, &full), kDataNotFound);
-  FillUp(book.name, 'x');
-  book.kind = BookKind::kPublicList;
-  EXPECT_EQ(IMSPCreateAB(&book), kInvalidField);
-}
-
-TEST_F(BooksTest, NullArgumentsAreInvalid) {
-  ABIdent book(BookKind::kEmail, kEmailBook);
-  EntryKey key("Ann");
-  CEmailEntry record = MakeEmail("Ann");
-  std::uint32_t count = 1;
-  const Status results[] = {IMSPIOCtl(nullptr),
-                            IMSPCheckString(nullptr, 5),
-                            IMSPBatchConfiguration(nullptr),
-                            IMSPChangeIdentity(nullptr),
-                            IMSPClearAB(nullptr, nullptr),
-                            IMSPSizeofAB(nullptr, nullptr, &count),
-                            IMSPSizeofAB(&book, nullptr, nullptr),
-                            IMSPReadAB(&book, nullptr, nullptr, &(count = 1), 1),
-                            IMSPReadAB(&book, nullptr, &record, nullptr, 1),
-                            IMSPListABEntries(&book, nullptr, nullptr, &(count = 1), 1),
-                            IMSPListAB(&book, nullptr, &book, nullptr, 1),
-                            IMSPReadPageBoundaries(&book, nullptr, &(count = 1)),
-                            IMSPCreateEntry(&book, nullptr),
-                            IMSPReadEntryProperties(&book, nullptr, &record),
-                            IMSPReadEntryProperties(&book, &key, nullptr),
-                            IMSPModifyEntry(&book, &key, nullptr),
-                            IMSPDeleteEntry(&book, nullptr)};
-  EXPECT_THAT(results, testing::Each(kInvalidField));
-}
-
-TEST_F(BooksTest, KeyAndItsBookComeAndGoTogether) {
-  EXPECT_EQ(CreateEntry(BookKind::kTop, kTopBook, MakeItem("Scan")), kNoError);
-  EXPECT_EQ(Size(BookKind::kKeyItems, "Scan"), 0);
-  EXPECT_EQ(DeleteEntry(BookKind::kTop, kTopBook, "Scan"), kNoError);
-  EXPECT_EQ(Size(BookKind::kKeyItems, "Scan"), -1);
-
-  MakeKey("Scan");
-  EXPECT_EQ(Delete(BookKind::kKeyItems, "Scan"), kNoError);
-  EXPECT_EQ(Size(BookKind::kTop), 0);
-  EXPECT_EQ(Create(BookKind::kKeyItems, "Scan"), kNoError);
-  EXPECT_EQ(Size(BookKind::kTop), 1);
-
-  MakeKey("Mail");
-  EXPECT_EQ(ModifyEntry(BookKind::kTop, kTopBook, "Mail", MakeItem("Scan")), kNameConflict);
-  EXPECT_EQ(ModifyEntry(BookKind::kTop, kTopBook, "Mail", MakeItem("Mail")), kNoError);
-  EXPECT_EQ(ModifyEntry(BookKind::kTop, kTopBook, "Mail", MakeItem("Copy")), kNoError);
-  EXPECT_EQ(Size(BookKind::kKeyItems, "Mail"), -1);
-  EXPECT_EQ(Size(BookKind::kKeyItems, "Copy"), 1);
-
-  ABIdent top(BookKind::kTop, kTopBook);
-  EXPECT_EQ(IMSPClearAB(&top, "S*"), kNoError);
-  EXPECT_EQ(Size(BookKind::kKeyItems, "Scan"), -1);
-  EXPECT_EQ(Size(BookKind::kKeyItems, "Copy"), 1);
-}
-
-TEST_F(BooksTest, ListIsRenamedUnderTheNameOfThePrivateBook) {
-  for (const BookKind kind : {BookKind::kPublicList, BookKind::kPrivateList}) {
-    SCOPED_TRACE(static_cast<unsigned>(kind));
-    Create(kind, "Other");
-    Create(kind, "Old");
-    CreateEntry(kind, "Old", MakeEmail("Ann"));
-    EXPECT_EQ(ModifyEntry(kind, kPrivateBook, "None", MakeEmail("New")), kNoSuchBook);
-    EXPECT_EQ(ModifyEntry(kind, kPrivateBook, "Old", MakeEmail("Other")), kDuplicateBook);
-    EXPECT_EQ(ModifyEntry(kind, kPrivateBook, "Old", MakeEmail("")), kInvalidField);
-    EXPECT_EQ(ModifyEntry(kind, kPrivateBook, "Old", MakeEmail("New")), kNoError);
-    EXPECT_EQ(Size(kind, "Old"), -1);
+    // A list is renamed as an entry of a book of this name.
+    const std::string rename = "ModifyEntry " + prefix + "PRIVATEAB ";
+    Expect(kNoError,
+           {"CreateAB " + prefix + "Other", "CreateAB " + one, "CreateEntry " + one + " Ann"});
+    Expect(kNoSuchBook, {rename + "None New"});
+    Expect(kDuplicateBook, {rename + "One Other"});
+    Expect(kInvalidField, {rename + "One ''"});
+    Expect(kNoError, {rename + "One New"});
+    EXPECT_EQ(Size(kind, "One"), -1);
     EXPECT_EQ(Size(kind, "New"), 1);
   }
 }
 
-TEST_F(BooksTest, PrivateBooksFollowTheAccountAndThoseAsDeliveredStay) {
-  CUserEntry user;
-  user.SetName("Eve");
-  EXPECT_EQ(CreateEntry(BookKind::kUsers, kUsersBook, user), kNoError);
-  EXPECT_EQ(DeleteEntry(BookKind::kUsers, kUsersBook, "GUEST"), kAccessDenied);
-  EXPECT_EQ(ModifyEntry(BookKind::kUsers, kUsersBook, "TOOLKIT", user), kNameConflict);
-  const CEmailEntry entry = MakeEmail("Ann");
-  SimulatorPutEntry(BookKind::kPrivateEmail, nullptr, "Eve", &entry);
-  SimulatorPutEntry(BookKind::kPrivateList, "Team", "Eve", &entry);
-  user.SetName("Eva");
-  EXPECT_EQ(ModifyEntry(BookKind::kUsers, kUsersBook, "TOOLKIT", user), kAccessDenied);
-  EXPECT_EQ(ModifyEntry(BookKind::kUsers, kUsersBook, "Eve", user), kNoError);
-  EXPECT_EQ(SimulatorBookSize(BookKind::kPrivateEmail, nullptr, "Eve"), 0);
-  EXPECT_EQ(SimulatorBookSize(BookKind::kPrivateEmail, nullptr, "Eva"), 1);
-  EXPECT_EQ(SimulatorBookSize(BookKind::kPrivateList, "Team", "Eva"), 1);
-  ABIdent users(BookKind::kUsers, kUsersBook);
-  EXPECT_EQ(IMSPClearAB(&users, nullptr), kNoError);
-  EXPECT_EQ(Size(BookKind::kUsers), 3);
-  EXPECT_EQ(SimulatorBookSize(BookKind::kPrivateList, "Team", "Eva"), -1);
+TEST_F(BooksTest, ChecksAChangeOfAnEntryInThisOrder) {
+  Expect(kNoSuchBook, {"CreateEntry 64:Team ''"});
+  Expect(kNoError, {"CreateAB 64:Team"});
+  Expect(kInvalidField, {"CreateEntry 64:Team ''"});
+  Expect(kNoError, {"CreateEntry 64:Team Ann"});
+  Expect(kNameConflict, {"CreateEntry 64:Team Ann"});
+  Expect(kNoError, {"CreateEntry 64:Team ann"});
+  Expect(kDataNotFound, {"ModifyEntry 64:Team Bob ''"});
+  Expect(kInvalidField, {"ModifyEntry 64:Team Ann ''"});
+  Expect(kNameConflict, {"ModifyEntry 64:Team Ann ann"});
+  Expect(kNoError, {"ModifyEntry 64:Team Ann Cid", "ReadEntryProperties 64:Team Cid Cid"});
+  Expect(kDataNotFound, {"DeleteEntry 64:Team Ann"});
+  Expect(kNoError, {"DeleteEntry 64:Team Cid"});
+  EXPECT_EQ(Size(kPublicList, "Team"), 1);
+}
+
+TEST_F(BooksTest, RefusesATextWithoutANulAndReadsNoNamePastItsField) {
+  CEmailEntry full = MakeEntry("Ann");
+  FillUp(full.address, 'x');
+  EXPECT_EQ(IMSPCreateEntry(&email, &full), kInvalidField);
+  EXPECT_EQ(SimulatorPutEntry(kEmail, nullptr, nullptr, &full), 0);
+  PutEmail(std::string(31, 'x'));
+  EntryKey key;
+  FillUp(key.name, 'x');
+  EXPECT_EQ(IMSPReadEntryProperties(&email, &key, &full), kDataNotFound);
+  ABIdent list(kPublicList, "");
+  FillUp(list.name, 'x');
+  EXPECT_EQ(IMSPCreateAB(&list), kInvalidField);
+}
+
+TEST_F(BooksTest, RefusesNullArgumentsAndANameInTheSelectorOfBooks) {
+  Expect(kInvalidField, {"IOCtl", "IOCtl 7", "CheckString - 5", "BatchConfiguration",
+                         "ChangeIdentity", "ClearAB", "SizeofAB", "CreateEntry 1:EMAILAB",
+                         "ReadEntryProperties 1:EMAILAB - Ann", "ReadEntryProperties 1:EMAILAB Ann",
+                         "ModifyEntry 1:EMAILAB Ann", "DeleteEntry 1:EMAILAB"});
+  CEmailEntry record;
+  std::uint32_t count = 1;
+  EXPECT_EQ(IMSPSizeofAB(&email, nullptr, nullptr), kInvalidField);
+  EXPECT_EQ(IMSPReadAB(&email, nullptr, nullptr, &(count = 1), 1), kInvalidField);
+  EXPECT_EQ(IMSPReadAB(&email, nullptr, &record, nullptr, 1), kInvalidField);
+  EXPECT_EQ(IMSPListABEntries(&email, nullptr, nullptr, &(count = 1), 1), kInvalidField);
+  EXPECT_EQ(IMSPListAB(&email, nullptr, &email, nullptr, 1), kInvalidField);
+  ABIdent team(kPublicList, "Team");
+  EXPECT_EQ(IMSPListAB(&team, nullptr, &email, &(count = 1), 1), kInvalidField);
+  EXPECT_EQ(IMSPReadPageBoundaries(&email, nullptr, &(count = 1)), kInvalidField);
+}
+
+TEST_F(BooksTest, KeepsTheBookOfAKeyInStepWithItsEntry) {
+  Expect(kNoError, {"CreateAB 512:Scan", "CreateAB 512:Mail", "CreateEntry 512:Mail item"});
+  EXPECT_EQ(Size(kTop), 2);
+  Expect(kNameConflict, {"ModifyEntry 256:TOPAB Mail Scan"});
+  Expect(kNoError, {"ModifyEntry 256:TOPAB Mail Mail", "ModifyEntry 256:TOPAB Mail Copy"});
+  EXPECT_EQ(Size(kKeyItems, "Mail"), -1);
+  EXPECT_EQ(Size(kKeyItems, "Copy"), 1);
+  Expect(kNoError, {"ClearAB 256:TOPAB S*"});
+  EXPECT_EQ(Size(kKeyItems, "Scan"), -1);
+  Expect(kNoError, {"DeleteAB 512:Copy"});
+  EXPECT_EQ(Size(kTop), 0);
+}
+
+TEST_F(BooksTest, MovesPrivateBooksWithTheirAccountAndKeepsTheDeliveredAccounts) {
+  Expect(kNoError, {"CreateEntry 4:USERSAB Eve"});
+  Expect(kNameConflict, {"ModifyEntry 4:USERSAB TOOLKIT Eve"});
+  Expect(kAccessDenied, {"ModifyEntry 4:USERSAB TOOLKIT Eva", "DeleteEntry 4:USERSAB GUEST"});
+  const CEmailEntry entry = MakeEntry("Ann");
+  SimulatorPutEntry(kPrivateEmail, nullptr, "Eve", &entry);
+  SimulatorPutEntry(kPrivateList, "Team", "Eve", &entry);
+  Expect(kNoError, {"ModifyEntry 4:USERSAB Eve Eva"});
+  EXPECT_EQ(Size(kPrivateEmail, "", "Eve"), 0);
+  EXPECT_EQ(Size(kPrivateEmail, "", "Eva"), 1);
+  EXPECT_EQ(Size(kPrivateList, "Team", "Eva"), 1);
+  Expect(kNoError, {"ClearAB 4:USERSAB"});
+  EXPECT_EQ(Size(kUsers), 3);
+  EXPECT_EQ(Size(kPrivateList, "Team", "Eva"), -1);
 }
 
 }  // namespace

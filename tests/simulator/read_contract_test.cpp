@@ -1,188 +1,110 @@
-// What the bulk reads deliver, against a plain model: a sorted list of names that is searched from
-// end to end. Books, ranges and capacities come from fixed seeds; a failure names the seed, the
-// step and the call.
+// Which names a range or a filter means, and where in the buffer they go. All bulk reads share
+// this; the tests of the library make each of them.
 
-#include <algorithm>
-#include <random>
-#include <set>
-#include <tuple>
-#include <utility>
+#include <map>
 
-#include "bridge/status.h"
 #include "tests/simulator/server_fixture.h"
+#include "tests/support/menu_item.h"
 
 namespace quillkit {
 namespace {
 
-using Names = std::vector<std::string>;
-
-bool Matches(const std::string& name, const std::string& filter) {
-  if (filter.empty()) return true;
-  if (filter.back() == '*') return name.starts_with(filter.substr(0, filter.size() - 1));
-  return name == filter;
-}
-
-class Random {
- public:
-  explicit Random(std::mt19937::result_type seed) : generator(seed) {}
-
-  std::size_t Below(std::size_t end) { return generator() % end; }
-
-  // Few characters, so that names share beginnings, and those at which an order or a filter may
-  // break.
-  std::string Name() {
-    constexpr std::string_view kCharacters = "aaabbAz*~ \x7F\x80\xFE\xFF\xFF";
-    const std::size_t length = Below(12) == 0 ? 31 : 1 + Below(4);
-    std::string name;
-    while (name.size() < length) name += kCharacters[Below(kCharacters.size())];
-    return name;
-  }
-
-  // Names in their order, each once.
-  Names SortedNames() {
-    std::set<std::string> names;
-    for (std::size_t i = Below(60); i > 0; --i) names.insert(Name());
-    return {names.begin(), names.end()};
-  }
-
-  std::string Pick(const Names& names) {
-    return names.empty() || Below(3) == 0 ? Name() : names[Below(names.size())];
-  }
-
-  std::string Filter(const std::string& name) {
-    const std::string filters[] = {"", "*", name, name.substr(0, 1 + Below(name.size())) + "*"};
-    return filters[Below(4)];
-  }
-
-  KeyRange Range(const Names& names) {
-    KeyRange range;
-    if (Below(3) != 0) range.first.Assign(Pick(names));
-    range.filter.Assign(Filter(Pick(names)));
-    if (Below(3) == 0) range.skip = static_cast<std::int32_t>(Below(8)) - 2;
-    // A key that no NUL ends is the longer text that it is.
-    if (Below(10) == 0) FillUp(range.first, 'b');
-    return range;
-  }
-
- private:
-  std::mt19937 generator;
-};
-
-// What a read gives: its status, its count, and the names in the rows of its buffer and in one more
-// at either end. A row that was not written has the empty name.
-using Reply = std::tuple<Status, std::size_t, Names>;
-
-Reply Model(const Names& sorted, const KeyRange& range, std::size_t capacity, bool forward) {
-  const std::string first(range.first.View());
-  Names left;
-  for (const std::string& name : sorted) {
-    const bool isBehind = first.empty() || (forward ? name > first : name < first);
-    if (isBehind && Matches(name, std::string(range.filter.View()))) left.push_back(name);
-  }
-  if (!forward) std::reverse(left.begin(), left.end());
-  left.erase(left.begin(), left.begin() + std::clamp<std::ptrdiff_t>(range.skip, 0, ssize(left)));
-  const Status status = left.empty()             ? kDataNotFound
-                        : left.size() > capacity ? kMoreData
-                                                 : kNoError;
-  const std::size_t count = std::min(left.size(), capacity);
-  left.resize(count);
-  left.insert(left.begin(), "");
-  left.resize(capacity + 2);
-  if (!forward) std::reverse(left.begin(), left.end());
-  return {status, count, left};
-}
-
-// What a read of `book` gives.
-template <class Row, class Read>
-Reply RowsOf(Read read, ABIdent book, KeyRange* range, std::size_t capacity, bool forward) {
-  std::vector<Row> rows(capacity + 2);
-  auto count = static_cast<std::uint32_t>(capacity);
-  const Status status = read(&book, range, rows.data() + 1, &count, forward ? 1 : 0);
-  Names names;
-  for (const Row& row : rows) names.emplace_back(row.name.View());
-  return {status, count, names};
-}
-
-// Soft keys, which are entries and books at once: all three reads give the same names.
 class ReadContractTest : public ServerTest {
  protected:
-  void Begin(const Names& names) {
-    SimulatorReset();
+  ReadContractTest() {
     LogInAsAdministrator();
-    CMenuItem key;
-    for (const std::string& name : names) {
-      key.SetName(name);
+    PutKeys();
+  }
+
+  // Names that share beginnings, and hold characters at which an order or a filter may break.
+  static void PutKeys() {
+    for (const char* name : {"b", "\xFF\xFF", "\xFF", "\xFE", "ab", "aa", "a*", "a", "A"}) {
+      const CMenuItem key = MakeItem(name);
       SimulatorPutEntry(BookKind::kTop, nullptr, nullptr, &key);
     }
   }
 
+  // The status of a listing, and the names in the rows of its buffer and in one more at either end.
+  // A row that was not written is shown as a point.
+  std::string List(KeyRange* range, std::uint32_t capacity, std::int32_t direction) {
+    std::vector<EntryKey> rows(capacity + 2);
+    std::uint32_t count = capacity;
+    std::string shown =
+        std::to_string(IMSPListABEntries(&top, range, rows.data() + 1, &count, direction));
+    for (const EntryKey& row : rows) {
+      shown += ' ' + std::string(row.name.IsEmpty() ? "." : row.name.View());
+      if (!row.name.IsEmpty()) --count;
+    }
+    EXPECT_EQ(count, 0U) << "the count is not that of the rows in " << shown;
+    return shown;
+  }
+
   ABIdent top{BookKind::kTop, ""};
-  ABIdent keys{BookKind::kKeyItems, ""};
 };
 
-TEST_F(ReadContractTest, ReadsDeliverWhatTheModelDelivers) {
-  for (std::mt19937::result_type seed = 1; seed <= 100 && !HasFailure(); ++seed) {
-    Random random(seed);
-    const Names names = random.SortedNames();
-    Begin(names);
-    for (int step = 0; step < 60 && !HasFailure(); ++step) {
-      KeyRange drawn = random.Range(names);
-      KeyRange* const range = random.Below(20) == 0 ? nullptr : &drawn;
-      const std::size_t capacity = random.Below(20);
-      const bool forward = random.Below(2) == 0;
-      SCOPED_TRACE(testing::Message()
-                   << "seed " << seed << " step " << step << " capacity " << capacity << " forward "
-                   << forward << " first '" << drawn.first.View() << "' filter '"
-                   << drawn.filter.View() << "' skip " << drawn.skip);
-      const Reply expected = Model(names, range != nullptr ? drawn : KeyRange(), capacity, forward);
-      EXPECT_EQ(RowsOf<CMenuItem>(IMSPReadAB, top, range, capacity, forward), expected);
-      EXPECT_EQ(RowsOf<EntryKey>(IMSPListABEntries, top, range, capacity, forward), expected);
-      EXPECT_EQ(RowsOf<ABIdent>(IMSPListAB, keys, range, capacity, forward), expected);
-    }
+TEST_F(ReadContractTest, ListsTheNamesOfARangeInOrder) {
+  struct {
+    KeyRange range;  // after which name, of which filter, and how many are skipped
+    std::uint32_t capacity;
+    std::int32_t direction;
+    const char* shown;
+  } cases[] = {
+      {{"", ""}, 9, 1, "0 . A a a* aa ab b \xFE \xFF \xFF\xFF ."},
+      {{"", ""}, 8, 1, "21 . A a a* aa ab b \xFE \xFF ."},
+      {{"", "*"}, 0, 1, "21 . ."},
+      {{"", "a*"}, 5, 1, "0 . a a* aa ab . ."},
+      {{"", "a*"}, 5, 0, "0 . . a a* aa ab ."},
+      {{"", "a**"}, 2, 1, "0 . a* . ."},
+      {{"", "aaa*"}, 1, 0, "4 . . ."},
+      {{"", "\xFF*"}, 2, 1, "0 . \xFF \xFF\xFF ."},
+      {{"aa", ""}, 2, 0, "21 . a a* ."},
+      {{"aaa", "a*"}, 3, 1, "0 . ab . . ."},
+      {{"aaa", "a*"}, 3, 0, "0 . a a* aa ."},
+      {{"b", "a*"}, 3, 1, "4 . . . . ."},
+      {{"", "a*", 2}, 3, 1, "0 . aa ab . ."},
+      {{"", "a*", 1}, 2, 0, "21 . a* aa ."},
+      {{"a*", "a*", -2}, 3, 1, "0 . aa ab . ."},
+      {{"", "a*", 4}, 1, 1, "4 . . ."},
+  };
+  for (auto& [range, capacity, direction, shown] : cases) {
+    EXPECT_EQ(List(&range, capacity, direction), shown)
+        << "after '" << range.first.View() << "', filter '" << range.filter.View() << "'";
   }
+  EXPECT_EQ(List(nullptr, 2, 1), "21 . A a .");
+  KeyRange unterminated;
+  FillUp(unterminated.first, 'a');
+  EXPECT_EQ(List(&unterminated, 1, 1), "21 . ab .");
 }
 
-TEST_F(ReadContractTest, SizesClearingsAndCensusFollowTheFilter) {
-  for (std::mt19937::result_type seed = 1; seed <= 60; ++seed) {
-    SCOPED_TRACE(testing::Message() << "seed " << seed);
-    Random random(seed);
-    const Names names = random.SortedNames();
-    Begin(names);
-    std::vector<std::pair<char, std::int32_t>> letters;
-    for (const std::string& name : names) {
-      if (letters.empty() || letters.back().first != name[0]) letters.emplace_back(name[0], 0);
-      ++letters.back().second;
-    }
-    PageBoundary table[8] = {};
-    auto count = static_cast<std::uint32_t>(random.Below(8));
-    const std::size_t delivered = std::min<std::size_t>(count, letters.size());
-    EXPECT_EQ(IMSPReadPageBoundaries(&top, table, &count),
-              delivered < letters.size() ? kMoreData : kNoError);
-    ASSERT_EQ(count, delivered);
-    for (std::size_t i = 0; i < count; ++i) {
-      EXPECT_EQ(std::pair(table[i].letter, table[i].count), letters[i]);
-    }
-    EXPECT_EQ(table[count].count, 0);
-
-    const std::string filter = random.Filter(random.Pick(names));
-    const auto matches = std::count_if(
-        names.begin(), names.end(), [&](const std::string& name) { return Matches(name, filter); });
+TEST_F(ReadContractTest, CountsAndClearsTheNamesThatMatchAFilter) {
+  const std::string tooLong(32, 'a');
+  const std::map<std::string, std::int32_t> matches = {
+      {"", 9},      {"*", 9},     {"a", 1},    {"a*", 4},    {"a**", 1},        {"c*", 0},
+      {"\xFE*", 1}, {"\xFF*", 2}, {"\xFF", 1}, {tooLong, 0}, {tooLong + '*', 0}};
+  for (const auto& [filter, expected] : matches) {
+    SCOPED_TRACE(filter);
+    PutKeys();
+    std::uint32_t count = 99;
     EXPECT_EQ(IMSPSizeofAB(&top, filter.c_str(), &count), kNoError);
-    EXPECT_EQ(std::int64_t{count}, matches) << filter;
+    EXPECT_EQ(std::int64_t{count}, expected);
     EXPECT_EQ(IMSPClearAB(&top, filter.c_str()), kNoError);
-    EXPECT_EQ(SimulatorBookSize(BookKind::kTop, nullptr, nullptr), std::ssize(names) - matches);
+    EXPECT_EQ(Size(BookKind::kTop), 9 - expected);
   }
 }
 
-// A filter is any text that a caller has: no name is longer than 31 characters.
-TEST_F(ReadContractTest, FilterLongerThanAnyNameMatchesNothing) {
-  const std::string name(31, 'n');
-  Begin({name});
-  std::uint32_t count = 9;
-  for (const std::string& filter : {name, name + "*", name + "n", name + "n*"}) {
-    EXPECT_EQ(IMSPSizeofAB(&top, filter.c_str(), &count), kNoError);
-    EXPECT_EQ(count, Matches(name, filter) ? 1U : 0U) << filter;
-  }
+TEST_F(ReadContractTest, CountsTheNamesOfEachFirstByteUntilTheTableIsFull) {
+  PageBoundary table[5];
+  std::uint32_t count = 5;
+  EXPECT_EQ(IMSPReadPageBoundaries(&top, table, &count), kNoError);
+  EXPECT_EQ(count, 5U);
+  std::string counts;
+  for (const PageBoundary& each : table) counts += each.letter + std::to_string(each.count) + ' ';
+  EXPECT_EQ(counts,
+            "A1 a4 b1 \xFE"
+            "1 \xFF"
+            "2 ");
+  EXPECT_EQ(IMSPReadPageBoundaries(&top, table, &(count = 4)), kMoreData);
+  EXPECT_EQ(count, 4U);
 }
 
 }  // namespace

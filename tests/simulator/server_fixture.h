@@ -1,5 +1,5 @@
-// The stage of the tests of the simulated appliance itself: as delivered, initialised, nobody
-// logged in, and no library in between.
+// The stage of the tests of the simulated appliance: as delivered, initialised, nobody logged in,
+// and no library in between.
 
 #ifndef QUILLKIT_TESTS_SIMULATOR_SERVER_FIXTURE_H_
 #define QUILLKIT_TESTS_SIMULATOR_SERVER_FIXTURE_H_
@@ -7,23 +7,30 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "bridge/imsp_api.h"
+#include "bridge/status.h"
 #include "simulator/simulator.h"
+#include "tests/support/email_entry.h"
 
 namespace quillkit {
 
-// Fills a field to its end, so that no NUL stops its text.
+// Fills a field to its end, so that no NUL ends its text.
 template <std::size_t N>
 void FillUp(FixedText<N>& text, char c) {
   std::memset(static_cast<void*>(&text), c, N);
 }
+
+// Makes a call of the server, and returns its status. The text has the form of the journal, without
+// "IMSP": "CreateEntry 64:Team Ann". A missing argument and "-" are null, and '' is the empty text.
+// IMSPLogin takes a user and a password; IMSPIOCtl a code and a text; a record only has a name.
+Status Call(const std::string& call);
 
 class ServerTest : public testing::Test {
  protected:
@@ -33,32 +40,25 @@ class ServerTest : public testing::Test {
   }
   ~ServerTest() override { IMSPTerminate(); }
 
-  static LoginRecord MakeLogin(std::string_view user, std::string_view password) {
-    LoginRecord login;
-    login.address = 0x0100007F;
-    login.user.Assign(user);
-    login.password.Assign(password);
-    return login;
+  // Makes the calls in this order, and expects the status of each of them.
+  static void Expect(Status status, std::initializer_list<std::string> calls) {
+    for (const std::string& call : calls) EXPECT_EQ(Call(call), status) << call;
   }
 
-  static Status LogIn(std::string_view user, std::string_view password) {
-    LoginRecord login = MakeLogin(user, password);
-    return IMSPLogin(&login, nullptr, 0);
-  }
-
-  static void LogInAsAdministrator() { ASSERT_EQ(LogIn("ADMINISTRATOR", "quill"), kNoError); }
-
-  static CEmailEntry MakeEmail(std::string_view name, std::string_view address = "a@b.example") {
-    CEmailEntry entry;
-    entry.SetName(name);
-    entry.SetAddress(address);
-    return entry;
-  }
+  static void LogInAsAdministrator() { Expect(kNoError, {"Login ADMINISTRATOR quill"}); }
 
   static void PutEmail(std::string_view name) {
-    const CEmailEntry entry = MakeEmail(name);
+    const CEmailEntry entry = MakeEntry(name);
     SimulatorPutEntry(BookKind::kEmail, nullptr, nullptr, &entry);
   }
+
+  // The number of entries, or -1 for a book that does not exist.
+  static std::int32_t Size(BookKind kind, const char* book = "",
+                           const char* user = "ADMINISTRATOR") {
+    return SimulatorBookSize(kind, book, user);
+  }
+
+  ABIdent email{BookKind::kEmail, kEmailBook};
 };
 
 }  // namespace quillkit

@@ -1,10 +1,9 @@
-// What the simulator keeps in files and reads from its environment. These are its own sources,
-// without the library: scripts/quillctl_checks.sh tries them behind the three variables.
+// What the simulator keeps in files and reads from its environment: its own sources, without the
+// library.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <random>
 #include <sstream>
 #include <string>
@@ -14,6 +13,8 @@
 #include "simulator/escaped_text.h"
 #include "simulator/fault_script.h"
 #include "simulator/state_file.h"
+#include "tests/support/email_entry.h"
+#include "tests/support/menu_item.h"
 #include "tests/support/scratch_folder.h"
 
 namespace quillkit {
@@ -28,26 +29,18 @@ BookPath Path(BookKind kind, std::string_view name = {}, std::string_view user =
   return {kind, EntryKey(name), user};
 }
 
-template <class Record>
-Record Named(std::string_view name) {
-  Record record;
-  record.SetName(name);
-  return record;
-}
-
 // Books of each sort: fixed, named, a user's own; empty ones, odd bytes, full fields, a backup.
 Contents Sample() {
   Contents contents;
   Store& store = contents.store;
-  CEmailEntry email = Named<CEmailEntry>("B\xFCro \"\\x41\" \\z2;\n");
-  email.SetAddress(std::string(255, '\xFF'));
+  const CEmailEntry email = MakeEntry("B\xFCro \"\\x41\" \\z2;\n", std::string(255, '\xFF'));
+  const CMenuItem item = MakeItem("Scan to desk");
+  CUserEntry user;
+  user.SetName("Agnes");
   store.Put(Path(BookKind::kEmail), &email);
-  const CMenuItem item = Named<CMenuItem>("Scan to desk");
   store.Put(Path(BookKind::kKeyItems, "Desks"), &item);
   store.CreateBook(Path(BookKind::kKeyItems, "Empty"));
-  store.CreateBook(Path(BookKind::kPublicList, "Nobody"));
   contents.backups["night, \"1\""] = store;
-  const CUserEntry user = Named<CUserEntry>("Agnes");
   store.Put(Path(BookKind::kUsers), &user);
   store.Put(Path(BookKind::kPrivateEmail, {}, "Agnes"), &email);
   store.Put(Path(BookKind::kPrivateList, "Friends", "Agnes"), &email);
@@ -62,85 +55,74 @@ std::string TextOf(const Contents& contents) {
 
 class StateTest : public testing::Test {
  protected:
+  // Returns what is wrong with the text.
   std::string Read(std::string_view text, Contents& contents) const {
     TextLines lines(folder.Write("state", text).c_str());
     return ReadState(lines, contents);
   }
 
-  ScratchFolder folder;
+  const ScratchFolder folder;
 };
 
-TEST_F(StateTest, HoldsEveryBookAndComesBackAsItWas) {
+TEST_F(StateTest, HoldsEveryBookAndReadsBackTheSame) {
   const std::string text = TextOf(Sample());
   EXPECT_THAT(text, HasSubstr("book 512 \"Empty\" \"\"\nbook "));
   EXPECT_THAT(text, HasSubstr("book 128 \"Friends\" \"Agnes\"\nentry "));
   Contents read;
   ASSERT_EQ(Read(text, read), "");
   EXPECT_EQ(TextOf(read), text);
-  EXPECT_EQ(read.backups.size(), 1U);
   EXPECT_NE(read.store.Find(Path(BookKind::kKeyItems, "Desks")), nullptr);
 }
 
-TEST_F(StateTest, TellsWhereItIsDamaged) {
+TEST_F(StateTest, ReportsTheLineAndTheReasonOfDamage) {
+  const std::string noBook = "line 2: no appliance has this book";
   const struct {
-    const char* lines;
-    const char* fault;
+    std::string lines, fault;
   } cases[] = {
       {"", "its last line is missing"},
       {"end\nend\n", "line 3: there is a line behind the end"},
       {"\r\n\nbok 1\nend\n", "line 4: this is no line of a state"},
       {"book 1 \"EMAILAB\"\nend\n", "line 2: this is no line of a book"},
-      {"book 1 \"FAXAB\" \"\"\nend\n", "line 2: no appliance has this book"},
-      {"book 1 \"EMAILAB\" \"Agnes\"\nend\n", "line 2: no appliance has this book"},
-      {"book 16 \"PRIVATEAB\" \"\"\nend\n", "line 2: no appliance has this book"},
-      {"book 99999 \"\" \"\"\nend\n", "line 2: no appliance has this book"},
-      {"book 512 \"\" \"\"\nend\n", "line 2: no appliance has this book"},
+      {"book 1 \"FAXAB\" \"\"\nend\n", noBook},
+      {"book 1 \"EMAILAB\" \"Agnes\"\nend\n", noBook},
+      {"book 16 \"PRIVATEAB\" \"\"\nend\n", noBook},
+      {"book 99999 \"\" \"\"\nend\n", noBook},
+      {"book 512 \"\" \"\"\nend\n", noBook},
       {"entry \"x\\z551;\"\nend\n", "line 2: this entry stands in no book"},
       {"book 512 \"Desks\" \"\"\nentry \"x\\z550;\"\nend\n", "line 3: this entry does not fit"},
       {"book 512 \"Desks\" \"\"\nentry \"x\\z4294967295;\"\nend\n", "line 3: this entry does not"},
-      {"book 512 \"12345678901234567890123456789012\" \"\"\nend\n", "line 2: this is no line of a"},
+      {"book 512 \"" + std::string(32, 'n') + "\" \"\"\nend\n", "line 2: this is no line of a"},
       {"backup \"a\"\nbackup \"a\"\nend\n", "line 3: there are two backups of this name"},
-      {"book 512 \"Desks\" \"\"\nbackup \"a\"\nentry \"x\"\nend\n",
-       "line 4: this entry stands in no book"},
+      {"book 512 \"Desks\" \"\"\nbackup \"a\"\nentry \"x\"\nend\n", "line 4: this entry stands in"},
+      {std::string(5000, ' ') + "\nend\n", "line 2: this line is too long"},
   };
+  Contents contents;
   for (const auto& each : cases) {
-    Contents contents;
-    EXPECT_THAT(Read(std::string("quillbox state 1\n") + each.lines, contents),
-                HasSubstr(each.fault))
+    contents = {};
+    EXPECT_THAT(Read("quillbox state 1\n" + each.lines, contents), HasSubstr(each.fault))
         << each.lines;
   }
-  Contents contents;
   EXPECT_THAT(Read("", contents), HasSubstr("no state of an appliance"));
-  EXPECT_THAT(Read("quillbox state 1\n" + std::string(5000, ' ') + "\nend\n", contents),
-              HasSubstr("line 2: this line is too long"));
 }
 
-// Whatever is read without a fault is a state, and reads the same again.
-TEST_F(StateTest, SurvivesAnyBytes) {
+TEST_F(StateTest, ReadsAgainWhateverItReadsWithoutAFault) {
   const std::string good = TextOf(Sample());
   std::mt19937 random(20260725);
-  int readable = 0;
   for (int round = 0; round < 400; ++round) {
-    SCOPED_TRACE(round);
+    SCOPED_TRACE(testing::Message() << "round " << round);
     std::string text = good;
-    const std::size_t at = random() % text.size();
-    if (round % 4 == 0) {
-      text.erase(at, random() % 40);
-    } else {
-      text[at] = round % 2 == 0 ? static_cast<char>(random()) : good[random() % good.size()];
-    }
+    text[random() % text.size()] =
+        round % 2 == 0 ? static_cast<char>(random()) : good[random() % good.size()];
     Contents contents;
     if (!Read(text, contents).empty()) continue;
-    ++readable;
     const std::string once = TextOf(contents);
     Contents again;
     EXPECT_EQ(Read(once, again), "");
     EXPECT_EQ(TextOf(again), once);
   }
-  EXPECT_GT(readable, 0);
 }
 
-TEST_F(StateTest, FileIsMadeKeptAndNeverWrittenOverWhenDamaged) {
+TEST_F(StateTest, MakesAndKeepsItsFileAndNeverOverwritesADamagedOne) {
   const std::string path = folder.PathOf("kept");
   Contents first = Sample();
   StateFile made;
@@ -160,41 +142,36 @@ TEST_F(StateTest, FileIsMadeKeptAndNeverWrittenOverWhenDamaged) {
   testing::internal::CaptureStderr();
   StateFile damaged;
   damaged.Open(path, second);
-  EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("QUILLBOX_STATE: line "));
   EXPECT_FALSE(damaged.IsOpen());
   EXPECT_EQ(TextOf(second), TextOf(first));
   EXPECT_EQ(ReadBytes(path).size(), 500U);
+  damaged.Open(folder.Path().string(), second);
+  EXPECT_FALSE(damaged.IsOpen());
+  damaged.Open(folder.PathOf("missing/state"), second);
+  const std::string warnings = testing::internal::GetCapturedStderr();
+  for (const char* warning : {"QUILLBOX_STATE: line ", "cannot be read", "cannot be written"}) {
+    EXPECT_THAT(warnings, HasSubstr(warning));
+  }
 }
 
-TEST_F(StateTest, FileThatCannotBeReadOrWrittenIsTold) {
-  testing::internal::CaptureStderr();
-  Contents contents;
-  StateFile file;
-  file.Open(folder.Path().string(), contents);
-  EXPECT_FALSE(file.IsOpen());
-  file.Open(folder.PathOf("missing/state"), contents);
-  const std::string told = testing::internal::GetCapturedStderr();
-  EXPECT_THAT(told, HasSubstr("cannot be read"));
-  EXPECT_THAT(told, HasSubstr("cannot be written"));
-}
-
-TEST(Store, TellsWhetherItChanged) {
+TEST(Store, ReportsEachSuccessfulChangeOnce) {
   Store store;
   EXPECT_TRUE(store.TakeChange());
-  EXPECT_FALSE(store.TakeChange());
-  const CMenuItem item = Named<CMenuItem>("Scan");
+  const CMenuItem item = MakeItem("Scan");
+  const EntryKey name("Scan");
   const BookPath key = Path(BookKind::kKeyItems, "Desks");
   const BookPath list = Path(BookKind::kPublicList, "Staff");
-  EXPECT_EQ(store.DeleteEntry(key, EntryKey("Scan")), kNoSuchBook);
+  EXPECT_EQ(store.DeleteEntry(key, name), kNoSuchBook);
   EXPECT_FALSE(store.TakeChange());
   const auto expectChange = [&store](Status status) {
     EXPECT_EQ(status, kNoError);
     EXPECT_TRUE(store.TakeChange());
+    EXPECT_FALSE(store.TakeChange());
   };
   expectChange(store.CreateBook(key));
   expectChange(store.CreateEntry(key, &item));
-  expectChange(store.ModifyEntry(key, EntryKey("Scan"), &item));
-  expectChange(store.DeleteEntry(key, EntryKey("Scan")));
+  expectChange(store.ModifyEntry(key, name, &item));
+  expectChange(store.DeleteEntry(key, name));
   expectChange(store.Put(key, &item));
   expectChange(store.ClearBook(key, ""));
   expectChange(store.DeleteBook(key));
@@ -203,7 +180,7 @@ TEST(Store, TellsWhetherItChanged) {
   expectChange(store.DeleteBook(Path(BookKind::kPublicList, "All")));
 }
 
-TEST(EscapedText, TakesWhatItGives) {
+TEST(EscapedText, ReadsWhatItWritesAndNothingElse) {
   const std::string bytes("\0a\0\0\0\\\"\x7F\xFF\n ~", 12);
   EXPECT_EQ(Escaped(bytes), "\\x00a\\z3;\\x5C\"\\x7F\\xFF\\x0A ~");
   EXPECT_EQ(Unescaped(Escaped(bytes, "\""), bytes.size()), bytes);
@@ -214,12 +191,14 @@ TEST(EscapedText, TakesWhatItGives) {
   }
 }
 
-TEST(FaultScript, AddsAllOrNothing) {
+TEST(FaultScript, AddsAllFaultsOfATextOrNone) {
   Faults faults;
-  EXPECT_EQ(ScriptFaults("IMSPLogin:2=11,*:3=-1", faults), "");
+  EXPECT_EQ(ScriptFaults("IMSPLogin:2=11,*:2=12,*:3=-1,IMSPAbort:0=13", faults), "");
   EXPECT_EQ(faults.Take("IMSPLogin"), std::nullopt);
-  EXPECT_EQ(faults.Take("IMSPLogin"), 11);
+  EXPECT_EQ(faults.Take("IMSPLogin"), 11) << "the earlier of two applies, and both are used up";
   EXPECT_EQ(faults.Take("IMSPIOCtl"), -1);
+  EXPECT_EQ(faults.Take("IMSPAbort"), 13);
+  EXPECT_EQ(faults.Take("IMSPAbort"), 13) << "0 is every call";
   for (const char* text : {"IMSPLogin", "IMSPLogin:1", "IMSPLogin=1", "IMSPLogin:-1=1", ":1=1",
                            "IMSPLogin:1=1 ", "ImspLogin:1=1", "IMSPLogin:0=1,,"}) {
     EXPECT_NE(ScriptFaults(text, faults), "") << text;
