@@ -1,5 +1,5 @@
-// The stage of the tests of soft keys: a session, and a set of keys of its own beside the one that
-// the login made.
+// The stage of the tests of soft keys: a set of the keys B, C and D, with items of the same names
+// in B, here and on the server.
 
 #ifndef QUILLKIT_TESTS_SOFTKEYS_PANEL_H_
 #define QUILLKIT_TESTS_SOFTKEYS_PANEL_H_
@@ -7,20 +7,29 @@
 #include <string>
 #include <vector>
 
+#include "bridge/the_agent.h"
+#include "simulator/simulator.h"
 #include "softkeys/top_level_ab.h"
 #include "tests/support/appliance_fixture.h"
+#include "tests/support/menu_item.h"
 
 namespace quillkit {
 
 using Names = std::vector<std::string>;
 
-inline std::string ReadCall(const std::string& key) {
-  return "IMSPReadAB 512:" + key + " [|*|0] 512 1";
-}
+inline constexpr Status kFault = 11;
+inline constexpr Status kEarlier = 17;  // the last error of an earlier call
 
 class PanelTest : public ApplianceTest {
  protected:
-  PanelTest() { book.Attach(box, 0); }
+  PanelTest() {
+    PutKey("B", {"B", "C", "D"});
+    PutKey("C", {});
+    PutKey("D", {});
+    book.Attach(box, 1);
+    TheAgent.SetError(kEarlier);
+    SimulatorClearJournal();
+  }
 
   static Names NamesOf(CSoftKey& key) {
     Names names;

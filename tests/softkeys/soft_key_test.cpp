@@ -1,16 +1,12 @@
-// A soft key and the server: loads, limits, and what stands beside the two families of changes.
+// A soft key: its cache, its loads, its limits, and the operations that no exported function shows.
 
 #include "softkeys/soft_key.h"
 
-#include <gtest/gtest.h>
+#include <cstring>
+#include <string_view>
 
-#include <string>
-
-#include "appliance/scanner.h"
-#include "bridge/the_agent.h"
-#include "simulator/simulator.h"
+#include "base/archive.h"
 #include "tests/softkeys/panel.h"
-#include "tests/support/menu_item.h"
 
 namespace quillkit {
 namespace {
@@ -18,69 +14,125 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr Status kFault = 11;
-constexpr Status kEarlier = 17;
+using namespace std::literals;
 
-// A key Scan of the items B, C and D, here and on the server.
 class SoftKeyTest : public PanelTest {
  protected:
-  SoftKeyTest() {
-    PutKey("Scan", {"B", "C", "D"});
-    key.Load("Scan", &book, {}, 1);
-    TheAgent.SetError(kEarlier);
-    SimulatorClearJournal();
-  }
-
-  // Puts `count` items with numbers for names into the server's key, beside what is there.
+  // Puts `count` items with numbers for names into the server's key B, beside what is there.
   static void PutItems(int count) {
     for (int i = 0; i < count; ++i) {
       const CMenuItem item = MakeItem(std::to_string(1000 + i));
-      SimulatorPutEntry(BookKind::kKeyItems, "Scan", nullptr, &item);
+      SimulatorPutEntry(BookKind::kKeyItems, "B", nullptr, &item);
     }
   }
 
-  CSoftKey key;
+  CSoftKey& key = *book.KeyAt(0);
 };
+
+// --- The cache ---
+
+TEST_F(SoftKeyTest, ANewKeyHoldsBlankItemsUnlessItsCapacityIs0) {
+  CSoftKey made;
+  EXPECT_EQ(made.Init("Old", 2, &book), 1);
+  EXPECT_EQ(NamesOf(made), Names(2));
+  EXPECT_EQ(made.Init("Scan", 0, &book), 0);
+  EXPECT_EQ(made.SetKeyName(std::string(32, 'n')), 0);
+  EXPECT_EQ(made.KeyName(), "Scan");
+  EXPECT_EQ(made.SaveAllItems(), kRefused);
+  EXPECT_EQ(made.SetKeyName(std::string(31, 'n')), 1);
+}
+
+TEST_F(SoftKeyTest, CopiesTheFieldsOfAnItemUpToATextWithoutANul) {
+  CMenuItem item;
+  item.SetAll("X", "path", "tag", "address", 1, 2);
+  for (const std::int32_t index : {-1, 3}) {
+    EXPECT_EQ(key.SetItemAt(index, item), 0);
+    EXPECT_EQ(key.RemoveItemAt(index), 0);
+    EXPECT_EQ(key.ItemAt(index), nullptr);
+  }
+  EXPECT_EQ(key.SetItemAt(2, item), 1);
+  EXPECT_EQ(key.ItemAt(2)->appTag, "tag");
+  EXPECT_EQ(key.ItemAt(2)->fileFormat, 2U);
+  item.SetAll("Y", "other", "", "", 7, 8);
+  std::memset(static_cast<void*>(&item.path), 'x', sizeof item.path);
+  EXPECT_EQ(key.SetItemAt(2, item), 0);
+  EXPECT_EQ(NamesOf(key), (Names{"B", "C", "Y"}));
+  EXPECT_EQ(key.ItemAt(2)->path, "path");
+  EXPECT_EQ(key.ItemAt(2)->settings, 1U);
+}
+
+TEST_F(SoftKeyTest, ContinuesASearchWithTheLastPatternThatHadAHit) {
+  key.ItemAt(0)->SetName("CX");
+  key.ItemAt(2)->SetName("C");
+  EXPECT_EQ(key.FindNextItem(false), 1) << "after a load, at the second item";
+  EXPECT_EQ(key.FindFirstItem("C", false), 0);
+  EXPECT_EQ(key.FindNextItem(true), 1);
+  EXPECT_EQ(key.FindNextItem(true), 2);
+  EXPECT_EQ(key.FindNextItem(false), -1);
+  EXPECT_EQ(key.FindFirstItem("none", false), -1);
+  EXPECT_EQ(key.FindNextItem(true), 1) << "after a miss, at the first item";
+}
+
+TEST_F(SoftKeyTest, StoresItsPatternWithoutItemsAndLoadsBoth) {
+  key.FindFirstItem("C", true);
+  std::string bytes;
+  Archive storing(&bytes);
+  key.Serialize(storing);
+  EXPECT_EQ(bytes, "\0\0\0\0\1C"s);
+  EXPECT_TRUE(key.IsEmpty());
+
+  key.Init("B", 3, &book);
+  key.ItemAt(2)->SetName("C");
+  key.FindFirstItem("C", true);
+  const std::string item = "\1I\1P\1A\1T\1\0\0\0\2\0\0\0"s;
+  bytes = "\2\0\0\0\1I"s + item + item + "rest"s;
+  Archive loading{std::string_view(bytes)};
+  key.Serialize(loading);
+  EXPECT_EQ(NamesOf(key), (Names{"I", "I"}));
+  EXPECT_EQ(key.ItemAt(1)->path, "P");
+  EXPECT_EQ(key.FindNextItem(true), 1) << "the search starts again";
+  EXPECT_EQ(key.KeyName(), "B");
+  EXPECT_EQ(loading.Remaining(), 4U);
+}
 
 // --- Loads ---
 
-TEST_F(SoftKeyTest, ALoadIsOneReadOfTheWholeKey) {
-  for (const int extra : {509, 510}) {  // 512 and 513 items in all
+TEST_F(SoftKeyTest, LoadsUpTo512ItemsInOneRead) {
+  for (const int extra : {509, 510}) {
     PutItems(extra);
-    EXPECT_EQ(key.Load("Scan", &book, {}, 1), extra == 510 ? kMoreData : kNoError);
+    EXPECT_EQ(key.Load("B", &book, {}, 1), extra == 510 ? kMoreData : kNoError);
     EXPECT_EQ(key.ItemCount(), 512);
-    EXPECT_EQ(key.ItemAt(0)->name.View(), "1000");
-    EXPECT_THAT(TakeCalls(), ElementsAre(ReadCall("Scan")));
+    EXPECT_EQ(key.ItemAt(0)->name, "1000");
+    EXPECT_THAT(TakeCalls(), ElementsAre("IMSPReadAB 512:B [|*|0] 512 1"));
   }
 }
 
-TEST_F(SoftKeyTest, ALoadGoesOnFromANameAndBackFromOne) {
-  // The name lies in the block that the load gives up.
-  EXPECT_EQ(key.Load(key.KeyName(), &book, key.ItemAt(1)->name.View(), 1), kNoError);
+TEST_F(SoftKeyTest, LoadsFromANameInBothDirections) {
+  // The name is in the block that the load frees.
+  EXPECT_EQ(key.Load("B", &book, key.ItemAt(1)->name.View(), 1), kNoError);
   EXPECT_EQ(NamesOf(key), (Names{"D"}));
-  EXPECT_EQ(key.Load("Scan", &book, "D", 0), kNoError);
+  EXPECT_EQ(key.Load("B", &book, "D", 0), kNoError);
   EXPECT_EQ(NamesOf(key), (Names{"B", "C"}));
-  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPReadAB 512:Scan [C|*|0] 512 1",
-                                       "IMSPReadAB 512:Scan [D|*|0] 512 0"));
+  EXPECT_THAT(TakeCalls(),
+              ElementsAre("IMSPReadAB 512:B [C|*|0] 512 1", "IMSPReadAB 512:B [D|*|0] 512 0"));
   CMenuItem added = MakeItem("A");
-  EXPECT_EQ(key.FastItemAdd(&added), 3) << "behind what stands at the block's end";
+  EXPECT_EQ(key.FastItemAdd(&added), 3) << "after items at the end of the block";
   EXPECT_EQ(NamesOf(key), (Names{"B", "C", "A"}));
 }
 
-// Where the count stays as it was, only the status tells that nothing is there.
-TEST_F(SoftKeyTest, AKeyThatIsNotDeliveredLoadsAsEmpty) {
+TEST_F(SoftKeyTest, IsEmptyAfterALoadWithoutDataEvenIfTheServerLeavesTheCount) {
   SimulatorSetLies(kLieFailedCount);
   SimulatorFail("IMSPReadAB", 1, kDataNotFound);
-  EXPECT_EQ(key.Load("Scan", &book, {}, 1), kNoError);
+  EXPECT_EQ(key.Load("B", &book, {}, 1), kNoError);
   EXPECT_TRUE(key.IsEmpty());
   SimulatorFail("IMSPReadAB", 1, kFault);
-  EXPECT_EQ(key.Load("Scan", &book, {}, 1), kFault);
+  EXPECT_EQ(key.Load("B", &book, {}, 1), kFault);
   EXPECT_EQ(NamesOf(key), Names(512));
 }
 
-TEST_F(SoftKeyTest, ALoadWithoutAnOwnerChangesNothingAndWithoutAScannerReadsNothing) {
+TEST_F(SoftKeyTest, RefusesALoadWithoutAnOwnerOrAScanner) {
   EXPECT_EQ(key.Load("Other", nullptr, {}, 1), kRefused);
-  EXPECT_EQ(key.KeyName(), "Scan");
+  EXPECT_EQ(key.KeyName(), "B");
   EXPECT_EQ(key.ItemCount(), 3);
   CTopLevelAB unattached;
   EXPECT_EQ(key.Load("Other", &unattached, {}, 1), kRefused);
@@ -89,56 +141,48 @@ TEST_F(SoftKeyTest, ALoadWithoutAnOwnerChangesNothingAndWithoutAScannerReadsNoth
   EXPECT_THAT(TakeCalls(), IsEmpty());
 }
 
-// --- Limits and oddities ---
+// --- Changes ---
 
-TEST_F(SoftKeyTest, FastAddEndsAt512CachedItems) {
+TEST_F(SoftKeyTest, FastAddEndsAt512CachedItemsAndThePlainOneAtTheServersLimit) {
   PutItems(508);
-  key.Load("Scan", &book, {}, 1);
+  key.Load("B", &book, {}, 1);
   CMenuItem item = MakeItem("X");
   EXPECT_EQ(key.FastItemAdd(&item), 512);
-  TheAgent.SetError(kEarlier);
   TakeCalls();
   EXPECT_EQ(key.FastItemAdd(&item), -1);
   EXPECT_EQ(TheAgent.LastError(), kBookFull);
   EXPECT_THAT(TakeCalls(), IsEmpty());
-  EXPECT_EQ(key.AddMenuItem(&item, false), 14) << "the plain one leaves the limit to the server";
+  EXPECT_EQ(key.AddMenuItem(&item, false), 14);
 }
 
-TEST_F(SoftKeyTest, AnItemOfTheKeyItselfMayBeGiven) {
+TEST_F(SoftKeyTest, TakesItsOwnItemsAsArguments) {
   EXPECT_EQ(key.FastItemModify(key.ItemAt(1)), 1);
   EXPECT_EQ(key.FastItemRename("C", key.ItemAt(1)), 1);
   EXPECT_EQ(key.ModifyMenuItem(key.ItemAt(2), true), kNoError);
   EXPECT_EQ(key.FastItemRemove(key.ItemAt(0)), 2);
-  CMenuItem outside = MakeItem("E");
-  EXPECT_EQ(key.FastItemAdd(&outside), 3);
-  EXPECT_EQ(NamesOf(key), (Names{"C", "D", "E"}));
+  EXPECT_EQ(NamesOf(key), (Names{"C", "D"}));
 }
 
-TEST_F(SoftKeyTest, TheServersCountIsToldWithAnOwnerAndWithout) {
+TEST_F(SoftKeyTest, CountsTheItemsOnTheServerWithoutAnOwner) {
   CSoftKey unowned;
-  unowned.SetKeyName("Scan");
-  for (CSoftKey* each : {&key, &unowned}) {
-    std::uint32_t count = 0;
-    EXPECT_EQ(each->GetDBItemCount(&count), kNoError);
-    EXPECT_EQ(count, 3U);
-  }
-  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPSizeofAB 512:Scan -", "IMSPSizeofAB 512:Scan -"));
+  unowned.SetKeyName("B");
+  std::uint32_t count = 0;
+  EXPECT_EQ(unowned.GetDBItemCount(&count), kNoError);
+  EXPECT_EQ(count, 3U);
+  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPSizeofAB 512:B -"));
   CScanner unbound;
   book.Attach(&unbound, 0);
-  std::uint32_t count = 0;
   EXPECT_EQ(key.GetDBItemCount(&count), kRefused);
+  EXPECT_EQ(unowned.SaveAllItems(), kRefused);
 }
 
-TEST_F(SoftKeyTest, SavingGoesOnPastARefusalAndGivesTheLastStatus) {
+TEST_F(SoftKeyTest, SavesEveryItemAndReturnsTheLastStatus) {
   for (const int failing : {2, 3}) {
     SimulatorFail("IMSPModifyEntry", failing, kFault);
     EXPECT_EQ(key.SaveAllItems(), failing == 3 ? kFault : kNoError);
-    EXPECT_THAT(TakeCalls(),
-                ElementsAre("IMSPModifyEntry 512:Scan B B", "IMSPModifyEntry 512:Scan C C",
-                            "IMSPModifyEntry 512:Scan D D"));
+    EXPECT_THAT(TakeCalls(), ElementsAre("IMSPModifyEntry 512:B B B", "IMSPModifyEntry 512:B C C",
+                                         "IMSPModifyEntry 512:B D D"));
   }
-  key.Init("Scan", 0, &book);
-  EXPECT_EQ(key.SaveAllItems(), kRefused);
 }
 
 }  // namespace
