@@ -85,6 +85,13 @@ template <class Work>
 
 class PasswordTest : public ApplianceTest {
  protected:
+  // Does `work` and expects this number of halves in memory after it.
+  template <class Work>
+  static void Expect(int halves, const char* name, Work work) {
+    FarDown(work);
+    EXPECT_EQ(CopiesInMemory(), halves) << "after " << name;
+  }
+
   // From now on the server says yes and does nothing: it keeps no password itself.
   static void LetServerNod() { SimulatorFail(nullptr, 0, kNoError); }
 
@@ -101,72 +108,44 @@ class PasswordTest : public ApplianceTest {
   }
 };
 
-TEST_F(PasswordTest, IsInTheUsersRecordUntilTheSessionEnds) {
-  LetServerNod();
-  const SecretText held(kMarker);
-  const std::string& password = held;
-  const auto logIn = [&] { LogToQuillbox(kHost, kUser, password, kNone, 0); };
-  quill_handle box = 0;
-  const struct {
-    const char* name;
-    std::function<void()> logIn;
-    std::function<void()> end;
-  } cases[] = {
-      {"Logout", logIn, Logout},
-      {"Exit", logIn, [] { Exit(), TheAgent.LoadServerLibrary(); }},
-      {"another login", logIn, [] { LogToQuillbox(kHost, kUser, kNone, kNone, 0); }},
-      {"the functions for C",
-       [&] { quill_log_to_quillbox("127.0.0.1", "Ann", password.c_str(), "", 0, &box); },
-       [] { quill_logout(); }},
-  };
-  for (const auto& each : cases) {
-    SCOPED_TRACE(each.name);
-    FarDown(each.logIn);
-    EXPECT_EQ(CopiesInMemory(), 4) << "both of what is held here and of the user's record";
-    FarDown(each.end);
-    EXPECT_EQ(CopiesInMemory(), 2);
-  }
-}
-
-TEST_F(PasswordTest, IsGoneAfterALoginThatFails) {
+TEST_F(PasswordTest, IsInTheUsersRecordUntilTheSessionEndsOrALoginFails) {
   const SecretText held(kMarker);
   const SecretText heldLong(kLongMarker);
   const std::string& password = held;
   const std::string& tooLong = heldLong;
   quill_handle box = 0;
-  const std::function<void()> kLogins[] = {
-      [&] { LogToQuillbox(kHost, kUser, password, kNone, 0); },
-      [&] { LogToQuillbox(kHost, kUser, tooLong, kNone, 0); },
-      [&] { quill_log_to_quillbox("127.0.0.1", "Ann", tooLong.c_str(), "", 0, &box); },
-  };
-  for (const auto& logIn : kLogins) {
-    SCOPED_TRACE(testing::Message() << "login " << &logIn - kLogins);
-    FarDown(logIn);
-    EXPECT_EQ(CopiesInMemory(), 4) << "both of each that is held here";
-  }
+  const auto logIn = [&] { LogToQuillbox(kHost, kUser, password, kNone, 0); };
+  LetServerNod();
+  Expect(6, "login", logIn);  // two of each that is held here, and two of the user's record
+  Expect(4, "Logout", Logout);
+  Expect(6, "login before Exit", logIn);
+  Expect(4, "Exit", [] { Exit(), TheAgent.LoadServerLibrary(); });
+  Expect(6, "login before another", logIn);
+  Expect(4, "another login", [] { LogToQuillbox(kHost, kUser, kNone, kNone, 0); });
+  Expect(6, "quill_log_to_quillbox",
+         [&] { quill_log_to_quillbox("127.0.0.1", "Ann", password.c_str(), "", 0, &box); });
+  Expect(4, "quill_logout", [] { quill_logout(); });
+  SimulatorClearFaults();
+  Expect(4, "refused login", logIn);
+  Expect(4, "too long password", [&] { LogToQuillbox(kHost, kUser, tooLong, kNone, 0); });
+  Expect(4, "too long password of quill_log_to_quillbox",
+         [&] { quill_log_to_quillbox("127.0.0.1", "Ann", tooLong.c_str(), "", 0, &box); });
 }
 
 // The exported functions go on after these, and overwrite some of what is left on the stack.
-TEST_F(PasswordTest, IsLeftInNoFrameOfTheAgent) {
+TEST_F(PasswordTest, IsLeftInNoStackFrameOfTheAgent) {
   LetServerNod();
-  CUserRecord user;
+  CUserRecord user;  // it and the connected user have two each
   user.SetName(kUser);
   user.SetPassword(kMarker);
   CScanner target;
   std::string third;
-  const std::function<void()> kCalls[] = {
-      [&] { TheAgent.Login(&user, &target, third, 0); },
-      [&] { TheAgent.Relogin(&user, &target, third, 0); },
-      [&] { TheAgent.ModifyUser(&user); },
-      [&] { target.UserEntries().Create(&user); },
-      [&] { target.UserEntries().Modify(&user); },
-  };
   target.SetAgent(&TheAgent);
-  for (const auto& call : kCalls) {
-    SCOPED_TRACE(testing::Message() << "call " << &call - kCalls);
-    FarDown(call);
-    EXPECT_EQ(CopiesInMemory(), 4) << "both of the user's record and the connected user's";
-  }
+  Expect(4, "Login", [&] { TheAgent.Login(&user, &target, third, 0); });
+  Expect(4, "Relogin", [&] { TheAgent.Relogin(&user, &target, third, 0); });
+  Expect(4, "ModifyUser", [&] { TheAgent.ModifyUser(&user); });
+  Expect(4, "Create", [&] { target.UserEntries().Create(&user); });
+  Expect(4, "Modify", [&] { target.UserEntries().Modify(&user); });
 }
 
 TEST_F(PasswordTest, IsInTheAccountsThatAreHeldAndNowhereElse) {
@@ -239,12 +218,11 @@ TEST_F(PasswordTest, IsGoneAfterAnImport) {
   ASSERT_EQ(std::fclose(file), 0);
   CScanner* const box = LogIn();
   LetServerNod();
-  FarDown([&] {
+  Expect(0, "import", [&] {
     const std::int32_t options[] = {0, 0, ImportFormatDelimited, 0, TargetUsers, 4, 0, 1, 2, 3};
     EXPECT_EQ(ImportAddressBook(box, path.c_str(), reinterpret_cast<const ImportOptions*>(options)),
               0);
   });
-  EXPECT_EQ(CopiesInMemory(), 0);
 }
 
 }  // namespace
