@@ -3,6 +3,7 @@
 #ifndef QUILLKIT_TESTS_SUPPORT_ENVIRONMENT_VARIABLE_H_
 #define QUILLKIT_TESTS_SUPPORT_ENVIRONMENT_VARIABLE_H_
 
+#include <cstdlib>
 #include <string>
 
 namespace quillkit {
@@ -10,7 +11,10 @@ namespace quillkit {
 class EnvironmentVariable {
  public:
   // An empty value removes the variable. The name must outlive the object.
-  EnvironmentVariable(const char* variable, const std::string& value);
+  EnvironmentVariable(const char* variable, const std::string& value) : name(variable) {
+    if (const char* const found = std::getenv(name)) before = found;
+    Set(value);
+  }
   EnvironmentVariable(const EnvironmentVariable&) = delete;
   EnvironmentVariable& operator=(const EnvironmentVariable&) = delete;
   ~EnvironmentVariable() { Set(before); }
