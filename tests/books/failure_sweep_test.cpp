@@ -137,7 +137,7 @@ const std::string kClearBook =
 
 const std::string kDeleteAllLists = "IOCtl 2, IOCtl 1, DeleteAB (ignored), IOCtl 1 (ignored)";
 
-// The calls of a load of the lists, of which there is only Board.
+// The calls of a load of the lists. Board is the only one.
 std::string LoadLists(const std::string& lists) {
   const std::string lost = "changed, loses " + lists;
   return "ListAB (" + lost + "; 4: ends, " + lost + "), SizeofAB (ends, " + lost +
@@ -337,61 +337,58 @@ Operations PrivateOperations(bool throughOwner) {
   };
 }
 
+// The call that reads a model or a printer in a load. `more` describes what else a failure does.
+std::string ReadModel(const std::string& name, const std::string& more = "") {
+  return ", ReadEntryProperties 2048:MODELAB " + name + " (ignored, loses model/" + name + more +
+         ")";
+}
+std::string ReadPrinter(const std::string& name) {
+  return ", ReadEntryProperties 8:PRINTERSAB " + name + " (ignored, blanks printer/" + name + ")";
+}
+
 Operations PrinterOperations() {
   const std::string models = "ListABEntries 2048:MODELAB [|*|0] 16 1 ";
-  const std::string noModels = "(ends, returns 0, loses model/)";
-  const std::string modelsOf3 =
-      "ReadEntryProperties 2048:MODELAB Ann (ignored, returns 2, loses model/Ann), "
-      "ReadEntryProperties 2048:MODELAB Bob (ignored, returns 2, loses model/Bob), "
-      "ReadEntryProperties 2048:MODELAB Zoe (ignored, returns 2, loses model/Zoe)";
-  const std::string bobModel = "ReadEntryProperties 2048:MODELAB Bob (ignored, loses model/Bob";
-  const std::string bothModels =
-      "ReadEntryProperties 2048:MODELAB Ann (ignored, loses model/Ann), " + bobModel;
   const std::string printers = "ListABEntries 8:PRINTERSAB [|*|0] 256 1 ";
+  const std::string loadPrinters =
+      printers + "(loses printer/; 4: returns 0, loses printer/; 21: returns -2, loses printer/)" +
+      ReadPrinter("Ann") + ReadPrinter("Bob");
+  const std::string reloadModels = ", " + models + "(ends, loses model/)";
   const std::string reload = ", " + printers + "(ends, loses printer/)";
-  const std::string ann = ", ReadEntryProperties 8:PRINTERSAB Ann (ignored, blanks printer/Ann)";
-  const std::string bob = ", ReadEntryProperties 8:PRINTERSAB Bob (ignored, blanks printer/Bob)";
-  const std::string zoe = ", ReadEntryProperties 8:PRINTERSAB Zoe (ignored, blanks printer/Zoe)";
-  const std::string loadPrinters = printers +
-                                   "(loses printer/; 4: returns 0, loses printer/; "
-                                   "21: returns -2, loses printer/)" +
-                                   ann + bob;
+  const std::string reloadBoth = reload + ReadPrinter("Ann") + ReadPrinter("Bob");
   return {
       CALL(on.printers.LoadBook(), Count(2),
-           models + "(skips 2, loses model/; 4: ends, returns 0, loses model/), " + bothModels +
-               "; 4: ends, returns 0, loses model/Bob), " + loadPrinters),
+           models + "(skips 2, loses model/; 4: ends, returns 0, loses model/)" + ReadModel("Ann") +
+               ReadModel("Bob", "; 4: ends, returns 0, loses model/Bob") + ", " + loadPrinters),
       CALL(on.printers.LoadModels(), Count(2),
-           models + "(loses model/; 4: returns 0, loses model/), " +
-               "ReadEntryProperties 2048:MODELAB Ann (ignored, returns 1, loses model/Ann), " +
-               "ReadEntryProperties 2048:MODELAB Bob (ignored, returns 1, loses model/Bob; " +
-               "4: ignored, returns 0, loses model/Bob)"),
+           models + "(loses model/; 4: returns 0, loses model/)" + ReadModel("Ann", ", returns 1") +
+               ReadModel("Bob", ", returns 1; 4: returns 0, changed, loses model/Bob")),
       CALL(on.printers.LoadPrinters(), Count(2), loadPrinters),
       CALL(on.printers.ServerCount(&count), kStatus, "SizeofAB 8:PRINTERSAB -"),
       CALL(on.printers.ClearBook(), kStatus, kClearBook),
       CALL(on.printers.DeleteBook(), kStatus,
            "IOCtl 2, IOCtl 1, DeleteAB 8:PRINTERSAB (late), IOCtl 1 (ignored)", "needs no book"),
-      CALL(on.printers.AddModel(&on.newModel, false), Count(2), "CreateEntry 2048:MODELAB Zoe",
-           "kept"),
+      CALL(on.printers.AddModel(&on.newModel, false), Count(2), "CreateEntry", "kept"),
       CALL(on.printers.AddModel(&on.newModel, true), Count(3),
-           "CreateEntry 2048:MODELAB Zoe, " + models + noModels + ", " + modelsOf3),
+           "CreateEntry 2048:MODELAB Zoe, " + models + "(ends, returns 0, loses model/)" +
+               ReadModel("Ann", ", returns 2") + ReadModel("Bob", ", returns 2") +
+               ReadModel("Zoe", ", returns 2")),
       CALL(on.printers.ModifyModel(&on.model, true), kFlag,
-           "ModifyEntry 2048:MODELAB Ann Ann, " + models + "(ends, loses model/), " + bothModels +
-               ")"),
+           "ModifyEntry 2048:MODELAB Ann Ann" + reloadModels + ReadModel("Ann") + ReadModel("Bob")),
       CALL(on.printers.DeleteModel("Ann", true), kFlag,
-           "DeleteEntry 2048:MODELAB Ann, " + models + "(ends, loses model/), " + bobModel + ")"),
-      CALL(on.printers.AddPrinter(&on.printerZoe, false), Count(2), "CreateEntry 8:PRINTERSAB Zoe",
-           "kept"),
+           "DeleteEntry 2048:MODELAB Ann" + reloadModels + ReadModel("Bob")),
+      CALL(on.printers.AddPrinter(&on.printerZoe, false), Count(2), "CreateEntry", "kept"),
       CALL(on.printers.AddPrinter(&on.printerZoe, true), Count(3),
-           "CreateEntry, " + printers + "(ends, returns 0, loses printer/)" + ann + bob + zoe),
-      CALL(on.printers.DeletePrinter("Ann", true), kFlag, "DeleteEntry" + reload + bob),
-      CALL(on.printers.ModifyPrinter(&on.printerAnn, true), kFlag,
-           "ModifyEntry" + reload + ann + bob),
+           "CreateEntry, " + printers + "(ends, returns 0, loses printer/)" + ReadPrinter("Ann") +
+               ReadPrinter("Bob") + ReadPrinter("Zoe")),
+      CALL(on.printers.DeletePrinter("Ann", true), kFlag,
+           "DeleteEntry" + reload + ReadPrinter("Bob")),
+      CALL(on.printers.ModifyPrinter(&on.printerAnn, true), kFlag, "ModifyEntry" + reloadBoth),
       CALL(on.printers.RenamePrinter("Ann", &on.printerZoe, true), kFlag,
-           "ModifyEntry" + reload + bob + zoe),
+           "ModifyEntry" + reload + ReadPrinter("Bob") + ReadPrinter("Zoe")),
       CALL(on.printers.SetDefaultPrinter("Ann"), Count(-1),
            "ReadEntryProperties 8:PRINTERSAB Ann, ModifyEntry 8:PRINTERSAB Ann Ann, "
            "ModifyEntry 8:PRINTERSAB Bob Bob (becomes printer/Bob printer/Bob=at)" +
-               reload + ann + bob),
+               reloadBoth),
       CALL(on.printers.FastAddPrinter(&on.printerZoe), Count(3), "CreateEntry"),
       CALL(on.printers.FastDeletePrinter(&on.printerAnn), Count(1), "DeleteEntry"),
       CALL(on.printers.FastModifyPrinter(&on.printerAnn), kFlag, "ModifyEntry"),

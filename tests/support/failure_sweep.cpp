@@ -1,13 +1,11 @@
 #include "tests/support/failure_sweep.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cstddef>
 #include <map>
 #include <optional>
 #include <regex>
 #include <sstream>
-#include <stdexcept>
 
 #include "bridge/the_agent.h"
 #include "simulator/simulator.h"
@@ -29,14 +27,6 @@ struct Call {
 };
 
 struct Effect {
-  // The line of memory after the failure; none if it is lost.
-  std::optional<std::string> Changed(const std::string& line) const {
-    for (const auto& [prefix, instead] : lines) {
-      if (line.starts_with(prefix)) return instead;
-    }
-    return line;
-  }
-
   bool fails = true;
   bool goesOn = false;
   bool changesMemory = false;
@@ -44,7 +34,7 @@ struct Effect {
   std::optional<std::int64_t> returns;
   std::optional<Status> lastError;
   std::optional<Lines> then;
-  std::map<std::string, std::optional<std::string>> lines;  // what those of a prefix become
+  std::map<std::string, std::string> lines;  // what lines of a prefix become; "": they are lost
 };
 
 std::vector<Call> ParseCalls(const std::string& text) {
@@ -75,9 +65,9 @@ Effect ParseEffect(const std::string& text) {
     if (word == "then") {
       for (effect.then.emplace(); words >> word;) effect.then->push_back(word);
     }
-    if (word == "loses" && words >> prefix) effect.lines[prefix] = std::nullopt;
+    if (word == "loses" && words >> prefix) effect.lines[prefix] = "";
     if (word == "blanks" && words >> prefix) effect.lines[prefix] = prefix + "=";
-    if (word == "becomes" && words >> prefix) words >> effect.lines[prefix].emplace();
+    if (word == "becomes" && words >> prefix) words >> effect.lines[prefix];
   }
   return effect;
 }
@@ -89,7 +79,7 @@ Effect EffectOf(const std::string& effects, Status code) {
   std::istringstream parts(effects);
   for (std::string part; std::getline(parts >> std::ws, part, ';');) {
     if (part.starts_with(codeText)) return ParseEffect(part.substr(codeText.size()));
-    if (std::isdigit(static_cast<unsigned char>(part[0])) == 0) any = part;
+    if (part.find(": ") == std::string::npos) any = part;
   }
   return ParseEffect(any);
 }
@@ -132,16 +122,18 @@ Trial Try(const Operation& operation, CScanner* box, std::size_t failing, Status
 }
 
 // What memory holds after a failure with this effect.
-Lines Changed(const Effect& effect, const Lines& memory) {
-  Lines changed;
-  for (const std::string& each : memory) {
-    if (const auto line = effect.Changed(each)) changed.push_back(*line);
+Lines Changed(const Effect& effect, Lines memory) {
+  for (const auto& [prefix, instead] : effect.lines) {
+    for (std::string& each : memory) {
+      if (each.starts_with(prefix)) each = instead;
+    }
   }
-  std::sort(changed.begin(), changed.end());
-  return changed;
+  std::erase(memory, "");
+  std::sort(memory.begin(), memory.end());
+  return memory;
 }
 
-// As one text, of which a failed comparison shows the lines that differ.
+// One text, as a failed comparison of texts shows the lines that differ.
 std::string Joined(const Lines& memory) {
   std::string text = "memory:\n";
   for (const std::string& each : memory) text += each + "\n";
