@@ -1,8 +1,6 @@
 // The columns of one row of a delimited file. The input: the separator, five columns of a map of
 // which the next digit tells how many count, a newline, and the row.
 
-#include <algorithm>
-#include <array>
 #include <vector>
 
 #include "fuzz/input.h"
@@ -61,9 +59,7 @@ void CheckColumns(std::string_view row, const std::vector<std::int32_t>& map, ch
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   quillkit::Input input(data, size);
   const char separator = input.TakeChar();
-  std::vector<std::int32_t> map(5);
-  std::generate(map.begin(), map.end(), [&] { return input.TakeColumn(); });
-  map.resize(input.TakeBelow(map.size() + 1));
+  const std::vector<std::int32_t> map = input.TakeColumns();
   input.TakeChar();
   const std::string_view row = input.Rest().substr(0, input.Rest().find('\0'));
   quillkit::CheckColumns(row, map, separator);

@@ -1,63 +1,68 @@
-// Files that are turned into import scripts, against the model that the tests have of it. The
-// input:
+// Files that are converted into import scripts. The input:
 //
-//   converter    0 delimited, 1 directory, 2 mail server
-//   flags        1 the administrator's, 2 clear first, 4 skip the header, added up
+//   format       0 delimited, 1 directory, 2 mail server
+//   flags        the sum of 1 for the administrator, 2 to clear first, 4 to skip the header
 //   target book  0 to 5
-//   columns      five, of which the next digit tells how many count
+//   columns      five, and the number of those that count
 //   newline
 //   the file
 
-#include <algorithm>
 #include <string>
-#include <vector>
 
 #include "fuzz/input.h"
 #include "import/conversion.h"
-#include "tests/import/conversion_model.h"
-#include "tests/import/run_converter.h"
+#include "import/convert_file.h"
+#include "tests/import/option_record.h"
 #include "tests/support/scratch_folder.h"
 
 namespace quillkit {
 namespace {
 
-model::Request TakeRequest(Input& input) {
-  model::Request request;
-  const std::size_t flags = input.TakeBelow(8);
-  request.isAdmin = (flags & 1) != 0;
-  request.clearFirst = (flags & 2) != 0;
-  request.skipHeader = (flags & 4) != 0;
-  request.targetBook = static_cast<std::int32_t>(input.TakeBelow(6));
-  request.columnMap.resize(5);
-  std::generate(request.columnMap.begin(), request.columnMap.end(),
-                [&] { return input.TakeColumn(); });
-  request.columnMap.resize(input.TakeBelow(request.columnMap.size() + 1));
-  input.TakeChar();
-  return request;
-}
-
-std::string Expected(Converter converter, const std::string& file, const model::Request& request) {
-  if (converter == Converter::kDirectory) return model::DirectoryExport(file, request);
-  if (converter == Converter::kMailServer) return model::MailServerExport(file, request);
-  return model::DelimitedText(file, request);
-}
-
-void CheckConversion(Converter converter, const std::string& file, const model::Request& request) {
+std::string Convert(const std::string& file, const OptionRecord& options, bool isAdmin) {
   static const ScratchFolder folder;
   static const std::string script = folder.PathOf("script");
   const std::string source = folder.Write("source", file);
-  Require(RunConverter(converter, source.c_str(), script.c_str(), request) == kConverted,
-          "any file can be converted");
-  Require(ReadBytes(script) == Expected(converter, file, request), "the script is the model's");
+  Require(ConvertFile({.sourcePath = source.c_str(), .script = script.c_str(), .isAdmin = isAdmin},
+                      *options) == kConverted,
+          "every file can be converted");
+  return ReadBytes(script);
+}
+
+std::string WithCarriageReturns(const std::string& file) {
+  std::string text;
+  for (const char c : file) text += c == '\n' ? "\r\n" : std::string(1, c);
+  return text;
+}
+
+void CheckConversion(const std::string& file, const OptionRecord& options, bool isAdmin) {
+  const ImportOptions& record = *options;
+  const std::string script = Convert(file, options, isAdmin);
+  Require(file.find('\r') != file.npos ||
+              Convert(WithCarriageReturns(file), options, isAdmin) == script,
+          "a carriage return before a newline changes nothing");
+
+  const std::string start = file.substr(0, file.rfind('\n', file.size() / 2) + 1);
+  const std::string startScript = Convert(start, options, isAdmin);
+  Require(script.starts_with(startScript), "later lines do not change the entries before them");
+  if (record.format != ImportFormatDirectory && record.clearFirst == 0 && record.skipHeader == 0) {
+    Require(script == startScript + Convert(file.substr(start.size()), options, isAdmin),
+            "each row is converted by itself");
+  }
 }
 
 }  // namespace
 }  // namespace quillkit
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  quillkit::Input input(data, size);
-  const auto converter = quillkit::kConverters[input.TakeBelow(std::size(quillkit::kConverters))];
-  const quillkit::model::Request request = quillkit::TakeRequest(input);
-  quillkit::CheckConversion(converter, std::string(input.Rest()), request);
+  using namespace quillkit;
+  Input input(data, size);
+  const std::uint32_t format = kConvertedFormats[input.TakeBelow(std::size(kConvertedFormats))];
+  const std::size_t flags = input.TakeBelow(8);
+  const auto targetBook = static_cast<std::int32_t>(input.TakeBelow(6));
+  OptionRecord options(format, targetBook, input.TakeColumns());
+  if ((flags & 2) != 0) options.ClearFirst();
+  if ((flags & 4) != 0) options.SkipHeader();
+  input.TakeChar();
+  CheckConversion(std::string(input.Rest()), options, (flags & 1) != 0);
   return 0;
 }

@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <string_view>
+#include <vector>
 
 namespace quillkit {
 
@@ -38,8 +39,14 @@ class Input {
     return static_cast<unsigned char>(TakeChar() - '0') % limit;
   }
 
-  // A column of a file: a digit, or -1 and what is below it by the characters in front of the zero.
-  std::int32_t TakeColumn() { return static_cast<std::int32_t>(TakeChar()) - '0'; }
+  // The columns of a map: five characters, and a digit for the number of those that count. A digit
+  // stands for its column, the characters before the zero for -1 and less.
+  std::vector<std::int32_t> TakeColumns() {
+    std::vector<std::int32_t> columns(5);
+    for (std::int32_t& column : columns) column = static_cast<std::int32_t>(TakeChar()) - '0';
+    columns.resize(TakeBelow(columns.size() + 1));
+    return columns;
+  }
 
   std::string_view Rest() const { return rest; }
 

@@ -9,8 +9,8 @@
 #include <fstream>
 #include <thread>
 
+#include "import/convert_delimited_text.h"
 #include "quillctl/text_file.h"
-#include "tests/import/run_converter.h"
 #include "tests/support/scratch_folder.h"
 
 namespace quillkit {
@@ -89,14 +89,17 @@ TEST_F(InterruptionTest, ConversionGoesOn) {
   while (rows.size() < 400'000) rows += "Ann Lee,box" + std::to_string(rows.size()) + "\n";
   const std::string source = folder.Write("source", rows);
   const std::string script = folder.PathOf("script");
-  const model::Request request;
-  ASSERT_EQ(RunConverter(Converter::kDelimited, source.c_str(), script.c_str(), request), 0);
+  const auto convert = [](const std::string& from, const std::string& to) {
+    return ConvertDelimitedText({.sourcePath = from.c_str(), .script = to.c_str()},
+                                {.targetBook = 0, .columnMap = {}});
+  };
+  ASSERT_EQ(convert(source, script), 0);
 
   std::string result;
   std::thread otherEnds([&] { ServePipes(rows, &result, in, out); });
   {
     const SteadySignals interruptions;
-    EXPECT_EQ(RunConverter(Converter::kDelimited, in.c_str(), out.c_str(), request), 0);
+    EXPECT_EQ(convert(in, out), 0);
   }
   otherEnds.join();
   EXPECT_GT(signals, 0);
