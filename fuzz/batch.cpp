@@ -1,5 +1,5 @@
-// Import scripts, as the simulated appliance carries them out. The input: 0 for the administrator's
-// or 1 for anybody else's, a newline, and the script.
+// Import scripts that the simulated appliance runs. The input: 0 for the administrator's script or
+// 1 for that of another user, a newline, and the script.
 
 #include "simulator/batch.h"
 
@@ -19,21 +19,21 @@ namespace {
 constexpr std::string_view kUser = "Eve";
 constexpr std::string_view kAccounts[] = {kAdministratorName, kToolkitName, "GUEST"};
 
-// Everything that a store holds, once each record was looked at.
-std::string Shown(const Store& store) {
-  std::string shown;
+// Checks each record of a store. Returns the content of all books.
+std::string Content(const Store& store) {
+  std::string content;
   store.ForEachBook([&](const BookPath& path, const Book& book) {
     const BookType& type = *TypeOf(path.kind);
-    shown += std::to_string(book.Size()) + ' ';
+    content += std::to_string(book.Size()) + ' ';
     for (std::size_t i = 0; i < book.Size(); ++i) {
       const auto& [name, record] = *book.At(i);
-      Require(record.size() == type.recordSize, "a record has the size of its book's");
-      Require(IsStorable(type, record.data()), "each text of a record ends inside its field");
-      Require(NameOf(record.data()) == name, "a record stands under its name");
-      shown.append(record.begin(), record.end());
+      Require(record.size() == type.recordSize, "a record has the size that its book requires");
+      Require(IsStorable(type, record.data()), "the texts of a record end inside their fields");
+      Require(NameOf(record.data()) == name, "a record is stored under its name");
+      content.append(record.begin(), record.end());
     }
   });
-  return shown;
+  return content;
 }
 
 void CheckBatch(std::string_view user, const std::string& script) {
@@ -42,14 +42,14 @@ void CheckBatch(std::string_view user, const std::string& script) {
   Store store;
   const Status status = RunBatch(store, user, path.c_str());
   Require(status == kNoError || status == kInvalidField || status == kBadCommand,
-          "the status is one of the documented");
-  const std::string shown = Shown(store);
+          "the status is a documented one");
+  const std::string content = Content(store);
   for (const std::string_view account : kAccounts) {
     Require(store.Find({BookKind::kUsers, {}, {}})->Find(EntryKey(account)) != nullptr,
-            "the three accounts stay");
+            "the three fixed accounts remain");
   }
-  Require(RunBatch(store, user, path.c_str()) == status && Shown(store) == shown,
-          "a script that is run again comes to the same");
+  Require(RunBatch(store, user, path.c_str()) == status && Content(store) == content,
+          "a second run has the same result");
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// What a server says of itself, taken apart.
+// The identity text of a server, split into its fields. The input: the text.
 
 #include "bridge/identity.h"
 
@@ -10,12 +10,7 @@
 namespace quillkit {
 namespace {
 
-constexpr std::string_view kBlanks = " \t\n\v\f\r";
-
-bool IsSame(const Identity& one, const Identity& other) {
-  return one.model == other.model.View() && one.version == other.version.View() &&
-         one.third == other.third.View();
-}
+constexpr std::string_view kWhite = " \t\n\v\f\r";
 
 void CheckIdentity(std::string_view text) {
   const Identity identity = ParseIdentity(text);
@@ -25,19 +20,20 @@ void CheckIdentity(std::string_view text) {
 
   Require(identity.model.IsTerminated() && identity.version.IsTerminated() &&
               identity.third.IsTerminated(),
-          "each field ends inside itself");
+          "each field is terminated");
   Require(model == text.substr(0, text.find('-')).substr(0, Identity().model.kMaxLength),
-          "the model is the text in front of the first dash");
+          "the model is the text before the first dash");
   Require(version.find('-') == version.npos, "the version has no dash");
-  Require(version.empty() || kBlanks.find(version.front()) == kBlanks.npos,
-          "the version begins without a blank");
-  Require(third.find_first_of(kBlanks) == third.npos, "the third field is one word");
+  Require(version.empty() || kWhite.find(version.front()) == kWhite.npos,
+          "the version does not begin with white space");
+  Require(third.find_first_of(kWhite) == third.npos, "the third field is one word");
   Require(!model.empty() || version.empty(), "no version without a model");
   Require(!version.empty() || third.empty(), "no third field without a version");
 
-  const std::string rebuilt =
-      std::string(model) + '-' + std::string(version) + '-' + std::string(third);
-  Require(IsSame(ParseIdentity(rebuilt), identity), "the fields put together give the fields");
+  const Identity again =
+      ParseIdentity(std::string(model) + '-' + std::string(version) + '-' + std::string(third));
+  Require(again.model == model && again.version == version && again.third == third,
+          "the joined fields are split into the same fields");
 }
 
 }  // namespace
@@ -45,7 +41,7 @@ void CheckIdentity(std::string_view text) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const quillkit::Input input(data, size);
-  // In memory of its own, so that a read behind its end is seen; up to its NUL, as a reply is read.
+  // Up to a NUL, as a reply ends. A copy, so that the sanitizer detects a read after the end.
   const std::string_view text = input.Rest().substr(0, input.Rest().find('\0'));
   const std::vector<char> copy(text.begin(), text.end());
   quillkit::CheckIdentity({copy.data(), copy.size()});

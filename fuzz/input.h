@@ -1,4 +1,4 @@
-// What every fuzz target has: its input, taken from the front, and what has to hold of it.
+// Shared by the fuzz targets: the input, read from its beginning, and the check of a property.
 
 #ifndef QUILLKIT_FUZZ_INPUT_H_
 #define QUILLKIT_FUZZ_INPUT_H_
@@ -12,21 +12,21 @@
 
 namespace quillkit {
 
-// Ends the process, which the fuzzer takes for a finding, where something does not hold.
-inline void Require(bool holds, const char* what) {
+// Aborts the process unless the property holds. The fuzzer reports that as a finding.
+inline void Require(bool holds, const char* property) {
   if (holds) return;
-  std::fprintf(stderr, "does not hold: %s\n", what);
+  std::fprintf(stderr, "does not hold: %s\n", property);
   std::abort();
 }
 
-// A target's input. Its first characters choose what is done, and are digits where somebody writes
-// an input by hand; the rest is what it is done to.
+// The input of a target. Its first characters choose the case; digits are enough for each of them,
+// so that an input can be written by hand. The rest is the data.
 class Input {
  public:
   Input(const std::uint8_t* data, std::size_t size)
       : rest(reinterpret_cast<const char*>(data), size) {}
 
-  // The next character, and a zero behind the end.
+  // Returns the next character, or '0' after the end.
   char TakeChar() {
     if (rest.empty()) return '0';
     const char c = rest.front();
@@ -34,13 +34,13 @@ class Input {
     return c;
   }
 
-  // A number below `limit`, by one character: a digit stands for itself.
+  // Returns a number below `limit` that the next character chooses: a digit chooses its value.
   std::size_t TakeBelow(std::size_t limit) {
     return static_cast<unsigned char>(TakeChar() - '0') % limit;
   }
 
-  // The columns of a map: five characters, and a digit for the number of those that count. A digit
-  // stands for its column, the characters before the zero for -1 and less.
+  // Returns a column map, from five characters and a digit for the length of the map. A digit
+  // chooses its value, the characters before '0' choose negative columns.
   std::vector<std::int32_t> TakeColumns() {
     std::vector<std::int32_t> columns(5);
     for (std::int32_t& column : columns) column = static_cast<std::int32_t>(TakeChar()) - '0';
