@@ -21,10 +21,6 @@ namespace {
 
 using namespace std::string_literals;
 
-const OptionRecord kDelimited(ImportFormatDelimited);
-const OptionRecord kDirectory(ImportFormatDirectory);
-const OptionRecord kMailServer(ImportFormatMailServer);
-
 std::string X(std::size_t size) {
   return std::string(size, 'x');
 }
@@ -66,20 +62,21 @@ class ConversionTest : public testing::Test {
 // --- Delimited text ---
 
 TEST_F(ConversionTest, WritesTheRowsOfDelimitedText) {
-  ExpectScripts(kDelimited, {
-                                {"Ann,box\r\n\"Lee, Ann\",\"say \"\"hi\"\"\"",
-                                 kAnnBox + Entry("Lee, Ann", "say hi")},
-                                {"\t\v Ann\f\r,\" box \" \n", kAnnBox},
-                                // Lines of spaces are skipped, lines of other white space are rows.
-                                {"\n  \n\r\n Ann , box \n\n", kAnnBox},
-                                {"\t\n", Entry("", "")},
-                                // An unclosed quote loses its value and those after it.
-                                {"Ann,\"box\n", Entry("Ann", "")},
-                                // A NUL ends its line.
-                                {"Ann,box\0,x\nBob\n"s, kAnnBox + Entry("Bob", "")},
-                                // Each part of a long line is a row.
-                                {X(4094) + "Ann,box\n", Entry(X(31), "") + kAnnBox},
-                            });
+  ExpectScripts(
+      OptionRecord(ImportFormatDelimited),
+      {
+          {"Ann,box\r\n\"Lee, Ann\",\"say \"\"hi\"\"\"", kAnnBox + Entry("Lee, Ann", "say hi")},
+          {"\t\v Ann\f\r,\" box \" \n", kAnnBox},
+          // Lines of spaces are skipped, lines of other white space are rows.
+          {"\n  \n\r\n Ann , box \n\n", kAnnBox},
+          {"\t\n", Entry("", "")},
+          // An unclosed quote loses its value and those after it.
+          {"Ann,\"box\n", Entry("Ann", "")},
+          // A NUL ends its line.
+          {"Ann,box\0,x\nBob\n"s, kAnnBox + Entry("Bob", "")},
+          // Each part of a long line is a row.
+          {X(4094) + "Ann,box\n", Entry(X(31), "") + kAnnBox},
+      });
   ExpectScripts(OptionRecord(ImportFormatDelimited).SkipHeader(),
                 {{"\n  \nname,mail\n\nAnn,box\n", kAnnBox}, {"name,mail", ""}});
   for (const std::int32_t emptyMap : {0, -1, INT32_MIN}) {
@@ -148,48 +145,42 @@ TEST(SplitMappedColumnsTest, StoresTheValueOfEachColumnOrAnEmptyText) {
 // --- Directory export ---
 
 TEST_F(ConversionTest, WritesTheEntriesOfADirectoryExport) {
-  ExpectScripts(
-      kDirectory,
-      {
-          {"dn: 1\r\ncn:  Ann\r\n\nmail: box\r\n", kAnnBox},
-          {"cn:no\nmail:no\ndn:\nmail:box\nCN:no\ncn:Ann\n", kAnnBox},
-          // The first value counts, and a complete entry ends before the next "dn:".
-          {"dn:\ncn:Ann\ncn:no\nmail:box\ncn:no\nmail:no\nxdn:\ncn:no\nmail:no\n", kAnnBox},
-          // The last character of a line is dropped even if it is no newline.
-          {"dn:\nmail:box\n\0\ncn:Ann!"s, kAnnBox},
-          {"dn:\ncn:\nmail:\n", Entry("", "")},
-          // Spaces count when a value is cut, and are removed then.
-          {"dn:\ncn: " + X(31) + "\nmail:  " + X(255) + '\n', Entry(X(30), X(253))},
-          // The part of a long line is a line.
-          {"dn:\ncn:Ann\n" + X(4094) + "mail:box\n", kAnnBox},
-      });
+  ExpectScripts(OptionRecord(ImportFormatDirectory),
+                {
+                    {"dn: 1\r\ncn:  Ann\r\n\nmail: box\r\n", kAnnBox},
+                    {"cn:no\nmail:no\ndn:\nmail:box\nCN:no\ncn:Ann\n", kAnnBox},
+                    // The first value counts, and a complete entry ends before the next "dn:".
+                    {"dn:\ncn:Ann\ncn:no\nmail:box\nxdn:\ncn:no\nmail:no\n", kAnnBox},
+                    // The last character of a line is dropped even if it is no newline.
+                    {"dn:\nmail:box\n\0\ncn:Ann!"s, kAnnBox},
+                    {"dn:\ncn:\nmail:\n", Entry("", "")},
+                    // Spaces count when a value is cut, and are removed then.
+                    {"dn:\ncn: " + X(31) + "\nmail:  " + X(255) + '\n', Entry(X(30), X(253))},
+                    // The part of a long line is a line.
+                    {"dn:\ncn:Ann\n" + X(4094) + "mail:box\n", kAnnBox},
+                });
 }
 
 // A "dn:" anywhere in a line of any length discards the name before it.
 TEST_F(ConversionTest, FindsTheMarkOfADirectoryEntryAnywhereInALine) {
-  std::string marked;
-  std::string unmarked;
-  std::string entries;
+  Example entries;
   for (std::size_t size = 3; size < 30; ++size) {
     for (std::size_t at = 0; at + 3 <= size; ++at) {
-      const auto entry = [&](std::string_view text) {
-        return "dn:\ncn:Ann\n" + std::string(size, 'n').replace(at, 3, text) + "\nmail:box\n";
-      };
-      marked += entry("dn:");
-      for (const char* text : {"d::", "xn:", "dnn", "\xE4n:"}) {
-        unmarked += entry(text);
-        entries += kAnnBox;
+      for (const std::string text : {"dn:", "d::", "xn:", "dnn", "\xE4n:"}) {
+        const std::string line = std::string(size, 'n').replace(at, 3, text);
+        entries.file += "dn:\ncn:Ann\n" + line + "\nmail:box\n";
+        if (text != "dn:") entries.script += kAnnBox;
       }
     }
   }
-  ExpectScripts(kDirectory, {{marked, ""}, {unmarked, entries}});
+  ExpectScripts(OptionRecord(ImportFormatDirectory), {entries});
 }
 
 // --- Mail-server export ---
 
 TEST_F(ConversionTest, WritesTheMailboxesOfAMailServerExport) {
   ExpectScripts(
-      kMailServer,
+      OptionRecord(ImportFormatMailServer),
       {
           {"Mailbox,a,b,Ann,x,%SMTP:box%X400:c\n", kAnnBox},
           {"List,a,b,n,SMTP:box%\n\"Mailbox\",a,b,n,SMTP:box%\nMailbox\nMailbox", ""},
@@ -234,7 +225,7 @@ TEST_F(ConversionTest, ConvertsLongFiles) {
     unformatted.script += row;
   }
   unformatted.file = formatted.file;
-  ExpectScripts(kDelimited, {formatted});
+  ExpectScripts(OptionRecord(ImportFormatDelimited), {formatted});
   ExpectScripts(OptionRecord(ImportFormatDelimited, 0), {unformatted});
 }
 
@@ -245,9 +236,6 @@ TEST_F(ConversionTest, ReportsFilesThatCannotBeReadOrWritten) {
   const std::string longFile = folder.Write("long", rows);
   const std::string missing = folder.PathOf("missing/file");
   const std::string noFile = folder.Path().string();
-  // Linux opens these two, but fails to read or write them. Other systems do not have them.
-  const char* const unreadable = "/proc/self/mem";
-  const char* const fullDisk = "/dev/full";
   const struct {
     const char* source;
     const char* script;
@@ -258,13 +246,14 @@ TEST_F(ConversionTest, ReportsFilesThatCannotBeReadOrWritten) {
       {"", script.c_str(), kSourceFailed},
       {nullptr, script.c_str(), kSourceFailed},
       {nullptr, nullptr, kSourceFailed},  // the source is opened first
-      {unreadable, script.c_str(), kSourceFailed},
+      // Linux opens /proc/self/mem and /dev/full, but cannot read or write them.
+      {"/proc/self/mem", script.c_str(), kSourceFailed},
       {shortFile.c_str(), missing.c_str(), kScriptFailed},
       {shortFile.c_str(), noFile.c_str(), kScriptFailed},
       {shortFile.c_str(), "", kScriptFailed},
       {shortFile.c_str(), nullptr, kScriptFailed},
-      {shortFile.c_str(), fullDisk, kScriptFailed},
-      {longFile.c_str(), fullDisk, kScriptFailed},
+      {shortFile.c_str(), "/dev/full", kScriptFailed},
+      {longFile.c_str(), "/dev/full", kScriptFailed},
   };
   WriteBytes(script, "as it was");
   for (const std::uint32_t format : kConvertedFormats) {
@@ -286,7 +275,7 @@ TEST_F(ConversionTest, HandlesMessagesOnlyForAWindow) {
   int window = 0;  // a handle of no window
   const TimerId timer = StartThreadTimer(10, [] { ++timerRuns; });
   for (const std::uint32_t format : kConvertedFormats) {
-    const auto convertLater = [&](WindowHandle pumpWindow) {
+    for (const WindowHandle pumpWindow : {WindowHandle(), WindowHandle(&window)}) {
       timerRuns = 0;
       std::this_thread::sleep_for(std::chrono::milliseconds(50));
       ConvertFile({.sourcePath = source.c_str(),
@@ -294,10 +283,8 @@ TEST_F(ConversionTest, HandlesMessagesOnlyForAWindow) {
                    .pumpWindow = pumpWindow,
                    .restoreCursor = true},
                   *OptionRecord(format));
-      return timerRuns;
-    };
-    EXPECT_EQ(convertLater(nullptr), 0) << "format " << format;
-    EXPECT_GT(convertLater(&window), 0) << "format " << format;
+      EXPECT_EQ(timerRuns > 0, pumpWindow != nullptr) << "format " << format;
+    }
   }
   StopThreadTimer(timer);
 }
