@@ -88,9 +88,27 @@ clean_session() {
   echo no >"$1/session_no"
   printf '%s\n' 'Full Name,Fax,E-mail,Fax' '"Lee, Ann",1,box1' ',2,box2' 'Bob,3,box3' 'Cy,"4,box4' \
     'A name with more than 31 characters,5,box5' 'Bob,6,box6' >"$1/session_rows.csv"
+  printf '%b' '\0357\0273\0277 "Lee, Ann" , box1\r\n \t\n\nBob\nCy,"box3\nDi,,x\nEd, ""\n' \
+    ',box6\n"Fay,box7\nGus,box8,"open\nHal,box9\rIda,box10\n' >"$1/session_spaces.csv"
+  printf 'Name,Mail\rAnn,box1\nBob,box2\n' >"$1/session_return.csv"
+  printf '%s\n' 'cn: stray' '' 'dn: 1' 'cn: Ann' 'mail: box1' 'cn: more' '' 'dn: 2' 'ou: none' '' \
+    'dn: 3' 'cn: Bob' '' 'dn: 4' 'mail: box4' '' 'dn: 5' 'cn: Cy "C" Lee' 'mail: box5' \
+    'dn: 6' 'cn: A' ' nn' 'mail: box6' 'dn: 7' 'cn: B' 'mail: bo' ' x7' \
+    'dn: 8' 'cn:: Qw==' 'mail: box8' 'dn: 9' 'cn: E' 'xdn: y' 'mail: box9' \
+    'dn: 10' 'cn: F' 'mail:' 'dn: 11' 'Cn: G' 'mail: box11' \
+    'dn: 12' 'mail: box12' 'cn: Hal' 'Mail: more' '' 'cn: I' 'DN: 13' \
+    'dn: 14' 'cn: J' 'DN: 15' 'cn: K' >"$1/session_people.ldif"
+  printf '%s\n' 'Class,First' 'List,,,All,x,%SMTP:all%' '' 'Mailbox,A,B,Ann,x,%SMTP:box1%' \
+    'Mailbox,A,B,Bob' 'Mailbox,A,B,Cy,%smtp:box3%' 'Mailbox,A,B,Di,SMTP:box4' \
+    '"Mailbox",A,B,Ed,%SMTP:box5%' 'Mailbox,A,B,"Fay,%SMTP:box6%' \
+    'Mailbox,A,B,"G, ""H""",%SMTP:box7%' 'Mailbox,A,B,I "J" K,%SMTP:box8%' \
+    'Mailbox,A,B,,%SMTP:box9%' >"$1/session_mailboxes.csv"
   printf '%s\n' '{"quillbox-keys": 1,' '"keys": [{]}' >"$1/session_broken.json"
   printf '%s\n' '{"quillbox-keys": 1, "keys": [{"name": "Desks", "items": [' \
     '{"name": "Agnes", "format": 2}, {"name": "Agnes", "format": 3}]}]}' >"$1/session_twice.json"
+  printf '%s\n' '{"quillbox-keys": 1, "keys": [{"name": "Attic", "items": [{"name": "Boxes"}]}, ' \
+    '{"name": "Workshop", "items": [{"name": "Drawings A0"}, {"name": "Drawings A4", ' \
+    '"address": "10.0.4.9", "format": 3, "settings": 17}]}]}' >"$1/session_wanted.json"
 }
 
 # compare_transcript FOLDER PASS: compares standard input with the transcript.

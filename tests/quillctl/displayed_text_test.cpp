@@ -1,0 +1,51 @@
+#include "quillctl/displayed_text.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "quillctl/failures.h"
+#include "quillctl/text_table.h"
+
+namespace quillctl {
+namespace {
+
+TEST(DisplayedText, KeepsUtf8ConvertsLatin1AndEscapesControlCharacters) {
+  const struct {
+    const char* stored;
+    const char* displayed;
+  } cases[] = {
+      {"B\xFCro", "B\xC3\xBCro"},                                // Latin-1
+      {"B\xC3\xBCro \xE2\x82\xAC", "B\xC3\xBCro \xE2\x82\xAC"},  // UTF-8 of two and three bytes
+      {"\xF0\x9F\x93\xA0", "\xF0\x9F\x93\xA0"},                  // of four bytes
+      {"\xC3", "\xC3\x83"},                                      // cut after the lead byte
+      {"\xC3\xBC\xE2\x82", "\xC3\x83\xC2\xBC\xC3\xA2\\x82"},     // cut later: all is Latin-1
+      {"\xC0\xAF", "\xC3\x80\xC2\xAF"},                          // overlong
+      {"\xE0\x9F\xBF", "\xC3\xA0\\x9F\xC2\xBF"},                 // overlong
+      {"\xED\xA0\xB0", "\xC3\xAD\xC2\xA0\xC2\xB0"},              // a surrogate
+      {"\xF4\x90\xA0\xA0", "\xC3\xB4\\x90\xC2\xA0\xC2\xA0"},     // above U+10FFFF
+      {"\xF5\xA0\xA0\xA0", "\xC3\xB5\xC2\xA0\xC2\xA0\xC2\xA0"},  // no lead byte
+      {"~\x1B[2J\n\x7F", "~\\x1B[2J\\x0A\\x7F"},
+      {"\x9B[ \xE9", "\\x9B[ \xC3\xA9"},  // a control character of Latin-1
+      {"\xC2\x9B[", "\\x9B["},            // the same one in UTF-8
+  };
+  for (const auto& each : cases) EXPECT_EQ(DisplayedText(each.stored), each.displayed);
+}
+
+TEST(TextTable, AlignsTheDisplayedTexts) {
+  TextTable table({"Name", "Number"});
+  table.AddRow({"J\xF6rdis\x1B", "1"});
+  std::ostringstream out;
+  table.Print(out);
+  EXPECT_EQ(out.str(), "Name        Number\nJ\xC3\xB6rdis\\x1B  1\n");
+}
+
+TEST(CodeAndText, HasTheTextOfTheLibraryOrItsOwnForLocalCodes) {
+  EXPECT_EQ(CodeAndText(21), "code 21, More Data Available than request");  // the longest
+  EXPECT_EQ(CodeAndText(23), "code 23, no description");
+  EXPECT_EQ(CodeAndText(-2), "code -2, cannot read the file");
+  EXPECT_EQ(CodeAndText(-7), "code -7, no description");
+}
+
+}  // namespace
+}  // namespace quillctl
