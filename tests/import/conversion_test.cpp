@@ -77,8 +77,8 @@ TEST_F(ConversionTest, WritesTheRowsOfDelimitedText) {
           // Each part of a long line is a row.
           {X(4094) + "Ann,box\n", Entry(X(31), "") + kAnnBox},
       });
-  ExpectScripts(OptionRecord(ImportFormatDelimited).SkipHeader(),
-                {{"\n  \nname,mail\n\nAnn,box\n", kAnnBox}, {"name,mail", ""}});
+  ExpectScripts(OptionRecord(ImportFormatDelimited, TargetEmail, {2}).SkipHeader(),
+                {{"\n  \nx,y,name\n\n1,2,Ann\n", Entry("Ann", "")}, {"x,y,name", ""}});
   for (const std::int32_t emptyMap : {0, -1, INT32_MIN}) {
     ExpectScripts(OptionRecord(ImportFormatDelimited).ColumnCount(emptyMap),
                   {{"Ann,box\n", Entry("", "")}});
@@ -127,6 +127,7 @@ TEST(SplitMappedColumnsTest, StoresTheValueOfEachColumnOrAnEmptyText) {
     std::vector<std::int32_t> columnMap;
     std::vector<std::string_view> values;
   } cases[] = {
+      {"a", ",", {}, {}},
       {"", ",", {0, 1}, {"", ""}},
       {"a;;b,c;", ";", {0, 1, 2, 3, 4}, {"a", "", "b,c", "", ""}},
       {R"(x"a,b"y"c,d",e)", ",", {0, 1}, {"xa,byc,d", "e"}},
@@ -152,7 +153,7 @@ TEST_F(ConversionTest, WritesTheEntriesOfADirectoryExport) {
                     // The first value counts, and a complete entry ends before the next "dn:".
                     {"dn:\ncn:Ann\ncn:no\nmail:box\nxdn:\ncn:no\nmail:no\n", kAnnBox},
                     // The last character of a line is dropped even if it is no newline.
-                    {"dn:\nmail:box\n\0\ncn:Ann!"s, kAnnBox},
+                    {"dn:\ncn:Ann\n\0\nmail:boxdn:"s, Entry("Ann", "boxdn")},
                     {"dn:\ncn:\nmail:\n", Entry("", "")},
                     // Spaces count when a value is cut, and are removed then.
                     {"dn:\ncn: " + X(31) + "\nmail:  " + X(255) + '\n', Entry(X(30), X(253))},
