@@ -11,8 +11,8 @@
 #include "simulator/faults.h"
 #include "simulator/journal.h"
 #include "simulator/journal_file.h"
-#include "simulator/lies.h"
 #include "simulator/log_book.h"
+#include "simulator/reply_defects.h"
 #include "simulator/session.h"
 #include "simulator/state_file.h"
 #include "simulator/store.h"
@@ -39,7 +39,7 @@ class Appliance {
   Clock clock;
   Journal journal;
   Faults faults;
-  Lies lies;
+  ReplyDefects defects;
   bool isInitialised = false;  // between IMSPInit and IMSPTerminate
   StateFile stateFile;
   JournalFile journalFile;

@@ -28,12 +28,12 @@ Status Measure(Appliance& appliance, const ABIdent& book, std::string_view filte
   const Status status = Permit(appliance.session.User(), book, Action::kRead);
   if (status != kNoError) return status;
   if (book.kind == BookKind::kLog) {
-    *count = appliance.lies.Size(appliance.log.Size(filter));
+    *count = appliance.defects.Size(appliance.log.Size(filter));
     return kNoError;
   }
   const Book* const found = appliance.contents.store.Find(appliance.PathOf(book));
   if (found == nullptr) return kNoSuchBook;
-  *count = appliance.lies.Size(NameFilter(filter).Matches(*found).Size());
+  *count = appliance.defects.Size(NameFilter(filter).Matches(*found).Size());
   return kNoError;
 }
 
@@ -45,8 +45,8 @@ Status Enumerate(Appliance& appliance, const ABIdent& selector, const ReadReques
   if (!selector.name.IsEmpty()) return kInvalidField;
   const BookSet* const books = appliance.contents.store.BooksOf(selector.kind, user);
   if (books == nullptr) return kNoSuchBook;
-  if (rows != nullptr) return ReadBooks(*books, selector.kind, appliance.lies, request, rows);
-  *request.count = appliance.lies.Size(MatchesOf(*books, request.range, 1).Size());
+  if (rows != nullptr) return ReadBooks(*books, selector.kind, appliance.defects, request, rows);
+  *request.count = appliance.defects.Size(MatchesOf(*books, request.range, 1).Size());
   return kNoError;
 }
 

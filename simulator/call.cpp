@@ -18,7 +18,7 @@ bool WaitForAnswer(const Appliance& appliance) {
 }  // namespace
 
 std::optional<Status> Refusal(Appliance& appliance, const ServedCall& entry) {
-  if (const auto fault = appliance.faults.Take(entry.name)) return fault;
+  if (const auto fault = appliance.faults.CountCall(entry.name)) return fault;
   if (!WaitForAnswer(appliance)) return kTimeoutExpired;
   if (entry.need == Precondition::kNothing) return std::nullopt;
   if (!appliance.isInitialised) return kNotInitialised;

@@ -42,8 +42,9 @@ Status Serve(const ServedCall& entry, Work work, const Arguments&... arguments) 
   const std::optional<Status> refusal = Refusal(appliance, entry);
   const Status status = refusal ? *refusal : work(appliance);
   const bool isFailure = refusal || (status != kNoError && status != kMoreData);
-  if (isFailure && entry.count != nullptr && !appliance.lies.KeepsFailedCount()) *entry.count = 0;
-  (appliance.lies.ScribbleArgument(arguments), ...);
+  if (isFailure && entry.count != nullptr && !appliance.defects.KeepsFailedCount())
+    *entry.count = 0;
+  (appliance.defects.ScribbleArgument(arguments), ...);
   if (isRecorded) RecordCall(appliance, std::move(text), status);
   appliance.SaveChange();
   return status;

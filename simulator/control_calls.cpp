@@ -150,12 +150,12 @@ void SimulatorClearFaults() {
   TheAppliance().faults.Clear();
 }
 
-void SimulatorSetLies(std::uint32_t lies) {
-  TheAppliance().lies.Set(lies);
+void SimulatorSetDefects(std::uint32_t defects) {
+  TheAppliance().defects.Set(defects);
 }
 
 void SimulatorInflateSizes(std::uint32_t by) {
-  TheAppliance().lies.InflateSizes(by);
+  TheAppliance().defects.InflateSizes(by);
 }
 
 }  // extern "C"

@@ -26,7 +26,7 @@ Status Change(Appliance& appliance, const ABIdent& book, EntryKey* key, void* re
               Work work) {
   Status status = PermitEntries(appliance.session.User(), book, action);
   if (status == kNoError) status = work(appliance.contents.store, appliance.PathOf(book));
-  appliance.lies.Scribble(book.kind, key, record);
+  appliance.defects.Scribble(book.kind, key, record);
   return status;
 }
 
@@ -34,7 +34,7 @@ Status ReadLog(Appliance& appliance, const ABIdent& book, const ReadRequest& req
                void* records) {
   const Status status = Permit(appliance.session.User(), book, Action::kRead);
   if (status != kNoError) return status;
-  return ReadLogRecords(appliance.log, *TypeOf(book.kind), appliance.lies, request, records);
+  return ReadLogRecords(appliance.log, *TypeOf(book.kind), appliance.defects, request, records);
 }
 
 bool IsListRename(const BookPath& path) {
@@ -65,7 +65,7 @@ Status IMSPReadAB(ABIdent* book, KeyRange* range, void* records, std::uint32_t* 
         const ReadRequest request{range, count, direction};
         if (book->kind == BookKind::kLog) return ReadLog(appliance, *book, request, records);
         return Read(appliance, *book, [&](const Book& found) {
-          return ReadRecords(found, *TypeOf(book->kind), appliance.lies, request, records);
+          return ReadRecords(found, *TypeOf(book->kind), appliance.defects, request, records);
         });
       },
       book, range, CountArgument{count}, direction);
@@ -78,7 +78,7 @@ Status IMSPListABEntries(ABIdent* book, KeyRange* range, EntryKey* rows, std::ui
       [=](Appliance& appliance) {
         if (book == nullptr || !IsComplete(count, rows)) return kInvalidField;
         return Read(appliance, *book, [&](const Book& found) {
-          return ReadNames(found, appliance.lies, {range, count, direction}, rows);
+          return ReadNames(found, appliance.defects, {range, count, direction}, rows);
         });
       },
       book, range, CountArgument{count}, direction);
@@ -90,7 +90,7 @@ Status IMSPReadPageBoundaries(ABIdent* book, PageBoundary* table, std::uint32_t*
       [=](Appliance& appliance) {
         if (book == nullptr || !IsComplete(count, table)) return kInvalidField;
         return Read(appliance, *book, [&](const Book& found) {
-          return ReadCensus(found, appliance.lies, table, count);
+          return ReadCensus(found, appliance.defects, table, count);
         });
       },
       book, CountArgument{count});
@@ -105,7 +105,7 @@ Status IMSPReadEntryProperties(ABIdent* book, EntryKey* key, void* record) {
           const Record* const entry = found.Find(*key);
           if (entry == nullptr) return kDataNotFound;
           std::memcpy(record, entry->data(), entry->size());
-          appliance.lies.Fill(*TypeOf(book->kind), record);
+          appliance.defects.Fill(*TypeOf(book->kind), record);
           return kNoError;
         });
       },

@@ -8,7 +8,7 @@ void Faults::Add(std::string_view entry, std::int32_t occurrence, Status status)
   waiting.push_back({std::string(entry), std::max(occurrence, std::int32_t{0}), status});
 }
 
-std::optional<Status> Faults::Take(std::string_view entry) {
+std::optional<Status> Faults::CountCall(std::string_view entry) {
   std::optional<Status> taken;
   std::erase_if(waiting, [&](Fault& fault) {
     if (!fault.entry.empty() && fault.entry != entry) return false;

@@ -22,7 +22,7 @@ class Faults {
 
   // Counts a call for every pending fault that matches it. Returns the status of the first fault
   // that is due; all due faults are used up.
-  std::optional<Status> Take(std::string_view entry);
+  std::optional<Status> CountCall(std::string_view entry);
 
  private:
   struct Fault {

@@ -9,9 +9,9 @@
 
 #include <cstdint>
 
-#include "simulator/lies.h"
 #include "simulator/log_book.h"
 #include "simulator/protocol.h"
+#include "simulator/reply_defects.h"
 #include "simulator/store.h"
 
 namespace quillbox {
@@ -23,23 +23,25 @@ struct ReadRequest {
   std::int32_t direction = 1;
 };
 
-Status ReadRecords(const Book& book, const BookType& type, const Lies& lies,
+Status ReadRecords(const Book& book, const BookType& type, const ReplyDefects& defects,
                    const ReadRequest& request, void* records);
 
 // Records of the log have no names: the filter of the range is a user, and its first key is
 // ignored.
-Status ReadLogRecords(const LogBook& log, const BookType& type, const Lies& lies,
+Status ReadLogRecords(const LogBook& log, const BookType& type, const ReplyDefects& defects,
                       const ReadRequest& request, void* records);
 
-Status ReadNames(const Book& book, const Lies& lies, const ReadRequest& request, EntryKey* rows);
+Status ReadNames(const Book& book, const ReplyDefects& defects, const ReadRequest& request,
+                 EntryKey* rows);
 
 // The identities of books.
-Status ReadBooks(const BookSet& books, BookKind kind, const Lies& lies, const ReadRequest& request,
-                 ABIdent* rows);
+Status ReadBooks(const BookSet& books, BookKind kind, const ReplyDefects& defects,
+                 const ReadRequest& request, ABIdent* rows);
 
 // The census of the first bytes of all names. `*count` is the capacity of the table. Returns 0,
 // also for an empty book; 21 if there are more letters than fit.
-Status ReadCensus(const Book& book, const Lies& lies, PageBoundary* table, std::uint32_t* count);
+Status ReadCensus(const Book& book, const ReplyDefects& defects, PageBoundary* table,
+                  std::uint32_t* count);
 
 }  // namespace quillbox
 

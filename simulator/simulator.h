@@ -41,27 +41,27 @@
 namespace quillkit {
 
 // Kinds of wrong replies, combined with |. None changes what is stored.
-enum SimulatorLie : std::uint32_t {
+enum SimulatorDefect : std::uint32_t {
   // Bulk reads, listings and the census report 1000 records more than the buffer holds, unless
   // their status is 4. No record is written outside the buffer.
-  kLieDeliveredCount = 1,
+  kDefectDeliveredCount = 1,
   // Text fields of delivered records, rows and census letters are filled completely, without a NUL.
-  kLieUnterminated = 2,
+  kDefectUnterminated = 2,
   // A failing call, including status 4 and faults, leaves the count unchanged instead of setting it
   // to 0.
-  kLieFailedCount = 4,
+  kDefectFailedCount = 4,
   // Records and rows of one read are in descending order.
-  kLieUnsorted = 8,
+  kDefectUnsorted = 8,
   // The rows of the letter census report twice the number of entries plus one; every other row
   // reports a negative number.
-  kLieCensus = 16,
+  kDefectCensus = 16,
   // Sizes and numbers of books are wrong by 7 more at every call.
-  kLieSize = 32,
+  kDefectSize = 32,
   // The caller's book of every call, and its key and record of a change, are overwritten
   // completely, whatever the status.
-  kLieScribble = 64,
+  kDefectScribble = 64,
   // Bulk reads, listings and the census report one record less than they delivered.
-  kLieUntold = 128,
+  kDefectUnreported = 128,
 };
 
 extern "C" {
@@ -70,7 +70,7 @@ extern "C" {
 
 // Resets the appliance to the accounts ADMINISTRATOR ("quill"), TOOLKIT ("KELP") and GUEST (no
 // password), with all books empty. Closes the session, clears and stops the journal, removes
-// faults, lies and latency, and resets the settings below. Does not undo IMSPInit, and keeps the
+// faults, defects and latency, and resets the settings below. Does not undo IMSPInit, and keeps the
 // files that the environment names; the next call of an entry point updates the state file.
 void SimulatorReset();
 
@@ -156,8 +156,8 @@ Status SimulatorCallStatus(std::int32_t index);
 void SimulatorFail(const char* entry, std::int32_t occurrence, Status status);
 void SimulatorClearFaults();
 
-// Sets the wrong replies from now on: a combination of SimulatorLie, 0 for none.
-void SimulatorSetLies(std::uint32_t lies);
+// Sets the wrong replies from now on: a combination of SimulatorDefect, 0 for none.
+void SimulatorSetDefects(std::uint32_t defects);
 
 // Increases every reported size of a book and number of books by `by`, to simulate an appliance
 // near its limits. 0: no increase.

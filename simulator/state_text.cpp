@@ -39,7 +39,7 @@ class StateReader {
   bool IsComplete() const { return isComplete; }
 
   // Returns a description of an error in the line, or an empty text.
-  std::string Take(std::string_view text) {
+  std::string Read(std::string_view text) {
     LineParser line(text);
     if (line.IsAtEnd()) return {};
     if (isComplete) return "unexpected line after the end";
@@ -124,7 +124,7 @@ std::string ReadState(TextLines& lines, Contents& contents) {
   std::size_t number = 1;
   while (const auto line = lines.Next()) {
     ++number;
-    const std::string fault = reader.Take(*line);
+    const std::string fault = reader.Read(*line);
     if (!fault.empty()) return "line " + std::to_string(number) + ": " + fault;
   }
   if (lines.IsCut()) return "line " + std::to_string(number + 1) + ": line too long";

@@ -40,26 +40,26 @@ Status CFaxAB::ClearBook() {
 }
 
 int CFaxAB::AddEntry(CFaxEntry* entry, std::int32_t reload) {
-  return IsFull() ? 0 : Finish(ServerEntries().Create(entry), reload);
+  return IsFull() ? 0 : ReloadAfter(ServerEntries().Create(entry), reload);
 }
 
 int CFaxAB::ReadEntry(CFaxEntry* entry, std::int32_t reload) {
-  return Finish(ServerEntries().ReadOne(entry), reload);
+  return ReloadAfter(ServerEntries().ReadOne(entry), reload);
 }
 
 int CFaxAB::ModifyEntry(CFaxEntry* entry, std::int32_t reload) {
-  return Finish(ServerEntries().Modify(entry), reload);
+  return ReloadAfter(ServerEntries().Modify(entry), reload);
 }
 
 int CFaxAB::RenameEntry(std::string_view oldName, CFaxEntry* entry, std::int32_t reload) {
-  return Finish(ServerEntries().Rename(oldName, entry), reload);
+  return ReloadAfter(ServerEntries().Rename(oldName, entry), reload);
 }
 
 int CFaxAB::DeleteEntry(CFaxEntry* entry, std::int32_t reload) {
-  return Finish(ServerEntries().Delete(*entry), reload);
+  return ReloadAfter(ServerEntries().Delete(*entry), reload);
 }
 
-int CFaxAB::Finish(Status changed, std::int32_t reload) {
+int CFaxAB::ReloadAfter(Status changed, std::int32_t reload) {
   const auto load = [this] { return LoadEntries() != 0 ? kNoError : kRefused; };
   return AfterChange(changed, reload, load) == kNoError ? 1 : 0;
 }
@@ -98,7 +98,7 @@ std::int32_t CFaxAB::FastDeleteEntry(CFaxEntry* entry) {
 }
 
 int CFaxAB::RemoveEntryAt(std::int32_t index, std::int32_t reload) {
-  return entries.RemoveAt(index) != 0 ? Finish(kNoError, reload) : 0;
+  return entries.RemoveAt(index) != 0 ? ReloadAfter(kNoError, reload) : 0;
 }
 
 std::int32_t CFaxAB::FindEntryIndex(std::string_view name) {

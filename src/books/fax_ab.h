@@ -146,7 +146,7 @@ class CFaxAB : public RootObject, public PublicListBook<CFaxAB, CPubFaxDL> {
  private:
   const CScanner& Scanner() const { return ScannerOrUnbound(scanner); }
   BookAccess<CFaxEntry> ServerEntries() const { return Scanner().FaxEntries(); }
-  int Finish(Status changed, std::int32_t reload);
+  int ReloadAfter(Status changed, std::int32_t reload);
   bool IsFull() const;
 
   CScanner* scanner = nullptr;

@@ -99,19 +99,19 @@ std::int32_t CPrinterAB::AddModel(PrinterModelRecord* model, bool reload) {
     TheAgent.SetError(kBookFull);
     return -1;
   }
-  return ReloadModels(ModelEntries().Create(model), reload) ? ModelCount() : -1;
+  return ReloadModelsAfter(ModelEntries().Create(model), reload) ? ModelCount() : -1;
 }
 
 std::int32_t CPrinterAB::DeleteModel(std::string_view name, bool reload) {
-  return ReloadModels(ModelEntries().Delete(name), reload) ? 1 : 0;
+  return ReloadModelsAfter(ModelEntries().Delete(name), reload) ? 1 : 0;
 }
 
 std::int32_t CPrinterAB::ModifyModel(PrinterModelRecord* model, bool reload) {
-  return ReloadModels(ModelEntries().Modify(model), reload) ? 1 : 0;
+  return ReloadModelsAfter(ModelEntries().Modify(model), reload) ? 1 : 0;
 }
 
 // Loads the models after a successful change. Returns whether the change succeeded.
-bool CPrinterAB::ReloadModels(Status changed, bool reload) {
+bool CPrinterAB::ReloadModelsAfter(Status changed, bool reload) {
   return LoadAfterChange(changed, reload, [this] { LoadModels(); }) == kNoError;
 }
 

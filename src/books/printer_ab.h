@@ -164,11 +164,11 @@ class CPrinterAB : public RootObject {
   const CScanner& Scanner() const { return ScannerOrUnbound(scanner); }
 
   std::int32_t ModelIndex(std::string_view name) const;
-  bool ReloadModels(Status changed, bool reload);
+  bool ReloadModelsAfter(Status changed, bool reload);
   BookAccess<PrinterModelRecord> ModelEntries() const { return Scanner().ModelEntries(); }
 
   bool IsFull() const;
-  bool ReloadPrinters(Status changed, bool reload);
+  bool ReloadPrintersAfter(Status changed, bool reload);
   std::int32_t Overwrite(Status changed, std::string_view name, const PrinterRecord& record);
   auto PrinterNames() const;
   BookAccess<PrinterRecord> PrinterEntries() const { return Scanner().PrinterEntries(); }

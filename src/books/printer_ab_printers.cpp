@@ -41,24 +41,24 @@ std::int32_t CPrinterAB::LoadPrinters() {
 
 std::int32_t CPrinterAB::AddPrinter(PrinterRecord* printer, bool reload) {
   if (IsFull()) return -1;
-  return ReloadPrinters(PrinterEntries().Create(printer), reload) ? PrinterCount() : -1;
+  return ReloadPrintersAfter(PrinterEntries().Create(printer), reload) ? PrinterCount() : -1;
 }
 
 std::int32_t CPrinterAB::DeletePrinter(std::string_view name, bool reload) {
-  return ReloadPrinters(PrinterEntries().Delete(name), reload) ? 1 : 0;
+  return ReloadPrintersAfter(PrinterEntries().Delete(name), reload) ? 1 : 0;
 }
 
 std::int32_t CPrinterAB::ModifyPrinter(PrinterRecord* printer, bool reload) {
-  return ReloadPrinters(PrinterEntries().Modify(printer), reload) ? 1 : 0;
+  return ReloadPrintersAfter(PrinterEntries().Modify(printer), reload) ? 1 : 0;
 }
 
 std::int32_t CPrinterAB::RenamePrinter(std::string_view oldName, PrinterRecord* printer,
                                        bool reload) {
-  return ReloadPrinters(PrinterEntries().Rename(oldName, printer), reload) ? 1 : 0;
+  return ReloadPrintersAfter(PrinterEntries().Rename(oldName, printer), reload) ? 1 : 0;
 }
 
 // Loads the printers after a successful change. Returns whether the change succeeded.
-bool CPrinterAB::ReloadPrinters(Status changed, bool reload) {
+bool CPrinterAB::ReloadPrintersAfter(Status changed, bool reload) {
   return LoadAfterChange(changed, reload, [this] { LoadPrinters(); }) == kNoError;
 }
 

@@ -250,7 +250,7 @@ class CPrivEmailAB : public RootObject, private ListSet<CPrivEmailDL> {
   bool EntriesAreFull() const { return entries.Count() >= MaxPrivateEntries; }
   bool ListsAreFull() const { return ListCount() >= MaxPrivateLists; }
   bool RecordsFullLists() const;
-  Status Finish(Status changed, std::int32_t reload);
+  Status ReloadAfter(Status changed, std::int32_t reload);
   Status CreateMembersOf(const CPrivEmailDL& list);
   bool FillCopy(const CPrivEmailDL& source, const std::string& newName, CPrivEmailDL* copy);
   bool FillCopyOfPublic(CPubEmailDL* source, const std::string& newName, CPrivEmailDL* copy);

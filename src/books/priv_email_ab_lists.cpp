@@ -57,10 +57,10 @@ Status CPrivEmailAB::CreateMembersOf(const CPrivEmailDL& list) {
 }
 
 bool CPrivEmailAB::DeleteList(const std::string& name, std::int32_t reload) {
-  return Finish(DeleteServerList(name), reload) == kNoError;
+  return ReloadAfter(DeleteServerList(name), reload) == kNoError;
 }
 
-Status CPrivEmailAB::Finish(Status changed, std::int32_t reload) {
+Status CPrivEmailAB::ReloadAfter(Status changed, std::int32_t reload) {
   return LoadAfterChange(changed, reload, [this] { LoadLists(1); });
 }
 
@@ -72,7 +72,7 @@ std::int32_t CPrivEmailAB::DeleteListLocal(const std::string& name) {
 
 int CPrivEmailAB::RenameList(const std::string& name, const std::string& newName,
                              std::int32_t reload) {
-  return Finish(RenameServerList(name, newName), reload) == kNoError ? 1 : 0;
+  return ReloadAfter(RenameServerList(name, newName), reload) == kNoError ? 1 : 0;
 }
 
 int CPrivEmailAB::CopyList(const CPrivEmailDL& source, const std::string& newName,

@@ -53,20 +53,22 @@ std::int32_t CPrivEntryPage::Search(std::string_view key, std::int32_t start,
 
 Status CPrivEntryPage::Add(CEmailEntry* entry, std::int32_t reload) {
   if (Count() >= MaxPrivateEntries) return kBookFull;
-  return privateBook != nullptr ? Finish(privateBook->CreateServerEntry(entry), reload) : kRefused;
+  return privateBook != nullptr ? ReloadAfter(privateBook->CreateServerEntry(entry), reload)
+                                : kRefused;
 }
 
 Status CPrivEntryPage::Read(CEmailEntry* entry, std::int32_t reload) {
-  return privateBook != nullptr ? Finish(privateBook->ReadEntry(entry), reload) : kRefused;
+  return privateBook != nullptr ? ReloadAfter(privateBook->ReadEntry(entry), reload) : kRefused;
 }
 
 Status CPrivEntryPage::Modify(CEmailEntry* entry, std::int32_t reload) {
-  return privateBook != nullptr ? Finish(privateBook->ModifyEntry(entry), reload) : kRefused;
+  return privateBook != nullptr ? ReloadAfter(privateBook->ModifyEntry(entry), reload) : kRefused;
 }
 
 Status CPrivEntryPage::ModifyByKey(const std::string& key, CEmailEntry* entry,
                                    std::int32_t reload) {
-  return privateBook != nullptr ? Finish(privateBook->RenameEntry(key, entry), reload) : kRefused;
+  return privateBook != nullptr ? ReloadAfter(privateBook->RenameEntry(key, entry), reload)
+                                : kRefused;
 }
 
 Status CPrivEntryPage::Remove(CEmailEntry* entry, std::int32_t reload) {
@@ -79,7 +81,7 @@ Status CPrivEntryPage::LoadAll() {
   return Load({}, 1);
 }
 
-Status CPrivEntryPage::Finish(Status changed, std::int32_t reload) {
+Status CPrivEntryPage::ReloadAfter(Status changed, std::int32_t reload) {
   return AfterChange(changed, reload, [this] { return LoadAll(); });
 }
 

@@ -77,7 +77,7 @@ class CPrivEntryPage : public CEntryPage {
  private:
   auto Names() const;
   Status LoadAll();
-  Status Finish(Status changed, std::int32_t reload);
+  Status ReloadAfter(Status changed, std::int32_t reload);
   std::int32_t Overwrite(Status status, std::string_view key, const CEmailEntry& entry);
 
   CPrivEmailAB* privateBook = nullptr;

@@ -71,7 +71,7 @@ class PublicListBook : public ListSet<List> {
  private:
   Book* Self() { return static_cast<Book*>(this); }
   Status CreateOnServer(const List& list);
-  bool Finish(Status changed, std::int32_t reload) {
+  bool ReloadAfter(Status changed, std::int32_t reload) {
     return AfterChange(changed, reload, [this] { return LoadLists(1); }) == kNoError;
   }
 };
@@ -108,7 +108,7 @@ std::int32_t PublicListBook<Book, List>::Keep(List* list) {
 
 template <class Book, class List>
 bool PublicListBook<Book, List>::Create(const List& list, std::int32_t reload) {
-  return Finish(CreateOnServer(list), reload);
+  return ReloadAfter(CreateOnServer(list), reload);
 }
 
 // Creates the list and its members, and ignores the status of the members and of the count. With
@@ -141,7 +141,7 @@ std::int32_t PublicListBook<Book, List>::Drop(std::string_view name) {
 
 template <class Book, class List>
 bool PublicListBook<Book, List>::Delete(std::string_view name, std::int32_t reload) {
-  return Finish(Self()->MembersOf(name).DeleteBook(), reload);
+  return ReloadAfter(Self()->MembersOf(name).DeleteBook(), reload);
 }
 
 template <class Book, class List>

@@ -73,7 +73,7 @@ CUserRecord* CUserAB::HandOut(const CUserEntry& source, CUserRecord* record) {
 }
 
 bool CUserAB::AddUser(CUserRecord* record, std::int32_t reload) {
-  return !IsFull() && Finish(Entries().Create(record), reload);
+  return !IsFull() && ReloadAfter(Entries().Create(record), reload);
 }
 
 bool CUserAB::ReadUser(CUserRecord* record, std::int32_t reload) {
@@ -91,10 +91,10 @@ bool CUserAB::RenameUser(const std::string& oldName, CUserRecord* record, std::i
 
 bool CUserAB::DeleteUser(CUserRecord* record, std::int32_t reload) {
   ClearUserLog(*record);
-  return Finish(Entries().Delete(*record), reload);
+  return ReloadAfter(Entries().Delete(*record), reload);
 }
 
-bool CUserAB::Finish(Status changed, std::int32_t reload) {
+bool CUserAB::ReloadAfter(Status changed, std::int32_t reload) {
   return LoadAfterChange(changed, reload, [this] { Load(); }) == kNoError;
 }
 

@@ -130,7 +130,7 @@ class CUserAB : public RootObject {
   }
   CUserRecord* HandOut(const CUserEntry& source, CUserRecord* record);
   CUserRecord* HandOutAt(std::int32_t index, CUserRecord* record);
-  bool Finish(Status changed, std::int32_t reload);
+  bool ReloadAfter(Status changed, std::int32_t reload);
   bool FinishWith(CUserRecord* record, Status changed, std::int32_t reload);
   bool IsFull() const;
 

@@ -115,7 +115,7 @@ Status PrivateList<BookClass>::AddMember(CEmailEntry* entry, std::int32_t reload
   search.MoveTo(0);
   if (book == nullptr) return kRefused;
   if (this->IsFull()) return kBookFull;
-  return this->Finish(book->AddMember(name, entry), reload);
+  return this->ReloadAfter(book->AddMember(name, entry), reload);
 }
 
 template <class BookClass>

@@ -87,7 +87,7 @@ Status PublicList<Entry, BookClass, kListKind>::AddMember(Entry* entry, std::int
     TheAgent.SetError(kBookFull);
     return kBookFull;
   }
-  return this->Finish(Access().Create(entry), reload);
+  return this->ReloadAfter(Access().Create(entry), reload);
 }
 
 template <class Entry, class BookClass, BookKind kListKind>

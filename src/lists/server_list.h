@@ -46,15 +46,15 @@ class ServerList : public DistributionList<Entry> {
 
   // Has no limit. Server calls: IMSPCreateEntry.
   Status AddMemberUnlimited(Entry* entry, std::int32_t reload) override {
-    return Finish(Access().Create(entry), reload);
+    return ReloadAfter(Access().Create(entry), reload);
   }
 
   // Change the member that the entry names, or `key`. Server calls: IMSPModifyEntry.
   Status ModifyMember(Entry* entry, std::int32_t reload) override {
-    return Finish(Access().Modify(entry), reload);
+    return ReloadAfter(Access().Modify(entry), reload);
   }
   Status RenameMember(std::string_view key, Entry* entry, std::int32_t reload) override {
-    return Finish(Access().Rename(key, entry), reload);
+    return ReloadAfter(Access().Rename(key, entry), reload);
   }
 
   // Removes the member that the entry names. Server calls: IMSPDeleteEntry.
@@ -85,7 +85,7 @@ class ServerList : public DistributionList<Entry> {
   // with or without a book.
   BookAccess<Entry> SessionAccess() const { return {&TheAgent, kListKind, name}; }
 
-  Status Finish(Status changed, std::int32_t reload) {
+  Status ReloadAfter(Status changed, std::int32_t reload) {
     return LoadAfterChange(changed, reload, [this] { return this->Reload(); });
   }
 
@@ -113,7 +113,7 @@ Status ServerList<Entry, BookClass, kListKind>::GetMemberCount(std::uint32_t* co
 template <class Entry, class BookClass, BookKind kListKind>
 Status ServerList<Entry, BookClass, kListKind>::RemoveMember(Entry* entry, std::int32_t reload) {
   search.MoveTo(0);
-  return Finish(Access().Delete(*entry), reload);
+  return ReloadAfter(Access().Delete(*entry), reload);
 }
 
 template <class Entry, class BookClass, BookKind kListKind>

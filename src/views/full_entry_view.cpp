@@ -55,22 +55,22 @@ CEmailEntry* CFullEntryView::Find(std::string_view key, std::int32_t exact) {
 
 Status CFullEntryView::Add(CEmailEntry* entry, std::int32_t reload) {
   if (book == nullptr || entries.count() >= MaxFullEntries) return kRefused;
-  return Reload(book->AddEntry(entry), reload);
+  return ReloadAfter(book->AddEntry(entry), reload);
 }
 
 Status CFullEntryView::Remove(CEmailEntry* entry, std::int32_t reload) {
-  return book != nullptr ? Reload(book->DeleteEntry(entry), reload) : kRefused;
+  return book != nullptr ? ReloadAfter(book->DeleteEntry(entry), reload) : kRefused;
 }
 
 Status CFullEntryView::Modify(CEmailEntry* entry, std::int32_t reload) {
-  return book != nullptr ? Reload(book->ModifyEntry(entry), reload) : kRefused;
+  return book != nullptr ? ReloadAfter(book->ModifyEntry(entry), reload) : kRefused;
 }
 
 Status CFullEntryView::ModifyByKey(std::string_view key, CEmailEntry* entry, std::int32_t reload) {
-  return book != nullptr ? Reload(book->RenameEntry(key, entry), reload) : kRefused;
+  return book != nullptr ? ReloadAfter(book->RenameEntry(key, entry), reload) : kRefused;
 }
 
-Status CFullEntryView::Reload(Status changed, std::int32_t reload) {
+Status CFullEntryView::ReloadAfter(Status changed, std::int32_t reload) {
   return AfterChange(changed, reload, [this] { return Load(); });
 }
 

@@ -79,7 +79,7 @@ class CFullEntryView : public CEntryView {
 
  private:
   Status Load();
-  Status Reload(Status changed, std::int32_t reload);
+  Status ReloadAfter(Status changed, std::int32_t reload);
   std::int32_t Overwrite(Status changed, std::string_view name, const CEmailEntry& entry);
   CEmailEntry* MoveTo(std::int32_t index);
   std::int32_t IndexOf(std::string_view name, bool wholeName) const;

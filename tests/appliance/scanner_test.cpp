@@ -160,7 +160,7 @@ using ScannerCall = ApplianceTest;
 
 TEST_F(ScannerCall, IsMadeOnlyWithWhatItsMethodNeeds) {
   LogIn();
-  SimulatorSetLies(kLieFailedCount);
+  SimulatorSetDefects(kDefectFailedCount);
   SimulatorFail(nullptr, 0, kFault);
   for (const Method& method : kMethods) {
     CScanner scanner;
@@ -291,7 +291,7 @@ TEST_F(ScannerCall, ModifyEachStopsAtTheFirstFailure) {
   CScanner* const box = LogIn();
   CEmailEntry members[] = {MakeEntry("A"), MakeEntry("B"), MakeEntry("C")};
   const std::uint32_t count = 3;
-  SimulatorSetLies(kLieScribble);  // the server overwrites the book of each call
+  SimulatorSetDefects(kDefectScribble);  // the server overwrites the book of each call
   SimulatorFail("IMSPModifyEntry", 1, kNoError);
   SimulatorFail("IMSPModifyEntry", 2, kFault);
   EXPECT_EQ(box->PublicList("Team").ModifyEach(members, &count), kFault);
@@ -302,7 +302,7 @@ TEST_F(ScannerCall, ModifyEachStopsAtTheFirstFailure) {
 TEST_F(ScannerCall, TerminatesDeliveredTexts) {
   SimulatorSeed();
   CScanner* const box = LogIn();
-  SimulatorSetLies(kLieUnterminated);
+  SimulatorSetDefects(kDefectUnterminated);
   KeyRange all;
   CFaxEntry fax[5];
   std::uint32_t count = 5;

@@ -185,7 +185,7 @@ TEST_F(EmailBookTest, LoadsListsWithoutMembersAndAFailureLeavesNone) {
 TEST_F(EmailBookTest, CopiesOnlyTheMembersThatAreDelivered) {
   CPubEmailDL board;
   board.SetName("Board");
-  SimulatorSetLies(kLieUntold);  // the server delivers one of two
+  SimulatorSetDefects(kDefectUnreported);  // the server delivers one of two
   ASSERT_EQ(book.CopyListLocal(board, "Copy"), 1);
   EXPECT_EQ(Members(*book.ListAt(0)), "Ann=at:0 ");
   EXPECT_THAT(OnServer(BookKind::kPublicList, "Copy"), ElementsAre("Ann=at"));

@@ -90,7 +90,8 @@ TEST_F(PrinterBookTest, PrintersAreLinkedToTheModelsOfTheirBook) {
 
 TEST_F(PrinterBookTest, ALyingServerDeliversNoUnterminatedText) {
   Put(MakePrinter(std::string(31, 'L'), "Inky"));
-  SimulatorSetLies(kLieDeliveredCount | kLieUnterminated | kLieUnsorted | kLieFailedCount);
+  SimulatorSetDefects(kDefectDeliveredCount | kDefectUnterminated | kDefectUnsorted |
+                      kDefectFailedCount);
   EXPECT_EQ(book.LoadModels(), 0) << "no model of these names can be read";
   EXPECT_EQ(book.LoadPrinters(), 256);
   EXPECT_EQ(book.PrinterAt(1)->printerName, std::string(31, 'L'));

@@ -40,7 +40,7 @@ TEST_P(PrivateBookTest, ChangesListsInMemoryOnlyWhenAskedTo) {
   EXPECT_EQ(Private().RenameList("Crew", "Band", 0), 1);
   EXPECT_NE(Private().FindList("Crew"), nullptr);
   EXPECT_EQ(Private().DeleteListLocal("Band"), 2) << "not in memory";
-  SimulatorSetLies(kLieUntold);
+  SimulatorSetDefects(kDefectUnreported);
   EXPECT_EQ(Private().CopyListLocal(*Private().FindList("Team"), "Gang"), 1);
   EXPECT_TRUE(Private().FindList("Gang")->IsEmpty()) << "its member was not delivered";
 }

@@ -96,24 +96,24 @@ TEST_F(AgentServices, HoldsTheDeliveredLogRecordsOfAUser) {
     std::string lastCall;
     std::uint32_t count;
     std::string third;  // the third record, "none" if it does not exist
-    std::uint32_t lies = 0;
+    std::uint32_t defects = 0;
     std::uint32_t inflation = 0;
     const char* failing = nullptr;
   } reads[] = {
-      {"Ann", read + "3 1", 3, "c", kLieDeliveredCount},
+      {"Ann", read + "3 1", 3, "c", kDefectDeliveredCount},
       {"Ben", "IMSPSizeofAB 1024:LOGAB Ben", 3, "c", 0, 0, "IMSPSizeofAB"},
       {"Zoe", "IMSPSizeofAB 1024:LOGAB Zoe", 0, "none"},
-      {"Ann", read + "3 1", 3, "", kLieFailedCount, 0, "IMSPReadAB"},
+      {"Ann", read + "3 1", 3, "", kDefectFailedCount, 0, "IMSPReadAB"},
       {"Ann", read + "1000000 1", 3, "c", 0, 4'000'000'000},
-      {"Ann", read + "10 1", 3, "c", kLieSize | kLieScribble},
+      {"Ann", read + "10 1", 3, "c", kDefectSize | kDefectScribble},
   };
   const auto third = [] {
     const LogRecord* const found = TheAgent.LogRecordAt(2);
     return std::string(found != nullptr ? found->bytes + 32 : "none");
   };
   for (const auto& each : reads) {
-    SCOPED_TRACE(testing::Message() << each.lastCall << ", lies " << each.lies);
-    SimulatorSetLies(each.lies);
+    SCOPED_TRACE(testing::Message() << each.lastCall << ", defects " << each.defects);
+    SimulatorSetDefects(each.defects);
     SimulatorInflateSizes(each.inflation);
     if (each.failing != nullptr) SimulatorFail(each.failing, 1, kFault);
     EXPECT_EQ(TheAgent.ReadLog(each.user), each.failing != nullptr ? kFault : kNoError);

@@ -247,11 +247,11 @@ TEST(ParseIdentity, EndsAtTheFirstMissingField) {
 TEST_F(AgentSession, ReadsAndWritesTheAccountOfARecord) {
   Login();
   TakeCalls();
-  SimulatorSetLies(kLieScribble);
+  SimulatorSetDefects(kDefectScribble);
   SimulatorFail("IMSPModifyEntry", 1, kFault);
   EXPECT_EQ(TheAgent.ModifyUser(&user), kFault);
   EXPECT_THAT(TakeCalls(), ElementsAre("IMSPModifyEntry 4:USERSAB ADMINISTRATOR ADMINISTRATOR"));
-  SimulatorSetLies(kLieUnterminated);
+  SimulatorSetDefects(kDefectUnterminated);
   EXPECT_EQ(TheAgent.ReadUser(&user), kNoError);
   EXPECT_TRUE(user.IsValid());
 }

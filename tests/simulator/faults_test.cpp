@@ -28,13 +28,13 @@ class FaultsTest : public ServerTest {
 
 TEST_F(FaultsTest, ReportsWrongCounts) {
   const struct {
-    std::uint32_t lies, delivered, missed, letters, failed;
+    std::uint32_t defects, delivered, missed, letters, failed;
   } cases[] = {{0, 3, 0, 3, 0},
-               {kLieDeliveredCount | kLieFailedCount, 1005, 5, 1004, 5},
-               {kLieUntold, 2, 0, 2, 0}};
+               {kDefectDeliveredCount | kDefectFailedCount, 1005, 5, 1004, 5},
+               {kDefectUnreported, 2, 0, 2, 0}};
   for (const auto& each : cases) {
-    SCOPED_TRACE(testing::Message() << "lies " << each.lies);
-    SimulatorSetLies(each.lies);
+    SCOPED_TRACE(testing::Message() << "defects " << each.defects);
+    SimulatorSetDefects(each.defects);
     EXPECT_EQ(Read(5), kNoError);
     EXPECT_EQ(count, each.delivered);
     EXPECT_EQ(records[2].name, "Cid");
@@ -46,7 +46,7 @@ TEST_F(FaultsTest, ReportsWrongCounts) {
     EXPECT_EQ(IMSPSizeofAB(&missing, nullptr, &(count = 5)), kNoSuchBook);
     EXPECT_EQ(count, each.failed);
   }
-  SimulatorSetLies(0);
+  SimulatorSetDefects(0);
   SimulatorFail("IMSPReadAB", 1, kMoreData);
   EXPECT_EQ(Read(2), kMoreData);
   EXPECT_EQ(count, 0U) << "a fault delivers nothing, whatever its status";
@@ -54,7 +54,7 @@ TEST_F(FaultsTest, ReportsWrongCounts) {
 }
 
 TEST_F(FaultsTest, DeliversUnterminatedTextsInTheWrongOrderAndKeepsWhatIsStored) {
-  SimulatorSetLies(kLieUnterminated | kLieUnsorted);
+  SimulatorSetDefects(kDefectUnterminated | kDefectUnsorted);
   EXPECT_EQ(Read(3), kNoError);
   EXPECT_EQ(records[0].name, "Cid" + std::string(29, '~'));
   EXPECT_EQ(records[1].name, "Bob" + std::string(29, '~'));
@@ -68,7 +68,7 @@ TEST_F(FaultsTest, DeliversUnterminatedTextsInTheWrongOrderAndKeepsWhatIsStored)
 }
 
 TEST_F(FaultsTest, OverwritesTheBookTheKeyAndTheRecordOfAChange) {
-  SimulatorSetLies(kLieScribble);
+  SimulatorSetDefects(kDefectScribble);
   EntryKey key("Ann");
   CEmailEntry entry = MakeEntry("Ann");
   EXPECT_EQ(IMSPModifyEntry(&email, &key, &entry), kNoError);
@@ -82,12 +82,12 @@ TEST_F(FaultsTest, OverwritesTheBookTheKeyAndTheRecordOfAChange) {
 
 TEST_F(FaultsTest, ReportsAWrongCensusAndWrongSizes) {
   PutEmail("Bea");
-  SimulatorSetLies(kLieCensus | kLieSize);
+  SimulatorSetDefects(kDefectCensus | kDefectSize);
   EXPECT_EQ(IMSPReadPageBoundaries(&email, census, &(count = 4)), kNoError);
   EXPECT_EQ(census[0].count, 3);
   EXPECT_EQ(census[1].count, -5);
   for (const std::uint32_t size : {11U, 18U, 4U}) {
-    if (size == 4) SimulatorSetLies(0);
+    if (size == 4) SimulatorSetDefects(0);
     EXPECT_EQ(IMSPSizeofAB(&email, nullptr, &count), kNoError);
     EXPECT_EQ(count, size);
   }

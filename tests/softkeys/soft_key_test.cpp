@@ -121,7 +121,7 @@ TEST_F(SoftKeyTest, LoadsFromANameInBothDirections) {
 }
 
 TEST_F(SoftKeyTest, IsEmptyAfterALoadWithoutDataEvenIfTheServerLeavesTheCount) {
-  SimulatorSetLies(kLieFailedCount);
+  SimulatorSetDefects(kDefectFailedCount);
   SimulatorFail("IMSPReadAB", 1, kDataNotFound);
   EXPECT_EQ(key.Load("B", &book, {}, 1), kNoError);
   EXPECT_TRUE(key.IsEmpty());

@@ -38,7 +38,7 @@ TEST_F(TopLevelTest, LoadItemsDiscardsTheItemsAndReturnsTheCachedKey) {
   EXPECT_EQ(first->ItemCount(), 2);
   PutKey("E", {"four"});
   EXPECT_EQ(book.LoadItems("E"), nullptr) << "it is not cached";
-  SimulatorSetLies(kLieFailedCount);
+  SimulatorSetDefects(kDefectFailedCount);
   SimulatorFail("IMSPReadAB", 1, kFault);
   EXPECT_EQ(book.LoadItems("B"), nullptr);
 }

@@ -1,5 +1,5 @@
-// A server that lies about what it delivers: nothing is read or written outside an object, and what
-// an application is given stays inside its limits.
+// A server that defects about what it delivers: nothing is read or written outside an object, and
+// what an application is given stays inside its limits.
 
 #include <gtest/gtest.h>
 
@@ -66,10 +66,10 @@ class HostileServer : public ApplianceTest {
  protected:
   // Runs every exported function that calls the server, whatever the one before resulted in, and
   // the import; login and logout come last.
-  static void Tour(std::uint32_t lies, const char* failingEntry) {
+  static void Tour(std::uint32_t defects, const char* failingEntry) {
     SimulatorReset();
     Stage stage(LogIn());
-    SimulatorSetLies(lies);
+    SimulatorSetDefects(defects);
     if (*failingEntry != '\0') SimulatorFail(failingEntry, 0, 6);
     const ScratchFolder folder;
     const std::string script = folder.Write("script", "SE emailab \"Ann\" \"ann@mail.example\"\n");
@@ -95,7 +95,7 @@ TEST_F(HostileServer, WhatItWritesIntoARecordOfACallChangesNothingInMemory) {
   CTopLevelAB* book = GetTopLevelAbook(LogIn());
   LoadTopLevelAbook(book, 1);
   CSoftKey* key = GetKeyAt(book, 0);
-  SimulatorSetLies(kLieScribble);
+  SimulatorSetDefects(kDefectScribble);
   CMenuItem item;
   item.SetName("Desk");
   EXPECT_EQ(FastItemAdd(key, &item), 1);
@@ -106,7 +106,7 @@ TEST_F(HostileServer, WhatItWritesIntoARecordOfACallChangesNothingInMemory) {
   EXPECT_STREQ(GetKeyName(key), "Scan");
 }
 
-// The parameters: the lies, and an entry point that always fails, or none.
+// The parameters: the defects, and an entry point that always fails, or none.
 class HostileReplies : public HostileServer,
                        public testing::WithParamInterface<std::tuple<std::uint32_t, const char*>> {
 };
@@ -116,11 +116,11 @@ TEST_P(HostileReplies, ATourOfAllFunctionsStaysInBounds) {
 }
 
 INSTANTIATE_TEST_SUITE_P(AllCombinationsOfLies, HostileReplies,
-                         testing::Combine(testing::Range(0U, 2U * kLieUntold),
+                         testing::Combine(testing::Range(0U, 2U * kDefectUnreported),
                                           testing::Values("")));
 
 INSTANTIATE_TEST_SUITE_P(LiesAboutCountsWithAFailure, HostileReplies,
-                         testing::Combine(testing::Range(0U, 2U * kLieFailedCount),
+                         testing::Combine(testing::Range(0U, 2U * kDefectFailedCount),
                                           testing::Values("IMSPReadEntryProperties",
                                                           "IMSPListABEntries", "IMSPReadAB",
                                                           "IMSPSizeofAB", "IMSPCreateEntry")));

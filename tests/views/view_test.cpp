@@ -9,13 +9,14 @@ namespace quillkit {
 namespace {
 
 TEST_F(ViewWalk, ReturnsValidEntriesOfALyingServer) {
-  for (std::uint32_t lies = 1; lies < 64 && !HasFailure(); ++lies) {
-    SCOPED_TRACE("SimulatorSetLies " + std::to_string(lies));
-    SimulatorSetLies(lies);
+  for (std::uint32_t defects = 1; defects < 64 && !HasFailure(); ++defects) {
+    SCOPED_TRACE("SimulatorSetDefects " + std::to_string(defects));
+    SimulatorSetDefects(defects);
     for (const std::string& firsts : firstBytes) {
-      Walk(CSlidingEntryView(1 + static_cast<std::int32_t>(lies % 16)), firsts, 150, lies, 60);
-      Walk(CLetterEntryView(), firsts, 150, lies, 60);
-      Walk(CFullEntryView(), firsts, 150, lies, 60);
+      Walk(CSlidingEntryView(1 + static_cast<std::int32_t>(defects % 16)), firsts, 150, defects,
+           60);
+      Walk(CLetterEntryView(), firsts, 150, defects, 60);
+      Walk(CFullEntryView(), firsts, 150, defects, 60);
     }
   }
 }
@@ -73,7 +74,7 @@ TEST_F(ViewWalk, ReadsTheCensusOnceUnlessTheReadFails) {
 }
 
 TEST_F(ViewWalk, TreatsANegativeCountOfALetterAsZero) {
-  SimulatorSetLies(kLieCensus);  // the counts become 5, -3 and 3
+  SimulatorSetDefects(kDefectCensus);  // the counts become 5, -3 and 3
   PutBook("aabd", 4);
   CLetterEntryView view;
   view.AttachBook(&book);

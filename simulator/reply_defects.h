@@ -1,8 +1,8 @@
 // Wrong replies of the appliance. Each member has an effect only while its kind of wrong reply is
 // on.
 
-#ifndef QUILLKIT_SIMULATOR_LIES_H_
-#define QUILLKIT_SIMULATOR_LIES_H_
+#ifndef QUILLKIT_SIMULATOR_REPLY_DEFECTS_H_
+#define QUILLKIT_SIMULATOR_REPLY_DEFECTS_H_
 
 #include <cstddef>
 #include <cstdint>
@@ -12,9 +12,9 @@
 
 namespace quillbox {
 
-class Lies {
+class ReplyDefects {
  public:
-  void Set(std::uint32_t newLies);
+  void Set(std::uint32_t newDefects);
 
   // Increases all reported sizes by this number, independent of the wrong replies.
   void InflateSizes(std::uint32_t by) { inflation = by; }
@@ -23,11 +23,11 @@ class Lies {
   std::uint32_t DeliveredCount(std::size_t delivered, std::uint32_t capacity) const;
 
   // Whether a failing call leaves its count unchanged.
-  bool KeepsFailedCount() const { return Tells(kLieFailedCount); }
+  bool KeepsFailedCount() const { return IsOn(kDefectFailedCount); }
 
   // The slot for the record at `index` of `count`.
   std::size_t Place(std::size_t index, std::size_t count) const {
-    return Tells(kLieUnsorted) ? count - 1 - index : index;
+    return IsOn(kDefectUnsorted) ? count - 1 - index : index;
   }
 
   // Fills the texts of a delivered record, or a single text, completely, without a NUL.
@@ -50,13 +50,13 @@ class Lies {
   std::uint32_t Size(std::size_t size);
 
  private:
-  bool Tells(SimulatorLie lie) const { return (lies & lie) != 0; }
+  bool IsOn(SimulatorDefect defect) const { return (defects & defect) != 0; }
 
-  std::uint32_t lies = 0;
+  std::uint32_t defects = 0;
   std::uint32_t sizeError = 0;
   std::uint32_t inflation = 0;
 };
 
 }  // namespace quillbox
 
-#endif  // QUILLKIT_SIMULATOR_LIES_H_
+#endif  // QUILLKIT_SIMULATOR_REPLY_DEFECTS_H_
