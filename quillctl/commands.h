@@ -22,7 +22,7 @@ class Commands {
   // Adds a command that logs in and then runs `action`.
   CLI::App* Add(const char* name, const char* help, std::function<void(Session&)> action);
 
-  // Adds a command that logs in itself, if it needs to.
+  // Adds a command that runs without a login. `action` can log in with the credentials.
   CLI::App* AddOffline(const char* name, const char* help, Action action);
 
   // Runs the command that was parsed.

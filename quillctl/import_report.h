@@ -18,7 +18,7 @@ void ShowImportSummary(const std::string& file, const ImportRows& rows, bool isV
 // many more there are.
 void ShowFaults(const ImportRows& rows, std::size_t limit);
 
-// Prints both to standard output as JSON.
+// Prints the summary and all invalid rows to standard output as JSON.
 void ShowImportJson(const ImportRows& rows, bool isVerified);
 
 // Writes the header, if there is one, and the rows with a fault to a file, byte for byte as in the

@@ -2,9 +2,8 @@
 //
 // The values of a row are those that the library's converters read. The converters report no
 // errors: they truncate long values, treat a missing column as empty and skip rows silently. Here
-// such a row has a fault. A row whose line in the script would be invalid for a server has one,
-// too. The functions that read rows find the faults of their format; MarkInvalidRows finds the
-// others.
+// such a row has a fault. So does a row whose script line a server would reject. The functions that
+// read rows find the faults of their format; MarkInvalidRows finds the others.
 
 #ifndef QUILLCTL_IMPORT_ROWS_H_
 #define QUILLCTL_IMPORT_ROWS_H_
@@ -80,7 +79,7 @@ inline constexpr std::size_t kPrivateFields = 2;
 void MarkInvalidRows(std::vector<ImportRow>& rows, const AddressBook& book, bool isAdmin,
                      std::span<const std::int32_t> columns);
 
-// Sets the fault of each row that was sent to `why`, unless `entries` contains its entry.
+// For each row that was sent and whose entry is not in `entries`: sets the fault to `why`.
 void MarkMissingRows(std::vector<ImportRow>& rows, std::span<const Row> entries,
                      std::string_view why);
 

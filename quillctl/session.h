@@ -40,7 +40,7 @@ class Session {
   // Logs out, unless LogOut was called, and releases the server library.
   ~Session();
 
-  // Logs out. Scanner() can still be read.
+  // Logs out. Scanner() stays valid.
   void LogOut();
 
   // Logs in again with the same credentials. Handles from before become invalid.

@@ -19,9 +19,9 @@ struct TextField {
 
 struct BookType {
   BookKind kind = BookKind::kNone;
-  bool isPrivate = false;  // each user has their own books
-  std::string_view
-      fixedName;  // of the only book of this kind; empty: any number of books, each with a name
+  bool isPrivate = false;  // each user has a separate set of books
+  // The name of the only book of this kind. Empty: any number of books, each with its own name.
+  std::string_view fixedName;
   std::size_t recordSize = 0;
   std::span<const TextField> texts;
 

@@ -13,10 +13,12 @@ namespace quillbox {
 // The text of a command: up to its NUL, at most 400 bytes.
 std::string_view CommandText(const char* text);
 
-// Runs a command: a word of 14 characters; for the first two words also a first text, a comma and a
-// second text, which is ignored. A backup copies all books except the log under its first text. A
-// restore puts the copy back. Returns 0; 4 if there is no such backup, which changes nothing; 17
-// for any other word.
+// Runs a command, which begins with a word of 14 characters:
+//   the backup word    stores a copy of all books except the log under the first text
+//   the restore word   replaces the books by that copy; returns 4 and changes nothing without one
+//   the check word     does nothing
+// For the first two, the first text, a comma and an ignored second text follow the word. Returns 0;
+// 17 for any other word.
 Status RunDatabaseCommand(Contents& contents, std::string_view command);
 
 }  // namespace quillbox

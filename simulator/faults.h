@@ -15,13 +15,13 @@ namespace quillbox {
 
 class Faults {
  public:
-  // Makes a call of this entry point ("": of any) fail: occurrence 1 is the next call, 0 every
-  // call.
+  // Makes a call of this entry point fail. An empty `entry` means any entry point. Occurrence 1 is
+  // the next call; 0 means every call.
   void Add(std::string_view entry, std::int32_t occurrence, Status status);
   void Clear() { waiting.clear(); }
 
   // Counts a call for every pending fault that matches it. Returns the status of the first fault
-  // that is due; all due faults are used up.
+  // that is due. Removes the due faults, except those of every call (occurrence 0).
   std::optional<Status> CountCall(std::string_view entry);
 
  private:

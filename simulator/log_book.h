@@ -33,8 +33,8 @@ class LogBook {
   // REQUIRES: `index` is below Size(filter). Valid until the next change.
   const LogRecord& At(std::string_view filter, std::size_t index) const;
 
-  // Removes the records of a user; all for "" and "*"; for a text of names that each follow "_!",
-  // the records of all other users.
+  // Removes the records of one user, or all records for "" and "*". A filter such as "_!A_!B"
+  // removes the records of all users except A and B.
   void Clear(std::string_view filter);
 
  private:

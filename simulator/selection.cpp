@@ -21,7 +21,7 @@ NameFilter NameFilter::Beginning(std::string_view text) {
 
 NameFilter::NameFilter(std::string_view text, bool isWhole)
     : from(text), isName(isWhole), matchesNone(text.size() > FixedText<32>::kMaxLength) {
-  // The lowest text above all that begin with this one: increments the last byte that can be.
+  // The lowest text above all that begin with this one: increments the last byte below 0xFF.
   while (!text.empty() && text.back() == '\xFF') text.remove_suffix(1);
   if (text.empty()) return;
   std::string above(text);

@@ -54,7 +54,7 @@ class NameFilter {
 struct Delivery {
   std::size_t begin = 0;  // the first position delivered
   std::size_t count = 0;
-  std::size_t slot = 0;  // its first slot in the buffer: a backward read always fills the last slot
+  std::size_t slot = 0;  // the first slot to fill; a backward read fills the end of the buffer
   Status status = kNoError;
 };
 

@@ -22,8 +22,8 @@
 //     renaming one yields 11.
 //   - Deleting the e-mail, printer or private book empties it. Deleting any other fixed book yields
 //     12.
-//   - A key book and its entry in the top-level book are created, deleted and renamed together. So
-//     are an account and the private books of its user.
+//   - A key book and its entry in the top-level book are created, deleted and renamed together. The
+//     private books of a user are deleted and renamed with the account.
 //   - A record with an empty name, or with a text that has no NUL in its field, yields 7.
 //   - LOGAB supports IMSPSizeofAB, IMSPReadAB and IMSPClearAB; other calls on it yield 13. It holds
 //     one record (32 bytes user name, then a text) for each login, logout and batch, at most
@@ -55,12 +55,12 @@ enum SimulatorDefect : std::uint32_t {
   // The rows of the letter census report twice the number of entries plus one; every other row
   // reports a negative number.
   kDefectCensus = 16,
-  // Sizes and numbers of books are wrong by 7 more at every call.
+  // Reported sizes and numbers of books are too high: by 7 at first, and by 7 more at each call.
   kDefectSize = 32,
-  // The caller's book of every call, and its key and record of a change, are overwritten
-  // completely, whatever the status.
+  // Every call overwrites the caller's book. A change also overwrites the caller's key and record.
+  // Both happen for every status.
   kDefectScribble = 64,
-  // Bulk reads, listings and the census report one record less than they delivered.
+  // Bulk reads, listings and the census report one record fewer than they delivered.
   kDefectUnreported = 128,
 };
 
@@ -84,8 +84,8 @@ void SimulatorSetIdentity(const char* bytes, std::uint32_t size);
 
 // Set the time-out of calls (default 30,000) and the keep-alive period (default 60,000), both in
 // milliseconds. A session without any call for that period is dropped: later calls return 10. Real
-// time without calls counts from a tenth of a second. IMSPIOCtl 1 changes the time-out for the
-// session; a login resets it to the value set here. SimulatorTimeout returns the current one.
+// time below a tenth of a second is ignored. IMSPIOCtl 1 changes the time-out for the session; a
+// login resets it to the value set here. SimulatorTimeout returns the current one.
 void SimulatorSetTimeout(std::uint32_t milliseconds);
 void SimulatorSetWakeupPeriod(std::uint32_t milliseconds);
 std::uint32_t SimulatorTimeout();

@@ -20,9 +20,9 @@ class StateFile {
   // Whether Save can write a file.
   bool IsOpen() const { return !keptPath.empty(); }
 
-  // Writes the contents to a new file, which then replaces the old one atomically and takes its
+  // Writes the contents to a new file, which replaces the old one atomically and gets its
   // permissions: a reader finds the old state or the new one. On failure, keeps the old file and
-  // reports that on standard error. REQUIRES: IsOpen().
+  // reports the failure on standard error. REQUIRES: IsOpen().
   void Save(const Contents& contents) const;
 
  private:

@@ -51,8 +51,8 @@ class Store {
 
   // --- Books ---
 
-  // Returns 9 for a fixed book, an existing name and PRIVATEAB, the name with which lists are
-  // renamed; 7 for an empty name or one without a NUL.
+  // Returns 9 for a fixed book, an existing name, or PRIVATEAB, which is reserved for renaming
+  // lists; 7 for an empty name or one without a NUL.
   Status CreateBook(const BookPath& path);
 
   // Empties the e-mail, printer and private books instead of deleting them: applications delete
@@ -60,7 +60,7 @@ class Store {
   Status DeleteBook(const BookPath& path);
 
   // Returns 3 for an unknown book; 7 for a new name that is empty or has no NUL; 9 for an existing
-  // name.
+  // new name or PRIVATEAB.
   Status RenameBook(const BookPath& path, const EntryKey& name);
 
   // Removes the entries that match the filter. Returns 3 for an unknown book.

@@ -1,4 +1,4 @@
-// A program that must finish something before it terminates.
+// Defers termination until the program has finished a task.
 
 #ifndef QUILLCTL_SYSTEM_DEFERRED_TERMINATION_H_
 #define QUILLCTL_SYSTEM_DEFERRED_TERMINATION_H_

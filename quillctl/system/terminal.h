@@ -1,4 +1,4 @@
-// The terminal that standard input may be.
+// Standard input as a terminal.
 
 #ifndef QUILLCTL_SYSTEM_TERMINAL_H_
 #define QUILLCTL_SYSTEM_TERMINAL_H_
@@ -9,8 +9,8 @@ namespace quillctl {
 bool StdinIsTerminal();
 
 // While this object exists, the terminal does not echo what is typed. The destructor restores the
-// echo, and so does an interrupt by the user, who cannot suspend the program meanwhile. In the
-// background, the constructor waits until the program is in the foreground. No effect if standard
+// echo, and so does Ctrl-C. The user cannot suspend the program during this time. If the program is
+// in the background, the constructor waits until it is in the foreground. No effect if standard
 // input is not a terminal. Only one object may exist at a time.
 class EchoOff {
  public:

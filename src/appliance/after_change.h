@@ -1,4 +1,4 @@
-// How a plain change of an entry ends.
+// Reloads cached data after a successful change on the server.
 
 #ifndef QUILLKIT_APPLIANCE_AFTER_CHANGE_H_
 #define QUILLKIT_APPLIANCE_AFTER_CHANGE_H_

@@ -1,9 +1,10 @@
 // The operations on the entries of one book on the server.
 //
-// A BookAccess is made for a call or two and keeps no state. Each operation makes one server call
-// (ModifyEach one for each record) and returns its status unchanged: with 21 ("More Data Available
-// than request") and 4 ("Data Not Found") there may be records, and the caller decides. Without an
-// agent, every operation returns -1 and makes no call.
+// A BookAccess is a temporary object that holds only the agent and the name of the book. Each
+// operation makes one server call (ModifyEach one for each record) and returns its status
+// unchanged. With 21 ("More Data Available than request") or 4 ("Data Not Found"), the buffer may
+// contain records; the caller decides whether to use them. Without an agent, every operation
+// returns -1 and makes no call.
 //
 // Book, key and sent record are copies: a server that overwrites them changes neither the caller's
 // nor the next call's. In delivered records and rows, each text ends inside its field, so it may be
@@ -34,7 +35,7 @@ Status AskAgent(CAgent* agent, Status (CAgent::*operation)(Parameters...),
   return agent != nullptr ? (agent->*operation)(std::forward<Arguments>(arguments)...) : kRefused;
 }
 
-// Whether the count of a bulk read is there and not 0.
+// Returns whether the count of a bulk read is not null and not 0.
 inline bool OffersRoom(const std::uint32_t* count) {
   return count != nullptr && *count != 0;
 }

@@ -2,8 +2,9 @@
 // the server. The main handle of an application.
 //
 // A scanner is bound if it has an address and an agent. The books, the sizes, the clears and the
-// services marked so need a bound scanner; all other operations need only the agent. Unless stated
-// otherwise, an operation without what it needs returns -1 and makes no call.
+// services documented with "on an unbound scanner" need a bound scanner. All other operations need
+// only the agent. Unless stated otherwise, an operation without what it needs returns -1 and makes
+// no call.
 
 #ifndef QUILLKIT_APPLIANCE_SCANNER_H_
 #define QUILLKIT_APPLIANCE_SCANNER_H_
@@ -153,7 +154,7 @@ class CScanner : public RootObject {
     return AskAgent(Agent(), &CAgent::ProbeIdentity, this, third);
   }
 
-  // -1, no records or null without an agent.
+  // Without an agent, these return -1, a count of 0, or null.
   Status EnrolUser(CUserEntry* entry) const {
     return AskAgent(agent, &CAgent::EnrolUser, address, entry);
   }
@@ -304,7 +305,7 @@ inline bool operator==(const CScanner& a, const CScanner& b) {
 }
 
 // Returns `*scanner`, or for null a scanner without an agent: its operations return -1 and make no
-// call; ClearEmailBook and its like return 0.
+// call; the five Clear...Book operations return 0.
 const CScanner& ScannerOrUnbound(const CScanner* scanner);
 
 }  // namespace quillkit

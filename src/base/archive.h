@@ -15,9 +15,9 @@
 // Invariants while loading:
 //   1. Nothing is read past the end, and nothing is allocated for more records than the remaining
 //      bytes can hold.
-//   2. After the first error, Failed() stays true: every later value loads as 0, every text as
-//      empty, every object as null, and a list ends. The object with the error is null too: loaded
-//      objects are complete.
+//   2. After the first error, Failed() stays true. Every later value loads as 0, every text as
+//      empty and every object as null; lists stop growing. The object with the error also loads as
+//      null, so loaded objects are always complete.
 
 #ifndef QUILLKIT_BASE_ARCHIVE_H_
 #define QUILLKIT_BASE_ARCHIVE_H_
@@ -89,9 +89,9 @@ class Archive {
   void StoreObject(RootObject* object);
 
   // Loads the next object, of class `Object` or a derived class. Returns null if null was stored.
-  // If the class is not registered, has another schema or is no `Object`, the archive fails and
-  // null is returned; the content is not read, so that a stream cannot nest deeper than the classes
-  // do.
+  // If the class is not registered, has another schema or is not derived from `Object`, the archive
+  // fails and null is returned; the content is not read, so that a stream cannot nest deeper than
+  // the classes do.
   // REQUIRES: !IsStoring().
   template <class Object>
   std::unique_ptr<Object> LoadObject() {

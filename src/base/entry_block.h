@@ -151,7 +151,8 @@ class EntryBlock {
     return static_cast<std::size_t>(count) * sizeof(Record);
   }
 
-  // The server soon fills most blocks: zeroing the whole block would write it twice.
+  // Blank() writes only a few bytes. Zeroing would write the whole block, which the server then
+  // usually overwrites.
   static void* NewRecords(std::int32_t count) {
     if constexpr (requires(Record record) { record.Blank(); }) {
       auto* const records = static_cast<Record*>(std::malloc(Bytes(count)));
@@ -168,7 +169,7 @@ class EntryBlock {
     }
   }
 
-  // For functions that move records with constructors bytewise.
+  // Converts to void*: compilers warn about memmove of a type that has constructors.
   static void* Raw(Record* records) { return records; }
 
   static bool Fits(std::int32_t count) {

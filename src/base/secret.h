@@ -10,8 +10,8 @@
 
 namespace quillkit {
 
-// Overwrites the bytes with zeroes. The empty statement may read them as far as the compiler knows,
-// so it cannot remove the write.
+// Overwrites the bytes with zeroes. The empty asm statement prevents the compiler from removing the
+// write: the compiler must assume that the statement reads the bytes.
 inline void WipeBytes(void* bytes, std::size_t size) {
   std::memset(bytes, 0, size);
   asm volatile("" : : "r"(bytes) : "memory");

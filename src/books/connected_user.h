@@ -11,15 +11,15 @@ class CScanner;
 class CUserRecord;
 
 // Returns the logged-in user of the scanner's agent, or of TheAgent if the scanner is null or has
-// no agent; null if nobody is logged in. The agent owns the record, which is valid until the next
+// no agent; null if no user is logged in. The agent owns the record, which is valid until the next
 // login, logout or shutdown.
 CUserRecord* ConnectedUser(const CScanner* scanner);
 
-// Returns 1 if that is "ADMINISTRATOR", otherwise 0.
+// Returns 1 if the user is "ADMINISTRATOR", otherwise 0.
 int IsConnectedUserAdministrator(const CScanner* scanner);
 
 // Copies the user's name, cut at `size` - 1 bytes, and fills the rest of `size` bytes with NULs.
-// Returns 1; or 0 and changes nothing if nobody is logged in or `size` is 0.
+// Returns 1; or 0 and changes nothing if no user is logged in or `size` is 0.
 int GetConnectedUserName(const CScanner* scanner, char* buffer, std::size_t size);
 
 }  // namespace quillkit

@@ -3,8 +3,8 @@
 // Two families change them:
 //   plain  changes the server, then reads the entries or lists again if `reload` is set; returns 1
 //          or 0, and 0 too if the change succeeded and the reload failed
-//   Fast   changes the server, then the memory; returns a count or -1, or 1 or 0, and fails too if
-//          the changed entry is not in memory
+//   Fast   changes the server, then the memory; returns a count or -1, or 1 or 0; also fails if the
+//          changed entry is not in memory
 // In both, if the server refuses the change, the memory stays unchanged. Nothing is rolled back.
 //
 // Without a scanner every operation that needs the server fails and makes no call, except
@@ -65,8 +65,10 @@ class CFaxAB : public RootObject, public PublicListBook<CFaxAB, CPubFaxDL> {
   // CScanner::ClearFaxBook, which makes the server calls.
   Status ClearBook();
 
-  // --- Entries. Server calls: IMSPCreateEntry, IMSPReadEntryProperties, IMSPModifyEntry (twice),
-  // --- IMSPDeleteEntry.
+  // --- Entries: see the two families above ---
+  //
+  // Server calls: IMSPCreateEntry, IMSPReadEntryProperties, IMSPModifyEntry (modify and rename) or
+  // IMSPDeleteEntry; then those of LoadEntries if `reload` is set.
 
   int AddEntry(CFaxEntry* entry, std::int32_t reload);
   int ReadEntry(CFaxEntry* entry, std::int32_t reload);

@@ -58,8 +58,8 @@ class CFaxEntryList {
   int RemoveAt(std::int32_t index) { return items.RemoveAt(index) ? 1 : 0; }
   int SetAt(std::int32_t index, const CFaxEntry& entry);
 
-  // The walk. A step moves its position also past the ends; the same number of steps leads back.
-  // Return null outside the list.
+  // Walk through the list. A step can move the position past an end; the same number of steps back
+  // returns to the same entry. Return null outside the list.
   CFaxEntry* FirstEntry();
   CFaxEntry* NextEntry() { return Step(walkCursor < INT32_MAX ? 1 : 0); }
   CFaxEntry* PrevEntry() { return Step(walkCursor > INT32_MIN ? -1 : 0); }
@@ -72,7 +72,8 @@ class CFaxEntryList {
   std::int32_t FindFirstEntry(const std::string& pattern, std::int32_t mode);
   std::int32_t FindNextEntry(std::int32_t mode);
 
-  // Binary search of a list that is sorted by name, from `low` to the last index plus `low`.
+  // Binary search in a list that is sorted by name. The initial bounds are `low` and `low` +
+  // Count() - 1; indexes outside the list are skipped. Returns the index or -1.
   std::int32_t BinaryLookup(std::string_view pattern, std::int32_t low, std::int32_t mode) const;
 
   // The position of the walk as a 32-bit value, then that number of entries: a list whose walk is

@@ -63,13 +63,13 @@ class CPrinterAB : public RootObject {
   // Stores the number of printers on the server. Server calls: IMSPSizeofAB.
   Status ServerCount(std::uint32_t* count) const { return Scanner().SizeofPrinters(count); }
 
-  // Empties the book with CScanner::ClearPrintersBook, and drops the printers even if that fails.
-  // Returns its status.
+  // Empties the book with CScanner::ClearPrintersBook, and frees the printers in memory even if
+  // that fails. Returns its status.
   Status ClearBook();
 
-  // Deletes the printers' book on the appliance of TheAgent, under the long time-out, and drops the
-  // printers even if that fails. Returns the status of the deletion. If the time-out cannot be read
-  // or set, returns that status and changes nothing.
+  // Deletes the printers' book on the appliance of TheAgent, under the long time-out, and frees the
+  // printers in memory even if that fails. Returns the status of the deletion. If the time-out
+  // cannot be read or set, returns that status and changes nothing.
   // Server calls: IMSPIOCtl 2 and 1, IMSPDeleteAB, IMSPIOCtl 1.
   Status DeleteBook();
 
@@ -147,16 +147,16 @@ class CPrinterAB : public RootObject {
   // Returns the index of the first printer whose `isDefault` is 1, or -1.
   std::int32_t FindDefaultPrinter() const;
 
-  // Makes a printer the default. Returns -1, always: use FindDefaultPrinter to see the result. The
-  // first status that is not 0 ends it, and so does a list in memory without a default. Calling it
-  // for the present default leaves the appliance without one. Server calls:
-  // IMSPReadEntryProperties, IMSPModifyEntry to set the new default, IMSPModifyEntry to clear that
-  // of the list in memory, and those of LoadPrinters.
+  // Makes a printer the default. Always returns -1: use FindDefaultPrinter to see the result. Stops
+  // at the first status that is not 0, and after the first change if no printer in memory is the
+  // default. If the printer is already the default, no printer is the default afterwards.
+  // Server calls: IMSPReadEntryProperties; IMSPModifyEntry to set the new default; IMSPModifyEntry
+  // to clear the default in memory; those of LoadPrinters.
   std::int32_t SetDefaultPrinter(std::string_view name);
 
   // Search by name: the whole name if `wholeName` is set, otherwise its beginning. FindFirstPrinter
-  // returns the index or -1. FindNextPrinter continues as NameCursor does, before any search at
-  // index 1; without a hit it returns the index of the latest one.
+  // returns the index or -1. FindNextPrinter continues as NameCursor does; before any search it
+  // starts at index 1. Without a hit, it returns the index of the previous hit.
   std::int32_t FindFirstPrinter(const std::string& pattern, bool wholeName);
   std::int32_t FindNextPrinter(bool wholeName);
 

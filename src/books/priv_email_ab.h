@@ -2,8 +2,9 @@
 // local copy can be read, changed, written to an archive and restored.
 //
 // A CUserRecord owns the book and decides the route to the server (CUserRecord::Route). A book
-// without a user uses the route of the session. ServerEntryCount, ServerListCount, the time-outs,
-// and the deletions of the book and in DeleteAllLists and ClearAll always go through TheAgent.
+// without a user uses the route of the session. These always go through TheAgent: ServerEntryCount,
+// ServerListCount, the time-outs, every deletion of the book itself, and the deletions of lists in
+// DeleteAllLists and ClearAll.
 //
 // Plain operations change the server and, with `reload`, read the lists with their members again.
 // Local ones change the server and then the copy. Nothing is rolled back. Operations that delete in
@@ -61,17 +62,17 @@ class CPrivEmailAB : public RootObject, private ListSet<CPrivEmailDL> {
   // LoadLists. Returns 1 if its status is 0 or 4, otherwise 0.
   int LoadListsChecked(std::int32_t withMembers);
 
-  // Reads the members of every list that has none. Returns the first status other than 0 and 4,
-  // which ends this; otherwise 0.
+  // Reads the members of every list that has none. Stops at the first status other than 0 and 4 and
+  // returns it; otherwise returns 0.
   Status LoadAllMembers();
 
   bool EntriesLoaded() const { return entries.IsLoaded(); }
   bool ListsLoaded() const { return listsLoaded != 0; }
 
   // Creates the book on the server from the copy: every entry with CPrivEntryPage::SendAll and, if
-  // the last one returned 0, every list with WriteMembers. Returns the first failing status, which
-  // ends this. Lists that were read from an archive have no book: they return 0 even if the server
-  // refuses.
+  // the last one returned 0, every list with WriteMembers. Stops at the first list that fails.
+  // Returns the first failing status, or 0. Lists that were read from an archive have no book: they
+  // return 0 even if the server refuses.
   Status WriteBack();
 
   // Deletes the lists, if there are at most 100, and the book on the server, and keeps the copy.
@@ -111,8 +112,10 @@ class CPrivEmailAB : public RootObject, private ListSet<CPrivEmailDL> {
   // Returns `list`, or null for an index out of range.
   CPrivEmailDL* SetListAt(std::int32_t index, CPrivEmailDL* list);
 
-  // Creates the list and its members on the server; the caller keeps `list`. Returns whether the
-  // last call returned 0. With 100 lists in the copy it records code 24 and makes no call.
+  // Creates the list and its members on the server; the caller keeps `list`. With `reload`, then
+  // reads the lists again, even after a failure. Returns whether the creation of the last member
+  // (or of the list, if it has none or fails) returned 0; the status of the reload is ignored. With
+  // 100 lists in the copy it records code 24, returns false and makes no call.
   bool AddList(CPrivEmailDL* list, std::int32_t reload);
 
   // The same, and adds `list` at the end of the copy, which then owns it, even if a member is
@@ -129,12 +132,13 @@ class CPrivEmailAB : public RootObject, private ListSet<CPrivEmailDL> {
   // Returns 1 if the server returned 0, otherwise 0.
   int RenameList(const std::string& name, const std::string& newName, std::int32_t reload);
 
-  // Add a list of the new name with the members that the server delivers for the source, at most
-  // 512, or that a public list holds. Return 1 if AddList returned true, or AddListLocal a count;
-  // otherwise 0. If the members cannot be read, they add nothing. A list that the server does not
-  // know (status 4 for its size) is copied as an empty one. A public list without members is read
-  // first, through the e-mail book of the owner's scanner, or of the agent's last scanner for the
-  // session's own account. If no book is open there, they return 0 and make no call.
+  // Add a list of the new name. Its members are those that the server delivers for the source, at
+  // most 512, or those that a public list has in memory. Return 1 if AddList returned true or
+  // AddListLocal a count, otherwise 0. If the members cannot be read, nothing is added. A list that
+  // the server does not know (status 4 for its size) is copied as an empty one. A public list
+  // without members is read first: through the e-mail book of the owner's scanner, or, for the
+  // session's own account, of the agent's last scanner. If no book is open there, they return 0 and
+  // make no call.
   int CopyList(const CPrivEmailDL& source, const std::string& newName, std::int32_t reload);
   int CopyListLocal(const CPrivEmailDL& source, const std::string& newName);
   int CopyPublicList(CPubEmailDL* source, const std::string& newName, std::int32_t reload);

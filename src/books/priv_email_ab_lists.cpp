@@ -1,4 +1,4 @@
-// The single lists of a private book.
+// The lists of a private book.
 
 #include <memory>
 

@@ -52,8 +52,9 @@ class CUserAB : public RootObject {
   // an empty list, also if the server has more. Server calls: IMSPReadAB.
   int Load();
 
-  // The walk. Each fills `record` and returns it, or returns null outside the list. A step always
-  // moves the position: Previous after a step past the end returns the last account.
+  // Walk through the list. Each fills `record` and returns it, or returns null outside the list. On
+  // a list with accounts a step always moves the position: Previous after a step past the end
+  // returns the last account.
   CUserRecord* First(CUserRecord* record);
   CUserRecord* Next(CUserRecord* record);
   CUserRecord* Previous(CUserRecord* record);
@@ -94,8 +95,8 @@ class CUserAB : public RootObject {
   // Returns the new count, or -1. Has the limit of AddUser.
   std::int32_t AddLocal(CUserRecord* record);
 
-  // DeleteLocal returns the new count, or -1, and keeps the log. They also fail if the changed
-  // account is not in memory.
+  // DeleteLocal returns the new count, or -1, and keeps the log. RenameLocal sends the whole record
+  // but changes only the name in memory. All three also fail if the account is not in memory.
   std::int32_t DeleteLocal(CUserRecord* record);
   bool RenameLocal(const std::string& oldName, CUserRecord* record);
   bool ModifyLocal(CUserRecord* record);

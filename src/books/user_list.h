@@ -46,7 +46,8 @@ class CUserList {
   // Returns 1, or 0 for an index out of range. Only the removal of the last record frees memory.
   int RemoveAt(std::int32_t index);
 
-  // Returns the new count; or 0 without memory, and with 4096 records, which records code 24.
+  // Returns the new count, or 0 on failure: if the allocation fails, or if the list has 4096
+  // accounts, when it also records code 24.
   std::int32_t Append(const CUserEntry& record);
 
   // Frees the block.
@@ -57,8 +58,8 @@ class CUserList {
   // no call for an empty list. Server calls: IMSPReadAB.
   Status Load(std::string_view startKey, std::int32_t direction);
 
-  // Writes every record to the server in turn. Returns the first status that is not 0, which ends
-  // this; or -1 and makes no call for an empty list or without an owner.
+  // Writes every record to the server in turn. Stops at the first status that is not 0 and returns
+  // it. Returns -1 and makes no call for an empty list or without an owner.
   // Server calls: IMSPModifyEntry for each record.
   Status SaveAll();
 

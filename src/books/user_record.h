@@ -1,4 +1,4 @@
-// One account with what it has only in memory: the book it came from and its private book.
+// An account record, with the book it came from and its private book.
 //
 // A record with an owner reaches the server through that book's appliance. One without is the
 // session's own and calls TheAgent. Operations that write return 1 or 0; the status is the agent's
@@ -107,8 +107,10 @@ class CUserRecord : public CUserEntry {
   // After loading, check Archive::Failed().
   void SerializeWithBook(Archive& archive);
 
-  // --- Log: CAgent::ReadLog, ClearLog, LogCount and LogRecordAt for this user, on the agent of the
-  // --- owner's appliance, or on TheAgent if there is none
+  // --- Log ---
+  //
+  // As CAgent's ReadLog, ClearLog, LogCount and LogRecordAt for this user. Use the agent of the
+  // owner's appliance, or TheAgent if there is none.
 
   Status LoadLog() const;
   Status ClearMyLog() const;

@@ -125,8 +125,8 @@ class CAgent : public RootObject {
 
   // --- Appliances ---
 
-  // Appends a scanner, takes its ownership, and deletes an earlier one of the same address. A
-  // scanner that is in the list moves to the end. Returns 1, or 0 for null.
+  // Appends a scanner, which the agent then owns. Deletes an earlier one of the same address. A
+  // scanner that is already in the list moves to the end. Returns 1, or 0 for null.
   int AddScanner(CScanner* scanner);
 
   // Returns the scanner of this address, or null.
@@ -154,12 +154,13 @@ class CAgent : public RootObject {
   // Server calls: IMSPIOCtl 6, which is recorded.
   Status StartWakeup();
 
-  // Stops the timer. A later StartWakeup() still takes it as running, until Logout() resets that.
+  // Stops the timer. Until Logout(), StartWakeup() still treats the timer as running.
   void StopWakeup();
 
-  // Calls StartWakeup() if no timer is set. Returns whether it returned 0; true if a timer is set.
-  // It also returns true without a running timer after Logout(), which keeps the number of the
-  // timer, and after StopWakeup(), when StartWakeup() returns 0 and starts none.
+  // Calls StartWakeup() if WakeupTimer() is 0. Returns true if WakeupTimer() is not 0, or if
+  // StartWakeup() returns 0. True does not always mean that a timer runs:
+  //   - Logout() stops the timer but keeps its id.
+  //   - After StopWakeup(), StartWakeup() returns 0 without starting a timer.
   bool EnsureWakeup();
 
   TimerId WakeupTimer() const { return wakeupTimer; }
@@ -168,8 +169,8 @@ class CAgent : public RootObject {
 
   // --- Services ---
 
-  // Sets the time-out of server calls, in seconds, and stores the old one, rounded down to seconds,
-  // in `*old`; unchanged if it cannot be read. Server calls: IMSPIOCtl 2, IMSPIOCtl 1.
+  // Sets the time-out of server calls, in seconds. Stores the old one, rounded down to seconds, in
+  // `*old`. If the old one cannot be read, changes neither. Server calls: IMSPIOCtl 2, IMSPIOCtl 1.
   Status SetServerTimeout(std::uint32_t seconds, std::uint32_t* old);
 
   // Sets the time-out that it reads, rounded down to seconds.
@@ -185,9 +186,10 @@ class CAgent : public RootObject {
   Status BackupDatabase(const char* first, const char* second);
   Status RestoreDatabase(const char* first, const char* second);
 
-  // Runs the check command under the long time-out, even if that cannot be set, and always restores
-  // the old time-out, or KeepServerTimeout if it could not be read. Returns the status of the
-  // command. Server calls: those of SetServerTimeout, IMSPIOCtl 7, those of SetServerTimeout.
+  // Runs the check command under the long time-out. Continues even if that cannot be set.
+  // Afterwards restores the old time-out; if that could not be read, calls KeepServerTimeout.
+  // Returns the status of the command. Server calls: those of SetServerTimeout, IMSPIOCtl 7, those
+  // of SetServerTimeout.
   Status CheckDatabase();
 
   // Sends a database command: 0 backs up, 1 restores, 2 checks. `first`, a comma and `second`
@@ -200,8 +202,9 @@ class CAgent : public RootObject {
   // fails. Server calls: IMSPSizeofAB and, if there are records, IMSPReadAB on LOGAB.
   Status ReadLog(const std::string& user);
 
-  // Clear the log under the long time-out like RunBatch: the part that `filter`, a user's name,
-  // selects, or that the filter "_!ADMINISTRATOR_!GUEST" selects.
+  // Clear a part of the log under the long time-out, like RunBatch. ClearLog clears what `filter`
+  // selects, such as the name of a user. ClearLogExceptSystem clears the records of all users
+  // except ADMINISTRATOR and GUEST (filter "_!ADMINISTRATOR_!GUEST").
   // Server calls: as RunBatch, with IMSPClearAB on LOGAB.
   Status ClearLog(const std::string& filter);
   Status ClearLogExceptSystem();

@@ -71,7 +71,7 @@ CAgent::ScannerList::const_iterator CAgent::Locate(std::uint32_t address) const 
                       [&](const CScanner* each) { return each->Address() == address; });
 }
 
-// Removes a scanner from the list. An iteration that is at it continues with the next one.
+// Removes a scanner from the list. If it is the next one of an iteration, the iteration skips it.
 std::unique_ptr<CScanner> CAgent::Take(ScannerList::const_iterator position) {
   std::unique_ptr<CScanner> scanner(*position);
   if (scanCursor == position) ++scanCursor;

@@ -2,8 +2,9 @@
 //
 // The caller owns records and buffers; no pointer is kept after the call. A count pointer is input
 // and output: the number of records that fit the buffer, then the number delivered. A filter or
-// range may be null where the comment says so. `direction` is 1 to read forward from the range's
-// `first`, and 0 to read backward from it. Every function returns a Status.
+// range may be null where the comment says so. `direction` is 1 to read forward from the entry
+// after the range's `first`, and 0 to read backward from the entry before it. Every function
+// returns a Status.
 
 #ifndef QUILLKIT_BRIDGE_IMSP_API_H_
 #define QUILLKIT_BRIDGE_IMSP_API_H_

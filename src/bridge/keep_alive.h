@@ -1,7 +1,8 @@
-// Who sends the session keep-alive (IMSPWakeup) when it is due.
+// Sending of the session keep-alive (IMSPWakeup) when it is due.
 //
-// The library sends it at once, on the thread of the timer. A module that serialises the calls of
-// several threads takes over the sending, so that the keep-alive waits for its turn too.
+// By default the library sends it immediately, on the thread of the timer. A module that serialises
+// the calls of several threads can install its own sender, so that the keep-alive also waits for
+// its turn.
 
 #ifndef QUILLKIT_BRIDGE_KEEP_ALIVE_H_
 #define QUILLKIT_BRIDGE_KEEP_ALIVE_H_
@@ -12,9 +13,9 @@ namespace quillkit {
 using KeepAlive = void (*)();
 using KeepAliveSender = void (*)(KeepAlive send);
 
-// Passes every later keep-alive to `sender`, on the thread of the timer; null restores the sending
-// at once. `sender` runs `send` now or later, on any thread, while no other thread is inside the
-// library. Returns the earlier sender, null if there was none.
+// Passes every later keep-alive to `sender`, on the thread of the timer. Null restores immediate
+// sending. `sender` runs `send` now or later, on any thread, while no other thread is inside the
+// library. Returns the earlier sender, or null if there was none.
 // REQUIRES: no other thread uses the library.
 KeepAliveSender SetKeepAliveSender(KeepAliveSender sender);
 

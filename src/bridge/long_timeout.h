@@ -17,8 +17,8 @@ namespace quillkit {
 
 class LongTimeout {
  public:
-  // The calls of a raise are IMSPIOCtl 2 and 1. Those of a restore are IMSPIOCtl 1 for
-  // milliseconds, and IMSPIOCtl 2 and 1 for seconds, where the old value is rounded down.
+  // Server calls to raise the time-out: IMSPIOCtl 2 and 1. To restore it: IMSPIOCtl 1 in
+  // milliseconds; IMSPIOCtl 2 and 1 in seconds, where the old value is rounded down.
   enum class Unit { kSeconds, kMilliseconds };
 
   struct Results {
@@ -48,8 +48,9 @@ class LongTimeout {
     return {status, Restore()};
   }
 
-  // Does all three, whatever each returns. If the old time-out could not be read, the long one was
-  // not set, and the restore keeps the time-out that it reads. Returns the status of the work.
+  // Raises the time-out, runs `work` and restores the time-out, even if one of them fails. If the
+  // old time-out could not be read, the long one is not set, and the restore reads the present
+  // time-out and sets it again. Returns the status of the work.
   // REQUIRES: the agent is not null, the unit is seconds.
   template <class Work>
   Status RunAlways(Work work) {

@@ -11,7 +11,7 @@ namespace quillkit {
 // 0, a server code, or one of the local codes below 0.
 using Status = std::int32_t;
 
-// The codes of the server. The library itself raises or tests those with a comment.
+// The codes of the server. A comment marks a code that the library itself uses.
 inline constexpr Status kNoError = 0;
 inline constexpr Status kDuplicateLogin = 1;
 inline constexpr Status kWrongUser = 2;
@@ -40,8 +40,8 @@ inline constexpr Status kInvalidHost = 25;  // a host name that does not resolve
 
 // Local codes. They are returned and not recorded as the last error; the only exception is
 // described at CAgent::BackupDatabase and RestoreDatabase.
-inline constexpr Status kRefused = -1;          // not connected, no such file, or a bad argument
-inline constexpr Status kUnusableInput = -2;    // a file that cannot be read, a text not accepted
+inline constexpr Status kRefused = -1;        // not connected, no such file, or an invalid argument
+inline constexpr Status kUnusableInput = -2;  // a file that cannot be read, a rejected text
 inline constexpr Status kMissingArgument = -3;  // an argument is absent, or not 7-bit
 inline constexpr Status kUnknownFormat = -11;
 

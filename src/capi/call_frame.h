@@ -242,7 +242,7 @@ class ScopeExit {
   bool isArmed = true;
 };
 
-// Work that ends the handles below its first argument unless it returns `kUnchanged`.
+// Work that ends the handles below its first argument, unless the function returns `kUnchanged`.
 template <auto kFunction, std::int32_t kUnchanged>
 inline constexpr auto kChange = [](auto* changed, const auto&... arguments) {
   ScopeExit end([=] { Handles().EndBelow(changed); });
@@ -251,7 +251,8 @@ inline constexpr auto kChange = [](auto* changed, const auto&... arguments) {
   return result;
 };
 
-// Work that ends these handles if its last argument, `reload`, is set.
+// Work that ends the handles below `changed` if `reload` is set. Passes `reload` as the last
+// argument of the function.
 template <auto kFunction>
 inline constexpr auto kReload = [](std::int32_t reload, auto* changed, const auto&... arguments) {
   ScopeExit end([=] { Handles().EndBelow(changed); });

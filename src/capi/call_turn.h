@@ -7,8 +7,8 @@
 
 namespace quillkit::capi {
 
-// The turn of one call, from construction to destruction. The constructor waits while the call of
-// another thread is inside. If Fault() is not 0, the call has no turn and must do nothing.
+// The turn of one call, from construction to destruction. The constructor waits while another
+// thread is inside the library. If Fault() is not 0, the call has no turn and must do nothing.
 //
 // A keep-alive that is due while the call of another thread is inside is sent at the end of that
 // call. The thread of the keep-alive does not wait, so its windows stay responsive during an import
@@ -21,7 +21,7 @@ class CallTurn {
   ~CallTurn();
 
   // Returns 0; QUILL_E_NESTED inside another call of the thread; QUILL_E_FORKED in a forked child.
-  // The child does not take the lock, whose holder may not exist there.
+  // The child does not take the lock: the thread that holds it may not exist in the child.
   std::int32_t Fault() const { return fault; }
 
  private:

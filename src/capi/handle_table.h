@@ -51,8 +51,11 @@ class HandleTable {
   // Returns whether an object belongs to `parent`, which is in the table.
   bool IsUnder(const void* object, const void* parent) const;
 
-  // Remove an object if it is in the table, the objects below an object or a parent that the
-  // library owns, and all objects of a kind.
+  // Remove objects and end their handles. An object that is not in the table is ignored.
+  //   End       the object
+  //   EndBelow  the objects of the library below the object
+  //   EndUnder  the objects of the library with this parent
+  //   EndAll    all objects of a kind
   void End(const void* object);
   void EndBelow(const void* object);
   void EndUnder(quill_handle parent);

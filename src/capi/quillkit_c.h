@@ -30,13 +30,13 @@
 // while it waits, and a window procedure calls this library.
 //
 // Keep-alive. The session keep-alive (IMSPWakeup; its status is discarded) is a timer of the thread
-// that logged in, and ends with that thread. The thread must let it run: on Windows by dispatching
-// messages; on POSIX by any call that is not refused (quill_version and quill_error_text excepted),
-// or by QuillkitDispatchEvents (platform/posix/event_loop.h), which this library exports too. The
-// keep-alive waits for its turn like a call. If it is due while the call of another thread runs,
-// that thread sends it at the end of its call; the thread that logged in does not wait. Log out on
-// the thread that logged in: after a logout on another thread the timer continues without a
-// session.
+// that logged in, and ends with that thread. The timer runs on Windows when the thread dispatches
+// messages. On POSIX it runs when the thread makes a call that is not refused (except quill_version
+// and quill_error_text) or calls QuillkitDispatchEvents (platform/posix/event_loop.h), which this
+// library also exports. The keep-alive waits for its turn like a call. If it is due while the call
+// of another thread runs, that thread sends it at the end of its call; the thread that logged in
+// does not wait. Log out on the thread that logged in: after a logout on another thread the timer
+// continues without a session.
 //
 // Fork. In a child of fork(), every function except quill_version and quill_error_text does
 // nothing, takes no lock and returns QUILL_E_FORKED. The session of the parent is not affected. End
@@ -70,8 +70,8 @@
 //                                            quill_destroy_menu_item.
 //   user     quill_get_current_              Owned by the library. Ends with quill_logout,
 //            connected_user                  quill_exit and every login, except a failed one that
-//                                            leaves a user connected. No function has it as an
-//                                            argument.
+//                                            leaves a user connected. No function accepts
+//                                            it.
 //
 // Text. 8-bit characters without a character set, NUL-terminated. The library copies a text
 // argument before use. Null yields QUILL_E_ARGUMENT unless stated otherwise. A text result is
@@ -122,9 +122,9 @@ typedef uint64_t quill_handle;
 // Errors of this library.
 enum {
   QUILL_E_NULL = -1001,      // the handle is 0
-  QUILL_E_STALE = -1002,     // the object of the handle has ended, or the book of the key has
+  QUILL_E_STALE = -1002,     // the object of the handle, or the book of the key, was destroyed
   QUILL_E_FOREIGN = -1003,   // not a handle, or a handle of another kind of object
-  QUILL_E_OWNER = -1004,     // the application does not own the object, or it is of another book
+  QUILL_E_OWNER = -1004,     // the application does not own the object, or its book is another
   QUILL_E_ARGUMENT = -1005,  // a text, result or size is null
   QUILL_E_BUFFER = -1006,    // the text needs a larger buffer
   QUILL_E_MEMORY = -1007,    // an allocation failed; what the call did before that remains
@@ -137,8 +137,9 @@ enum {
 // This library
 // ---------------------------------------------------------------------------------------------
 
-// Return QUILLKIT_VERSION of the build of the library, and the text of an error above, or "" for
-// any other number. Both texts are valid as long as the library.
+// quill_version returns the version of the library (QUILLKIT_VERSION when it was built).
+// quill_error_text returns the text of a QUILL_E_ value, or "" for any other number. Both texts are
+// valid as long as the library.
 QUILL_API const char* quill_version(void);
 QUILL_API const char* quill_error_text(int32_t error);
 
@@ -206,8 +207,8 @@ QUILL_API int32_t quill_get_top_level_abook(quill_handle scanner, quill_handle* 
 QUILL_API int32_t quill_get_count(quill_handle book);
 
 // Replaces the cached keys by those of the server, with their items if `with_items` is set. Returns
-// a status; after any other than 0, no keys are cached. A key loaded without items only supports
-// quill_get_key_name, quill_is_soft_key_empty and quill_get_db_item_count.
+// a status; after any other than 0, no keys are cached. A key loaded without items has no cached
+// items, and only quill_get_db_item_count can reach its items on the server.
 QUILL_API int32_t quill_load_top_level_abook(quill_handle book, int32_t with_items);
 
 // Add a key to the server, delete a key and its items, and write the entry of the key with the name

@@ -16,9 +16,9 @@ namespace {
 
 constexpr const char* kErrorTexts[] = {
     /*-1001*/ "the handle is 0",
-    /*-1002*/ "the object of the handle has ended",
+    /*-1002*/ "the object of the handle no longer exists",
     /*-1003*/ "not a handle of such an object",
-    /*-1004*/ "the object belongs to another",
+    /*-1004*/ "the object has a different owner",
     /*-1005*/ "an argument is null",
     /*-1006*/ "the buffer is too small",
     /*-1007*/ "out of memory",

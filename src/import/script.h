@@ -28,8 +28,8 @@ namespace quillkit {
 // Writes a script: text in pieces, through a buffer of its own, to a text file. A piece is composed
 // in the buffer itself.
 //
-// Lines end in '\n' here, and on disk as text files of the system do. After the first write that
-// fails, as on a full disk, all later text is dropped and Close() returns false. The buffer is
+// Callers end lines with '\n'; the file gets the line ends of the system. After the first write
+// that fails, as on a full disk, all later text is dropped and Close() returns false. The buffer is
 // wiped at the end: a script of accounts contains their passwords.
 class ScriptWriter {
  public:

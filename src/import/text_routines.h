@@ -8,15 +8,15 @@
 
 namespace quillkit {
 
-// Splits a text at a separator outside double quotes, like a tokenizer: with a text, starts at its
-// beginning; with null, continues after the last field. A field ends at the next separator, which
-// becomes a NUL, or at the end of the text; two adjacent separators have an empty field between
-// them. Quotes stay in the field. The separator is compared before the quote: if it is the double
-// quote, a field ends at the next one.
+// Returns the next field of a text, like strtok. A `text` that is not null starts a new splitting;
+// null continues the current one. A field ends at the next separator outside double quotes, which
+// becomes a NUL, or at the end of the text. Two adjacent separators have an empty field between
+// them. Quotes stay in the field. If the separator is the double quote, a field ends at the next
+// double quote.
 //
-// Returns the field, or null if there is none: after the last field, or if this one has an unclosed
-// quote, which leaves the text unchanged and ends the splitting. The process has one position, so
-// splittings must not overlap.
+// Returns null after the last field. Also returns null for a field with an unclosed quote: the text
+// is unchanged and the splitting ends. The process has one position: only one splitting can be
+// active at a time.
 TextSpan NextQuotedField(char* text, char separator);
 
 // Removes every occurrence of `removed` and moves the following text down. Returns the remaining

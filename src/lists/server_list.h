@@ -2,7 +2,7 @@
 // the two families of changes.
 //
 //   Member operations   change the server, then read the whole list again if `reload` is set;
-//                       return the status of the change, whatever the reload returns
+//                       return the status of the change and ignore that of the reload
 //   ...Local            change the server, then update the members in place; return -1 if the
 //                       server refuses
 //
@@ -60,8 +60,8 @@ class ServerList : public DistributionList<Entry> {
   // Removes the member that the entry names. Server calls: IMSPDeleteEntry.
   Status RemoveMember(Entry* entry, std::int32_t reload) override;
 
-  // Append the entry. Return the new count. With 512 members they record code 24, return -1 and
-  // make no call. They do the same.
+  // Append the entry. Return the new count. With 512 members, record code 24, return -1 and make no
+  // call. AddLocalUnlimited is the same as AddLocal.
   std::int32_t AddLocal(Entry* entry);
   std::int32_t AddLocalUnlimited(Entry* entry) { return AddLocal(entry); }
 
@@ -81,8 +81,7 @@ class ServerList : public DistributionList<Entry> {
     return book != nullptr ? book->MembersOf(name) : BookAccess<Entry>(nullptr, kListKind, name);
   }
 
-  // Returns the access to the session's list of this name: to that on the appliance of TheAgent,
-  // with or without a book.
+  // Returns the access to the list of this name through TheAgent. Needs no book.
   BookAccess<Entry> SessionAccess() const { return {&TheAgent, kListKind, name}; }
 
   Status ReloadAfter(Status changed, std::int32_t reload) {

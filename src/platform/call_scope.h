@@ -5,9 +5,9 @@
 
 namespace quillkit {
 
-// Activates the library's module context on the calling thread, and restores the previous one at
-// the end. Scopes nest. On Windows, nothing needs to be switched: resources are found through the
-// library's own module handle. On POSIX, entering runs the thread's due timers.
+// Created at the start of every exported function. On POSIX, the constructor runs the due timers of
+// the thread. On Windows it does nothing: resources are found through the library's own module
+// handle. Scopes may nest.
 class CallScope {
  public:
   CallScope();

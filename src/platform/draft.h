@@ -25,8 +25,8 @@ inline bool IsDraftName(std::string_view name) {
   return !name.empty() && name.front() != '0' && name.find_first_not_of("0123456789") == name.npos;
 }
 
-// The users who may read a file that did not exist before, on a system that stores permissions with
-// the file: those that the process's file mode mask allows, or only the owner.
+// Who can read a file that did not exist before. kUsual: the users that the file mode mask of the
+// process allows. kOwner: only the owner. On Windows, the folder determines this.
 enum class Readers { kUsual, kOwner };
 
 // Replaces the file at `path` with these bytes, or creates it. The bytes are on the disk before the

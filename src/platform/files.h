@@ -22,8 +22,8 @@ struct CreatedFile {
 
 // Creates an empty file with a unique name that begins with `prefix` (three letters) in the folder
 // for temporary files. On POSIX the folder is the first of $TMPDIR, $TMP, $TEMP and $TEMPDIR that
-// is not empty, else /tmp; the file belongs to the user alone. Where others can rename files in the
-// folder, the path may lead to another file at any time: write to the open file only.
+// is not empty, else /tmp; only the user can access the file. If other users can rename files in
+// the folder, the path may lead to another file at any time: write to the open file only.
 CreatedFile CreateTemporaryFile(const char* prefix);
 
 // Deletes a file. A failure is ignored.

@@ -8,10 +8,10 @@ namespace quillkit {
 // A window of the application: a HWND on Windows. Null means no window.
 using WindowHandle = void*;
 
-// Removes and handles the pending messages of the thread, up to the first that arrives meanwhile; a
-// request to quit stays. Each is offered to `window` as a dialog message; if it is not one, it is
-// translated and dispatched. On POSIX, runs the thread's due timers. REQUIRES: `window` is not
-// null.
+// Handles the pending messages of the thread. Stops after the first message that arrives during the
+// call. A quit message is posted again. Each message is offered to `window` as a dialog message; if
+// it is not one, it is translated and dispatched. On POSIX, runs the thread's due timers.
+// REQUIRES: `window` is not null.
 void PumpThreadMessages(WindowHandle window);
 
 // Show the wait cursor, remove it, and show it again after other code changed it. No effect on

@@ -1,8 +1,8 @@
 // A file that is open for reading or for writing.
 //
-// Bytes go to the system as they come, without a buffer in between. A signal that interrupts an
-// operation does not end it. Programs that this one starts do not inherit the file, and on Windows
-// no other program can open it for writing meanwhile.
+// Reads and writes are not buffered. An operation that a signal interrupts is continued. Child
+// processes do not inherit the file. On Windows, no other program can open it for writing while it
+// is open.
 
 #ifndef QUILLKIT_PLATFORM_OPEN_FILE_H_
 #define QUILLKIT_PLATFORM_OPEN_FILE_H_

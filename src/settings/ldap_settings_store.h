@@ -1,7 +1,7 @@
 // The settings of directory servers, stored for the user: texts and 32-bit numbers by name, with or
 // without a profile.
 //
-// They are in the key "Software\\\\Tarvenor\\\\Ledgerhouse\LDAP" of the user's settings
+// They are in the key "Software\Tarvenor\Ledgerhouse\LDAP" of the user's settings
 // (platform/user_settings.h). A profile is a subkey of its name. Names come from the caller, may
 // contain any bytes, and end at their NUL; a backslash in a profile's name separates two keys. A
 // null or empty profile means the settings without a profile, unless a function says otherwise.

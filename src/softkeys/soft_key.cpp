@@ -18,7 +18,7 @@ int CSoftKey::Init(const std::string& name, std::int32_t capacity, CTopLevelAB* 
 
 Status CSoftKey::Load(const std::string& name, CTopLevelAB* newOwner, std::string_view firstName,
                       std::int32_t direction) {
-  KeyRange range(firstName, "*");  // before the block goes: `firstName` may lie in it
+  KeyRange range(firstName, "*");  // copied before Init frees the block that may contain it
   if (Init(name, MaxKeyItems, newOwner) == 0) return kRefused;
   auto count = static_cast<std::uint32_t>(items.count());
   const Status status = owner->ReadKeyItems(keyName, &range, items.data(), &count, direction);

@@ -10,8 +10,7 @@
 // Invariants:
 //   1. Items are in the server's order, followed by those that FastItemAdd appended.
 //   2. A pointer to an item is valid until the next operation that changes the key.
-//   3. Without an owner, every server operation except GetDBItemCount returns -1 (or 0) and makes
-//   no
+//   3. Without an owner, every server operation except GetDBItemCount returns -1 or 0 and makes no
 //      call.
 
 #ifndef QUILLKIT_SOFTKEYS_SOFT_KEY_H_
@@ -35,9 +34,9 @@ inline constexpr std::int32_t MaxKeyItems = 512;
 
 class CSoftKey {
  public:
-  // Sets the name (of any length) and the owner, and allocates `capacity` blank items, which all
-  // count: a new key of capacity 512 has 512 items until it is loaded. Returns 1, or 0 without
-  // memory or, with no change, for a null owner.
+  // Sets the name (of any length) and the owner, and allocates `capacity` blank items. These count
+  // as items: a new key of capacity 512 has 512 items until it is loaded. Returns 1; 0 if the
+  // allocation fails; 0 and no change for a null owner.
   int Init(const std::string& name, std::int32_t capacity, CTopLevelAB* newOwner);
 
   // Reads up to 512 items of the key `name`, starting after `firstName`. Returns the status of the
@@ -49,8 +48,9 @@ class CSoftKey {
   Status Load(const std::string& name, CTopLevelAB* newOwner, std::string_view firstName,
               std::int32_t direction);
 
-  // Moves the content of `other` into this key and sets the owner to `newOwner`: the owner of
-  // `other` may be destroyed at any time. `other` keeps its name and owner, and has no items.
+  // Moves the items of `other` into this key and copies its name. Sets the owner to `newOwner`, not
+  // to the owner of `other`, which may be destroyed earlier. `other` keeps its name and owner, and
+  // has no items.
   void TakeOver(CSoftKey& other, CTopLevelAB* newOwner);
 
   // Returns 1, or 0 and no change for a name of 32 or more bytes.
@@ -74,8 +74,8 @@ class CSoftKey {
   int RemoveItemAt(std::int32_t index);
 
   // Search by name: the whole name if `wholeName` is set, otherwise its beginning. Return the index
-  // of the hit, or -1. FindNextItem continues as NameCursor does; after a Load it starts at
-  // index 1.
+  // of the hit, or -1. FindNextItem continues as NameCursor does; after a Load it starts at index
+  // 1.
   std::int32_t FindFirstItem(const std::string& pattern, bool wholeName);
   std::int32_t FindNextItem(bool wholeName);
 

@@ -1,4 +1,4 @@
-// The frame of every exported function.
+// The code that every exported function runs before and after its work.
 
 #ifndef QUILLKIT_TOOLKIT_CALL_FRAME_H_
 #define QUILLKIT_TOOLKIT_CALL_FRAME_H_

@@ -36,8 +36,8 @@
 //                                          items.
 //                 CreateMenuItem           Owned by the application. Valid until DestroyMenuItem.
 //   CUserRecord*  GetCurrentConnectedUser  Owned by the library. Valid until Logout, Exit or the
-//                                          next login. Only good for a test against null: no
-//                                          function has it as an argument.
+//                                          next login. Compare it only with null: no function
+//                                          accepts it.
 //
 // Text. 8-bit characters without a character set. Names are compared byte for byte. A text argument
 // is a std::string: build the application with the same standard library as Quillkit. The library
@@ -199,7 +199,7 @@ QUILLKIT_API std::int32_t GetCount(CTopLevelAB* book);
 // handles of keys that the book owns become invalid. Returns the status of the listing, 0 if there
 // are no keys. After any other status, also with more than 11 keys on the server, no keys are
 // cached. If the items of a key cannot be read, the key has those that were delivered. A key loaded
-// without items only supports GetKeyName, IsSoftKeyEmpty and GetDBItemCount.
+// without items has no cached items, and only GetDBItemCount can reach its items on the server.
 // Server calls: IMSPListABEntries; with items, IMSPReadAB for each key, whose status is ignored.
 QUILLKIT_API std::int32_t LoadTopLevelAbook(CTopLevelAB* book, std::int32_t withItems);
 
@@ -381,7 +381,8 @@ QUILLKIT_API std::int32_t SetSettings(CMenuItem* item, std::uint32_t value);
 // Fills an address book of the appliance from a file of this machine: converts the file into a
 // script in the folder for temporary files and makes the server run it, for up to an hour.
 //   `path`     The file. "*" and "?" in its last component are wildcards for the test that the file
-//              exists; the file is then opened under the name as given. A pipe is waited for.
+//              exists; the file is then opened under the name as given. Opening a named pipe waits
+//              for its writer.
 //   `options`  See import/import_options.h. Read during the call only.
 // Rows that cannot be used are skipped without a report. Returns a status:
 //   0    the server ran the script without an error
@@ -400,8 +401,8 @@ QUILLKIT_API std::int32_t SetSettings(CMenuItem* item, std::uint32_t value);
 // rename files in the folder for temporary files, they can make the server run another script: use
 // a safe folder.
 //
-// The temporary file is deleted after the server has run it. It remains after -11, after a failed
-// conversion, and if an allocation fails.
+// The temporary file is deleted after the attempt to run it, also if that fails. It remains after
+// -11, after a failed conversion, and if an allocation fails.
 // Server calls: IMSPIOCtl 2, IMSPIOCtl 1, IMSPBatchConfiguration, IMSPIOCtl 2, IMSPIOCtl 1.
 QUILLKIT_API std::int32_t ImportAddressBook(CScanner* scanner, const char* path,
                                             const ImportOptions* options);

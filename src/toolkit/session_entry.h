@@ -15,9 +15,9 @@ class CUserRecord;
 // moment the next login starts to resolve its host. Only GetTopLevelAbook reads it.
 inline std::int32_t SessionOpen = 0;
 
-// Fills `record` with the credentials of an application. Returns 1, or 0 and no change for a name
-// over 31, a password over 15 or a third text over 255 bytes. The name is refused, not cut: the
-// beginning of a name can be another account.
+// Fills `record` with the credentials that the application passed. Returns 1, or 0 and no change
+// for a name over 31, a password over 15 or a third text over 255 bytes. A long name is rejected,
+// not truncated: the truncated name could be that of another account.
 int BuildUserRecord(CUserRecord* record, const std::string& user, const std::string& password,
                     const std::string& third);
 

@@ -87,10 +87,11 @@ class CEntryPage {
 
   // --- Server ---
 
-  // Reads Count() entries that match `filter`, starting at `key`, in `direction` (1: forward, 0:
-  // back). The page then holds what was delivered, and nothing if the status is 4. If a failed call
-  // leaves the count unchanged, the page holds blank entries. Texts are cut at 31 characters.
-  // Returns the status; or -1 with no call if Count() is 0 or the page was never attached.
+  // Reads Count() entries that match `filter`, in `direction` (1: forward from after `key`, 0:
+  // backward from before it). `key` and `filter` are truncated to 31 bytes. The page then holds
+  // what was delivered, and nothing if the status is 4. If a failed call leaves the count
+  // unchanged, the page holds blank entries. Returns the status; or -1 with no call if Count() is 0
+  // or the page was never attached.
   // Server calls: IMSPReadAB.
   Status Fill(std::string_view key, std::string_view filter, std::int32_t direction);
 

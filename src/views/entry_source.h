@@ -21,7 +21,7 @@ class EntrySource : public RootObject {
  public:
   // A view calls these before and after the reads of one step. They do nothing here: a book that
   // threads share can lock in them.
-  // A CLetterEntryView whose census has fewer entries than the book does not call EndAccess.
+  // CLetterEntryView::GetAt does not call EndAccess if the census ends before the index.
   virtual void BeginAccess() {}
   virtual void EndAccess() {}
 

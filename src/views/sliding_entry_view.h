@@ -45,10 +45,10 @@ class CSlidingEntryView : public CEntryView {
   CEmailEntry* Next() override;
   CEmailEntry* Prev() override;
 
-  // If the census or the read has no entry at this index although the book is large enough, and
-  // while the census of a book of more than 128 letters is read, it returns the entry at the old
-  // position. Server calls: IMSPSizeofAB, IMSPReadPageBoundaries the first time, one IMSPReadAB for
-  // the name at the index, and at most three for the span around it.
+  // Returns null for an index outside the book. Returns the entry at the old position if the census
+  // or the read has no entry at this index, or if the census is read and has more than 128 letters.
+  // Server calls: IMSPSizeofAB, IMSPReadPageBoundaries the first time, one IMSPReadAB for the name
+  // at the index, and at most three for the span around it.
   CEmailEntry* GetAt(std::int32_t index) override;
 
   // Return -1.

@@ -135,10 +135,10 @@ void EndTimers(void* timers) {
   ownTimers = nullptr;
 }
 
-// Destroys the timers of a thread when the thread ends, those of the unloading thread with the
-// library, and those that a forked child inherits, whose descriptor belongs to the parent. A
-// thread_local destructor would keep the library in memory until the thread ends. The timers that
-// other threads have at unloading are not freed.
+// Destroys the timers of a thread at three times: when the thread ends; for the unloading thread,
+// with the library; and in a forked child, because the descriptor belongs to the parent. This is
+// not a thread_local destructor, which would keep the library in memory until the thread ends. The
+// timers of other threads are not freed when the library is unloaded.
 class ThreadEnd {
  public:
   ThreadEnd() {
