@@ -6,6 +6,7 @@
 
 #include <cstdint>
 
+#include "bridge/status.h"
 #include "import/conversion_job.h"
 #include "import/line_reader.h"
 #include "import/script.h"
@@ -13,11 +14,11 @@
 namespace quillkit {
 
 // The results of a converter.
-inline constexpr std::int32_t kConverted = 0;
+inline constexpr Status kConverted = kNoError;
 // The script cannot be created or completely written, as on a full disk.
-inline constexpr std::int32_t kScriptFailed = -1;
+inline constexpr Status kScriptFailed = kRefused;
 // The source cannot be opened or read, or is a folder.
-inline constexpr std::int32_t kSourceFailed = -2;
+inline constexpr Status kSourceFailed = kUnusableInput;
 
 class Conversion {
  public:

@@ -31,7 +31,7 @@ bool BeginsWith(TextSpan text, char c) {
 // Returns the name in the part of a row after its first field, or null if the row ends before it.
 // Makes three passes. A pass at a comma skips it and leaves the splitting where it is; any other
 // pass reads the next field.
-TextSpan FindName(TextSpan rest) {
+TextSpan NameField(TextSpan rest) {
   TextSpan name = rest;
   for (int pass = 0; pass < 3; ++pass) {
     if (BeginsWith(name, ',')) {
@@ -85,7 +85,7 @@ MailServerRow SplitMailServerRow(TextSpan line) {
   const TextSpan word = NextQuotedField(line.data(), ',');
   row.isMailbox = View(word) == kRowWord;
   if (!row.isMailbox || End(word) == End(line)) return row;
-  const TextSpan name = FindName(line.subspan(word.size() + 1));
+  const TextSpan name = NameField(line.subspan(word.size() + 1));
   if (name.data() == nullptr || End(name) == End(line)) return row;
   row.name = View(name);
   row.address = FindAddress({End(name) + 1, End(line)});

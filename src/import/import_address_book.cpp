@@ -13,15 +13,12 @@
 namespace quillkit {
 namespace {
 
-constexpr std::int32_t kNoSuchFile = -1;
-constexpr std::int32_t kNotConnected = -1;
-constexpr std::int32_t kNoOptions = -3;
 constexpr const char* kScriptPrefix = "QK7";
 
 // Makes the server run the script, under the wait cursor.
 std::int32_t SubmitImportScript(const CScanner* scanner, const std::string& script) {
   BeginWaitCursor();
-  const std::int32_t result = scanner != nullptr ? scanner->RunBatch(script) : kNotConnected;
+  const std::int32_t result = scanner != nullptr ? scanner->RunBatch(script) : kRefused;
   EndWaitCursor();
   return result;
 }
@@ -30,8 +27,8 @@ std::int32_t SubmitImportScript(const CScanner* scanner, const std::string& scri
 
 std::int32_t ImportAddressBookFile(const CScanner* scanner, const char* path,
                                    const ImportOptions* options) {
-  if (options == nullptr) return kNoOptions;
-  if (!MatchesAnyFile(path)) return kNoSuchFile;
+  if (options == nullptr) return kMissingArgument;
+  if (!MatchesAnyFile(path)) return kRefused;
 
   // If no file can be created, the converter reports that it cannot write the script.
   CreatedFile script = CreateTemporaryFile(kScriptPrefix);
