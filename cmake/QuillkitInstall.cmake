@@ -20,7 +20,7 @@ foreach(header IN LISTS public_headers)
   cmake_path(GET header PARENT_PATH folder)
   install(FILES src/${header} DESTINATION ${headers}/${folder} COMPONENT Development)
 endforeach()
-install(FILES simulator/simulator.h DESTINATION ${headers}/simulator COMPONENT Development)
+install(FILES simulator/simulator.h DESTINATION ${headers}/simulator COMPONENT Simulator)
 install(FILES src/toolkit/api.json DESTINATION ${shared} COMPONENT Development)
 install(DIRECTORY examples DESTINATION ${shared} COMPONENT Development)
 
@@ -100,7 +100,7 @@ if(TARGET quillctl)
   # Also search for the server library beside quillctl and in the library folder.
   set_target_properties(quillctl PROPERTIES INSTALL_RPATH "$ORIGIN;$ORIGIN/${libraries}")
   install(TARGETS quillctl COMPONENT Tools)
-  install(DIRECTORY quillctl/data/ DESTINATION ${shared}/examples COMPONENT Tools
+  install(DIRECTORY quillctl/data/ DESTINATION ${shared}/quillctl COMPONENT Tools
           FILES_MATCHING PATTERN "*.csv" PATTERN "*.ldif")
   if(NOT WIN32)
     install(FILES docs/quillctl.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT Tools)
