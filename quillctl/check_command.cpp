@@ -127,8 +127,8 @@ void AddCheckCommand(Commands& commands) {
   };
   const auto a = std::make_shared<Arguments>();
   CLI::App* check =
-      commands.AddOffline("check", "Test whether an appliance is compatible with Quillkit",
-                          [a](const Credentials& c) { CheckAppliance(c, a->write, a->json); });
+      commands.AddWithoutLogin("check", "Test whether an appliance is compatible with Quillkit",
+                               [a](const Credentials& c) { CheckAppliance(c, a->write, a->json); });
   check->add_flag("--write", a->write,
                   "Also add a soft key with an unused name, change it and delete it again");
   AddJson(check, a->json);

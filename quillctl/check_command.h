@@ -17,11 +17,6 @@
 
 namespace quillctl {
 
-class Commands;
-
-// Adds "check".
-void AddCheckCommand(Commands& commands);
-
 // The reason why a step was skipped.
 class Skip : public std::runtime_error {
   using runtime_error::runtime_error;

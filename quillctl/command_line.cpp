@@ -4,17 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "quillctl/check_command.h"
 #include "quillctl/commands.h"
-#include "quillctl/completion.h"
-#include "quillctl/demo_command.h"
 #include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
-#include "quillctl/import_command.h"
-#include "quillctl/info_command.h"
-#include "quillctl/item_commands.h"
-#include "quillctl/key_commands.h"
-#include "quillctl/key_set_commands.h"
 #include "quillctl/password.h"
 #include "toolkit/version.h"
 

@@ -12,13 +12,13 @@ std::string NameFault(const std::string& name) {
 }  // namespace
 
 CLI::App* Commands::Add(const char* name, const char* help, std::function<void(Session&)> action) {
-  return AddOffline(name, help, [run = std::move(action)](const Credentials& credentials) {
+  return AddWithoutLogin(name, help, [run = std::move(action)](const Credentials& credentials) {
     Session session(credentials);
     run(session);
   });
 }
 
-CLI::App* Commands::AddOffline(const char* name, const char* help, Action action) {
+CLI::App* Commands::AddWithoutLogin(const char* name, const char* help, Action action) {
   CLI::App* command = app.add_subcommand(name, help);
   command->callback([this, run = std::move(action)] { parsed = run; });
   return command;

@@ -23,7 +23,7 @@ class Commands {
   CLI::App* Add(const char* name, const char* help, std::function<void(Session&)> action);
 
   // Adds a command that runs without a login. `action` can log in with the credentials.
-  CLI::App* AddOffline(const char* name, const char* help, Action action);
+  CLI::App* AddWithoutLogin(const char* name, const char* help, Action action);
 
   // Runs the command that was parsed.
   void Run(const Credentials& credentials) const { parsed(credentials); }
@@ -43,6 +43,16 @@ CLI::Option* AddName(CLI::App* command, const char* title, std::string& into, co
 
 // Adds --json.
 void AddJson(CLI::App* command, bool& into);
+
+// Add the commands of each family.
+void AddKeyCommands(Commands& commands);
+void AddItemCommands(Commands& commands);
+void AddKeySetCommands(Commands& commands);
+void AddImportCommand(Commands& commands);
+void AddCheckCommand(Commands& commands);
+void AddInfoCommand(Commands& commands);
+void AddDemoCommand(Commands& commands);
+void AddCompletionCommand(Commands& commands);
 
 }  // namespace quillctl
 

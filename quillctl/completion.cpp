@@ -1,4 +1,5 @@
-#include "quillctl/completion.h"
+// The shell scripts that complete the commands and options of quillctl. They are generated from the
+// definition of the command line.
 
 #include <algorithm>
 #include <iostream>
@@ -197,7 +198,7 @@ std::string CompletionScript(const CLI::App& app, const std::string& shell) {
 void AddCompletionCommand(Commands& commands) {
   const auto shell = std::make_shared<std::string>();
   const CLI::App& program = commands.Program();
-  CLI::App* completion = commands.AddOffline(
+  CLI::App* completion = commands.AddWithoutLogin(
       "completion", "Print a script that completes commands and options in a shell",
       [&program, shell](const Credentials&) { std::cout << CompletionScript(program, *shell); });
   completion->add_option("shell", *shell, "The shell")

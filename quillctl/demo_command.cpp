@@ -1,4 +1,4 @@
-#include "quillctl/demo_command.h"
+// The demonstration: one run that shows the main functions of Quillkit.
 
 #include <filesystem>
 #include <iostream>
@@ -82,13 +82,13 @@ void ImportContacts(const Session& session, const std::string& file, const char*
   request.target = target;
   request.map = map;
   request.skipHeader = true;
-  ImportAsPartOfSession(request, session);
+  ImportInSession(request, session);
 }
 
 void ImportExport(const Session& session, const std::string& file, const char* format) {
   ImportRequest request = FileRequest(file);
   request.format = format;
-  ImportAsPartOfSession(request, session);
+  ImportInSession(request, session);
 }
 
 void ImportFiles(const Session& session, const DataFiles& files) {
@@ -131,13 +131,14 @@ void RunDemo(Session& session, const std::string& dataFolder) {
 void AddDemoCommand(Commands& commands) {
   const auto folder = std::make_shared<std::string>(DemoDataFolder());
   CLI::App* demo =
-      commands.AddOffline("demo", "Demonstrate Quillkit; adds entries to the address books",
-                          [folder](const Credentials& given) {
-                            Credentials credentials = given;
-                            if (!credentials.password) credentials.password = kSimulatedPassword;
-                            Session session(credentials);
-                            RunDemo(session, *folder);
-                          });
+      commands.AddWithoutLogin("demo", "Demonstrate Quillkit; adds entries to the address books",
+                               [folder](const Credentials& given) {
+                                 Credentials credentials = given;
+                                 if (!credentials.password)
+                                   credentials.password = kSimulatedPassword;
+                                 Session session(credentials);
+                                 RunDemo(session, *folder);
+                               });
   demo->add_option("--data", *folder,
                    "The folder of the files to import (default: the sample files)");
 }

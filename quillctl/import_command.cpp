@@ -165,7 +165,7 @@ std::string PathFault(const std::string& path) {
 
 }  // namespace
 
-void ImportAsPartOfSession(const ImportRequest& request, const Session& session) {
+void ImportInSession(const ImportRequest& request, const Session& session) {
   ImportPlan plan(request, quillkit::IsAdminConnected(session.Scanner()) != 0);
   RequireValidRows(plan, request);
   Import(plan, request, session);
@@ -174,7 +174,7 @@ void ImportAsPartOfSession(const ImportRequest& request, const Session& session)
 void AddImportCommand(Commands& commands) {
   const auto request = std::make_shared<ImportRequest>();
   ImportRequest& into = *request;
-  CLI::App* import = commands.AddOffline(
+  CLI::App* import = commands.AddWithoutLogin(
       "import", "Import a file into an address book",
       [request](const Credentials& credentials) { RunImport(*request, credentials); });
   import->footer(kFooter);

@@ -8,15 +8,10 @@
 
 namespace quillctl {
 
-class Commands;
-
 // Imports the file. Prints how many rows were imported, the invalid rows, the size of each book
 // that may have changed, and the first new entries. Throws a UsageError as ImportPlan does, and a
 // Refusal if the library or the appliance refuses or the file has no valid row.
-void ImportAsPartOfSession(const ImportRequest& request, const Session& session);
-
-// Adds "import".
-void AddImportCommand(Commands& commands);
+void ImportInSession(const ImportRequest& request, const Session& session);
 
 }  // namespace quillctl
 

@@ -70,7 +70,7 @@ bool IsMailboxLine(std::string_view text) {
   return MappedValues(line, kClass).front() == "Mailbox";
 }
 
-ImportRow MailServerRow(const FileLines& line) {
+ImportRow ReadMailServerRow(const FileLines& line) {
   ImportRow row{line.Number(), line.Bytes()};
   row.fault = LineFault(line.Text());
   if (!row.fault.empty()) return row;
@@ -136,7 +136,7 @@ ImportRows MailServerRows(std::string_view text) {
   for (FileLines lines(text); lines.Next();) {
     if (lines.IsWhiteSpace()) continue;
     if (IsMailboxLine(lines.Text()) || lines.Text().find('\r') != std::string_view::npos) {
-      found.rows.push_back(MailServerRow(lines));
+      found.rows.push_back(ReadMailServerRow(lines));
       continue;
     }
     if (found.rows.empty() && found.passedOver == 0) found.header = lines.Bytes();

@@ -10,15 +10,10 @@
 
 namespace quillctl {
 
-class Commands;
-
 // Returns the dotted text of an IPv4 address in network byte order.
 std::string DottedAddress(std::uint32_t address);
 
 void ShowInfo(const Session& session, bool json = false);
-
-// Adds "info".
-void AddInfoCommand(Commands& commands);
 
 }  // namespace quillctl
 

@@ -11,8 +11,6 @@
 
 namespace quillctl {
 
-class Commands;
-
 // Lists the items of one key, or of all keys if `key` is empty.
 void ShowItems(const Session& session, const std::string& key, bool json = false);
 
@@ -25,9 +23,6 @@ void RenameItem(const Session& session, const std::string& key, const std::strin
 // equals it.
 void FindItems(const Session& session, const std::string& pattern, bool wholeName,
                bool json = false);
-
-// Adds "items", "find", "add-item", "edit-item", "rename-item", "move" and "delete-item".
-void AddItemCommands(Commands& commands);
 
 }  // namespace quillctl
 

@@ -10,17 +10,12 @@
 
 namespace quillctl {
 
-class Commands;
-
 // Lists the keys and how many items each has on the server. Does not read the items.
 void ShowKeys(const Session& session, bool json = false);
 
 // Adds a key. The name must not be longer than 31 characters: the library would send an empty name.
 void AddKey(const Session& session, const std::string& name);
 void DeleteKey(const Session& session, const std::string& name);
-
-// Adds "keys", "add-key", "rename-key" and "delete-key".
-void AddKeyCommands(Commands& commands);
 
 }  // namespace quillctl
 

@@ -1,4 +1,4 @@
-#include "quillctl/key_set_commands.h"
+// `quillctl export` and `quillctl apply`: save an appliance's key set to a file, and restore it.
 
 #include <iostream>
 #include <memory>
@@ -153,13 +153,13 @@ void AddKeySetCommands(Commands& commands) {
                                 [a](Session& s) { ExportKeys(s, a->file); });
   save->add_option("file", a->file, "The file (default: standard output)")->type_name("FILE");
 
-  CLI::App* apply = commands.AddOffline("apply", "Replace all keys and items with those in a file",
-                                        [a](const Credentials& c) {
-                                          ApplyKeys(c, a->file,
-                                                    a->dryRun ? Confirmation::kDryRun
-                                                    : a->yes  ? Confirmation::kGiven
-                                                              : Confirmation::kAsk);
-                                        });
+  CLI::App* apply = commands.AddWithoutLogin(
+      "apply", "Replace all keys and items with those in a file", [a](const Credentials& c) {
+        ApplyKeys(c, a->file,
+                  a->dryRun ? Confirmation::kDryRun
+                  : a->yes  ? Confirmation::kGiven
+                            : Confirmation::kAsk);
+      });
   apply->add_option("file", a->file, "A file written by export")->required()->type_name("FILE");
   auto* yes = apply->add_flag("--yes", a->yes, "Do not ask for confirmation");
   apply->add_flag("--dry-run", a->dryRun, "Print the differences, without changing anything")
