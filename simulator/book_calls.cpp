@@ -11,13 +11,9 @@
 namespace quillbox {
 namespace {
 
-std::string_view TextOf(const char* filter) {
-  return filter != nullptr ? std::string_view(filter) : std::string_view();
-}
-
 // Serves a call that changes a book. `work` receives the store and the path of the book.
 template <class Work>
-Status Change(Appliance& appliance, const ABIdent* book, Work work) {
+Status ChangeBook(Appliance& appliance, const ABIdent* book, Work work) {
   if (book == nullptr) return kInvalidField;
   const Status status = Permit(appliance.session.User(), *book, Action::kChange);
   return status == kNoError ? work(appliance.contents.store, appliance.PathOf(*book)) : status;
@@ -63,8 +59,9 @@ Status IMSPCreateAB(ABIdent* book) {
   return Serve(
       {"IMSPCreateAB"},
       [book](Appliance& appliance) {
-        return Change(appliance, book,
-                      [](Store& store, const BookPath& path) { return store.CreateBook(path); });
+        return ChangeBook(appliance, book, [](Store& store, const BookPath& path) {
+          return store.CreateBook(path);
+        });
       },
       book);
 }
@@ -73,8 +70,9 @@ Status IMSPDeleteAB(ABIdent* book) {
   return Serve(
       {"IMSPDeleteAB"},
       [book](Appliance& appliance) {
-        return Change(appliance, book,
-                      [](Store& store, const BookPath& path) { return store.DeleteBook(path); });
+        return ChangeBook(appliance, book, [](Store& store, const BookPath& path) {
+          return store.DeleteBook(path);
+        });
       },
       book);
 }
@@ -83,7 +81,7 @@ Status IMSPClearAB(ABIdent* book, const char* filter) {
   return Serve(
       {"IMSPClearAB"},
       [=](Appliance& appliance) {
-        return Change(appliance, book, [&](Store& store, const BookPath& path) {
+        return ChangeBook(appliance, book, [&](Store& store, const BookPath& path) {
           if (path.kind != BookKind::kLog) return store.ClearBook(path, TextOf(filter));
           appliance.log.Clear(TextOf(filter));
           return kNoError;

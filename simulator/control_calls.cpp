@@ -7,10 +7,6 @@
 namespace quillbox {
 namespace {
 
-std::string_view TextOf(const char* text) {
-  return text != nullptr ? std::string_view(text) : std::string_view();
-}
-
 BookPath PathOf(BookKind kind, const char* book, const char* user) {
   return {kind, EntryKey::Of(TextOf(book)), TextOf(user)};
 }

@@ -22,8 +22,8 @@ Status Read(Appliance& appliance, const ABIdent& book, Work work) {
 // Serves a call that changes an entry. `work` receives the store and the path of the book. `key`
 // and `record` are the arguments of the call, or null.
 template <class Work>
-Status Change(Appliance& appliance, const ABIdent& book, EntryKey* key, void* record, Action action,
-              Work work) {
+Status ChangeEntry(Appliance& appliance, const ABIdent& book, EntryKey* key, void* record,
+                   Action action, Work work) {
   Status status = PermitEntries(appliance.session.User(), book, action);
   if (status == kNoError) status = work(appliance.contents.store, appliance.PathOf(book));
   appliance.defects.Scribble(book.kind, key, record);
@@ -117,7 +117,7 @@ Status IMSPCreateEntry(ABIdent* book, void* record) {
       {"IMSPCreateEntry"},
       [=](Appliance& appliance) {
         if (book == nullptr || record == nullptr) return kInvalidField;
-        return Change(
+        return ChangeEntry(
             appliance, *book, nullptr, record, Action::kCreateEntry,
             [&](Store& store, const BookPath& path) { return store.CreateEntry(path, record); });
       },
@@ -129,12 +129,12 @@ Status IMSPModifyEntry(ABIdent* book, EntryKey* key, void* record) {
       {"IMSPModifyEntry"},
       [=](Appliance& appliance) {
         if (book == nullptr || key == nullptr || record == nullptr) return kInvalidField;
-        return Change(appliance, *book, key, record, Action::kChange,
-                      [&](Store& store, BookPath path) {
-                        if (!IsListRename(path)) return store.ModifyEntry(path, *key, record);
-                        path.name = *key;
-                        return store.RenameBook(path, NameOf(record));
-                      });
+        return ChangeEntry(appliance, *book, key, record, Action::kChange,
+                           [&](Store& store, BookPath path) {
+                             if (!IsListRename(path)) return store.ModifyEntry(path, *key, record);
+                             path.name = *key;
+                             return store.RenameBook(path, NameOf(record));
+                           });
       },
       book, key, RecordArgument{record});
 }
@@ -144,7 +144,7 @@ Status IMSPDeleteEntry(ABIdent* book, EntryKey* key) {
       {"IMSPDeleteEntry"},
       [=](Appliance& appliance) {
         if (book == nullptr || key == nullptr) return kInvalidField;
-        return Change(
+        return ChangeEntry(
             appliance, *book, key, nullptr, Action::kChange,
             [&](Store& store, const BookPath& path) { return store.DeleteEntry(path, *key); });
       },
