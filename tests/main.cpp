@@ -9,7 +9,7 @@
 
 int main(int argc, char** argv) {
   testing::InitGoogleMock(&argc, argv);
-  // No box may wait for somebody to press a button.
+  // No message box may wait for a button to be pressed.
   quillkit::SetMessageBoxHandler(
       [](const char* text) { return std::fprintf(stderr, "%s\n", text); });
   if (!quillkit::StartSockets()) return 1;

@@ -28,7 +28,7 @@
 namespace quillkit {
 namespace {
 
-// The characters are in memory that cannot be written, which is not looked through. The pointers
+// The characters are in read-only memory, which is not searched. The pointers
 // hide from the compiler what they point at: it would make immediate values of it, and those end up
 // on the stack.
 const char* const volatile kMarker = "Gk7#tzW2!qLx9@e";
@@ -97,7 +97,7 @@ class PasswordTest : public ApplianceTest {
 
   static int IsMarked(const CUserEntry& account) { return account.password == kMarker ? 1 : 0; }
 
-  // Gives the server accounts of this password, in the place of what it keeps of them.
+  // Replaces the accounts on the server by accounts with this password.
   static void PutAccounts(const char* password) {
     for (const char* name : {"ADMINISTRATOR", "Ann", "Bob", "TOOLKIT"}) {
       Wiped<CUserEntry> account;

@@ -1,5 +1,5 @@
-// The stage of the tests of the simulated appliance: as delivered, initialised, nobody logged in,
-// and no library in between.
+// The fixture of the tests of the simulated appliance: in its initial state, initialised, no user
+// logged in. The tests call its entry points directly.
 
 #ifndef QUILLKIT_TESTS_SIMULATOR_SERVER_FIXTURE_H_
 #define QUILLKIT_TESTS_SIMULATOR_SERVER_FIXTURE_H_

@@ -55,7 +55,7 @@ std::string TextOf(const Contents& contents) {
 
 class StateTest : public testing::Test {
  protected:
-  // Returns what is wrong with the text.
+  // Returns a description of the error in the text.
   std::string Read(std::string_view text, Contents& contents) const {
     TextLines lines(folder.Write("state", text).c_str());
     return ReadState(lines, contents);
@@ -75,26 +75,26 @@ TEST_F(StateTest, HoldsEveryBookAndReadsBackTheSame) {
 }
 
 TEST_F(StateTest, ReportsTheLineAndTheReasonOfDamage) {
-  const std::string noBook = "line 2: no appliance has this book";
+  const std::string noBook = "line 2: unknown book";
   const struct {
     std::string lines, fault;
   } cases[] = {
       {"", "its last line is missing"},
-      {"end\nend\n", "line 3: there is a line behind the end"},
-      {"\r\n\nbok 1\nend\n", "line 4: this is no line of a state"},
-      {"book 1 \"EMAILAB\"\nend\n", "line 2: this is no line of a book"},
+      {"end\nend\n", "line 3: unexpected line after the end"},
+      {"\r\n\nbok 1\nend\n", "line 4: not a line of a state file"},
+      {"book 1 \"EMAILAB\"\nend\n", "line 2: invalid book line"},
       {"book 1 \"FAXAB\" \"\"\nend\n", noBook},
       {"book 1 \"EMAILAB\" \"Agnes\"\nend\n", noBook},
       {"book 16 \"PRIVATEAB\" \"\"\nend\n", noBook},
       {"book 99999 \"\" \"\"\nend\n", noBook},
       {"book 512 \"\" \"\"\nend\n", noBook},
-      {"entry \"x\\z551;\"\nend\n", "line 2: this entry stands in no book"},
-      {"book 512 \"Desks\" \"\"\nentry \"x\\z550;\"\nend\n", "line 3: this entry does not fit"},
-      {"book 512 \"Desks\" \"\"\nentry \"x\\z4294967295;\"\nend\n", "line 3: this entry does not"},
-      {"book 512 \"" + std::string(32, 'n') + "\" \"\"\nend\n", "line 2: this is no line of a"},
-      {"backup \"a\"\nbackup \"a\"\nend\n", "line 3: there are two backups of this name"},
-      {"book 512 \"Desks\" \"\"\nbackup \"a\"\nentry \"x\"\nend\n", "line 4: this entry stands in"},
-      {std::string(5000, ' ') + "\nend\n", "line 2: this line is too long"},
+      {"entry \"x\\z551;\"\nend\n", "line 2: entry outside a book"},
+      {"book 512 \"Desks\" \"\"\nentry \"x\\z550;\"\nend\n", "line 3: invalid entry"},
+      {"book 512 \"Desks\" \"\"\nentry \"x\\z4294967295;\"\nend\n", "line 3: invalid entry"},
+      {"book 512 \"" + std::string(32, 'n') + "\" \"\"\nend\n", "line 2: invalid b"},
+      {"backup \"a\"\nbackup \"a\"\nend\n", "line 3: duplicate backup name"},
+      {"book 512 \"Desks\" \"\"\nbackup \"a\"\nentry \"x\"\nend\n", "line 4: entry outside"},
+      {std::string(5000, ' ') + "\nend\n", "line 2: line too long"},
   };
   Contents contents;
   for (const auto& each : cases) {
@@ -102,7 +102,7 @@ TEST_F(StateTest, ReportsTheLineAndTheReasonOfDamage) {
     EXPECT_THAT(Read("quillbox state 1\n" + each.lines, contents), HasSubstr(each.fault))
         << each.lines;
   }
-  EXPECT_THAT(Read("", contents), HasSubstr("no state of an appliance"));
+  EXPECT_THAT(Read("", contents), HasSubstr("not a state file"));
 }
 
 TEST_F(StateTest, ReadsAgainWhateverItReadsWithoutAFault) {
@@ -149,7 +149,7 @@ TEST_F(StateTest, MakesAndKeepsItsFileAndNeverOverwritesADamagedOne) {
   EXPECT_FALSE(damaged.IsOpen());
   damaged.Open(folder.PathOf("missing/state"), second);
   const std::string warnings = testing::internal::GetCapturedStderr();
-  for (const char* warning : {"QUILLBOX_STATE: line ", "cannot be read", "cannot be written"}) {
+  for (const char* warning : {"QUILLBOX_STATE: line ", "cannot read", "cannot write"}) {
     EXPECT_THAT(warnings, HasSubstr(warning));
   }
 }

@@ -7,8 +7,9 @@
 
 namespace quillkit {
 
-// Runs a program that stands in this folder, as seen from the one of this program, which is current
-// for it. Empty when it succeeds, else its status and what it wrote to standard output.
+// Runs a program of the folder, which is relative to the folder of this program. The current folder
+// is that of this program. Returns an empty text if it succeeds, otherwise its status and its
+// standard output.
 std::string OutputOnFailure(const std::string& folder, const std::string& program);
 
 }  // namespace quillkit
