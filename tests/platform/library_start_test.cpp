@@ -2,43 +2,65 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string>
 
 #include "platform/message_box.h"
-#include "tests/platform/system.h"
+#include "tests/platform/process.h"
 #include "tests/support/scratch_folder.h"
 
 namespace quillkit {
 namespace {
 
 namespace fs = std::filesystem;
+using namespace std::string_literals;
 
-constexpr const char* kProbe = "quillkit_start_probe";
-
-TEST(LibraryStartTest, WithAServerLibraryItLoadsSilently) {
-  const Outcome outcome = RunProgram(ProgramFolder(), kProbe, "load");
-  EXPECT_EQ(outcome.status, 0);
-  EXPECT_EQ(outcome.output, "loaded\nstatus 0\n");
+// The folder of the running program.
+fs::path ProgramFolder() {
+  return fs::absolute(testing::internal::GetArgvs().front()).parent_path();
 }
 
-// The system ends the server library and the library in an order of its own.
-TEST(LibraryStartTest, ProcessMayEndInASession) {
-  const Outcome outcome = RunProgram(ProgramFolder(), kProbe, "end");
-  EXPECT_EQ(outcome.status, 0);
-  EXPECT_EQ(outcome.output, "");
+// Runs the start probe of a folder in that folder. Returns what it printed and its exit status.
+std::string RunProbe(const fs::path& folder, const std::string& argument) {
+  const ScratchFolder scratch;
+  const std::string report = scratch.PathOf("report");
+  const fs::path before = fs::current_path();
+  fs::current_path(folder);
+  const std::string program = (fs::path(".") / kProbeFile).make_preferred().string();
+  const int status = std::system((program + " " + argument + " > \"" + report + "\"").c_str());
+  fs::current_path(before);
+  std::ifstream text(report);  // as text, whose lines end alike everywhere
+  return std::string(std::istreambuf_iterator<char>(text), {}) + "exit " + std::to_string(status);
 }
 
-TEST(LibraryStartTest, WithoutAServerLibraryItTellsTwice) {
-  const ScratchFolder folder;
-  for (const std::string& file : {std::string(kLibraryFile), ProgramFile(kProbe)}) {
-    fs::copy_file(fs::path(ProgramFolder()) / file, folder.PathOf(file));
+// Where the process ends in a session, the system ends the server library and the library in an
+// order of its own.
+TEST(LibraryStartTest, ShowsNoMessageWhereThereIsAServerLibrary) {
+  for (const char* each : {"", "stay"}) {
+    EXPECT_EQ(RunProbe(ProgramFolder(), each), "loaded\nstatus 0\nexit 0") << each;
   }
-  const Outcome outcome = RunProgram(folder.Path().string(), kProbe, "load");
-  EXPECT_EQ(outcome.status, 0);
-  EXPECT_EQ(outcome.output, "Cannot Load IMSPAPI.DLL\n" +
-                                LoadResourceText(kServerLibraryMissingText) + "\n" +
-                                kStartWithoutServerLibrary);
+}
+
+TEST(LibraryStartTest, ShowsTwoMessagesWhereThereIsNoServerLibrary) {
+  const ScratchFolder folder;
+  for (const char* each : {kLibraryFile, kProbeFile}) {
+    fs::copy_file(ProgramFolder() / each, folder.PathOf(each));
+  }
+  EXPECT_EQ(RunProbe(folder.Path(), ""),
+            "Cannot Load IMSPAPI.DLL\nIMSPAPI.DLL not loaded (because not found) !\n"s +
+                kStartWithoutServerLibrary + "exit 0");
+}
+
+// Two other texts are seen where they are shown.
+TEST(LibraryStartTest, TextsAreExact) {
+  EXPECT_EQ(LoadResourceText(kSocketsFailedText), "Windows sockets initialization failed.");
+  EXPECT_EQ(LoadResourceText(kSettingsKeyText), R"(Software\\Tarvenor\\Ledgerhouse)");
+  for (const unsigned id : {0U, 100U, 104U, 106U, 101U + 65536U}) {
+    EXPECT_EQ(LoadResourceText(id), "") << id;
+  }
 }
 
 }  // namespace

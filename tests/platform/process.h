@@ -1,9 +1,25 @@
-// What a program that calls quillkit_c from several threads asks of the system.
+// What tests ask of the system that neither the standard library nor platform/ offers. Each system
+// has a file of it.
 
 #ifndef QUILLKIT_TESTS_PLATFORM_PROCESS_H_
 #define QUILLKIT_TESTS_PLATFORM_PROCESS_H_
 
 namespace quillkit {
+
+// The file names of the library, the simulated server library, and the start probe.
+extern const char* const kLibraryFile;
+extern const char* const kServerLibraryFile;
+extern const char* const kProbeFile;
+
+// What the start probe prints of a library that has found no server library.
+extern const char* const kStartWithoutServerLibrary;
+
+// Whether a library with this file name is in the process.
+bool IsLoaded(const char* file);
+
+// From now on the text of every message box of the thread is printed on standard output, one a
+// line, and the box is closed.
+void ReportMessageBoxes();
 
 // Runs the calling thread's due timers and returns their number.
 int DispatchTimers();

@@ -1,38 +1,30 @@
-// A program that loads the library as an application does and tells what came of it. It holds no
-// server library of its own, so that it can be run where there is none.
+// A program that loads the library as an application does, logs in, and prints what came of it. It
+// contains no server library, so that it can run where there is none.
 //
-// usage: quillkit_start_probe load   the message boxes, whether the library was loaded, what is
-// left
-//        quillkit_start_probe end    logs in and ends without a word to the library
+// usage: quillkit_start_probe         then unloads the library, and prints what is left
+//        quillkit_start_probe stay    ends in the session
 
 #include <cstdio>
-#include <string_view>
 
 #include "platform/module.h"
-#include "tests/platform/system.h"
+#include "tests/platform/process.h"
 #include "toolkit/quillkit.h"
 
 namespace quillkit {
 namespace {
 
-template <class Function>
-Function* Entry(ModuleHandle library, const char* name) {
-  return reinterpret_cast<Function*>(FindEntryPoint(library, name));
-}
-
-CScanner* LogIn(ModuleHandle library) {
-  return Entry<decltype(LogToQuillbox)>(library, "LogToQuillbox")("127.0.0.1", "TOOLKIT", "KELP",
-                                                                  "", 0);
-}
-
-int Load() {
+int Run(bool stays) {
   ReportMessageBoxes();
   ModuleHandle library = LoadModule("Quillkit");
   std::puts(library != nullptr ? "loaded" : "refused");
   if (library != nullptr) {
-    LogIn(library);
-    std::printf("status %d\n",
-                Entry<decltype(GetLastToolkitError)>(library, "GetLastToolkitError")());
+    auto* logIn =
+        reinterpret_cast<decltype(&LogToQuillbox)>(FindEntryPoint(library, "LogToQuillbox"));
+    auto* lastError = reinterpret_cast<decltype(&GetLastToolkitError)>(
+        FindEntryPoint(library, "GetLastToolkitError"));
+    logIn("127.0.0.1", "TOOLKIT", "KELP", "", 0);
+    std::printf("status %d\n", lastError());
+    if (stays) return 0;
     UnloadModule(library);
   }
   if (IsLoaded(kLibraryFile)) std::puts("the library is left");
@@ -40,19 +32,10 @@ int Load() {
   return 0;
 }
 
-int End() {
-  ModuleHandle library = LoadModule("Quillkit");
-  if (library == nullptr) return 3;
-  return LogIn(library) != nullptr ? 0 : 4;
-}
-
 }  // namespace
 }  // namespace quillkit
 
-int main(int argc, char** argv) {
-  const std::string_view what = argc == 2 ? argv[1] : "";
+int main(int argc, char**) {
   std::setvbuf(stdout, nullptr, _IONBF, 0);  // in order with the message boxes
-  if (what == "load") return quillkit::Load();
-  if (what == "end") return quillkit::End();
-  return 2;
+  return quillkit::Run(argc > 1);
 }

@@ -5,10 +5,29 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <fstream>
+#include <sstream>
 
 #include "platform/posix/event_loop.h"
 
 namespace quillkit {
+
+const char* const kLibraryFile = "libQuillkit.so";
+const char* const kServerLibraryFile = "libIMSPAPI.so";
+const char* const kProbeFile = "quillkit_start_probe";
+const char* const kStartWithoutServerLibrary = "loaded\nstatus 20\n";
+
+// The file that is mapped has its version behind the name.
+bool IsLoaded(const char* file) {
+  std::ostringstream mapped;
+  mapped << std::ifstream("/proc/self/maps").rdbuf();
+  return mapped.str().find(std::string("/") + file) != std::string::npos;
+}
+
+// A message box is a line on standard error.
+void ReportMessageBoxes() {
+  dup2(STDOUT_FILENO, STDERR_FILENO);
+}
 
 int DispatchTimers() {
   return QuillkitDispatchEvents();

@@ -2,7 +2,41 @@
 
 #include <windows.h>
 
+#include <array>
+#include <cstdio>
+
 namespace quillkit {
+namespace {
+
+constexpr int kMessageText = 0xFFFF;  // the control of a message box that holds its text
+
+// Sees every window of the thread as it is activated: a message box then has its text.
+LRESULT CALLBACK OnWindowEvent(int code, WPARAM first, LPARAM second) {
+  if (code == HCBT_ACTIVATE) {
+    auto* box = reinterpret_cast<HWND>(first);
+    std::array<char, 256> text{};
+    if (GetDlgItemTextA(box, kMessageText, text.data(), static_cast<int>(text.size())) != 0) {
+      std::puts(text.data());
+      PostMessageA(box, WM_COMMAND, IDOK, 0);
+    }
+  }
+  return CallNextHookEx(nullptr, code, first, second);
+}
+
+}  // namespace
+
+const char* const kLibraryFile = "Quillkit.dll";
+const char* const kServerLibraryFile = "IMSPAPI.DLL";
+const char* const kProbeFile = "quillkit_start_probe.exe";
+const char* const kStartWithoutServerLibrary = "refused\n";
+
+bool IsLoaded(const char* file) {
+  return GetModuleHandleA(file) != nullptr;
+}
+
+void ReportMessageBoxes() {
+  SetWindowsHookExA(WH_CBT, OnWindowEvent, nullptr, GetCurrentThreadId());
+}
 
 // A timer that is due again as soon as it has run does not hold the caller.
 int DispatchTimers() {
