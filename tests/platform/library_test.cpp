@@ -1,16 +1,12 @@
 // The shared library itself, loaded as an application does. It binds to the same simulated
 // appliance as this program, which therefore sees its calls.
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <string>
-#include <vector>
+#include <utility>
 
 #include "platform/module.h"
 #include "simulator/simulator.h"
 #include "tests/platform/pumping.h"
+#include "tests/support/appliance_fixture.h"
 #include "toolkit/quillkit.h"
 
 namespace quillkit {
@@ -18,25 +14,12 @@ namespace {
 
 using testing::ElementsAre;
 
-class LibraryTest : public testing::Test {
+class LibraryTest : public ApplianceTest {
  protected:
-  LibraryTest() {
-    SimulatorReset();
-    SimulatorRecordCalls(1);
-  }
-  ~LibraryTest() override {
-    Unload();
-    SimulatorReset();
-  }
+  ~LibraryTest() override { Unload(); }
 
-  void Load() {
-    library = LoadModule("Quillkit");
-    ASSERT_NE(library, nullptr);
-  }
-  void Unload() {
-    UnloadModule(library);
-    library = nullptr;
-  }
+  void Load() { library = LoadModule("Quillkit"); }
+  void Unload() { UnloadModule(std::exchange(library, nullptr)); }
 
   // An exported function by its name.
   template <class Function>
@@ -53,86 +36,58 @@ class LibraryTest : public testing::Test {
     return Entry<decltype(GetLastToolkitError)>("GetLastToolkitError")();
   }
 
-  // Waits for so many signs of life, pumping as an application's loop does. On POSIX a call of the
-  // library takes the part of its loop.
-  bool WaitForSignsOfLife(std::ptrdiff_t number) const {
-    return PumpUntil([&] {
-      LastError();
-      return SignsOfLife() >= number;
-    });
-  }
-
-  static std::vector<std::string> Calls() {
-    std::vector<std::string> calls;
-    for (std::int32_t i = 0; i < SimulatorCallCount(); ++i) {
-      calls.emplace_back(SimulatorCallText(i));
-    }
-    return calls;
-  }
-  static std::ptrdiff_t SignsOfLife() {
-    const std::vector<std::string> calls = Calls();
-    return std::count(calls.begin(), calls.end(), "IMSPWakeup");
-  }
-
  private:
   ModuleHandle library = nullptr;
 };
 
-TEST_F(LibraryTest, IsLoadedUsedAndLeftTwice) {
+TEST_F(LibraryTest, CanBeLoadedAgainAndUnloadedInASession) {
   for (int round = 0; round < 2; ++round) {
     SCOPED_TRACE(round);
-    SimulatorClearJournal();
     Load();
     CScanner* box = LogIn();
     ASSERT_NE(box, nullptr);
     EXPECT_STREQ(Entry<decltype(GetScannerName)>("GetScannerName")(box), "127.0.0.1");
+    EXPECT_EQ(LogToQuillbox("255.255.255.255", "TOOLKIT", "KELP", "", 0), nullptr);
+    EXPECT_EQ(GetLastToolkitError(), 25);
+    EXPECT_EQ(LastError(), 0) << "the library shares no state with the program's own copy";
     Entry<decltype(Logout)>("Logout")();
     Entry<decltype(Exit)>("Exit")();
     EXPECT_EQ(LogIn(), nullptr);
     EXPECT_EQ(LastError(), 20);
-    const std::vector<std::string> before = Calls();
     Unload();
-    EXPECT_EQ(Calls(), before);
-    EXPECT_THAT(before, ElementsAre("IMSPInit", "IMSPLogin 127.0.0.1 TOOLKIT ***", "IMSPIOCtl 6 0",
-                                    "IMSPReadEntryProperties 4:USERSAB TOOLKIT", "IMSPLogout",
-                                    "IMSPTerminate"));
+    EXPECT_THAT(
+        TakeCalls(),
+        ElementsAre("IMSPInit", "IMSPLogin 127.0.0.1 TOOLKIT ***", "IMSPIOCtl 6 0",
+                    "IMSPReadEntryProperties 4:USERSAB TOOLKIT", "IMSPLogout", "IMSPTerminate"));
   }
-}
-
-TEST_F(LibraryTest, UnloadedInASessionItEndsTheServerLibraryOnceAndSendsNoLogout) {
   Load();
   ASSERT_NE(LogIn(), nullptr);
-  SimulatorClearJournal();
+  TakeCalls();
   Unload();
-  EXPECT_THAT(Calls(), ElementsAre("IMSPTerminate"));
+  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPTerminate"))
+      << "unloading in a session sends no logout";
 }
 
-// The library is this one's own twin: what one records, the other must not see.
-TEST_F(LibraryTest, SharesNoStateWithTheProgram) {
-  Load();
-  ASSERT_NE(LogIn(), nullptr);
-  EXPECT_EQ(LastError(), 0);
-  EXPECT_EQ(LogToQuillbox("255.255.255.255", "TOOLKIT", "KELP", "", 0), nullptr);
-  EXPECT_EQ(GetLastToolkitError(), 25);
-  EXPECT_EQ(LastError(), 0);
-}
-
-TEST_F(LibraryTest, SignsOfLifeReachTheServerUntilLogout) {
+TEST_F(LibraryTest, SignsOfLifeReachTheServerUntilTheSessionEnds) {
   SimulatorSetWakeupPeriod(40);
   Load();
-  ASSERT_NE(LogIn(), nullptr);
-  Sleep(std::chrono::milliseconds(100));
-  EXPECT_EQ(SignsOfLife(), 0);  // nobody has looked for due timers
-  SimulatorFail("IMSPWakeup", 2, 6);
-  EXPECT_TRUE(WaitForSignsOfLife(3));
-  EXPECT_EQ(LastError(), 0) << "a failing one is not seen";
+  for (const char* end : {"Logout", "Exit"}) {
+    SCOPED_TRACE(end);
+    ASSERT_NE(LogIn(), nullptr);
+    TakeCalls();
+    // A failed one is not recorded. PumpUntil takes the part of an application's loop; on POSIX a
+    // call of the library does.
+    SimulatorFail("IMSPWakeup", 2, 6);
+    EXPECT_TRUE(PumpUntil([&] { return LastError() == 0 && SimulatorCallCount() >= 3; }));
+    EXPECT_THAT(TakeCalls(), testing::Each("IMSPWakeup"));
 
-  Entry<decltype(Logout)>("Logout")();
-  const std::ptrdiff_t before = SignsOfLife();
-  Sleep(std::chrono::milliseconds(100));
-  Pump();
-  LastError();
-  EXPECT_EQ(SignsOfLife(), before);
+    Entry<void()>(end)();
+    TakeCalls();
+    Sleep(std::chrono::milliseconds(100));
+    Pump();
+    LastError();
+    EXPECT_THAT(TakeCalls(), ElementsAre());
+  }
 }
 
 }  // namespace

@@ -21,13 +21,12 @@ inline void Sleep(std::chrono::milliseconds time) {
   std::this_thread::sleep_for(time);
 }
 
-// Pumps until `isDone` holds: true; or for so long that it never will: false.
+// Pumps until `isDone` returns true. Returns false if it does not within a minute.
 template <class Condition>
 bool PumpUntil(Condition isDone) {
-  using Clock = std::chrono::steady_clock;
-  const Clock::time_point end = Clock::now() + std::chrono::seconds(60);
+  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(60);
   while (!isDone()) {
-    if (Clock::now() > end) return false;
+    if (std::chrono::steady_clock::now() > end) return false;
     Sleep(std::chrono::milliseconds(2));
     Pump();
   }

@@ -6,113 +6,83 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <poll.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <chrono>
 #include <thread>
 
 #include "platform/call_scope.h"
+#include "platform/posix/event_loop.h"
 #include "platform/thread_timer.h"
+#include "tests/platform/process.h"
 
 namespace quillkit {
 namespace {
 
 constexpr std::uint32_t kPeriod = 20;  // milliseconds
-constexpr int kLongEnough = 60'000;    // milliseconds
 constexpr std::chrono::milliseconds kSeveralPeriods(100);
 
+TimerId timer;
 int runs;
 int nested;
 
-void Count() {
-  ++runs;
-}
-
-bool IsReadable(int descriptor, int wait) {
+bool IsReadable(int descriptor, int milliseconds = 60'000) {
   pollfd asked{descriptor, POLLIN, 0};
-  return poll(&asked, 1, wait) == 1;
+  return poll(&asked, 1, milliseconds) == 1;
 }
 
 class DueTimersTest : public testing::Test {
  protected:
   DueTimersTest() { runs = nested = 0; }
   ~DueTimersTest() override { StopThreadTimer(timer); }
-
-  TimerId timer = 0;
 };
 
-TEST_F(DueTimersTest, StoppedTimerIsDueNoMore) {
-  const int descriptor = TimerDescriptor();
-  ASSERT_NE(descriptor, -1);
-  EXPECT_NE(fcntl(descriptor, F_GETFD) & FD_CLOEXEC, 0);
-  EXPECT_FALSE(IsReadable(descriptor, 0));
-
-  timer = StartThreadTimer(kPeriod, Count);
-  ASSERT_TRUE(IsReadable(descriptor, kLongEnough));
-  StopThreadTimer(timer);
-  EXPECT_FALSE(IsReadable(descriptor, 0));
-  EXPECT_EQ(RunDueTimers(), 0);
-}
-
-TEST_F(DueTimersTest, DescriptorTakesUpATimerThatRunsAlready) {
-  std::thread([] {
-    EXPECT_NE(StartThreadTimer(kPeriod, Count), 0U);
-    EXPECT_TRUE(IsReadable(TimerDescriptor(), kLongEnough));
-  }).join();
-}
-
-TEST_F(DueTimersTest, MissedPeriodsRunOnceAndNeverWithinARun) {
-  timer = StartThreadTimer(kPeriod, [] {
-    ++runs;
-    std::this_thread::sleep_for(kSeveralPeriods);
-    nested += RunDueTimers();
-    const CallScope scope;
-  });
-  std::this_thread::sleep_for(kSeveralPeriods);
-  EXPECT_EQ(RunDueTimers(), 1);
-  EXPECT_EQ(runs, 1);
-  EXPECT_EQ(nested, 0);
-}
-
-TEST_F(DueTimersTest, MissedPeriodsAreNotCaughtUpWith) {
-  timer = StartThreadTimer(kPeriod, Count);
-  std::this_thread::sleep_for(3 * kSeveralPeriods);
-  for (int i = 0; i < 15; ++i) RunDueTimers();  // as many as have passed
-  EXPECT_LT(runs, 10);
-}
-
-TEST_F(DueTimersTest, ThreadThatEndsClosesItsDescriptor) {
+TEST_F(DueTimersTest, DescriptorIsReadableWhileATimerIsDueAndClosedWithItsThread) {
   int descriptor = -1;
   std::thread([&] {
-    StartThreadTimer(kPeriod, Count);
-    descriptor = TimerDescriptor();
-    EXPECT_NE(fcntl(descriptor, F_GETFD), -1);
+    descriptor = QuillkitEventDescriptor();
+    EXPECT_NE(fcntl(descriptor, F_GETFD) & FD_CLOEXEC, 0);
+    EXPECT_FALSE(IsReadable(descriptor, 0));
+    const TimerId due = StartThreadTimer(kPeriod, [] { ++runs; });
+    for (int round = 0; round < 3; ++round) {
+      ASSERT_TRUE(IsReadable(descriptor));
+      EXPECT_EQ(QuillkitDispatchEvents(), 1);
+    }
+    ASSERT_TRUE(IsReadable(descriptor));
+    EXPECT_EQ(QuillkitEventDescriptor(), descriptor);
+    StopThreadTimer(due);
+    EXPECT_FALSE(IsReadable(descriptor, 0));
+    EXPECT_EQ(QuillkitDispatchEvents(), 0);
+    EXPECT_EQ(runs, 3);
   }).join();
   EXPECT_EQ(fcntl(descriptor, F_GETFD), -1);
 }
 
-// What a forked child sees, told by its exit status.
-int LookAtTimersInChild(TimerId inherited) {
-  std::this_thread::sleep_for(kSeveralPeriods);
-  if (RunDueTimers() != 0 || runs != 0) return 1;
-  StopThreadTimer(inherited);
-  if (StartThreadTimer(kPeriod, Count) == 0) return 2;
-  if (!IsReadable(TimerDescriptor(), kLongEnough)) return 3;
-  return RunDueTimers() == 1 && runs == 1 ? 0 : 4;
+TEST_F(DueTimersTest, MissedPeriodsCountAsOneAndNoTimerRunsWithinARun) {
+  timer = StartThreadTimer(kPeriod, [] {
+    if (++runs == 1) std::this_thread::sleep_for(kSeveralPeriods);
+    nested += RunDueTimers();
+    const CallScope scope;
+  });
+  std::this_thread::sleep_for(3 * kSeveralPeriods);
+  EXPECT_EQ(RunDueTimers(), 1);
+  EXPECT_EQ(runs, 1);
+  for (int i = 0; i < 15; ++i) RunDueTimers();  // as many as have passed
+  EXPECT_LT(runs, 10);
+  EXPECT_EQ(nested, 0);
 }
 
-TEST_F(DueTimersTest, ForkedChildHasNoneAndDisturbsNone) {
-  timer = StartThreadTimer(kPeriod, Count);
+TEST_F(DueTimersTest, ForkedChildHasNoTimersAndLeavesThoseOfItsParent) {
+  timer = StartThreadTimer(kPeriod, [] { ++runs; });
   const int descriptor = TimerDescriptor();
-  const pid_t child = fork();
-  ASSERT_NE(child, -1);
-  if (child == 0) _exit(LookAtTimersInChild(timer));
-  int status = 0;
-  ASSERT_EQ(waitpid(child, &status, 0), child);
-  EXPECT_TRUE(WIFEXITED(status));
-  EXPECT_EQ(WEXITSTATUS(status), 0);
-  EXPECT_TRUE(IsReadable(descriptor, kLongEnough));
+  const auto lookAtTimers = [] {
+    std::this_thread::sleep_for(kSeveralPeriods);
+    if (RunDueTimers() != 0 || runs != 0) return 1;
+    StopThreadTimer(timer);
+    const bool hasItsOwn = StartThreadTimer(kPeriod, [] { ++runs; }) != 0;
+    return hasItsOwn && IsReadable(TimerDescriptor()) && RunDueTimers() == 1 && runs == 1 ? 0 : 2;
+  };
+  EXPECT_EQ(StatusInForkedChild(lookAtTimers), 0);
+  EXPECT_TRUE(IsReadable(descriptor));
   EXPECT_EQ(RunDueTimers(), 1);
 }
 
