@@ -1,13 +1,15 @@
-// File search and temporary files.
+// File search, temporary files, and files that are written whole.
 
 #include "platform/files.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <string>
 #include <vector>
 
+#include "platform/written_file.h"
 #include "tests/support/scratch_folder.h"
 #include "tests/support/temporary_folder.h"
 
@@ -18,82 +20,69 @@ namespace fs = std::filesystem;
 
 class FilesTest : public testing::Test {
  protected:
-  void Create(const std::string& name) const { folder.Write(name, "text\n"); }
-  bool Matches(const std::string& name) const {
-    return MatchesAnyFile(folder.PathOf(name).c_str());
-  }
-
-  ScratchFolder folder;
+  const ScratchFolder folder;
 };
 
-TEST_F(FilesTest, PatternsOfTheLastPart) {
-  for (const char* name : {"users.ldif", "export.txt", "aXbXc.csv"}) Create(name);
-  const struct {
-    const char* pattern;
-    bool found;
-  } kCases[] = {
+TEST_F(FilesTest, OnlyStarAndQuestionMarkArePatternsAndOnlyInTheLastPart) {
+  fs::create_directory(folder.PathOf("inner"));
+  for (const char* name : {"users.ldif", "export.txt", "aXbXc.csv", "inner/file", "[a]", "{b,c}",
+                           "~d", "$e", "#f", "g!h", "i^j", "a b"}) {
+    folder.Write(name, "text");
+  }
+  const std::pair<const char*, bool> kCases[] = {
       {"users.ldif", true}, {"users.ldi", false}, {"users.ldiff", false}, {"*", true},
       {"*.ldif", true},     {"*.ldiff", false},   {"u*", true},           {"z*", false},
       {"user?.ldif", true}, {"?sers.ldif", true}, {"use??.ldif", true},   {"use?.ldif", false},
       {"*s.ldif", true},    {"u*f", true},        {"*sers*", true},       {"a*X*c.csv", true},
       {"a*b*X*.csv", true}, {"a*c*b.csv", false}, {"**.txt", true},       {"*xport.txt", true},
-      {"e*x*t*.t?t", true}, {"", false},          {"*X*X*X*", false},
+      {"e*x*t*.t?t", true}, {"", false},          {"*X*X*X*", false},     {"inner/file", true},
+      {"inner/f*", true},   {"inn*/file", false}, {"other/f*", false},    {"inner", true},
+      {"inner/", false},    {"[a]", true},        {"[a]*", true},         {"{b,c}*", true},
+      {"~d*", true},        {"$e*", true},        {"#f*", true},          {"g!h*", true},
+      {"i^j*", true},       {"a b*", true},       {"a", false},           {"b", false},
+      {"[ab]", false},      {"{b}", false},       {"[a-z]", false},       {"[a]?x", false},
   };
-  for (const auto& each : kCases) EXPECT_EQ(Matches(each.pattern), each.found) << each.pattern;
-}
-
-TEST_F(FilesTest, EveryOtherCharacterStandsForItself) {
-  const std::vector<std::string> names = {"[a]", "{b,c}", "~d", "$e", "#f", "g!h", "i^j", "a b"};
-  for (const std::string& name : names) {
-    EXPECT_FALSE(Matches(name)) << name;
-    Create(name);
-    EXPECT_TRUE(Matches(name)) << name;
-    EXPECT_TRUE(Matches(name + "*")) << name;
-  }
-  for (const char* other : {"a", "b", "c", "[ab]", "{b}", "[a-z]", "[a]?x"}) {
-    EXPECT_FALSE(Matches(other)) << other;
+  for (const auto& [pattern, isFound] : kCases) {
+    EXPECT_EQ(MatchesAnyFile(folder.PathOf(pattern).c_str()), isFound) << pattern;
   }
 }
 
-TEST_F(FilesTest, PatternsStandInTheLastPartAlone) {
-  fs::create_directory(folder.PathOf("inner"));
-  Create("inner/file");
-  EXPECT_TRUE(Matches("inner/file"));
-  EXPECT_TRUE(Matches("inner/f*"));
-  EXPECT_FALSE(Matches("inn*/file"));
-  EXPECT_FALSE(Matches("other/f*"));
-  EXPECT_TRUE(Matches("inner"));
-  EXPECT_FALSE(Matches("inner/"));
-}
-
-TEST_F(FilesTest, PathsWithoutAFolderAreOfTheCurrentOne) {
-  Create("here.txt");
+TEST_F(FilesTest, PathWithoutAFolderMeansTheCurrentOne) {
+  folder.Write("here.txt", "text");
   const fs::path before = fs::current_path();
   fs::current_path(folder.Path());
-  EXPECT_TRUE(MatchesAnyFile("here.txt"));
-  EXPECT_TRUE(MatchesAnyFile("h*.txt"));
-  EXPECT_FALSE(MatchesAnyFile("there.txt"));
+  for (const char* each : {"here.txt", "h*.txt"}) EXPECT_TRUE(MatchesAnyFile(each)) << each;
+  for (const char* each : {"there.txt", "t*.txt", ""}) EXPECT_FALSE(MatchesAnyFile(each)) << each;
   EXPECT_FALSE(MatchesAnyFile(nullptr));
-  EXPECT_FALSE(MatchesAnyFile(""));
   fs::current_path(before);
 }
 
-TEST(TemporaryFileTest, IsEmptyAndNewAndBearsThePrefixAndIsDeletedOnce) {
-  const ScratchFolder folder;
+TEST_F(FilesTest, TemporaryFileIsEmptyAndNewAndHasThePrefixAndCanBeDeleted) {
   const TemporaryFolder redirected(folder.Path().string());
   for (int i = 0; i < 50; ++i) {
     const fs::path path = CreateTemporaryFile("QK7").path;
     EXPECT_TRUE(fs::equivalent(path.parent_path(), folder.Path())) << path;
   }
-  const std::vector<std::string> names = folder.Names();
-  EXPECT_EQ(names.size(), 50U);
-  for (const std::string& name : names) {
+  EXPECT_EQ(folder.Names().size(), 50U);
+  for (const std::string& name : folder.Names()) {
     EXPECT_EQ(name.substr(0, 3), "QK7");
     EXPECT_EQ(fs::file_size(folder.PathOf(name)), 0U) << name;
-    DeleteFileAt(folder.PathOf(name));
-    DeleteFileAt(folder.PathOf(name));
+    for (int time = 0; time < 2; ++time) DeleteFileAt(folder.PathOf(name));
   }
   EXPECT_TRUE(folder.Names().empty());
+}
+
+TEST_F(FilesTest, WritingAFileWholeRemovesAbandonedDraftsAndNothingElse) {
+  const std::vector<std::string> kept = {
+      ".quillkit-new-",   ".quillkit-new-0", ".quillkit-new-01",
+      ".quillkit-new-1x", "state",           "state.quillkit-new-1"};
+  for (const std::string& each : kept) folder.Write(each, "mine");
+  for (const char* each : {".quillkit-new-1", ".quillkit-new-20"}) folder.Write(each, "half");
+  EXPECT_TRUE(WriteFileWhole(folder.PathOf("state"), "new"));
+  EXPECT_THAT(folder.Names(), testing::ElementsAreArray(kept));
+  for (const std::string& each : kept) {
+    EXPECT_EQ(ReadBytes(folder.PathOf(each)), each == "state" ? "new" : "mine") << each;
+  }
 }
 
 }  // namespace
