@@ -1,4 +1,5 @@
-// A key of the running test's own in the user's settings, which goes with the test.
+// A profile of the running test's own, seen as settings of directory servers and as a key of the
+// user's settings. It is deleted after the test.
 
 #ifndef QUILLKIT_TESTS_PLATFORM_USER_SETTINGS_FIXTURE_H_
 #define QUILLKIT_TESTS_PLATFORM_USER_SETTINGS_FIXTURE_H_
@@ -6,70 +7,57 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <array>
-#include <cstring>
-#include <list>
 #include <string>
 #include <vector>
 
 #include "platform/user_settings.h"
+#include "settings/ldap_settings_store.h"
 #include "tests/support/settings_home.h"
 
 namespace quillkit {
 
 class UserSettingsTest : public testing::Test {
  protected:
-  UserSettingsTest() { Make(root); }
+  // Deletes the profile, and the key of all profiles if it is empty then.
   ~UserSettingsTest() override {
-    for (const std::string& each : made) DeleteSettingsKey(each.c_str());
-  }
-
-  // Makes a key and has it deleted at the end; keys below it come after it. Its path.
-  std::string Make(const std::string& path) {
-    made.push_front(path);
-    EXPECT_EQ(SettingsKey(path.c_str(), SettingsAccess::kWrite).OpenStatus(), kSettingsDone);
-    return path;
-  }
-
-  static SettingsStatus Open(const std::string& path) {
-    return SettingsKey(path.c_str(), SettingsAccess::kRead).OpenStatus();
+    for (const std::string& each : Subkeys(key)) DeleteSettingsKey((key + '\\' + each).c_str());
+    DeleteSettingsKey(key.c_str());
+    DeleteLdapProfile("");
   }
 
   static SettingsStatus WriteText(const std::string& path, const char* name, const char* text) {
-    SettingsKey key(path.c_str(), SettingsAccess::kWrite);
-    return key.OpenStatus() == kSettingsDone ? key.WriteText(name, text) : key.OpenStatus();
+    SettingsKey opened(path.c_str(), SettingsAccess::kWrite);
+    return opened.OpenStatus() == kSettingsDone ? opened.WriteText(name, text)
+                                                : opened.OpenStatus();
   }
 
-  // The bytes of a value, or "status " and the status of reading it.
-  static std::string Read(const std::string& path, const char* name) {
-    std::array<char, 4096> bytes{};
-    std::uint32_t size = bytes.size();
-    const SettingsKey key(path.c_str(), SettingsAccess::kRead);
-    const SettingsStatus status = key.Read(name, bytes.data(), &size);
-    return status == kSettingsDone ? std::string(bytes.data(), size)
-                                   : "status " + std::to_string(status);
+  // The bytes of a value, read into a buffer of `size` bytes; or "status " and the status of
+  // opening the key or reading the value.
+  static std::string Read(const std::string& path, const char* name, std::uint32_t size = 8000) {
+    std::string bytes(size + 1, '#');
+    const SettingsKey opened(path.c_str(), SettingsAccess::kRead);
+    SettingsStatus status = opened.OpenStatus();
+    if (status == kSettingsDone) status = opened.Read(name, bytes.data(), &size);
+    EXPECT_EQ(bytes.back(), '#') << "a byte behind the buffer was written";
+    return status == kSettingsDone ? bytes.substr(0, size) : "status " + std::to_string(status);
   }
 
+  // The names of the keys in a key; none if it is not there.
   static std::vector<std::string> Subkeys(const std::string& path) {
+    const SettingsKey opened(path.c_str(), SettingsAccess::kRead);
     std::vector<std::string> names;
-    const SettingsKey key(path.c_str(), SettingsAccess::kRead);
-    for (std::uint32_t index = 0;; ++index) {
-      std::array<char, 256> name{};
-      std::uint32_t length = name.size();
-      const SettingsStatus status = key.SubkeyName(index, name.data(), &length);
-      if (status == kNoMoreSettings) return names;
-      if (status != kSettingsDone) return {"status " + std::to_string(status)};
-      EXPECT_EQ(std::strlen(name.data()), length);
-      names.emplace_back(name.data(), length);
+    for (SettingsStatus status = opened.OpenStatus(); status == kSettingsDone;) {
+      char name[256];
+      std::uint32_t length = sizeof name;
+      status = opened.SubkeyName(static_cast<std::uint32_t>(names.size()), name, &length);
+      if (status == kSettingsDone) names.emplace_back(name);
     }
+    return names;
   }
 
   const SettingsHome home;
-  const std::string root = std::string("Software\\\\Quillkit tests\\") +
-                           testing::UnitTest::GetInstance()->current_test_info()->name();
-
- private:
-  std::list<std::string> made;  // the latest first
+  const std::string profile = testing::UnitTest::GetInstance()->current_test_info()->name();
+  const std::string key = "Software\\\\Tarvenor\\\\Ledgerhouse\\LDAP\\" + profile;
 };
 
 }  // namespace quillkit

@@ -1,155 +1,149 @@
-// The settings of directory servers.
+// The user's settings in what holds on every system: the settings of directory servers, and the
+// keys and values that they are stored in.
 
 #include "settings/ldap_settings_store.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <array>
 #include <cstring>
-#include <list>
-#include <string>
-#include <vector>
 
 #include "platform/message_box.h"
-#include "tests/support/settings_home.h"
+#include "tests/platform/user_settings_fixture.h"
 
 namespace quillkit {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
+using namespace std::string_literals;
 
 constexpr int kBoxResult = 5;
 constexpr const char* kMessage = "Cannot access the Windows Registry.";
 
-class LdapSettingsTest : public testing::Test {
+class LdapSettingsTest : public UserSettingsTest {
  protected:
-  LdapSettingsTest() {
-    shown.clear();
-    earlier = SetMessageBoxHandler([](const char* text) {
-      shown.emplace_back(text);
-      return kBoxResult;
-    });
-    while (Next() == kSettingsDone) {
-      // Brings the walk, which is one for the whole process, back to its beginning.
-    }
+  LdapSettingsTest() { shown.clear(); }
+  ~LdapSettingsTest() override { SetMessageBoxHandler(earlier); }
+
+  // The next profile, read into a buffer of `size` bytes; or "status " and the status.
+  static std::string Next(std::size_t size = 255) {
+    std::string name(size + 1, '#');
+    auto length = static_cast<std::uint32_t>(size);
+    const SettingsStatus status = EnumLdapProfiles(name.data(), &length);
+    EXPECT_EQ(name.back(), '#') << "a byte behind the buffer was written";
+    if (status != kSettingsDone) return "status " + std::to_string(status);
+    EXPECT_EQ(std::strlen(name.data()), length);
+    return name.substr(0, length);
   }
 
-  // Takes away what the test made, and the key of no profile with it where nobody else's is left.
-  ~LdapSettingsTest() override {
-    for (const std::string& each : profiles) DeleteLdapProfile(each.c_str());
-    DeleteLdapProfile("");
-    SetMessageBoxHandler(earlier);
-  }
-
-  // The name of a profile of this test's own, which goes with the test.
-  const char* Profile(const std::string& ending) {
-    profiles.push_back(testing::UnitTest::GetInstance()->current_test_info()->name() + ending);
-    return profiles.back().c_str();
-  }
-
-  // The next profile into `name`.
-  SettingsStatus Next(std::uint32_t room = 256) {
-    name.fill('#');
-    length = room;
-    return EnumLdapProfiles(name.data(), &length);
-  }
-
+  const char* const name = profile.c_str();
   static inline std::vector<std::string> shown;
-  std::array<char, 256> name{};
-  std::uint32_t length = 0;
 
  private:
-  const SettingsHome home;
-  std::list<std::string> profiles;
-  MessageBoxHandler earlier = nullptr;
+  const MessageBoxHandler earlier = SetMessageBoxHandler([](const char* text) {
+    shown.emplace_back(text);
+    return kBoxResult;
+  });
 };
 
-TEST_F(LdapSettingsTest, TextsAreReadUpTo512Characters) {
-  const char* const profile = Profile("");
-  for (const std::size_t each : {1U, 511U, 512U, 513U, 5000U}) {
-    const std::string text(each, '\xE9');
-    EXPECT_EQ(SetLdapString(profile, "host", text.c_str()), 1);
-    EXPECT_EQ(GetLdapString(profile, "host"), each <= 512 ? text : "") << each;
+TEST_F(LdapSettingsTest, ValueHasTheBytesThatWereWrittenLastAndNoType) {
+  EXPECT_EQ(GetLdapDword(name, "v", 7), 0U) << "there is no key";
+  EXPECT_EQ(SetLdapString(name, "other", "x"), 1);
+  EXPECT_EQ(GetLdapDword(name, "v", 7), 7U) << "there is no value";
+  const std::string longest(512, '\xE9');
+  const struct {
+    std::string written, text;
+    std::uint32_t number;
+  } kTexts[] = {{"abcd", "abcd", 7},
+                {longest, longest, 7},
+                {"", "", 0},
+                {longest + '\xE9', "", 7},
+                {"abc", "abc", 0x636261}};
+  for (const auto& each : kTexts) {
+    EXPECT_EQ(SetLdapString(name, "v", each.written.c_str()), 1);
+    EXPECT_EQ(Read(key, "v"), each.written.empty() ? "" : each.written + '\0');
+    EXPECT_EQ(GetLdapString(name, "v"), each.text);
+    EXPECT_EQ(GetLdapDword(name, "v", 7), each.number) << each.written;
   }
-  EXPECT_EQ(SetLdapString(profile, "host", nullptr), 1);
-  EXPECT_EQ(GetLdapString(profile, "host"), "");
+  EXPECT_EQ(Read(key, "v", 3), "status 234");
+  EXPECT_EQ(Read(key, "v", 4), "abc\0"s);
+  SetLdapDword(name, "v", 0x44434241);
+  EXPECT_EQ(Read(key, "v"), "ABCD");
+  EXPECT_EQ(GetLdapString(name, "v"), "ABCD");
+  EXPECT_EQ(SetLdapString(name, "v", nullptr), 1);
+  EXPECT_EQ(Read(key, "v"), "");
 }
 
-TEST_F(LdapSettingsTest, TypesAreNotLookedAt) {
-  const char* const profile = Profile("");
-  SetLdapDword(profile, "number", 0x434241);
-  EXPECT_EQ(GetLdapString(profile, "number"), "ABC");
-  SetLdapDword(profile, "number", 0x44434241);
-  EXPECT_EQ(GetLdapString(profile, "number"), "ABCD");
-  SetLdapString(profile, "text", "abc");
-  EXPECT_EQ(GetLdapDword(profile, "text", 7), 0x636261U);
-  SetLdapString(profile, "text", "abcd");
-  EXPECT_EQ(GetLdapDword(profile, "text", 7), 7U);
-  SetLdapString(profile, "text", "");
-  EXPECT_EQ(GetLdapDword(profile, "text", 7), 0U);
+// Names that mean something elsewhere are names like any other here, of keys and of values.
+TEST_F(LdapSettingsTest, NamesMayHaveAnyBytes) {
+  const std::vector<std::string> names = {" ",     "%",      "%2E",     "%zz",  "..", "../../up",
+                                          ".",     ".new-1", "/",       "/etc", "=x", "a\tb",
+                                          "a.b=c", "c:",     "caf\xE9", "*?",   "~"};
+  for (const std::string& each : names) {
+    EXPECT_EQ(SetLdapString((profile + '\\' + each).c_str(), each.c_str(), each.c_str()), 1);
+    EXPECT_EQ(Read(key + '\\' + each, each.c_str()), each + '\0');
+    EXPECT_EQ(SetLdapString(name, each.c_str(), "beside the key"), 1) << each;
+  }
+  EXPECT_THAT(Subkeys(key), testing::UnorderedElementsAreArray(names));
+  for (const char* each : {"", "a\\b"}) {
+    EXPECT_EQ(SetLdapString(name, each, "a value"), 1);
+    EXPECT_EQ(Read(key, each), "a value\0"s) << each;
+  }
 }
 
-// 37 characters of the path are the store's own.
-TEST_F(LdapSettingsTest, PathOf260CharactersIsTheLongestForTexts) {
-  const std::string start = Profile("");
-  const char* const longest = Profile(std::string(223 - start.size(), 'x'));
-  EXPECT_EQ(SetLdapString(longest, "host", "x"), 1);
-  EXPECT_THAT(shown, IsEmpty());
-  const char* const tooLong = Profile(std::string(224 - start.size(), 'x'));
-  EXPECT_EQ(SetLdapString(tooLong, "host", "x"), 0);
+TEST_F(LdapSettingsTest, TooLongNamesAreRefusedWithTheMessage) {
+  // The longest path for texts has 260 characters, of which 37 are the store's own.
+  const std::string longest = profile + '\\' + std::string(222 - profile.size(), 'x');
+  EXPECT_EQ(SetLdapString(longest.c_str(), "host", "x"), 1);
+  const std::string tooLong = longest + 'x';
+  EXPECT_EQ(SetLdapString(tooLong.c_str(), "host", "x"), 0);
   EXPECT_THAT(shown, ElementsAre(kMessage));
-  EXPECT_EQ(GetLdapDword(tooLong, "host", 7), 0U);  // not even the key was made
-  // For numbers the store has no limit; where the system has one of its own, its refusal is told.
-  SetLdapDword(tooLong, "port", 389);
-  EXPECT_EQ(GetLdapDword(tooLong, "port", 7), shown.size() == 1 ? 389U : 0U);
-  EXPECT_LE(shown.size(), 2U);
+  EXPECT_EQ(GetLdapDword(tooLong.c_str(), "host", 7), 0U) << "not even the key was made";
+  // For numbers the store has no limit; where the system has one, its refusal shows the message.
+  SetLdapDword(tooLong.c_str(), "port", 389);
+  EXPECT_EQ(GetLdapDword(tooLong.c_str(), "port", 7), shown.size() == 1 ? 389U : 0U);
+
+  shown.clear();
+  SetLdapDword((profile + '\\' + std::string(300, 'x')).c_str(), "port", 389);
+  EXPECT_THAT(shown, ElementsAre(kMessage));
+  shown.clear();
+  const std::string value(300, 'v');  // a name that POSIX refuses
+  SetLdapDword(name, value.c_str(), 389);
+  EXPECT_EQ(GetLdapDword(name, value.c_str(), 7), shown.empty() ? 389U : 7U);
 }
 
-TEST_F(LdapSettingsTest, ProfilesAreDeletedOnceNothingIsBelowThem) {
-  const char* const profile = Profile("");
-  const std::string below = Profile("\\below");
-  SetLdapDword(profile, "port", 389);
-  SetLdapDword(below.c_str(), "port", 636);
-  EXPECT_EQ(DeleteLdapProfile(profile), 0);
-  EXPECT_EQ(GetLdapDword(profile, "port", 7), 389U);
-  EXPECT_EQ(DeleteLdapProfile(nullptr), 0);
-  EXPECT_EQ(DeleteLdapProfile(below.c_str()), 1);
-  EXPECT_EQ(DeleteLdapProfile(profile), 1);
-  EXPECT_EQ(GetLdapDword(profile, "port", 7), 0U);
-  EXPECT_EQ(DeleteLdapProfile(profile), 0);
-  SetLdapDword(profile, "other", 1);
-  EXPECT_EQ(GetLdapDword(profile, "port", 7), 7U) << "its values went with it";
-  EXPECT_THAT(shown, ElementsAre(kMessage, kMessage, kMessage));
-
-  SetLdapDword(Profile(std::string(300, 'x')), "port", 389);
-  EXPECT_THAT(shown, testing::SizeIs(4)) << "a refused number shows the message too";
+TEST_F(LdapSettingsTest, KeysAreMadeWithThoseOnTheirPathAndDeletedOnceNothingIsBelowThem) {
+  SetLdapDword(name, "port", 389);
+  EXPECT_EQ(Read(key + "\\a\\b", "port"), "status 2");
+  SetLdapDword((profile + "\\a\\b").c_str(), "port", 0x434241);
+  EXPECT_EQ(Read(key + "\\\\a\\\\\\b\\", "port"), "ABC\0"s) << "more backslashes count for nothing";
+  for (const char* each : {name, "", static_cast<const char*>(nullptr)}) {
+    EXPECT_EQ(DeleteLdapProfile(each), 0);
+  }
+  EXPECT_EQ(GetLdapDword(name, "port", 7), 389U);
+  for (const char* each : {"\\a\\b", "\\a", ""}) {
+    EXPECT_EQ(DeleteLdapProfile((profile + each).c_str()), 1) << each;
+  }
+  EXPECT_EQ(DeleteLdapProfile(name), 0) << "it is not there any more";
+  EXPECT_THAT(shown, ElementsAre(kMessage, kMessage, kMessage, kMessage));
   EXPECT_EQ(ReportRegistryError(5, kSettingsFailedText, "label: "), kBoxResult);
 }
 
-TEST_F(LdapSettingsTest, WalkGoesOnWhereItWasBrokenOff) {
-  EXPECT_EQ(Next(), kNoSuchSetting);  // there is no key yet
-  const char* const named[] = {Profile("A"), Profile("B"), Profile("C")};
-  for (const int each : {1, 0, 2}) SetLdapDword(named[each], "port", 389);
-  for (int i = 0; i < 2; ++i) {
-    EXPECT_EQ(Next(), kSettingsDone);
-    EXPECT_STREQ(name.data(), named[0]);
-    EXPECT_EQ(length, std::strlen(named[0]));
-    const auto tooSmall = static_cast<std::uint32_t>(std::strlen(named[1]));
-    EXPECT_EQ(Next(tooSmall), kMoreSettingData);  // the second: it counts as told
-    EXPECT_EQ(name[tooSmall], '#');
-    EXPECT_EQ(Next(), kSettingsDone);
-    EXPECT_STREQ(name.data(), named[2]);
-    EXPECT_EQ(Next(), kNoMoreSettings);
+TEST_F(LdapSettingsTest, EnumerationContinuesWhereTheLatestCallEnded) {
+  EXPECT_EQ(Next(), "status 2") << "there is no profile yet";
+  const std::string second = profile + "2";
+  const std::string third = profile + "3";
+  for (const std::string& each : {second, profile, third}) SetLdapDword(each.c_str(), "port", 389);
+  for (int round = 0; round < 2; ++round) {
+    EXPECT_EQ(Next(profile.size() + 1), profile);
+    EXPECT_EQ(Next(second.size()), "status 234");
+    EXPECT_EQ(Next(), third) << "a name that does not fit counts as returned";
+    EXPECT_EQ(Next(), "status 259");
   }
-  EXPECT_EQ(Next(), kSettingsDone);
-  for (const char* each : named) DeleteLdapProfile(each);
-  DeleteLdapProfile("");
-  EXPECT_EQ(Next(), kNoSuchSetting);
-  SetLdapDword(named[0], "port", 389);
-  EXPECT_EQ(Next(), kNoMoreSettings);  // behind the one that was told before
-  EXPECT_EQ(Next(), kSettingsDone);
+  EXPECT_EQ(Next(), profile);
+  for (const std::string& each : {second, profile, third, ""s}) DeleteLdapProfile(each.c_str());
+  EXPECT_EQ(Next(), "status 2");
+  SetLdapDword(name, "port", 389);
+  EXPECT_EQ(Next(), "status 259") << "the only profile counts as returned";
+  EXPECT_EQ(Next(), profile);
+  EXPECT_EQ(Next(), "status 259");
 }
 
 }  // namespace
