@@ -13,6 +13,7 @@ namespace {
 
 using testing::ElementsAre;
 
+constexpr const char* kWindowClass = "QuillkitPumpTest";
 constexpr UINT kMark = WM_APP + 1;
 constexpr UINT kRepeat = WM_APP + 2;
 
@@ -21,92 +22,72 @@ std::vector<WPARAM> seen;
 // Notes kMark and dialog commands; posts kRepeat again whenever it comes; leaves its window to be
 // painted for ever.
 LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM first, LPARAM second) {
-  switch (message) {
-    case kMark:
-    case WM_COMMAND:
-      seen.push_back(first);
-      return 0;
-    case kRepeat:
-      PostMessageA(window, kRepeat, 0, 0);
-      return 0;
-    case WM_PAINT:
-      seen.push_back(WM_PAINT);
-      return 0;
-    default:
-      return DefWindowProcA(window, message, first, second);
+  if (message == kMark || message == WM_COMMAND) {
+    seen.push_back(first);
+  } else if (message == WM_PAINT) {
+    seen.push_back(WM_PAINT);
+  } else if (message == kRepeat) {
+    PostMessageA(window, kRepeat, 0, 0);
+  } else {
+    return DefWindowProcA(window, message, first, second);
   }
+  return 0;
+}
+
+HWND CreateTestWindow() {
+  WNDCLASSA type{};
+  type.lpfnWndProc = OnMessage;
+  type.lpszClassName = kWindowClass;
+  RegisterClassA(&type);
+  return CreateWindowA(kWindowClass, "", WS_OVERLAPPEDWINDOW, 0, 0, 200, 100, nullptr, nullptr,
+                       nullptr, nullptr);
 }
 
 class MessagePumpTest : public testing::Test {
  protected:
   MessagePumpTest() {
-    seen.clear();
-    WNDCLASSA type{};
-    type.lpfnWndProc = OnMessage;
-    type.lpszClassName = "QuillkitPumpTest";
-    RegisterClassA(&type);
-    window = CreateWindowA(type.lpszClassName, "", WS_OVERLAPPEDWINDOW, 0, 0, 200, 100, nullptr,
-                           nullptr, nullptr, nullptr);
     PumpThreadMessages(window);
     seen.clear();
   }
-  ~MessagePumpTest() override {
-    DestroyWindow(window);
-    MSG message{};
-    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE) != 0) {
-    }
-  }
+  ~MessagePumpTest() override { DestroyWindow(window); }
 
-  HWND window = nullptr;
+  const HWND window = CreateTestWindow();
 };
 
-TEST_F(MessagePumpTest, DispatchesAllThatIsPendingInOrder) {
-  ASSERT_NE(window, nullptr);
+TEST_F(MessagePumpTest, DispatchesAllPendingMessagesInOrderButForARequestToQuit) {
+  PostQuitMessage(7);
   for (WPARAM i = 1; i <= 4; ++i) PostMessageA(window, kMark, i, 0);
   PostThreadMessageA(GetCurrentThreadId(), kMark, 9, 0);  // belongs to no window: dropped
   PumpThreadMessages(window);
   EXPECT_THAT(seen, ElementsAre(1, 2, 3, 4));
   MSG message{};
   EXPECT_EQ(PeekMessageA(&message, nullptr, kMark, kMark, PM_NOREMOVE), 0);
-}
-
-TEST_F(MessagePumpTest, KeysOfADialogGoToTheDialog) {
-  PostMessageA(window, WM_KEYDOWN, VK_ESCAPE, 0);
-  PumpThreadMessages(window);
-  EXPECT_THAT(seen, ElementsAre(IDCANCEL));
-}
-
-TEST_F(MessagePumpTest, KeysOfOtherWindowsDoNot) {
-  HWND other = CreateWindowA("QuillkitPumpTest", "", WS_OVERLAPPEDWINDOW, 0, 0, 200, 100, nullptr,
-                             nullptr, nullptr, nullptr);
-  PostMessageA(other, WM_KEYDOWN, VK_ESCAPE, 0);
-  PostMessageA(other, kMark, 5, 0);
-  PumpThreadMessages(window);
-  EXPECT_THAT(seen, ElementsAre(5));
-  DestroyWindow(other);
-}
-
-TEST_F(MessagePumpTest, RequestToQuitStaysForTheApplicationsLoop) {
-  PostQuitMessage(7);
-  PostMessageA(window, kMark, 1, 0);
-  PumpThreadMessages(window);
-  EXPECT_THAT(seen, ElementsAre(1));
-  MSG message{};
   ASSERT_NE(PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE), 0);
-  EXPECT_EQ(message.message, static_cast<UINT>(WM_QUIT));
+  EXPECT_EQ(message.message, static_cast<UINT>(WM_QUIT)) << "it stays for the application's loop";
   EXPECT_EQ(message.wParam, 7U);
   EXPECT_EQ(PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE), 0);
 }
 
-// The pump returns though there is always a message left.
-TEST_F(MessagePumpTest, IsNotHeldByAMessageThatIsPostedAnew) {
+TEST_F(MessagePumpTest, OnlyKeysOfTheDialogGoToTheDialog) {
+  const HWND other = CreateTestWindow();
+  PostMessageA(other, WM_KEYDOWN, VK_ESCAPE, 0);
+  PostMessageA(other, kMark, 5, 0);
+  PumpThreadMessages(window);
+  EXPECT_THAT(seen, ElementsAre(5));
+  PostMessageA(window, WM_KEYDOWN, VK_ESCAPE, 0);
+  PumpThreadMessages(window);
+  EXPECT_THAT(seen, ElementsAre(5, IDCANCEL));
+  DestroyWindow(other);
+}
+
+TEST_F(MessagePumpTest, ReturnsThoughAMessageIsPostedAgainAndAgain) {
   PostMessageA(window, kRepeat, 0, 0);
   PostMessageA(window, kMark, 1, 0);
   PumpThreadMessages(window);
   EXPECT_THAT(seen, ElementsAre(1));
 }
 
-TEST_F(MessagePumpTest, IsNotHeldByAWindowThatIsNeverPainted) {
+TEST_F(MessagePumpTest, ReturnsThoughAWindowIsNeverPainted) {
   ShowWindow(window, SW_SHOWNOACTIVATE);
   InvalidateRect(window, nullptr, FALSE);
   seen.clear();
@@ -120,7 +101,7 @@ TEST_F(MessagePumpTest, WaitCursorsNestAndTheLastEndRestoresTheFirst) {
   SetCursor(cross);
   RestoreWaitCursor();
   EndWaitCursor();
-  EXPECT_EQ(GetCursor(), cross);  // none was begun
+  EXPECT_EQ(GetCursor(), cross) << "no wait cursor has begun";
   BeginWaitCursor();
   BeginWaitCursor();
   EXPECT_EQ(GetCursor(), wait);
