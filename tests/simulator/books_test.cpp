@@ -54,6 +54,8 @@ TEST_F(BooksTest, CreatesDeletesAndRenamesNamedBooks) {
 }
 
 TEST_F(BooksTest, ChecksAChangeOfAnEntryInThisOrder) {
+  CEmailEntry entry;
+  EXPECT_EQ(SimulatorFindEntry(BookKind::kPublicList, "Team", nullptr, "Ann", &entry), 0);
   Expect(kNoSuchBook, {"CreateEntry 64:Team ''"});
   Expect(kNoError, {"CreateAB 64:Team"});
   Expect(kInvalidField, {"CreateEntry 64:Team ''"});

@@ -79,8 +79,9 @@ TEST_F(StateTest, ReportsTheLineAndTheReasonOfDamage) {
   const struct {
     std::string lines, fault;
   } cases[] = {
-      {"", "its last line is missing"},
+      {"", "truncated"},
       {"end\nend\n", "line 3: unexpected line after the end"},
+      {"end x\n", "line 2: not a line of a state file"},
       {"\r\n\nbok 1\nend\n", "line 4: not a line of a state file"},
       {"book 1 \"EMAILAB\"\nend\n", "line 2: invalid book line"},
       {"book 1 \"FAXAB\" \"\"\nend\n", noBook},
