@@ -11,7 +11,6 @@
 #include <vector>
 
 #include "platform/user_settings.h"
-#include "settings/ldap_settings_store.h"
 #include "tests/support/settings_home.h"
 
 namespace quillkit {
@@ -22,7 +21,7 @@ class UserSettingsTest : public testing::Test {
   ~UserSettingsTest() override {
     for (const std::string& each : Subkeys(key)) DeleteSettingsKey((key + '\\' + each).c_str());
     DeleteSettingsKey(key.c_str());
-    DeleteLdapProfile("");
+    DeleteSettingsKey(key.substr(0, key.size() - profile.size()).c_str());
   }
 
   static SettingsStatus WriteText(const std::string& path, const char* name, const char* text) {
@@ -55,7 +54,7 @@ class UserSettingsTest : public testing::Test {
     return names;
   }
 
-  const SettingsHome home;
+  const SettingsHome home{};
   const std::string profile = testing::UnitTest::GetInstance()->current_test_info()->name();
   const std::string key = "Software\\\\Tarvenor\\\\Ledgerhouse\\LDAP\\" + profile;
 };

@@ -14,6 +14,7 @@
 #include <fstream>
 #include <thread>
 
+#include "settings/ldap_settings_store.h"
 #include "tests/platform/user_settings_fixture.h"
 
 namespace quillkit {
@@ -114,7 +115,8 @@ TEST_F(SettingsFolderTest, WithoutPermissionNothingChanges) {
   }
   for (const auto& [place, closed] : {std::pair(folder, key), {folder / "inner", inner}}) {
     fs::permissions(place, fs::perms(0555));
-    const pid_t process = Start([&] {  // the administrator may do anything, another user may not
+    // The administrator may do anything, another user may not.
+    const pid_t process = Start([&, closed = closed] {
       return (geteuid() != 0 || seteuid(65534) == 0) &&
              WriteText(closed, "v", "new") == kSettingsDenied &&
              WriteText(closed + "\\new", "v", "new") == kSettingsDenied &&
