@@ -16,7 +16,7 @@ namespace quillkit {
 namespace {
 
 constexpr Status kEarlierError = 17;
-constexpr Status kCodes[] = {1, kDataNotFound, 6, kMoreData, kBookFull, 25};
+constexpr Status kCodes[] = {kDataNotFound, 6, kMoreData, kBookFull};
 
 CombinationCount& combinations =
     CombinationCount::Of("failure sweep, combinations of operation, call and code");

@@ -1,20 +1,19 @@
-// The failure sweep: runs an operation undisturbed, and then once for each of its server calls and
-// each status code, with that call failing. Each run checks the result, the last error, the server
-// calls and the contents of memory. Every operation that calls the server is a row of a table:
+// The failure sweep: runs an operation undisturbed, and then with each of its server calls failing,
+// with code 4 (no data), 21 (more data) and two others. Each run checks the result, the last error,
+// the server calls and the contents of memory. Each operation is a row of a table:
 //
 //   CALL(on.fax.DeleteEntry(&on.faxAnn, 1), kFlag,
 //        "DeleteEntry 2:FAXAB Ann, ReadAB (loses fax/; 4: ends, loses fax/)"),
 //
-//   1. the operation, on a stage that is set up anew for each run (sweep_stage.h)
-//   2. how its result reports success and failure: kStatus, kFlag, Count(n) or kNothing
-//   3. its server calls in order, as the journal shows them but without "IMSP". Arguments at the
-//   end
-//      of a call may be left out. In parentheses: what happens if this call fails, and after a
-//      semicolon, what happens with a certain code
-//   4. the contents of memory after the undisturbed run: those of books that are opened again if
-//      omitted, "kept" if they stay as before, "loses ..." as below, or "unchecked". Here "needs no
-//      book", too, if the operation does not simply fail without one
-//   5. a further preparation of the stage, if needed
+//   1. The operation. It runs on a stage that is set up anew for each run (sweep_stage.h).
+//   2. How its result reports success and failure: kStatus, kFlag, Count(n) or kNothing.
+//   3. Its server calls in order, as the journal shows them but without "IMSP". The last arguments
+//      may be omitted. In parentheses: what happens if this call fails. After a semicolon: what
+//      happens instead with one code.
+//   4. The contents of memory after the undisturbed run. Omitted: those of books that are opened
+//      again. "kept": as before. "loses ..." and so on, as below. "unchecked". In the same place
+//      "needs no book", if the operation without a book does not just fail.
+//   5. A further preparation of the stage, if needed.
 //
 // What happens if a call fails:
 //
@@ -22,14 +21,14 @@
 //   (nothing)   failure   none            as before
 //   ends        success   none            as before
 //   ignored     success   all             as after success
-//   late        failure   all             as after success
 //   skips N     success   not the next N  as after success
+//   late        failure   all             as after success
 //
 // Further words replace a column:
 //
 //   returns N      the result is N
-//   then A B       the further calls are A and B; "then" alone: none
 //   error N        the last error is N
+//   then A B       the further calls are A and B
 //   changed        memory is as after success
 //   kept           memory is as before
 //   loses P        memory without the lines of prefix P
