@@ -71,7 +71,7 @@ TEST_F(AgentServices, SendsADatabaseCommandOfAtMost399Characters) {
     SCOPED_TRACE(testing::Message() << "kind " << each.kind << ", " << first << ", " << second);
     const std::string text(400, 't');
     TheAgent.SetError(kEarlier);
-    const auto tail = [&](int length) { return length < 0 ? nullptr : &text[400 - length]; };
+    const auto tail = [&](int length) { return length < 0 ? nullptr : text.data() + 400 - length; };
     EXPECT_EQ(TheAgent.DatabaseCommand(each.kind, tail(first), tail(second)),
               each.sent < 0 ? kRefused : kNoError);
     EXPECT_EQ(TheAgent.LastError(), each.sent < 0 ? kEarlier : kNoError);

@@ -195,16 +195,17 @@ TEST(EscapedText, ReadsWhatItWritesAndNothingElse) {
 TEST(FaultScript, AddsAllFaultsOfATextOrNone) {
   Faults faults;
   EXPECT_EQ(ScriptFaults("IMSPLogin:2=11,*:2=12,*:3=-1,IMSPAbort:0=13", faults), "");
-  EXPECT_EQ(faults.Take("IMSPLogin"), std::nullopt);
-  EXPECT_EQ(faults.Take("IMSPLogin"), 11) << "the earlier of two applies, and both are used up";
-  EXPECT_EQ(faults.Take("IMSPIOCtl"), -1);
-  EXPECT_EQ(faults.Take("IMSPAbort"), 13);
-  EXPECT_EQ(faults.Take("IMSPAbort"), 13) << "0 is every call";
+  EXPECT_EQ(faults.CountCall("IMSPLogin"), std::nullopt);
+  EXPECT_EQ(faults.CountCall("IMSPLogin"), 11)
+      << "the earlier of two applies, and both are used up";
+  EXPECT_EQ(faults.CountCall("IMSPIOCtl"), -1);
+  EXPECT_EQ(faults.CountCall("IMSPAbort"), 13);
+  EXPECT_EQ(faults.CountCall("IMSPAbort"), 13) << "0 is every call";
   for (const char* text : {"IMSPLogin", "IMSPLogin:1", "IMSPLogin=1", "IMSPLogin:-1=1", ":1=1",
                            "IMSPLogin:1=1 ", "ImspLogin:1=1", "IMSPLogin:0=1,,"}) {
     EXPECT_NE(ScriptFaults(text, faults), "") << text;
   }
-  EXPECT_EQ(faults.Take("IMSPLogin"), std::nullopt);
+  EXPECT_EQ(faults.CountCall("IMSPLogin"), std::nullopt);
 }
 
 }  // namespace
