@@ -185,7 +185,8 @@ void AddImportCommand(Commands& commands) {
   import->add_option("--target", into.target, "csv only: the book (default: email)")
       ->check(CLI::IsMember(BookWords()));
   import->add_option("--map", into.map, kMapHelp);
-  import->add_flag("--skip-header", into.skipHeader, "csv only: skip the first line");
+  import->add_flag("--skip-header", into.skipHeader,
+                   "csv only: skip the first line that is not blank");
   import->add_flag("--clear", into.clearFirst,
                    "csv only: clear the book first; requires ADMINISTRATOR");
   import->add_option("--show", into.shown, "The number of new entries to show")

@@ -30,7 +30,9 @@ class EntryRules {
   std::string FieldFault(std::size_t field, std::string_view value) const {
     const std::size_t width = script.widths[field];
     if (value.size() > width) return "is longer than " + std::to_string(width) + " characters";
-    if (value.find('\n') != value.npos) return "has no end: no \"%\", comma or double quote";
+    if (value.find('\n') != value.npos) {
+      return "is not followed by \"%\", a comma or a double quote";
+    }
     if (isAdmin && value.find('"') != value.npos) return "contains a double quote";
     const bool isEmpty = value.find_first_not_of(" \t\r") == value.npos;
     return isEmpty && IsNeeded(field) ? "is empty" : "";

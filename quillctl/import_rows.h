@@ -62,8 +62,8 @@ ImportRows DelimitedRows(std::string_view text, std::span<const std::int32_t> co
 ImportRows DirectoryRows(std::string_view text);
 
 // Reads a mail server's export. A row is the line of a mailbox, or a line with a carriage return,
-// which may hide one. Lines of other classes are passed over; the first line is the header if it is
-// one of them.
+// which may hide one. Lines of other classes are passed over. If the first line is of another
+// class, it is the header.
 ImportRows MailServerRows(std::string_view text);
 
 // The number of fields that an account other than ADMINISTRATOR can import: a name and another one.

@@ -194,7 +194,7 @@ void MoveToKey(const Session& session, const std::string& key, const std::string
   const std::int32_t status = quillkit::DeleteMenuItem(FindKey(session.Book(), key), name, 0);
   if (status != 0 ||
       HasItem(session, key, name,
-              "added " + moved + ", but cannot read whether it was deleted under " + Quoted(key))) {
+              "added " + moved + ", but cannot check that it was deleted under " + Quoted(key))) {
     throw Refusal("cannot delete " + DescribedItem(name, key) + ": " +
                   (status != 0 ? CodeAndText(status) : "the appliance reports success") +
                   "; the item is now under both keys");

@@ -56,7 +56,7 @@ OwnedItem MakeItem(const ItemFields& fields);
 // Returns "0x" and eight digits.
 std::string Hexadecimal(std::uint32_t word);
 
-// Returns: the item "Scan" under the key "Copy"
+// Returns a text such as: the item "Scan" under the key "Copy"
 std::string DescribedItem(const std::string& item, const std::string& key);
 
 // Returns the key of this name in a loaded book. Throws a Refusal if there is none.

@@ -74,7 +74,7 @@ std::string ReadRights(CheckRun& check) {
 
 void RequireBook(const Session& session) {
   if (quillkit::GetTopLevelAbook(session.Scanner()) == nullptr) {
-    throw Skip("this account has no soft keys");
+    throw Skip("this account cannot manage soft keys");
   }
 }
 
@@ -104,7 +104,7 @@ std::string ReadItems(CheckRun& check) {
   std::size_t items = 0;
   for (const KeyFields& each : keys) items += each.items.size();
   check.SetKeys(std::move(keys));
-  return Counted(items, "item") + ", as the server counts";
+  return Counted(items, "item") + "; the server reports the same number";
 }
 
 std::string ReadKeyByKey(CheckRun& check) {

@@ -14,7 +14,7 @@ std::string LoginFault(const Credentials& credentials) {
   if (status != 0) return CodeAndText(status);
   if (credentials.user.size() > 31) return "the user name has more than 31 characters";
   if (credentials.password->size() > 15) return "the password has more than 15 characters";
-  if (credentials.third.size() > 255) return "the third field has more than 255 characters";
+  if (credentials.third.size() > 255) return "the third text has more than 255 characters";
   return "this address is invalid for an appliance";
 }
 
@@ -50,7 +50,7 @@ quillkit::CTopLevelAB* Session::Book() const {
   quillkit::CTopLevelAB* book = quillkit::GetTopLevelAbook(scanner);
   if (book != nullptr) return book;
   throw Refusal("the account " + Quoted(User()) +
-                " has no soft keys; log in as ADMINISTRATOR or TOOLKIT");
+                " cannot manage soft keys; log in as ADMINISTRATOR or TOOLKIT");
 }
 
 quillkit::CTopLevelAB* Session::LoadKeys(bool withItems) const {

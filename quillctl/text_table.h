@@ -13,7 +13,8 @@ namespace quillctl {
 // One cell for each column.
 using Row = std::vector<std::string>;
 
-// Returns the text with A to Z in lower case: a heading as a word of the command line or of JSON.
+// Returns the text with A to Z in lower case. Converts a heading to the word that the command line
+// and JSON use.
 std::string LowerCase(std::string text);
 
 class TextTable {
