@@ -1,4 +1,4 @@
-// Splits a line into words, numbers and texts in double quotes, separated by spaces.
+// Splits a line into words, numbers and texts in double quotes, separated by spaces or tabs.
 
 #ifndef QUILLKIT_SIMULATOR_LINE_PARSER_H_
 #define QUILLKIT_SIMULATOR_LINE_PARSER_H_
@@ -19,14 +19,14 @@ class LineParser {
 
   bool IsAtEnd() const { return rest.empty(); }
 
-  // The characters up to the next space. Empty at the end.
+  // The characters up to the next space or tab. Empty at the end.
   std::string_view Word() {
     const std::string_view word = rest.substr(0, rest.find_first_of(kBlanks));
     Remove(word.size());
     return word;
   }
 
-  // A text in double quotes, followed by a space or the end.
+  // A text in double quotes, followed by a space, a tab or the end.
   std::optional<std::string_view> Quoted() {
     if (!rest.starts_with('"')) return std::nullopt;
     const std::size_t end = rest.find('"', 1);

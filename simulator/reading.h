@@ -1,8 +1,8 @@
 // The bulk reads: copy records of a book into the caller's buffer.
 //
-// All of them take the range and direction of bridge/imsp_api.h. They read `*count` as the capacity
-// of the buffer and set it to the number of records delivered. They return 0; 4 if there is nothing
-// to deliver; 21 if there is more than fits.
+// All except ReadCensus use the range and direction of bridge/imsp_api.h. They read `*count` as the
+// capacity of the buffer and set it to the number of records delivered. They return 0; 4 if there
+// is nothing to deliver, with `*count` unchanged; 21 if there is more than fits.
 
 #ifndef QUILLKIT_SIMULATOR_READING_H_
 #define QUILLKIT_SIMULATOR_READING_H_

@@ -6,9 +6,9 @@
 // contain records; the caller decides whether to use them. Without an agent, every operation
 // returns -1 and makes no call.
 //
-// Book, key and sent record are copies: a server that overwrites them changes neither the caller's
-// nor the next call's. In delivered records and rows, each text ends inside its field, so it may be
-// read as a C string.
+// Each call sends copies of the book, the key and the record. If the server overwrites them, the
+// objects of the caller and the arguments of the next call stay unchanged. In delivered records and
+// rows, each text ends inside its field, so it may be read as a C string.
 //
 // The first field of a record is its name, and its key in the book. A name of a book or entry that
 // is too long for its field is sent as the empty name: truncated, it could be the name of another.
@@ -123,8 +123,9 @@ class BookAccess {
   Status Delete(const Entry& entry) { return DeleteByKey(KeyOf(entry)); }
   Status Delete(std::string_view name) { return DeleteByKey(EntryKey::Of(name)); }
 
-  // Replaces the entry with the name of each record in turn. Returns the first status that is not
-  // 0, after which no more are sent, or 0; those sent before stay. Reads `*count` before each step.
+  // Replaces the entry with the name of each record in turn. Stops at the first status that is not
+  // 0 and returns it; the records sent before remain. Otherwise returns 0. Reads `*count` before
+  // each step.
   // Server calls: IMSPModifyEntry for each record.
   Status ModifyEach(Entry* entries, const std::uint32_t* count) {
     if (agent == nullptr) return kRefused;

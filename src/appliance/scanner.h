@@ -227,8 +227,8 @@ class CScanner : public RootObject {
 
   // Creates a private list and adds `*count` members. An existing list gets the members too: the
   // status of IMSPCreateAB is ignored. A member whose flags are 0 refers to the public book: its
-  // address is blanked first, in the caller's array. Returns the status of the first member that
-  // fails, after which no more are sent, or 0; those sent before stay.
+  // address is blanked first, in the caller's array. Stops at the first member that fails and
+  // returns its status; the members sent before remain. Otherwise returns 0.
   // Server calls: IMSPCreateAB, then IMSPCreateEntry for each member.
   Status CreatePrivateMembers(std::string_view list, CEmailEntry* members,
                               const std::uint32_t* count) const;

@@ -9,7 +9,7 @@
 //                 otherwise the byte 255 and 16 bits below 65534; otherwise the byte 255, the
 //                 16-bit value 65535 and 32 bits
 //   object        its class name as a text, the schema of its class as a 32-bit value, then what
-//                 its Serialize() writes. An empty class name stands for null
+//                 its Serialize() writes. An empty class name means null
 //   object list   its count as a 32-bit value, then each object
 //
 // Invariants while loading:

@@ -5,8 +5,8 @@
 //   2. count() records from data() on are live, and are inside the block.
 //   3. Records are trivially copyable and are moved bytewise. The block comes from the C allocator,
 //      so that it can be resized in place. New records are blank, in case the server claims to have
-//      delivered records that it did not: they are set by Blank() if their type has it, otherwise
-//      zeroed.
+//      delivered records that it did not. Allocate() calls Blank() if the type has it, otherwise it
+//      zeroes the records. Resize() zeroes them.
 //   4. A record with a password is wiped as soon as it is not live, and in the memory that it was
 //      moved from.
 //
@@ -92,7 +92,7 @@ class EntryBlock {
       Wipe(storage + count, skipped + live - count);
       skipped = 0;
       live = count;
-      // If the block cannot shrink, it stays: all records are there.
+      // If the reallocation fails, the block keeps its size and its records.
       Reallocate(count);
       return true;
     }

@@ -10,8 +10,8 @@ namespace quillkit {
 class CScanner;
 class CUserRecord;
 
-// Returns the logged-in user of the scanner's agent, or of TheAgent if the scanner is null or has
-// no agent; null if no user is logged in. The agent owns the record, which is valid until the next
+// Returns the logged-in user of the scanner's agent, or of TheAgent if the scanner is null or not
+// bound; null if no user is logged in. The agent owns the record, which is valid until the next
 // login, logout or shutdown.
 CUserRecord* ConnectedUser(const CScanner* scanner);
 

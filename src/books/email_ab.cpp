@@ -26,7 +26,7 @@ std::unique_ptr<CEntryView> MakeView(std::int32_t mode, std::int32_t pageSize) {
   return std::make_unique<CFullEntryView>();
 }
 
-// Stands in for an absent view. It has no entries, and refuses changes.
+// Used if the book has no view. It has no entries, and refuses changes.
 class NoView : public CEntryView {
  public:
   NoView() : CEntryView(0) {}

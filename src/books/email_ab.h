@@ -1,8 +1,8 @@
 // The public e-mail book of one appliance, and the public e-mail lists.
 //
-// The entries, up to 200,000, are not held in memory. The book owns one view
-// (views/entry_view.h), chosen when it is opened, and forwards navigation to it. The lists, at most
-// 512, are held in memory (books/public_list_book.h).
+// The entries, up to 200,000, are not held in memory. The book owns one view (views/entry_view.h),
+// chosen when the book is opened, and forwards navigation to it. The lists, at most 512, are held
+// in memory (books/public_list_book.h).
 //
 // Invariants:
 //   1. An entry from the view is valid until the view's next operation. A list is valid until it is
@@ -53,7 +53,7 @@ class CEmailAB : public EntrySource, public PublicListBook<CEmailAB, CPubEmailDL
   // The same, but a sliding view has pages of 1, and `newLoadMode` selects what is opened: 0 the
   // view and the lists with their members, 1 the lists, 2 the view. Returns 1; or 0 if LoadLists
   // returned another status than 0, such as 21 for too many lists. The result of the view is
-  // ignored. For any other load mode opens nothing and returns 0.
+  // ignored. Every load mode deletes the old view. Any other mode then opens nothing and returns 0.
   int Attach(CScanner* newScanner, std::int32_t newViewMode, std::int32_t newLoadMode);
 
   std::int32_t LoadMode() const { return loadMode; }
@@ -197,8 +197,8 @@ class CEmailAB : public EntrySource, public PublicListBook<CEmailAB, CPubEmailDL
     return ViewOrNone().LetterOfIndex(index, letter);
   }
 
-  // Work in view mode 2 only, although other modes have a full view too. The first two return a
-  // count or -1, the others 1 or 0.
+  // Work in view mode 2 only. Modes other than 0, 1 and 2 have a full view too, but there these
+  // operations fail. The first two return a count or -1, the others 1 or 0.
   std::int32_t AddLocal(CEmailEntry* entry) { return EditableView().AddLocal(entry); }
   std::int32_t RemoveLocal(CEmailEntry* entry) { return EditableView().RemoveLocal(entry); }
   std::int32_t ModifyLocal(CEmailEntry* entry) { return EditableView().ModifyLocal(entry); }

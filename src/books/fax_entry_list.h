@@ -30,8 +30,9 @@ class CFaxEntryList {
   CFaxEntryList(const CFaxEntryList&) = delete;
   CFaxEntryList& operator=(const CFaxEntryList&) = delete;
 
-  // Stores the owner and allocates `capacity` blank entries, all of which count. Keeps the position
-  // of walk and search. Returns 1, or 0 without a block; 0 and no change for a null owner.
+  // Stores the owner and allocates `capacity` blank entries, which all count as entries. Keeps the
+  // positions of walk and search. Returns 1, or 0 if the allocation fails; 0 and no change for a
+  // null owner.
   int Init(std::int32_t capacity, CFaxAB* newOwner);
 
   CFaxAB* Owner() const { return owner; }
@@ -50,7 +51,7 @@ class CFaxEntryList {
   CFaxEntry* At(std::int32_t index) { return items.At(index); }
   const CFaxEntry* At(std::int32_t index) const { return items.At(index); }
 
-  // Returns the new count; or -1 with 2048 entries and without memory.
+  // Returns the new count; or -1 if the list has 2048 entries or the allocation fails.
   std::int32_t Append(const CFaxEntry& entry);
 
   // Return 0 for an index out of range; otherwise RemoveAt returns 1, and SetAt the result of

@@ -70,9 +70,9 @@ class CPrivEmailAB : public RootObject, private ListSet<CPrivEmailDL> {
   bool ListsLoaded() const { return listsLoaded != 0; }
 
   // Creates the book on the server from the copy: every entry with CPrivEntryPage::SendAll and, if
-  // the last one returned 0, every list with WriteMembers. Stops at the first list that fails.
-  // Returns the first failing status, or 0. Lists that were read from an archive have no book: they
-  // return 0 even if the server refuses.
+  // the last entry returned 0, every list with WriteMembers. Stops at the first list that fails.
+  // Returns the status of the last entry or of that list, or 0. Lists that were read from an
+  // archive have no book: they return 0 even if the server refuses.
   Status WriteBack();
 
   // Deletes the lists, if there are at most 100, and the book on the server, and keeps the copy.
@@ -80,16 +80,16 @@ class CPrivEmailAB : public RootObject, private ListSet<CPrivEmailDL> {
   // the time-out.
   Status EmptyOnServer();
 
-  // Deletes the lists of the copy and the book on the server. The session's own book keeps its copy
-  // as the source of a later WriteBack; any other drops it.
+  // Deletes on the server the lists that the copy has, and the book. The session's own book keeps
+  // its copy as the source of a later WriteBack; any other book drops its copy.
   void DeleteAll();
 
   // Deletes the lists of the copy on the server, ignores failures, and drops them.
   void DeleteAllLists();
 
-  // Deletes the lists of the copy and the book on the server, drops the lists and prepares the
-  // entries for a load: until then there are 2000 blank ones. Returns the status of restoring the
-  // old time-out, or of raising it.
+  // Deletes on the server the lists that the copy has, and the book. Then drops the lists of the
+  // copy and prepares the entries for a load: until the load there are 2000 blank entries. Returns
+  // the status of restoring the old time-out, or of raising it if that fails.
   Status ClearAll();
 
   Status ServerEntryCount(std::uint32_t* count) const;  // IMSPSizeofAB

@@ -47,11 +47,11 @@ class CPrivEntryPage : public CEntryPage {
   std::int32_t SearchNext(std::int32_t exact);
   std::int32_t Search(std::string_view key, std::int32_t start, std::int32_t exact) const;
 
-  // Change or read one entry on the server. Return its status. If it is 0 and `reload` is set, read
-  // the list again and return that status instead, except Remove. With 2000 entries Add returns 24,
-  // records nothing and makes no call.
-  // Server calls: IMSPCreateEntry, IMSPReadEntryProperties, IMSPModifyEntry (twice),
-  // IMSPDeleteEntry; then IMSPReadAB.
+  // Change or read one entry on the server. Return the status. If it is 0 and `reload` is set, they
+  // read the list again and return the status of that read; Remove returns that of the deletion.
+  // With 2000 entries Add returns 24, records nothing and makes no call.
+  // Server calls: IMSPCreateEntry, IMSPReadEntryProperties, IMSPModifyEntry (Modify and
+  // ModifyByKey) or IMSPDeleteEntry; then IMSPReadAB if `reload` is set.
   Status Add(CEmailEntry* entry, std::int32_t reload);
   Status Read(CEmailEntry* entry, std::int32_t reload);
   Status Modify(CEmailEntry* entry, std::int32_t reload);

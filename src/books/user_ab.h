@@ -81,7 +81,7 @@ class CUserAB : public RootObject {
 
   // With `reload` the record itself goes through the copy step too. ReadUser makes no call for a
   // name that is not terminated in its field.
-  // Server calls: IMSPReadEntryProperties; IMSPModifyEntry (twice).
+  // Server calls: IMSPReadEntryProperties, or IMSPModifyEntry (modify and rename).
   bool ReadUser(CUserRecord* record, std::int32_t reload);
   bool ModifyUser(CUserRecord* record, std::int32_t reload);
   bool RenameUser(const std::string& oldName, CUserRecord* record, std::int32_t reload);
@@ -117,9 +117,9 @@ class CUserAB : public RootObject {
     return BoundScanner().ClearLog(std::string(record.name.View()));
   }
 
-  // Clears the log of all but the system's accounts and then USERSAB, through the appliance of the
-  // latest login, which may be another than this book's. Then loads the list. Returns the status of
-  // the clear; -1 and no change if there is no appliance.
+  // Clears the log as CAgent::ClearLogExceptSystem, and then USERSAB, through the appliance of the
+  // latest login, which may differ from this book's appliance. Then loads the list. Returns the
+  // status of the clear; -1 and no change if there is no appliance.
   Status ClearAll();
 
   // The access to USERSAB.

@@ -24,7 +24,7 @@ inline constexpr std::int32_t MaxUsers = 4096;
 class CUserList {
  public:
   // Stores the owner, which sends the calls and must outlive the list, and allocates `capacity`
-  // blank records, all of which count. Does nothing for a null owner.
+  // blank records, which all count as accounts. Does nothing for a null owner.
   void Init(std::int32_t capacity, CUserAB* newOwner);
 
   // The block: as EntryBlock, with Grow for Resize. A Shrink to 0 frees the block.
@@ -43,7 +43,7 @@ class CUserList {
   // Replaces a record. Returns 1, or 0 for an index out of range.
   int SetAt(std::int32_t index, const CUserEntry& record);
 
-  // Returns 1, or 0 for an index out of range. Only the removal of the last record frees memory.
+  // Returns 1, or 0 for an index out of range. Frees the block when no record remains.
   int RemoveAt(std::int32_t index);
 
   // Returns the new count, or 0 on failure: if the allocation fails, or if the list has 4096
@@ -55,7 +55,7 @@ class CUserList {
 
   // Reads as many accounts as there are records, starting after `startKey`. Keeps what was
   // delivered if the status is 0 or 21; any other leaves none. Returns the status; or -1 and makes
-  // no call for an empty list. Server calls: IMSPReadAB.
+  // no call for an empty list or without an owner. Server calls: IMSPReadAB.
   Status Load(std::string_view startKey, std::int32_t direction);
 
   // Writes every record to the server in turn. Stops at the first status that is not 0 and returns

@@ -51,16 +51,16 @@ class CUserRecord : public CUserEntry {
 
   // --- The private book, owned by the record ---
   //
-  // On a record that is not valid they return null or 0. ADMINISTRATOR and TOOLKIT get no private
-  // book.
+  // On a record that is not valid they return null or 0, except SetPrivateBookRaw. ADMINISTRATOR
+  // and TOOLKIT get no private book.
 
   CPrivEmailAB* PrivateBook() const { return IsValid() ? privateBook.get() : nullptr; }
 
   // Releases the book to the caller.
   CPrivEmailAB* DetachPrivateBook();
 
-  // Deletes the present book, and stores `book`, which the record then owns, and returns 1; or for
-  // null makes a new book with CreatePrivateBook.
+  // Stores `book`, which the record then owns. Deletes the present book unless it is the same.
+  // Returns 1. For null, deletes the present book and returns the result of CreatePrivateBook.
   int AttachPrivateBook(CPrivEmailAB* book);
 
   // Stores `book`, which the record then owns. Releases the present one without deleting it.
@@ -79,9 +79,10 @@ class CUserRecord : public CUserEntry {
   void LoadPrivateLists();
 
   // Empties the private book on the server and writes the one in memory back: restore only a book
-  // that was read completely. Returns 1; or 0 at the first failure, or without a book. A book that
-  // does not exist on the server (4) is no failure. Server calls: IMSPReadEntryProperties for the
-  // account, then those of CPrivEmailAB::EmptyOnServer and WriteBack.
+  // that was read completely. Returns 1; or 0 at the first failure, or without a book. If the
+  // book does not exist on the server, EmptyOnServer returns 4 or 3: 4 is no failure, 3 is one.
+  // Server calls: IMSPReadEntryProperties for the account, then those of
+  // CPrivEmailAB::EmptyOnServer and WriteBack.
   //
   // The result 1 does not mean that everything was written. Of the entries, only the last one's
   // status counts. Lists that were read from an archive have no book: what the server refuses of
@@ -110,7 +111,8 @@ class CUserRecord : public CUserEntry {
   // --- Log ---
   //
   // As CAgent's ReadLog, ClearLog, LogCount and LogRecordAt for this user. Use the agent of the
-  // owner's appliance, or TheAgent if there is none.
+  // owner's appliance, or TheAgent without an owner. If the owner has no bound scanner, LoadLog and
+  // ClearMyLog return -1 and make no call, and the other two use TheAgent.
 
   Status LoadLog() const;
   Status ClearMyLog() const;

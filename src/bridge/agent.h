@@ -182,7 +182,8 @@ class CAgent : public RootObject {
   // Server calls: those of SetServerTimeout, IMSPBatchConfiguration, those of SetServerTimeout.
   Status RunBatch(const std::string& path);
 
-  // The same with a database command (IMSPIOCtl 7). Return and record -1 for texts that do not fit.
+  // Run a database command (IMSPIOCtl 7) under the long time-out, like RunBatch. Return and record
+  // -1 if DatabaseCommand rejects the texts.
   Status BackupDatabase(const char* first, const char* second);
   Status RestoreDatabase(const char* first, const char* second);
 

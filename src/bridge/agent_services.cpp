@@ -72,7 +72,7 @@ Status CAgent::CheckDatabase() {
   });
 }
 
-// Records -1 for texts that do not fit. No other operation records a local code.
+// Also records the -1 for rejected texts. No other operation records a local code.
 Status CAgent::RecordedCommand(std::int32_t kind, const char* first, const char* second) {
   lastError = DatabaseCommand(kind, first, second);
   return lastError;

@@ -30,8 +30,9 @@ Status IMSPCheckString(const char* text, std::int32_t maximumLength);
 Status IMSPBatchConfiguration(const char* path);
 Status IMSPChangeIdentity(EntryKey* user);
 
-// Books. A null filter means the whole book. The count of IMSPSizeofAB is only an output.
-// IMSPListAB with a null range and a null buffer delivers only the number.
+// Books. A null filter means the whole book. The range of IMSPReadAB may be null: the whole book.
+// The count of IMSPSizeofAB is only an output. IMSPListAB with a null range and a null buffer
+// delivers only the number.
 Status IMSPCreateAB(ABIdent* book);
 Status IMSPDeleteAB(ABIdent* book);
 Status IMSPClearAB(ABIdent* book, const char* filter);

@@ -29,8 +29,8 @@ class LongTimeout {
   // With a null agent, raise and restore fail with -1 and make no call.
   LongTimeout(CAgent* newAgent, Unit newUnit) : agent(newAgent), unit(newUnit) {}
 
-  // Raises the time-out, runs `work`, restores the time-out. The first status that is not 0 ends
-  // this and is returned: if the work fails, the server keeps the long time-out.
+  // Raises the time-out, runs `work`, restores the time-out. Stops at the first status that is not
+  // 0 and returns it: if the work fails, the server keeps the long time-out.
   template <class Work>
   Status RunUntilFailure(Work work) {
     Status status = Raise();

@@ -70,8 +70,7 @@
 //                                            quill_destroy_menu_item.
 //   user     quill_get_current_              Owned by the library. Ends with quill_logout,
 //            connected_user                  quill_exit and every login, except a failed one that
-//                                            leaves a user connected. No function accepts
-//                                            it.
+//                                            leaves a user connected. No function accepts it.
 //
 // Text. 8-bit characters without a character set, NUL-terminated. The library copies a text
 // argument before use. Null yields QUILL_E_ARGUMENT unless stated otherwise. A text result is

@@ -22,8 +22,8 @@ struct DelimitedLayout {
   // `isAdmin`, the rows are not formatted: the script holds them unchanged, without newlines
   // between them and without a line that clears the book.
   std::int32_t targetBook = TargetEmail;
-  // Entry i is the zero-based column for field i of the book; a negative entry stands for no
-  // column. A column may be used more than once. A field without an entry or a column is empty.
+  // Entry i is the zero-based column for field i of the book; a negative entry means no column. A
+  // column may be used more than once. A field without an entry or a column is empty.
   std::span<const std::int32_t> columnMap;
   // Drops the first line that is not empty.
   bool skipHeader = false;

@@ -58,7 +58,7 @@ class PrivateList : public ServerList<CEmailEntry, BookClass, BookKind::kPrivate
   Status WriteMembers() override;
 
   // Delete the list on the server under the long time-out; DestroyList first drops the members in
-  // memory. Return the first status that is not 0, which ends this. Without a book they delete the
+  // memory. Stop at the first status that is not 0 and return it. Without a book they delete the
   // session's own list. Server calls: IMSPIOCtl 2 and 1, IMSPDeleteAB, IMSPIOCtl 1.
   Status DestroyList() override;
   Status DestroyKeepingMembers();

@@ -34,18 +34,18 @@ class PublicList : public ServerList<Entry, BookClass, kListKind> {
   // Reads the list again, as Open, without its limit.
   Status Reload() override;
 
-  // Modifies each member in turn, by its own name. Returns the first status that is not 0, which
-  // ends this. Server calls: IMSPModifyEntry for each.
+  // Modifies each member in turn, by its own name. Stops at the first status that is not 0 and
+  // returns it. Server calls: IMSPModifyEntry for each.
   Status WriteMembers() override;
 
-  // Drops the members in memory and deletes the list on the server under the long time-out. Returns
-  // the first status that is not 0, which ends this: if the list cannot be deleted, the server
+  // Drops the members in memory and deletes the list on the server under the long time-out. Stops
+  // at the first status that is not 0 and returns it: if the list cannot be deleted, the server
   // keeps the long time-out. Without a book returns -1, after the members were dropped.
   // Server calls: CAgent::SetServerTimeout, IMSPDeleteAB, CAgent::SetServerTimeout.
   Status DestroyList() override;
 
   // Drops the members in memory and empties the list on the server under the long time-out, through
-  // TheAgent: with or without a book. Returns the first status that is not 0, which ends this.
+  // TheAgent, with or without a book. Stops at the first status that is not 0 and returns it.
   // Server calls: IMSPIOCtl 2 and 1, IMSPClearAB, IMSPIOCtl 1.
   Status ClearMembers();
 

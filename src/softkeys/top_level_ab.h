@@ -100,7 +100,8 @@ class CTopLevelAB : public RootObject {
   std::int32_t FastKeyRemove(const CSoftKey& key);
 
   // Returns 1, or 0; also 0 if the server changed a key that was not cached. Moves the content of
-  // `key` into the cached key: `key` keeps its name and has no items.
+  // `key` into the cached key: `key` keeps its name and has no items. If `key` is the cached key
+  // itself, nothing moves.
   std::int32_t FastKeyModify(CSoftKey* key);
 
   // Gives the cached key `oldName` the name of `key`. Returns 1, or 0 as above.

@@ -66,8 +66,8 @@ CEmailEntry* CLetterEntryView::GetAt(std::int32_t index) {
   return page.At(cursor);
 }
 
-// Steps through the entries of this name. None is removed: that takes an entry that matches the one
-// found, and two entries of one name never match (CEmailEntry::Matches).
+// Steps through the entries of this name and removes nothing: only an entry that matches the one
+// found is removed, and two entries with the same name never match (CEmailEntry::Matches).
 Status CLetterEntryView::Remove(CEmailEntry* entry, std::int32_t /*flag*/) {
   if (!HasEntries()) return kNoError;
   const CEmailEntry* found = Find(entry->name.View(), 1);

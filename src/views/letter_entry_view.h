@@ -29,8 +29,8 @@ class CLetterEntryView : public CEntryView {
  public:
   CLetterEntryView() : CEntryView(0) {}
 
-  // First and FindLetter load a letter and go to its first entry. The other operations return null
-  // until a letter was loaded.
+  // First and FindLetter load a letter and go to its first entry. Find and FindPrefix can load one
+  // too. While the page is empty, the other operations of navigation return null.
   CEmailEntry* First() override;
 
   // Returns the last entry of the book's last letter. The next step to another letter starts from

@@ -196,8 +196,9 @@ Status CSlidingEntryView::LoadDown(EntryKey key) {
   return LoadSpan([&] { return ReadOnward(highPage, midPage, lowPage, key, {}, 0); });
 }
 
-// Reads the span around the key. If `*endsAtKey` is set, the low page ends with the key's own
-// entry, or with the one before its place; otherwise the middle page starts there.
+// Reads the span around the key. If `*endsAtKey` is set, the low page ends with the key's own entry
+// or, if that does not exist, with the entry before it. Otherwise the middle page starts with the
+// key's own entry, or is empty.
 Status CSlidingEntryView::LoadAround(EntryKey key, bool* endsAtKey) {
   return LoadSpan([&] { return ReadAround(key.name.View(), endsAtKey); });
 }

@@ -1,5 +1,5 @@
-// The stage of every test that needs a server: the simulated appliance as delivered, its journal
-// running, and the library's agent bound to it.
+// The fixture of all tests that need a server: the simulated appliance in its initial state, with
+// its journal recording and the agent of the library bound to it.
 
 #ifndef QUILLKIT_TESTS_SUPPORT_APPLIANCE_FIXTURE_H_
 #define QUILLKIT_TESTS_SUPPORT_APPLIANCE_FIXTURE_H_
@@ -27,13 +27,13 @@ class ApplianceTest : public testing::Test {
   ApplianceTest();
   ~ApplianceTest() override;
 
-  // Logs the administrator in, without loading the top-level book, and forgets the calls of that.
+  // Logs the administrator in, without loading the top-level book, and clears the journal.
   static CScanner* LogIn();
 
-  // Gives the appliance a soft key with items of these names, behind the library's back.
+  // Stores a soft key with items of these names on the appliance, without using the library.
   static void PutKey(std::string_view key, std::initializer_list<std::string_view> items);
 
-  // The calls since the last time this was asked, as SimulatorCallText gives them.
+  // Returns the calls in the journal, as SimulatorCallText returns them, and clears the journal.
   static std::vector<std::string> TakeCalls();
 };
 

@@ -1,4 +1,4 @@
-// The number of cases that a sweep went through, told when all tests have run.
+// The number of cases that a sweep has tested, printed when all tests have run.
 
 #ifndef QUILLKIT_TESTS_SUPPORT_COMBINATION_COUNT_H_
 #define QUILLKIT_TESTS_SUPPORT_COMBINATION_COUNT_H_

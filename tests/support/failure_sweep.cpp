@@ -88,7 +88,7 @@ bool EndsAsReopened(const Operation& operation) {
   return operation.notes.empty() || operation.notes == "needs no book";
 }
 
-// What a run resulted in.
+// The result of a run.
 struct Trial {
   std::int64_t result;
   Status lastError;
@@ -121,7 +121,7 @@ Trial Try(const Operation& operation, CScanner* box, std::size_t failing, Status
   return trial;
 }
 
-// What memory holds after a failure with this effect.
+// Returns the contents of memory after a failure with this effect.
 Lines Changed(const Effect& effect, Lines memory) {
   for (const auto& [prefix, instead] : effect.lines) {
     for (std::string& each : memory) {
@@ -140,7 +140,7 @@ std::string Joined(const Lines& memory) {
   return text;
 }
 
-// What a failure of the call number `failing` must result in.
+// Returns the expected result of a run in which call number `failing` fails.
 Trial Expected(const Operation& operation, const Trial& undisturbed, std::size_t failing,
                Status code) {
   const std::vector<Call> calls = ParseCalls(operation.calls);

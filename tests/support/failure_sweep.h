@@ -10,9 +10,10 @@
 //   3. Its server calls in order, as the journal shows them but without "IMSP". The last arguments
 //      may be omitted. In parentheses: what happens if this call fails. After a semicolon: what
 //      happens instead with one code.
-//   4. The contents of memory after the undisturbed run. Omitted: those of books that are opened
-//      again. "kept": as before. "loses ..." and so on, as below. "unchecked". In the same place
-//      "needs no book", if the operation without a book does not just fail.
+//   4. The contents of memory after the undisturbed run. Omitted: the same as in books that are
+//      opened again after it. "kept": as before. "loses" and the other words below: as there.
+//      "unchecked": not checked. "needs no book": as if omitted, for an operation that can succeed
+//      without a book.
 //   5. A further preparation of the stage, if needed.
 //
 // What happens if a call fails:

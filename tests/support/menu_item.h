@@ -9,7 +9,7 @@
 
 namespace quillkit {
 
-// It has a name and nothing else, as the record of a key has, too.
+// Returns an item with only a name. The record of a key also has only a name.
 inline CMenuItem MakeItem(std::string_view name) {
   CMenuItem item;
   item.SetName(name);

@@ -7,9 +7,9 @@
 
 namespace quillkit {
 
-// Runs a program of the folder, which is relative to the folder of this program. The current folder
-// is that of this program. Returns an empty text if it succeeds, otherwise its status and its
-// standard output.
+// Runs a program in `folder`, which is relative to the folder of this test program. `folder` is the
+// current folder of the program. Returns an empty text if the program succeeds, otherwise its
+// status and its standard output.
 std::string OutputOnFailure(const std::string& folder, const std::string& program);
 
 }  // namespace quillkit

@@ -1,4 +1,4 @@
-// A folder of a test's own. It goes when the object does, with all that is in it.
+// A temporary folder for one test. The destructor deletes it with its contents.
 
 #ifndef QUILLKIT_TESTS_SUPPORT_SCRATCH_FOLDER_H_
 #define QUILLKIT_TESTS_SUPPORT_SCRATCH_FOLDER_H_
@@ -10,7 +10,7 @@
 
 namespace quillkit {
 
-// The bytes of a file, "" when it cannot be read; and a file of these bytes.
+// ReadBytes returns the bytes of a file, or "" if it cannot be read. WriteBytes writes a new file.
 std::string ReadBytes(const std::string& path);
 void WriteBytes(const std::string& path, std::string_view bytes);
 
@@ -23,13 +23,13 @@ class ScratchFolder {
 
   const std::filesystem::path& Path() const { return path; }
 
-  // The path of something in the folder, there or not.
+  // The path of a file in the folder. The file need not exist.
   std::string PathOf(std::string_view name) const { return (path / name).string(); }
 
-  // Writes a file of these bytes and gives its path.
+  // Writes a file with these bytes and returns its path.
   std::string Write(std::string_view name, std::string_view bytes) const;
 
-  // What is in the folder, in order.
+  // The names of all files and folders in the folder, sorted.
   std::vector<std::string> Names() const;
 
  private:

@@ -1,5 +1,5 @@
-// Where the user's settings stand while a test runs: on POSIX in a fresh folder, which goes with
-// this object; on Windows where they always stand, so that a test takes away what it made.
+// The location of the user's settings during a test. On POSIX it is a new folder, which is deleted
+// with this object. On Windows it is the usual location, so a test must delete what it created.
 
 #ifndef QUILLKIT_TESTS_SUPPORT_SETTINGS_HOME_H_
 #define QUILLKIT_TESTS_SUPPORT_SETTINGS_HOME_H_

@@ -28,7 +28,7 @@ struct Fixture : ApplianceTest {
   using ApplianceTest::PutKey;
 };
 
-// Gives `to` what `from` has, by way of an archive.
+// Copies the contents of `from` to `to` through an archive.
 template <class Stored>
 void Carry(Stored& from, Stored& to) {
   std::string bytes;

@@ -1,4 +1,4 @@
-// Where this process puts its temporary files, redirected as long as the object lives.
+// Redirects the temporary files of this process to another folder while the object exists.
 
 #ifndef QUILLKIT_TESTS_SUPPORT_TEMPORARY_FOLDER_H_
 #define QUILLKIT_TESTS_SUPPORT_TEMPORARY_FOLDER_H_
@@ -15,7 +15,7 @@ class TemporaryFolder {
   explicit TemporaryFolder(const std::string& path) : posix("TMPDIR", path), win32("TMP", path) {}
 
  private:
-  // Each system looks at its own first.
+  // Each system reads its own variable first.
   const EnvironmentVariable posix;
   const EnvironmentVariable win32;
 };

@@ -43,7 +43,7 @@ void __wrap_free(void* block) {
 }
 // NOLINTEND(bugprone-reserved-identifier)
 
-// All forms, so that none of another library's is paired with one of these.
+// All forms are replaced, so that no form of another library is paired with one of these.
 void* operator new(std::size_t size) {
   return AllocateOrThrow(size);
 }

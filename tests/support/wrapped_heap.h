@@ -1,6 +1,6 @@
-// The heap of a program whose memory goes through functions of its own: quillkit_wrap_heap
-// (cmake/QuillkitTargets.cmake) leads operator new there, and the C allocator as its own objects
-// call it.
+// The heap of a program that allocates memory through functions of its own. quillkit_wrap_heap
+// (cmake/QuillkitTargets.cmake) redirects operator new to them. It also redirects the calls of the
+// C allocator in the program's own objects.
 
 #ifndef QUILLKIT_TESTS_SUPPORT_WRAPPED_HEAP_H_
 #define QUILLKIT_TESTS_SUPPORT_WRAPPED_HEAP_H_
@@ -17,7 +17,7 @@ void __real_free(void* block);
 
 namespace quillkit {
 
-// The program defines these. A null block is never resized or freed; null is a refusal.
+// The program defines these. They are not called for a null block. Null means a failed allocation.
 void* AllocateOnHeap(std::size_t size);
 void* ResizeOnHeap(void* block, std::size_t size);
 void FreeOnHeap(void* block);

@@ -33,7 +33,7 @@ std::string Escaped(std::string_view name) {
   return text;
 }
 
-// The folder named by an environment variable, or nothing.
+// The folder named by an environment variable. Empty if the variable has no absolute path.
 std::string FolderFrom(const char* variable) {
   const char* const folder = std::getenv(variable);
   return folder != nullptr && folder[0] == '/' ? folder : "";

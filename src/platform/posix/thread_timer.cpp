@@ -122,8 +122,8 @@ void ThreadTimers::Schedule() {
   if (descriptor != -1) SetDescriptor();
 }
 
-// Setting the kernel timer also makes the descriptor unreadable until then. A time of 0 disables
-// it.
+// Sets the kernel timer to the earliest due time, or disables it with a time of 0. The descriptor
+// is not readable until that time.
 void ThreadTimers::SetDescriptor() const {
   itimerspec expiry{};
   if (firstDue != kNever) expiry.it_value = {firstDue / kSecond, firstDue % kSecond};

@@ -37,7 +37,8 @@ bool Lock(int file) {
   return flock(file, LOCK_EX | LOCK_NB) == 0;
 }
 
-// While this process waited for the lock, the name may have moved to another file.
+// Removes the drafts in the folder that no process has locked. Checks the name after locking: it
+// may refer to another file by then.
 void RemoveAbandonedDrafts(int folder) {
   for (const std::string& each : NamesIn(folder)) {
     if (!IsDraftName(each)) continue;
