@@ -41,7 +41,7 @@ void CheckIdentity(std::string_view text) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const quillkit::Input input(data, size);
-  // Up to a NUL, as a reply ends. A copy, so that the sanitizer detects a read after the end.
+  // Cut at a NUL, like a reply. A copy, so that the sanitizer detects a read after the end.
   const std::string_view text = input.Rest().substr(0, input.Rest().find('\0'));
   const std::vector<char> copy(text.begin(), text.end());
   quillkit::CheckIdentity({copy.data(), copy.size()});

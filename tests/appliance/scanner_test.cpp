@@ -1,5 +1,5 @@
-// A scanner: its fields, the server calls of its methods and what they need, and what the methods
-// that run under the long time-out do when a call fails.
+// A scanner: its fields, the server calls of its methods and their requirements, and the effect of
+// a failed call on methods that use the long time-out.
 
 #include "appliance/scanner.h"
 
@@ -79,14 +79,14 @@ struct Arguments {
   }
 };
 
-// What a method needs to make its call, besides an agent: an address of the scanner; a count; one
-// that is not 0; and a buffer, too.
+// What a method needs for its call, besides an agent: an address of the scanner; a count; a count
+// other than 0; and also a buffer.
 enum class Needs { kAgent, kAddress, kCount, kRoom, kBuffer };
 using enum Needs;
 
 struct Method {
   Needs needs;
-  const char* call;  // as the journal shows it; of several the first
+  const char* call;  // as in the journal; the first one if there are several
   Status (*run)(CScanner&, Arguments&);
 };
 
@@ -158,7 +158,7 @@ const Method kMethods[] = {
 
 using ScannerCall = ApplianceTest;
 
-TEST_F(ScannerCall, IsMadeOnlyWithWhatItsMethodNeeds) {
+TEST_F(ScannerCall, IsNotMadeWithoutAnAgentAnAddressOrARequiredArgument) {
   LogIn();
   SimulatorSetDefects(kDefectFailedCount);
   SimulatorFail(nullptr, 0, kFault);
@@ -231,7 +231,7 @@ const struct {
     {"IMSPClearAB 256:TOPAB -", kRestores, CALL(ClearTopBook())},
 };
 
-TEST_F(ScannerCall, EndsOrContinuesALongOperationWhenItFails) {
+TEST_F(ScannerCall, FailureHasTheListedEffectOnALongOperation) {
   CScanner* const box = LogIn();
   Arguments arguments;
   TheAgent.BackupDatabase("one", nullptr);
@@ -267,7 +267,7 @@ TEST_F(ScannerCall, OnlyTheAdministratorWritesTheTag) {
               ElementsAre(read, "IMSPModifyEntry 4:USERSAB ADMINISTRATOR ADMINISTRATOR"));
   CUserEntry stored;
   SimulatorFindEntry(BookKind::kUsers, "", nullptr, "ADMINISTRATOR", &stored);
-  EXPECT_EQ(stored.password.View(), kPassword) << "the other fields stay";
+  EXPECT_EQ(stored.password.View(), kPassword) << "the other fields must not change";
   std::uint32_t found = 0;
   EXPECT_EQ(box->ReadAdminTag(&found), kNoError);
   SimulatorFail("IMSPReadEntryProperties", 0, kFault);

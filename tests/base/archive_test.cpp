@@ -1,4 +1,4 @@
-// Values, texts and objects in a stream, and streams that are cut or damaged.
+// Values, texts and objects in a stream, and truncated or damaged streams.
 
 #include "base/archive.h"
 
@@ -56,7 +56,7 @@ TEST(Archive, StoresTheLengthBeforeATextAndLoadsItAgain) {
   }
 }
 
-TEST(Archive, ACutStreamLoadsWhatIsCompleteBeforeTheCut) {
+TEST(Archive, LoadsTheCompleteValuesOfATruncatedStream) {
   const std::uint32_t number = 0x11223344;
   const std::string text(300, 't');
   const std::string front = Stored(number) + Stored(text);
@@ -115,7 +115,7 @@ TEST(ClassRecord, EachRegisteredClassIsCreatedByItsExactName) {
   }
 }
 
-TEST(ClassRecord, AClassIsItselfAndItsBases) {
+TEST(ClassRecord, AClassIsDerivedFromItselfAndItsBases) {
   const ClassRecord base = {"Base", 1, 1, nullptr, nullptr};
   const ClassRecord derived = {"Derived", 1, 1, nullptr, &base};
   const ClassRecord further = {"Further", 1, 1, nullptr, &derived};
@@ -151,7 +151,7 @@ class ScannerList : public testing::Test {
   std::list<CScanner*> list;
 };
 
-TEST_F(ScannerList, IsStoredAndAppendedToAList) {
+TEST_F(ScannerList, StoresItsScannersAndAppendsThoseOfAStream) {
   EXPECT_EQ(Load(kList), "one two ");
   EXPECT_EQ(list.front()->Model() + list.front()->Version(), "m1v1");
   EXPECT_EQ(list.back()->Address(), 2U);

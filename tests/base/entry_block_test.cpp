@@ -105,7 +105,7 @@ TEST_P(EntryBlockWalk, HoldsTheRecordsOfTheModel) {
 
 INSTANTIATE_TEST_SUITE_P(Seeds, EntryBlockWalk, testing::Range(1U, 33U));
 
-TEST(EntryBlock, RefusesACountThatOverflowsWithTheSkip) {
+TEST(EntryBlock, RejectsASkipAndACountWhoseSumOverflows) {
   EntryBlock<char> block;
   ASSERT_TRUE(block.Allocate(3));
   ASSERT_TRUE(block.Shrink(1, 0));

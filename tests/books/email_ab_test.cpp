@@ -68,7 +68,7 @@ TEST_F(EmailBookTest, TheLoadModeSelectsWhatIsOpened) {
   }
 }
 
-TEST_F(EmailBookTest, TheViewModeSelectsTheViewAndOnlyASlidingOneTakesAPageSize) {
+TEST_F(EmailBookTest, TheViewModeSelectsTheViewAndOnlyASlidingViewHasAPageSize) {
   EXPECT_NE(dynamic_cast<CSlidingEntryView*>(book.View()), nullptr);
   EXPECT_EQ(book.SetPageSize(8), 8);
   EXPECT_EQ(book.SetPageSize(0), -1);
@@ -129,19 +129,19 @@ TEST_F(EmailBookTest, ReadsItsFirstAndLastEntryWithoutMovingTheView) {
   }
   book.Attach(box, 0);
   EXPECT_EQ(book.ReadLastEntry(&entry), kNoError);
-  EXPECT_STREQ(entry.Name(), "\x80x") << "of more letters the 128th is the last";
+  EXPECT_STREQ(entry.Name(), "\x80x") << "the census lists 128 letters at most";
   box->ClearEmailBook();
   EXPECT_EQ(book.ReadFirstEntry(&entry), kDataNotFound) << "the letter is still in the census";
   book.Attach(box, 0);
   EXPECT_EQ(book.ReadFirstEntry(&entry), kDataNotFound) << "the census has no letters";
 }
 
-TEST_F(EmailBookTest, TakesTwoHundredThousandEntries) {
+TEST_F(EmailBookTest, AcceptsUpTo200000Entries) {
   CEmailEntry entry = MakeEntry("Cy");
   SimulatorInflateSizes(199'997);
   EXPECT_EQ(book.AddEntry(&entry), kBookFull);
   EXPECT_THAT(TakeCalls(), ElementsAre("IMSPSizeofAB 1:EMAILAB -"));
-  EXPECT_EQ(TheAgent.LastError(), kNoError) << "the limit is not recorded";
+  EXPECT_EQ(TheAgent.LastError(), kNoError) << "a full book does not set the last error";
   SimulatorInflateSizes(199'996);
   EXPECT_EQ(book.AddEntry(&entry), kNoError);
 }
@@ -171,7 +171,7 @@ TEST_F(EmailBookTest, ClearingOpensANewViewAndDeletingDropsTheViewAndTheLists) {
   EXPECT_EQ(book.View(), nullptr);
 }
 
-TEST_F(EmailBookTest, LoadsListsWithoutMembersAndAFailureLeavesNone) {
+TEST_F(EmailBookTest, LoadsListsWithoutMembersAndDropsThemIfALoadFails) {
   EXPECT_EQ(book.LoadLists(0), kNoError);
   EXPECT_THAT(TakeCalls(), ElementsAre("IMSPListAB 64: [|*|0] 512 1"));
   ASSERT_EQ(book.ListCount(), 2);
@@ -193,13 +193,13 @@ TEST_F(EmailBookTest, CopiesOnlyTheMembersThatAreDelivered) {
   EXPECT_EQ(book.CopyListLocal(board, "Of a long one"), 2);
 }
 
-TEST_F(EmailBookTest, SearchesItsLists) {
+TEST_F(EmailBookTest, FindNextListContinuesAfterTheLastHit) {
   for (const char* name : {"ab", "abc", "abd"}) PutNames(BookKind::kPublicList, name, {"Ann"});
   book.LoadLists(0);  // Board Choir ab abc abd
   const auto found = [this](int result) {
     return result == 0 && book.FoundList() != nullptr ? book.FoundList()->Name() : "-";
   };
-  EXPECT_EQ(found(book.FindNextList(0)), "-") << "before any search";
+  EXPECT_EQ(found(book.FindNextList(0)), "-") << "no list is found before a first search";
   EXPECT_EQ(found(book.FindFirstList("ab", 1)), "ab");
   EXPECT_EQ(found(book.FindNextList(0)), "abc");
   EXPECT_EQ(found(book.FindFirstList("x", 0)), "-");
@@ -208,7 +208,7 @@ TEST_F(EmailBookTest, SearchesItsLists) {
   EXPECT_EQ(book.RemoveListAt(3), 1);
   EXPECT_EQ(found(book.FindNextList(0)), "abd");
   EXPECT_EQ(book.RemoveListAt(3), 1);
-  EXPECT_EQ(book.FoundList(), nullptr) << "the hit was removed";
+  EXPECT_EQ(book.FoundList(), nullptr) << "no list is found after its removal";
   EXPECT_EQ(book.RemoveListAt(3), 0);
   EXPECT_EQ(book.FindList("ab")->Name(), "ab");
   EXPECT_EQ(book.FindList("a"), nullptr);
@@ -227,7 +227,7 @@ TEST_F(EmailBookTest, ReplacesAListAndReleasesTheOldOne) {
   EXPECT_EQ(old->Name(), "Choir");
 }
 
-TEST_F(EmailBookTest, ASecondHandleHasTheHalfThatItsLoadModeNames) {
+TEST_F(EmailBookTest, AHandleAccessesOnlyTheEntriesOrListsOfItsLoadMode) {
   constexpr struct {
     std::int32_t mode, result;
     bool entries, lists;
@@ -238,7 +238,8 @@ TEST_F(EmailBookTest, ASecondHandleHasTheHalfThatItsLoadModeNames) {
     EXPECT_EQ(handle.Attach(nullptr, each.mode), 0);
     EXPECT_EQ(Tour(handle), kNothing);
     EXPECT_EQ(handle.Attach(&book, each.mode), each.result);
-    EXPECT_EQ(handle.Attach(handle.Book(), each.mode), each.result) << "replaces its own book";
+    EXPECT_EQ(handle.Attach(handle.Book(), each.mode), each.result)
+        << "the handle's own book is accepted";
     EXPECT_EQ(handle.Mode(), each.mode);
     EXPECT_EQ(Tour(handle), each.entries ? Tour(book) : kNothing);
     std::uint32_t count = 0;

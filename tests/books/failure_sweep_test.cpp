@@ -17,7 +17,7 @@ namespace {
 
 constexpr Status kEarlierError = 17;
 
-// What the server calls fill in.
+// Variables that the server calls fill.
 std::uint32_t count;
 KeyRange range({}, {});
 std::array<ABIdent, 4> rows;
@@ -119,15 +119,15 @@ Operations PrivateListOperations() {
   };
 }
 
-// The result of an operation that took the list over unless it returned -1.
+// The result of an operation that takes ownership of the list unless it returns -1.
 template <class List>
 std::int64_t TakenOver(std::unique_ptr<List>& list, std::int64_t result) {
   if (result >= 0) static_cast<void>(list.release());
   return result;
 }
 
-// The calls of the creation of a list with the members of Board. Without its count, the book is not
-// taken to be full.
+// The calls that create a list with the members of Board. If the count of lists is unknown, the
+// book is not treated as full.
 const std::string kCreateList =
     "ListAB (ignored), CreateAB, CreateEntry (ignored), CreateEntry (ignored)";
 

@@ -33,7 +33,7 @@ class FaxBookTest : public BooksTest {
   CFaxAB& book = fax;
 };
 
-TEST_F(FaxBookTest, ReadsOnlyWhenAskedTo) {
+TEST_F(FaxBookTest, ReadsEntriesOnlyIfALoadIsRequested) {
   CFaxEntry late = MakeFax("late");
   EXPECT_EQ(book.FastRenameEntry("abd", &late), 1);
   EXPECT_EQ(book.RemoveEntryAt(0, 0), 1);
@@ -41,7 +41,7 @@ TEST_F(FaxBookTest, ReadsOnlyWhenAskedTo) {
   EXPECT_EQ(book.Attach(box, 0), 1);
   EXPECT_EQ(book.Attach(nullptr, 1), 0);
   EXPECT_EQ(Names(), "late b ");
-  EXPECT_EQ(TakeCalls().size(), 1U) << "the change of the name";
+  EXPECT_EQ(TakeCalls().size(), 1U) << "only the rename calls the server";
 }
 
 TEST_F(FaxBookTest, AnEmptyBookLeavesNoEntriesInMemory) {
@@ -56,7 +56,7 @@ TEST_F(FaxBookTest, AnEmptyBookLeavesNoEntriesInMemory) {
   EXPECT_EQ(CFaxAB().ClearBook(), kRefused);
 }
 
-TEST_F(FaxBookTest, TheWalkStepsPastItsEndsAndBack) {
+TEST_F(FaxBookTest, IterationMovesPastItsEndsAndBack) {
   EXPECT_EQ(book.FirstEntry(), book.EntryAt(0));
   EXPECT_EQ(book.NextEntry(), book.EntryAt(1));
   EXPECT_EQ(book.NextEntry(), book.EntryAt(2));
@@ -74,7 +74,7 @@ TEST_F(FaxBookTest, ASearchComparesWholeNamesInModeOneOnly) {
   EXPECT_EQ(book.FindNextEntry(2), 1);
   EXPECT_EQ(book.FindEntryIndex("abd"), 1);
   EXPECT_EQ(book.FindEntryIndex("absent"), -1);
-  EXPECT_EQ(book.FindNextEntry(0), 1) << "from index 1 on";
+  EXPECT_EQ(book.FindNextEntry(0), 1) << "the search starts at index 1";
 }
 
 TEST(FaxEntryList, ABinarySearchFindsEveryEntryOfASortedList) {
@@ -92,7 +92,7 @@ TEST(FaxEntryList, ABinarySearchFindsEveryEntryOfASortedList) {
   EXPECT_EQ(sorted.BinaryLookup("g", 0, 2), 3);
 }
 
-TEST_F(FaxBookTest, TheStreamHasAsManyEntriesAsTheWalkHasPassed) {
+TEST_F(FaxBookTest, StoresAsManyEntriesAsTheIterationHasPassed) {
   Put(BookKind::kFaxList, "Team", MakeFax("m", "12"));
   book.LoadLists(1);
   for (const std::int32_t passed : {2, 7}) {
@@ -107,7 +107,8 @@ TEST_F(FaxBookTest, TheStreamHasAsManyEntriesAsTheWalkHasPassed) {
     loaded.Serialize(loading);
     ASSERT_EQ(loaded.EntryCount(), passed);
     EXPECT_EQ(loaded.EntryAt(1)->name, "abd");
-    EXPECT_EQ(loaded.EntryAt(passed - 1)->IsBlank(), passed > 3) << "there are 3 entries";
+    EXPECT_EQ(loaded.EntryAt(passed - 1)->IsBlank(), passed > 3)
+        << "only entries after the third are blank";
     ASSERT_EQ(loaded.ListCount(), 1);
     EXPECT_EQ(loaded.ListAt(0)->GetAt(0)->number, "12");
   }
@@ -137,7 +138,7 @@ TEST_F(FaxBookTest, LoadsADamagedStreamWithinBounds) {
     book.Serialize(storing);
     EXPECT_TRUE(stored.starts_with(each.stored));
   }
-  EXPECT_EQ(book.PrevEntry(), nullptr) << "at the lowest position";
+  EXPECT_EQ(book.PrevEntry(), nullptr) << "the iteration does not move below its lowest position";
 }
 
 }  // namespace

@@ -83,23 +83,24 @@ TEST_F(PrinterBookTest, PrintersAreLinkedToTheModelsOfTheirBook) {
 
   PutModel("Aqua");
   ASSERT_EQ(book.LoadModels(), 3);
-  EXPECT_EQ(book.ModelOf(*book.PrinterAt(0)), nullptr) << "linked before the models were loaded";
+  EXPECT_EQ(book.ModelOf(*book.PrinterAt(0)), nullptr)
+      << "printers are linked when they are loaded";
   ASSERT_EQ(book.LoadPrinters(), 3);
   EXPECT_EQ(book.ModelOf(*book.PrinterAt(0)), book.FindModel("Laser"));
 }
 
-TEST_F(PrinterBookTest, ALyingServerDeliversNoUnterminatedText) {
+TEST_F(PrinterBookTest, TextsOfAFaultyServerAreTerminated) {
   Put(MakePrinter(std::string(31, 'L'), "Inky"));
   SimulatorSetDefects(kDefectDeliveredCount | kDefectUnterminated | kDefectUnsorted |
                       kDefectFailedCount);
-  EXPECT_EQ(book.LoadModels(), 0) << "no model of these names can be read";
+  EXPECT_EQ(book.LoadModels(), 0) << "models with unterminated names are not loaded";
   EXPECT_EQ(book.LoadPrinters(), 256);
   EXPECT_EQ(book.PrinterAt(1)->printerName, std::string(31, 'L'));
   EXPECT_EQ(book.PrinterAt(1)->description.Length(), 255U);
   for (std::int32_t i = 0; i < book.PrinterCount(); ++i) EXPECT_TRUE(book.PrinterAt(i)->IsValid());
 }
 
-TEST_F(PrinterBookTest, TheArchiveHoldsThePrintersAlone) {
+TEST_F(PrinterBookTest, SerializesPrintersButNotModels) {
   std::string stored;
   Archive storing(&stored);
   book.Serialize(storing);
@@ -139,10 +140,11 @@ TEST_F(PrinterBookTest, FastChangesNeedThePrinterInMemoryAndKeepTheOrder) {
   EXPECT_EQ(book.FastDeletePrinter(&den), -1);
   EXPECT_EQ(book.FastAddPrinter(&cellar), 4);
   EXPECT_EQ(book.ModelOf(*book.PrinterAt(3)), book.FindModel("Laser"));
-  EXPECT_TRUE(book.Owns(*book.PrinterAt(3))) << "a copy is added and bound";
+  EXPECT_TRUE(book.Owns(*book.PrinterAt(3))) << "the book owns the printer that it added";
   EXPECT_FALSE(book.Owns(cellar));
   EXPECT_EQ(book.FastModifyPrinter(&cellar), 1);
-  EXPECT_FALSE(book.Owns(*book.PrinterAt(3))) << "the record replaces the one in memory as it is";
+  EXPECT_FALSE(book.Owns(*book.PrinterAt(3)))
+      << "the caller's record, which no book owns, replaces it";
   EXPECT_EQ(book.FastRenamePrinter("Hall", &den), 1);
   EXPECT_EQ(InMemory(), "Attic Den Lab Cellar ");
   EXPECT_EQ(book.FastDeletePrinter(book.PrinterAt(1)), 3) << "the record passed is destroyed";
@@ -194,19 +196,20 @@ TEST_F(PrinterBookTest, WithoutADefaultInMemoryTheListIsNotLoadedAgain) {
 
 TEST_F(PrinterBookTest, FindNextRepeatsTheLastHitIfThereIsNoOther) {
   Put(MakePrinter("Hallway", "Inky"));
-  EXPECT_EQ(book.FindNextPrinter(false), 1) << "the index after 0, as no search came before";
+  EXPECT_EQ(book.FindNextPrinter(false), 1) << "a search without a pattern starts at index 1";
   ASSERT_EQ(book.LoadPrinters(), 4);
   EXPECT_EQ(book.FindFirstPrinter("Hall", false), 1);
   EXPECT_EQ(book.FindNextPrinter(false), 2);
-  EXPECT_EQ(book.FindNextPrinter(false), 2) << "no other hit";
+  EXPECT_EQ(book.FindNextPrinter(false), 2) << "without another hit, the last one is returned";
   EXPECT_EQ(book.FindFirstPrinter("Hall", true), 1);
-  EXPECT_EQ(book.FindNextPrinter(true), 1) << "no other hit";
+  EXPECT_EQ(book.FindNextPrinter(true), 1) << "without another exact hit, the last one is returned";
   EXPECT_EQ(book.FindFirstPrinter("hall", false), -1);
-  EXPECT_EQ(book.FindNextPrinter(false), 1) << "from the start, with the pattern before";
+  EXPECT_EQ(book.FindNextPrinter(false), 1)
+      << "after a miss, the search restarts with the last pattern that had a hit";
   EXPECT_EQ(book.PrinterIndex("Hallway"), 2);
   EXPECT_EQ(book.PrinterIndex("Hal"), -1);
   book.Clear();
-  EXPECT_EQ(book.FindNextPrinter(false), 1) << "the last hit, in an empty list too";
+  EXPECT_EQ(book.FindNextPrinter(false), 1) << "in an empty list, the last hit is returned";
   EXPECT_EQ(book.FindFirstPrinter("", false), -1);
 }
 

@@ -12,12 +12,12 @@ using testing::IsEmpty;
 constexpr BookKind kEntries = BookKind::kPrivateEmail;
 constexpr BookKind kLists = BookKind::kPrivateList;
 
-TEST_P(PrivateBookTest, ABookThatDoesNotExistIsLoadedAsAnEmptyOne) {
+TEST_P(PrivateBookTest, AMissingBookIsLoadedAsEmpty) {
   EXPECT_EQ(Private().LoadEntries(1), 1);
   EXPECT_THAT(TakeCalls(),
               ElementsAre("IMSPReadAB 16:PRIVATEAB [||0] 2000 1", "IMSPListAB 128: [|*|0] 100 1"));
   EXPECT_TRUE(Private().EntriesLoaded());
-  EXPECT_FALSE(Private().ListsLoaded()) << "there are none";
+  EXPECT_FALSE(Private().ListsLoaded()) << "the server has no lists";
   PutNames(kLists, "Team", {"Ann"});
   EXPECT_EQ(Private().LoadListsChecked(0), 1);
   EXPECT_TRUE(Private().ListsLoaded());
@@ -27,7 +27,7 @@ TEST_P(PrivateBookTest, ABookThatDoesNotExistIsLoadedAsAnEmptyOne) {
   EXPECT_EQ(Private().ListCount(), 0);
 }
 
-TEST_P(PrivateBookTest, ChangesListsInMemoryOnlyWhenAskedTo) {
+TEST_P(PrivateBookTest, ChangesListsInMemoryOnlyIfRequested) {
   PutNames(kLists, "Team", {"Ann"});
   Private().LoadLists(1);
   EXPECT_STREQ(Private().ListName(0), "Team");
@@ -39,13 +39,14 @@ TEST_P(PrivateBookTest, ChangesListsInMemoryOnlyWhenAskedTo) {
   EXPECT_EQ(Private().CopyList(*Private().ListAt(0), "Crew", 1), 1);
   EXPECT_EQ(Private().RenameList("Crew", "Band", 0), 1);
   EXPECT_NE(Private().FindList("Crew"), nullptr);
-  EXPECT_EQ(Private().DeleteListLocal("Band"), 2) << "not in memory";
+  EXPECT_EQ(Private().DeleteListLocal("Band"), 2)
+      << "Band is not in memory, so that 2 lists remain";
   SimulatorSetDefects(kDefectUnreported);
   EXPECT_EQ(Private().CopyListLocal(*Private().FindList("Team"), "Gang"), 1);
   EXPECT_TRUE(Private().FindList("Gang")->IsEmpty()) << "its member was not delivered";
 }
 
-TEST_P(PrivateBookTest, CopiesAPublicListWithTheMembersThatTheServerHas) {
+TEST_P(PrivateBookTest, CopiesAPublicListWithItsMembersOnTheServer) {
   PutNames(BookKind::kPublicList, "All", {"Ann"});
   CPubEmailDL list;
   list.SetName("All");
@@ -58,7 +59,7 @@ TEST_P(PrivateBookTest, CopiesAPublicListWithTheMembersThatTheServerHas) {
   box->SetEmailBook(nullptr);
   SimulatorFail("IMSPReadAB", 1, kDataNotFound);
   EXPECT_EQ(Private().CopyPublicList(&list, "Mine", 0), 0);
-  EXPECT_TRUE(list.IsEmpty()) << "another copy reads the members again";
+  EXPECT_TRUE(list.IsEmpty()) << "the failed read leaves the source list empty";
   EXPECT_EQ(Private().CopyPublicList(&list, "Mine", 0), 1);
   EXPECT_THAT(OnServer(kLists, "Mine"), ElementsAre("Ann=at"));
   EXPECT_EQ(Private().CopyPublicListLocal(&list, "Also mine"), 1);
@@ -84,7 +85,7 @@ TEST_P(PrivateBookTest, DeletingTheSessionsOwnBookKeepsItInMemory) {
   EXPECT_THAT(OnServer(kLists, "Team"), IsEmpty());
 }
 
-TEST_P(PrivateBookTest, ClearingDropsTheListsAndPreparesTheEntriesForALoad) {
+TEST_P(PrivateBookTest, ClearingDropsTheListsAndAllocatesBlankEntries) {
   PutNames(kEntries, "", {"Ann"});
   PutNames(kLists, "Team", {"Ann"});
   Private().LoadEntries(1);
@@ -98,10 +99,10 @@ TEST_P(PrivateBookTest, ClearingDropsTheListsAndPreparesTheEntriesForALoad) {
   EXPECT_FALSE(Private().EntriesLoaded());
   EXPECT_THAT(OnServer(kEntries, ""), IsEmpty());
   EXPECT_EQ(Private().ServerListCount(&count), kNoError);
-  EXPECT_EQ(count, 1U) << "the list that is not in memory stays";
+  EXPECT_EQ(count, 1U) << "the list Unseen remains on the server";
 }
 
-TEST_P(PrivateBookTest, StoringReadsTheListsThatWereNotRead) {
+TEST_P(PrivateBookTest, SerializingReadsMembersThatAreNotLoaded) {
   for (const char* name : {"Crew", "Gang", "Team"}) PutNames(kLists, name, {"Ann"});
   Private().LoadLists(0);
   SimulatorFail("IMSPSizeofAB", 2, kFault);
@@ -112,7 +113,7 @@ TEST_P(PrivateBookTest, StoringReadsTheListsThatWereNotRead) {
   std::string bytes;
   Archive storing(&bytes);
   Private().Serialize(storing);
-  EXPECT_EQ(TakeCalls().size(), 4U) << "a size and a read for two lists";
+  EXPECT_EQ(TakeCalls().size(), 4U) << "two lists are read, each with a size and a read call";
   CPrivEmailAB loaded;
   Archive loading{std::string_view(bytes)};
   loaded.Serialize(loading);
@@ -120,7 +121,7 @@ TEST_P(PrivateBookTest, StoringReadsTheListsThatWereNotRead) {
   EXPECT_EQ(loaded.ListAt(2)->Count(), 1);
 }
 
-TEST_P(PrivateBookTest, WithoutAUserItIsTheSessions) {
+TEST_P(PrivateBookTest, WithoutAUserItIsTheBookOfTheSession) {
   CPrivEmailAB loose;
   CEmailEntry entry = MakeEntry("Ann");
   EXPECT_FALSE(loose.SetUser(nullptr));
@@ -131,7 +132,7 @@ TEST_P(PrivateBookTest, WithoutAUserItIsTheSessions) {
 TEST_P(PrivateBookTest, SearchesAndChangesEntriesInMemory) {
   PutNames(kEntries, "", {"ab", "abc", "b"});
   Private().LoadEntries(0);
-  EXPECT_EQ(Private().SearchNext(0), 0) << "before any search";
+  EXPECT_EQ(Private().SearchNext(0), 0) << "a search without a pattern returns index 0";
   EXPECT_EQ(Private().SearchFirst("a", 1), -1);
   EXPECT_EQ(Private().SearchFirst("a", 2), 0);
   EXPECT_EQ(Private().SearchNext(1), -1);
@@ -142,7 +143,7 @@ TEST_P(PrivateBookTest, SearchesAndChangesEntriesInMemory) {
   EXPECT_STREQ(Private().EntryAt(2)->Name(), "c");
   EXPECT_EQ(Private().EntryAt(2)->flags, 3);
   SimulatorFail("IMSPReadAB", 1, kFault);
-  EXPECT_EQ(Private().Remove(&entry, 1), kNoError) << "whatever the load returns";
+  EXPECT_EQ(Private().Remove(&entry, 1), kNoError) << "a failed reload does not change the result";
   EXPECT_EQ(Private().EntryCount(), 0);
   EXPECT_TRUE(Private().EntriesLoaded());
 }

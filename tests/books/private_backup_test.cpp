@@ -75,7 +75,7 @@ TEST_P(PrivateBackupTest, ARecordDoesNotLoadTheSectionOfAnotherUser) {
   EXPECT_EQ(other.PrivateBook()->EntryCount(), 0);
 }
 
-TEST_P(PrivateBackupTest, ARestoreEndsAtTheFailuresInTheTable) {
+TEST_P(PrivateBackupTest, ARestoreStopsOnlyAtTheListedFailures) {
   Put<CUserEntry>(BookKind::kUsers, "", account);
   CUserRecord restored;
   Load(restored, "Anna");

@@ -31,7 +31,7 @@ class ScannerSlotTest : public BooksTest {
     EXPECT_EQ((box->*get)(), nullptr);
     EXPECT_EQ((box->*detach)(), nullptr);
     EXPECT_EQ((box->*set)(book), 1);
-    EXPECT_EQ((box->*set)(book), 1) << "its own again";
+    EXPECT_EQ((box->*set)(book), 1) << "the book that the scanner owns already is accepted";
     box->SetAgent(nullptr);
     EXPECT_EQ((box->*get)(), nullptr);
     EXPECT_EQ((box->*detach)(), nullptr);
@@ -44,7 +44,7 @@ class ScannerSlotTest : public BooksTest {
   }
 };
 
-TEST_F(ScannerSlotTest, EachOwnsABookAndReplacesNullByANewOne) {
+TEST_F(ScannerSlotTest, EachSlotOwnsItsBookAndNullCreatesANewOne) {
   Check(&CScanner::SetEmailBook, &CScanner::EmailBook, &CScanner::DetachEmailBook);
   Check(&CScanner::SetUsersBook, &CScanner::UsersBook, &CScanner::DetachUsersBook);
   Check(&CScanner::SetFaxBook, &CScanner::FaxBook, &CScanner::DetachFaxBook);
@@ -56,11 +56,12 @@ TEST_F(ScannerSlotTest, EachOwnsABookAndReplacesNullByANewOne) {
 
 TEST_F(ScannerSlotTest, ANewBookThatCannotBeReadStaysInItsSlot) {
   SimulatorFail(nullptr, 0, kFault);
-  EXPECT_EQ(box->SetEmailBook(nullptr), 1) << "reads nothing yet";
+  EXPECT_EQ(box->SetEmailBook(nullptr), 1) << "setting the e-mail book reads nothing";
   EXPECT_EQ(box->SetUsersBook(nullptr), 0);
   EXPECT_EQ(box->SetFaxBook(nullptr), 0);
   EXPECT_EQ(box->SetPrintersBook(nullptr), 1);
-  EXPECT_EQ(TakeCalls().size(), 4U) << "accounts, fax entries, models and printers";
+  EXPECT_EQ(TakeCalls().size(), 4U)
+      << "one read each of accounts, fax entries, models and printers";
   EXPECT_EQ(box->UsersBook()->Scanner(), box);
   EXPECT_NE(box->FaxBook(), nullptr);
   EXPECT_NE(box->PrintersBook(), nullptr);

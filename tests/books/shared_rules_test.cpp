@@ -1,4 +1,5 @@
-// Rules that all books and lists share: their limits, and local changes of what is not in memory.
+// Rules that all books and lists share: their limits, and local changes of entries that are not in
+// memory.
 
 #include <functional>
 
@@ -47,7 +48,7 @@ struct Limit {
   std::int32_t most;
   std::int64_t loaded;    // the result of loading no more than that
   std::int64_t tooMany;   // the result of loading one more
-  std::int32_t leftThen;  // what is then in memory
+  std::int32_t leftThen;  // the number in memory after that
   Operation load;
   Operation count;
 };
@@ -106,7 +107,7 @@ class LimitTest : public SharedRuleTest, public testing::WithParamInterface<Limi
   }
 };
 
-TEST_P(LimitTest, RefusesAdditionsWithoutACreationAndLoadsNoMore) {
+TEST_P(LimitTest, RejectsAdditionsWithoutACreateCallAndLoadsNoMoreThanTheLimit) {
   const Limit& limit = GetParam();
   const std::int32_t first = limit.kind == BookKind::kUsers ? 3 : 0;  // the permanent accounts
   for (std::int32_t i = first; i < limit.most - 1; ++i) PutOne(i);

@@ -26,7 +26,7 @@ TEST_F(UserBookTest, AFailedLoadLeavesNoAccounts) {
   EXPECT_EQ(users.Attach(nullptr, 1), 0);
 }
 
-TEST_F(UserBookTest, TheWalkStepsPastItsEndsAndBack) {
+TEST_F(UserBookTest, IterationMovesPastItsEndsAndBack) {
   users.Load();
   CUserRecord record;
   EXPECT_STREQ(users.First(&record)->Name(), "ADMINISTRATOR");
@@ -53,7 +53,8 @@ TEST_F(UserBookTest, ASearchFillsTheRecordAndComparesWholeNamesInModeOneOnly) {
   EXPECT_STREQ(record.Name(), "abc");
   EXPECT_EQ(record.PrivateBook(), nullptr);
   users.Attach(box, 0);
-  EXPECT_NE(users.GetAt(3, &record)->PrivateBook(), nullptr) << "attached with private books";
+  EXPECT_NE(users.GetAt(3, &record)->PrivateBook(), nullptr)
+      << "attaching the users book creates private books";
   CUserRecord administrator;
   EXPECT_EQ(users.GetAt(0, &administrator)->PrivateBook(), nullptr);
 }
@@ -68,10 +69,10 @@ TEST_F(UserBookTest, SavesAnAccountThatWasAddedInMemory) {
   EXPECT_THAT(TakeCalls(), ElementsAre("IMSPModifyEntry 4:USERSAB Anna Anna"));
   EXPECT_EQ(users.RemoveAt(1, 1), 0);
   EXPECT_EQ(users.RemoveAt(0, 1), 1);
-  EXPECT_EQ(users.Count(), 4) << "loaded";
+  EXPECT_EQ(users.Count(), 4) << "the removal reloads the 4 accounts";
 }
 
-TEST_F(UserBookTest, ClearAllGoesThroughTheApplianceOfTheLatestLogin) {
+TEST_F(UserBookTest, ClearAllUsesTheApplianceOfTheLatestLogin) {
   PutNames(BookKind::kUsers, "", {"Anna"});
   CUserAB unattached;
   EXPECT_EQ(unattached.ClearAll(), kNoError);
@@ -83,7 +84,7 @@ TEST_F(UserBookTest, ClearAllGoesThroughTheApplianceOfTheLatestLogin) {
 }
 
 // A book loads as many accounts as it holds, and discards them.
-TEST_F(UserBookTest, IsStoredWithoutItsCount) {
+TEST_F(UserBookTest, SerializesItsAccountsWithoutACount) {
   users.Load();
   std::string bytes;
   Archive storing(&bytes);
@@ -133,7 +134,8 @@ class UserRecordTest : public PrivateBookTest {
 
 TEST_P(UserRecordTest, ReleasesAndReplacesItsPrivateBook) {
   CPrivEmailAB* book = account.PrivateBook();
-  EXPECT_EQ(account.AttachPrivateBook(book), 1) << "its own again";
+  EXPECT_EQ(account.AttachPrivateBook(book), 1)
+      << "the book that the account owns already is accepted";
   const std::unique_ptr<CPrivEmailAB> detached(account.DetachPrivateBook());
   EXPECT_EQ(detached.get(), book);
   EXPECT_EQ(account.PrivateBook(), nullptr);
@@ -142,7 +144,7 @@ TEST_P(UserRecordTest, ReleasesAndReplacesItsPrivateBook) {
   EXPECT_EQ(account.AttachPrivateBook(other), 1);
   EXPECT_EQ(account.PrivateBook(), other);
   EXPECT_EQ(account.AttachPrivateBook(nullptr), 1);
-  EXPECT_EQ(account.PrivateBook()->User(), &account) << "a new one";
+  EXPECT_EQ(account.PrivateBook()->User(), &account) << "null attaches a new book of the account";
   Name(account, kAdministrator);
   EXPECT_EQ(account.AttachPrivateBook(nullptr), 1);
   EXPECT_EQ(account.PrivateBook(), nullptr) << "a privileged account gets none";
@@ -170,7 +172,7 @@ TEST_P(UserRecordTest, ReadsAndClearsItsLog) {
   EXPECT_THAT(TakeCalls(), Contains("IMSPClearAB 1024:LOGAB ADMINISTRATOR"));
 }
 
-TEST_P(UserRecordTest, WritesItsFlags) {
+TEST_P(UserRecordTest, WritesChangedFlagsToTheServer) {
   EXPECT_EQ(account.MarkOnce(0), 1);
   EXPECT_THAT(TakeCalls(), ElementsAre("IMSPModifyEntry 4:USERSAB Anna Anna"));
   EXPECT_EQ(account.MarkOnce(0), 0);
@@ -180,7 +182,7 @@ TEST_P(UserRecordTest, WritesItsFlags) {
   EXPECT_EQ(users.Count(), GetParam() ? 4 : 0) << "the owner reads its accounts";
   SimulatorFail(nullptr, 1, kFault);
   EXPECT_EQ(account.TurnOff(0), 0);
-  EXPECT_FALSE(account.IsOn()) << "off in memory, whatever the server returns";
+  EXPECT_FALSE(account.IsOn()) << "the account is off in memory even if the call fails";
   CUserEntry stored;
   SimulatorFindEntry(BookKind::kUsers, "", nullptr, "Anna", &stored);
   EXPECT_EQ(stored.flags, 0x11U);

@@ -79,7 +79,7 @@ TEST_F(AgentServices, SendsADatabaseCommandOfAtMost399Characters) {
     EXPECT_EQ(calls.empty() ? -1 : static_cast<int>(calls[0].size()) - 14, each.sent);
   }
   EXPECT_EQ(TheAgent.BackupDatabase(std::string(385, 'f').c_str(), nullptr), kRefused);
-  EXPECT_EQ(TheAgent.LastError(), kRefused) << "the only local code that is recorded";
+  EXPECT_EQ(TheAgent.LastError(), kRefused) << "BackupDatabase records its local error";
 }
 
 // --- The log ---
@@ -136,7 +136,7 @@ TEST_F(AgentServices, HoldsTheDeliveredLogRecordsOfAUser) {
 
 // --- Texts ---
 
-TEST_F(AgentServices, ChecksATextBeforeAndAfterTheServerDoes) {
+TEST_F(AgentServices, ChecksATextBeforeAndAfterTheServerCheck) {
   const struct {
     std::string text;
     std::int32_t limit;

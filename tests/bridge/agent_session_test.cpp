@@ -85,7 +85,7 @@ class AgentSession : public ApplianceTest {
 
 constexpr std::uint32_t kTwo = 2;
 
-TEST_F(AgentSession, HoldsOneScannerOfEachAddressWithTheLatestLast) {
+TEST_F(AgentSession, HoldsOneScannerPerAddressAndAddsAtTheEnd) {
   Add("one", 1);
   Add("two", kTwo);
   Add("uno", 1);
@@ -123,13 +123,13 @@ TEST_F(AgentSession, IterationContinuesAfterARemovedScanner) {
 
 // --- The server library ---
 
-TEST_F(AgentSession, LoadsAndUnloadsTheServerLibrary) {
+TEST_F(AgentSession, ShutdownUnloadsTheServerLibraryEvenIfTerminateFails) {
   Login();
   SimulatorFail("IMSPTerminate", 1, kFault);
   TheAgent.Shutdown();
   EXPECT_EQ(TheAgent.LastError(), kFault);
   EXPECT_EQ(TheAgent.ServerLibrary(), nullptr);
-  EXPECT_EQ(Left(), "session") << "no call ended it";
+  EXPECT_EQ(Left(), "session") << "the session on the server remains open";
   EXPECT_EQ(TheAgent.WakeupTimer(), 0U);
   EXPECT_NE(TheAgent.WakeupPeriod(), 0U);
   SimulatorFail("IMSPInit", 1, kFault);
@@ -139,7 +139,7 @@ TEST_F(AgentSession, LoadsAndUnloadsTheServerLibrary) {
 
 // --- Login ---
 
-TEST_F(AgentSession, AFailedCallEndsALoginAndLeavesWhatWasDoneBefore) {
+TEST_F(AgentSession, AFailedCallEndsALoginWithoutUndoingEarlierSteps) {
   struct Outcome {
     Status status;  // which is the last error, too
     std::size_t calls;
@@ -205,15 +205,16 @@ TEST_F(AgentSession, AFailedCallEndsALoginAndLeavesWhatWasDoneBefore) {
       EXPECT_EQ(Left(), expected.left);
     }
   }
-  EXPECT_NE(TheAgent.WakeupPeriod(), 0U) << "the timer of a probe stays";
+  EXPECT_NE(TheAgent.WakeupPeriod(), 0U) << "the keep-alive of a probe keeps its period";
 }
 
-TEST_F(AgentSession, ASecondLoginMayBeGivenTheUserAndTheScannerThatItReplaces) {
+TEST_F(AgentSession, ASecondLoginAcceptsTheUserAndTheScannerThatItReplaces) {
   Login();
   TheAgent.AddScanner(new CScanner);
   TakeCalls();
   EXPECT_EQ(TheAgent.Login(TheAgent.CurrentUser(), TheAgent.ScannerAt(0), text, 0), kNoError);
-  EXPECT_THAT(TakeCalls(), ElementsAre(kLoginCall, kReadCall)) << "the timer is running";
+  EXPECT_THAT(TakeCalls(), ElementsAre(kLoginCall, kReadCall))
+      << "the period is not read again because the timer is running";
   EXPECT_EQ(Left(), "session ///0" + kNamed + " user");
   EXPECT_TRUE(TheAgent.CurrentUser()->IsAdministrator());
 }
@@ -258,7 +259,7 @@ TEST_F(AgentSession, ReadsAndWritesTheAccountOfARecord) {
 
 // --- The keep-alive ---
 
-TEST_F(AgentSession, APeriodOfOneMillisecondStartsATimerEachTime) {
+TEST_F(AgentSession, EachStartReplacesTheTimerIfThePeriodIsOneMillisecond) {
   SimulatorSetWakeupPeriod(1);
   Login();
   EXPECT_EQ(TheAgent.WakeupPeriod(), 0U);
@@ -287,7 +288,7 @@ TEST_F(AgentSession, AStoppedTimerCountsAsRunningUntilALogout) {
   SimulatorFail("IMSPLogout", 1, kFault);
   EXPECT_EQ(TheAgent.Logout(0), kFault);
   TakeCalls();
-  EXPECT_TRUE(TheAgent.EnsureWakeup()) << "the id of the timer that the logout stopped stays";
+  EXPECT_TRUE(TheAgent.EnsureWakeup()) << "the logout keeps the id of the stopped timer";
   EXPECT_THAT(TakeCalls(), IsEmpty());
 }
 

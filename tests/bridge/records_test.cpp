@@ -67,7 +67,7 @@ void ExpectStreamForm(const Record& record, const std::string& form) {
   EXPECT_EQ(Stored(Loaded<Record>(form)), form);
 }
 
-TEST(Records, HaveTheirOwnOrderInAStream) {
+TEST(Records, SerializeTheirFieldsInAFixedOrder) {
   ExpectStreamForm(Item(), "\4name\4path\7address\3tag\1\0\0\0\2\0\0\0"s);
   ExpectStreamForm(MakeEntry("Ann", "a@b", -1), "\3Ann\3a@b\xFF\xFF\xFF\xFF"s);
   ExpectStreamForm(Fax(), "\3Ann\003123\1x"s);
@@ -94,13 +94,13 @@ void ExpectText(Text Record::*text, int (Record::*set)(std::string_view),
   }
   std::memset(static_cast<void*>(&(record.*text)), 'x', sizeof(Text));
   EXPECT_FALSE(record.IsValid());
-  EXPECT_TRUE(Loaded<Record>(Stored(record)).IsValid()) << "loading cuts or ignores a long text";
+  EXPECT_TRUE(Loaded<Record>(Stored(record)).IsValid()) << "a loaded text is terminated";
   record.Terminate();
   EXPECT_TRUE(record.IsValid());
   EXPECT_EQ((record.*text).c_str(), longest);
 }
 
-TEST(Records, HoldEachTextUpToTheEndOfItsField) {
+TEST(Records, RejectATextThatDoesNotFitItsField) {
   ExpectText(&M::name, &M::SetName);
   ExpectText(&M::path, &M::SetPath);
   ExpectText(&M::appTag, &M::SetAppTag);

@@ -59,7 +59,8 @@ TEST_F(ImportAddressBookTest, ReportsLocalErrorsInOrderWithoutACall) {
   EXPECT_THAT(temporary.Names(), IsEmpty());
 
   EXPECT_EQ(Import(path, OptionRecord(2)), -11);
-  EXPECT_THAT(temporary.Names(), ElementsAre(StartsWith("QK7"))) << "an empty file remains";
+  EXPECT_THAT(temporary.Names(), ElementsAre(StartsWith("QK7")))
+      << "an unknown format leaves an empty temporary file";
   for (const std::uint32_t format : kConvertedFormats) {
     EXPECT_EQ(Import(folder, OptionRecord(format)), -2);
   }
@@ -67,7 +68,8 @@ TEST_F(ImportAddressBookTest, ReportsLocalErrorsInOrderWithoutACall) {
   {
     const TemporaryFolder missing(temporary.PathOf("missing"));
     EXPECT_EQ(Import(path, OptionRecord(ImportFormatDelimited)), -1);
-    EXPECT_EQ(Import(folder, OptionRecord(ImportFormatDelimited)), -2) << "the file is read first";
+    EXPECT_EQ(Import(folder, OptionRecord(ImportFormatDelimited)), -2)
+        << "the source is checked before the temporary folder";
   }
 
   CScanner unbound;
@@ -78,7 +80,7 @@ TEST_F(ImportAddressBookTest, ReportsLocalErrorsInOrderWithoutACall) {
     EXPECT_EQ(ImportAddressBook(scanner, folder.c_str(), OptionRecord(ImportFormatDelimited)), -2)
         << "the scanner is checked last";
   }
-  EXPECT_THAT(temporary.Names(), SizeIs(6)) << "a converted script is deleted";
+  EXPECT_THAT(temporary.Names(), SizeIs(6)) << "a converted script is deleted without a scanner";
   EXPECT_THAT(TakeCalls(), IsEmpty());
   EXPECT_EQ(GetLastToolkitError(), kEarlier);
 }
@@ -105,7 +107,7 @@ TEST_F(ImportAddressBookTest, SendsTheScriptUnderTheLongTimeoutAndDeletesIt) {
 }
 
 TEST_F(ImportAddressBookTest, SendsAReadyMadeScriptUnchangedAndKeepsIt) {
-  const TemporaryFolder missing(temporary.PathOf("missing"));  // which it does not need
+  const TemporaryFolder missing(temporary.PathOf("missing"));  // no folder is needed
   const std::int32_t size = SimulatorBookSize(BookKind::kEmail, "", nullptr);
   EXPECT_EQ(Import(script, OptionRecord(ImportFormatScript).ClearFirst()), 0);
   EXPECT_EQ(TakeCalls()[2], "IMSPBatchConfiguration " + script);

@@ -1,4 +1,4 @@
-// Private e-mail lists: where they differ from public ones.
+// Private e-mail lists: the differences from public lists.
 
 #include "lists/priv_email_dl.h"
 
@@ -28,7 +28,7 @@ class PrivateListTest : public PrivateBookTest {
   CPrivEmailDL list;
 };
 
-TEST_P(PrivateListTest, OpenNeedsABookAndANameAndIsFilledOnceItReadsMembers) {
+TEST_P(PrivateListTest, OpenRequiresABookAndANameAndFillsTheListOnceItReadsMembers) {
   CPrivEmailDL other;
   EXPECT_FALSE(other.IsPublic());
   EXPECT_EQ(other.Open(nullptr, "Team"), kRefused);
@@ -42,7 +42,7 @@ TEST_P(PrivateListTest, OpenNeedsABookAndANameAndIsFilledOnceItReadsMembers) {
   EXPECT_EQ(other.Count(), 2);
 }
 
-TEST_P(PrivateListTest, AReloadHasNoLimitAndOfAnEmptyListKeepsTheBlock) {
+TEST_P(PrivateListTest, AReloadHasNoMemberLimitAndKeepsTheBlockIfTheListIsEmpty) {
   SimulatorInflateSizes(598);
   EXPECT_EQ(list.Reload(), kNoError);
   EXPECT_EQ(list.Count(), 600);
@@ -55,7 +55,7 @@ TEST_P(PrivateListTest, AReloadHasNoLimitAndOfAnEmptyListKeepsTheBlock) {
   EXPECT_EQ(loading.Remaining(), 7U) << "a list with a block does not load members";
 }
 
-TEST_P(PrivateListTest, WritingTheMembersBlanksAddressesOfThePublicBook) {
+TEST_P(PrivateListTest, WritingMembersClearsTheAddressesOfPublicMembers) {
   for (CPrivEmailAB* const book : {&Private(), static_cast<CPrivEmailAB*>(nullptr)}) {
     list.SetBook(book);
     box->PrivateList("Team").DeleteBook();
@@ -73,7 +73,7 @@ TEST_P(PrivateListTest, WritingTheMembersBlanksAddressesOfThePublicBook) {
   EXPECT_THAT(TakeCalls(), IsEmpty());
 }
 
-TEST_P(PrivateListTest, IsDeletedWithItsMembersInMemoryKeptOrDropped) {
+TEST_P(PrivateListTest, DestroyListDropsTheMembersAndDestroyKeepingMembersDoesNot) {
   list.SetBook(nullptr);
   EXPECT_EQ(list.DestroyKeepingMembers(), kNoError);
   EXPECT_THAT(TeamOnServer(), IsEmpty());
@@ -83,12 +83,13 @@ TEST_P(PrivateListTest, IsDeletedWithItsMembersInMemoryKeptOrDropped) {
   EXPECT_EQ(list.Count(), 0);
 }
 
-TEST_P(PrivateListTest, TakesTheRouteOfItsBook) {
+TEST_P(PrivateListTest, CallsTheServerThroughTheScannerOfItsBook) {
   Put(BookKind::kPrivateEmail, "", MakeEntry("Ann"));
   Private().LoadEntries(0);
   const std::uint32_t nowhere = 0;
   box->SetAddress(&nowhere);
-  EXPECT_EQ(list.Reload(), GetParam() ? kRefused : kNoError) << "the owner's size needs an address";
+  EXPECT_EQ(list.Reload(), GetParam() ? kRefused : kNoError)
+      << "reading the size of a list with an owner needs an address";
   CUserAB unattached;
   account.SetOwner(&unattached);
   Start();
@@ -96,14 +97,14 @@ TEST_P(PrivateListTest, TakesTheRouteOfItsBook) {
   EXPECT_EQ(TheAgent.LastError(), kEarlierError);
   EXPECT_EQ(list.DestroyKeepingMembers(), kRefused);
   EXPECT_THAT(TakeCalls(), ElementsAre("IMSPIOCtl 2 0", "IMSPIOCtl 1 3600000"))
-      << "only the time-out goes through the session";
+      << "only the time-out calls are made without the owner";
   CPrivEntryPage loose;
   loose.Append(MakeEntry("Zoe"));
   EXPECT_EQ(loose.SendAll(), kNoError);
   EXPECT_THAT(OnServer(BookKind::kPrivateEmail, ""), ElementsAre("Ann=at", "Zoe=at"));
 }
 
-TEST_P(PrivateListTest, ARenamedMemberReplacesTheOneOfItsNewNameUnderItsKey) {
+TEST_P(PrivateListTest, RenamingReplacesTheMemberOfTheNewNameButKeepsTheOldName) {
   CEmailEntry entry = MakeEntry("Ann", "new", 1);
   EXPECT_EQ(list.ModifyLocal(&entry), 1);
   PutMember(MakeEntry("Cy"));
@@ -116,7 +117,7 @@ TEST_P(PrivateListTest, ARenamedMemberReplacesTheOneOfItsNewNameUnderItsKey) {
   EXPECT_EQ(list.RenameLocal("Cy", &entry), -1);
 }
 
-TEST_P(PrivateListTest, ACheckedAdditionSetsTheFlagsByThePrivateBook) {
+TEST_P(PrivateListTest, ACheckedAdditionSetsTheFlagsFromThePrivateBook) {
   for (const char* name : {"other", "same"}) {
     Put(BookKind::kPrivateEmail, "", MakeEntry(name, "here"));
   }
@@ -127,9 +128,9 @@ TEST_P(PrivateListTest, ACheckedAdditionSetsTheFlagsByThePrivateBook) {
   };
   EXPECT_EQ(flagsOf("absent", "x"), 0);
   EXPECT_EQ(flagsOf("same", "here"), 1);
-  EXPECT_EQ(flagsOf("other", "there"), 7) << "unchanged";
+  EXPECT_EQ(flagsOf("other", "there"), 7) << "an entry with another address keeps its flags";
   EXPECT_EQ(Members(list), "Ann=a@own:1 Bob=b@public:0 absent=x:0 same=here:1 other=there:7 ");
-  EXPECT_EQ(TakeCalls().size(), 4U) << "three creations, and one read of the book";
+  EXPECT_EQ(TakeCalls().size(), 4U) << "three create calls and one read of the private book";
 }
 
 INSTANTIATE_TEST_SUITE_P(Routes, PrivateListTest, testing::Bool(), RouteName);

@@ -1,4 +1,5 @@
-// Public e-mail lists, and what all lists share: opening, changes in memory, searches, the stream.
+// Public e-mail lists, and the rules that all lists share: opening, local changes, searches,
+// streams.
 
 #include "lists/pub_email_dl.h"
 
@@ -25,7 +26,7 @@ class PublicListTest : public BooksTest {
   CPubEmailDL list;
 };
 
-TEST_F(PublicListTest, OpenNeedsABookAndANameAndLeavesUndeliveredMembersBlank) {
+TEST_F(PublicListTest, OpenWithoutABookOrANameMakesNoCallAndAFailedReadLeavesBlanks) {
   CPubEmailDL other;
   EXPECT_TRUE(other.IsPublic());
   EXPECT_EQ(other.Open(nullptr, "Team"), kNoError);
@@ -38,16 +39,16 @@ TEST_F(PublicListTest, OpenNeedsABookAndANameAndLeavesUndeliveredMembersBlank) {
   SimulatorFail("IMSPSizeofAB", 1, kFault);
   EXPECT_EQ(list.Open(&email, "Choir"), kFault);
   EXPECT_EQ(list.Name(), "Choir");
-  EXPECT_EQ(list.Count(), 3) << "the members of before";
+  EXPECT_EQ(list.Count(), 3) << "the previous members are kept";
 }
 
 TEST_F(PublicListTest, AReloadReadsMoreThan512Members) {
   SimulatorInflateSizes(4'000'000'000);
   list.Reload();
-  EXPECT_EQ(list.Count(), 200'000) << "no book has more";
+  EXPECT_EQ(list.Count(), 200'000) << "the limit is 200,000 members";
 }
 
-TEST_F(PublicListTest, ARenamedMemberReplacesTheOneOfItsNewName) {
+TEST_F(PublicListTest, RenamingReplacesTheMemberOfTheNewName) {
   PutTeam({"Dan"});
   box->PublicList("Team").Delete("Bea");
   CEmailEntry entry = MakeEntry("Bea", "Dan's", 3);
@@ -57,7 +58,7 @@ TEST_F(PublicListTest, ARenamedMemberReplacesTheOneOfItsNewName) {
   list.Reload();
   PutTeam({"Bea"});
   EXPECT_EQ(list.ModifyLocal(&entry), -1);
-  EXPECT_EQ(list.RemoveLocal(&entry), 0) << "without members";
+  EXPECT_EQ(list.RemoveLocal(&entry), 0) << "a list without members remains at 0 members";
 }
 
 TEST_F(PublicListTest, RemoveAtRemovesTheFollowingMemberOnTheServer) {
@@ -66,9 +67,9 @@ TEST_F(PublicListTest, RemoveAtRemovesTheFollowingMemberOnTheServer) {
   EXPECT_EQ(list.RemoveAt(2, 0), 0);
   list.Reload();
   EXPECT_EQ(list.RemoveAt(0, 1), kNoError);
-  EXPECT_EQ(Members(list), "Ann=at:0 Cy=at:0 ") << "Bea followed Ann";
+  EXPECT_EQ(Members(list), "Ann=at:0 Cy=at:0 ") << "Bea, the member after Ann, is removed";
   EXPECT_EQ(list.RemoveAt(1, 1), kNoError);
-  EXPECT_EQ(Members(list), "Ann=at:0 ") << "the last one itself";
+  EXPECT_EQ(Members(list), "Ann=at:0 ") << "the last member itself is removed";
 }
 
 TEST_F(PublicListTest, SetAtCopiesTheEntryWithoutItsFlags) {
@@ -76,7 +77,7 @@ TEST_F(PublicListTest, SetAtCopiesTheEntryWithoutItsFlags) {
   EXPECT_EQ(list.GetAt(1)->flags, 0);
   EXPECT_EQ(list.SetAt(3, MakeEntry("Bea"), 1), kNoError);
   EXPECT_THAT(TakeCalls(), IsEmpty());
-  EXPECT_EQ(list.SetAt(1, MakeEntry("Eve"), 1), kDataNotFound) << "not on the server";
+  EXPECT_EQ(list.SetAt(1, MakeEntry("Eve"), 1), kDataNotFound) << "the server has no member Eve";
   CEmailEntry entry;
   EXPECT_EQ(list.CopyAt(1, &entry), 1);
   EXPECT_STREQ(entry.Name(), "Eve");
@@ -91,10 +92,11 @@ TEST_F(PublicListTest, ASearchWithoutAHitReturnsTheLastMember) {
   EXPECT_STREQ(list.Find("Be", 0)->Name(), "Bea");
   EXPECT_STREQ(list.FindNext(0)->Name(), "Ben");
   EXPECT_STREQ(list.FindNext(1)->Name(), "Cy");
-  EXPECT_EQ(list.SearchIndex(), 2) << "the latest hit";
+  EXPECT_EQ(list.SearchIndex(), 2) << "the index is that of the latest hit";
   EXPECT_STREQ(list.Find("x", 1)->Name(), "Cy");
   EXPECT_EQ(list.SearchIndex(), -1);
-  EXPECT_STREQ(list.FindNext(0)->Name(), "Bea") << "with the key of the search that had a hit";
+  EXPECT_STREQ(list.FindNext(0)->Name(), "Bea")
+      << "the pattern of the last search with a hit is used";
   EXPECT_STREQ(list.Find("Cy", 1)->Name(), "Cy");
   EXPECT_EQ(list.FindNext(0), nullptr) << "no member follows";
   EXPECT_EQ(list.FindMember(MakeEntry("Ben")), 2);
@@ -120,7 +122,7 @@ TEST_F(PublicListTest, AChangeOfTheMembersResetsTheSearch) {
   EXPECT_EQ(indexAfter([&] { list.InitName(""); }), 0);
 }
 
-TEST_F(PublicListTest, IsClearedAndCountedWithoutABookAndDropsItsMembersWhenItIsDestroyed) {
+TEST_F(PublicListTest, ClearsAndCountsMembersWithoutABookAndDestroyListDropsThem) {
   CPubEmailDL loose;
   loose.SetName("Team");
   EXPECT_EQ(loose.ClearMembers(), kNoError);
@@ -143,12 +145,12 @@ TEST_F(PublicListTest, OnlyANewListLoadsTheMembersOfAStream) {
   Archive again{std::string_view(stored)};
   loaded.Serialize(again);
   EXPECT_EQ(loaded.Count(), 0);
-  EXPECT_EQ(again.Remaining(), stored.size() - 9) << "without the count and \"Team\"";
+  EXPECT_EQ(again.Remaining(), stored.size() - 9) << "only the name is loaded, not the members";
   stored[3] = '\x7F';
   CPubEmailDL other;
   Archive hostile{std::string_view(stored)};
   other.Serialize(hostile);
-  EXPECT_TRUE(hostile.Failed()) << "more members than the stream has bytes";
+  EXPECT_TRUE(hostile.Failed()) << "a member count larger than the stream is rejected";
   EXPECT_EQ(other.Count(), 0);
 }
 

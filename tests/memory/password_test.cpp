@@ -1,5 +1,5 @@
-// No password stays in the process's memory once it has served. What is looked through is all
-// memory that can be written, the stacks and the freed part of the heap with it.
+// Passwords are wiped from memory after use. The tests search all writable memory, including the
+// stacks and the freed part of the heap.
 
 #include <gtest/gtest.h>
 
@@ -28,9 +28,8 @@
 namespace quillkit {
 namespace {
 
-// The characters are in read-only memory, which is not searched. The pointers
-// hide from the compiler what they point at: it would make immediate values of it, and those end up
-// on the stack.
+// The characters are in read-only memory, which is not searched. The pointers are volatile so that
+// the compiler does not copy the characters to the stack as immediate values.
 const char* const volatile kMarker = "Gk7#tzW2!qLx9@e";
 const char* const volatile kLongMarker = "Too long for a password of an account: Gk7#tzW2!qLx9@e";
 constexpr std::size_t kHalf = 8;
@@ -47,11 +46,11 @@ int CopiesIn(std::string_view bytes) {
   return copies;
 }
 
-// How many halves of the marker are in memory.
+// Returns the number of halves of the marker in memory.
 int CopiesInMemory() {
   static char block[1 << 20];                      // none is left in it
-  constexpr std::size_t kOverlap = kHalf - 1;      // one may lie across two blocks
-  constexpr std::uint64_t kLargest = 1ULL << 32U;  // more is a sanitizer's own
+  constexpr std::size_t kOverlap = kHalf - 1;      // a half may be in two blocks
+  constexpr std::uint64_t kLargest = 1ULL << 32U;  // larger regions belong to a sanitizer
   std::ifstream regions("/proc/self/maps");
   std::ifstream memory;
   memory.rdbuf()->pubsetbuf(nullptr, 0);
@@ -74,7 +73,7 @@ int CopiesInMemory() {
   return copies;
 }
 
-// Does `work` so far down the stack that what it leaves there stays until it was looked for.
+// Runs `work` deep in the stack, so that later calls do not overwrite its frames before the search.
 template <class Work>
 [[gnu::noinline]] void FarDown(Work work) {
   char room[1 << 17];
@@ -85,14 +84,14 @@ template <class Work>
 
 class PasswordTest : public ApplianceTest {
  protected:
-  // Does `work` and expects this number of halves in memory after it.
+  // Runs `work` and expects this number of halves in memory after it.
   template <class Work>
   static void Expect(int halves, const char* name, Work work) {
     FarDown(work);
     EXPECT_EQ(CopiesInMemory(), halves) << "after " << name;
   }
 
-  // From now on the server says yes and does nothing: it keeps no password itself.
+  // Makes every server call succeed without effect, so that the server stores no password.
   static void LetServerNod() { SimulatorFail(nullptr, 0, kNoError); }
 
   static int IsMarked(const CUserEntry& account) { return account.password == kMarker ? 1 : 0; }
@@ -108,7 +107,7 @@ class PasswordTest : public ApplianceTest {
   }
 };
 
-TEST_F(PasswordTest, IsInTheUsersRecordUntilTheSessionEndsOrALoginFails) {
+TEST_F(PasswordTest, IsOnlyInTheUserRecordAndOnlyDuringASession) {
   const SecretText held(kMarker);
   const SecretText heldLong(kLongMarker);
   const std::string& password = held;
@@ -116,7 +115,7 @@ TEST_F(PasswordTest, IsInTheUsersRecordUntilTheSessionEndsOrALoginFails) {
   quill_handle box = 0;
   const auto logIn = [&] { LogToQuillbox(kHost, kUser, password, kNone, 0); };
   LetServerNod();
-  Expect(6, "login", logIn);  // two of each that is held here, and two of the user's record
+  Expect(6, "login", logIn);  // two in each of the two texts here, and two in the user record
   Expect(4, "Logout", Logout);
   Expect(6, "login before Exit", logIn);
   Expect(4, "Exit", [] { Exit(), TheAgent.LoadServerLibrary(); });
@@ -132,10 +131,10 @@ TEST_F(PasswordTest, IsInTheUsersRecordUntilTheSessionEndsOrALoginFails) {
          [&] { quill_log_to_quillbox("127.0.0.1", "Ann", tooLong.c_str(), "", 0, &box); });
 }
 
-// The exported functions go on after these, and overwrite some of what is left on the stack.
-TEST_F(PasswordTest, IsLeftInNoStackFrameOfTheAgent) {
+// The exported functions continue after these calls and overwrite part of the stack.
+TEST_F(PasswordTest, IsNotLeftOnTheStackByTheAgent) {
   LetServerNod();
-  CUserRecord user;  // it and the connected user have two each
+  CUserRecord user;  // this record and the connected user contain two halves each
   user.SetName(kUser);
   user.SetPassword(kMarker);
   CScanner target;
@@ -148,7 +147,7 @@ TEST_F(PasswordTest, IsLeftInNoStackFrameOfTheAgent) {
   Expect(4, "Modify", [&] { target.UserEntries().Modify(&user); });
 }
 
-TEST_F(PasswordTest, IsInTheAccountsThatAreHeldAndNowhereElse) {
+TEST_F(PasswordTest, IsOnlyInTheAccountsInMemory) {
   CScanner* const box = LogIn();
   PutAccounts(kMarker);
   for (const char* call : {"IMSPCreateEntry", "IMSPModifyEntry", "IMSPDeleteEntry"}) {
@@ -204,7 +203,7 @@ TEST_F(PasswordTest, IsInTheAccountsThatAreHeldAndNowhereElse) {
   EXPECT_EQ(CopiesInMemory(), 0);
 }
 
-TEST_F(PasswordTest, IsGoneAfterAnImport) {
+TEST_F(PasswordTest, IsNotInMemoryAfterAnImport) {
   const ScratchFolder folder;
   const TemporaryFolder temporary(folder.Path().string());
   const std::string path = folder.PathOf("accounts.csv");

@@ -1,5 +1,5 @@
-// The exported functions that take memory, with each of their allocations refused in turn: what the
-// application gets, that everything is usable afterwards, and that nothing is lost.
+// The exported functions that allocate memory, with each of their allocations failing in turn: the
+// result, that every object stays usable, and that no memory leaks.
 
 #include <gtest/gtest.h>
 
@@ -26,14 +26,14 @@ namespace {
 CombinationCount& combinations =
     CombinationCount::Of("refused memory, combinations of function and allocation");
 
-// Too long for what a std::string holds without memory.
+// Too long to be stored in a std::string without an allocation.
 const std::string kLongName(31, 'n');
 
 struct Destroy {
   void operator()(CSoftKey* key) const { DestroySoftKey(key); }
 };
 
-// Makes a key of a long name and hands it to `use`.
+// Creates a key with a long name and passes it to `use`.
 template <class Use>
 std::int64_t WithKey(const Stage& on, Use use) {
   CSoftKey* made = nullptr;
@@ -62,7 +62,7 @@ std::int64_t Import(const Stage& on, std::uint32_t format) {
   return ImportAddressBook(on.box, importedFile.c_str(), &options);
 }
 
-// Those that take memory and are in no other table. None of them predicts its server calls.
+// Functions that allocate memory and are in no other table. Their server calls are not checked.
 Operations OtherOperations() {
   const auto addKey = [](Stage& on) {
     return WithKey(on, [&](CSoftKey* key) { return FastKeyAdd(on.book, key); });
@@ -126,7 +126,7 @@ Lines WithoutLostItems(const Lines& whole, const Lines& keys) {
   return left;
 }
 
-// What a run resulted in.
+// The result of a run.
 struct Trial {
   std::optional<std::int64_t> result;  // none if std::bad_alloc was thrown
   Lines keys;                          // in memory
@@ -136,11 +136,11 @@ class Refusal : public ApplianceTest, public testing::WithParamInterface<Operati
  protected:
   Refusal() { importedFile = folder.Write("file", "SE emailab \"Ann\" \"a\"\n"); }
 
-  // Sets the stage and runs the operation, with its allocation number `refused` refused; 0: none.
-  // Everything has to be usable afterwards, and is given back.
+  // Sets up the stage and runs the operation; its allocation number `refused` fails (0: none).
+  // Every object must be usable afterwards, and is released.
   static Trial Try(int refused);
 
-  // A run may fail in its own style, too, or go without items that there was no memory for.
+  // A run may also report failure in its own way, or lack items that could not be allocated.
   static void Compare(const Trial& trial, const Trial& undisturbed);
 
  private:
@@ -181,7 +181,7 @@ void Refusal::Compare(const Trial& trial, const Trial& undisturbed) {
   EXPECT_EQ(trial.keys, WithoutLostItems(undisturbed.keys, trial.keys));
 }
 
-TEST_P(Refusal, LeavesEverythingUsableAndLosesNothing) {
+TEST_P(Refusal, LeavesEverythingUsableAndLeaksNothing) {
   const Trial undisturbed = Try(0);
   EXPECT_EQ(undisturbed.result, GetParam().result.success);
   for (int refused = 1;; ++refused) {
@@ -197,8 +197,8 @@ TEST_P(Refusal, LeavesEverythingUsableAndLosesNothing) {
 
 class Login : public ApplianceTest {};
 
-// A login that failed to allocate may leave a session behind. The next one keeps its own alive.
-TEST_F(Login, KeepsItsSessionAliveAfterOneThatFailedToAllocate) {
+// A login that failed to allocate may leave a session open. The next login must send keep-alives.
+TEST_F(Login, SendsKeepAlivesAfterALoginThatFailedToAllocate) {
   int refused = 0;
   do {
     SCOPED_TRACE(testing::Message() << "allocation " << ++refused);

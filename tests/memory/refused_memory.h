@@ -1,20 +1,19 @@
-// The heap of the program that links this, which can be told to refuse an allocation: operator new
-// throws then, and the C allocator, as the program's own objects call it (the linker leads those
-// calls here), gives null. What the server library allocates is never refused, and counts as not
-// asked for.
+// The program's heap. An allocation can be made to fail: operator new then throws, and the C
+// allocator, when the program's own objects call it, returns null (the linker redirects those
+// calls). Allocations of the server library never fail and are not counted.
 
 #ifndef QUILLKIT_TESTS_MEMORY_REFUSED_MEMORY_H_
 #define QUILLKIT_TESTS_MEMORY_REFUSED_MEMORY_H_
 
 namespace quillkit {
 
-// Refuses the allocation of this number from now on, the first being 1; 0: none, any more.
+// Makes the allocation with this number fail, counting from 1 from now on; 0: none.
 void RefuseAllocation(int number);
 
-// Whether it came to that.
+// Returns whether that allocation was reached.
 bool WasAllocationRefused();
 
-// The blocks that are allocated and not freed: the change between two calls counts.
+// Returns the number of allocated blocks. Only the change between two calls is meaningful.
 long LiveBlocks();
 
 }  // namespace quillkit

@@ -1,4 +1,5 @@
-// A program of the installed class library: it holds every class, and works without the product.
+// A program that uses the installed class library: it contains every class, and needs no other part
+// of the product.
 
 #include <cstdio>
 #include <memory>

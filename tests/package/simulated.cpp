@@ -1,4 +1,4 @@
-// A test of an application: it holds the simulated appliance itself, and looks behind the toolkit.
+// A test of an application: it contains the simulated appliance and inspects its state.
 
 #include <cstdio>
 

@@ -72,7 +72,7 @@ TEST_F(FilesTest, TemporaryFileIsEmptyAndNewAndHasThePrefixAndCanBeDeleted) {
   EXPECT_TRUE(folder.Names().empty());
 }
 
-TEST_F(FilesTest, WritingAFileWholeRemovesAbandonedDraftsAndNothingElse) {
+TEST_F(FilesTest, WriteFileWholeRemovesOnlyAbandonedDrafts) {
   const std::vector<std::string> kept = {
       ".quillkit-new-",   ".quillkit-new-0", ".quillkit-new-01",
       ".quillkit-new-1x", "state",           "state.quillkit-new-1"};

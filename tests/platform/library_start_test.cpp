@@ -36,15 +36,15 @@ std::string RunProbe(const fs::path& folder, const std::string& argument) {
   return std::string(std::istreambuf_iterator<char>(text), {}) + "exit " + std::to_string(status);
 }
 
-// Where the process ends in a session, the system ends the server library and the library in an
-// order of its own.
-TEST(LibraryStartTest, ShowsNoMessageWhereThereIsAServerLibrary) {
+// If the process ends during a session, the system unloads the server library and the library in an
+// unspecified order.
+TEST(LibraryStartTest, ShowsNoMessageIfThereIsAServerLibrary) {
   for (const char* each : {"", "stay"}) {
     EXPECT_EQ(RunProbe(ProgramFolder(), each), "loaded\nstatus 0\nexit 0") << each;
   }
 }
 
-TEST(LibraryStartTest, ShowsTwoMessagesWhereThereIsNoServerLibrary) {
+TEST(LibraryStartTest, ShowsTwoMessagesIfThereIsNoServerLibrary) {
   const ScratchFolder folder;
   for (const char* each : {kLibraryFile, kProbeFile}) {
     fs::copy_file(ProgramFolder() / each, folder.PathOf(each));
@@ -54,8 +54,8 @@ TEST(LibraryStartTest, ShowsTwoMessagesWhereThereIsNoServerLibrary) {
                 kStartWithoutServerLibrary + "exit 0");
 }
 
-// Two other texts are seen where they are shown.
-TEST(LibraryStartTest, TextsAreExact) {
+// Two other texts are checked by the tests that show them.
+TEST(LibraryStartTest, ResourceTextsAreExactAndUnknownIdsHaveNone) {
   EXPECT_EQ(LoadResourceText(kSocketsFailedText), "Windows sockets initialization failed.");
   EXPECT_EQ(LoadResourceText(kSettingsKeyText), R"(Software\\Tarvenor\\Ledgerhouse)");
   for (const unsigned id : {0U, 100U, 104U, 106U, 101U + 65536U}) {

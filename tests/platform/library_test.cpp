@@ -68,15 +68,15 @@ TEST_F(LibraryTest, CanBeLoadedAgainAndUnloadedInASession) {
       << "unloading in a session sends no logout";
 }
 
-TEST_F(LibraryTest, SignsOfLifeReachTheServerUntilTheSessionEnds) {
+TEST_F(LibraryTest, KeepAlivesAreSentUntilTheSessionEnds) {
   SimulatorSetWakeupPeriod(40);
   Load();
   for (const char* end : {"Logout", "Exit"}) {
     SCOPED_TRACE(end);
     ASSERT_NE(LogIn(), nullptr);
     TakeCalls();
-    // A failed one is not recorded. PumpUntil takes the part of an application's loop; on POSIX a
-    // call of the library does.
+    // A failed keep-alive is not recorded. PumpUntil replaces the application's loop; on POSIX a
+    // call of the library runs the timers.
     SimulatorFail("IMSPWakeup", 2, 6);
     EXPECT_TRUE(PumpUntil([&] { return LastError() == 0 && SimulatorCallCount() >= 3; }));
     EXPECT_THAT(TakeCalls(), testing::Each("IMSPWakeup"));

@@ -1,5 +1,5 @@
-// What tests ask of the system that neither the standard library nor platform/ offers. Each system
-// has a file of it.
+// System functions for tests that neither the standard library nor platform/ offers. Each system
+// has its own implementation.
 
 #ifndef QUILLKIT_TESTS_PLATFORM_PROCESS_H_
 #define QUILLKIT_TESTS_PLATFORM_PROCESS_H_
@@ -11,10 +11,10 @@ extern const char* const kLibraryFile;
 extern const char* const kServerLibraryFile;
 extern const char* const kProbeFile;
 
-// What the start probe prints of a library that has found no server library.
+// The output of the start probe if the library finds no server library.
 extern const char* const kStartWithoutServerLibrary;
 
-// Whether a library with this file name is in the process.
+// Returns whether the process has loaded a library with this file name.
 bool IsLoaded(const char* file);
 
 // From now on the text of every message box of the thread is printed on standard output, one a
@@ -24,12 +24,12 @@ void ReportMessageBoxes();
 // Runs the calling thread's due timers and returns their number.
 int DispatchTimers();
 
-// The exit status of a forked child that does `work`; -1 if it was killed or did not end within 20
-// seconds. 0 on a system that cannot fork.
+// Runs `work` in a forked child and returns its exit status, or -1 if it was killed or did not end
+// within 20 seconds. Returns 0 on a system without fork.
 int StatusInForkedChild(int (*work)());
 
-// Calls `handler` on the calling thread in a fifth of a second, in the middle of whatever it does
-// then. False on a system that cannot.
+// Calls `handler` on the calling thread after 0.2 seconds, interrupting it. Returns false if the
+// system does not support this.
 bool InterruptSoon(void (*handler)(int));
 
 }  // namespace quillkit

@@ -1,5 +1,5 @@
-// A program that loads the library as an application does, logs in, and prints what came of it. It
-// contains no server library, so that it can run where there is none.
+// A program that loads the library like an application, logs in, and prints the results. It
+// contains no server library, so that it also runs without one.
 //
 // usage: quillkit_start_probe         then unloads the library, and prints what is left
 //        quillkit_start_probe stay    ends in the session

@@ -28,19 +28,18 @@ class ThreadTimerTest : public testing::Test {
   }
 };
 
-// With the shorter periods the timer is due again as soon as it has run, and must not hold the
-// pump.
-TEST_F(ThreadTimerTest, RunsAgainAndAgainWhileItsThreadPumpsUntilItIsStopped) {
+// With the shorter periods the timer is due again after each run, but Pump must still return.
+TEST_F(ThreadTimerTest, RunsRepeatedlyWhileItsThreadPumpsUntilItIsStopped) {
   for (const std::uint32_t period : {kPeriod, 1U, 0U}) {
     SCOPED_TRACE(period);
     runs = {};
     timers[0] = StartThreadTimer(period, [] { ++runs[0], Sleep(std::chrono::milliseconds(20)); });
     Sleep(kSeveralPeriods);
     std::thread(Pump).join();
-    EXPECT_EQ(runs[0], 0) << "its own thread has not pumped";
+    EXPECT_EQ(runs[0], 0) << "a timer must not run before its own thread pumps";
     for (const TimerId other : {TimerId{0}, timers[0] + 1000}) StopThreadTimer(other);
     std::thread([] { StopThreadTimer(timers[0]); }).join();
-    EXPECT_TRUE(PumpUntil([] { return runs[0] >= 3; })) << "nothing has stopped it yet";
+    EXPECT_TRUE(PumpUntil([] { return runs[0] >= 3; })) << "the timer must run until it is stopped";
 
     Sleep(kSeveralPeriods);  // due once more
     for (int time = 0; time < 2; ++time) StopThreadTimer(timers[0]);
@@ -62,10 +61,10 @@ TEST_F(ThreadTimerTest, RoutineMayStartATimerAndStopItsOwn) {
   const std::array<int, 3> before = runs;
   EXPECT_TRUE(PumpUntil([&] { return runs[1] >= before[1] + 2; }));
   EXPECT_EQ(runs[0], before[0]);
-  EXPECT_EQ(runs[2], 0) << "a period of 25 days is not over";
+  EXPECT_EQ(runs[2], 0) << "a timer with a period of 25 days must not run";
 }
 
-// Both are due; whichever runs first stops the other.
+// Both timers are due. The one that runs first stops the other.
 TEST_F(ThreadTimerTest, RoutineMayStopATimerThatIsDue) {
   timers[0] = StartThreadTimer(kPeriod, [] { ++runs[0], StopThreadTimer(timers[1]); });
   timers[1] = StartThreadTimer(kPeriod, [] { ++runs[1], StopThreadTimer(timers[0]); });

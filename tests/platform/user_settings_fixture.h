@@ -37,11 +37,11 @@ class UserSettingsTest : public testing::Test {
     const SettingsKey opened(path.c_str(), SettingsAccess::kRead);
     SettingsStatus status = opened.OpenStatus();
     if (status == kSettingsDone) status = opened.Read(name, bytes.data(), &size);
-    EXPECT_EQ(bytes.back(), '#') << "a byte behind the buffer was written";
+    EXPECT_EQ(bytes.back(), '#') << "a byte after the end of the buffer was written";
     return status == kSettingsDone ? bytes.substr(0, size) : "status " + std::to_string(status);
   }
 
-  // The names of the keys in a key; none if it is not there.
+  // The names of the keys in a key; empty if the key does not exist.
   static std::vector<std::string> Subkeys(const std::string& path) {
     const SettingsKey opened(path.c_str(), SettingsAccess::kRead);
     std::vector<std::string> names;

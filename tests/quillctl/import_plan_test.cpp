@@ -26,13 +26,13 @@ Columns ColumnsOf(std::string_view map, const char* book) {
   return ColumnMap(map, FindBook(book).front()).Columns({"Full Name", "E-mail", "Fax", "Fax"});
 }
 
-TEST(ColumnMap, TakesNumbersFieldsAndHeadings) {
+TEST(ColumnMap, AcceptsNumbersFieldsAndHeadings) {
   EXPECT_EQ(ColumnsOf("0,-1,2147483647", "fax"), (Columns{0, -1, 2147483647}));
   EXPECT_EQ(ColumnsOf("third=3,name=0", "fax"), (Columns{0, -1, 3}));
   EXPECT_EQ(ColumnsOf("name=Full Name,password=-1,fourth=7", "users"), (Columns{0, -1, -1, 7}));
 }
 
-TEST(ColumnMap, RejectsAnythingElse) {
+TEST(ColumnMap, RejectsInvalidColumns) {
   std::istringstream maps(
       "|,|1,|,1|1,,2|1, 2|-2,1|1x,1|+1,1|0x1,1|2147483648,1|1|name|=1|name=1,|name=1,number=2|"
       "Name=1|name=-2|name=2147483648|name=1,\"address=2|name=Fax|name=E-Mail");
@@ -41,7 +41,7 @@ TEST(ColumnMap, RejectsAnythingElse) {
   }
 }
 
-TEST(ImportPlan, SendsRowsThatFitAndReportsTheLinesOfOthers) {
+TEST(ImportPlan, SendsRowsThatFitAndReportsTheLinesOfOtherRows) {
   const std::string name(31, 'n');
   const std::string address(255, 'a');
   const std::string spaces(4090, ' ');  // the converter reads lines of up to 4093 characters

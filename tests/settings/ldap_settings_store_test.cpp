@@ -1,5 +1,5 @@
-// The user's settings in what holds on every system: the settings of directory servers, and the
-// keys and values that they are stored in.
+// The user's settings, in the part that is the same on every system: the settings of directory
+// servers, and their keys and values.
 
 #include "settings/ldap_settings_store.h"
 
@@ -27,7 +27,7 @@ class LdapSettingsTest : public UserSettingsTest {
     std::string name(size + 1, '#');
     auto length = static_cast<std::uint32_t>(size);
     const SettingsStatus status = EnumLdapProfiles(name.data(), &length);
-    EXPECT_EQ(name.back(), '#') << "a byte behind the buffer was written";
+    EXPECT_EQ(name.back(), '#') << "a byte after the end of the buffer was written";
     if (status != kSettingsDone) return "status " + std::to_string(status);
     EXPECT_EQ(std::strlen(name.data()), length);
     return name.substr(0, length);
@@ -43,10 +43,10 @@ class LdapSettingsTest : public UserSettingsTest {
   });
 };
 
-TEST_F(LdapSettingsTest, ValueHasTheBytesThatWereWrittenLastAndNoType) {
-  EXPECT_EQ(GetLdapDword(name, "v", 7), 0U) << "there is no key";
+TEST_F(LdapSettingsTest, ValueIsReadableAsATextAndAsANumber) {
+  EXPECT_EQ(GetLdapDword(name, "v", 7), 0U) << "without a key the number is 0";
   EXPECT_EQ(SetLdapString(name, "other", "x"), 1);
-  EXPECT_EQ(GetLdapDword(name, "v", 7), 7U) << "there is no value";
+  EXPECT_EQ(GetLdapDword(name, "v", 7), 7U) << "without a value the default is returned";
   const std::string longest(512, '\xE9');
   const struct {
     std::string written, text;
@@ -71,7 +71,7 @@ TEST_F(LdapSettingsTest, ValueHasTheBytesThatWereWrittenLastAndNoType) {
   EXPECT_EQ(Read(key, "v"), "");
 }
 
-// Names that mean something elsewhere are names like any other here, of keys and of values.
+// Names of keys and values that have a special meaning elsewhere are ordinary names here.
 TEST_F(LdapSettingsTest, NamesMayHaveAnyBytes) {
   const std::vector<std::string> names = {" ",     "%",      "%2E",     "%zz",  "..", "../../up",
                                           ".",     ".new-1", "/",       "/etc", "=x", "a\tb",
@@ -88,14 +88,14 @@ TEST_F(LdapSettingsTest, NamesMayHaveAnyBytes) {
   }
 }
 
-TEST_F(LdapSettingsTest, TooLongNamesAreRefusedWithTheMessage) {
+TEST_F(LdapSettingsTest, RejectsNamesThatAreTooLongAndShowsAMessage) {
   // The longest path for texts has 260 characters, of which 37 are the store's own.
   const std::string longest = profile + '\\' + std::string(222 - profile.size(), 'x');
   EXPECT_EQ(SetLdapString(longest.c_str(), "host", "x"), 1);
   const std::string tooLong = longest + 'x';
   EXPECT_EQ(SetLdapString(tooLong.c_str(), "host", "x"), 0);
   EXPECT_THAT(shown, ElementsAre(kMessage));
-  EXPECT_EQ(GetLdapDword(tooLong.c_str(), "host", 7), 0U) << "not even the key was made";
+  EXPECT_EQ(GetLdapDword(tooLong.c_str(), "host", 7), 0U) << "the key must not be created";
   // For numbers the store has no limit; where the system has one, its refusal shows the message.
   SetLdapDword(tooLong.c_str(), "port", 389);
   EXPECT_EQ(GetLdapDword(tooLong.c_str(), "port", 7), shown.size() == 1 ? 389U : 0U);
@@ -109,11 +109,12 @@ TEST_F(LdapSettingsTest, TooLongNamesAreRefusedWithTheMessage) {
   EXPECT_EQ(GetLdapDword(name, value.c_str(), 7), shown.empty() ? 389U : 7U);
 }
 
-TEST_F(LdapSettingsTest, KeysAreMadeWithThoseOnTheirPathAndDeletedOnceNothingIsBelowThem) {
+TEST_F(LdapSettingsTest, WritingCreatesParentKeysAndAKeyWithSubkeysIsNotDeleted) {
   SetLdapDword(name, "port", 389);
   EXPECT_EQ(Read(key + "\\a\\b", "port"), "status 2");
   SetLdapDword((profile + "\\a\\b").c_str(), "port", 0x434241);
-  EXPECT_EQ(Read(key + "\\\\a\\\\\\b\\", "port"), "ABC\0"s) << "more backslashes count for nothing";
+  EXPECT_EQ(Read(key + "\\\\a\\\\\\b\\", "port"), "ABC\0"s)
+      << "repeated and final backslashes are ignored";
   for (const char* each : {name, "", static_cast<const char*>(nullptr)}) {
     EXPECT_EQ(DeleteLdapProfile(each), 0);
   }
@@ -121,7 +122,7 @@ TEST_F(LdapSettingsTest, KeysAreMadeWithThoseOnTheirPathAndDeletedOnceNothingIsB
   for (const char* each : {"\\a\\b", "\\a", ""}) {
     EXPECT_EQ(DeleteLdapProfile((profile + each).c_str()), 1) << each;
   }
-  EXPECT_EQ(DeleteLdapProfile(name), 0) << "it is not there any more";
+  EXPECT_EQ(DeleteLdapProfile(name), 0) << "the profile is already deleted";
   EXPECT_THAT(shown, ElementsAre(kMessage, kMessage, kMessage, kMessage));
   EXPECT_EQ(ReportRegistryError(5, kSettingsFailedText, "label: "), kBoxResult);
 }
@@ -134,14 +135,14 @@ TEST_F(LdapSettingsTest, EnumerationContinuesWhereTheLatestCallEnded) {
   for (int round = 0; round < 2; ++round) {
     EXPECT_EQ(Next(profile.size() + 1), profile);
     EXPECT_EQ(Next(second.size()), "status 234");
-    EXPECT_EQ(Next(), third) << "a name that does not fit counts as returned";
+    EXPECT_EQ(Next(), third) << "a name that does not fit is skipped";
     EXPECT_EQ(Next(), "status 259");
   }
   EXPECT_EQ(Next(), profile);
   for (const std::string& each : {second, profile, third, ""s}) DeleteLdapProfile(each.c_str());
   EXPECT_EQ(Next(), "status 2");
   SetLdapDword(name, "port", 389);
-  EXPECT_EQ(Next(), "status 259") << "the only profile counts as returned";
+  EXPECT_EQ(Next(), "status 259") << "the only profile was already returned";
   EXPECT_EQ(Next(), profile);
   EXPECT_EQ(Next(), "status 259");
 }

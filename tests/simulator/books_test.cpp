@@ -1,4 +1,4 @@
-// Books and entries: what may be created, renamed and deleted, and what goes with what.
+// Books and entries: what may be created, renamed and deleted, and which objects change together.
 
 #include "tests/simulator/server_fixture.h"
 
@@ -53,7 +53,7 @@ TEST_F(BooksTest, CreatesDeletesAndRenamesNamedBooks) {
   }
 }
 
-TEST_F(BooksTest, ChecksAChangeOfAnEntryInThisOrder) {
+TEST_F(BooksTest, ChecksAnEntryChangeInAFixedOrder) {
   CEmailEntry entry;
   EXPECT_EQ(SimulatorFindEntry(BookKind::kPublicList, "Team", nullptr, "Ann", &entry), 0);
   Expect(kNoSuchBook, {"CreateEntry 64:Team ''"});
@@ -102,7 +102,7 @@ TEST_F(BooksTest, RefusesNullArgumentsAndANameInTheSelectorOfBooks) {
   EXPECT_EQ(IMSPReadPageBoundaries(&email, nullptr, &(count = 1)), kInvalidField);
 }
 
-TEST_F(BooksTest, KeepsTheBookOfAKeyInStepWithItsEntry) {
+TEST_F(BooksTest, ChangesTheBookOfAKeyTogetherWithItsEntry) {
   Expect(kNoError, {"CreateAB 512:Scan", "CreateAB 512:Mail", "CreateEntry 512:Mail item"});
   EXPECT_EQ(Size(kTop), 2);
   Expect(kNameConflict, {"ModifyEntry 256:TOPAB Mail Scan"});

@@ -1,4 +1,4 @@
-// Faults, wrong replies and the journal: what a test orders is what it gets.
+// Faults, wrong replies and the journal: the simulator does what a test requests.
 
 #include "tests/simulator/server_fixture.h"
 
@@ -49,7 +49,7 @@ TEST_F(FaultsTest, ReportsWrongCounts) {
   SimulatorSetDefects(0);
   SimulatorFail("IMSPReadAB", 1, kMoreData);
   EXPECT_EQ(Read(2), kMoreData);
-  EXPECT_EQ(count, 0U) << "a fault delivers nothing, whatever its status";
+  EXPECT_EQ(count, 0U) << "a fault delivers nothing even if its status is success";
   EXPECT_TRUE(records[0].IsBlank());
 }
 

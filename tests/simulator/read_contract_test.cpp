@@ -1,4 +1,4 @@
-// Which names a range or a filter means, and where in the buffer they go. All bulk reads share
+// The names that a range or a filter selects, and their place in the buffer. All bulk reads share
 // this; the tests of the library make each of them.
 
 #include <map>
@@ -35,7 +35,7 @@ class ReadContractTest : public ServerTest {
       shown += ' ' + std::string(row.name.IsEmpty() ? "." : row.name.View());
       if (!row.name.IsEmpty()) --count;
     }
-    EXPECT_EQ(count, 0U) << "the count is not that of the rows in " << shown;
+    EXPECT_EQ(count, 0U) << "the count differs from the number of rows in " << shown;
     return shown;
   }
 

@@ -8,7 +8,7 @@
 namespace quillkit {
 namespace {
 
-// The words of a call. Argument 1 is behind its name. Each method returns null for a null argument.
+// The words of a call. Argument 1 follows the name. Each method returns null for a null argument.
 class Words {
  public:
   explicit Words(const std::string& call) {

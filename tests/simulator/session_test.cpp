@@ -1,5 +1,5 @@
-// The session: who is let in, what each user may do, and when it ends; the services that are about
-// no book; and the log.
+// The session: who may log in, the rights of each user, and when the session ends; the services
+// without a book; and the log.
 
 #include <cstdio>
 
@@ -30,7 +30,7 @@ TEST_F(SessionTest, KeepsTheOpenSessionWhenALoginIsRefused) {
   EXPECT_STREQ(SimulatorSessionUser(), "GUEST");
 }
 
-TEST_F(SessionTest, CutsTheIdentityAtTheCallersBuffer) {
+TEST_F(SessionTest, TruncatesTheIdentityToTheCallersBuffer) {
   SimulatorSetIdentity("ABCDEF", 6);
   LoginRecord login;
   login.user.Assign("GUEST");
@@ -63,7 +63,7 @@ TEST_F(SessionTest, GivesEachUserItsRights) {
   }
 }
 
-TEST_F(SessionTest, LetsOnlyTheAdministratorActAsOthersAndBack) {
+TEST_F(SessionTest, OnlyTheAdministratorChangesIdentityAndChangesBack) {
   Expect(kNoError, {"Login TOOLKIT KELP"});
   Expect(kAccessDenied, {"ChangeIdentity Eve"});
   Expect(kNoError, {kOpen});
@@ -82,17 +82,17 @@ TEST_F(SessionTest, RefusesCallsWithoutASessionOrTheLibrary) {
   Expect(kNotInitialised, {kOpen, "Terminate"});
   IMSPInit();
   Expect(kNotLoggedIn, {"Wakeup"});
-  EXPECT_EQ(Size(BookKind::kUsers), 4) << "the books stay";
+  EXPECT_EQ(Size(BookKind::kUsers), 4) << "the books are kept without a session";
 }
 
-TEST_F(SessionTest, DropsASessionThatWasSilentForAPeriod) {
+TEST_F(SessionTest, EndsASessionThatSentNoKeepAliveForAPeriod) {
   SimulatorSetWakeupPeriod(5000);
   LogInAsAdministrator();
   SimulatorAdvanceClock(4000);
   Expect(kNoError, {"Wakeup"});
   SimulatorAdvanceClock(4000);
   SimulatorFail("IMSPWakeup", 1, kBadCommand);
-  Expect(kBadCommand, {"Wakeup"});  // a fault is no sign of life
+  Expect(kBadCommand, {"Wakeup"});  // a fault is not a keep-alive
   SimulatorAdvanceClock(1000);
   EXPECT_STREQ(SimulatorSessionUser(), "");
   Expect(kNotLoggedIn, {"Wakeup"});

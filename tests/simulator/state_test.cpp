@@ -64,7 +64,7 @@ class StateTest : public testing::Test {
   const ScratchFolder folder;
 };
 
-TEST_F(StateTest, HoldsEveryBookAndReadsBackTheSame) {
+TEST_F(StateTest, ReadsBackEveryBookUnchanged) {
   const std::string text = TextOf(Sample());
   EXPECT_THAT(text, HasSubstr("book 512 \"Empty\" \"\"\nbook "));
   EXPECT_THAT(text, HasSubstr("book 128 \"Friends\" \"Agnes\"\nentry "));
@@ -74,7 +74,7 @@ TEST_F(StateTest, HoldsEveryBookAndReadsBackTheSame) {
   EXPECT_NE(read.store.Find(Path(BookKind::kKeyItems, "Desks")), nullptr);
 }
 
-TEST_F(StateTest, ReportsTheLineAndTheReasonOfDamage) {
+TEST_F(StateTest, ReportsTheLineAndTheReasonOfAnError) {
   const std::string noBook = "line 2: unknown book";
   const struct {
     std::string lines, fault;
@@ -106,7 +106,7 @@ TEST_F(StateTest, ReportsTheLineAndTheReasonOfDamage) {
   EXPECT_THAT(Read("", contents), HasSubstr("not a state file"));
 }
 
-TEST_F(StateTest, ReadsAgainWhateverItReadsWithoutAFault) {
+TEST_F(StateTest, ReadsBackEveryTextThatItAccepts) {
   const std::string good = TextOf(Sample());
   std::mt19937 random(20260725);
   for (int round = 0; round < 400; ++round) {
@@ -123,7 +123,7 @@ TEST_F(StateTest, ReadsAgainWhateverItReadsWithoutAFault) {
   }
 }
 
-TEST_F(StateTest, MakesAndKeepsItsFileAndNeverOverwritesADamagedOne) {
+TEST_F(StateTest, CreatesItsFileAndNeverOverwritesADamagedOne) {
   const std::string path = folder.PathOf("kept");
   Contents first = Sample();
   StateFile made;
@@ -181,7 +181,7 @@ TEST(Store, ReportsEachSuccessfulChangeOnce) {
   expectChange(store.DeleteBook(Path(BookKind::kPublicList, "All")));
 }
 
-TEST(EscapedText, ReadsWhatItWritesAndNothingElse) {
+TEST(EscapedText, ReadsOnlyTheFormThatItWrites) {
   const std::string bytes("\0a\0\0\0\\\"\x7F\xFF\n ~", 12);
   EXPECT_EQ(Escaped(bytes), "\\x00a\\z3;\\x5C\"\\x7F\\xFF\\x0A ~");
   EXPECT_EQ(Unescaped(Escaped(bytes, "\""), bytes.size()), bytes);
@@ -197,10 +197,10 @@ TEST(FaultScript, AddsAllFaultsOfATextOrNone) {
   EXPECT_EQ(ScriptFaults("IMSPLogin:2=11,*:2=12,*:3=-1,IMSPAbort:0=13", faults), "");
   EXPECT_EQ(faults.CountCall("IMSPLogin"), std::nullopt);
   EXPECT_EQ(faults.CountCall("IMSPLogin"), 11)
-      << "the earlier of two applies, and both are used up";
+      << "the first of two matching faults applies, and both are removed";
   EXPECT_EQ(faults.CountCall("IMSPIOCtl"), -1);
   EXPECT_EQ(faults.CountCall("IMSPAbort"), 13);
-  EXPECT_EQ(faults.CountCall("IMSPAbort"), 13) << "0 is every call";
+  EXPECT_EQ(faults.CountCall("IMSPAbort"), 13) << "a fault with number 0 applies to every call";
   for (const char* text : {"IMSPLogin", "IMSPLogin:1", "IMSPLogin=1", "IMSPLogin:-1=1", ":1=1",
                            "IMSPLogin:1=1 ", "ImspLogin:1=1", "IMSPLogin:0=1,,"}) {
     EXPECT_NE(ScriptFaults(text, faults), "") << text;

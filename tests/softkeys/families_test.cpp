@@ -1,5 +1,5 @@
-// The plain and the Fast family side by side, of keys and of items. The sweep of the exported
-// functions tests their calls and what their failures leave.
+// Compares the plain and the Fast functions of keys and items. The sweep of the exported functions
+// tests their calls and the effects of failures.
 
 #include <functional>
 #include <ostream>

@@ -1,5 +1,5 @@
-// The stage of the tests of soft keys: a set of the keys B, C and D, with items of the same names
-// in B, here and on the server.
+// The fixture of the soft-key tests: the keys B, C and D, with items of the same names in B, in
+// memory and on the server.
 
 #ifndef QUILLKIT_TESTS_SOFTKEYS_PANEL_H_
 #define QUILLKIT_TESTS_SOFTKEYS_PANEL_H_

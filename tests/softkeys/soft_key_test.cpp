@@ -64,13 +64,14 @@ TEST_F(SoftKeyTest, CopiesTheFieldsOfAnItemUpToATextWithoutANul) {
 TEST_F(SoftKeyTest, ContinuesASearchWithTheLastPatternThatHadAHit) {
   key.ItemAt(0)->SetName("CX");
   key.ItemAt(2)->SetName("C");
-  EXPECT_EQ(key.FindNextItem(false), 1) << "after a load, at the second item";
+  EXPECT_EQ(key.FindNextItem(false), 1) << "without a pattern the search starts at the second item";
   EXPECT_EQ(key.FindFirstItem("C", false), 0);
   EXPECT_EQ(key.FindNextItem(true), 1);
   EXPECT_EQ(key.FindNextItem(true), 2);
   EXPECT_EQ(key.FindNextItem(false), -1);
   EXPECT_EQ(key.FindFirstItem("none", false), -1);
-  EXPECT_EQ(key.FindNextItem(true), 1) << "after a miss, at the first item";
+  EXPECT_EQ(key.FindNextItem(true), 1)
+      << "after a miss the search restarts with the last pattern that had a hit";
 }
 
 TEST_F(SoftKeyTest, StoresItsPatternWithoutItemsAndLoadsBoth) {
@@ -90,7 +91,7 @@ TEST_F(SoftKeyTest, StoresItsPatternWithoutItemsAndLoadsBoth) {
   key.Serialize(loading);
   EXPECT_EQ(NamesOf(key), (Names{"I", "I"}));
   EXPECT_EQ(key.ItemAt(1)->path, "P");
-  EXPECT_EQ(key.FindNextItem(true), 1) << "the search starts again";
+  EXPECT_EQ(key.FindNextItem(true), 1) << "a load restarts the search";
   EXPECT_EQ(key.KeyName(), "B");
   EXPECT_EQ(loading.Remaining(), 4U);
 }
@@ -116,7 +117,7 @@ TEST_F(SoftKeyTest, LoadsFromANameInBothDirections) {
   EXPECT_THAT(TakeCalls(),
               ElementsAre("IMSPReadAB 512:B [C|*|0] 512 1", "IMSPReadAB 512:B [D|*|0] 512 0"));
   CMenuItem added = MakeItem("A");
-  EXPECT_EQ(key.FastItemAdd(&added), 3) << "after items at the end of the block";
+  EXPECT_EQ(key.FastItemAdd(&added), 3) << "the item is added after the loaded items";
   EXPECT_EQ(NamesOf(key), (Names{"B", "C", "A"}));
 }
 
@@ -143,7 +144,7 @@ TEST_F(SoftKeyTest, RefusesALoadWithoutAnOwnerOrAScanner) {
 
 // --- Changes ---
 
-TEST_F(SoftKeyTest, FastAddEndsAt512CachedItemsAndThePlainOneAtTheServersLimit) {
+TEST_F(SoftKeyTest, FastAddFailsAt512CachedItemsAndPlainAddAtTheServerLimit) {
   PutItems(508);
   key.Load("B", &book, {}, 1);
   CMenuItem item = MakeItem("X");
@@ -155,7 +156,7 @@ TEST_F(SoftKeyTest, FastAddEndsAt512CachedItemsAndThePlainOneAtTheServersLimit) 
   EXPECT_EQ(key.AddMenuItem(&item, false), 14);
 }
 
-TEST_F(SoftKeyTest, TakesItsOwnItemsAsArguments) {
+TEST_F(SoftKeyTest, AcceptsItsOwnItemsAsArguments) {
   EXPECT_EQ(key.FastItemModify(key.ItemAt(1)), 1);
   EXPECT_EQ(key.FastItemRename("C", key.ItemAt(1)), 1);
   EXPECT_EQ(key.ModifyMenuItem(key.ItemAt(2), true), kNoError);

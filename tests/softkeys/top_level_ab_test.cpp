@@ -37,7 +37,7 @@ TEST_F(TopLevelTest, LoadItemsDiscardsTheItemsAndReturnsTheCachedKey) {
   EXPECT_EQ(book.LoadItems("B"), first);
   EXPECT_EQ(first->ItemCount(), 2);
   PutKey("E", {"four"});
-  EXPECT_EQ(book.LoadItems("E"), nullptr) << "it is not cached";
+  EXPECT_EQ(book.LoadItems("E"), nullptr) << "the key E is not cached";
   SimulatorSetDefects(kDefectFailedCount);
   SimulatorFail("IMSPReadAB", 1, kFault);
   EXPECT_EQ(book.LoadItems("B"), nullptr);
@@ -74,12 +74,12 @@ TEST_F(TopLevelTest, FastAddAndFastModifyMakeTheBookTheOwnerOfTheCachedKey) {
   EXPECT_EQ(NamesOf(*cached), Names{"mine"});
   EXPECT_TRUE(key.IsEmpty());
   EXPECT_EQ(key.KeyName(), "C");
-  EXPECT_EQ(book.FastKeyModify(cached), 1) << "the cached key itself";
+  EXPECT_EQ(book.FastKeyModify(cached), 1) << "the cached key itself is accepted";
   EXPECT_EQ(cached->ItemCount(), 1);
   EXPECT_EQ(cached->AddMenuItem(&item, false), kNoError);
 }
 
-TEST_F(TopLevelTest, TakesCachedKeysAndTheirNamesAsArguments) {
+TEST_F(TopLevelTest, AcceptsCachedKeysAndTheirNamesAsArguments) {
   EXPECT_EQ(book.RenameSoftKeyByName("B", "none"), kRefused);
   EXPECT_EQ(book.RenameSoftKeyByName("B", "C"), 14);
   EXPECT_THAT(TakeCalls(), ElementsAre("IMSPModifyEntry 256:TOPAB B C"));
@@ -88,7 +88,7 @@ TEST_F(TopLevelTest, TakesCachedKeysAndTheirNamesAsArguments) {
   EXPECT_EQ(NamesOf(book), (Names{"D"}));
 }
 
-TEST_F(TopLevelTest, SendsANameOf32BytesAsTheEmptyOne) {
+TEST_F(TopLevelTest, SendsANameOf32BytesAsAnEmptyName) {
   const std::string tooLong(32, 'x');
   EXPECT_EQ(book.AddKey(tooLong, false), 7);
   EXPECT_EQ(book.FastKeyAdd(Key(tooLong)), -1);
@@ -100,7 +100,7 @@ TEST_F(TopLevelTest, SendsANameOf32BytesAsTheEmptyOne) {
                                        "IMSPDeleteAB 512:", "IMSPModifyEntry 256:TOPAB \"\" A"));
 }
 
-TEST_F(TopLevelTest, FindsKeysByNameAndReturnsThePreviousHitWithoutAnother) {
+TEST_F(TopLevelTest, FindNextKeyReturnsThePreviousHitIfThereIsNoOther) {
   book.KeyAt(0)->SetKeyName("AB");
   book.KeyAt(1)->SetKeyName("ABC");
   book.KeyAt(2)->SetKeyName("AB");
@@ -108,7 +108,7 @@ TEST_F(TopLevelTest, FindsKeysByNameAndReturnsThePreviousHitWithoutAnother) {
   EXPECT_EQ(book.Find("A"), -1);
   EXPECT_EQ(book.KeyAt(-1), nullptr);
   EXPECT_EQ(book.KeyAt(3), nullptr);
-  EXPECT_EQ(book.FindNextKey(false), 0) << "before any search, at index 0";
+  EXPECT_EQ(book.FindNextKey(false), 0) << "a search without a pattern returns index 0";
   EXPECT_EQ(book.FindFirstKey("AB", false), 0);
   EXPECT_EQ(book.FindNextKey(false), 1);
   EXPECT_EQ(book.FindNextKey(true), 2);
@@ -116,7 +116,7 @@ TEST_F(TopLevelTest, FindsKeysByNameAndReturnsThePreviousHitWithoutAnother) {
   EXPECT_EQ(book.FindFirstKey("X", false), -1);
 }
 
-TEST_F(TopLevelTest, ClearsTheBookAndLoadsWhatIsLeft) {
+TEST_F(TopLevelTest, ClearAllReloadsTheBookEvenIfTheClearFails) {
   SimulatorFail("IMSPClearAB", 1, kFault);
   EXPECT_EQ(book.ClearAll(), kFault);
   EXPECT_EQ(TakeCalls().back(), "IMSPReadAB 512:D [|*|0] 512 1");

@@ -1,4 +1,4 @@
-// The text of a code as an application asks for it, and the room that it needs.
+// The text of an error code, and the size of the buffer that it needs.
 
 #include <gtest/gtest.h>
 

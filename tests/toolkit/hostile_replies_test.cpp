@@ -1,5 +1,5 @@
-// A server that defects about what it delivers: nothing is read or written outside an object, and
-// what an application is given stays inside its limits.
+// A server with invalid replies: nothing is read or written outside an object, and all results stay
+// within their limits.
 
 #include <gtest/gtest.h>
 
@@ -64,8 +64,8 @@ void LookAtKeys(CTopLevelAB* book) {
 
 class HostileServer : public ApplianceTest {
  protected:
-  // Runs every exported function that calls the server, whatever the one before resulted in, and
-  // the import; login and logout come last.
+  // Runs every exported function that calls the server, regardless of earlier results, and the
+  // import; login and logout come last.
   static void Tour(std::uint32_t defects, const char* failingEntry) {
     SimulatorReset();
     Stage stage(LogIn());
@@ -90,7 +90,7 @@ class HostileServer : public ApplianceTest {
   }
 };
 
-TEST_F(HostileServer, WhatItWritesIntoARecordOfACallChangesNothingInMemory) {
+TEST_F(HostileServer, WritingIntoTheRecordsOfACallChangesNothingInMemory) {
   PutKey("Scan", {});
   CTopLevelAB* book = GetTopLevelAbook(LogIn());
   LoadTopLevelAbook(book, 1);
@@ -111,7 +111,7 @@ class HostileReplies : public HostileServer,
                        public testing::WithParamInterface<std::tuple<std::uint32_t, const char*>> {
 };
 
-TEST_P(HostileReplies, ATourOfAllFunctionsStaysInBounds) {
+TEST_P(HostileReplies, AllFunctionsStayInBounds) {
   Tour(std::get<0>(GetParam()), std::get<1>(GetParam()));
 }
 

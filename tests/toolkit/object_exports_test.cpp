@@ -13,7 +13,7 @@ namespace {
 
 constexpr Status kEarlierError = 17;
 
-TEST(ItemExports, EachReachesItsOwnField) {
+TEST(ItemExports, EachFunctionAccessesItsOwnField) {
   CMenuItem* item = nullptr;
   ASSERT_EQ(CreateMenuItem(&item), 1);
   const char* const name = GetItemName(item);

@@ -4,7 +4,7 @@
 
 namespace quillkit {
 
-// What an application writes with nothing but the header.
+// Code of an application that includes only this header.
 const char* NameOfFirstKey(const std::string& host, const std::string& password) {
   CScanner* box = LogToQuillbox(host, "ADMINISTRATOR", password, "", 1);
   CTopLevelAB* book = box != nullptr ? GetTopLevelAbook(box) : nullptr;

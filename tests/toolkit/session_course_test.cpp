@@ -58,20 +58,20 @@ TEST_F(SessionCourse, LogoutKeepsTheKeysInMemory) {
   EXPECT_THAT(TakeCalls(), ElementsAre("IMSPLogout", "IMSPLogout"));
   EXPECT_EQ(GetLastToolkitError(), kEarlierError);
   EXPECT_EQ(GetTopLevelAbook(box), nullptr);
-  EXPECT_EQ(GetTopLevelAbook(nullptr), nullptr) << "without a session the handle is not used";
+  EXPECT_EQ(GetTopLevelAbook(nullptr), nullptr) << "without a session the handle is invalid";
   EXPECT_EQ(GetCurrentConnectedUser(box), nullptr);
   EXPECT_EQ(IsAdminConnected(box), 0);
   EXPECT_STREQ(GetScannerName(box), "127.0.0.1");
   ASSERT_EQ(GetCount(book), 1);
   EXPECT_EQ(GetItemCount(GetKeyAt(book, 0)), 2);
-  EXPECT_EQ(AddKey(book, "Copy", 1), 10) << "the server refuses it, not the library";
+  EXPECT_EQ(AddKey(book, "Copy", 1), 10) << "the server, not the library, rejects the call";
   EXPECT_EQ(GetCount(book), 1);
 }
 
 TEST_F(SessionCourse, AfterExitNothingReachesTheServer) {
   LogIn();
   Exit();
-  EXPECT_EQ(GetTopLevelAbook(nullptr), nullptr) << "after Exit no handle is used";
+  EXPECT_EQ(GetTopLevelAbook(nullptr), nullptr) << "after Exit the handle is invalid";
   EXPECT_THAT(TakeCalls(), ElementsAre("IMSPTerminate"));
   EXPECT_EQ(LogToQuillbox(kHost, kAdministrator, kPassword, "", 1), nullptr);
   EXPECT_EQ(GetLastToolkitError(), 20);

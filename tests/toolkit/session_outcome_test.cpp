@@ -1,5 +1,5 @@
-// What LogToQuillbox leaves behind, outcome by outcome: its result, the last error, whether a
-// session is open here and on the server, the calls, and what stays allocated.
+// The outcomes of LogToQuillbox: its result, the last error, whether a session is open here and on
+// the server, the calls, and the memory that stays allocated.
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// The page: what the walks of the views leave out.
+// The entry page: rules that the random walks of the views do not test.
 
 #include "views/entry_page.h"
 
@@ -7,7 +7,7 @@
 namespace quillkit {
 namespace {
 
-TEST(EntryPage, StepsPastItsEndsAndBack) {
+TEST(EntryPage, IterationMovesPastItsEndsAndBack) {
   CEntryPage page;
   page.Allocate(2);
   EXPECT_EQ(page.First(), page.At(0));
@@ -22,12 +22,12 @@ TEST(EntryPage, StepsPastItsEndsAndBack) {
 TEST(EntryPage, FindsAndChangesEntries) {
   CEntryPage page;
   std::int32_t index = -7;
-  EXPECT_EQ(page.Locate("ab", &index, 1), 0) << "an empty page";
+  EXPECT_EQ(page.Locate("ab", &index, 1), 0) << "nothing is found in an empty page";
   for (const char* each : {"aa", "ab1", "ac"}) page.Append(MakeEntry(each));
   EXPECT_EQ(page.Locate("ab", &index, 1), -1);
   EXPECT_EQ(page.LinearFind("aa", 1, &index, 1), 0);
   EXPECT_EQ(index, -7) << "without a hit no index is stored";
-  EXPECT_EQ(page.Locate("ab", &index, 2), 0) << "only 1 compares whole names";
+  EXPECT_EQ(page.Locate("ab", &index, 2), 0) << "only mode 1 compares whole names";
   EXPECT_EQ(index, 1);
   EXPECT_EQ(page.LinearFind("aa", -5, &index, 1), 1);
   EXPECT_EQ(index, 0);
@@ -42,7 +42,7 @@ TEST(EntryPage, FindsAndChangesEntries) {
   EXPECT_EQ(page.RemoveAt(0), 1);
   EXPECT_EQ(page.FindName("aa"), -1);
   EXPECT_EQ(page.FindName("c"), 0);
-  EXPECT_EQ(page.Fill("", "", 1), kRefused) << "never attached to a book";
+  EXPECT_EQ(page.Fill("", "", 1), kRefused) << "a page without a book is not filled";
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-// What the models of the three views share. A model holds entries in vectors and makes the same
-// calls as its view. It uses the census of CEntryView, which has tests of its own.
+// The common part of the models of the three views. A model holds entries in vectors and makes the
+// same calls as its view. It uses the census of CEntryView, which has its own tests.
 
 #ifndef QUILLKIT_TESTS_VIEWS_MODEL_VIEW_H_
 #define QUILLKIT_TESTS_VIEWS_MODEL_VIEW_H_

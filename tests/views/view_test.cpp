@@ -1,4 +1,4 @@
-// The census of a view, views without a book, and views of a lying server.
+// The census of a view, views without a book, and views of a faulty server.
 
 #include "tests/views/view_walk.h"
 #include "views/full_entry_view.h"
@@ -8,7 +8,7 @@
 namespace quillkit {
 namespace {
 
-TEST_F(ViewWalk, ReturnsValidEntriesOfALyingServer) {
+TEST_F(ViewWalk, ReturnsValidEntriesOfAFaultyServer) {
   for (std::uint32_t defects = 1; defects < 64 && !HasFailure(); ++defects) {
     SCOPED_TRACE("SimulatorSetDefects " + std::to_string(defects));
     SimulatorSetDefects(defects);
@@ -70,7 +70,7 @@ TEST_F(ViewWalk, ReadsTheCensusOnceUnlessTheReadFails) {
   EXPECT_EQ(view.LoadBoundaries(1), kNoError);
   EXPECT_EQ(view.FirstLetter(), '\0');
   EXPECT_EQ(view.NextLetter('a'), '\0');
-  EXPECT_EQ(TakeCalls().size(), 1U) << "an empty census is kept, too";
+  EXPECT_EQ(TakeCalls().size(), 1U) << "an empty census is not read again";
 }
 
 TEST_F(ViewWalk, TreatsANegativeCountOfALetterAsZero) {

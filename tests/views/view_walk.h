@@ -70,7 +70,7 @@ inline const ViewOperation kViewOperations[] = {
     {"SetPageSize", [](auto& view, auto& with) { return view.SetPageSize(with.index); }},
 };
 
-// Notes the numbers of calls at BeginAccess and EndAccess.
+// Records the numbers of calls at BeginAccess and EndAccess.
 class BracketedBook : public CEmailAB {
  public:
   void BeginAccess() override { brackets += "[" + std::to_string(SimulatorCallCount()); }

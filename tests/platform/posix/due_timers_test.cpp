@@ -1,5 +1,5 @@
-// What timers are on POSIX alone: a descriptor, a dispatch call that is safe to re-enter, and no
-// part of a forked child.
+// The POSIX part of timers: a descriptor, a dispatch call that is safe to re-enter, and no timers
+// in a forked child.
 
 #include "platform/posix/due_timers.h"
 
@@ -57,7 +57,7 @@ TEST_F(DueTimersTest, DescriptorIsReadableWhileATimerIsDueAndClosedWithItsThread
   EXPECT_EQ(fcntl(descriptor, F_GETFD), -1);
 }
 
-TEST_F(DueTimersTest, MissedPeriodsCountAsOneAndNoTimerRunsWithinARun) {
+TEST_F(DueTimersTest, MissedPeriodsCauseOneRunAndTimerRunsDoNotNest) {
   timer = StartThreadTimer(kPeriod, [] {
     if (++runs == 1) std::this_thread::sleep_for(kSeveralPeriods);
     nested += RunDueTimers();
@@ -71,7 +71,7 @@ TEST_F(DueTimersTest, MissedPeriodsCountAsOneAndNoTimerRunsWithinARun) {
   EXPECT_EQ(nested, 0);
 }
 
-TEST_F(DueTimersTest, ForkedChildHasNoTimersAndLeavesThoseOfItsParent) {
+TEST_F(DueTimersTest, ForkedChildHasNoTimersAndDoesNotStopThoseOfItsParent) {
   timer = StartThreadTimer(kPeriod, [] { ++runs; });
   const int descriptor = TimerDescriptor();
   const auto lookAtTimers = [] {

@@ -1,4 +1,4 @@
-// Files, in what is POSIX's own: rights, links, and signals that interrupt system calls.
+// The POSIX part of files: permissions, links, and signals that interrupt system calls.
 
 #include "platform/files.h"
 
@@ -32,7 +32,7 @@ class PosixFilesTest : public testing::Test {
   const std::string pipe = folder.PathOf("pipe");
 };
 
-TEST_F(PosixFilesTest, SignalsEndNoOperationOfAFile) {
+TEST_F(PosixFilesTest, SignalsDoNotInterruptFileOperations) {
   struct sigaction action = {};
   action.sa_handler = [](int) {};
   ASSERT_EQ(sigaction(SIGUSR1, &action, nullptr), 0);
@@ -64,9 +64,9 @@ TEST_F(PosixFilesTest, SignalsEndNoOperationOfAFile) {
   EXPECT_TRUE(ReadBytes(folder.PathOf("written")) == text);
 }
 
-TEST_F(PosixFilesTest, WritingAFileWholeReplacesItAndKeepsItsRights) {
+TEST_F(PosixFilesTest, WriteFileWholeReplacesTheFileAndKeepsItsPermissions) {
   const struct {
-    int before;  // 0: the file is not there
+    int before;  // 0: the file does not exist
     Readers readers;
     int after;
   } kCases[] = {{0444, Readers::kUsual, 0444},
@@ -86,12 +86,13 @@ TEST_F(PosixFilesTest, WritingAFileWholeReplacesItAndKeepsItsRights) {
     EXPECT_TRUE(WriteFileWhole(path, "new", each.readers));
     EXPECT_EQ(ReadBytes(path), "new");
     EXPECT_EQ(fs::status(path).permissions(), fs::perms(each.after));
-    EXPECT_EQ(ReadBytes(link), each.before != 0 ? "old" : "") << "it was written in place";
+    EXPECT_EQ(ReadBytes(link), each.before != 0 ? "old" : "")
+        << "the file must be replaced, not rewritten";
   }
   umask(mask);
 }
 
-TEST_F(PosixFilesTest, TemporaryFileIsTheUsersAloneInTheFirstFolderOfTheEnvironment) {
+TEST_F(PosixFilesTest, TemporaryFileIsPrivateAndInTheFirstFolderOfTheEnvironment) {
   const char* const kVariables[] = {"TMPDIR", "TMP", "TEMP", "TEMPDIR"};
   std::list<EnvironmentVariable> set;
   for (const char* each : kVariables) {
@@ -110,8 +111,8 @@ TEST_F(PosixFilesTest, TemporaryFileIsTheUsersAloneInTheFirstFolderOfTheEnvironm
   DeleteFileAt(created.path);
 }
 
-// While an import waits for its source, a link takes the name of its script.
-TEST_F(PosixFilesTest, ScriptOfAnImportDoesNotFollowALinkInItsPlace) {
+// While an import waits for its source, another thread replaces its script by a link.
+TEST_F(PosixFilesTest, ImportDoesNotFollowALinkThatReplacesItsScript) {
   const ScratchFolder scripts;
   const TemporaryFolder redirected(scripts.Path().string());
   const std::string victim = folder.Write("victim", "as it was");
@@ -124,7 +125,8 @@ TEST_F(PosixFilesTest, ScriptOfAnImportDoesNotFollowALinkInItsPlace) {
   });
   ImportOptions options = {};
   options.format = ImportFormatDirectory;
-  EXPECT_EQ(ImportAddressBookFile(nullptr, pipe.c_str(), &options), -1) << "no scanner";
+  EXPECT_EQ(ImportAddressBookFile(nullptr, pipe.c_str(), &options), -1)
+      << "the import fails without a scanner";
   intruder.join();
   EXPECT_EQ(ReadBytes(victim), "as it was");
   EXPECT_EQ(ReadBytes(folder.PathOf("script")), "Ann\nbox\n");

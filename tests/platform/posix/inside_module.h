@@ -1,12 +1,12 @@
-// Which loaded module the running code belongs to.
+// Finds out which loaded module is running.
 
 #ifndef QUILLKIT_TESTS_PLATFORM_POSIX_INSIDE_MODULE_H_
 #define QUILLKIT_TESTS_PLATFORM_POSIX_INSIDE_MODULE_H_
 
 namespace quillkit {
 
-// Whether the calling thread is inside the module that `address` is in: a function of that module
-// has called it, through whatever others.
+// Returns whether a function of the module that contains `address` has called this one, directly or
+// through other functions.
 bool IsInsideModuleOf(const void* address);
 
 }  // namespace quillkit

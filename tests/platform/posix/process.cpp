@@ -17,7 +17,7 @@ const char* const kServerLibraryFile = "libIMSPAPI.so";
 const char* const kProbeFile = "quillkit_start_probe";
 const char* const kStartWithoutServerLibrary = "loaded\nstatus 20\n";
 
-// The file that is mapped has its version behind the name.
+// The name of the mapped file ends with its version.
 bool IsLoaded(const char* file) {
   std::ostringstream mapped;
   mapped << std::ifstream("/proc/self/maps").rdbuf();

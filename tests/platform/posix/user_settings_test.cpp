@@ -1,6 +1,5 @@
-// The user's settings as a tree of folders: its place, what other programs put into it, and that no
-// value is ever read half written. On Windows the registry does all this, which can neither be
-// inspected nor made to crash.
+// The user's settings as a tree of folders: its location, foreign files in it, and that a value is
+// never read half written. On Windows the settings are in the registry, which needs no such tests.
 
 #include <sys/ptrace.h>
 #include <sys/resource.h>
@@ -35,7 +34,7 @@ class SettingsFolderTest : public UserSettingsTest {
   const std::string inner = key + "\\inner";
 };
 
-TEST_F(SettingsFolderTest, IsInTheConfigurationFolderForTheUserAlone) {
+TEST_F(SettingsFolderTest, IsPrivateAndInTheConfigurationFolder) {
   EXPECT_EQ(fs::status(folder).permissions(), fs::perms(0700));
   EXPECT_EQ(fs::status(folder / "=v").permissions(), fs::perms(0600));
   const EnvironmentVariable relative("XDG_CONFIG_HOME", "not/absolute");
@@ -50,7 +49,7 @@ TEST_F(SettingsFolderTest, IsInTheConfigurationFolderForTheUserAlone) {
   EXPECT_EQ(DeleteSettingsKey(key.c_str()), kNoSuchSetting);
 }
 
-TEST_F(SettingsFolderTest, WhatOthersPutThereIsNeitherReadNorDeleted) {
+TEST_F(SettingsFolderTest, ForeignFilesAreNeitherReadNorDeleted) {
   for (const char* each :
        {"%2e", "a%", "a%00b", ".hidden", "=folder", "../.quillkit-deleted/mine"}) {
     fs::create_directories(folder / each);
@@ -71,7 +70,8 @@ TEST_F(SettingsFolderTest, WhatOthersPutThereIsNeitherReadNorDeleted) {
   ASSERT_EQ(mkfifo((folder / "=pipe").c_str(), 0600), 0);
   EXPECT_EQ(Read(key, "pipe"), "status 2");
   WriteBytes(folder / "=v", std::string(513, 'x'));
-  EXPECT_EQ(GetLdapString(profile.c_str(), "v"), "") << "more than 512 characters and no NUL";
+  EXPECT_EQ(GetLdapString(profile.c_str(), "v"), "")
+      << "a value longer than 512 characters is not read as text";
 }
 
 // --- Other processes ---
@@ -84,14 +84,14 @@ pid_t Start(Work work) {
   return process;
 }
 
-// Waits for the end of a process. Returns 0 if its work succeeded, SIGKILL if that has killed it.
+// Waits for a process to end. Returns 0 if its work succeeded, or SIGKILL if it was killed.
 int EndOf(pid_t process) {
   int status = -1;
   waitpid(process, &status, 0);
   return status;
 }
 
-TEST_F(SettingsFolderTest, LimitsOfTheSystemAreReportedAndChangeNothing) {
+TEST_F(SettingsFolderTest, SystemLimitsAreReportedAndChangeNothing) {
   const std::string longest = key + '\\' + std::string(255, 'k');
   EXPECT_EQ(WriteText(longest, "v", "x"), kSettingsDone);
   EXPECT_EQ(DeleteSettingsKey(longest.c_str()), kSettingsDone);
@@ -104,7 +104,8 @@ TEST_F(SettingsFolderTest, LimitsOfTheSystemAreReportedAndChangeNothing) {
   EXPECT_EQ(EndOf(Start([&] { return writeWithLimit(RLIMIT_FSIZE, 1, 31); })), 0);
   EXPECT_EQ(EndOf(Start([&] { return writeWithLimit(RLIMIT_NOFILE, 3, 4); })), 0);
   EXPECT_EQ(Read(key, "v"), "old\0"s);
-  EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 1) << "a draft is left";
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 1)
+      << "a failed write must not leave a draft";
 }
 
 TEST_F(SettingsFolderTest, WithoutPermissionNothingChanges) {
@@ -128,7 +129,7 @@ TEST_F(SettingsFolderTest, WithoutPermissionNothingChanges) {
   }
 }
 
-TEST_F(SettingsFolderTest, NeitherWritersNorTheirKillsTearAValue) {
+TEST_F(SettingsFolderTest, ReadsReturnWholeValuesWhileWritersRunAndAreKilled) {
   const std::string texts[] = {std::string(20, 's'), std::string(2000, 'l')};
   for (int round = 0; round < 20; ++round) {
     std::vector<pid_t> writers;
@@ -144,18 +145,18 @@ TEST_F(SettingsFolderTest, NeitherWritersNorTheirKillsTearAValue) {
     }
     for (const pid_t each : writers) {
       kill(each, SIGKILL);
-      EXPECT_EQ(EndOf(each), SIGKILL) << "a writer was refused";
+      EXPECT_EQ(EndOf(each), SIGKILL) << "a writer ended before it was killed";
     }
   }
   fs::create_directory(folder / ".quillkit-deleted");  // as a killed deletion of a subkey leaves it
   EXPECT_EQ(DeleteSettingsKey(key.c_str()), kSettingsDone)
-      << "what kills have left is deleted, too";
+      << "a deletion also removes what a killed deletion left";
 }
 
 // --- Processes that are stopped ---
 
-// Starts `work` in a process of its own and stops it after so many of its system calls. Returns 0
-// if it ends before.
+// Starts `work` in a new process and stops it after `calls` of its system calls. Returns 0 if it
+// ends before that.
 template <class Work>
 pid_t StartAndStop(Work work, int calls) {
   const pid_t process = Start([&] {
@@ -172,10 +173,10 @@ pid_t StartAndStop(Work work, int calls) {
 
 using StoppedSettingsTest = SettingsFolderTest;
 
-// A change of a key stops after each of its system calls, and is killed there or goes on when the
-// next change has begun. Each value is whole, the key is there with all of its values or not at
-// all, and the next change removes what a kill has left.
-TEST_F(StoppedSettingsTest, ChangesAreWholeAndLeaveEachOtherAlone) {
+// A change of a key is stopped after each of its system calls. It is then killed, or continued
+// after the next change has begun. Each value must be complete, the key must exist with all of its
+// values or not at all, and the next change must remove what a killed one left.
+TEST_F(StoppedSettingsTest, ChangesAreAtomicAndIndependent) {
   struct Change {
     std::string path;
     const char* text;  // of the value "v"; null to delete the key

@@ -1,5 +1,4 @@
-// Files, in what is Windows' own: drafts that another process has open, and what the DLL's file
-// carries beside code.
+// The Windows part of files: drafts that another process has open, and the resources of the DLL.
 
 #include <gtest/gtest.h>
 #include <windows.h>
@@ -16,7 +15,7 @@
 namespace quillkit {
 namespace {
 
-TEST(Win32FilesTest, WritingAFileWholeLeavesTheDraftOfALivingWriter) {
+TEST(Win32FilesTest, WriteFileWholeKeepsTheDraftOfARunningWriter) {
   const ScratchFolder folder;
   const std::string draft = folder.PathOf(".quillkit-new-1");
   OpenFile writer = OpenFile::ToWrite(draft.c_str());
@@ -28,7 +27,7 @@ TEST(Win32FilesTest, WritingAFileWholeLeavesTheDraftOfALivingWriter) {
   EXPECT_EQ(ReadBytes(folder.PathOf("file")), "newer");
 }
 
-TEST(Win32FilesTest, LibraryHasTheTextsOfMessagesAndItsVersion) {
+TEST(Win32FilesTest, LibraryContainsItsMessageTextsAndItsVersion) {
   const HMODULE dll = LoadLibraryExA(kLibraryFile, nullptr, LOAD_LIBRARY_AS_DATAFILE);
   for (const unsigned id :
        {kSocketsFailedText, kServerLibraryMissingText, kSettingsKeyText, kSettingsFailedText}) {

@@ -1,4 +1,4 @@
-// What the pump does with messages, which only Windows has.
+// The message pump, which only Windows has.
 
 #include "platform/message_pump.h"
 
@@ -19,8 +19,7 @@ constexpr UINT kRepeat = WM_APP + 2;
 
 std::vector<WPARAM> seen;
 
-// Notes kMark and dialog commands; posts kRepeat again whenever it comes; leaves its window to be
-// painted for ever.
+// Records kMark and dialog commands, posts kRepeat again each time, and never paints its window.
 LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM first, LPARAM second) {
   if (message == kMark || message == WM_COMMAND) {
     seen.push_back(first);
@@ -54,7 +53,7 @@ class MessagePumpTest : public testing::Test {
   const HWND window = CreateTestWindow();
 };
 
-TEST_F(MessagePumpTest, DispatchesAllPendingMessagesInOrderButForARequestToQuit) {
+TEST_F(MessagePumpTest, DispatchesAllPendingMessagesInOrderExceptQuit) {
   PostQuitMessage(7);
   for (WPARAM i = 1; i <= 4; ++i) PostMessageA(window, kMark, i, 0);
   PostThreadMessageA(GetCurrentThreadId(), kMark, 9, 0);  // belongs to no window: dropped
@@ -63,7 +62,8 @@ TEST_F(MessagePumpTest, DispatchesAllPendingMessagesInOrderButForARequestToQuit)
   MSG message{};
   EXPECT_EQ(PeekMessageA(&message, nullptr, kMark, kMark, PM_NOREMOVE), 0);
   ASSERT_NE(PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE), 0);
-  EXPECT_EQ(message.message, static_cast<UINT>(WM_QUIT)) << "it stays for the application's loop";
+  EXPECT_EQ(message.message, static_cast<UINT>(WM_QUIT))
+      << "WM_QUIT must stay in the queue for the application";
   EXPECT_EQ(message.wParam, 7U);
   EXPECT_EQ(PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE), 0);
 }
@@ -80,14 +80,14 @@ TEST_F(MessagePumpTest, OnlyKeysOfTheDialogGoToTheDialog) {
   DestroyWindow(other);
 }
 
-TEST_F(MessagePumpTest, ReturnsThoughAMessageIsPostedAgainAndAgain) {
+TEST_F(MessagePumpTest, ReturnsEvenIfAMessageIsPostedRepeatedly) {
   PostMessageA(window, kRepeat, 0, 0);
   PostMessageA(window, kMark, 1, 0);
   PumpThreadMessages(window);
   EXPECT_THAT(seen, ElementsAre(1));
 }
 
-TEST_F(MessagePumpTest, ReturnsThoughAWindowIsNeverPainted) {
+TEST_F(MessagePumpTest, ReturnsEvenIfAWindowIsNeverPainted) {
   ShowWindow(window, SW_SHOWNOACTIVATE);
   InvalidateRect(window, nullptr, FALSE);
   seen.clear();
@@ -95,13 +95,13 @@ TEST_F(MessagePumpTest, ReturnsThoughAWindowIsNeverPainted) {
   EXPECT_THAT(seen, testing::Contains(static_cast<WPARAM>(WM_PAINT)));
 }
 
-TEST_F(MessagePumpTest, WaitCursorsNestAndTheLastEndRestoresTheFirst) {
+TEST_F(MessagePumpTest, WaitCursorsNestAndTheLastEndRestoresTheOriginal) {
   const HCURSOR wait = LoadCursorA(nullptr, IDC_WAIT);
   const HCURSOR cross = LoadCursorA(nullptr, IDC_CROSS);
   SetCursor(cross);
   RestoreWaitCursor();
   EndWaitCursor();
-  EXPECT_EQ(GetCursor(), cross) << "no wait cursor has begun";
+  EXPECT_EQ(GetCursor(), cross) << "the cursor must not change before a wait cursor begins";
   BeginWaitCursor();
   BeginWaitCursor();
   EXPECT_EQ(GetCursor(), wait);

@@ -38,7 +38,7 @@ void ReportMessageBoxes() {
   SetWindowsHookExA(WH_CBT, OnWindowEvent, nullptr, GetCurrentThreadId());
 }
 
-// A timer that is due again as soon as it has run does not hold the caller.
+// A timer that is due again after each run does not block the caller.
 int DispatchTimers() {
   int timers = 0;
   for (MSG message; timers < 4 && PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE) != 0;) {
