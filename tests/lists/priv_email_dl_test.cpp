@@ -59,7 +59,9 @@ TEST_P(PrivateListTest, WritingMembersClearsTheAddressesOfPublicMembers) {
   for (CPrivEmailAB* const book : {&Private(), static_cast<CPrivEmailAB*>(nullptr)}) {
     list.SetBook(book);
     box->PrivateList("Team").DeleteBook();
-    list.GetAt(1)->SetAddress("b@public");
+    CEmailEntry* const bob = list.GetAt(1);
+    ASSERT_NE(bob, nullptr);
+    bob->SetAddress("b@public");
     EXPECT_EQ(list.WriteMembers(), kNoError);
     EXPECT_THAT(TeamOnServer(), ElementsAre("Ann=a@own", "Bob="));
     EXPECT_EQ(Members(list), "Ann=a@own:1 Bob=:0 ");

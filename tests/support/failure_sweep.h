@@ -44,7 +44,6 @@
 
 #include <cstdint>
 #include <ostream>
-#include <regex>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -117,11 +116,8 @@ std::int64_t ResultOf(Run run) {
 // INSTANTIATE_TEST_SUITE_P(Prefix, FailureSweep, testing::ValuesIn(rows), OperationName).
 class FailureSweep : public ApplianceTest, public testing::WithParamInterface<Operation> {};
 
-// The text of the operation, with "_" for all but letters and digits.
-inline std::string OperationName(const testing::TestParamInfo<Operation>& row) {
-  return std::regex_replace(row.param.name, std::regex("[^A-Za-z0-9]+"), "_") +
-         (row.param.throughOwner ? "ThroughTheOwner" : "");
-}
+// The text of the operation, with "_" for every run of other characters than letters and digits.
+std::string OperationName(const testing::TestParamInfo<Operation>& row);
 
 }  // namespace quillkit
 
