@@ -170,11 +170,6 @@ void CutAsPredicted(Lines& calls, const Lines& predicted) {
 
 }  // namespace
 
-std::string OperationName(const testing::TestParamInfo<Operation>& row) {
-  return std::regex_replace(row.param.name, std::regex("[^A-Za-z0-9]+"), "_") +
-         (row.param.throughOwner ? "ThroughTheOwner" : "");
-}
-
 TEST_P(FailureSweep, EachFailedCallHasThePredictedEffect) {
   const Operation& operation = GetParam();
   const auto run = [&](std::size_t failing, Status code) {

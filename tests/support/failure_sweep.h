@@ -42,6 +42,7 @@
 #ifndef QUILLKIT_TESTS_SUPPORT_FAILURE_SWEEP_H_
 #define QUILLKIT_TESTS_SUPPORT_FAILURE_SWEEP_H_
 
+#include <cctype>
 #include <cstdint>
 #include <ostream>
 #include <string>
@@ -117,7 +118,17 @@ std::int64_t ResultOf(Run run) {
 class FailureSweep : public ApplianceTest, public testing::WithParamInterface<Operation> {};
 
 // The text of the operation, with "_" for every run of other characters than letters and digits.
-std::string OperationName(const testing::TestParamInfo<Operation>& row);
+inline std::string OperationName(const testing::TestParamInfo<Operation>& row) {
+  std::string name;
+  for (const char each : row.param.name) {
+    if (std::isalnum(static_cast<unsigned char>(each)) != 0) {
+      name += each;
+    } else if (!name.ends_with('_')) {
+      name += '_';
+    }
+  }
+  return name + (row.param.throughOwner ? "ThroughTheOwner" : "");
+}
 
 }  // namespace quillkit
 
