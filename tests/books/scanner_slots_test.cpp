@@ -25,21 +25,22 @@ class ScannerSlotTest : public BooksTest {
              Book* (CScanner::*detach)()) {
     SCOPED_TRACE(Book::kClass.name);
     bool isGone = false;
+    CScanner& scanner = *box;
     auto* book = new Watched<Book>(&isGone);
-    EXPECT_EQ((box->*set)(book), 1);
-    EXPECT_EQ((box->*detach)(), book);
-    EXPECT_EQ((box->*get)(), nullptr);
-    EXPECT_EQ((box->*detach)(), nullptr);
-    EXPECT_EQ((box->*set)(book), 1);
-    EXPECT_EQ((box->*set)(book), 1) << "the book that the scanner owns already is accepted";
-    box->SetAgent(nullptr);
-    EXPECT_EQ((box->*get)(), nullptr);
-    EXPECT_EQ((box->*detach)(), nullptr);
-    EXPECT_EQ((box->*set)(nullptr), 0);
-    box->SetAgent(&TheAgent);
-    EXPECT_EQ((box->*get)(), book);
+    EXPECT_EQ((scanner.*set)(book), 1);
+    EXPECT_EQ((scanner.*detach)(), book);
+    EXPECT_EQ((scanner.*get)(), nullptr);
+    EXPECT_EQ((scanner.*detach)(), nullptr);
+    EXPECT_EQ((scanner.*set)(book), 1);
+    EXPECT_EQ((scanner.*set)(book), 1) << "the book that the scanner owns already is accepted";
+    scanner.SetAgent(nullptr);
+    EXPECT_EQ((scanner.*get)(), nullptr);
+    EXPECT_EQ((scanner.*detach)(), nullptr);
+    EXPECT_EQ((scanner.*set)(nullptr), 0);
+    scanner.SetAgent(&TheAgent);
+    EXPECT_EQ((scanner.*get)(), book);
     EXPECT_FALSE(isGone);
-    EXPECT_EQ((box->*set)(nullptr), 1);
+    EXPECT_EQ((scanner.*set)(nullptr), 1);
     EXPECT_TRUE(isGone);
   }
 };

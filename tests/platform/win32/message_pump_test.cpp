@@ -60,11 +60,11 @@ TEST_F(MessagePumpTest, DispatchesAllPendingMessagesInOrderExceptQuit) {
   PumpThreadMessages(window);
   EXPECT_THAT(seen, ElementsAre(1, 2, 3, 4));
   MSG message{};
-  EXPECT_EQ(PeekMessageA(&message, nullptr, kMark, kMark, PM_NOREMOVE), 0);
   ASSERT_NE(PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE), 0);
   EXPECT_EQ(message.message, static_cast<UINT>(WM_QUIT))
       << "WM_QUIT must stay in the queue for the application";
   EXPECT_EQ(message.wParam, 7U);
+  EXPECT_EQ(PeekMessageA(&message, nullptr, kMark, kMark, PM_NOREMOVE), 0);
   EXPECT_EQ(PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE), 0);
 }
 
