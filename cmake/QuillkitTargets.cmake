@@ -13,7 +13,7 @@ find_package(Threads REQUIRED)
 
 option(QUILLKIT_SANITIZE "Build with address and undefined-behaviour sanitizers" OFF)
 option(QUILLKIT_SANITIZE_THREADS "Build with the thread sanitizer" OFF)
-option(QUILLKIT_BUILD_FUZZ "Build the fuzz targets, with everything instrumented for them (clang++ only)" OFF)
+option(QUILLKIT_BUILD_FUZZ "Build and instrument everything for the fuzz targets (clang++ only)" OFF)
 
 add_library(quillkit_options INTERFACE)
 target_compile_options(quillkit_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow
@@ -37,14 +37,17 @@ endif()
 # and the fortified functions would need another DLL.
 if(WIN32)
   target_link_options(quillkit_options INTERFACE -Wl,--dynamicbase,--nxcompat)
-elseif(NOT QUILLKIT_SANITIZE AND NOT QUILLKIT_SANITIZE_THREADS)
+else()
+  # In every build: lazy binding saves registers, which may hold a part of a password, on the stack.
+  target_link_options(quillkit_options INTERFACE -Wl,-z,relro,-z,now)
+endif()
+if(NOT WIN32 AND NOT QUILLKIT_SANITIZE AND NOT QUILLKIT_SANITIZE_THREADS)
   set(optimised $<CONFIG:Release,RelWithDebInfo,MinSizeRel>)
   set(protections -fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
   if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64|i[3-6]86)$")
     list(APPEND protections -fcf-protection)
   endif()
   target_compile_options(quillkit_options INTERFACE "$<${optimised}:${protections}>")
-  target_link_options(quillkit_options INTERFACE $<${optimised}:-Wl,-z,relro,-z,now>)
 endif()
 
 if(QUILLKIT_BUILD_FUZZ)
