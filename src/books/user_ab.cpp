@@ -78,15 +78,15 @@ bool CUserAB::AddUser(CUserRecord* record, std::int32_t reload) {
 
 bool CUserAB::ReadUser(CUserRecord* record, std::int32_t reload) {
   if (!record->name.IsTerminated()) return false;
-  return FinishWith(record, Entries().ReadOne(record), reload);
+  return ReloadAfter(Entries().ReadOne(record), reload, record);
 }
 
 bool CUserAB::ModifyUser(CUserRecord* record, std::int32_t reload) {
-  return FinishWith(record, Entries().Modify(record), reload);
+  return ReloadAfter(Entries().Modify(record), reload, record);
 }
 
 bool CUserAB::RenameUser(const std::string& oldName, CUserRecord* record, std::int32_t reload) {
-  return FinishWith(record, Entries().Rename(oldName, record), reload);
+  return ReloadAfter(Entries().Rename(oldName, record), reload, record);
 }
 
 bool CUserAB::DeleteUser(CUserRecord* record, std::int32_t reload) {
@@ -94,13 +94,9 @@ bool CUserAB::DeleteUser(CUserRecord* record, std::int32_t reload) {
   return ReloadAfter(Entries().Delete(*record), reload);
 }
 
-bool CUserAB::ReloadAfter(Status changed, std::int32_t reload) {
-  return LoadAfterChange(changed, reload, [this] { Load(); }) == kNoError;
-}
-
-bool CUserAB::FinishWith(CUserRecord* record, Status changed, std::int32_t reload) {
+bool CUserAB::ReloadAfter(Status changed, std::int32_t reload, CUserRecord* record) {
   const auto load = [&] {
-    HandOut(*record, record);
+    if (record != nullptr) HandOut(*record, record);
     Load();
   };
   return LoadAfterChange(changed, reload, load) == kNoError;

@@ -131,8 +131,8 @@ class CUserAB : public RootObject {
   }
   CUserRecord* HandOut(const CUserEntry& source, CUserRecord* record);
   CUserRecord* HandOutAt(std::int32_t index, CUserRecord* record);
-  bool ReloadAfter(Status changed, std::int32_t reload);
-  bool FinishWith(CUserRecord* record, Status changed, std::int32_t reload);
+  // Before the reload, applies the copy step (HandOut) to `record`, unless it is null.
+  bool ReloadAfter(Status changed, std::int32_t reload, CUserRecord* record = nullptr);
   bool IsFull() const;
 
   std::int32_t withPrivateBooks = 0;
