@@ -6,13 +6,6 @@
 namespace quillkit {
 namespace {
 
-CFaxEntry MakeFax(std::string_view name, std::string_view number = "1") {
-  CFaxEntry entry;
-  entry.SetName(name);
-  entry.SetNumber(number);
-  return entry;
-}
-
 class FaxBookTest : public BooksTest {
  public:
   FaxBookTest() {

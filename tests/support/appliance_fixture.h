@@ -23,15 +23,16 @@ inline const std::string kAdministrator{kAdministratorName};
 inline const std::string kPassword = "quill";
 
 class ApplianceTest : public testing::Test {
+ public:
+  // Stores a soft key with items of these names on the appliance, without using the library.
+  static void PutKey(std::string_view key, std::initializer_list<std::string_view> items);
+
  protected:
   ApplianceTest();
   ~ApplianceTest() override;
 
   // Logs the administrator in, without loading the top-level book, and clears the journal.
   static CScanner* LogIn();
-
-  // Stores a soft key with items of these names on the appliance, without using the library.
-  static void PutKey(std::string_view key, std::initializer_list<std::string_view> items);
 
   // Returns the calls in the journal, as SimulatorCallText returns them, and clears the journal.
   static std::vector<std::string> TakeCalls();

@@ -1,4 +1,4 @@
-// Records for the tests of e-mail books and lists.
+// Records for the tests of e-mail and fax books and lists.
 
 #ifndef QUILLKIT_TESTS_SUPPORT_EMAIL_ENTRY_H_
 #define QUILLKIT_TESTS_SUPPORT_EMAIL_ENTRY_H_
@@ -16,6 +16,13 @@ inline CEmailEntry MakeEntry(std::string_view name, std::string_view address = "
   entry.SetName(name);
   entry.SetAddress(address);
   entry.flags = flags;
+  return entry;
+}
+
+inline CFaxEntry MakeFax(std::string_view name, std::string_view number = "at") {
+  CFaxEntry entry;
+  entry.SetName(name);
+  entry.SetNumber(number);
   return entry;
 }
 

@@ -12,21 +12,10 @@
 namespace quillkit {
 namespace {
 
-CFaxEntry MakeFax(std::string_view name, std::string_view number = "at") {
-  CFaxEntry entry;
-  entry.SetName(name);
-  entry.SetNumber(number);
-  return entry;
-}
-
 void Name(CUserRecord& record, std::string_view name, CUserAB* owner) {
   const std::uint32_t none = 0;
   record.SetFrom(owner, name, "secret", "", "", &none, &none);
 }
-
-struct Fixture : ApplianceTest {
-  using ApplianceTest::PutKey;
-};
 
 // Copies the contents of `from` to `to` through an archive.
 template <class Stored>
@@ -113,8 +102,8 @@ void Stage::Furnish() {
     SimulatorPutEntry(BookKind::kModels, "", nullptr, &each);
   }
   SimulatorPutEntry(BookKind::kUsers, "", nullptr, static_cast<CUserEntry*>(&user));
-  Fixture::PutKey("Scan", {"Desk", "Mail"});
-  Fixture::PutKey("Send", {"Fax"});
+  ApplianceTest::PutKey("Scan", {"Desk", "Mail"});
+  ApplianceTest::PutKey("Send", {"Fax"});
 }
 
 void Stage::OpenBooks() {
