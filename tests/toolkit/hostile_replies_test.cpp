@@ -115,11 +115,11 @@ TEST_P(HostileReplies, AllFunctionsStayInBounds) {
   Tour(std::get<0>(GetParam()), std::get<1>(GetParam()));
 }
 
-INSTANTIATE_TEST_SUITE_P(AllCombinationsOfLies, HostileReplies,
+INSTANTIATE_TEST_SUITE_P(AllCombinationsOfDefects, HostileReplies,
                          testing::Combine(testing::Range(0U, 2U * kDefectUnreported),
                                           testing::Values("")));
 
-INSTANTIATE_TEST_SUITE_P(LiesAboutCountsWithAFailure, HostileReplies,
+INSTANTIATE_TEST_SUITE_P(DefectsOfCountsWithAFailure, HostileReplies,
                          testing::Combine(testing::Range(0U, 2U * kDefectFailedCount),
                                           testing::Values("IMSPReadEntryProperties",
                                                           "IMSPListABEntries", "IMSPReadAB",
