@@ -72,6 +72,14 @@ class BookAccess {
     return ReadRange(range, records, count, direction);
   }
 
+  // Like Read, but a delivered text that fills its field has no NUL: call Terminate() of the record
+  // before anything reads it. Server calls: IMSPReadAB.
+  Status ReadUnterminated(KeyRange* range, Entry* records, std::uint32_t* count,
+                          std::int32_t direction) {
+    if (records == nullptr || !OffersRoom(count)) return kRefused;
+    return Call(&CAgent::IMSPReadAB, range, records, count, direction);
+  }
+
   // Reads the whole book: a null range, direction 1. A null buffer or a count of 0 is sent
   // unchanged. Server calls: IMSPReadAB.
   Status ReadAll(Entry* records, std::uint32_t* count) {

@@ -258,6 +258,10 @@ class CScanner : public RootObject {
                       std::int32_t direction) const {
     return KeyItems(key).Read(range, items, count, direction);
   }
+  Status ReadUnterminatedItems(std::string_view key, KeyRange* range, CMenuItem* items,
+                               std::uint32_t* count, std::int32_t direction) const {
+    return KeyItems(key).ReadUnterminated(range, items, count, direction);
+  }
   Status CreateKeyItem(std::string_view key, CMenuItem* item) const {
     return KeyItems(key).Create(item);
   }

@@ -5,8 +5,8 @@
 //   2. count() records from data() on are live, and are inside the block.
 //   3. Records are trivially copyable and are moved bytewise. The block comes from the C allocator,
 //      so that it can be resized in place. New records are blank, in case the server claims to have
-//      delivered records that it did not. Allocate() calls Blank() if the type has it, otherwise it
-//      zeroes the records. Resize() zeroes them.
+//      delivered records that it did not. A new block is zero. In a block that is used again,
+//      Allocate() calls Blank(): bytes after the NUL of a text are those of an earlier record.
 //   4. A record with a password is wiped as soon as it is not live, and in the memory that it was
 //      moved from.
 //
@@ -47,6 +47,7 @@ class EntryBlock {
 
   void Swap(EntryBlock& other) noexcept {
     std::swap(storage, other.storage);
+    std::swap(capacity, other.capacity);
     std::swap(live, other.live);
     std::swap(skipped, other.skipped);
   }
@@ -56,25 +57,44 @@ class EntryBlock {
     Wipe(data(), live);
     std::free(storage);
     storage = nullptr;
+    capacity = 0;
     live = 0;
     skipped = 0;
   }
 
-  // Replaces the block by one of `count` blank live records. Returns false and leaves no block if
-  // `count` is not above 0 or the allocation fails.
+  // Replaces the records by `count` blank ones. Uses the block again if it has room for them and
+  // for at most twice as many. Returns false and leaves no block if `count` is not above 0 or the
+  // allocation fails.
   bool Allocate(std::int32_t count) {
-    Free();
-    if (!Fits(count)) return false;
-    storage = static_cast<Record*>(NewRecords(count));
-    if (storage != nullptr) live = count;
-    return storage != nullptr;
+    if (!CanReuse(count)) return AllocateNew(count);
+    Reuse(count);
+    std::for_each(begin(), end(), [](Record& each) { each.Blank(); });
+    return true;
+  }
+
+  // Like Allocate(), for records that a read overwrites. In a block that is used again, only the
+  // first and the last record are zero; the others may be earlier records. After a read that may
+  // have written nothing, call BlankIfUnwritten().
+  bool AllocateToRead(std::int32_t count) {
+    if (!CanReuse(count)) return AllocateNew(count);
+    Reuse(count);
+    std::memset(Raw(storage), 0, sizeof(Record));
+    std::memset(Raw(storage + count - 1), 0, sizeof(Record));
+    return true;
+  }
+
+  // Blanks all live records if the first and the last one are zero.
+  void BlankIfUnwritten() {
+    if (live == 0 || !IsZero(*data()) || !IsZero(*At(live - 1))) return;
+    std::for_each(begin(), end(), [](Record& each) { each.Blank(); });
   }
 
   // Changes the number of live records to `count`; keeps skip() and the records that fit. Returns
   // false and changes nothing if `count` is not above 0 or the allocation fails.
   bool Resize(std::int32_t count) {
     if (!Fits(count) || count > INT32_MAX - skipped || !Fits(skipped + count)) return false;
-    if (!Reallocate(skipped + count)) return false;
+    const bool hasRoom = count >= live && skipped + count <= capacity;
+    if (!hasRoom && !Reallocate(skipped + count)) return false;
     if (count > live) std::memset(Raw(data() + live), 0, Bytes(count - live));
     live = count;
     return true;
@@ -100,6 +120,14 @@ class EntryBlock {
     if (count != 0) skipped += live - count;
     live = count;
     return true;
+  }
+
+  // Takes over the block of `other`, which then has none, for the next Allocate(). Leaves no live
+  // records.
+  void TakeBlock(EntryBlock& other) {
+    Swap(other);
+    other.Free();
+    Clear();
   }
 
   // Leaves no live records. Keeps the block.
@@ -151,16 +179,28 @@ class EntryBlock {
     return static_cast<std::size_t>(count) * sizeof(Record);
   }
 
-  // Blank() writes only a few bytes. Zeroing would write the whole block, which the server then
-  // usually overwrites.
-  static void* NewRecords(std::int32_t count) {
-    if constexpr (requires(Record record) { record.Blank(); }) {
-      auto* const records = static_cast<Record*>(std::malloc(Bytes(count)));
-      for (std::int32_t i = 0; records != nullptr && i < count; ++i) records[i].Blank();
-      return records;
-    } else {
-      return std::calloc(static_cast<std::size_t>(count), sizeof(Record));
-    }
+  // Whether the block has room for `count` records and for at most twice as many.
+  bool CanReuse(std::int32_t count) const {
+    return count > 0 && count <= capacity && count >= capacity / 2;
+  }
+
+  void Reuse(std::int32_t count) {
+    if (skipped + live > count) Wipe(storage + count, skipped + live - count);
+    skipped = 0;
+    live = count;
+  }
+
+  static bool IsZero(const Record& record) {
+    static constexpr char kZeroes[sizeof(Record)] = {};
+    return std::memcmp(&record, kZeroes, sizeof(Record)) == 0;
+  }
+
+  bool AllocateNew(std::int32_t count) {
+    Free();
+    if (!Fits(count)) return false;
+    storage = static_cast<Record*>(std::calloc(static_cast<std::size_t>(count), sizeof(Record)));
+    if (storage != nullptr) capacity = live = count;
+    return storage != nullptr;
   }
 
   static void Wipe(Record* records, std::int32_t count) {
@@ -181,6 +221,7 @@ class EntryBlock {
         HoldsPassword<Record> ? MoveTo(records) : std::realloc(Raw(storage), Bytes(records));
     if (moved == nullptr) return false;
     storage = static_cast<Record*>(moved);
+    capacity = records;
     return true;
   }
 
@@ -196,6 +237,7 @@ class EntryBlock {
   }
 
   Record* storage = nullptr;
+  std::int32_t capacity = 0;  // of the block, in records
   std::int32_t live = 0;
   std::int32_t skipped = 0;
 };

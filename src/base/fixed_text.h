@@ -58,7 +58,9 @@ class FixedText {
   void Wipe() { WipeBytes(bytes, N); }
 
   // Writes a NUL at the end of the field. Call it for data from a server, before c_str().
-  void Terminate() { bytes[kMaxLength] = '\0'; }
+  void Terminate() {
+    if (bytes[kMaxLength] != '\0') bytes[kMaxLength] = '\0';
+  }
 
   // Valid as long as the record is not moved or destroyed. REQUIRES: the text has its NUL.
   const char* c_str() const { return bytes; }

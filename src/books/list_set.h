@@ -60,9 +60,16 @@ class ListSet {
   std::int32_t Append(std::unique_ptr<List> list);
 
   // Adds a list for each row: with `withMembers` opened on the book, ignoring the status, otherwise
-  // with its name only.
+  // with its name only. The opened lists use the blocks of the `replaced` lists again.
   template <class Book>
-  void AppendRows(std::span<const ABIdent> rows, Book* book, std::int32_t withMembers);
+  void AppendRows(std::span<const ABIdent> rows, Book* book, std::int32_t withMembers,
+                  const ListSet& replaced);
+
+  // Moves all lists to an empty set.
+  void MoveListsTo(ListSet& other) {
+    lists.swap(other.lists);
+    searchPos = lists.end();
+  }
 
   // Deletes the first list with exactly this name, if there is one.
   void RemoveList(std::string_view name) { Erase(Locate(name)); }
@@ -138,12 +145,15 @@ std::int32_t ListSet<List>::Append(std::unique_ptr<List> list) {
 
 template <class List>
 template <class Book>
-void ListSet<List>::AppendRows(std::span<const ABIdent> rows, Book* book,
-                               std::int32_t withMembers) {
+void ListSet<List>::AppendRows(std::span<const ABIdent> rows, Book* book, std::int32_t withMembers,
+                               const ListSet& replaced) {
+  auto spare = replaced.lists.begin();
   for (const ABIdent& row : rows) {
     auto list = std::make_unique<List>();
     if (withMembers != 0) {
+      if (spare != replaced.lists.end()) list->TakeBlock(**spare++);
       list->Open(book, row.name.View());
+      list->FreeUnusedBlock();
     } else {
       list->SetName(row.name.View());
     }

@@ -61,13 +61,14 @@ int CPrivEmailAB::LoadEntries(std::int32_t withLists) {
 }
 
 Status CPrivEmailAB::LoadLists(std::int32_t withMembers) {
-  FreeLists();
+  ListSet<CPrivEmailDL> replaced;
+  MoveListsTo(replaced);
   std::vector<ABIdent> rows(MaxPrivateLists);
   auto count = static_cast<std::uint32_t>(rows.size());
   const Status status = ListLists(rows.data(), &count);
   if (status != kNoError && status != kMoreData) return status;
   listsLoaded = 1;
-  AppendRows(std::span(rows.data(), count), this, withMembers);
+  AppendRows(std::span(rows.data(), count), this, withMembers, replaced);
   return status;
 }
 

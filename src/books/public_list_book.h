@@ -78,13 +78,14 @@ class PublicListBook : public ListSet<List> {
 
 template <class Book, class List>
 Status PublicListBook<Book, List>::LoadLists(std::int32_t withMembers) {
-  this->FreeLists();
+  ListSet<List> replaced;
+  this->MoveListsTo(replaced);
   std::vector<ABIdent> rows(MaxPublicLists);
   auto count = static_cast<std::uint32_t>(rows.size());
   const Status status = Self()->EnumerateLists(rows.data(), &count);
   if (status == kDataNotFound) return kNoError;
   if (status != kNoError && status != kMoreData) return status;
-  this->AppendRows(std::span(rows.data(), count), Self(), withMembers);
+  this->AppendRows(std::span(rows.data(), count), Self(), withMembers, replaced);
   return status;
 }
 

@@ -28,6 +28,8 @@ struct PageBoundary {
   char letter = '\0';
   char reserved[3] = {};
   std::int32_t count = 0;  // entries whose names begin with `letter`
+
+  void Blank() { *this = {}; }
 };
 
 // The credentials of a login.

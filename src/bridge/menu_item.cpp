@@ -38,13 +38,6 @@ bool CMenuItem::IsValid() const {
          ipAddress.IsTerminated();
 }
 
-void CMenuItem::Terminate() {
-  name.Terminate();
-  ipAddress.Terminate();
-  path.Terminate();
-  appTag.Terminate();
-}
-
 void CMenuItem::Serialize(Archive& archive) {
   std::string_view texts[] = {name.View(), path.View(), ipAddress.View(), appTag.View()};
   for (std::string_view& each : texts) archive.Exchange(each);

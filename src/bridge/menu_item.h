@@ -53,8 +53,23 @@ struct CMenuItem {
   // Returns whether all four texts have their NUL.
   bool IsValid() const;
 
+  // Empties all fields. Bytes after a NUL are not cleared.
+  void Blank() {
+    name.Assign({});
+    ipAddress.Assign({});
+    settings = 0;
+    fileFormat = 0;
+    path.Assign({});
+    appTag.Assign({});
+  }
+
   // Ends all four texts inside their fields. Call it for records from a server.
-  void Terminate();
+  void Terminate() {
+    name.Terminate();
+    ipAddress.Terminate();
+    path.Terminate();
+    appTag.Terminate();
+  }
 
   // The smallest number of bytes in an archive: four empty texts and two words.
   static constexpr std::size_t kSmallestStored = 12;

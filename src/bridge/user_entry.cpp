@@ -56,13 +56,6 @@ bool CUserEntry::IsValid() const {
          fourth.IsTerminated();
 }
 
-void CUserEntry::Terminate() {
-  name.Terminate();
-  password.Terminate();
-  third.Terminate();
-  fourth.Terminate();
-}
-
 bool CUserEntry::IsDottedAddress() const {
   return TextToAddress(std::string(third.View()).c_str()) != kNoAddress;
 }

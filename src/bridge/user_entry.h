@@ -84,8 +84,22 @@ struct CUserEntry {
   // Returns whether all four texts have their NUL.
   bool IsValid() const;
 
+  // Empties all fields and wipes the password. Bytes after the NUL of another text are not cleared.
+  void Blank() {
+    name.Assign({});
+    WipePassword();
+    third.Assign({});
+    fourth.Assign({});
+    tag = flags = nibbles = 0;
+  }
+
   // Ends all four texts inside their fields. Call it for records from a server.
-  void Terminate();
+  void Terminate() {
+    name.Terminate();
+    password.Terminate();
+    third.Terminate();
+    fourth.Terminate();
+  }
 
   bool IsAdministrator() const { return name == kAdministratorName; }
   bool IsToolkit() const { return name == kToolkitName; }

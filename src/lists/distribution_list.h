@@ -66,6 +66,14 @@ class DistributionList : public RootObject {
 
   // --- Members ---
 
+  // Takes over the block of `other`, which then has no members, to open this list in it.
+  void TakeBlock(DistributionList& other) { members.TakeBlock(other.members); }
+
+  // Frees the block if there are no members.
+  void FreeUnusedBlock() {
+    if (IsEmpty()) members.Free();
+  }
+
   std::int32_t Count() const { return members.count(); }
   bool IsEmpty() const { return members.IsEmpty(); }
 

@@ -91,9 +91,9 @@ class ServerList : public DistributionList<Entry> {
   // Replaces the member of the entry's name by the entry. Returns whether there was one.
   bool Overwrite(const Entry& entry);
 
-  // Reads the list's size and allocates that number of blank members, at most `limit`. A size of 0
-  // leaves no members and keeps the block. Returns 0; the status of the size, with the members
-  // unchanged; or -1 without memory. Server calls: IMSPSizeofAB.
+  // Reads the list's size and allocates that number of members for FillMembers, at most `limit`. A
+  // size of 0 leaves no members and keeps the block. Returns 0; the status of the size, with the
+  // members unchanged; or -1 without memory. Server calls: IMSPSizeofAB.
   Status MakeRoom(std::int32_t limit);
 
   // Reads the list into the allocated members, if there are any. The count stays, and members that
@@ -150,7 +150,7 @@ Status ServerList<Entry, BookClass, kListKind>::MakeRoom(std::int32_t limit) {
   const Status status = GetMemberCount(&size);
   if (status != kNoError) return status;
   const auto count = static_cast<std::int32_t>(std::min(size, static_cast<std::uint32_t>(limit)));
-  if (count > 0) return members.Allocate(count) ? kNoError : kRefused;
+  if (count > 0) return members.AllocateToRead(count) ? kNoError : kRefused;
   members.Clear();
   return kNoError;
 }
@@ -159,6 +159,7 @@ template <class Entry, class BookClass, BookKind kListKind>
 Status ServerList<Entry, BookClass, kListKind>::ReadRoom(std::uint32_t* delivered) {
   auto count = static_cast<std::uint32_t>(members.count());
   const Status status = count != 0 ? Access().ReadAll(members.data(), &count) : kNoError;
+  if (status != kNoError) members.BlankIfUnwritten();
   std::for_each(members.begin() + count, members.end(), [](Entry& each) { each.Blank(); });
   if (delivered != nullptr) *delivered = count;
   return status;

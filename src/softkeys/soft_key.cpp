@@ -9,23 +9,29 @@
 namespace quillkit {
 
 int CSoftKey::Init(const std::string& name, std::int32_t capacity, CTopLevelAB* newOwner) {
-  if (newOwner == nullptr) return 0;
+  return Adopt(name, newOwner) && items.Allocate(capacity) ? 1 : 0;
+}
+
+bool CSoftKey::Adopt(const std::string& name, CTopLevelAB* newOwner) {
+  if (newOwner == nullptr) return false;
   findCursor.MoveTo(0);
   owner = newOwner;
   keyName = name;
-  return items.Allocate(capacity) ? 1 : 0;
+  return true;
 }
 
 Status CSoftKey::Load(const std::string& name, CTopLevelAB* newOwner, std::string_view firstName,
                       std::int32_t direction) {
-  KeyRange range(firstName, "*");  // copied before Init frees the block that may contain it
-  if (Init(name, MaxKeyItems, newOwner) == 0) return kRefused;
+  KeyRange range(firstName, "*");  // copied before the block changes, which may contain it
+  if (!Adopt(name, newOwner) || !items.AllocateToRead(MaxKeyItems)) return kRefused;
   auto count = static_cast<std::uint32_t>(items.count());
-  const Status status = owner->ReadKeyItems(keyName, &range, items.data(), &count, direction);
+  const Status status =
+      owner->ReadUnterminatedItems(keyName, &range, items.data(), &count, direction);
   if (count == 0 || status == kDataNotFound) {
     items.Clear();
     return kNoError;
   }
+  if (status != kNoError) items.BlankIfUnwritten();
   items.Shrink(static_cast<std::int32_t>(count), direction);
   return status;
 }
@@ -131,7 +137,7 @@ Status CSoftKey::GetDBItemCount(std::uint32_t* count) const {
 Status CSoftKey::SaveAllItems() {
   Status status = kRefused;
   if (owner == nullptr) return status;
-  for (CMenuItem& each : items) status = owner->ModifyKeyItem(keyName, &each);
+  for (std::int32_t i = 0; i < ItemCount(); ++i) status = owner->ModifyKeyItem(keyName, ItemAt(i));
   return status;
 }
 
@@ -142,7 +148,7 @@ void CSoftKey::Serialize(Archive& archive) {
   archive.Exchange(count);
   archive.Exchange(findCursor.Pattern());
   if (!archive.Prepare(items, count)) return;
-  for (CMenuItem& each : items) each.Serialize(archive);
+  for (std::int32_t i = 0; i < ItemCount(); ++i) ItemAt(i)->Serialize(archive);
 }
 
 }  // namespace quillkit

@@ -1,5 +1,7 @@
 #include "softkeys/top_level_ab.h"
 
+#include <utility>
+
 #include "appliance/after_change.h"
 
 namespace quillkit {
@@ -24,7 +26,7 @@ int CTopLevelAB::Attach(CScanner* newScanner, std::int32_t load) {
 }
 
 Status CTopLevelAB::Load(std::int32_t withItems) {
-  Clear();
+  const auto replaced = std::exchange(keys, {});
   EntryKey names[MaxSoftKeys];
   std::uint32_t count = MaxSoftKeys;
   const Status status = Scanner().ListKeys(names, &count);
@@ -34,7 +36,10 @@ Status CTopLevelAB::Load(std::int32_t withItems) {
   for (std::uint32_t i = 0; i < count; ++i) {
     auto key = std::make_unique<CSoftKey>();
     key->SetKeyName(names[i].name.View());
-    if (withItems != 0) key->Load(key->KeyName(), this, {}, 1);
+    if (withItems != 0) {
+      if (i < replaced.size()) key->TakeBlock(*replaced[i]);
+      key->Load(key->KeyName(), this, {}, 1);
+    }
     keys.push_back(std::move(key));
   }
   return kNoError;

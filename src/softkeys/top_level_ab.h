@@ -122,6 +122,10 @@ class CTopLevelAB : public RootObject {
                       std::int32_t direction) const {
     return Scanner().ReadKeyItems(key, range, items, count, direction);
   }
+  Status ReadUnterminatedItems(std::string_view key, KeyRange* range, CMenuItem* items,
+                               std::uint32_t* count, std::int32_t direction) const {
+    return Scanner().ReadUnterminatedItems(key, range, items, count, direction);
+  }
   Status CreateKeyItem(std::string_view key, CMenuItem* item) const {
     return Scanner().CreateKeyItem(key, item);
   }

@@ -16,6 +16,8 @@ namespace {
 struct Record {
   std::int32_t id = 0;
   char rest[7] = {};  // so that the size is no power of two
+
+  void Blank() { *this = {}; }
 };
 
 class EntryBlockWalk : public testing::TestWithParam<unsigned> {
@@ -33,7 +35,7 @@ class EntryBlockWalk : public testing::TestWithParam<unsigned> {
       case 0:
         ids.assign(static_cast<std::size_t>(std::max(number, 0)), 0);
         skip = 0;
-        EXPECT_EQ(block.Allocate(number), number > 0);
+        EXPECT_EQ(Draw(0, 1) == 0 ? block.Allocate(number) : ReadNothing(number), number > 0);
         break;
       case 1:
         if (number > 0) ids.resize(static_cast<std::size_t>(number) + 3);
@@ -65,6 +67,13 @@ class EntryBlockWalk : public testing::TestWithParam<unsigned> {
         EXPECT_EQ(block.Append(record), Count());
       }
     }
+  }
+
+  // Allocates for a read that then writes nothing.
+  bool ReadNothing(std::int32_t number) {
+    const bool isAllocated = block.AllocateToRead(number);
+    block.BlankIfUnwritten();
+    return isAllocated;
   }
 
   void Shrink(std::int32_t count, std::int32_t direction) {
@@ -106,7 +115,7 @@ TEST_P(EntryBlockWalk, HoldsTheRecordsOfTheModel) {
 INSTANTIATE_TEST_SUITE_P(Seeds, EntryBlockWalk, testing::Range(1U, 33U));
 
 TEST(EntryBlock, RejectsASkipAndACountWhoseSumOverflows) {
-  EntryBlock<char> block;
+  EntryBlock<Record> block;
   ASSERT_TRUE(block.Allocate(3));
   ASSERT_TRUE(block.Shrink(1, 0));
   EXPECT_FALSE(block.Resize(INT32_MAX - 1));
