@@ -1,4 +1,5 @@
-# cpack runs this before it makes a .deb: adds the files that Debian requires and compresses others.
+# cpack runs this script before it makes a .deb. It adds the files that Debian requires, and
+# compresses the changelog and the manual page.
 set(share ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/share)
 set(documents ${share}/doc/${CPACK_PACKAGE_NAME})
 string(TIMESTAMP now "%a, %d %b %Y %H:%M:%S +0000" UTC)

@@ -1,5 +1,5 @@
-// Keeping the session alive in an application's own epoll loop. The appliance ends a session
-// without a call for two seconds; the application waits three seconds for a timer of its own.
+// Keeping the session alive in an application's own epoll loop. The appliance ends a session after
+// two seconds without a call; the application waits three seconds for a timer of its own.
 
 #include <sys/epoll.h>
 #include <sys/timerfd.h>
@@ -23,7 +23,7 @@ bool Watch(int loop, int descriptor) {
   return epoll_ctl(loop, EPOLL_CTL_ADD, descriptor, &event) == 0;
 }
 
-// Runs the loop until the timer is due. The number of keep-alives sent, or -1 on failure.
+// Runs the loop until the timer is due. Returns the number of keep-alives sent, or -1 on failure.
 int WaitFor(int timer, int loop) {
   // The library's descriptor is readable when a keep-alive is due. It stays registered: it is the
   // same for the thread's whole life.

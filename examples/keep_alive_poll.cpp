@@ -1,5 +1,5 @@
-// Keeping the session alive in an application's own poll loop. The appliance ends a session without
-// a call for two seconds; the application waits three seconds for a worker thread.
+// Keeping the session alive in an application's own poll loop. The appliance ends a session after
+// two seconds without a call; the application waits three seconds for a worker thread.
 
 #include <poll.h>
 #include <unistd.h>
@@ -17,7 +17,7 @@
 
 namespace {
 
-// Polls until the worker writes to its pipe. The number of keep-alives sent, or -1 on failure.
+// Polls until the worker closes its pipe. Returns the number of keep-alives sent, or -1 on failure.
 int WaitFor(int worker) {
   // The library's descriptor is readable when a keep-alive is due.
   pollfd watched[] = {{QuillkitEventDescriptor(), POLLIN, 0}, {worker, POLLIN, 0}};

@@ -1,6 +1,6 @@
-// Keeping the session alive in a Windows message loop, which has nothing to do for it: the
-// keep-alive is a message timer of the thread that logged in. The appliance ends a session without
-// a call for two seconds; the loop runs for three.
+// Keeping the session alive in a Windows message loop, which needs no code for it: the keep-alive
+// is a message timer of the thread that logged in. The appliance ends a session after two
+// seconds without a call; the loop runs for three.
 
 #include <windows.h>
 

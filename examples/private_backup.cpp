@@ -34,7 +34,7 @@ std::string Counts(CPrivEmailAB& book) {
 // Prints the result of a step. True if the step succeeded and left these counts.
 bool Verify(const char* step, bool succeeded, const CUserRecord& user,
             const std::string& expected) {
-  const std::int32_t error = GetLastToolkitError();  // before the calls that count
+  const std::int32_t error = GetLastToolkitError();  // before Counts changes it
   const std::string counts = Counts(*user.PrivateBook());
   std::cout << step << ": " << counts << ", last error " << error << '\n';
   return succeeded && counts == expected;
@@ -72,7 +72,7 @@ bool Empty(const CUserRecord& user) {
 bool Restore(CUserRecord& user, const std::string& bytes) {
   Archive archive{std::string_view(bytes)};
   user.SerializeWithBook(archive);
-  // The restore empties the book first: never restore one that was not read whole.
+  // The restore empties the book first: never restore a book that was not read completely.
   return !archive.Failed() && !user.NameMismatch() && user.RestorePrivateBook() == 1;
 }
 

@@ -68,14 +68,14 @@ int main() {
   CScanner* box = LogToQuillbox("127.0.0.1", "ADMINISTRATOR", "quill", "", 1);
   CTopLevelAB* keys = box != nullptr ? GetTopLevelAbook(box) : nullptr;
   if (keys == nullptr) {
-    // The code is 0 if the appliance was not asked: it is a reason, not an exit status.
+    // The code is 0 if the library refused without a server call. Do not exit with it.
     std::cerr << "no login: code " << GetLastToolkitError() << '\n';
     return EXIT_FAILURE;
   }
   std::cout << "Connected to " << GetScannerName(box) << '\n';
   if (!AddAccounting(keys) || !Rename(keys, "Accounting", "Bookkeeping")) return EXIT_FAILURE;
   List(keys);
-  Succeeded(AddKey(keys, "Archive", 0));  // there is one
+  Succeeded(AddKey(keys, "Archive", 0));  // already exists
   Logout();
   Succeeded(AddKey(keys, "Late", 0));
   Exit();

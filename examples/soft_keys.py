@@ -14,14 +14,14 @@ class QuillError(Exception):
 
 
 class Quillkit:
-    """The functions of quillkit_c. Arguments that a function fills in are its result instead."""
+    """The functions of quillkit_c. The methods return what a function stores in its arguments."""
     def __init__(self, library):
         # Given a bare name, CDLL would search the folders of the system's libraries.
         self._library = ctypes.CDLL(os.path.abspath(library))
         self._library.quill_error_text.restype = ctypes.c_char_p
 
     def number(self, name, *arguments):
-        """The number that a function returns. Raises errors of quillkit_c. Texts are Latin-1."""
+        """The number that a function returns. Raises an error of quillkit_c. Texts are Latin-1."""
         arguments = [each.encode("latin-1") if isinstance(each, str) else each for each in arguments]
         result = getattr(self._library, f"quill_{name}")(*arguments)
         if error := self._library.quill_error_text(result):
@@ -29,7 +29,7 @@ class Quillkit:
         return result
 
     def do(self, name, *arguments):
-        """Calls a function that returns a status. Raises one other than 0."""
+        """Calls a function that returns a status. Raises an error unless it is 0."""
         if (status := self.number(name, *arguments)) != 0:
             raise QuillError(self.text("translate_toolkit_error", status))
 
@@ -84,11 +84,11 @@ def main(library):
     add_item(quill, key, name="Invoices in", ip_address="files.example.com", path="/in")
     add_item(quill, key, name="Tax office", ip_address="tax.example.org", path="/upload")
     named = quill.handle("create_soft_key", "Bookkeeping", keys)
-    quill.do("rename_soft_key", keys, "Accounting", named)  # on the appliance alone
+    quill.do("rename_soft_key", keys, "Accounting", named)  # not in memory
     quill.do("load_top_level_abook", keys, 1)
     quill.number("destroy_soft_key", named)
     list_keys(quill, keys)
-    try_to_add(quill, keys, "Archive")  # there is one
+    try_to_add(quill, keys, "Archive")  # already exists
     quill.number("logout")
     try_to_add(quill, keys, "Late")
     quill.number("exit")

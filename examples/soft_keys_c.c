@@ -76,14 +76,14 @@ int main(void) {
   uint32_t size = sizeof host;
   if (quill_log_to_quillbox("127.0.0.1", "ADMINISTRATOR", "quill", "", 1, &box) != 1 ||
       quill_get_top_level_abook(box, &keys) != 1) {
-    // The code is 0 if the appliance was not asked: it is a reason, not an exit status.
+    // The code is 0 if the library refused without a server call. Do not exit with it.
     fprintf(stderr, "no login: code %d\n", (int)quill_get_last_toolkit_error());
     return EXIT_FAILURE;
   }
   if (quill_get_scanner_name(box, host, &size) == 1) printf("Connected to %s\n", host);
   if (!add_accounting(keys) || !rename_key(keys, "Accounting", "Bookkeeping")) return EXIT_FAILURE;
   list_keys(keys);
-  succeeded(quill_add_key(keys, "Archive", 0));  // there is one
+  succeeded(quill_add_key(keys, "Archive", 0));  // already exists
   quill_logout();
   succeeded(quill_add_key(keys, "Late", 0));
   quill_exit();

@@ -31,10 +31,10 @@ std::size_t allocated = 0;
 [[maybe_unused]] const int counting = __sanitizer_install_malloc_and_free_hooks(
     [](const volatile void*, std::size_t size) { allocated += size; }, [](const volatile void*) {});
 
-// The largest ratio of a record to the shortest stream that yields it.
+// The largest ratio of the size of a record to that of the shortest stream that contains it.
 constexpr std::size_t kMostMemoryPerByte = 64;
 
-// The section of an account in a backup. It skips the section of another user.
+// Loads the section of the account Ann in a backup. Skips the section of another user.
 class AnnsBackup {
  public:
   AnnsBackup() { user.SetName("Ann"); }
@@ -70,7 +70,7 @@ void CheckStream(std::string_view bytes) {
   const std::size_t loaded = allocated;
   Load(object, bytes);
   Require(allocated - loaded <= loaded - begin + kMostMemoryPerByte * bytes.size(),
-          "the memory allocated depends on the size of the stream");
+          "loading allocates at most 64 bytes for each byte of the stream");
   const std::string stored = Stored(object);
   Require(Load(copy, stored), "what was stored can be loaded");
   Require(Stored(copy) == stored, "storing what was loaded yields the same stream");

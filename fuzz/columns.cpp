@@ -31,7 +31,7 @@ void CheckColumns(std::string_view row, const std::vector<std::int32_t>& map, ch
     CheckValue(values[i], {line.data(), line.size() - 1});
     Require(map[i] >= 0 || values[i].empty(), "a negative column yields an empty value");
     for (std::size_t j = 0; j < i; ++j) {
-      Require(map[i] != map[j] || values[i] == values[j], "a column has the same value everywhere");
+      Require(map[i] != map[j] || values[i] == values[j], "a column always has the same value");
     }
   }
 }

@@ -81,7 +81,8 @@ struct Step {
   std::function<std::string(CheckRun&)> run;
 };
 
-// Steps that change nothing on the server. Afterwards the session is open if the login succeeded.
+// Steps that change nothing on the server. Afterwards the session is open if the last login
+// succeeded.
 std::vector<Step> ReadingSteps();
 
 // Steps that add a key, change it and delete it again. The key is also deleted after a failure or

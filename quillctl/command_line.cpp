@@ -34,7 +34,7 @@ constexpr const char* kFooter =
 constexpr const char* kCommandFooter =
     "\nFor the login options and the exit statuses, see quillctl --help";
 
-// An example of each command.
+// An example for the help of a command.
 struct Example {
   const char* command;
   const char* arguments;

@@ -31,7 +31,7 @@ Words Choices(const CLI::Option& option) {
   return CLI::detail::split(type.substr(from + 1, type.find('}') - from - 1), ',');
 }
 
-// Returns all options and positional arguments. --help belongs to the program only.
+// Returns all options and positional arguments, but --help only for the program.
 std::vector<const CLI::Option*> Arguments(const CLI::App& app) {
   return app.get_options([&app](const CLI::Option* each) {
     return app.get_parent() == nullptr || each != app.get_help_ptr();
@@ -184,8 +184,8 @@ Words CompletionShells() {
   return names;
 }
 
-// Returns the script for a shell. REQUIRES: options of the same name take a value, and have the
-// same choices, in all commands or in none.
+// Returns the script for a shell. REQUIRES: an option that occurs in several commands takes a value
+// in all of them or in none, and has the same choices in all.
 std::string CompletionScript(const CLI::App& app, const std::string& shell) {
   for (const Shell& each : kShells) {
     if (shell == each.name) return each.script(app);

@@ -148,9 +148,10 @@ void RunImport(const ImportRequest& request, const Credentials& credentials) {
 }
 
 constexpr const char* kMapHelp =
-    "csv only, required: the file's column for each field of the book. Either column numbers from "
-    "0, or -1 for none: 2,10. Or fields with columns: name=2,address=10. A column heading may "
-    "replace a number: \"name=Full Name,address=E-mail\"; the heading line is then skipped";
+    "csv only, required: the file's column for each field of the book. Give a column number for "
+    "each field, counted from 0, or -1 for none: 2,10. Or give fields with columns: "
+    "name=2,address=10. A column heading may replace a number: "
+    "\"name=Full Name,address=E-mail\"; the heading line is then skipped";
 
 constexpr const char* kFooter =
     "Invalid rows are reported and not sent. The exit status is 3 if some rows were not imported.";

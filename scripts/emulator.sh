@@ -1,6 +1,6 @@
 # An emulated machine for the 32-bit Wine of wine.sh; sourced by wine.sh. It is used on machines that
-# cannot run 32-bit programs. It boots a Debian kernel, which runs the command as its first process.
-# The Wine root is one disk, the folder is another.
+# cannot run 32-bit programs. It boots a Debian kernel, whose first process runs the command. The
+# Wine root is one disk, the folder is another.
 # shellcheck shell=bash disable=SC2154 # wine.sh's variables
 
 emulator_kernel=$wine_cache/kernel

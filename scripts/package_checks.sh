@@ -56,8 +56,8 @@ check_names_no_folder() {
   fi
 }
 
-# check_language PREFIX CXX: with C++17, each installed header compiles or fails with one message that
-# requests C++20 (base/language.h).
+# check_language PREFIX CXX: with C++17, each header of the main folders compiles, or fails with
+# only the two errors of base/language.h, which request C++20.
 check_language() {
   local header messages include=$1/include/quillkit
   while read -r header; do
@@ -152,7 +152,7 @@ pack() {
   fi
 }
 
-# check_deb FOLDER SCRATCH
+# check_deb FOLDER SCRATCH: packs a build folder as a .deb and checks what the package contains.
 check_deb() {
   local name deb root=$2/root
   name=quillkit_${quillkit_version}_$(dpkg --print-architecture).deb

@@ -24,7 +24,7 @@ missing_packages() {
 }
 
 # install_packages PACKAGE...: installs missing packages. If that fails, lists them on standard error
-# and fails.
+# and fails. On a system that is not Debian, lists all on standard error and succeeds.
 install_packages() {
   if ! command -v dpkg-query >/dev/null; then
     echo "Not a Debian system. Install the equivalents of these Debian packages: $*" >&2

@@ -62,7 +62,7 @@ Status SetEntry(Store& store, LineParser& line) {
   const BookType* const type = ScriptBookOf(line.Word());
   if (type == nullptr) return kBadCommand;
   Record record(type->recordSize);
-  Status fit = kNoError;  // returned only if the whole line is valid
+  Status fit = kNoError;  // returned only if the whole line can be parsed
   for (const TextField& field : type->texts) {
     const auto text = line.Quoted();
     if (!text) return kBadCommand;
@@ -94,7 +94,7 @@ bool IsBlank(std::string_view line) {
   return LineParser(line).IsAtEnd();
 }
 
-// Returns whether the text has no character that would end it before its line.
+// Returns whether the line contains no NUL, which would end a text in it.
 bool IsText(std::string_view line) {
   return line.find('\0') == std::string_view::npos;
 }

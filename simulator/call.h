@@ -24,7 +24,7 @@ struct ServedCall {
   std::uint32_t* count = nullptr;  // a failed call sets it to 0; may be null
 };
 
-// Returns nothing if the call may run; if it needs a session, it also keeps the session alive.
+// Returns nothing if the call may run. A call that needs a session then keeps the session alive.
 // Otherwise returns the status of the call: that of a fault, 19 after the time-out, 20 or 10.
 std::optional<Status> Refusal(Appliance& appliance, const ServedCall& entry);
 

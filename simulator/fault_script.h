@@ -1,5 +1,5 @@
-// Faults as one line of text: "IMSPCreateEntry:2=11,*:0=20" makes the second call of
-// IMSPCreateEntry from now on return 11, and every call of any entry point return 20.
+// Faults as one line of text: "IMSPCreateEntry:2=11,*:0=20" makes the second IMSPCreateEntry,
+// counted from now, return 11, and every other call of any entry point return 20.
 
 #ifndef QUILLKIT_SIMULATOR_FAULT_SCRIPT_H_
 #define QUILLKIT_SIMULATOR_FAULT_SCRIPT_H_

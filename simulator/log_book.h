@@ -27,7 +27,7 @@ class LogBook {
   // Appends a record unchanged.
   void Append(const LogRecord& record);
 
-  // The records of a user; all for "" and "*".
+  // The number of records of a user, or of all records for "" and "*".
   std::size_t Size(std::string_view filter) const;
 
   // REQUIRES: `index` is below Size(filter). Valid until the next change.

@@ -71,7 +71,7 @@ IndexRun MatchesOf(const Ordered<Value>& values, const KeyRange* range, std::int
   IndexRun run = NameFilter(range->filter.View()).Matches(values);
   if (range->first.IsEmpty()) return run;
   EntryKey first;
-  first.name = range->first;  // without a NUL, it sorts as the longer text that it is
+  first.name = range->first;  // if it has no NUL, all 32 bytes count
   if (direction == 1) {
     run.begin = std::max(run.begin, values.CountThrough(first));
   } else {

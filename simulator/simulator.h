@@ -25,9 +25,9 @@
 //   - A key book and its entry in the top-level book are created, deleted and renamed together. The
 //     private books of a user are deleted and renamed with the account.
 //   - A record with an empty name, or with a text that has no NUL in its field, yields 7.
-//   - LOGAB supports IMSPSizeofAB, IMSPReadAB and IMSPClearAB; other calls on it yield 13. It holds
-//     one record (32 bytes user name, then a text) for each login, logout and batch, at most
-//     65,536.
+//   - LOGAB supports IMSPSizeofAB, IMSPReadAB and IMSPClearAB. IMSPListABEntries,
+//     IMSPReadPageBoundaries and the calls for a single entry yield 13. It holds one record (32
+//     bytes user name, then a text) for each login, logout and batch, at most 65,536.
 //   - IMSPIOCtl 7 is reserved for ADMINISTRATOR and TOOLKIT. A backup does not include the log.
 //   - IMSPBatchConfiguration runs the script language that simulator/batch.h describes.
 
@@ -52,13 +52,13 @@ enum SimulatorDefect : std::uint32_t {
   kDefectFailedCount = 4,
   // Records and rows of one read are in descending order.
   kDefectUnsorted = 8,
-  // The rows of the letter census report twice the number of entries plus one; every other row
-  // reports a negative number.
+  // The rows of the letter census report twice the number of entries plus one. Every second row
+  // reports that number negated.
   kDefectCensus = 16,
   // Reported sizes and numbers of books are too high: by 7 at first, and by 7 more at each call.
   kDefectSize = 32,
-  // Every call overwrites the caller's book. A change also overwrites the caller's key and record.
-  // Both happen for every status.
+  // Every call overwrites the caller's book, for every status. A change also overwrites the
+  // caller's key and record, unless the call did not run (a fault, the time-out, no session).
   kDefectScribble = 64,
   // Bulk reads, listings and the census report one record fewer than they delivered.
   kDefectUnreported = 128,
@@ -118,7 +118,7 @@ std::int32_t SimulatorFindEntry(BookKind kind, const char* book, const char* use
 
 // Stores a copy of a record under its own name and replaces an entry of that name. Creates a
 // missing list or key book; an entry of kTop also creates the book of its key. Returns 1, or 0 for
-// a record without a name.
+// a record with an empty name or with a text that has no NUL in its field.
 std::int32_t SimulatorPutEntry(BookKind kind, const char* book, const char* user,
                                const void* record);
 
@@ -144,7 +144,7 @@ std::int32_t SimulatorCallCount();
 // "IMSPModifyEntry 256:TOPAB Scan Copy", "IMSPLogin 127.0.0.1 TOOLKIT ***", "IMSPLogout".
 const char* SimulatorCallText(std::int32_t index);
 
-// Returns the status of a recorded call.
+// Returns the status of a recorded call, or 0 for an index out of range.
 Status SimulatorCallStatus(std::int32_t index);
 
 // --- Faults ---

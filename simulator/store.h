@@ -130,7 +130,7 @@ class Store {
 // Everything that an appliance stores except the log.
 struct Contents {
   Store store;
-  std::map<std::string, Store, std::less<>> backups;  // by their first text
+  std::map<std::string, Store, std::less<>> backups;  // by the first text of the backup command
 };
 
 }  // namespace quillbox

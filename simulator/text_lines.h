@@ -19,7 +19,7 @@ class TextLines {
   bool IsReadable() const { return file.is_open() && !file.bad(); }
 
   // Returns the next line without its line end, or nothing at the end of the file. Valid until the
-  // next call. A line of more than 4095 characters ends the lines: IsCut() is then true.
+  // next call. A line of more than 4095 characters ends the reading: IsCut() is then true.
   std::optional<std::string_view> Next() {
     if (!file.getline(buffer.data(), std::ssize(buffer))) {
       isCut = !file.eof() && !file.bad();

@@ -1,4 +1,5 @@
-// Runs every test of the tree in one program, which holds the library's objects themselves.
+// The main function of the test programs. They contain the object files of the library, so that
+// tests can use functions that are not exported.
 
 #include <gmock/gmock.h>
 

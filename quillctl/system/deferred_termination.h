@@ -6,8 +6,8 @@
 namespace quillctl {
 
 // While this object exists, it records requests to terminate the program, such as Ctrl-C. A second
-// request terminates, except after the terminal was closed. Writing to a closed pipe fails and does
-// not terminate. Only one object may exist at a time.
+// request terminates; on POSIX, SIGHUP does not. Writing to a closed pipe fails and does not
+// terminate. Only one object may exist at a time.
 class DeferredTermination {
  public:
   DeferredTermination();

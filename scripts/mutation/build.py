@@ -1,7 +1,7 @@
 """Builds the tree once, in a copy, and then each mutant from it: only the objects that a mutant
 changes are compiled, and only the programs that hold them are linked.
 
-A change in a header reaches many objects. Nothing is inlined in this build, so that the linker takes
+A change in a header affects many objects. Nothing is inlined in this build, so the linker takes
 each inline function from the first object that has it. It is enough to compile some objects that
 together hold every instance of the changed function, and to link them first.
 """
@@ -88,7 +88,8 @@ class Build:
                 self.dependants.setdefault(path, []).append(target)
 
     def _read_symbols(self):
-        """The functions of each object that the linker may take from another object, and its local ones."""
+        """For each object, its functions that the linker may take from another object, and its
+        local symbols."""
         objects = sorted({each for found in self.dependants.values() for each in found})
         self.symbols = {each: set() for each in objects}
         for line in run(["nm", "-A", "--defined-only", *objects], cwd=self.folder).splitlines():
@@ -127,7 +128,7 @@ def cheapness(name):
 
 
 def symbol_pattern(function):
-    """What the mangled names of a function's instances contain, and of all that is inside it."""
+    """A pattern in the mangled names of a function's instances and of everything inside it."""
     *classes, name = function.split("::")
     if name.isidentifier() and name not in ("operator", *classes[-1:]):
         return re.compile(f"(?<![0-9]){len(name)}{name}")
@@ -137,7 +138,7 @@ def symbol_pattern(function):
 
 
 class Variant:
-    """A mutant's own programs, in a folder of their own; without a mutant, the tree's."""
+    """The programs of a mutant, or without one those of the tree, in a folder of their own."""
 
     def __init__(self, build, name, mutant_file=None, text=None, function=""):
         self.build, self.folder = build, build.scratch / name
@@ -159,14 +160,14 @@ class Variant:
         path.write_text(self.text)
 
     def compile(self):
-        """Compiles the changed objects. False where their code is the same as before."""
+        """Compiles the changed objects. Returns whether their code changed."""
         for name in self.objects:
             self.compiled[name] = self._compile(name, "objects")
         return any((self.build.folder / name).read_bytes() != path.read_bytes()
                    for name, path in self.compiled.items())
 
     def is_same_optimised(self):
-        """Whether the optimiser makes the same code of the mutant and of the original."""
+        """Whether optimised code is the same for the mutant and for the original."""
         for name in self.objects:
             mutant = self._compile(name, "optimised", OPTIMISED)
             original = self._compile(name, "original", OPTIMISED, is_mutant=False)
@@ -200,8 +201,8 @@ class Variant:
         self.link(programs, SANITIZED)
 
     def link(self, programs, options=()):
-        """Links those of these programs and shared libraries that hold a changed object, or all of
-        them with options, and takes the others from the tree."""
+        """Links the programs and shared libraries that hold a changed object, and takes the others
+        from the tree. If there are options, links all."""
         for output in programs:
             words, objects = self.build.links[output]
             changed = [each for each in objects if each in self.compiled]
@@ -215,7 +216,7 @@ class Variant:
         os.link(self.build.folder / output, self.folder / output)
 
     def _link_names(self):
-        """The names that shared libraries have beside their own."""
+        """Copies the symbolic links to shared libraries."""
         for path in (self.build.folder / "bin").iterdir():
             name = self.folder / "bin" / path.name
             if path.is_symlink() and not name.is_symlink():
@@ -238,8 +239,9 @@ def leading(words, objects):
 
 
 def compile_words(command, is_precompiled):
-    """The words of a compiler's command without those that write dependencies; and without those
-    that use precompiled headers, which other options do not fit."""
+    """The words of a compiler's command, without those that write dependencies. Unless
+    `is_precompiled`, also without those that use precompiled headers: they require the options of
+    the tree's build."""
     words = shlex.split(command)
     unwanted = [("-MD", 0, 1), ("-MT", 0, 2), ("-MF", 0, 2)]
     if not is_precompiled:
@@ -252,7 +254,7 @@ def compile_words(command, is_precompiled):
 
 
 def run(command, cwd=None):
-    """Runs a command and gives its output. Raises BuildError when it fails."""
+    """Runs a command and returns its output. Raises BuildError if it fails."""
     try:
         done = subprocess.run(command, cwd=cwd, capture_output=True, text=True, errors="replace",
                               stdin=subprocess.DEVNULL, timeout=COMPILE_SECONDS)

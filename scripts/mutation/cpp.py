@@ -19,7 +19,7 @@ SCOPE, TYPE, ENUM, CODE, VALUES = "scope", "type", "enum", "code", "values"
 
 # A brace after one of these begins statements.
 BEFORE_CODE = (")", "]", "else", "do", "try", "const", "noexcept", "override", "final", "mutable")
-# So does one after these if it is directly inside a block of statements.
+# A brace after one of these does so if it is directly inside a block of statements.
 BETWEEN_STATEMENTS = (";", "{", "}", ":")
 
 TYPE_WORDS = ("class", "struct", "union")

@@ -13,7 +13,7 @@ SWAPS = {
 STEPS = {"++": "--", "--": "++"}
 WORDS = {"true": "false", "false": "true"}
 NUMBER = re.compile(r"(0[xX][0-9a-fA-F']+|[0-9']+)([uUlLzZ]*)$")
-# Calls without an effect that a test can observe, and what is no code.
+# Calls whose effect no test can observe, and operators that execute nothing.
 SKIPPED_CALLS = ("static_assert", "assert", "reserve", "shrink_to_fit", "noexcept", "alignas", "sizeof",
                  "decltype")
 SAME_RETURNS = ("{", "0", "false", "true", "nullptr", "kNoError")
@@ -47,7 +47,7 @@ def mutants_of(folder, file, text, constants):
 
 
 def identities(mutants):
-    """For each mutant its identity and its change, which has a number if its line has several."""
+    """Yields the identity and the change of each mutant. Numbers equal changes of one line."""
     counts = {}
     for mutant in mutants:
         key = (mutant.file, mutant.line, mutant.change)
@@ -112,7 +112,7 @@ def operator_changes(source, index):
 
 
 def is_sign(source, index):
-    """Whether a number has this token, a minus, for its sign."""
+    """Whether this token is the minus sign of a number."""
     token, after = source.tokens[index], source.tokens[index + 1]
     return token.text == "-" and after.type == "number" and not source.precedes_space(token)
 
@@ -184,7 +184,7 @@ KEYWORDS = ("if", "else", "for", "while", "do", "switch", "case", "default", "tr
 
 
 def condition_changes(source, index):
-    """Negates the condition of an if, and of a conditional expression, where no other change of the
+    """Negates the condition of an if or of a conditional expression, unless another change of the
     condition does the same."""
     token = source.tokens[index]
     if token.text == "if" and source.tokens[index + 1].text == "(":
@@ -204,7 +204,7 @@ def condition_changes(source, index):
 
 
 def is_negated_otherwise(source, first, end):
-    """Whether a condition is one comparison, or begins with the only negation."""
+    """Whether a condition has no && or ||, and begins with a negation or contains a comparison."""
     if source.find(first, ("&&", "||")) in range(first, end):
         return False
     return source.tokens[first].text == "!" or source.find(first, COMPARISONS) in range(first, end)
@@ -234,8 +234,8 @@ ENUMERATOR = re.compile(r"^\s*(\w+)(?: = [^,]*)?,?", re.MULTILINE)
 
 
 def constants_of(headers):
-    """For each status constant and enumerator that headers declare the one declared after it, the
-    first for the last. An enumerator of an `enum class` has its type's name before it."""
+    """Maps each status constant and enumerator of the headers to the one declared after it, and the
+    last to the first. An enumerator of an `enum class` has its type's name before it."""
     substitutes = {}
     for text in headers:
         for group in [*constant_groups(text), *enumerations(text)]:
@@ -246,7 +246,7 @@ def constants_of(headers):
 
 
 def constant_groups(text):
-    """The runs of constants of one type, as lists of (name, name)."""
+    """The constants of each type, as lists of (name, name)."""
     groups = {}
     for line in text.splitlines():
         match = CONSTANT.match(line)

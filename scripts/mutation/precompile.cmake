@@ -1,4 +1,4 @@
-# Compiles the headers of the standard library and the test library once, and not with each file.
+# Compiles the headers of the standard library and the test library once, instead of in each file.
 set(precompiled_headers <algorithm> <cstring> <filesystem> <fstream> <functional> <map> <memory> <random> <span>
     <string> <vector>)
 foreach(target quillkit_core IMSPAPI quillkit_c)

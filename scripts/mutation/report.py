@@ -1,4 +1,4 @@
-"""What is kept and shown of a measurement: the result file, the table, survivors, comparisons."""
+"""The output of a measurement: the result file, the table, survivors, comparisons."""
 import dataclasses
 import json
 
@@ -6,13 +6,13 @@ from mutation.sample import FOLDERS
 
 CAUGHT, SURVIVED, LISTED = "caught", "survived", "listed"
 COUNTED = (CAUGHT, SURVIVED, LISTED)
-SAME_CODE, NOT_BUILT = "same code", "not built"  # and so not tried
+SAME_CODE, NOT_BUILT = "same code", "not built"  # not counted: the next mutant replaces it
 REQUIRED = 95  # percent
 
 
 @dataclasses.dataclass(frozen=True)
 class Result:
-    """What became of a mutant. `test`: the first that failed. `seconds`: what it took."""
+    """The result of a mutant. `test`: the first that failed. `seconds`: the time it took."""
     id: str
     folder: str
     file: str
@@ -62,7 +62,7 @@ def is_listed(mutant, listed):
 
 
 def score(results):
-    """(mutants, caught, listed, percent) of some results. Those listed do not count."""
+    """(mutants, caught, listed, percent) of some results. The percentage excludes those listed."""
     counts = {kind: sum(each.result == kind for each in results) for kind in COUNTED}
     tried = counts[CAUGHT] + counts[SURVIVED]
     percent = 100 * counts[CAUGHT] / tried if tried else 100
@@ -94,7 +94,7 @@ def is_good(results):
 
 
 def lost(old, new):
-    """The lines that list what was caught and no longer is, and by which test it was."""
+    """The lines that list the mutants that were caught and now survive, with the test."""
     for ident, before in old.items():
         after = new.get(ident)
         if before.result == CAUGHT and after is not None and after.result == SURVIVED:

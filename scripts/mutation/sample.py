@@ -1,5 +1,5 @@
-"""Chooses the mutants: the same number for each folder, in an order that depends only on the seed and on
-their identities. The next mutant of the folder replaces one that cannot be tried.
+"""Chooses the mutants: the same number for each folder, in an order that depends only on the seed
+and on their identities. The next mutant of the folder replaces one that does not count.
 """
 import threading
 
@@ -28,7 +28,7 @@ def sources_of(tree, folder):
 
 
 def mutants(tree, folders):
-    """All mutants of some folders: those of each folder in a list."""
+    """Yields the list of all mutants of each folder."""
     headers = [path.read_text() for folder in FOLDERS for path in sources_of(tree, folder)
                if path.suffix == ".h"]
     constants = operators.constants_of(headers)

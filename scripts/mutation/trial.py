@@ -1,5 +1,5 @@
-"""Runs the tests on a mutant: those of its own folder, the others, the long ones. What has survived
-until there meets those of its folder again, with sanitizers.
+"""Runs the tests on a mutant: those of its own folder, the others, the long ones, the memory tests.
+A mutant that survives them is tested again by those of its folder, with sanitizers.
 """
 import dataclasses
 import json
@@ -31,14 +31,15 @@ class Test:
 
 @dataclasses.dataclass(frozen=True)
 class Stage:
-    """Some tests of one program, and how long they may take: processor and real time."""
+    """Some tests of one program, and the seconds that they take without a mutant."""
     name: str
     program: str
     tests: tuple
     seconds: float
-    slowness: int = 1  # of the program, against that of the other stages
+    slowness: int = 1  # how many times longer the tests take in this stage
 
     def limits(self):
+        """The limits in seconds: processor time, real time."""
         seconds = self.seconds * self.slowness
         return int(10 + 4 * seconds), int(60 + 10 * seconds)
 
@@ -83,7 +84,7 @@ def stage(name, program, tests, slowness=1):
 
 
 def measured(variant, program):
-    """Runs all tests of a program, which have to pass."""
+    """Runs all tests of a program, which must pass, and returns them."""
     report = variant.folder / "report.json"
     done = subprocess.run([variant.folder / program, f"--gtest_output=json:{report}"],
                           env=environment(variant.folder), stdin=subprocess.DEVNULL,
@@ -114,8 +115,8 @@ def environment(folder):
 
 
 def first_failure(variant, chosen):
-    """The first test of a stage that fails on a variant, PASSED or TIMED_OUT. A test that passes when
-    it is tried again does not count, unless the stage fails again as a whole."""
+    """The first test of a stage that fails on a variant; or PASSED, or TIMED_OUT. A test that
+    passes when it is repeated does not count, unless the whole stage fails again."""
     failed = run_tests(variant, chosen, chosen.tests)
     if failed in (PASSED, TIMED_OUT):
         return failed
@@ -124,7 +125,7 @@ def first_failure(variant, chosen):
 
 
 def run_tests(variant, chosen, names):
-    """Runs some tests of a stage up to the first failure, and gives its name."""
+    """Runs some tests of a stage up to the first failure. Returns its name, PASSED or TIMED_OUT."""
     home, output = variant.folder / "home", variant.folder / "output"
     shutil.rmtree(home, ignore_errors=True)
     flags = variant.folder / "flags"
@@ -165,7 +166,7 @@ def end_group(process):
 
 
 def failure_in(output, status):
-    """The first test that failed by this output, or the one that ran when the program ended."""
+    """The first test that failed in this output, or the one that ran when the program ended."""
     running = ""
     for kind, name in RESULT.findall(output):
         if kind == "FAILED":

@@ -171,8 +171,8 @@ class CScanner : public RootObject {
     return AskAgent(agent, &CAgent::SetServerTimeout, seconds, old);
   }
 
-  // Store the tag of the administrator's entry in `*tag` on success. Server calls:
-  // IMSPReadEntryProperties.
+  // Stores the tag of the administrator's entry in `*tag` on success.
+  // Server calls: IMSPReadEntryProperties.
   Status ReadAdminTag(std::uint32_t* tag) const;
 
   // Sets that tag. Returns -1 and makes no call unless the administrator is connected.

@@ -5,8 +5,8 @@
 //
 // Formats:
 //   32-bit value  four bytes, little-endian
-//   text          its length, then its bytes without a NUL. The length is one byte below 255;
-//                 otherwise the byte 255 and 16 bits below 65534; otherwise the byte 255, the
+//   text          its length, then its bytes without a NUL. A length below 255 is stored as one
+//                 byte; below 65534, as the byte 255 and 16 bits; any other, as the byte 255, the
 //                 16-bit value 65535 and 32 bits
 //   object        its class name as a text, the schema of its class as a 32-bit value, then what
 //                 its Serialize() writes. An empty class name means null

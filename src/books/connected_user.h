@@ -18,8 +18,9 @@ CUserRecord* ConnectedUser(const CScanner* scanner);
 // Returns 1 if the user is "ADMINISTRATOR", otherwise 0.
 int IsConnectedUserAdministrator(const CScanner* scanner);
 
-// Copies the user's name, cut at `size` - 1 bytes, and fills the rest of `size` bytes with NULs.
-// Returns 1; or 0 and changes nothing if no user is logged in or `size` is 0.
+// Copies the user's name, cut at `size` - 1 bytes, and fills the rest of the buffer, which has
+// `size` bytes, with NULs. Returns 1; or 0 and changes nothing if no user is logged in or `size` is
+// 0.
 int GetConnectedUserName(const CScanner* scanner, char* buffer, std::size_t size);
 
 }  // namespace quillkit

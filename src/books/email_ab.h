@@ -11,8 +11,9 @@
 //   3. Without a scanner every server operation returns -1 or false and makes no call, unless it
 //      says otherwise. Without a view every navigation returns null, 0 or -1.
 //
-// Limits: with 512 lists, code 24 is recorded with the agent, and the result is -1 or false. With
-// 200,000 entries, the result is 24, which is not recorded.
+// Limits: with 512 lists on the server, the addition of a list records code 24 with the agent and
+// returns -1 or false. With 200,000 entries, the addition of an entry returns 24, which is not
+// recorded.
 
 #ifndef QUILLKIT_BOOKS_EMAIL_AB_H_
 #define QUILLKIT_BOOKS_EMAIL_AB_H_
@@ -74,7 +75,8 @@ class CEmailAB : public EntrySource, public PublicListBook<CEmailAB, CPubEmailDL
   }
 
   // Empties the book under the long time-out and opens a new view. The lists stay. Returns the
-  // status of CScanner::ClearEmailBook, which makes the server calls.
+  // status of CScanner::ClearEmailBook.
+  // Server calls: those of CScanner::ClearEmailBook; then IMSPReadAB if the view is a full one.
   Status ClearBook();
 
   // Deletes the book under the long time-out, deletes the view and frees the lists. Returns the

@@ -2,8 +2,8 @@
 // book of the same appliance and view mode.
 //
 // The load mode selects which half it has: 0 both, 1 the lists, 2 the entries. The operations of
-// the other half, and all of a handle that is not attached, return null or -1, or 0 for
-// FindFirstList and FindNextList, and make no call.
+// the other half make no call and return null or -1, or 0 for FindFirstList and FindNextList. So do
+// all operations of a handle that is not attached.
 
 #ifndef QUILLKIT_BOOKS_EMAIL_AB_HANDLE_H_
 #define QUILLKIT_BOOKS_EMAIL_AB_HANDLE_H_

@@ -69,6 +69,7 @@ std::int32_t CFaxAB::FastAddEntry(CFaxEntry* entry) {
   return entries.Append(*entry);
 }
 
+// Returns whether 2048 entries are in memory. If so, records code 24.
 bool CFaxAB::IsFull() const {
   if (entries.Count() < MaxFaxEntries) return false;
   TheAgent.SetError(kBookFull);

@@ -54,15 +54,17 @@ class CFaxAB : public RootObject, public PublicListBook<CFaxAB, CPubFaxDL> {
   // --- The whole book ---
 
   // Reads up to 2048 entries. Returns 1 if the status is 0 or 4 (no entries), otherwise 0. A book
-  // of more entries (21) returns 0 and leaves 2048 entries. A failure that delivers nothing leaves
-  // 2048 blank entries. Server calls: IMSPReadAB.
+  // of more entries (21) returns 0 and leaves 2048 entries. Any other failure leaves the entries
+  // that were delivered, or 2048 blank ones if the server left the count unchanged.
+  // Server calls: IMSPReadAB.
   int LoadEntries();
 
   // Stores the number of entries on the server. Server calls: IMSPSizeofAB.
   Status SizeofBook(std::uint32_t* count) const { return Scanner().SizeofFax(count); }
 
   // Empties the book on the server and reads it again. Returns the status of
-  // CScanner::ClearFaxBook, which makes the server calls.
+  // CScanner::ClearFaxBook.
+  // Server calls: those of CScanner::ClearFaxBook, then those of LoadEntries.
   Status ClearBook();
 
   // --- Entries: see the two families above ---

@@ -77,10 +77,10 @@ class CFaxEntryList {
   // Count() - 1; indexes outside the list are skipped. Returns the index or -1.
   std::int32_t BinaryLookup(std::string_view pattern, std::int32_t low, std::int32_t mode) const;
 
-  // The position of the walk as a 32-bit value, then that number of entries: a list whose walk is
-  // at its end is stored completely. Blank entries replace missing ones. Loading restores the
-  // position, and replaces the entries if it is greater than 0. If the stream cannot hold that
-  // number of entries, loading leaves none, sets the position to 0 and fails the archive.
+  // The position of the walk as a 32-bit value, then that number of entries: to store a whole list,
+  // first walk to the position after its last entry. Blank entries replace missing ones. Loading
+  // restores the position, and replaces the entries if it is greater than 0. If the stream cannot
+  // hold that number of entries, loading leaves none, sets the position to 0 and fails the archive.
   void Serialize(Archive& archive);
 
  private:

@@ -8,7 +8,7 @@
 namespace quillkit {
 namespace {
 
-// The last assigned number. Each book and each load of models has its own.
+// The last assigned number. Each book has a number of its own, and each load of models a range.
 std::uint32_t lastReference = 0;
 
 // Assigns `count` new numbers and returns the first.

@@ -98,7 +98,7 @@ std::int32_t CPrinterAB::Overwrite(Status changed, std::string_view name,
   return 1;
 }
 
-// Returns whether the list is full, and then records code 24.
+// Returns whether 256 printers are in memory. If so, records code 24.
 bool CPrinterAB::IsFull() const {
   if (PrinterCount() < MaxPrinters) return false;
   TheAgent.SetError(kBookFull);

@@ -113,9 +113,9 @@ class CPrivEmailAB : public RootObject, private ListSet<CPrivEmailDL> {
   CPrivEmailDL* SetListAt(std::int32_t index, CPrivEmailDL* list);
 
   // Creates the list and its members on the server; the caller keeps `list`. With `reload`, then
-  // reads the lists again, even after a failure. Returns whether the creation of the last member
-  // (or of the list, if it has none or fails) returned 0; the status of the reload is ignored. With
-  // 100 lists in the copy it records code 24, returns false and makes no call.
+  // reads the lists again, even after a failure. Returns whether the last creation returned 0: that
+  // of the last member, or of the list if it is refused or has no members. The status of the reload
+  // is ignored. With 100 lists in the copy it records code 24, returns false and makes no call.
   bool AddList(CPrivEmailDL* list, std::int32_t reload);
 
   // The same, and adds `list` at the end of the copy, which then owns it, even if a member is

@@ -41,6 +41,7 @@ std::int32_t CPrivEmailAB::AddListLocal(CPrivEmailDL* list) {
   return Append(std::unique_ptr<CPrivEmailDL>(list));
 }
 
+// Returns whether the copy has 100 lists. If so, records code 24.
 bool CPrivEmailAB::RecordsFullLists() const {
   if (ListsAreFull()) TheAgent.SetError(kBookFull);
   return ListsAreFull();

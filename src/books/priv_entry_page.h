@@ -32,9 +32,9 @@ class CPrivEntryPage : public CEntryPage {
   // Restores the state after construction, but keeps the book.
   void Reset();
 
-  // Reads as many entries as the page counts, starting after `startKey`. Keeps what was delivered
-  // only if the status is 0: any other, including 21 (the book has more), leaves no entries.
-  // Returns the status; or -1 and makes no call if the page counts no entries.
+  // Reads up to Count() entries, starting after `startKey`. Keeps what was delivered only if the
+  // status is 0: any other, including 21 (the book has more), leaves no entries. Returns the
+  // status; or -1 and makes no call if Count() is 0.
   // Server calls: IMSPReadAB.
   Status Load(std::string_view startKey, std::int32_t direction);
 

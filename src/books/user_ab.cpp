@@ -102,6 +102,7 @@ bool CUserAB::ReloadAfter(Status changed, std::int32_t reload, CUserRecord* reco
   return LoadAfterChange(changed, reload, load) == kNoError;
 }
 
+// Returns whether 4096 accounts are in memory. If so, records code 24.
 bool CUserAB::IsFull() const {
   if (users.Count() < MaxUsers) return false;
   TheAgent.SetError(kBookFull);

@@ -41,9 +41,8 @@ class CUserRecord : public CUserEntry {
   CUserAB* Owner() const { return owner; }
   int SetOwner(CUserAB* newOwner);  // returns 1
 
-  // Returns the scanner whose access methods reach the account's private book: the owner's scanner,
-  // one that refuses everything if the owner has none, or the route of the session without an
-  // owner.
+  // Returns the scanner whose access methods reach the account's private book: the owner's scanner;
+  // if the owner has none, one that refuses everything; without an owner, the route of the session.
   const CScanner& Route() const;
 
   // Returns whether the latest SerializeWithBook found another user's section.
@@ -79,8 +78,8 @@ class CUserRecord : public CUserEntry {
   void LoadPrivateLists();
 
   // Empties the private book on the server and writes the one in memory back: restore only a book
-  // that was read completely. Returns 1; or 0 at the first failure, or without a book. If the
-  // book does not exist on the server, EmptyOnServer returns 4 or 3: 4 is no failure, 3 is one.
+  // that was read completely. Returns 1; or 0 at the first failure, or without a book. If the book
+  // does not exist on the server, EmptyOnServer returns 4 or 3: 4 is no failure, 3 is one.
   // Server calls: IMSPReadEntryProperties for the account, then those of
   // CPrivEmailAB::EmptyOnServer and WriteBack.
   //

@@ -82,7 +82,7 @@ class CAgent : public RootObject {
   //   `loadPrivateBook`  Nonzero: finally runs CUserRecord::LoadPrivateBook; its result is ignored.
   // A refused login changes nothing else except IsConnected(), which is then 0. After a later
   // failure the session is open, and the new scanner is in the list if the keep-alive started: the
-  // caller logs out. An earlier scanner of the same address is deleted.
+  // caller must log out. An earlier scanner of the same address is deleted.
   // Server calls: IMSPLogin; IMSPIOCtl 6 unless the keep-alive runs; IMSPReadEntryProperties on
   // USERSAB; then those of LoadPrivateBook.
   Status Login(CUserRecord* user, CScanner* target, std::string& third,
@@ -97,7 +97,7 @@ class CAgent : public RootObject {
   // user is still that of an earlier login.
   //   A refused login returns the status of IMSPLogin and leaves IsConnected() unchanged.
   //   If the period of the keep-alive cannot be read, its status is returned. The session is then
-  //   open, IsConnected() is 1, and no scanner is added: the caller logs out.
+  //   open, IsConnected() is 1, and no scanner is added: the caller must log out.
   //   An accepted record with address 0 returns 0 and adds an empty scanner that is not bound.
   // Server calls: IMSPLogin; IMSPIOCtl 6 unless the keep-alive runs.
   Status LoginByRecord(LoginRecord* login, std::string& identity);

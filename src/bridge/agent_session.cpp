@@ -23,7 +23,7 @@ struct LoginReply {
   Identity Fields() const { return ParseIdentity(Text()); }
 
   Status status = kNoError;
-  std::array<char, kCapacity + 1> text = {};  // the last NUL is out of the server's reach
+  std::array<char, kCapacity + 1> text = {};  // the server cannot overwrite the last NUL
 };
 
 LoginReply SendLogin(CAgent* agent, LoginRecord* login) {
@@ -150,7 +150,8 @@ Status CAgent::ModifyUser(CUserRecord* user) {
   return IMSPModifyEntry(&book, &key, &sent);
 }
 
-// Makes `user` the current one, with the record from the server; none on failure.
+// Makes a copy of `user` the current user and reads its record from the server. If the read fails,
+// there is no current user. Returns the status of the read.
 Status CAgent::AdoptUser(const CUserRecord& user, std::int32_t loadPrivateBook) {
   auto adopted = std::make_unique<CUserRecord>();
   adopted->SetFrom(nullptr, user);

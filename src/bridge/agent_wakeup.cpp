@@ -17,7 +17,7 @@ void SendKeepAlive() {
   if (wakeup != nullptr) wakeup();
 }
 
-// What the timer runs.
+// The routine of the timer.
 void OnWakeupTimer() {
   if (keepAliveSender != nullptr) {
     keepAliveSender(SendKeepAlive);
@@ -39,7 +39,7 @@ Status CAgent::StartWakeup() {
   const Status status = IMSPIOCtl(&request);
   if (status != kNoError) return status;
   const std::uint32_t period = request.value >> 1;
-  const TimerId earlier = wakeupTimer;  // a period of 0 means no timer
+  const TimerId earlier = wakeupTimer;  // still runs if its period was 0
   wakeupTimer = StartThreadTimer(period, OnWakeupTimer);
   wakeupPeriod = period;  // only now: the allocation of the timer may fail
   if (earlier != 0) StopThreadTimer(earlier);

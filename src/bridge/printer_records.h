@@ -65,8 +65,8 @@ struct PrinterRecord {
   bool IsValid() const;
   void Terminate();
 
-  // printerName, printerModel, description, isDefault. Loading cuts a text at the end of its field,
-  // and keeps the local fields.
+  // printerName, printerModel, description, isDefault. Loading truncates a text to its field and
+  // keeps the local fields.
   void Serialize(Archive& archive);
 };
 

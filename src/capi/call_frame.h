@@ -85,7 +85,7 @@ class TextArgument {
   const char* text;
 };
 
-// The targets of results: a number and a text.
+// An argument that receives a number.
 class NumberResult {
  public:
   explicit NumberResult(std::uint32_t* newTarget) : target(newTarget) {}
@@ -95,7 +95,7 @@ class NumberResult {
 
   std::uint32_t* Target() const { return target; }
 
-  // Returns 1.
+  // Stores the number. Returns 1.
   std::int32_t Take(std::uint32_t number) const {
     *target = number;
     return 1;
@@ -105,6 +105,7 @@ class NumberResult {
   std::uint32_t* target;
 };
 
+// An argument that receives a text.
 class TextResult {
  public:
   TextResult(char* newBuffer, std::uint32_t* newSize) : buffer(newBuffer), size(newSize) {}
@@ -114,7 +115,8 @@ class TextResult {
   }
   const TextResult& Value() const { return *this; }
 
-  // Returns 1, or QUILL_E_BUFFER.
+  // Stores the size that the text needs, with its NUL, and the text. Returns 1; or QUILL_E_BUFFER,
+  // without the text, if the buffer is too small.
   std::int32_t Take(const char* text) const {
     const std::size_t needed = std::strlen(text) + 1;
     const bool fits = needed <= *size;
@@ -129,7 +131,8 @@ class TextResult {
   std::uint32_t* size;
 };
 
-// The target of a handle, 0 until Take. The object belongs to the parent or to the application.
+// An argument that receives a handle. It is 0 until one is stored. `newParent` is the handle of the
+// object that the stored one belongs to, or 0.
 class HandleResult {
  public:
   explicit HandleResult(quill_handle* newTarget, quill_handle newParent = 0)
@@ -140,7 +143,7 @@ class HandleResult {
   std::int32_t Check() const { return target != nullptr ? 0 : QUILL_E_ARGUMENT; }
   const HandleResult& Value() const { return *this; }
 
-  // Returns 1, or 0 for null.
+  // Stores the handle of an object of the library. Returns 1, or 0 for null.
   template <class Object>
   std::int32_t Take(Object* object) const {
     return TakeUnder(usualParent, object);
@@ -150,7 +153,8 @@ class HandleResult {
     return Enter(object, parent, false);
   }
 
-  // The same, for an object that the application owns from now on.
+  // The same, for an object that the application owns from now on. Destroys the object if memory
+  // for the handle cannot be allocated.
   template <class Object, class Destroy>
   std::int32_t TakeForApplication(Object* object, Destroy destroy) const {
     std::unique_ptr<Object, Destroy> held(object, destroy);

@@ -17,8 +17,8 @@ constinit int depth = 0;  // of the thread that holds the lock
 // A keep-alive that waits for the lock.
 constinit std::atomic<KeepAlive> owed = nullptr;
 
-// Sends a waiting keep-alive unless another thread holds the lock. That thread sends it after it
-// has released the lock.
+// Sends a waiting keep-alive unless another thread holds the lock. In that case, the other thread
+// sends it after it has released the lock.
 void SendOwed() {
   while (owed.load() != nullptr && door.try_lock()) {
     ++depth;

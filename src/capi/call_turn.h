@@ -10,9 +10,9 @@ namespace quillkit::capi {
 // The turn of one call, from construction to destruction. The constructor waits while another
 // thread is inside the library. If Fault() is not 0, the call has no turn and must do nothing.
 //
-// A keep-alive that is due while the call of another thread is inside is sent at the end of that
-// call. The thread of the keep-alive does not wait, so its windows stay responsive during an import
-// on another thread.
+// If a keep-alive is due while another thread is inside the library, that thread sends it at the
+// end of its call. The thread of the keep-alive does not wait, so its windows stay responsive
+// during an import on another thread.
 class CallTurn {
  public:
   CallTurn();

@@ -20,7 +20,7 @@ std::int32_t RemoveKey(CTopLevelAB* book, CSoftKey* key) {
 }
 
 std::int32_t WriteKey(CTopLevelAB* book, CSoftKey* key) {
-  // The cached key would also get the book of `key` as its owner.
+  // Otherwise items would move from a key of another book into this one.
   if (!Handles().IsUnder(key, book)) return QUILL_E_OWNER;
   const CSoftKey* written = NamesakeOf(book, key);
   ScopeExit end([=] {

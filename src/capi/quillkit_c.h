@@ -62,7 +62,8 @@
 //   item     quill_get_item_at               Owned by the key. Ends with the key; with
 //                                            quill_set_item_at, quill_remove_item_at and the
 //                                            quill_fast_item_ functions if they succeed; with
-//                                            quill_add_, modify_, rename_ and delete_menu_item if
+//                                            quill_add_menu_item, quill_modify_menu_item,
+//                                            quill_rename_menu_item and quill_delete_menu_item if
 //                                            `reload` is set, even if they fail; and with
 //                                            quill_fast_key_modify if it moves items from one key
 //                                            to another, for the items of both.
@@ -73,23 +74,26 @@
 //                                            leaves a user connected. No function accepts it.
 //
 // Text. 8-bit characters without a character set, NUL-terminated. The library copies a text
-// argument before use. Null yields QUILL_E_ARGUMENT unless stated otherwise. A text result is
-// copied into `buffer`, which holds `*size` bytes: returns 1. If the text does not fit, the buffer
-// is unchanged: returns QUILL_E_BUFFER. Both store the size of the text with its NUL, in bytes, in
-// `*size`. To ask for the size, pass a null buffer and a size of 0.
+// argument before use. Null yields QUILL_E_ARGUMENT unless stated otherwise. A function with a text
+// result copies it into `buffer`, which holds `*size` bytes, and returns 1. If the text does not
+// fit, it leaves the buffer unchanged and returns QUILL_E_BUFFER. In both cases it stores the size
+// of the text with its NUL, in bytes, in `*size`. To ask for the size, pass a null buffer and a
+// size of 0.
 //
 // Names. A key or item has a name of at most 31 characters. quill_create_soft_key and the functions
 // that change the server do not check that: they send a longer name as the empty name.
 //
 // Numbers. Signed 32-bit unless stated otherwise. A flag is a number; nonzero means yes.
 //
-// Results. Every function returns a number. With an invalid argument it does nothing and returns a
-// QUILL_E_ value, -1001 or below. The other results have four styles:
+// Results. Every function except quill_version and quill_error_text returns a number. With an
+// invalid argument it does nothing and returns a QUILL_E_ value, -1001 or below. The other results
+// have four styles:
 //
 //   Status   0 on success, otherwise a server code, or a local code from -1 to -11
 //   count    the new number of objects, or -1 on failure
 //   index    zero-based, or -1 if not found
-//   1 or 0   1 on success. In all other cases, also after an error, a handle result is 0
+//   1 or 0   1 on success. In all other cases, also after an error, a handle result is 0, unless
+//            stated otherwise
 //
 // Errors of the server. Use quill_get_last_toolkit_error and quill_translate_toolkit_error. The
 // QUILL_E_ values are never recorded there. Local codes: -1 not connected, invalid argument, or no
@@ -206,12 +210,13 @@ QUILL_API int32_t quill_get_top_level_abook(quill_handle scanner, quill_handle* 
 QUILL_API int32_t quill_get_count(quill_handle book);
 
 // Replaces the cached keys by those of the server, with their items if `with_items` is set. Returns
-// a status; after any other than 0, no keys are cached. A key loaded without items has no cached
-// items, and only quill_get_db_item_count can reach its items on the server.
+// a status; after a status other than 0, no keys are cached. A key loaded without items has no
+// cached items, and only quill_get_db_item_count can reach its items on the server.
 QUILL_API int32_t quill_load_top_level_abook(quill_handle book, int32_t with_items);
 
-// Add a key to the server, delete a key and its items, and write the entry of the key with the name
-// of `key`. Return a status. quill_add_key returns 24 if 11 keys are cached.
+// Change keys on the server: quill_add_key adds a key, quill_delete_key deletes a key and its
+// items, quill_modify_key writes the entry of the key with the name of `key`. Return a status;
+// quill_add_key returns 24 if 11 keys are cached.
 QUILL_API int32_t quill_add_key(quill_handle book, const char* name, int32_t reload);
 QUILL_API int32_t quill_delete_key(quill_handle book, const char* name, int32_t reload);
 QUILL_API int32_t quill_modify_key(quill_handle book, quill_handle key, int32_t reload);
@@ -247,15 +252,15 @@ QUILL_API int32_t quill_fast_key_rename(quill_handle book, const char* old_name,
 // ---------------------------------------------------------------------------------------------
 
 // Creates a key with a name of any length and 512 blank items, owned by the application. Stores its
-// handle in `*key` in every case. Returns 1, or 0 if the items cannot be allocated or `book` is 0;
-// the key then has no name and no items.
+// handle in `*key` even if it returns 0. Returns 1. Returns 0 if the items cannot be allocated; the
+// key then has no items. Returns 0 also if `book` is 0; the key then has no name and no items.
 QUILL_API int32_t quill_create_soft_key(const char* name, quill_handle book, quill_handle* key);
 
 // Destroys a key that quill_create_soft_key made. Returns 1, or QUILL_E_OWNER for any other key.
 QUILL_API int32_t quill_destroy_soft_key(quill_handle key);
 
-// Stores the handle of the cached key `name` if the server can read its items. Returns 1, or 0. The
-// cached key is unchanged.
+// Stores the handle of the cached key `name` if its items can be read from the server. Returns 1,
+// or 0. The cached key is unchanged.
 QUILL_API int32_t quill_load_items(quill_handle book, const char* name, quill_handle* key);
 
 // quill_get_key_name copies the name of the key. quill_is_soft_key_empty returns 1 if it has no

@@ -34,7 +34,7 @@ void EndSession() {
   Handles().EndAll(HandleKind::kScanner);
 }
 
-// If a user is connected after a failure, no server call was made and no object has ended.
+// If a user is connected after a failure, no server call was made and no object was destroyed.
 // Otherwise the library may have destroyed the scanner of this address, and it is unknown which one
 // that is.
 std::int32_t OpenSession(const HandleResult& scanner, const std::string& host,

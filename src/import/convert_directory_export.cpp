@@ -17,8 +17,9 @@ constexpr std::string_view kEntryMark = "dn:";
 constexpr std::string_view kNameMark = "cn:";
 constexpr std::string_view kAddressMark = "mail:";
 
-// Returns whether kEntryMark begins at one of the eight characters from `at` on; two more follow
-// them. Compares all eight at once: a byte of `differences` is zero where the mark begins.
+// Returns whether kEntryMark begins at one of the eight characters from `at` on. Compares all eight
+// at once: a byte of `differences` is zero where the mark begins.
+// REQUIRES: two more characters follow the eight.
 bool BeginsInEight(const char* at) {
   constexpr std::uint64_t kOnes = 0x0101010101010101;
   std::uint64_t differences = 0;

@@ -53,7 +53,7 @@ class DirectoryEntry {
     std::string_view Value() const { return {value.data(), size}; }
 
    private:
-    std::array<char, 255> value = {};  // as wide as the widest
+    std::array<char, 255> value = {};  // large enough for an address
     std::size_t size = 0;
     bool isSeen = false;
   };

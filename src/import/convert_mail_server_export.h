@@ -26,7 +26,7 @@ std::int32_t ConvertMailServerExport(ConversionJob job);
 
 // The parts of a row. Missing parts are null.
 struct MailServerRow {
-  bool isMailbox = false;  // whether the row counts
+  bool isMailbox = false;  // whether the first field is the word Mailbox
   std::string_view name;   // also null in a row that ends with its name
   std::string_view address;
 };

@@ -15,7 +15,7 @@ namespace {
 
 constexpr const char* kScriptPrefix = "QK7";
 
-// Makes the server run the script, under the wait cursor.
+// Makes the server run the script. Shows the wait cursor meanwhile.
 std::int32_t SubmitImportScript(const CScanner* scanner, const std::string& script) {
   BeginWaitCursor();
   const std::int32_t result = scanner != nullptr ? scanner->RunBatch(script) : kRefused;

@@ -32,9 +32,10 @@ inline constexpr std::int32_t TargetUsers = 4;     // name, password, third fiel
 struct ImportOptions {
   // Delimited only. Nonzero: the first line that is not empty is a header and is skipped.
   std::int32_t skipHeader;
-  // Nonzero: the script begins with a command that clears the book. Ignored unless "ADMINISTRATOR"
-  // is connected, for a ready-made script, and for a delimited file with an unknown target. For the
-  // directory and mail-server formats the command names no book; its effect is up to the server.
+  // Nonzero: the script begins with a command that clears the book. Ignored if "ADMINISTRATOR" is
+  // not connected, if the file is a ready-made script, and if it is delimited and its target is
+  // unknown. For the directory and mail-server formats the command names no book; its effect is up
+  // to the server.
   std::int32_t clearFirst;
   // One of the four formats above.
   std::uint32_t format;

@@ -8,15 +8,14 @@
 
 namespace quillkit {
 
-// Returns the next field of a text, like strtok. A `text` that is not null starts a new splitting;
-// null continues the current one. A field ends at the next separator outside double quotes, which
-// becomes a NUL, or at the end of the text. Two adjacent separators have an empty field between
-// them. Quotes stay in the field. If the separator is the double quote, a field ends at the next
-// double quote.
+// Returns the next field of a text, like strtok: pass the text for its first field, then null for
+// each further one. A field ends at the next separator outside double quotes, which becomes a NUL,
+// or at the end of the text. Two adjacent separators have an empty field between them. Quotes stay
+// in the field. If the separator is the double quote, a field ends at the next double quote.
 //
-// Returns null after the last field. Also returns null for a field with an unclosed quote: the text
-// is unchanged and the splitting ends. The process has one position: only one splitting can be
-// active at a time.
+// Returns null after the last field. Also returns null for a field with an unclosed quote, which
+// stays unchanged, and for all fields after it. The process has one position: only one text can be
+// split at a time.
 TextSpan NextQuotedField(char* text, char separator);
 
 // Removes every occurrence of `removed` and moves the following text down. Returns the remaining

@@ -68,9 +68,9 @@ class PrivateList : public ServerList<CEmailEntry, BookClass, BookKind::kPrivate
   std::int32_t AddLocal(CEmailEntry* entry);
   std::int32_t AddLocalUnlimited(CEmailEntry* entry);
 
-  // AddLocalUnlimited, and then looks the entry up in the private book, whose entries it reads if
-  // none are in memory. Changes the flags of `*entry`: to 1 if the book has an entry of this name
-  // and address, to 0 if the book was read and has no entry of this name.
+  // As AddLocalUnlimited, but looks the entry up in the private book before it appends it. Reads
+  // the book's entries if none are in memory. Changes the flags of `*entry`: to 1 if the book has
+  // an entry of this name and address, to 0 if the book was read and has no entry of this name.
   std::int32_t AddLocalChecked(CEmailEntry* entry);
 
   // Replace the member of the entry's name. RenameLocal then sets its name to `key`. Return 1; 0 if

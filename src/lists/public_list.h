@@ -41,7 +41,7 @@ class PublicList : public ServerList<Entry, BookClass, kListKind> {
   // Drops the members in memory and deletes the list on the server under the long time-out. Stops
   // at the first status that is not 0 and returns it: if the list cannot be deleted, the server
   // keeps the long time-out. Without a book returns -1, after the members were dropped.
-  // Server calls: CAgent::SetServerTimeout, IMSPDeleteAB, CAgent::SetServerTimeout.
+  // Server calls: those of CAgent::SetServerTimeout, IMSPDeleteAB, those of SetServerTimeout.
   Status DestroyList() override;
 
   // Drops the members in memory and empties the list on the server under the long time-out, through
@@ -50,7 +50,7 @@ class PublicList : public ServerList<Entry, BookClass, kListKind> {
   Status ClearMembers();
 
   // Replace the member of the entry's name; `key` is the name on the server. Return the count; -1
-  // also if the changed member is not in memory.
+  // also if the changed member is not in memory. Server calls: IMSPModifyEntry.
   std::int32_t ModifyLocal(Entry* entry) { return Show(Access().Modify(entry), *entry); }
   std::int32_t RenameLocal(std::string_view key, Entry* entry) {
     return Show(Access().Rename(key, entry), *entry);

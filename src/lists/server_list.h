@@ -49,7 +49,8 @@ class ServerList : public DistributionList<Entry> {
     return ReloadAfter(Access().Create(entry), reload);
   }
 
-  // Change the member that the entry names, or `key`. Server calls: IMSPModifyEntry.
+  // ModifyMember replaces the member that the entry names, RenameMember the member `key`.
+  // Server calls: IMSPModifyEntry.
   Status ModifyMember(Entry* entry, std::int32_t reload) override {
     return ReloadAfter(Access().Modify(entry), reload);
   }
@@ -61,12 +62,12 @@ class ServerList : public DistributionList<Entry> {
   Status RemoveMember(Entry* entry, std::int32_t reload) override;
 
   // Append the entry. Return the new count. With 512 members, record code 24, return -1 and make no
-  // call. AddLocalUnlimited is the same as AddLocal.
+  // call. AddLocalUnlimited is the same as AddLocal. Server calls: IMSPCreateEntry.
   std::int32_t AddLocal(Entry* entry);
   std::int32_t AddLocalUnlimited(Entry* entry) { return AddLocal(entry); }
 
-  // Returns the new count; -1 also if the removed member is not in memory; 0 for a list without
-  // members.
+  // Removes the member that the entry names. Returns the new count; -1 also if the removed member
+  // is not in memory; 0 for a list without members. Server calls: IMSPDeleteEntry.
   std::int32_t RemoveLocal(Entry* entry);
 
  protected:

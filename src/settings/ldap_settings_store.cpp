@@ -19,7 +19,7 @@ std::string KeyPath(const char* profile) {
   return path;
 }
 
-// Reports a failed change and returns the result of it.
+// Reports a failed change. Returns 0.
 int Failed(SettingsStatus status, const char* label) {
   ReportRegistryError(status, kSettingsFailedText, label);
   return 0;

@@ -43,8 +43,8 @@ class CSoftKey {
 
   // Reads up to 512 items of the key `name`, starting after `firstName`. Returns the status of the
   // read. A missing or empty book, or a failure that delivers nothing, returns 0 and leaves no
-  // items. With 21 and any other failure, the key holds what was delivered: 512 blank items if the
-  // server left the count unchanged. Returns -1 and makes no call without an owner (no change),
+  // items. After 21 or any other failure, the key holds what was delivered, or 512 blank items if
+  // the server left the count unchanged. Returns -1 and makes no call without an owner (no change),
   // without memory (name and owner are set, the items are released), and without a scanner (512
   // blank items). Server calls: IMSPReadAB.
   Status Load(const std::string& name, CTopLevelAB* newOwner, std::string_view firstName,
@@ -127,9 +127,9 @@ class CSoftKey {
   // -1 for an empty key. Server calls: IMSPModifyEntry for each item.
   Status SaveAllItems();
 
-  // First releases the cached items, in both directions. Loading reads the count, the search
-  // pattern and the items, without needing an owner; name and owner stay. Storing therefore writes
-  // a count of 0 and the pattern.
+  // The count, the search pattern and the items. First releases the cached items, also when it
+  // stores: storing always writes a count of 0 and the pattern. Name and owner are not stored and
+  // stay unchanged. Loading needs no owner.
   void Serialize(Archive& archive);
 
  private:

@@ -28,7 +28,8 @@
 //                                          to the same address; Logout keeps it.
 //   CTopLevelAB*  GetTopLevelAbook         Owned by the scanner. Valid as long as the scanner.
 //   CSoftKey*     GetKeyAt, LoadItems      Owned by the book. Valid until the book is loaded again,
-//                                          by LoadTopLevelAbook or a change of keys with `reload`.
+//                                          by LoadTopLevelAbook or a change of keys with `reload`,
+//                                          or until FastKeyRemove removes the key.
 //                 CreateSoftKey            Owned by the application. Valid until DestroySoftKey.
 //                                          After its book is destroyed, use it only for functions
 //                                          without server calls.
@@ -136,7 +137,7 @@ extern "C" {
 // keeps one until Logout, Exit or the next login. Wiping `password` is up to the application.
 //
 // Server calls: IMSPLogin; IMSPIOCtl 6 unless the keep-alive runs; IMSPReadEntryProperties on
-// USERSAB; then those of LoadTopLevelAbook.
+// USERSAB; with `loadTopBook`, then those of LoadTopLevelAbook with items.
 QUILLKIT_API CScanner* LogToQuillbox(const std::string& host, const std::string& user,
                                      const std::string& password, const std::string& third,
                                      std::int32_t loadTopBook);
@@ -197,9 +198,9 @@ QUILLKIT_API std::int32_t GetCount(CTopLevelAB* book);
 
 // Replaces the cached keys by those of the server, with their items if `withItems` is set. All
 // handles of keys that the book owns become invalid. Returns the status of the listing, 0 if there
-// are no keys. After any other status, also with more than 11 keys on the server, no keys are
-// cached. If the items of a key cannot be read, the key has those that were delivered. A key loaded
-// without items has no cached items, and only GetDBItemCount can reach its items on the server.
+// are no keys. After a status other than 0, such as 21 for more than 11 keys, no keys are cached.
+// If the items of a key cannot be read, the key has those that were delivered. A key loaded without
+// items has no cached items, and only GetDBItemCount can reach its items on the server.
 // Server calls: IMSPListABEntries; with items, IMSPReadAB for each key, whose status is ignored.
 QUILLKIT_API std::int32_t LoadTopLevelAbook(CTopLevelAB* book, std::int32_t withItems);
 
@@ -231,8 +232,8 @@ QUILLKIT_API CSoftKey* GetKeyAt(CTopLevelAB* book, std::int32_t index);
 QUILLKIT_API std::int32_t FindSoftKeyIndex(CTopLevelAB* book, const std::string& name);
 
 // Adds a key with the name of `key` to the server and, without items, to the cache. `key` stays
-// owned by the application. Returns the new count, or -1 on failure; at 11 cached keys with no
-// server call and nothing recorded.
+// owned by the application. Returns the new count, or -1 on failure; at 11 cached keys it records
+// nothing and makes no server call.
 // Server calls: IMSPCreateEntry.
 QUILLKIT_API std::int32_t FastKeyAdd(CTopLevelAB* book, CSoftKey* key);
 
@@ -261,17 +262,17 @@ QUILLKIT_API std::int32_t FastKeyRename(CTopLevelAB* book, const std::string& ol
 
 // Creates a key with a name of any length, owned by the application. It has 512 blank items until a
 // plain function with `reload` has read it. Stores the key in `*key` in every case. Returns nonzero
-// on success. Returns 0 if the items cannot be allocated, or if `book` is null; the key then has no
-// name and no items. No server call.
+// on success. Returns 0 if the items cannot be allocated; the key then has no items. Returns 0 also
+// if `book` is null; the key then has no name and no items. No server call.
 QUILLKIT_API std::int32_t CreateSoftKey(const std::string& name, CTopLevelAB* book, CSoftKey** key);
 
 // Destroys a key that CreateSoftKey made. Ignores null. No server call.
 QUILLKIT_API void DestroySoftKey(CSoftKey* key);
 
 // Reads the items of the key `name` from the server and discards them: the cached key is unchanged.
-// Returns the cached key, or null if there is none, or if the read failed after it delivered some
-// items. If the read fails without delivering items, the key is treated as empty; check
-// GetLastToolkitError.
+// Returns the cached key; null if there is none, or if the read delivers items with a status other
+// than 0 and 4, such as 21 for more than 512. If the read fails without delivering items, the key
+// is treated as empty; check GetLastToolkitError.
 // Server calls: IMSPReadAB.
 QUILLKIT_API CSoftKey* LoadItems(CTopLevelAB* book, const std::string& name);
 
@@ -284,8 +285,8 @@ QUILLKIT_API std::int32_t IsSoftKeyEmpty(CSoftKey* key);
 // Returns the number of cached items. No server call.
 QUILLKIT_API std::int32_t GetItemCount(CSoftKey* key);
 
-// Stores the number of items on the server in `*count` on success. Returns a status. Works on every
-// key.
+// Stores the number of items on the server in `*count` on success. Returns a status. Works also on
+// a key loaded without items.
 // Server calls: IMSPSizeofAB.
 QUILLKIT_API std::int32_t GetDBItemCount(CSoftKey* key, std::uint32_t* count);
 
@@ -395,11 +396,11 @@ QUILLKIT_API std::int32_t SetSettings(CMenuItem* item, std::uint32_t value);
 //   Any other status is the server's. What the script did before the error remains, and the
 //   server's time-out stays at an hour.
 //
-// The temporary file is readable by the user only, and is written through the handle that created
-// it: on POSIX no link can redirect it. On Windows the system creates and closes it, and the
-// library opens it again without write sharing. The server opens it by name. If other users can
-// rename files in the folder for temporary files, they can make the server run another script: use
-// a safe folder.
+// On POSIX only the user can read the temporary file, and the library writes it through the
+// descriptor that created it, so that no link can redirect it. On Windows the folder determines who
+// can read it; the system creates and closes it, and the library opens it again without write
+// sharing. The server opens it by name. If other users can rename files in the folder for temporary
+// files, they can make the server run another script: use a safe folder.
 //
 // The temporary file is deleted after the attempt to run it, also if that fails. It remains after
 // -11, after a failed conversion, and if an allocation fails.

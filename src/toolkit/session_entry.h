@@ -26,8 +26,8 @@ int BuildUserRecord(CUserRecord* record, const std::string& user, const std::str
 // login sends IMSPLogout and ends the session of an earlier user.
 CScanner* ConnectToAppliance(const std::string& host, CUserRecord* user, std::int32_t loadTopBook);
 
-// Initialises `scanner` with the host's name, as given, and its address, and stores the address.
-// Returns 1, or 0 in the first two cases of ConnectToAppliance.
+// Initialises `scanner` with the host's name, as given, and its address. Stores the address in
+// `*address` too. Returns 1, or 0 in the first two cases of ConnectToAppliance.
 int ResolveHostName(const std::string& host, CScanner* scanner, std::uint32_t* address);
 
 // Returns the address of a host name, which may begin with one or two slashes or backslashes, or 0

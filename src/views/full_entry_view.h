@@ -55,7 +55,8 @@ class CFullEntryView : public CEntryView {
 
   // Return the status of the change; with `reload`, after a 0, that of the read, which may be 4 or
   // 21. Return -1 without a book. Add returns -1 with no call if the view holds 512 entries.
-  // Server calls: EntrySource's AddEntry, DeleteEntry, ModifyEntry, RenameEntry.
+  // Server calls: those of EntrySource's AddEntry, DeleteEntry, ModifyEntry or RenameEntry; then
+  // IMSPReadAB if `reload` is set.
   Status Add(CEmailEntry* entry, std::int32_t reload) override;
   Status Remove(CEmailEntry* entry, std::int32_t reload) override;
   Status Modify(CEmailEntry* entry, std::int32_t reload) override;

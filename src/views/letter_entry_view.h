@@ -33,8 +33,8 @@ class CLetterEntryView : public CEntryView {
   // too. While the page is empty, the other operations of navigation return null.
   CEmailEntry* First() override;
 
-  // Returns the last entry of the book's last letter. The next step to another letter starts from
-  // the letter before this call.
+  // Returns the last entry of the book's last letter. The next step to another letter still starts
+  // from the letter at which the view was before this call.
   CEmailEntry* Last() override;
 
   // Make no call inside the letter, and one read at its ends. Past the book's last letter, or

@@ -46,7 +46,7 @@ class CSlidingEntryView : public CEntryView {
   CEmailEntry* Prev() override;
 
   // Returns null for an index outside the book. Returns the entry at the old position if the census
-  // or the read has no entry at this index, or if the census is read and has more than 128 letters.
+  // or the read has no entry at this index, or if this call reads a census of over 128 letters.
   // Server calls: IMSPSizeofAB, IMSPReadPageBoundaries the first time, one IMSPReadAB for the name
   // at the index, and at most three for the span around it.
   CEmailEntry* GetAt(std::int32_t index) override;
@@ -73,7 +73,7 @@ class CSlidingEntryView : public CEntryView {
   CEmailEntry* FindNextPrefix() override { return FindNext(0); }
 
   // Reads only the letter's entries into the span; later steps past its ends leave the letter.
-  // Returns null, with an empty span, if the book has no such letter. NUL and '*' mean any letter.
+  // Returns null, with an empty span, if the book has no such letter. NUL means any letter.
   CEmailEntry* FindLetter(char letter) override;
 
   // With a flag of 1 they change the server first; if that fails, they return its status. Otherwise

@@ -79,8 +79,8 @@ struct Arguments {
   }
 };
 
-// What a method needs for its call, besides an agent: an address of the scanner; a count; a count
-// other than 0; and also a buffer.
+// What a method needs for its call besides an agent, in the order of the names: nothing; an address
+// of the scanner; a count; a count other than 0; a count other than 0 and a buffer.
 enum class Needs { kAgent, kAddress, kCount, kRoom, kBuffer };
 using enum Needs;
 
@@ -93,7 +93,7 @@ struct Method {
 #define CALL(expression) \
   [](CScanner& on, [[maybe_unused]] Arguments& a) -> Status { return on.expression; }
 
-// Every operation on a book, and every book in one of them.
+// Every operation on books, and every book in at least one of them.
 const Method kMethods[] = {
     {kAgent, "IMSPCreateEntry 16:PRIVATEAB Ann", CALL(PrivateEntries().Create(&a.email))},
     {kAgent, "IMSPReadEntryProperties 2:FAXAB \"\"", CALL(FaxEntries().ReadOne(&a.fax))},
@@ -180,7 +180,7 @@ TEST_F(ScannerCall, IsNotMadeWithoutAnAgentAnAddressOrARequiredArgument) {
     expect("an agent", false, nothing);
     scanner.SetAgent(&TheAgent);
     expect("a buffer", method.needs != kBuffer, [](Arguments& a) { a.hasBuffer = false; });
-    EXPECT_EQ(expect("nothing", true, nothing), Names{method.call});
+    EXPECT_EQ(expect("any omission", true, nothing), Names{method.call});
     if (method.needs >= kCount) expect("a count", false, [](Arguments& a) { a.count = nullptr; });
     if (method.needs >= kRoom) expect("room", false, [](Arguments& a) { a.number = 0; });
     scanner.SetAddress(&kNowhere);
@@ -207,8 +207,8 @@ using Outcomes = std::vector<Outcome>;
 const Outcomes kStops = {{1, kFault, kOld},  {2, kFault, kOld},  {3, kFault, kLong},
                          {4, kFault, kLong}, {5, kFault, kLong}, {5, kNoError, kRestored}};
 
-// The work is done and the time-out restored in every case; the status is that of the work. If the
-// old time-out cannot be read, the long one is not set.
+// The work is done in every case, and the status is that of the work. If the old time-out cannot be
+// read, the long one is not set. It stays set only if one of the two calls after the work fails.
 const Outcomes kRestores = {{4, kNoError, kRestored}, {5, kNoError, kRestored},
                             {5, kFault, kRestored},   {4, kNoError, kLong},
                             {5, kNoError, kLong},     {5, kNoError, kRestored}};
@@ -243,7 +243,7 @@ TEST_F(ScannerCall, FailureHasTheListedEffectOnALongOperation) {
       SimulatorClearFaults();
       SimulatorClearJournal();
       SimulatorFail(nullptr, static_cast<std::int32_t>(failing) + 1, kFault);
-      SimulatorFail("IMSPBatchConfiguration", 1, kNoError);  // the script need not be there
+      SimulatorFail("IMSPBatchConfiguration", 1, kNoError);  // the script need not exist
       EXPECT_EQ(each.run(*box, arguments), expected.status);
       EXPECT_EQ(SimulatorTimeout(), expected.timeout);
       const Names calls = TakeCalls();

@@ -43,7 +43,7 @@ TEST(Archive, StoresTheLengthBeforeATextAndLoadsItAgain) {
                {65534, "\xFF\xFF\xFF\xFE\xFF\0\0"s},
                {70000, "\xFF\xFF\xFF\x70\x11\1\0"s}};
   for (const auto& form : forms) {
-    SCOPED_TRACE(form.length);
+    SCOPED_TRACE("length " + std::to_string(form.length));
     std::string text(form.length, 'a');
     if (!text.empty()) text.back() = '\0';
     const std::string bytes = Stored(text);
@@ -62,7 +62,7 @@ TEST(Archive, LoadsTheCompleteValuesOfATruncatedStream) {
   const std::string front = Stored(number) + Stored(text);
   const std::string bytes = front + Stored("field"s) + Stored(number);
   for (std::size_t length = 0; length <= bytes.size(); ++length) {
-    SCOPED_TRACE(length);
+    SCOPED_TRACE("the first " + std::to_string(length) + " bytes");
     Archive loading(std::string_view(bytes).substr(0, length));
     std::uint32_t first = 1;
     std::string loadedText = "before";
@@ -123,7 +123,7 @@ TEST(ClassRecord, AClassIsDerivedFromItselfAndItsBases) {
   EXPECT_FALSE(derived.IsA(further));
 }
 
-// A scanner and a list of two, as they are stored.
+// The stored forms of the class, of two scanners, and of the list of both.
 const std::string kClass = "\x08"s + "CScanner" + "\1\0\0\0"s;
 const std::string kOne = kClass + "\3one\1\0\0\0\2m1\2v1"s;
 const std::string kTwo = kClass + "\3two\2\0\0\0\2m2\2v2"s;

@@ -27,7 +27,7 @@ class EntryBlockWalk : public testing::TestWithParam<unsigned> {
   }
   std::int32_t Count() const { return static_cast<std::int32_t>(ids.size()); }
 
-  // Does the same to the block and to its model, and compares the results.
+  // Makes the same random change to the block and to its model, and compares the results.
   void Step() {
     const std::int32_t number = Draw(-1, Count() + 1);
     const bool isThere = number >= 0 && number < Count();
@@ -90,12 +90,12 @@ class EntryBlockWalk : public testing::TestWithParam<unsigned> {
 
   std::mt19937 random{GetParam()};
   EntryBlock<Record> block;
-  std::vector<std::int32_t> ids;  // 0 of a blank record
+  std::vector<std::int32_t> ids;  // the model; 0 for a blank record
   std::int32_t skip = 0;
   std::int32_t lastId = 0;
 };
 
-TEST_P(EntryBlockWalk, HoldsTheRecordsOfTheModel) {
+TEST_P(EntryBlockWalk, HoldsTheSameRecordsAsAVectorAfterEachRandomChange) {
   for (int step = 0; step < 400 && !HasFailure(); ++step) {
     SCOPED_TRACE(testing::Message() << "seed " << GetParam() << ", step " << step);
     Step();

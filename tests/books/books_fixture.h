@@ -1,5 +1,5 @@
-// An appliance and one object of every address book, attached to it but not loaded. The private
-// book is that of the account Anna, whose owner is the book of accounts.
+// An appliance, and objects of its e-mail, fax and users' books that are attached to it but not
+// loaded. The private book is that of the account Anna, whose owner is the users' book.
 
 #ifndef QUILLKIT_TESTS_BOOKS_BOOKS_FIXTURE_H_
 #define QUILLKIT_TESTS_BOOKS_BOOKS_FIXTURE_H_
@@ -97,7 +97,8 @@ class BooksTest : public ApplianceTest {
   CUserRecord account;
 };
 
-// A test of the private book, with the account's owner and, as the session's own, without one.
+// A test of the private book. It runs twice: for an account with an owner, and for one without an
+// owner, whose private book is that of the session.
 class PrivateBookTest : public BooksTest, public testing::WithParamInterface<bool> {
  public:
   PrivateBookTest() {

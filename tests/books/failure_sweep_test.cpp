@@ -1,5 +1,5 @@
-// The operations of the books, the lists and the accounts, with every one of their server calls
-// failing in turn, and without a book or an appliance.
+// The operations of the books, the lists and the accounts, with each of their server calls failing
+// in turn, and on objects that are attached to no book.
 
 #include "tests/support/failure_sweep.h"
 
@@ -131,7 +131,7 @@ std::int64_t TakenOver(std::unique_ptr<List>& list, std::int64_t result) {
 const std::string kCreateList =
     "ListAB (ignored), CreateAB, CreateEntry (ignored), CreateEntry (ignored)";
 
-// The calls of a deletion of all entries. The long time-out is restored in any case.
+// The calls of a deletion of all entries. The earlier time-out is restored even if it fails.
 const std::string kClearBook =
     "IOCtl 2 (skips 1), IOCtl 1 (ignored), ClearAB (late), IOCtl 2 (skips 1), IOCtl 1 (ignored)";
 
@@ -144,16 +144,16 @@ std::string LoadLists(const std::string& lists) {
          "Board/), ReadAB (ignored, blanks " + lists + "Board/)";
 }
 
-// The calls that read the list Board for a copy. Code 4 for the size means an empty list; code 21
-// for the members, that none were delivered.
+// The calls that read the list Board for a copy. Code 4 for the size means an empty list. Code 21
+// for the members means here that none were delivered.
 std::string ReadForCopy(const std::string& create, const std::string& copied = "") {
   const std::string empty =
       ": ignored, then " + create + (copied.empty() ? "" : ", loses ") + copied;
   return "SizeofAB (4" + empty + "), ReadAB (21" + empty + "), ";
 }
 
-// The rows that the public and the private e-mail book share: they change the server alone. `book`
-// and `list` are the names in the journal.
+// The rows that the public and the private e-mail book share. They call the server and leave memory
+// unchanged. `book` and `list` are the names in the journal.
 template <auto On>
 Operations ServerOperations(const std::string& book, const std::string& list) {
   return {
@@ -398,7 +398,7 @@ Operations PrinterOperations() {
 
 Operations UserOperations() {
   const std::string reload = ", ReadAB (ignored, loses account/)";
-  // The reload detaches the private book from the record.
+  // The reload detaches the private book from the record, so the stage starts without it.
   const auto dropBook = [](Stage& on) { delete on.user.DetachPrivateBook(); };
   return {
       CALL(on.users.Load(), kFlag, "ReadAB (loses account/; 4: ends, loses account/)"),

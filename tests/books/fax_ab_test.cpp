@@ -1,4 +1,4 @@
-// The fax book: its entries in memory, its limit, its walk and searches, and its stream form.
+// The fax book: its entries in memory, its iteration and searches, and its stream form.
 
 #include "base/archive.h"
 #include "tests/books/books_fixture.h"
@@ -113,7 +113,7 @@ TEST_F(FaxBookTest, LoadsADamagedStreamWithinBounds) {
     std::string_view bytes;
     bool fails;
     const char* names;
-    std::string_view stored;  // the walk, as it is stored afterwards
+    std::string_view stored;  // the position of the iteration, as it is stored afterwards
   } kCases[] = {
       {"\2\0\0\0\1a\1b\0"sv, true, "", "\0\0\0\0"sv},
       {"\2\0\0\0\1a\1b\0\1c\0"sv, true, "a c ", "\2\0\0\0"sv},

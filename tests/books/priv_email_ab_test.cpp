@@ -129,7 +129,7 @@ TEST_P(PrivateBookTest, WithoutAUserItIsTheBookOfTheSession) {
   EXPECT_THAT(OnServer(kEntries, ""), ElementsAre("Ann=at"));
 }
 
-TEST_P(PrivateBookTest, SearchesAndChangesEntriesInMemory) {
+TEST_P(PrivateBookTest, ModeOneFindsWholeNamesOnlyAndAFailedReloadLeavesNoEntries) {
   PutNames(kEntries, "", {"ab", "abc", "b"});
   Private().LoadEntries(0);
   EXPECT_EQ(Private().SearchNext(0), 0) << "a search without a pattern returns index 0";

@@ -10,8 +10,8 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// The calls of a restore, and for the failure of each what the restore returns and how many calls
-// it makes. The restored lists have no book: what the server refuses to them is not reported.
+// The calls of a restore. For a failure of each: the result of the restore and the number of its
+// calls. The restored lists have no book, so failures of their calls are not reported.
 const struct {
   const char* call;
   Status result;

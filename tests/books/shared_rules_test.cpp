@@ -11,7 +11,7 @@ namespace {
 using testing::Contains;
 using testing::StartsWith;
 
-// The objects of the rows. Team is a list on the appliance, too.
+// The objects of the rows. Team is also the name of a list on the appliance.
 class SharedRuleTest : public BooksTest {
  public:
   SharedRuleTest() {

@@ -144,7 +144,7 @@ TEST_F(AgentServices, ChecksATextBeforeAndAfterTheServerCheck) {
     bool asksTheServer;
   } cases[] = {{"abc", 4, kNoError, true},    {"abc", 3, -1, false},     {"", 0, -1, false},
                {"a", -1, -1, false},          {"a*b\x80", 9, -2, false}, {"a\"b", 9, -2, true},
-               {"\x80 b", 9, kNoError, true},  // the first character may be any
+               {"\x80 b", 9, kNoError, true},  // the first character may be an 8-bit one
                {"ab\xFF", 9, -3, true}};
   for (const auto& each : cases) {
     SCOPED_TRACE(each.text);

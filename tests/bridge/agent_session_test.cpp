@@ -150,7 +150,7 @@ TEST_F(AgentSession, AFailedCallEndsALoginWithoutUndoingEarlierSteps) {
     const char* name;
     Calls calls;
     std::function<Status()> run;
-    std::vector<Outcome> outcomes;  // of a failure of the first call, the second, ...; of none
+    std::vector<Outcome> outcomes;  // of a failure of call 1, of call 2, ...; the last: of none
   } attempts[] = {
       {"Login",
        {kLoginCall, kPeriodCall, kReadCall},
@@ -245,7 +245,7 @@ TEST(ParseIdentity, EndsAtTheFirstMissingField) {
   }
 }
 
-TEST_F(AgentSession, ReadsAndWritesTheAccountOfARecord) {
+TEST_F(AgentSession, ModifiesAnAccountUnderItsNameAndTerminatesTheTextsOfAReadOne) {
   Login();
   TakeCalls();
   SimulatorSetDefects(kDefectScribble);

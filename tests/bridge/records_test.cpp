@@ -118,7 +118,7 @@ TEST(Records, RejectATextThatDoesNotFitItsField) {
 
 // --- Books ---
 
-TEST(ABIdent, AssignmentCopiesTheNameAndSetKindIgnoresNone) {
+TEST(ABIdent, AssignmentCopiesTheNameButNotTheKindAndSetKindIgnoresNone) {
   ABIdent book(BookKind::kFaxList, "Scan");
   EXPECT_NE(book, ABIdent(BookKind::kKeyItems, "Scan"));
   EXPECT_NE(book, ABIdent(BookKind::kFaxList, "scan"));

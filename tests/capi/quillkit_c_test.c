@@ -353,7 +353,7 @@ static void CheckExit(void) {
   EQ(1, quill_destroy_soft_key(madeKey));
   EQ(1, quill_destroy_menu_item(madeItem));
   EQ(QUILL_E_STALE, quill_destroy_menu_item(madeItem));
-  EQ(QUILL_E_FOREIGN, quill_destroy_menu_item(madeItem + 1));  // the next of a free slot
+  EQ(QUILL_E_FOREIGN, quill_destroy_menu_item(madeItem + 1));  // a free slot's next generation
   TEXT_EQ("", Living());
 }
 

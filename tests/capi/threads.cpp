@@ -90,8 +90,8 @@ void ChangeKey(const std::string& name) {
   Expect("destroy item", 1, quill_destroy_menu_item(item));
 }
 
-// Returns 0 if each call is refused in a forked child. The lock is taken there if a thread of the
-// parent was inside a call.
+// Returns 0 if each call is refused in a forked child. There, the lock stays locked forever if a
+// thread of the parent was inside a call.
 int CallInForkedChild() {
   quill_handle handle = 1;
   if (quill_get_count(book.load()) != QUILL_E_FORKED) return 1;

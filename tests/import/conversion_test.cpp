@@ -155,9 +155,9 @@ TEST_F(ConversionTest, WritesTheEntriesOfADirectoryExport) {
                     // The last character of a line is dropped even if it is no newline.
                     {"dn:\ncn:Ann\n\0\nmail:boxdn:"s, Entry("Ann", "boxdn")},
                     {"dn:\ncn:\nmail:\n", Entry("", "")},
-                    // Spaces count when a value is cut, and are removed then.
+                    // A value is cut before its spaces are removed.
                     {"dn:\ncn: " + X(31) + "\nmail:  " + X(255) + '\n', Entry(X(30), X(253))},
-                    // The part of a long line is a line.
+                    // Each part of a long line is a line.
                     {"dn:\ncn:Ann\n" + X(4094) + "mail:box\n", kAnnBox},
                 });
 }
@@ -197,7 +197,7 @@ TEST_F(ConversionTest, WritesTheMailboxesOfAMailServerExport) {
           {"Mailbox,a,\"b,c\",n,SMTP:box%\nMailbox,a,,n,SMTP:box%\n",
            Entry("", "box") + Entry("n", "box")},
           {"Mailbox,a,b,\"Lee, Ann\",SMTP:box%\n", Entry("Lee, Ann", "box")},
-          // Text after the closing quote of a row's last field is text after the name.
+          // If the name is the last field, the address may follow its closing quote.
           {"Mailbox,a,b,\"Ann\"SMTP:box", kAnnBox},
           {"Mailbox,a,b,\"Ann,SMTP:box%\n", ""},
           {"Mailbox,a,b,\"", ""},
@@ -215,7 +215,7 @@ TEST_F(ConversionTest, ClearsTheBookAndWritesEntryLinesOnlyForTheAdministrator) 
   }
 }
 
-// Rows of all lengths, in many blocks of the file and buffers of the script.
+// Rows of many lengths, in many blocks of the file and buffers of the script.
 TEST_F(ConversionTest, ConvertsLongFiles) {
   Example formatted;
   Example unformatted;
@@ -270,7 +270,7 @@ TEST_F(ConversionTest, ReportsFilesThatCannotBeReadOrWritten) {
 
 int timerRuns = 0;
 
-// The application's timers run meanwhile.
+// If messages are handled, the application's timers run during a conversion.
 TEST_F(ConversionTest, HandlesMessagesOnlyForAWindow) {
   const std::string source = folder.Write("source", "a\nb\n");
   int window = 0;  // a handle of no window

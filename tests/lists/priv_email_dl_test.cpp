@@ -42,7 +42,7 @@ TEST_P(PrivateListTest, OpenRequiresABookAndANameAndFillsTheListOnceItReadsMembe
   EXPECT_EQ(other.Count(), 2);
 }
 
-TEST_P(PrivateListTest, AReloadHasNoMemberLimitAndKeepsTheBlockIfTheListIsEmpty) {
+TEST_P(PrivateListTest, AReloadReadsMoreThan512MembersAndKeepsTheBlockIfTheListIsEmpty) {
   SimulatorInflateSizes(598);
   EXPECT_EQ(list.Reload(), kNoError);
   EXPECT_EQ(list.Count(), 600);

@@ -48,7 +48,7 @@ int CopiesIn(std::string_view bytes) {
 
 // Returns the number of halves of the marker in memory.
 int CopiesInMemory() {
-  static char block[1 << 20];                      // none is left in it
+  static char block[1 << 20];                      // wiped after each search
   constexpr std::size_t kOverlap = kHalf - 1;      // a half may be in two blocks
   constexpr std::uint64_t kLargest = 1ULL << 32U;  // larger regions belong to a sanitizer
   std::ifstream regions("/proc/self/maps");

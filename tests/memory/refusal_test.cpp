@@ -24,7 +24,7 @@ namespace quillkit {
 namespace {
 
 CombinationCount& combinations =
-    CombinationCount::Of("refused memory, combinations of function and allocation");
+    CombinationCount::Of("failed allocations, combinations of function and allocation");
 
 // Too long to be stored in a std::string without an allocation.
 const std::string kLongName(31, 'n');
@@ -51,7 +51,7 @@ std::int64_t MakeItem() {
   return made;
 }
 
-// Where imports find their file and put their scripts.
+// The path of the file that the imports read.
 std::string importedFile;
 
 std::int64_t Import(const Stage& on, std::uint32_t format) {

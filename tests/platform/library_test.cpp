@@ -42,7 +42,7 @@ class LibraryTest : public ApplianceTest {
 
 TEST_F(LibraryTest, CanBeLoadedAgainAndUnloadedInASession) {
   for (int round = 0; round < 2; ++round) {
-    SCOPED_TRACE(round);
+    SCOPED_TRACE(testing::Message() << "round " << round);
     Load();
     CScanner* box = LogIn();
     ASSERT_NE(box, nullptr);

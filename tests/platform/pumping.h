@@ -1,4 +1,4 @@
-// The calling thread as its timers see it when an application's loop runs on it.
+// Runs the timers of the calling thread, as the message loop of an application would.
 
 #ifndef QUILLKIT_TESTS_PLATFORM_PUMPING_H_
 #define QUILLKIT_TESTS_PLATFORM_PUMPING_H_

@@ -1,8 +1,8 @@
 // A program that loads the library like an application, logs in, and prints the results. It
 // contains no server library, so that it also runs without one.
 //
-// usage: quillkit_start_probe         then unloads the library, and prints what is left
-//        quillkit_start_probe stay    ends in the session
+// usage: quillkit_start_probe         unloads the library, and prints what is still loaded
+//        quillkit_start_probe stay    ends in the session, without unloading the library
 
 #include <cstdio>
 
@@ -27,8 +27,8 @@ int Run(bool stays) {
     if (stays) return 0;
     UnloadModule(library);
   }
-  if (IsLoaded(kLibraryFile)) std::puts("the library is left");
-  if (IsLoaded(kServerLibraryFile)) std::puts("the server library is left");
+  if (IsLoaded(kLibraryFile)) std::puts("the library is still loaded");
+  if (IsLoaded(kServerLibraryFile)) std::puts("the server library is still loaded");
   return 0;
 }
 

@@ -16,7 +16,7 @@ namespace {
 constexpr std::uint32_t kPeriod = 15;  // milliseconds
 constexpr std::chrono::milliseconds kSeveralPeriods(5 * kPeriod);
 
-// What the routines, which take no argument, count and work on.
+// For the timer routines, which have no parameters: their numbers of runs, and the timers.
 std::array<int, 3> runs;
 std::array<TimerId, 3> timers;
 
@@ -31,7 +31,7 @@ class ThreadTimerTest : public testing::Test {
 // With the shorter periods the timer is due again after each run, but Pump must still return.
 TEST_F(ThreadTimerTest, RunsRepeatedlyWhileItsThreadPumpsUntilItIsStopped) {
   for (const std::uint32_t period : {kPeriod, 1U, 0U}) {
-    SCOPED_TRACE(period);
+    SCOPED_TRACE(testing::Message() << "period " << period);
     runs = {};
     timers[0] = StartThreadTimer(period, [] { ++runs[0], Sleep(std::chrono::milliseconds(20)); });
     Sleep(kSeveralPeriods);
@@ -47,7 +47,7 @@ TEST_F(ThreadTimerTest, RunsRepeatedlyWhileItsThreadPumpsUntilItIsStopped) {
     Pump();
     Sleep(kSeveralPeriods);
     Pump();
-    EXPECT_EQ(runs[0], before);
+    EXPECT_EQ(runs[0], before) << "a stopped timer must not run, even if it was due";
   }
 }
 
@@ -60,7 +60,7 @@ TEST_F(ThreadTimerTest, RoutineMayStartATimerAndStopItsOwn) {
   EXPECT_TRUE(PumpUntil([] { return runs[1] >= 2; }));
   const std::array<int, 3> before = runs;
   EXPECT_TRUE(PumpUntil([&] { return runs[1] >= before[1] + 2; }));
-  EXPECT_EQ(runs[0], before[0]);
+  EXPECT_EQ(runs[0], before[0]) << "the timer that its own routine stopped must not run again";
   EXPECT_EQ(runs[2], 0) << "a timer with a period of 25 days must not run";
 }
 
@@ -70,7 +70,7 @@ TEST_F(ThreadTimerTest, RoutineMayStopATimerThatIsDue) {
   timers[1] = StartThreadTimer(kPeriod, [] { ++runs[1], StopThreadTimer(timers[0]); });
   Sleep(kSeveralPeriods);
   EXPECT_TRUE(PumpUntil([] { return runs[0] + runs[1] >= 3; }));
-  EXPECT_EQ(runs[0] * runs[1], 0) << runs[0] << " and " << runs[1];
+  EXPECT_EQ(runs[0] * runs[1], 0) << "the timers ran " << runs[0] << " and " << runs[1] << " times";
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-// A profile of the running test's own, seen as settings of directory servers and as a key of the
-// user's settings. It is deleted after the test.
+// A profile of settings of directory servers that only the running test uses, and its key in the
+// user's settings. Both are deleted after the test.
 
 #ifndef QUILLKIT_TESTS_PLATFORM_USER_SETTINGS_FIXTURE_H_
 #define QUILLKIT_TESTS_PLATFORM_USER_SETTINGS_FIXTURE_H_

@@ -48,7 +48,8 @@ SE usersab "Dan" "" "" "" 1 1 2 3)"),
   EXPECT_EQ(Run("CA emailab\nCA usersab\n"), kNoError);
   EXPECT_EQ(Size(BookKind::kEmail), 0);
   EXPECT_EQ(Size(BookKind::kUsers), 3);
-  EXPECT_EQ(IMSPBatchConfiguration(folder.Path().string().c_str()), kBadCommand) << "no file";
+  EXPECT_EQ(IMSPBatchConfiguration(folder.Path().string().c_str()), kBadCommand)
+      << "a folder cannot be read as a script";
 }
 
 TEST_F(BatchTest, EndsTheScriptAtALineThatIsNoCommandOrDoesNotFit) {

@@ -115,7 +115,7 @@ TEST_F(BooksTest, ChangesTheBookOfAKeyTogetherWithItsEntry) {
   EXPECT_EQ(Size(kTop), 0);
 }
 
-TEST_F(BooksTest, MovesPrivateBooksWithTheirAccountAndKeepsTheDeliveredAccounts) {
+TEST_F(BooksTest, MovesPrivateBooksWithTheirAccountAndKeepsTheFixedAccounts) {
   Expect(kNoError, {"CreateEntry 4:USERSAB Eve"});
   Expect(kNameConflict, {"ModifyEntry 4:USERSAB TOOLKIT Eve"});
   Expect(kAccessDenied, {"ModifyEntry 4:USERSAB TOOLKIT Eva", "DeleteEntry 4:USERSAB GUEST"});

@@ -49,7 +49,7 @@ TEST_F(FaultsTest, ReportsWrongCounts) {
   SimulatorSetDefects(0);
   SimulatorFail("IMSPReadAB", 1, kMoreData);
   EXPECT_EQ(Read(2), kMoreData);
-  EXPECT_EQ(count, 0U) << "a fault delivers nothing even if its status is success";
+  EXPECT_EQ(count, 0U) << "a fault delivers nothing, even with status 21 (more data)";
   EXPECT_TRUE(records[0].IsBlank());
 }
 

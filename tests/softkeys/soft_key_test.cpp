@@ -121,7 +121,7 @@ TEST_F(SoftKeyTest, LoadsFromANameInBothDirections) {
   EXPECT_EQ(NamesOf(key), (Names{"B", "C", "A"}));
 }
 
-TEST_F(SoftKeyTest, IsEmptyAfterALoadWithoutDataEvenIfTheServerLeavesTheCount) {
+TEST_F(SoftKeyTest, IsEmptyAfterALoadWithoutDataEvenIfTheServerLeavesTheCountUnchanged) {
   SimulatorSetDefects(kDefectFailedCount);
   SimulatorFail("IMSPReadAB", 1, kDataNotFound);
   EXPECT_EQ(key.Load("B", &book, {}, 1), kNoError);
@@ -144,7 +144,7 @@ TEST_F(SoftKeyTest, RefusesALoadWithoutAnOwnerOrAScanner) {
 
 // --- Changes ---
 
-TEST_F(SoftKeyTest, FastAddFailsAt512CachedItemsAndPlainAddAtTheServerLimit) {
+TEST_F(SoftKeyTest, FastAddFailsAt512CachedItemsAndPlainAddStillCallsTheServer) {
   PutItems(508);
   key.Load("B", &book, {}, 1);
   CMenuItem item = MakeItem("X");

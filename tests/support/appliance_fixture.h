@@ -1,5 +1,5 @@
-// The fixture of all tests that need a server: the simulated appliance in its initial state, with
-// its journal recording and the agent of the library bound to it.
+// The fixture of the tests that use the library with a server: the simulated appliance in its
+// initial state, with its journal recording and the agent of the library bound to it.
 
 #ifndef QUILLKIT_TESTS_SUPPORT_APPLIANCE_FIXTURE_H_
 #define QUILLKIT_TESTS_SUPPORT_APPLIANCE_FIXTURE_H_

@@ -1,4 +1,4 @@
-// A variable of this process's environment, set as long as the object lives.
+// Sets a variable of this process's environment. The destructor restores the earlier value.
 
 #ifndef QUILLKIT_TESTS_SUPPORT_ENVIRONMENT_VARIABLE_H_
 #define QUILLKIT_TESTS_SUPPORT_ENVIRONMENT_VARIABLE_H_

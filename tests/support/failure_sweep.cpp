@@ -72,7 +72,7 @@ Effect ParseEffect(const std::string& text) {
   return effect;
 }
 
-// The effect of a failure with this code, from a text as "ignored; 4: ends".
+// Returns the effect of a failure with this code, from a text such as "ignored; 4: ends".
 Effect EffectOf(const std::string& effects, Status code) {
   const std::string codeText = std::to_string(code) + ": ";
   std::string any;
@@ -133,7 +133,7 @@ Lines Changed(const Effect& effect, Lines memory) {
   return memory;
 }
 
-// One text, as a failed comparison of texts shows the lines that differ.
+// Joins the lines into one text: for texts, a failed comparison shows the lines that differ.
 std::string Joined(const Lines& memory) {
   std::string text = "memory:\n";
   for (const std::string& each : memory) text += each + "\n";
@@ -161,7 +161,7 @@ Trial Expected(const Operation& operation, const Trial& undisturbed, std::size_t
   return expected;
 }
 
-// Cuts the arguments that the prediction leaves out.
+// Removes from each call the arguments that the prediction omits.
 void CutAsPredicted(Lines& calls, const Lines& predicted) {
   for (std::size_t i = 0; i < std::min(calls.size(), predicted.size()); ++i) {
     if (calls[i].starts_with(predicted[i] + " ")) calls[i].resize(predicted[i].size());

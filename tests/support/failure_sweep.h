@@ -11,9 +11,9 @@
 //      may be omitted. In parentheses: what happens if this call fails. After a semicolon: what
 //      happens instead with one code.
 //   4. The contents of memory after the undisturbed run. Omitted: the same as in books that are
-//      opened again after it. "kept": as before. "loses" and the other words below: as there.
-//      "unchecked": not checked. "needs no book": as if omitted, for an operation that can succeed
-//      without a book.
+//      opened again after it. "kept": as before. "loses" and "becomes": as described below.
+//      "unchecked": not checked. "needs no book", alone or after another word: the operation can
+//      succeed without a book. Alone, it has the same meaning for memory as an omitted text.
 //   5. A further preparation of the stage, if needed.
 //
 // What happens if a call fails:
@@ -32,9 +32,9 @@
 //   then A B       the further calls are A and B
 //   changed        memory is as after success
 //   kept           memory is as before
-//   loses P        memory without the lines of prefix P
-//   becomes P L    memory with the lines of prefix P replaced by L
-//   blanks P       memory with the texts of the lines of prefix P empty
+//   loses P        memory without the lines that begin with P
+//   becomes P L    memory with L in place of each line that begins with P
+//   blanks P       memory with "P=", the line of a blank record, in place of each of these lines
 //
 // The last error is the code if the failing call is the last one, otherwise that of the undisturbed
 // run. A logout never changes it.

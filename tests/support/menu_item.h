@@ -9,7 +9,7 @@
 
 namespace quillkit {
 
-// Returns an item with only a name. The record of a key also has only a name.
+// Returns an item with only a name. It can also serve as the record of a key.
 inline CMenuItem MakeItem(std::string_view name) {
   CMenuItem item;
   item.SetName(name);

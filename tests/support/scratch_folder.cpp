@@ -13,7 +13,7 @@ std::string ReadBytes(const std::string& path) {
   return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
-// A new file each time: file systems flush one that is rewritten to the disk.
+// Creates a new file each time: some file systems flush a rewritten file to the disk.
 void WriteBytes(const std::string& path, std::string_view bytes) {
   std::filesystem::remove(path);
   std::ofstream file(path, std::ios::binary);

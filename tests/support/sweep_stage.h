@@ -1,5 +1,5 @@
-// The stage of the failure sweep and of the sweep over allocations: an appliance, and all that an
-// application holds of it.
+// The stage of the failure sweep and of the sweep over allocations: an appliance, and all objects
+// that an application has of it.
 
 #ifndef QUILLKIT_TESTS_SUPPORT_SWEEP_STAGE_H_
 #define QUILLKIT_TESTS_SUPPORT_SWEEP_STAGE_H_
@@ -26,18 +26,20 @@ using Lines = std::vector<std::string>;
 // Bob; the printers' model is Ann, and Bob is the default printer. The panel has the keys Scan (of
 // the items Desk and Mail) and Send (of the item Fax).
 struct Stage {
-  // The books are on the appliance with the above, on the appliance as it is, or on none and have
-  // the lists from an archive.
+  // kFurnished: the appliance is filled as above, and the books are attached to it. kAsFound: the
+  // books are attached to the appliance as it is. kWithoutABook: the books are attached to no
+  // appliance, and their lists are loaded from an archive.
   enum Setting { kFurnished, kAsFound, kWithoutABook };
 
-  // The private book belongs to the session, or to the account that the users' book owns.
+  // The private book is the one of the session, or with `throughOwner` that of an account of the
+  // users' book.
   explicit Stage(CScanner* newBox, bool throughOwner = false, Setting setting = kFurnished);
   Stage(const Stage&) = delete;
   Stage& operator=(const Stage&) = delete;
   ~Stage() { DestroySoftKey(newKey); }
 
-  // All entries, lists, accounts, keys and items in memory, sorted, as "fax/Ann=address". The keys
-  // are left out if the application has no access to them.
+  // All entries, lists, accounts, printers, models, keys and items in memory, sorted, such as
+  // "fax/Ann=at". The keys are left out if the application has no access to them.
   Lines Memory();
 
   // The keys of a book with their items, as "key/Scan/Desk"; none for null.

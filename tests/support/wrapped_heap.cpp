@@ -25,7 +25,7 @@ void* __wrap_malloc(std::size_t size) {
   return quillkit::AllocateOnHeap(size);
 }
 
-// Half of all memory at most, which leaves room for what a program puts beside a block.
+// At most half of the address space, so that a program can add a header to a block of any size.
 void* __wrap_calloc(std::size_t count, std::size_t size) {
   if (size != 0 && count > SIZE_MAX / 2 / size) return nullptr;
   void* block = quillkit::AllocateOnHeap(count * size);

@@ -21,7 +21,7 @@ constexpr Status kEarlierError = 17;
 
 class SessionCourse : public ApplianceTest {};
 
-TEST_F(SessionCourse, AHostMayFollowTwoSlashesAndKeepsItsSpelling) {
+TEST_F(SessionCourse, AHostMayFollowOneOrTwoSlashesAndKeepsItsSpelling) {
   for (const std::string host :
        {"127.0.0.1", "localhost", "\\\\localhost", "\\\\127.0.0.1", "/127.0.0.1", "/\\127.0.0.1"}) {
     CScanner* box = LogToQuillbox(host, kAdministrator, kPassword, "", 0);

@@ -1,5 +1,5 @@
 // The outcomes of LogToQuillbox: its result, the last error, whether a session is open here and on
-// the server, the calls, and the memory that stays allocated.
+// the server, the calls, and the objects that remain.
 
 #include <gtest/gtest.h>
 
@@ -33,7 +33,7 @@ enum Before { kFresh, kInSession };  // the administrator is logged in already
 struct Left {
   Status lastError;
   std::int32_t sessionOpen;
-  std::string user;  // whose session there is, here and on the server, with its keep-alive
+  std::string user;  // who is logged in, here and on the server; empty without a session
   std::int32_t scanners;
   bool hasTopBook;
 };
@@ -61,7 +61,7 @@ std::vector<Outcome> Outcomes() {
   const Attempt third = {.third = kLongestThird + 't'};
   const Attempt name = {.user = kLongestName + 'n'};
   const Attempt longest = {kHost, kLongestName, kLongestPassword, kLongestThird};
-  const Attempt host = {.host = std::string(70, 'x')};  // a label ends at 63 characters
+  const Attempt host = {.host = std::string(70, 'x')};  // a label has at most 63 characters
   const Attempt zero = {.host = "0.0.0.0"};
   const Attempt toolkit = {.user = "TOOLKIT", .password = "KELP"};
   const Attempt ann = {.user = "Ann", .password = "", .loadTopBook = 1};

@@ -19,7 +19,7 @@ TEST(EntryPage, IterationMovesPastItsEndsAndBack) {
   EXPECT_EQ(page.Prev(), page.At(0)) << "an empty page keeps its position";
 }
 
-TEST(EntryPage, FindsAndChangesEntries) {
+TEST(EntryPage, OnlyModeOneComparesWholeNamesAndAnUpdateClearsTheFlags) {
   CEntryPage page;
   std::int32_t index = -7;
   EXPECT_EQ(page.Locate("ab", &index, 1), 0) << "nothing is found in an empty page";

@@ -62,8 +62,8 @@ class ModelView : public CEntryView {
     return found != entries.end() ? static_cast<std::int32_t>(found - entries.begin()) : -1;
   }
 
-  // The same for entries in order, but prefers the last entry to matches before it, the first
-  // excepted. Returns -2 if the key is after the entries.
+  // The same for sorted entries, but compares the first entry, then the last one, then the others.
+  // Returns -2 if the key is after all entries, or if there are none.
   static std::int32_t Locate(const Entries& entries, std::string_view key, std::int32_t exact) {
     if (entries.empty()) return -2;
     if (Matches(entries.front(), key, exact)) return 0;
@@ -103,7 +103,7 @@ class ModelView : public CEntryView {
   }
 
   Entries held;           // by the letter and the full view
-  Entries* page = &held;  // a sliding view that was never loaded has its position in none
+  Entries* page = &held;  // before its first load, a sliding view is in none of its pages
 };
 
 }  // namespace quillkit

@@ -60,8 +60,8 @@ class ThreadTimers {
   bool isRunning = false;
 };
 
-// The data of a thread. Neither variable has a destructor, so both can be read at any time until
-// the thread and the process end.
+// The data of a thread. Neither variable has a destructor, so both can be read even while the
+// thread or the process ends.
 constinit thread_local ThreadTimers* ownTimers = nullptr;  // null until the first timer is started
 constinit thread_local Nanoseconds firstDue = kNever;
 
@@ -135,10 +135,10 @@ void EndTimers(void* timers) {
   ownTimers = nullptr;
 }
 
-// Destroys the timers of a thread at three times: when the thread ends; for the unloading thread,
-// with the library; and in a forked child, because the descriptor belongs to the parent. This is
-// not a thread_local destructor, which would keep the library in memory until the thread ends. The
-// timers of other threads are not freed when the library is unloaded.
+// Destroys the timers of a thread when it ends or unloads the library, and in a forked child,
+// because the descriptor belongs to the parent. This is not a thread_local destructor, which would
+// keep the library in memory until the thread ends. The timers of other threads are not freed when
+// the library is unloaded.
 class ThreadEnd {
  public:
   ThreadEnd() {

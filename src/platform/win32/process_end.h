@@ -5,9 +5,9 @@
 
 namespace quillkit {
 
-// From this call on, LoadModule's modules have no entry points and are not unloaded. When a process
-// ends, the system detaches the modules that this one loaded before this one: their code must not
-// be called.
+// From this call on, modules from LoadModule have no entry points and are not unloaded. When a
+// process ends, the system may detach a module earlier than the library that loaded it. The code of
+// a detached module must not be called.
 void LeaveModulesAlone();
 
 }  // namespace quillkit

@@ -16,7 +16,7 @@ ThreadAndTimer OfThisThread(UINT_PTR timer) {
   return {GetCurrentThreadId(), timer};
 }
 
-// The routine of each running timer. The timer procedure of the system cannot carry it.
+// The routine of each running timer. The system passes OnTimer only the id of a timer.
 class Routines {
  public:
   Routines() = default;
@@ -35,7 +35,7 @@ class Routines {
     running[OfThisThread(timer)] = routine;
   }
 
-  // False when the calling thread has no such timer.
+  // Returns false if the calling thread has no such timer.
   bool Remove(UINT_PTR timer) {
     const std::lock_guard hold(mutex);
     return running.erase(OfThisThread(timer)) != 0;

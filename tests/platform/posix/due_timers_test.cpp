@@ -66,7 +66,7 @@ TEST_F(DueTimersTest, MissedPeriodsCauseOneRunAndTimerRunsDoNotNest) {
   std::this_thread::sleep_for(3 * kSeveralPeriods);
   EXPECT_EQ(RunDueTimers(), 1);
   EXPECT_EQ(runs, 1);
-  for (int i = 0; i < 15; ++i) RunDueTimers();  // as many as have passed
+  for (int i = 0; i < 15; ++i) RunDueTimers();  // as often as periods have passed
   EXPECT_LT(runs, 10);
   EXPECT_EQ(nested, 0);
 }
