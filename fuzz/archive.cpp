@@ -32,7 +32,7 @@ std::size_t allocated = 0;
     [](const volatile void*, std::size_t size) { allocated += size; }, [](const volatile void*) {});
 
 // The largest ratio of the size of a record to that of the shortest stream that contains it.
-constexpr std::size_t kMostMemoryPerByte = 64;
+constexpr std::size_t kMaxMemoryPerByte = 64;
 
 // Loads the section of the account Ann in a backup. Skips the section of another user.
 class AnnsBackup {
@@ -69,7 +69,7 @@ void CheckStream(std::string_view bytes) {
   Load(empty, {});
   const std::size_t loaded = allocated;
   Load(object, bytes);
-  Require(allocated - loaded <= loaded - begin + kMostMemoryPerByte * bytes.size(),
+  Require(allocated - loaded <= loaded - begin + kMaxMemoryPerByte * bytes.size(),
           "loading allocates at most 64 bytes for each byte of the stream");
   const std::string stored = Stored(object);
   Require(Load(copy, stored), "what was stored can be loaded");

@@ -124,7 +124,7 @@ class DirectoryRow {
   }
 
   void PassPiece(std::string_view piece) {
-    if (!entry.Take(piece)) return;
+    if (!entry.ProcessLine(piece)) return;
     if (IsComplete()) SetFault("a line is so long that its end would be read as another entry");
     row.values = {std::string(entry.Name()), std::string(entry.Address())};
   }

@@ -49,7 +49,7 @@ class Appliance {
 
   // Updates the state file, if there is one.
   void SaveChange() {
-    if (stateFile.IsOpen() && contents.store.TakeChange()) stateFile.Save(contents);
+    if (stateFile.IsOpen() && contents.store.ResetChanged()) stateFile.Save(contents);
   }
 
   // Returns whether the session is open. First drops a session that made no call for too long.

@@ -17,14 +17,14 @@ bool WaitForAnswer(const Appliance& appliance) {
 
 }  // namespace
 
-std::optional<Status> Refusal(Appliance& appliance, const ServedCall& entry) {
+std::optional<Status> CheckCall(Appliance& appliance, const ServedCall& entry) {
   if (const auto fault = appliance.faults.CountCall(entry.name)) return fault;
   if (!WaitForAnswer(appliance)) return kTimeoutExpired;
   if (entry.need == Precondition::kNothing) return std::nullopt;
   if (!appliance.isInitialised) return kNotInitialised;
   if (entry.need == Precondition::kLibrary) return std::nullopt;
   if (!appliance.HasSession()) return kNotLoggedIn;
-  appliance.session.Wake(appliance.clock);
+  appliance.session.KeepAlive(appliance.clock);
   return std::nullopt;
 }
 

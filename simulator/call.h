@@ -26,7 +26,7 @@ struct ServedCall {
 
 // Returns nothing if the call may run. A call that needs a session then keeps the session alive.
 // Otherwise returns the status of the call: that of a fault, 19 after the time-out, 20 or 10.
-std::optional<Status> Refusal(Appliance& appliance, const ServedCall& entry);
+std::optional<Status> CheckCall(Appliance& appliance, const ServedCall& entry);
 
 // Adds a call to the journal and to the journal file, if they are on.
 void RecordCall(Appliance& appliance, std::string text, Status status);
@@ -39,7 +39,7 @@ Status Serve(const ServedCall& entry, Work work, const Arguments&... arguments) 
   const bool isRecorded = appliance.journal.IsRecording() || appliance.journalFile.IsOpen();
   std::string text;
   if (isRecorded) text = CallText(entry.name, arguments...);
-  const std::optional<Status> refusal = Refusal(appliance, entry);
+  const std::optional<Status> refusal = CheckCall(appliance, entry);
   const Status status = refusal ? *refusal : work(appliance);
   const bool isFailure = refusal || (status != kNoError && status != kMoreData);
   if (isFailure && entry.count != nullptr && !appliance.defects.KeepsFailedCount())

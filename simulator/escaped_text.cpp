@@ -15,7 +15,7 @@ bool IsPlain(char c, std::string_view also) {
 
 // Decodes an escape: the text begins with its letter, "x" or "z". Appends its bytes and removes it
 // from the text. Returns false if it is not an escape.
-bool TakeEscape(std::string_view& text, std::string& bytes, std::size_t limit) {
+bool DecodeEscape(std::string_view& text, std::string& bytes, std::size_t limit) {
   if (text.empty()) return false;
   const char letter = text.front();
   text.remove_prefix(1);
@@ -62,7 +62,7 @@ std::optional<std::string> Unescaped(std::string_view text, std::size_t limit) {
     if (c != '\\') {
       if (!IsPlain(c, {})) return std::nullopt;
       bytes += c;
-    } else if (!TakeEscape(text, bytes, limit)) {
+    } else if (!DecodeEscape(text, bytes, limit)) {
       return std::nullopt;
     }
     if (bytes.size() > limit) return std::nullopt;

@@ -5,12 +5,12 @@
 namespace quillbox {
 
 void Faults::Add(std::string_view entry, std::int32_t occurrence, Status status) {
-  waiting.push_back({std::string(entry), std::max(occurrence, std::int32_t{0}), status});
+  pending.push_back({std::string(entry), std::max(occurrence, std::int32_t{0}), status});
 }
 
 std::optional<Status> Faults::CountCall(std::string_view entry) {
   std::optional<Status> taken;
-  std::erase_if(waiting, [&](Fault& fault) {
+  std::erase_if(pending, [&](Fault& fault) {
     if (!fault.entry.empty() && fault.entry != entry) return false;
     const bool isEach = fault.calls == 0;
     if (!isEach && --fault.calls != 0) return false;

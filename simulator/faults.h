@@ -18,7 +18,7 @@ class Faults {
   // Makes a call of this entry point fail. An empty `entry` means any entry point. Occurrence 1 is
   // the next call; 0 means every call.
   void Add(std::string_view entry, std::int32_t occurrence, Status status);
-  void Clear() { waiting.clear(); }
+  void Clear() { pending.clear(); }
 
   // Counts a call for every pending fault that matches it. Returns the status of the first fault
   // that is due. Removes the due faults, except those of every call (occurrence 0).
@@ -31,7 +31,7 @@ class Faults {
     Status status = kNoError;
   };
 
-  std::vector<Fault> waiting;
+  std::vector<Fault> pending;
 };
 
 }  // namespace quillbox

@@ -32,8 +32,8 @@ class LineParser {
     const std::size_t end = rest.find('"', 1);
     if (end == std::string_view::npos) return std::nullopt;
     const std::string_view text = rest.substr(1, end - 1);
-    const std::string_view behind = rest.substr(end + 1);
-    if (!behind.empty() && kBlanks.find(behind.front()) == std::string_view::npos) {
+    const std::string_view after = rest.substr(end + 1);
+    if (!after.empty() && kBlanks.find(after.front()) == std::string_view::npos) {
       return std::nullopt;
     }
     Remove(end + 1);

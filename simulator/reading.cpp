@@ -18,7 +18,7 @@ Status DeliverTo(const ReadRequest& request, const ReplyDefects& defects, IndexR
   const std::uint32_t capacity = *request.count;
   const Delivery delivery = Deliver(matches, SkipOf(request), capacity, request.direction);
   for (std::size_t i = 0; i < delivery.count; ++i) {
-    write(delivery.begin + i, delivery.slot + defects.Place(i, delivery.count));
+    write(delivery.begin + i, delivery.slot + defects.SlotOf(i, delivery.count));
   }
   if (delivery.status != kDataNotFound) {
     *request.count = defects.DeliveredCount(delivery.count, capacity);

@@ -26,7 +26,7 @@ class ReplyDefects {
   bool KeepsFailedCount() const { return IsOn(kDefectFailedCount); }
 
   // The slot for the record at `index` of `count`.
-  std::size_t Place(std::size_t index, std::size_t count) const {
+  std::size_t SlotOf(std::size_t index, std::size_t count) const {
     return IsOn(kDefectUnsorted) ? count - 1 - index : index;
   }
 

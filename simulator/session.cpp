@@ -14,7 +14,7 @@ void Session::Open(std::string_view newAccount, const Clock& clock) {
   isOpen = true;
   account = newAccount;
   user = newAccount;
-  Wake(clock);
+  KeepAlive(clock);
 }
 
 void Session::Close() {
@@ -24,7 +24,7 @@ void Session::Close() {
 }
 
 bool Session::IsOpen(const Clock& clock, std::uint32_t period) {
-  if (isOpen && clock.Since(lastSign) >= std::chrono::milliseconds(period)) Close();
+  if (isOpen && clock.Since(lastCall) >= std::chrono::milliseconds(period)) Close();
   return isOpen;
 }
 

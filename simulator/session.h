@@ -39,12 +39,12 @@ class Session {
   bool IsOpen(const Clock& clock, std::uint32_t period);
 
   // Records a call, which keeps the session alive.
-  void Wake(const Clock& clock) { lastSign = clock.Now(); }
+  void KeepAlive(const Clock& clock) { lastCall = clock.Now(); }
 
   // The user whose rights apply: the account that logged in, or the user it changed to. "" if
   // closed.
   const std::string& User() const { return user; }
-  void ActAs(std::string_view newUser) { user = newUser; }
+  void ChangeUser(std::string_view newUser) { user = newUser; }
 
   // The account that logged in. "" if closed.
   const std::string& Account() const { return account; }
@@ -53,7 +53,7 @@ class Session {
   bool isOpen = false;
   std::string account;
   std::string user;
-  Clock::Moment lastSign;
+  Clock::Moment lastCall;
 };
 
 }  // namespace quillbox

@@ -71,7 +71,7 @@ bool IsAccepted(std::string_view text) {
 }
 
 // The transfers, which this appliance does not support.
-Status Refuse(Appliance&) {
+Status RejectTransfer(Appliance&) {
   return kNotImplemented;
 }
 
@@ -169,30 +169,30 @@ Status IMSPChangeIdentity(EntryKey* user) {
         if (user == nullptr) return kInvalidField;
         if (appliance.session.Account() != kAdministratorName) return kAccessDenied;
         if (!FindAccount(appliance, *user)) return kWrongUser;
-        appliance.session.ActAs(user->name.View());
+        appliance.session.ChangeUser(user->name.View());
         return kNoError;
       },
       user);
 }
 
 Status IMSPExport(std::uint32_t first, std::uint32_t second) {
-  return Serve({"IMSPExport"}, Refuse, first, second);
+  return Serve({"IMSPExport"}, RejectTransfer, first, second);
 }
 
 Status IMSPGetExportFile(std::uint32_t first, std::uint32_t second, std::uint32_t third) {
-  return Serve({"IMSPGetExportFile"}, Refuse, first, second, third);
+  return Serve({"IMSPGetExportFile"}, RejectTransfer, first, second, third);
 }
 
 Status IMSPImport(std::uint32_t first, std::uint32_t second, std::uint32_t third) {
-  return Serve({"IMSPImport"}, Refuse, first, second, third);
+  return Serve({"IMSPImport"}, RejectTransfer, first, second, third);
 }
 
 Status IMSPImpExpState(std::uint32_t first, std::uint32_t second) {
-  return Serve({"IMSPImpExpState"}, Refuse, first, second);
+  return Serve({"IMSPImpExpState"}, RejectTransfer, first, second);
 }
 
 Status IMSPImpExpAbort() {
-  return Serve({"IMSPImpExpAbort"}, Refuse);
+  return Serve({"IMSPImpExpAbort"}, RejectTransfer);
 }
 
 }  // extern "C"

@@ -117,8 +117,8 @@ std::int32_t SimulatorFindEntry(BookKind kind, const char* book, const char* use
                                 void* record);
 
 // Stores a copy of a record under its own name and replaces an entry of that name. Creates a
-// missing list or key book; an entry of kTop also creates the book of its key. Returns 1, or 0 for
-// a record with an empty name or with a text that has no NUL in its field.
+// missing list or key book; an entry of kTop also creates the book of its key. Returns 1, or 0 if
+// the record is null, has an empty name or a text without its NUL, or if no such book can exist.
 std::int32_t SimulatorPutEntry(BookKind kind, const char* book, const char* user,
                                const void* record);
 

@@ -17,7 +17,7 @@ void StateFile::Open(const std::string& path, Contents& contents) {
   const std::string place = std::filesystem::absolute(path, failure).string();
   if (found.type() == std::filesystem::file_type::not_found) {
     keptPath = place;
-    contents.store.TakeChange();
+    contents.store.ResetChanged();
     Save(contents);
     return;
   }
@@ -33,7 +33,7 @@ void StateFile::Open(const std::string& path, Contents& contents) {
   }
   keptPath = place;
   contents = std::move(read);
-  contents.store.TakeChange();
+  contents.store.ResetChanged();
 }
 
 void StateFile::Save(const Contents& contents) const {

@@ -12,7 +12,7 @@ namespace quillbox {
 namespace {
 
 constexpr std::string_view kHeading = "quillbox state 1";
-constexpr std::size_t kMostEntries = 1'000'000;  // in all books; an appliance holds fewer
+constexpr std::size_t kMaxEntries = 1'000'000;  // in all books; an appliance holds fewer
 constexpr std::size_t kLongestName = 31;
 constexpr std::size_t kLongestBackupName = 400;  // the command that creates it is not longer
 
@@ -44,23 +44,23 @@ class StateReader {
     if (line.IsAtEnd()) return {};
     if (isComplete) return "unexpected line after the end";
     const std::string_view word = line.Word();
-    if (word == "book") return TakeBook(line);
-    if (word == "entry") return TakeEntry(line);
-    if (word == "backup") return TakeBackup(line);
+    if (word == "book") return ReadBook(line);
+    if (word == "entry") return ReadEntry(line);
+    if (word == "backup") return ReadBackup(line);
     isComplete = word == "end" && line.IsAtEnd();
     return isComplete ? "" : "not a line of a state file";
   }
 
  private:
-  static std::optional<std::string> TakeText(LineParser& line, std::size_t limit) {
+  static std::optional<std::string> ReadText(LineParser& line, std::size_t limit) {
     const auto quoted = line.Quoted();
     return quoted ? Unescaped(*quoted, limit) : std::nullopt;
   }
 
-  std::string TakeBook(LineParser& line) {
+  std::string ReadBook(LineParser& line) {
     const auto kind = line.Number();
-    const auto name = TakeText(line, kLongestName);
-    const auto user = TakeText(line, kLongestName);
+    const auto name = ReadText(line, kLongestName);
+    const auto user = ReadText(line, kLongestName);
     if (!kind || !name || !user || !line.IsAtEnd()) return "invalid book line";
     type = TypeOf(static_cast<BookKind>(*kind));
     bookName = EntryKey(*name);
@@ -74,18 +74,18 @@ class StateReader {
     return isThere && (type->IsFixed() || store->Find(Path()) != nullptr) ? "" : "unknown book";
   }
 
-  std::string TakeEntry(LineParser& line) {
+  std::string ReadEntry(LineParser& line) {
     if (type == nullptr) return "entry outside a book";
-    const auto record = TakeText(line, type->recordSize);
+    const auto record = ReadText(line, type->recordSize);
     if (!record || record->size() != type->recordSize || !line.IsAtEnd() ||
-        ++entryCount > kMostEntries || store->Put(Path(), record->data()) != kNoError) {
+        ++entryCount > kMaxEntries || store->Put(Path(), record->data()) != kNoError) {
       return "invalid entry for this book";
     }
     return {};
   }
 
-  std::string TakeBackup(LineParser& line) {
-    const auto name = TakeText(line, kLongestBackupName);
+  std::string ReadBackup(LineParser& line) {
+    const auto name = ReadText(line, kLongestBackupName);
     if (!name || !line.IsAtEnd()) return "invalid backup line";
     const auto [place, isNew] = contents.backups.try_emplace(*name);
     store = &place->second;

@@ -42,22 +42,22 @@ Store::Store() {
   }
 }
 
-Store::Shelf& Store::ShelfOf(const BookType& type, std::string_view user) {
-  if (!type.isPrivate) return publicShelf;
-  const auto found = privateShelves.find(user);
-  return found != privateShelves.end() ? found->second : privateShelves[std::string(user)];
+Store::BookGroup& Store::GroupOf(const BookType& type, std::string_view user) {
+  if (!type.isPrivate) return publicBooks;
+  const auto found = privateBooks.find(user);
+  return found != privateBooks.end() ? found->second : privateBooks[std::string(user)];
 }
 
 Book* Store::Find(const BookPath& path) {
   const BookType* const type = TypeOf(path.kind);
   if (type == nullptr || path.kind == BookKind::kLog) return nullptr;
   if (!type->IsFixed()) return BooksOf(path.kind, path.user)->Find(path.name);
-  return &ShelfOf(*type, path.user).fixed[path.kind];
+  return &GroupOf(*type, path.user).fixed[path.kind];
 }
 
 BookSet* Store::BooksOf(BookKind kind, std::string_view user) {
   const BookType* const type = TypeOf(kind);
-  return type != nullptr && !type->IsFixed() ? &ShelfOf(*type, user).named[kind] : nullptr;
+  return type != nullptr && !type->IsFixed() ? &GroupOf(*type, user).named[kind] : nullptr;
 }
 
 Status Store::CreateBook(const BookPath& path) {
@@ -72,7 +72,7 @@ Status Store::CreateBook(const BookPath& path) {
     return CreateEntry({BookKind::kTop, {}, {}}, &entry);
   }
   books[path.name];
-  Touch();
+  MarkChanged();
   return kNoError;
 }
 
@@ -85,7 +85,7 @@ Status Store::DeleteBook(const BookPath& path) {
   }
   if (!type->IsFixed()) {
     if (!BooksOf(path.kind, path.user)->Erase(path.name)) return kNoSuchBook;
-    Touch();
+    MarkChanged();
     return kNoError;
   }
   return IsEmptiedByDelete(path.kind) ? ClearBook(path, {}) : kStaticBook;
@@ -98,7 +98,7 @@ Status Store::RenameBook(const BookPath& path, const EntryKey& name) {
   if (name == path.name) return kNoError;
   if (name.name == kPrivateBook || books->Find(name) != nullptr) return kDuplicateBook;
   books->Rename(path.name, name);
-  Touch();
+  MarkChanged();
   return kNoError;
 }
 
@@ -113,7 +113,7 @@ Status Store::ClearBook(const BookPath& path, std::string_view filter) {
       continue;
     }
     book->Erase(key);
-    Erased(path.kind, key);
+    OnErased(path.kind, key);
     --run.end;
   }
   return kNoError;
@@ -140,7 +140,7 @@ Status Store::ModifyEntry(const BookPath& path, const EntryKey& key, const void*
     if (book->Find(name) != nullptr) return kNameConflict;
     if (IsPermanent(path.kind, key)) return kAccessDenied;
     book->Rename(key, name);
-    Renamed(path.kind, key, name);
+    OnRenamed(path.kind, key, name);
   }
   Insert(*book, type, record);
   return kNoError;
@@ -151,7 +151,7 @@ Status Store::DeleteEntry(const BookPath& path, const EntryKey& key) {
   if (book == nullptr) return kNoSuchBook;
   if (IsPermanent(path.kind, key)) return kAccessDenied;
   if (!book->Erase(key)) return kDataNotFound;
-  Erased(path.kind, key);
+  OnErased(path.kind, key);
   return kNoError;
 }
 
@@ -173,25 +173,25 @@ void Store::Insert(Book& book, const BookType& type, const void* record) {
   const EntryKey key = NameOf(record);
   book[key].assign(bytes, bytes + type.recordSize);
   if (type.kind == BookKind::kTop) KeyBooks()[key];
-  Touch();
+  MarkChanged();
 }
 
-void Store::Erased(BookKind kind, const EntryKey& key) {
-  Touch();
+void Store::OnErased(BookKind kind, const EntryKey& key) {
+  MarkChanged();
   if (kind == BookKind::kTop) KeyBooks().Erase(key);
   if (kind != BookKind::kUsers) return;
-  const auto found = privateShelves.find(key.name.View());
-  if (found != privateShelves.end()) privateShelves.erase(found);
+  const auto found = privateBooks.find(key.name.View());
+  if (found != privateBooks.end()) privateBooks.erase(found);
 }
 
-void Store::Renamed(BookKind kind, const EntryKey& from, const EntryKey& to) {
+void Store::OnRenamed(BookKind kind, const EntryKey& from, const EntryKey& to) {
   if (kind == BookKind::kTop) KeyBooks().Rename(from, to);
   if (kind != BookKind::kUsers) return;
-  auto shelf = privateShelves.extract(std::string(from.name.View()));
-  if (shelf.empty()) return;
-  privateShelves.erase(std::string(to.name.View()));
-  shelf.key() = to.name.View();
-  privateShelves.insert(std::move(shelf));
+  auto group = privateBooks.extract(std::string(from.name.View()));
+  if (group.empty()) return;
+  privateBooks.erase(std::string(to.name.View()));
+  group.key() = to.name.View();
+  privateBooks.insert(std::move(group));
 }
 
 }  // namespace quillbox

@@ -88,27 +88,27 @@ class Store {
   // ones of each user.
   template <class Visit>
   void ForEachBook(Visit visit) const {
-    VisitShelf(publicShelf, {}, visit);
-    for (const auto& [user, shelf] : privateShelves) VisitShelf(shelf, user, visit);
+    VisitGroup(publicBooks, {}, visit);
+    for (const auto& [user, group] : privateBooks) VisitGroup(group, user, visit);
   }
 
   // Whether the store changed since the last call of this function. True for a new store.
-  bool TakeChange() { return std::exchange(hasChanged, false); }
-  void Touch() { hasChanged = true; }
+  bool ResetChanged() { return std::exchange(hasChanged, false); }
+  void MarkChanged() { hasChanged = true; }
 
  private:
   // The shared books, or those of one user.
-  struct Shelf {
+  struct BookGroup {
     std::map<BookKind, Book> fixed;
     std::map<BookKind, BookSet> named;
   };
 
   template <class Visit>
-  static void VisitShelf(const Shelf& shelf, std::string_view user, Visit& visit) {
-    for (const auto& [kind, book] : shelf.fixed) {
+  static void VisitGroup(const BookGroup& group, std::string_view user, Visit& visit) {
+    for (const auto& [kind, book] : group.fixed) {
       visit(BookPath{kind, EntryKey(TypeOf(kind)->fixedName), user}, book);
     }
-    for (const auto& [kind, books] : shelf.named) {
+    for (const auto& [kind, books] : group.named) {
       for (std::size_t i = 0; i < books.Size(); ++i) {
         const auto& [name, book] = *books.At(i);
         visit(BookPath{kind, name, user}, book);
@@ -116,14 +116,14 @@ class Store {
     }
   }
 
-  Shelf& ShelfOf(const BookType& type, std::string_view user);
-  BookSet& KeyBooks() { return publicShelf.named[BookKind::kKeyItems]; }
+  BookGroup& GroupOf(const BookType& type, std::string_view user);
+  BookSet& KeyBooks() { return publicBooks.named[BookKind::kKeyItems]; }
   void Insert(Book& book, const BookType& type, const void* record);
-  void Erased(BookKind kind, const EntryKey& key);
-  void Renamed(BookKind kind, const EntryKey& from, const EntryKey& to);
+  void OnErased(BookKind kind, const EntryKey& key);
+  void OnRenamed(BookKind kind, const EntryKey& from, const EntryKey& to);
 
-  Shelf publicShelf;
-  std::map<std::string, Shelf, std::less<>> privateShelves;  // by user
+  BookGroup publicBooks;
+  std::map<std::string, BookGroup, std::less<>> privateBooks;  // by user
   bool hasChanged = true;
 };
 

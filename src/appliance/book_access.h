@@ -30,13 +30,13 @@ namespace quillkit {
 
 // Calls an operation of `agent` and returns its status. Null: returns -1.
 template <class... Parameters, class... Arguments>
-Status AskAgent(CAgent* agent, Status (CAgent::*operation)(Parameters...),
-                Arguments&&... arguments) {
+Status CallAgent(CAgent* agent, Status (CAgent::*operation)(Parameters...),
+                 Arguments&&... arguments) {
   return agent != nullptr ? (agent->*operation)(std::forward<Arguments>(arguments)...) : kRefused;
 }
 
 // Returns whether the count of a bulk read is not null and not 0.
-inline bool OffersRoom(const std::uint32_t* count) {
+inline bool HasCapacity(const std::uint32_t* count) {
   return count != nullptr && *count != 0;
 }
 
@@ -68,7 +68,7 @@ class BookAccess {
   // `*count`. Returns -1 and makes no call for a null buffer or a count of 0.
   // Server calls: IMSPReadAB.
   Status Read(KeyRange* range, Entry* records, std::uint32_t* count, std::int32_t direction) {
-    if (agent == nullptr || records == nullptr || !OffersRoom(count)) return kRefused;
+    if (agent == nullptr || records == nullptr || !HasCapacity(count)) return kRefused;
     return ReadRange(range, records, count, direction);
   }
 
@@ -76,7 +76,7 @@ class BookAccess {
   // before anything reads it. Server calls: IMSPReadAB.
   Status ReadUnterminated(KeyRange* range, Entry* records, std::uint32_t* count,
                           std::int32_t direction) {
-    if (records == nullptr || !OffersRoom(count)) return kRefused;
+    if (records == nullptr || !HasCapacity(count)) return kRefused;
     return Call(&CAgent::IMSPReadAB, range, records, count, direction);
   }
 
@@ -155,7 +155,7 @@ class BookAccess {
   template <class... Parameters, class... Arguments>
   Status Call(Status (CAgent::*call)(ABIdent*, Parameters...), Arguments... arguments) {
     ABIdent sent = book;
-    return AskAgent(agent, call, &sent, arguments...);
+    return CallAgent(agent, call, &sent, arguments...);
   }
 
   static EntryKey KeyOf(const Entry& entry) {
@@ -170,7 +170,7 @@ class BookAccess {
   }
 
   Status ListRange(KeyRange* range, EntryKey* rows, std::uint32_t* count, std::int32_t direction) {
-    if (agent == nullptr || !OffersRoom(count)) return kRefused;
+    if (agent == nullptr || !HasCapacity(count)) return kRefused;
     const std::uint32_t capacity = *count;
     const Status status = Call(&CAgent::IMSPListABEntries, range, rows, count, direction);
     TerminateDelivered(rows, capacity, *count, direction);

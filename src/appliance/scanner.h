@@ -142,33 +142,33 @@ class CScanner : public RootObject {
 
   // -1 on an unbound scanner.
   Status BackupDatabase(const char* first, const char* second) const {
-    return AskAgent(Agent(), &CAgent::BackupDatabase, first, second);
+    return CallAgent(Agent(), &CAgent::BackupDatabase, first, second);
   }
   Status RestoreDatabase(const char* first, const char* second) const {
-    return AskAgent(Agent(), &CAgent::RestoreDatabase, first, second);
+    return CallAgent(Agent(), &CAgent::RestoreDatabase, first, second);
   }
   Status RunBatch(const std::string& path) const {
-    return AskAgent(Agent(), &CAgent::RunBatch, path);
+    return CallAgent(Agent(), &CAgent::RunBatch, path);
   }
   Status ProbeIdentity(std::string& third) {
-    return AskAgent(Agent(), &CAgent::ProbeIdentity, this, third);
+    return CallAgent(Agent(), &CAgent::ProbeIdentity, this, third);
   }
 
   // Without an agent, these return -1, a count of 0, or null.
   Status EnrolUser(CUserEntry* entry) const {
-    return AskAgent(agent, &CAgent::EnrolUser, address, entry);
+    return CallAgent(agent, &CAgent::EnrolUser, address, entry);
   }
-  Status ReadLog(const std::string& user) const { return AskAgent(agent, &CAgent::ReadLog, user); }
+  Status ReadLog(const std::string& user) const { return CallAgent(agent, &CAgent::ReadLog, user); }
   Status ClearLog(const std::string& filter) const {
-    return AskAgent(agent, &CAgent::ClearLog, filter);
+    return CallAgent(agent, &CAgent::ClearLog, filter);
   }
-  Status ClearLogExceptSystem() const { return AskAgent(agent, &CAgent::ClearLogExceptSystem); }
+  Status ClearLogExceptSystem() const { return CallAgent(agent, &CAgent::ClearLogExceptSystem); }
   std::uint32_t LogCount() const { return agent != nullptr ? agent->LogCount() : 0; }
   const LogRecord* LogRecordAt(std::int32_t index) const {
     return agent != nullptr ? agent->LogRecordAt(index) : nullptr;
   }
   Status SetServerTimeout(std::uint32_t seconds, std::uint32_t* old) const {
-    return AskAgent(agent, &CAgent::SetServerTimeout, seconds, old);
+    return CallAgent(agent, &CAgent::SetServerTimeout, seconds, old);
   }
 
   // Stores the tag of the administrator's entry in `*tag` on success.
@@ -240,7 +240,7 @@ class CScanner : public RootObject {
 
   // Server calls: IMSPIOCtl with this record.
   Status ServerCall(IOCtlRecord* request) const {
-    return AskAgent(agent, &CAgent::IMSPIOCtl, request);
+    return CallAgent(agent, &CAgent::IMSPIOCtl, request);
   }
 
   // The soft keys: entries of the top-level book. ListKeys fills `rows`, an array of `*count`

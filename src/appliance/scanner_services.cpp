@@ -21,7 +21,7 @@ Status CScanner::CountLists(BookKind kind, std::uint32_t* count) const {
 }
 
 Status CScanner::ListLists(BookKind kind, ABIdent* books, std::uint32_t* count) const {
-  if (agent == nullptr || !OffersRoom(count)) return kRefused;
+  if (agent == nullptr || !HasCapacity(count)) return kRefused;
   const std::uint32_t capacity = *count;
   ABIdent selector(kind, {});
   KeyRange range({}, "*");
@@ -44,7 +44,7 @@ Status CScanner::CreatePrivateMembers(std::string_view list, CEmailEntry* member
 }
 
 Status CScanner::ReadPageBoundaries(PageBoundary* table, std::uint32_t* count) const {
-  if (agent == nullptr || table == nullptr || !OffersRoom(count)) return kRefused;
+  if (agent == nullptr || table == nullptr || !HasCapacity(count)) return kRefused;
   ABIdent book(BookKind::kEmail, kEmailBook);
   return agent->IMSPReadPageBoundaries(&book, table, count);
 }

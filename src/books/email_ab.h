@@ -98,7 +98,7 @@ class CEmailAB : public EntrySource, public PublicListBook<CEmailAB, CPubEmailDL
   // and the caller keeps the list. A member that the server refuses is not reported.
   // REQUIRES: the list is not in the book already.
   // Server calls: IMSPListAB for the count, IMSPCreateAB, IMSPCreateEntry for each member.
-  std::int32_t AddList(CPubEmailDL* list) { return Keep(list); }
+  std::int32_t AddList(CPubEmailDL* list) { return CreateAndAdd(list); }
 
   // Adds the list on the server only, then with `reload` calls LoadLists(1). Returns whether both
   // succeeded.
@@ -106,7 +106,7 @@ class CEmailAB : public EntrySource, public PublicListBook<CEmailAB, CPubEmailDL
 
   // Deletes the list on the server, and the first list of this name in memory. Returns the count,
   // also if there was no such list in memory; or -1. Server calls: IMSPDeleteAB.
-  std::int32_t DeleteList(std::string_view name) { return Drop(name); }
+  std::int32_t DeleteList(std::string_view name) { return DeleteAndRemove(name); }
 
   // Deletes the list on the server only, then with `reload` calls LoadLists(1). Returns whether
   // both succeeded.

@@ -40,7 +40,7 @@ Status CFaxAB::ClearBook() {
 }
 
 int CFaxAB::AddEntry(CFaxEntry* entry, std::int32_t reload) {
-  return IsFull() ? 0 : ReloadAfter(ServerEntries().Create(entry), reload);
+  return RecordIfFull() ? 0 : ReloadAfter(ServerEntries().Create(entry), reload);
 }
 
 int CFaxAB::ReadEntry(CFaxEntry* entry, std::int32_t reload) {
@@ -65,12 +65,12 @@ int CFaxAB::ReloadAfter(Status changed, std::int32_t reload) {
 }
 
 std::int32_t CFaxAB::FastAddEntry(CFaxEntry* entry) {
-  if (IsFull() || ServerEntries().Create(entry) != kNoError) return -1;
+  if (RecordIfFull() || ServerEntries().Create(entry) != kNoError) return -1;
   return entries.Append(*entry);
 }
 
 // Returns whether 2048 entries are in memory. If so, records code 24.
-bool CFaxAB::IsFull() const {
+bool CFaxAB::RecordIfFull() const {
   if (entries.Count() < MaxFaxEntries) return false;
   TheAgent.SetError(kBookFull);
   return true;

@@ -110,13 +110,13 @@ class CFaxAB : public RootObject, public PublicListBook<CFaxAB, CPubFaxDL> {
   // new count; or -1, and the caller keeps the list.
   // REQUIRES: the list is not in the book already.
   int AddList(const CPubFaxDL& list, std::int32_t reload) { return Create(list, reload) ? 1 : 0; }
-  std::int32_t FastAddList(CPubFaxDL* list) { return Keep(list); }
+  std::int32_t FastAddList(CPubFaxDL* list) { return CreateAndAdd(list); }
 
   // FastDeleteList returns the count also if there was no such list in memory.
   int DeleteList(std::string_view name, std::int32_t reload) {
     return Delete(name, reload) ? 1 : 0;
   }
-  std::int32_t FastDeleteList(std::string_view name) { return Drop(name); }
+  std::int32_t FastDeleteList(std::string_view name) { return DeleteAndRemove(name); }
 
   // Read the members of `source` from the server, at most 512, and add a list of the new name with
   // those that were delivered. Return 1 or 0. If the members cannot be read, they add nothing and
@@ -151,7 +151,7 @@ class CFaxAB : public RootObject, public PublicListBook<CFaxAB, CPubFaxDL> {
   const CScanner& Scanner() const { return ScannerOrUnbound(scanner); }
   BookAccess<CFaxEntry> ServerEntries() const { return Scanner().FaxEntries(); }
   int ReloadAfter(Status changed, std::int32_t reload);
-  bool IsFull() const;
+  bool RecordIfFull() const;
 
   CScanner* scanner = nullptr;
   CFaxEntryList entries;

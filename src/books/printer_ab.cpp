@@ -9,12 +9,12 @@ namespace quillkit {
 namespace {
 
 // The last assigned number. Each book has a number of its own, and each load of models a range.
-std::uint32_t lastReference = 0;
+std::uint32_t lastNumber = 0;
 
 // Assigns `count` new numbers and returns the first.
-std::uint32_t TakeReferences(std::uint32_t count) {
-  const std::uint32_t first = lastReference + 1;
-  lastReference += count;
+std::uint32_t AssignNumbers(std::uint32_t count) {
+  const std::uint32_t first = lastNumber + 1;
+  lastNumber += count;
   return first;
 }
 
@@ -23,7 +23,7 @@ std::uint32_t TakeReferences(std::uint32_t count) {
 const ClassRecord CPrinterAB::kClass = {"CPrinterAB", sizeof(CPrinterAB), 1,
                                         CreateObject<CPrinterAB>, nullptr};
 
-CPrinterAB::CPrinterAB() : number(TakeReferences(1)) {}
+CPrinterAB::CPrinterAB() : number(AssignNumbers(1)) {}
 
 void CPrinterAB::Serialize(Archive& archive) {
   for (const auto& each : printers) each->Serialize(archive);
@@ -84,7 +84,7 @@ std::int32_t CPrinterAB::LoadModels() {
   BookAccess<PrinterModelRecord> book = ModelEntries();
   Status status = book.ListNames(names, &count);
   if (status != kNoError) return status == kDataNotFound ? 0 : -1;
-  firstLink = TakeReferences(MaxPrinterModels);
+  firstLink = AssignNumbers(MaxPrinterModels);
   for (std::uint32_t i = 0; i < count; ++i) {
     auto model = std::make_unique<PrinterModelRecord>();
     model->SetModelName(names[i].name.View());

@@ -167,7 +167,7 @@ class CPrinterAB : public RootObject {
   bool ReloadModelsAfter(Status changed, bool reload);
   BookAccess<PrinterModelRecord> ModelEntries() const { return Scanner().ModelEntries(); }
 
-  bool IsFull() const;
+  bool RecordIfFull() const;
   bool ReloadPrintersAfter(Status changed, bool reload);
   std::int32_t Overwrite(Status changed, std::string_view name, const PrinterRecord& record);
   auto PrinterNames() const;

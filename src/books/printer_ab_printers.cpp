@@ -40,7 +40,7 @@ std::int32_t CPrinterAB::LoadPrinters() {
 }
 
 std::int32_t CPrinterAB::AddPrinter(PrinterRecord* printer, bool reload) {
-  if (IsFull()) return -1;
+  if (RecordIfFull()) return -1;
   return ReloadPrintersAfter(PrinterEntries().Create(printer), reload) ? PrinterCount() : -1;
 }
 
@@ -63,7 +63,7 @@ bool CPrinterAB::ReloadPrintersAfter(Status changed, bool reload) {
 }
 
 std::int32_t CPrinterAB::FastAddPrinter(const PrinterRecord* printer) {
-  if (IsFull()) return -1;
+  if (RecordIfFull()) return -1;
   auto added = std::make_unique<PrinterRecord>();
   added->SetAll(this, printer->printerName.View(), printer->description.View(),
                 printer->printerModel.View(), printer->isDefault);
@@ -99,7 +99,7 @@ std::int32_t CPrinterAB::Overwrite(Status changed, std::string_view name,
 }
 
 // Returns whether 256 printers are in memory. If so, records code 24.
-bool CPrinterAB::IsFull() const {
+bool CPrinterAB::RecordIfFull() const {
   if (PrinterCount() < MaxPrinters) return false;
   TheAgent.SetError(kBookFull);
   return true;

@@ -253,12 +253,12 @@ class CPrivEmailAB : public RootObject, private ListSet<CPrivEmailDL> {
   BookAccess<CEmailEntry> ServerEntries() const { return Route().PrivateEntries(); }
   bool EntriesAreFull() const { return entries.Count() >= MaxPrivateEntries; }
   bool ListsAreFull() const { return ListCount() >= MaxPrivateLists; }
-  bool RecordsFullLists() const;
+  bool RecordListLimit() const;
   Status ReloadAfter(Status changed, std::int32_t reload);
   Status CreateMembersOf(const CPrivEmailDL& list);
   bool FillCopy(const CPrivEmailDL& source, const std::string& newName, CPrivEmailDL* copy);
   bool FillCopyOfPublic(CPubEmailDL* source, const std::string& newName, CPrivEmailDL* copy);
-  bool TakeOver(std::unique_ptr<CPrivEmailDL> list);
+  bool AddOwnedList(std::unique_ptr<CPrivEmailDL> list);
   Status DeleteHeldLists();
 
   CUserRecord* user = nullptr;

@@ -27,7 +27,7 @@ CPrivEmailDL* CPrivEmailAB::SetListAt(std::int32_t index, CPrivEmailDL* list) {
 }
 
 bool CPrivEmailAB::AddList(CPrivEmailDL* list, std::int32_t reload) {
-  if (list == nullptr || RecordsFullLists()) return false;
+  if (list == nullptr || RecordListLimit()) return false;
   Status status = CreateServerList(list->Name());
   if (status == kNoError) status = CreateMembersOf(*list);
   if (reload != 0) LoadLists(1);
@@ -35,14 +35,13 @@ bool CPrivEmailAB::AddList(CPrivEmailDL* list, std::int32_t reload) {
 }
 
 std::int32_t CPrivEmailAB::AddListLocal(CPrivEmailDL* list) {
-  if (list == nullptr || RecordsFullLists() || CreateServerList(list->Name()) != kNoError)
-    return -1;
+  if (list == nullptr || RecordListLimit() || CreateServerList(list->Name()) != kNoError) return -1;
   CreateMembersOf(*list);
   return Append(std::unique_ptr<CPrivEmailDL>(list));
 }
 
 // Returns whether the copy has 100 lists. If so, records code 24.
-bool CPrivEmailAB::RecordsFullLists() const {
+bool CPrivEmailAB::RecordListLimit() const {
   if (ListsAreFull()) TheAgent.SetError(kBookFull);
   return ListsAreFull();
 }
@@ -84,7 +83,7 @@ int CPrivEmailAB::CopyList(const CPrivEmailDL& source, const std::string& newNam
 
 int CPrivEmailAB::CopyListLocal(const CPrivEmailDL& source, const std::string& newName) {
   auto copy = std::make_unique<CPrivEmailDL>();
-  return FillCopy(source, newName, copy.get()) && TakeOver(std::move(copy)) ? 1 : 0;
+  return FillCopy(source, newName, copy.get()) && AddOwnedList(std::move(copy)) ? 1 : 0;
 }
 
 int CPrivEmailAB::CopyPublicList(CPubEmailDL* source, const std::string& newName,
@@ -95,10 +94,10 @@ int CPrivEmailAB::CopyPublicList(CPubEmailDL* source, const std::string& newName
 
 int CPrivEmailAB::CopyPublicListLocal(CPubEmailDL* source, const std::string& newName) {
   auto copy = std::make_unique<CPrivEmailDL>();
-  return FillCopyOfPublic(source, newName, copy.get()) && TakeOver(std::move(copy)) ? 1 : 0;
+  return FillCopyOfPublic(source, newName, copy.get()) && AddOwnedList(std::move(copy)) ? 1 : 0;
 }
 
-bool CPrivEmailAB::TakeOver(std::unique_ptr<CPrivEmailDL> list) {
+bool CPrivEmailAB::AddOwnedList(std::unique_ptr<CPrivEmailDL> list) {
   if (AddListLocal(list.get()) < 0) return false;
   static_cast<void>(list.release());
   return true;

@@ -50,7 +50,7 @@ class PublicListBook : public ListSet<List> {
  protected:
   // Adds the list on the server and in memory. The set then owns it. Returns the new count; or -1,
   // also for null, and the caller keeps the list.
-  std::int32_t Keep(List* list);
+  std::int32_t CreateAndAdd(List* list);
 
   // Adds the list on the server only, then with `reload` loads the lists. Returns whether both
   // succeeded.
@@ -58,7 +58,7 @@ class PublicListBook : public ListSet<List> {
 
   // Deletes the list of this name on the server and in memory. Returns the count, also if there was
   // none in memory; or -1.
-  std::int32_t Drop(std::string_view name);
+  std::int32_t DeleteAndRemove(std::string_view name);
 
   // Deletes the list of this name on the server only, then with `reload` loads the lists. Returns
   // whether both succeeded.
@@ -102,7 +102,7 @@ Status PublicListBook<Book, List>::DeleteAllLists() {
 }
 
 template <class Book, class List>
-std::int32_t PublicListBook<Book, List>::Keep(List* list) {
+std::int32_t PublicListBook<Book, List>::CreateAndAdd(List* list) {
   if (list == nullptr || CreateOnServer(*list) != kNoError) return -1;
   return this->Append(std::unique_ptr<List>(list));
 }
@@ -134,7 +134,7 @@ Status PublicListBook<Book, List>::CreateOnServer(const List& list) {
 }
 
 template <class Book, class List>
-std::int32_t PublicListBook<Book, List>::Drop(std::string_view name) {
+std::int32_t PublicListBook<Book, List>::DeleteAndRemove(std::string_view name) {
   if (Self()->MembersOf(name).DeleteBook() != kNoError) return -1;
   this->RemoveList(name);
   return this->ListCount();

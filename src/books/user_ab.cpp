@@ -25,19 +25,19 @@ int CUserAB::Load() {
 
 CUserRecord* CUserAB::First(CUserRecord* record) {
   walkIndex = 0;
-  return HandOutAt(walkIndex, record);
+  return FillRecordAt(walkIndex, record);
 }
 
 CUserRecord* CUserAB::Next(CUserRecord* record) {
-  return IsEmpty() ? nullptr : HandOutAt(++walkIndex, record);
+  return IsEmpty() ? nullptr : FillRecordAt(++walkIndex, record);
 }
 
 CUserRecord* CUserAB::Previous(CUserRecord* record) {
-  return IsEmpty() ? nullptr : HandOutAt(--walkIndex, record);
+  return IsEmpty() ? nullptr : FillRecordAt(--walkIndex, record);
 }
 
 CUserRecord* CUserAB::GetAt(std::int32_t index, CUserRecord* record) {
-  return HandOutAt(index, record);
+  return FillRecordAt(index, record);
 }
 
 int CUserAB::RemoveAt(std::int32_t index, std::int32_t reload) {
@@ -48,23 +48,23 @@ int CUserAB::RemoveAt(std::int32_t index, std::int32_t reload) {
 std::int32_t CUserAB::FindFirst(const std::string& pattern, std::int32_t exact,
                                 CUserRecord* record) {
   const std::int32_t index = users.FindFirst(pattern, exact);
-  HandOutAt(index, record);
+  FillRecordAt(index, record);
   return index;
 }
 
 std::int32_t CUserAB::FindNext(std::int32_t exact, CUserRecord* record) {
   const std::int32_t index = users.FindNext(exact);
-  HandOutAt(index, record);
+  FillRecordAt(index, record);
   return index;
 }
 
-CUserRecord* CUserAB::HandOutAt(std::int32_t index, CUserRecord* record) {
+CUserRecord* CUserAB::FillRecordAt(std::int32_t index, CUserRecord* record) {
   const CUserEntry* source = users.PointerAt(index);
-  return source != nullptr ? HandOut(*source, record) : nullptr;
+  return source != nullptr ? FillRecord(*source, record) : nullptr;
 }
 
 // The copy step. `source` may be `record` itself.
-CUserRecord* CUserAB::HandOut(const CUserEntry& source, CUserRecord* record) {
+CUserRecord* CUserAB::FillRecord(const CUserEntry& source, CUserRecord* record) {
   record->SetFrom(this, source);
   record->tag = source.tag;
   record->SetPrivateBookRaw(nullptr);
@@ -73,7 +73,7 @@ CUserRecord* CUserAB::HandOut(const CUserEntry& source, CUserRecord* record) {
 }
 
 bool CUserAB::AddUser(CUserRecord* record, std::int32_t reload) {
-  return !IsFull() && ReloadAfter(Entries().Create(record), reload);
+  return !RecordIfFull() && ReloadAfter(Entries().Create(record), reload);
 }
 
 bool CUserAB::ReadUser(CUserRecord* record, std::int32_t reload) {
@@ -96,21 +96,21 @@ bool CUserAB::DeleteUser(CUserRecord* record, std::int32_t reload) {
 
 bool CUserAB::ReloadAfter(Status changed, std::int32_t reload, CUserRecord* record) {
   const auto load = [&] {
-    if (record != nullptr) HandOut(*record, record);
+    if (record != nullptr) FillRecord(*record, record);
     Load();
   };
   return LoadAfterChange(changed, reload, load) == kNoError;
 }
 
 // Returns whether 4096 accounts are in memory. If so, records code 24.
-bool CUserAB::IsFull() const {
+bool CUserAB::RecordIfFull() const {
   if (users.Count() < MaxUsers) return false;
   TheAgent.SetError(kBookFull);
   return true;
 }
 
 std::int32_t CUserAB::AddLocal(CUserRecord* record) {
-  if (IsFull() || Entries().Create(record) != kNoError) return -1;
+  if (RecordIfFull() || Entries().Create(record) != kNoError) return -1;
   const std::int32_t count = users.Append(*record);
   return count > 0 ? count : -1;
 }

@@ -129,11 +129,11 @@ class CUserAB : public RootObject {
   const CScanner& BoundScanner() const {
     return ScannerOrUnbound(scanner != nullptr && scanner->IsBound() ? scanner : nullptr);
   }
-  CUserRecord* HandOut(const CUserEntry& source, CUserRecord* record);
-  CUserRecord* HandOutAt(std::int32_t index, CUserRecord* record);
-  // Before the reload, applies the copy step (HandOut) to `record`, unless it is null.
+  CUserRecord* FillRecord(const CUserEntry& source, CUserRecord* record);
+  CUserRecord* FillRecordAt(std::int32_t index, CUserRecord* record);
+  // Before the reload, applies the copy step (FillRecord) to `record`, unless it is null.
   bool ReloadAfter(Status changed, std::int32_t reload, CUserRecord* record = nullptr);
-  bool IsFull() const;
+  bool RecordIfFull() const;
 
   std::int32_t withPrivateBooks = 0;
   CScanner* scanner = nullptr;

@@ -287,7 +287,7 @@ class CAgent : public RootObject {
   Status RecordedCommand(std::int32_t kind, const char* first, const char* second);
   void FreeLogRecords() { logRecords.reset(); }
   ScannerList::const_iterator Locate(std::uint32_t address) const;
-  std::unique_ptr<CScanner> Take(ScannerList::const_iterator position);
+  std::unique_ptr<CScanner> Extract(ScannerList::const_iterator position);
 
   std::unique_ptr<CUserRecord> currentUser;
   Status lastError = kNoError;

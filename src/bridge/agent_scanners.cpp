@@ -28,7 +28,7 @@ int CAgent::AddScanner(CScanner* scanner) {
   ScannerList added(1, scanner);  // the one step that may throw
   const auto found = Locate(scanner->Address());
   if (found != scanners.end()) {
-    std::unique_ptr<CScanner> old = Take(found);
+    std::unique_ptr<CScanner> old = Extract(found);
     if (old.get() == scanner) (void)old.release();
   }
   scanners.splice(scanners.end(), added);
@@ -43,7 +43,7 @@ CScanner* CAgent::FindScanner(const std::uint32_t* address) const {
 int CAgent::RemoveScanner(const std::uint32_t* address) {
   const auto found = Locate(*address);
   if (found == scanners.end()) return 0;
-  Take(found);
+  Extract(found);
   return 1;
 }
 
@@ -62,7 +62,7 @@ CScanner* CAgent::NextScanner() {
 }
 
 void CAgent::DeleteScanners() {
-  while (!scanners.empty()) Take(scanners.begin());
+  while (!scanners.empty()) Extract(scanners.begin());
   FreeLogRecords();
 }
 
@@ -72,7 +72,7 @@ CAgent::ScannerList::const_iterator CAgent::Locate(std::uint32_t address) const 
 }
 
 // Removes a scanner from the list. If it is the next one of an iteration, the iteration skips it.
-std::unique_ptr<CScanner> CAgent::Take(ScannerList::const_iterator position) {
+std::unique_ptr<CScanner> CAgent::Extract(ScannerList::const_iterator position) {
   std::unique_ptr<CScanner> scanner(*position);
   if (scanCursor == position) ++scanCursor;
   scanners.erase(position);

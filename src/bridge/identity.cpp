@@ -13,7 +13,7 @@ std::string_view SkipSpaces(std::string_view text) {
 
 // Moves the text before the next character of `ends` into `field`. Returns false if it is empty.
 template <class Field>
-bool TakeField(std::string_view& text, std::string_view ends, Field& field) {
+bool ParseField(std::string_view& text, std::string_view ends, Field& field) {
   const std::string_view taken = text.substr(0, text.find_first_of(ends));
   field.Assign(taken);
   text.remove_prefix(taken.size());
@@ -21,7 +21,7 @@ bool TakeField(std::string_view& text, std::string_view ends, Field& field) {
 }
 
 // Removes a dash and the spaces around it from the front. Returns false if there is none.
-bool TakeDash(std::string_view& text) {
+bool SkipDash(std::string_view& text) {
   text = SkipSpaces(text);
   if (text.empty() || text.front() != '-') return false;
   text = SkipSpaces(text.substr(1));
@@ -32,9 +32,9 @@ bool TakeDash(std::string_view& text) {
 
 Identity ParseIdentity(std::string_view text) {
   Identity identity;
-  const bool complete = TakeField(text, "-", identity.model) && TakeDash(text) &&
-                        TakeField(text, "-", identity.version) && TakeDash(text);
-  if (complete) TakeField(text, kSpaces, identity.third);
+  const bool complete = ParseField(text, "-", identity.model) && SkipDash(text) &&
+                        ParseField(text, "-", identity.version) && SkipDash(text);
+  if (complete) ParseField(text, kSpaces, identity.third);
   return identity;
 }
 

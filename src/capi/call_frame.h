@@ -39,7 +39,7 @@ inline constexpr HandleKind kKindOf<CUserRecord> = HandleKind::kUser;
 enum class Need {
   kAlive,
   kAliveOrNone,  // the handle may be 0
-  kItsBook,      // a key whose book, if it has one, is alive
+  kBookAlive,    // a key whose book, if it has one, is alive
   kOwnership     // owned by the application
 };
 
@@ -54,8 +54,8 @@ class ObjectArgument {
     const HandleEntry* entry = Handles().Find(handle, kKindOf<Object>, &fault);
     if (entry == nullptr) return fault;
     object = static_cast<Object*>(entry->object);
-    if (kNeed == Need::kOwnership && !entry->isApplications) return QUILL_E_OWNER;
-    if (kNeed == Need::kItsBook && entry->parent != 0 && !Handles().IsLive(entry->parent)) {
+    if (kNeed == Need::kOwnership && !entry->isAppOwned) return QUILL_E_OWNER;
+    if (kNeed == Need::kBookAlive && entry->parent != 0 && !Handles().IsLive(entry->parent)) {
       return QUILL_E_STALE;
     }
     return 0;
@@ -70,7 +70,7 @@ class ObjectArgument {
 using ScannerArgument = ObjectArgument<CScanner>;
 using BookArgument = ObjectArgument<CTopLevelAB>;
 using KeyArgument = ObjectArgument<CSoftKey>;
-using KeyOnServerArgument = ObjectArgument<CSoftKey, Need::kItsBook>;
+using KeyOnServerArgument = ObjectArgument<CSoftKey, Need::kBookAlive>;
 using ItemArgument = ObjectArgument<CMenuItem>;
 
 // Passes a text to the work as a copy that is wiped afterwards: it may be a password.
@@ -96,7 +96,7 @@ class NumberResult {
   std::uint32_t* Target() const { return target; }
 
   // Stores the number. Returns 1.
-  std::int32_t Take(std::uint32_t number) const {
+  std::int32_t Store(std::uint32_t number) const {
     *target = number;
     return 1;
   }
@@ -117,7 +117,7 @@ class TextResult {
 
   // Stores the size that the text needs, with its NUL, and the text. Returns 1; or QUILL_E_BUFFER,
   // without the text, if the buffer is too small.
-  std::int32_t Take(const char* text) const {
+  std::int32_t Store(const char* text) const {
     const std::size_t needed = std::strlen(text) + 1;
     const bool fits = needed <= *size;
     *size = static_cast<std::uint32_t>(needed);
@@ -136,7 +136,7 @@ class TextResult {
 class HandleResult {
  public:
   explicit HandleResult(quill_handle* newTarget, quill_handle newParent = 0)
-      : target(newTarget), usualParent(newParent) {
+      : target(newTarget), defaultParent(newParent) {
     if (target != nullptr) *target = 0;
   }
 
@@ -145,34 +145,34 @@ class HandleResult {
 
   // Stores the handle of an object of the library. Returns 1, or 0 for null.
   template <class Object>
-  std::int32_t Take(Object* object) const {
-    return TakeUnder(usualParent, object);
+  std::int32_t Store(Object* object) const {
+    return StoreUnder(defaultParent, object);
   }
   template <class Object>
-  std::int32_t TakeUnder(quill_handle parent, Object* object) const {
-    return Enter(object, parent, false);
+  std::int32_t StoreUnder(quill_handle parent, Object* object) const {
+    return StoreHandle(object, parent, false);
   }
 
   // The same, for an object that the application owns from now on. Destroys the object if memory
   // for the handle cannot be allocated.
   template <class Object, class Destroy>
-  std::int32_t TakeForApplication(Object* object, Destroy destroy) const {
+  std::int32_t StoreForApplication(Object* object, Destroy destroy) const {
     std::unique_ptr<Object, Destroy> held(object, destroy);
-    const std::int32_t taken = Enter(object, usualParent, true);
+    const std::int32_t stored = StoreHandle(object, defaultParent, true);
     (void)held.release();
-    return taken;
+    return stored;
   }
 
  private:
   template <class Object>
-  std::int32_t Enter(Object* object, quill_handle parent, bool isApplications) const {
+  std::int32_t StoreHandle(Object* object, quill_handle parent, bool isAppOwned) const {
     if (object == nullptr) return 0;
-    *target = Handles().Enter(kKindOf<Object>, object, parent, isApplications);
+    *target = Handles().FindOrAdd(kKindOf<Object>, object, parent, isAppOwned);
     return 1;
   }
 
   quill_handle* target;
-  quill_handle usualParent;
+  quill_handle defaultParent;
 };
 
 template <class Argument>
@@ -217,8 +217,8 @@ std::int32_t InTurn(Work work, Arguments... arguments) noexcept {
 
 // Work that stores its result, a text, a number or a handle, in its first argument.
 template <auto kFunction>
-inline constexpr auto kGive = [](const auto& result, const auto&... arguments) {
-  return result.Take(kFunction(arguments...));
+inline constexpr auto kStoreResult = [](const auto& result, const auto&... arguments) {
+  return result.Store(kFunction(arguments...));
 };
 
 // Work that destroys an object of the application and ends its handle.
@@ -248,7 +248,7 @@ class ScopeExit {
 
 // Work that ends the handles below its first argument, unless the function returns `kUnchanged`.
 template <auto kFunction, std::int32_t kUnchanged>
-inline constexpr auto kChange = [](auto* changed, const auto&... arguments) {
+inline constexpr auto kInvalidateOnChange = [](auto* changed, const auto&... arguments) {
   ScopeExit end([=] { Handles().EndBelow(changed); });
   const std::int32_t result = kFunction(changed, arguments...);
   if (result == kUnchanged) end.Release();
@@ -258,11 +258,12 @@ inline constexpr auto kChange = [](auto* changed, const auto&... arguments) {
 // Work that ends the handles below `changed` if `reload` is set. Passes `reload` as the last
 // argument of the function.
 template <auto kFunction>
-inline constexpr auto kReload = [](std::int32_t reload, auto* changed, const auto&... arguments) {
-  ScopeExit end([=] { Handles().EndBelow(changed); });
-  if (reload == 0) end.Release();
-  return kFunction(changed, arguments..., reload);
-};
+inline constexpr auto kInvalidateOnReload =
+    [](std::int32_t reload, auto* changed, const auto&... arguments) {
+      ScopeExit end([=] { Handles().EndBelow(changed); });
+      if (reload == 0) end.Release();
+      return kFunction(changed, arguments..., reload);
+    };
 
 }  // namespace quillkit::capi
 

@@ -11,26 +11,26 @@ namespace quillkit::capi {
 namespace {
 
 // Recursive: a thread inside a call can send a due keep-alive and detect a nested call.
-constinit std::recursive_mutex door;
+constinit std::recursive_mutex callMutex;
 constinit int depth = 0;  // of the thread that holds the lock
 
 // A keep-alive that waits for the lock.
-constinit std::atomic<KeepAlive> owed = nullptr;
+constinit std::atomic<KeepAlive> pendingKeepAlive = nullptr;
 
 // Sends a waiting keep-alive unless another thread holds the lock. In that case, the other thread
 // sends it after it has released the lock.
-void SendOwed() {
-  while (owed.load() != nullptr && door.try_lock()) {
+void SendPending() {
+  while (pendingKeepAlive.load() != nullptr && callMutex.try_lock()) {
     ++depth;
-    if (const KeepAlive send = owed.exchange(nullptr)) send();
+    if (const KeepAlive send = pendingKeepAlive.exchange(nullptr)) send();
     --depth;
-    door.unlock();
+    callMutex.unlock();
   }
 }
 
 void OnKeepAlive(KeepAlive send) {
-  owed.store(send);
-  SendOwed();
+  pendingKeepAlive.store(send);
+  SendPending();
 }
 
 [[maybe_unused]] const KeepAliveSender earlierSender = SetKeepAliveSender(OnKeepAlive);
@@ -42,15 +42,15 @@ CallTurn::CallTurn() {
     fault = QUILL_E_FORKED;
     return;
   }
-  door.lock();
+  callMutex.lock();
   if (++depth != 1) fault = QUILL_E_NESTED;
 }
 
 CallTurn::~CallTurn() {
   if (fault == QUILL_E_FORKED) return;
   const bool isOutermost = --depth == 0;
-  door.unlock();
-  if (isOutermost) SendOwed();
+  callMutex.unlock();
+  if (isOutermost) SendPending();
 }
 
 }  // namespace quillkit::capi

@@ -7,19 +7,19 @@ namespace {
 
 constexpr unsigned kSlotShift = 32;
 constexpr unsigned kKindShift = 56;
-constexpr std::size_t kMostSlots = std::size_t{1} << (kKindShift - kSlotShift);
+constexpr std::size_t kMaxSlots = std::size_t{1} << (kKindShift - kSlotShift);
 
 std::size_t SlotOf(quill_handle handle) {
-  return static_cast<std::size_t>(handle >> kSlotShift) % kMostSlots;
+  return static_cast<std::size_t>(handle >> kSlotShift) % kMaxSlots;
 }
 
 }  // namespace
 
-quill_handle HandleTable::Enter(HandleKind kind, void* object, quill_handle parent,
-                                bool isApplications) {
+quill_handle HandleTable::FindOrAdd(HandleKind kind, void* object, quill_handle parent,
+                                    bool isAppOwned) {
   if (const quill_handle known = HandleOf(object); known != 0) return known;
   if (firstFree == entries.size()) {
-    if (entries.size() == kMostSlots) throw std::bad_alloc();
+    if (entries.size() == kMaxSlots) throw std::bad_alloc();
     entries.emplace_back().parent = firstFree + 1;
   }
   slots.emplace(object, firstFree);
@@ -28,7 +28,7 @@ quill_handle HandleTable::Enter(HandleKind kind, void* object, quill_handle pare
   firstFree = static_cast<std::size_t>(entry.parent);
   entry.object = object;
   entry.kind = kind;
-  entry.isApplications = isApplications;
+  entry.isAppOwned = isAppOwned;
   entry.parent = parent;
   return HandleAt(slot);
 }
@@ -59,7 +59,7 @@ quill_handle HandleTable::HandleOf(const void* object) const {
   return found != slots.end() ? HandleAt(found->second) : 0;
 }
 
-bool HandleTable::IsUnder(const void* object, const void* parent) const {
+bool HandleTable::IsChild(const void* object, const void* parent) const {
   const auto found = slots.find(object);
   return found != slots.end() && entries[found->second].parent == HandleOf(parent);
 }
@@ -70,13 +70,13 @@ void HandleTable::End(const void* object) {
 }
 
 void HandleTable::EndBelow(const void* object) {
-  if (const quill_handle parent = HandleOf(object); parent != 0) EndUnder(parent);
+  if (const quill_handle parent = HandleOf(object); parent != 0) EndChildren(parent);
 }
 
-void HandleTable::EndUnder(quill_handle parent) {
+void HandleTable::EndChildren(quill_handle parent) {
   for (std::size_t slot = 0; slot < entries.size(); ++slot) {
     const HandleEntry& entry = entries[slot];
-    if (entry.object != nullptr && !entry.isApplications && entry.parent == parent) EndAt(slot);
+    if (entry.object != nullptr && !entry.isAppOwned && entry.parent == parent) EndAt(slot);
   }
 }
 
@@ -102,7 +102,7 @@ void HandleTable::EndAt(std::size_t slot) {
     entry.parent = firstFree;
     firstFree = slot;
   }
-  if (entry.kind < HandleKind::kItem) EndUnder(ended);
+  if (entry.kind < HandleKind::kItem) EndChildren(ended);
 }
 
 HandleTable& Handles() {

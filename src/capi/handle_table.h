@@ -25,7 +25,7 @@ enum class HandleKind : std::uint8_t { kScanner = 1, kBook, kKey, kItem, kUser }
 struct HandleEntry {
   void* object = nullptr;  // null: the slot is free
   HandleKind kind{};
-  bool isApplications = false;  // owned by the application
+  bool isAppOwned = false;  // owned by the application
   std::uint32_t generation = 1;
   // The handle of the object that this one belongs to, or 0. For a scanner its IPv4 address, which
   // equals no handle, so that scanners of one address have the same parent. For a free slot the
@@ -36,7 +36,7 @@ struct HandleEntry {
 class HandleTable {
  public:
   // Returns the handle of an object. Adds the object if it has none.
-  quill_handle Enter(HandleKind kind, void* object, quill_handle parent, bool isApplications);
+  quill_handle FindOrAdd(HandleKind kind, void* object, quill_handle parent, bool isAppOwned);
 
   // Returns the entry of a handle of this kind and stores 0 in `*fault`. Otherwise returns null and
   // stores QUILL_E_NULL, QUILL_E_STALE or QUILL_E_FOREIGN. Valid until the table changes.
@@ -49,16 +49,16 @@ class HandleTable {
   quill_handle HandleOf(const void* object) const;
 
   // Returns whether an object belongs to `parent`, which is in the table.
-  bool IsUnder(const void* object, const void* parent) const;
+  bool IsChild(const void* object, const void* parent) const;
 
   // Remove objects and end their handles. An object that is not in the table is ignored.
-  //   End       the object
-  //   EndBelow  the objects of the library below the object
-  //   EndUnder  the objects of the library with this parent
-  //   EndAll    all objects of a kind
+  //   End          the object
+  //   EndBelow     the objects of the library below the object
+  //   EndChildren  the objects of the library with this parent
+  //   EndAll       all objects of a kind
   void End(const void* object);
   void EndBelow(const void* object);
-  void EndUnder(quill_handle parent);
+  void EndChildren(quill_handle parent);
   void EndAll(HandleKind kind);
 
  private:

@@ -10,7 +10,7 @@ int32_t quill_create_menu_item(quill_handle* item) {
       [](const HandleResult& result) {
         CMenuItem* made = nullptr;
         CreateMenuItem(&made);
-        return result.TakeForApplication(made, DestroyMenuItem);
+        return result.StoreForApplication(made, DestroyMenuItem);
       },
       HandleResult(item));
 }
@@ -20,27 +20,27 @@ int32_t quill_destroy_menu_item(quill_handle item) {
 }
 
 int32_t quill_get_item_name(quill_handle item, char* buffer, uint32_t* size) {
-  return InTurn(kGive<GetItemName>, TextResult(buffer, size), ItemArgument(item));
+  return InTurn(kStoreResult<GetItemName>, TextResult(buffer, size), ItemArgument(item));
 }
 
 int32_t quill_ip_address(quill_handle item, char* buffer, uint32_t* size) {
-  return InTurn(kGive<IPAddress>, TextResult(buffer, size), ItemArgument(item));
+  return InTurn(kStoreResult<IPAddress>, TextResult(buffer, size), ItemArgument(item));
 }
 
 int32_t quill_path(quill_handle item, char* buffer, uint32_t* size) {
-  return InTurn(kGive<Path>, TextResult(buffer, size), ItemArgument(item));
+  return InTurn(kStoreResult<Path>, TextResult(buffer, size), ItemArgument(item));
 }
 
 int32_t quill_app_tag(quill_handle item, char* buffer, uint32_t* size) {
-  return InTurn(kGive<AppTag>, TextResult(buffer, size), ItemArgument(item));
+  return InTurn(kStoreResult<AppTag>, TextResult(buffer, size), ItemArgument(item));
 }
 
 int32_t quill_file_format(quill_handle item, uint32_t* value) {
-  return InTurn(kGive<FileFormat>, NumberResult(value), ItemArgument(item));
+  return InTurn(kStoreResult<FileFormat>, NumberResult(value), ItemArgument(item));
 }
 
 int32_t quill_settings(quill_handle item, uint32_t* value) {
-  return InTurn(kGive<Settings>, NumberResult(value), ItemArgument(item));
+  return InTurn(kStoreResult<Settings>, NumberResult(value), ItemArgument(item));
 }
 
 int32_t quill_set_name(quill_handle item, const char* text) {

@@ -8,12 +8,12 @@ using namespace quillkit::capi;
 namespace {
 
 // Returns the cached key with the name of `key`, or null.
-CSoftKey* NamesakeOf(CTopLevelAB* book, CSoftKey* key) {
+CSoftKey* FindCachedKey(CTopLevelAB* book, CSoftKey* key) {
   return GetKeyAt(book, FindSoftKeyIndex(book, GetKeyName(key)));
 }
 
 std::int32_t RemoveKey(CTopLevelAB* book, CSoftKey* key) {
-  const CSoftKey* removed = NamesakeOf(book, key);
+  const CSoftKey* removed = FindCachedKey(book, key);
   const std::int32_t count = FastKeyRemove(book, key);
   if (count >= 0) Handles().End(removed);
   return count;
@@ -21,8 +21,8 @@ std::int32_t RemoveKey(CTopLevelAB* book, CSoftKey* key) {
 
 std::int32_t WriteKey(CTopLevelAB* book, CSoftKey* key) {
   // Otherwise items would move from a key of another book into this one.
-  if (!Handles().IsUnder(key, book)) return QUILL_E_OWNER;
-  const CSoftKey* written = NamesakeOf(book, key);
+  if (!Handles().IsChild(key, book)) return QUILL_E_OWNER;
+  const CSoftKey* written = FindCachedKey(book, key);
   ScopeExit end([=] {
     Handles().EndBelow(written);
     Handles().EndBelow(key);
@@ -35,7 +35,7 @@ std::int32_t WriteKey(CTopLevelAB* book, CSoftKey* key) {
 std::int32_t MakeKey(const HandleResult& result, const std::string& name, CTopLevelAB* book) {
   CSoftKey* key = nullptr;
   const std::int32_t made = CreateSoftKey(name, book, &key);
-  result.TakeForApplication(key, DestroySoftKey);
+  result.StoreForApplication(key, DestroySoftKey);
   return made != 0 ? 1 : 0;
 }
 
@@ -55,15 +55,15 @@ int32_t quill_load_top_level_abook(quill_handle book, int32_t with_items) {
 }
 
 int32_t quill_add_key(quill_handle book, const char* name, int32_t reload) {
-  return InTurn(kReload<AddKey>, reload, BookArgument(book), TextArgument(name));
+  return InTurn(kInvalidateOnReload<AddKey>, reload, BookArgument(book), TextArgument(name));
 }
 
 int32_t quill_delete_key(quill_handle book, const char* name, int32_t reload) {
-  return InTurn(kReload<DeleteKey>, reload, BookArgument(book), TextArgument(name));
+  return InTurn(kInvalidateOnReload<DeleteKey>, reload, BookArgument(book), TextArgument(name));
 }
 
 int32_t quill_modify_key(quill_handle book, quill_handle key, int32_t reload) {
-  return InTurn(kReload<ModifyKey>, reload, BookArgument(book), KeyArgument(key));
+  return InTurn(kInvalidateOnReload<ModifyKey>, reload, BookArgument(book), KeyArgument(key));
 }
 
 int32_t quill_rename_soft_key(quill_handle book, const char* old_name, quill_handle key) {
@@ -71,7 +71,7 @@ int32_t quill_rename_soft_key(quill_handle book, const char* old_name, quill_han
 }
 
 int32_t quill_get_key_at(quill_handle book, int32_t index, quill_handle* key) {
-  return InTurn(kGive<GetKeyAt>, HandleResult(key, book), BookArgument(book), index);
+  return InTurn(kStoreResult<GetKeyAt>, HandleResult(key, book), BookArgument(book), index);
 }
 
 int32_t quill_find_soft_key_index(quill_handle book, const char* name) {
@@ -104,11 +104,12 @@ int32_t quill_destroy_soft_key(quill_handle key) {
 }
 
 int32_t quill_load_items(quill_handle book, const char* name, quill_handle* key) {
-  return InTurn(kGive<LoadItems>, HandleResult(key, book), BookArgument(book), TextArgument(name));
+  return InTurn(kStoreResult<LoadItems>, HandleResult(key, book), BookArgument(book),
+                TextArgument(name));
 }
 
 int32_t quill_get_key_name(quill_handle key, char* buffer, uint32_t* size) {
-  return InTurn(kGive<GetKeyName>, TextResult(buffer, size), KeyArgument(key));
+  return InTurn(kStoreResult<GetKeyName>, TextResult(buffer, size), KeyArgument(key));
 }
 
 int32_t quill_is_soft_key_empty(quill_handle key) {
@@ -126,15 +127,15 @@ int32_t quill_get_db_item_count(quill_handle key, uint32_t* count) {
 }
 
 int32_t quill_get_item_at(quill_handle key, int32_t index, quill_handle* item) {
-  return InTurn(kGive<GetItemAt>, HandleResult(item, key), KeyArgument(key), index);
+  return InTurn(kStoreResult<GetItemAt>, HandleResult(item, key), KeyArgument(key), index);
 }
 
 int32_t quill_set_item_at(quill_handle key, int32_t index, quill_handle item) {
-  return InTurn(kChange<SetItemAt, 0>, KeyArgument(key), index, ItemArgument(item));
+  return InTurn(kInvalidateOnChange<SetItemAt, 0>, KeyArgument(key), index, ItemArgument(item));
 }
 
 int32_t quill_remove_item_at(quill_handle key, int32_t index) {
-  return InTurn(kChange<RemoveItemAt, 0>, KeyArgument(key), index);
+  return InTurn(kInvalidateOnChange<RemoveItemAt, 0>, KeyArgument(key), index);
 }
 
 int32_t quill_find_first_item(quill_handle key, const char* pattern, int32_t whole_name) {
@@ -150,36 +151,41 @@ int32_t quill_find_menu_item_index(quill_handle key, quill_handle item) {
 }
 
 int32_t quill_add_menu_item(quill_handle key, quill_handle item, int32_t reload) {
-  return InTurn(kReload<AddMenuItem>, reload, KeyOnServerArgument(key), ItemArgument(item));
+  return InTurn(kInvalidateOnReload<AddMenuItem>, reload, KeyOnServerArgument(key),
+                ItemArgument(item));
 }
 
 int32_t quill_modify_menu_item(quill_handle key, quill_handle item, int32_t reload) {
-  return InTurn(kReload<ModifyMenuItem>, reload, KeyOnServerArgument(key), ItemArgument(item));
+  return InTurn(kInvalidateOnReload<ModifyMenuItem>, reload, KeyOnServerArgument(key),
+                ItemArgument(item));
 }
 
 int32_t quill_rename_menu_item(quill_handle key, const char* old_name, quill_handle item,
                                int32_t reload) {
-  return InTurn(kReload<RenameMenuItem>, reload, KeyOnServerArgument(key), TextArgument(old_name),
-                ItemArgument(item));
+  return InTurn(kInvalidateOnReload<RenameMenuItem>, reload, KeyOnServerArgument(key),
+                TextArgument(old_name), ItemArgument(item));
 }
 
 int32_t quill_delete_menu_item(quill_handle key, const char* name, int32_t reload) {
-  return InTurn(kReload<DeleteMenuItem>, reload, KeyOnServerArgument(key), TextArgument(name));
+  return InTurn(kInvalidateOnReload<DeleteMenuItem>, reload, KeyOnServerArgument(key),
+                TextArgument(name));
 }
 
 int32_t quill_fast_item_add(quill_handle key, quill_handle item) {
-  return InTurn(kChange<FastItemAdd, -1>, KeyOnServerArgument(key), ItemArgument(item));
+  return InTurn(kInvalidateOnChange<FastItemAdd, -1>, KeyOnServerArgument(key), ItemArgument(item));
 }
 
 int32_t quill_fast_item_remove(quill_handle key, quill_handle item) {
-  return InTurn(kChange<FastItemRemove, -1>, KeyOnServerArgument(key), ItemArgument(item));
+  return InTurn(kInvalidateOnChange<FastItemRemove, -1>, KeyOnServerArgument(key),
+                ItemArgument(item));
 }
 
 int32_t quill_fast_item_modify(quill_handle key, quill_handle item) {
-  return InTurn(kChange<FastItemModify, 0>, KeyOnServerArgument(key), ItemArgument(item));
+  return InTurn(kInvalidateOnChange<FastItemModify, 0>, KeyOnServerArgument(key),
+                ItemArgument(item));
 }
 
 int32_t quill_fast_item_rename(quill_handle key, const char* old_name, quill_handle item) {
-  return InTurn(kChange<FastItemRename, 0>, KeyOnServerArgument(key), TextArgument(old_name),
-                ItemArgument(item));
+  return InTurn(kInvalidateOnChange<FastItemRename, 0>, KeyOnServerArgument(key),
+                TextArgument(old_name), ItemArgument(item));
 }

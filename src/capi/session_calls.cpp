@@ -47,18 +47,18 @@ std::int32_t OpenSession(const HandleResult& scanner, const std::string& host,
   if (box == nullptr) return 0;
   Handles().EndAll(HandleKind::kUser);
   const quill_handle address = GetScannerAddress(box);
-  Handles().EndUnder(address);
-  return scanner.TakeUnder(address, box);
+  Handles().EndChildren(address);
+  return scanner.StoreUnder(address, box);
 }
 
 // Asks for the length first, then for the text.
-std::int32_t GiveErrorText(const TextResult& result, std::int32_t code) {
+std::int32_t StoreErrorText(const TextResult& result, std::int32_t code) {
   std::int32_t size = 0;
   TranslateToolkitError(code, nullptr, &size);
   std::string text(static_cast<std::size_t>(size), '\0');
   ++size;
   TranslateToolkitError(code, text.data(), &size);
-  return result.Take(text.c_str());
+  return result.Store(text.c_str());
 }
 
 // The options of an import as ImportOptions, in storage with space for the whole column map.
@@ -120,27 +120,29 @@ int32_t quill_get_last_toolkit_error(void) {
 }
 
 int32_t quill_translate_toolkit_error(int32_t code, char* buffer, uint32_t* size) {
-  return InTurn(GiveErrorText, TextResult(buffer, size), code);
+  return InTurn(StoreErrorText, TextResult(buffer, size), code);
 }
 
 int32_t quill_get_scanner_name(quill_handle scanner, char* buffer, uint32_t* size) {
-  return InTurn(kGive<GetScannerName>, TextResult(buffer, size), ScannerArgument(scanner));
+  return InTurn(kStoreResult<GetScannerName>, TextResult(buffer, size), ScannerArgument(scanner));
 }
 
 int32_t quill_get_scanner_version(quill_handle scanner, char* buffer, uint32_t* size) {
-  return InTurn(kGive<GetScannerVersion>, TextResult(buffer, size), ScannerArgument(scanner));
+  return InTurn(kStoreResult<GetScannerVersion>, TextResult(buffer, size),
+                ScannerArgument(scanner));
 }
 
 int32_t quill_get_scanner_model(quill_handle scanner, char* buffer, uint32_t* size) {
-  return InTurn(kGive<GetScannerModel>, TextResult(buffer, size), ScannerArgument(scanner));
+  return InTurn(kStoreResult<GetScannerModel>, TextResult(buffer, size), ScannerArgument(scanner));
 }
 
 int32_t quill_get_scanner_address(quill_handle scanner, uint32_t* value) {
-  return InTurn(kGive<GetScannerAddress>, NumberResult(value), ScannerArgument(scanner));
+  return InTurn(kStoreResult<GetScannerAddress>, NumberResult(value), ScannerArgument(scanner));
 }
 
 int32_t quill_get_current_connected_user(quill_handle scanner, quill_handle* user) {
-  return InTurn(kGive<GetCurrentConnectedUser>, HandleResult(user), ScannerOrNoneArgument(scanner));
+  return InTurn(kStoreResult<GetCurrentConnectedUser>, HandleResult(user),
+                ScannerOrNoneArgument(scanner));
 }
 
 int32_t quill_is_admin_connected(quill_handle scanner) {
@@ -148,7 +150,8 @@ int32_t quill_is_admin_connected(quill_handle scanner) {
 }
 
 int32_t quill_get_top_level_abook(quill_handle scanner, quill_handle* book) {
-  return InTurn(kGive<GetTopLevelAbook>, HandleResult(book, scanner), ScannerArgument(scanner));
+  return InTurn(kStoreResult<GetTopLevelAbook>, HandleResult(book, scanner),
+                ScannerArgument(scanner));
 }
 
 int32_t quill_import_address_book(quill_handle scanner, const char* path,

@@ -20,7 +20,7 @@ TextSpan WithoutEnd(TextSpan line) {
   return line;
 }
 
-void DropHeader(Conversion& conversion) {
+void SkipHeader(Conversion& conversion) {
   for (TextSpan line; conversion.NextLine(&line);) {
     if (!WithoutEnd(line).empty()) return;
   }
@@ -49,7 +49,7 @@ std::int32_t ConvertDelimitedText(ConversionJob job, const DelimitedLayout& layo
 
   const ScriptBook* book = FindScriptBook(layout.targetBook);
   if (book != nullptr && job.isAdmin && job.clearFirst) WriteClearLine(conversion.script(), *book);
-  if (layout.skipHeader) DropHeader(conversion);
+  if (layout.skipHeader) SkipHeader(conversion);
 
   const bool isFormatted = book != nullptr && (job.isAdmin || book->hasPlainPair);
   std::array<std::string_view, kMaxEntryFields> values;

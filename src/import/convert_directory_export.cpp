@@ -32,7 +32,7 @@ bool BeginsInEight(const char* at) {
 }
 
 // Returns whether the line contains kEntryMark.
-bool HoldsEntryMark(std::string_view line) {
+bool ContainsEntryMark(std::string_view line) {
   constexpr std::size_t kEight = 8 + kEntryMark.size() - 1;
   if (line.size() < kEight) return line.find(kEntryMark) != line.npos;
   const char* const last = line.data() + line.size() - kEight;
@@ -49,7 +49,7 @@ bool BeginsWith(std::string_view line, std::string_view mark) {
 
 }  // namespace
 
-void DirectoryEntry::Attribute::Take(std::string_view text, std::size_t width) {
+void DirectoryEntry::Attribute::Set(std::string_view text, std::size_t width) {
   text = text.substr(0, width);
   while (text.starts_with(' ')) text.remove_prefix(1);
   size = text.size();
@@ -57,30 +57,30 @@ void DirectoryEntry::Attribute::Take(std::string_view text, std::size_t width) {
   isSeen = true;
 }
 
-bool DirectoryEntry::Take(std::string_view line) {
+bool DirectoryEntry::ProcessLine(std::string_view line) {
   const ScriptBook& book = EmailScriptBook();
   if (!isOpen) {
     isOpen = BeginsWith(line, kEntryMark);
-  } else if (HoldsEntryMark(line)) {
-    Forget();
+  } else if (ContainsEntryMark(line)) {
+    MarkUnseen();
   } else if (!name.IsSeen() && BeginsWith(line, kNameMark)) {
-    name.Take(line.substr(kNameMark.size()), book.widths[0]);
+    name.Set(line.substr(kNameMark.size()), book.widths[0]);
     return CloseWhenComplete();
   } else if (!address.IsSeen() && BeginsWith(line, kAddressMark)) {
-    address.Take(line.substr(kAddressMark.size()), book.widths[1]);
+    address.Set(line.substr(kAddressMark.size()), book.widths[1]);
     return CloseWhenComplete();
   }
   return false;
 }
 
-void DirectoryEntry::Forget() {
-  name.Forget();
-  address.Forget();
+void DirectoryEntry::MarkUnseen() {
+  name.MarkUnseen();
+  address.MarkUnseen();
 }
 
 bool DirectoryEntry::CloseWhenComplete() {
   if (!name.IsSeen() || !address.IsSeen()) return false;
-  Forget();
+  MarkUnseen();
   isOpen = false;
   return true;
 }
@@ -94,7 +94,7 @@ std::int32_t ConvertDirectoryExport(ConversionJob job) {
   DirectoryEntry entry;
   for (TextSpan line; conversion.NextLine(&line);) {
     PumpPendingMessages(job.pumpWindow, job.restoreCursor);
-    if (line.size() <= 1 || !entry.Take(View(line.first(line.size() - 1)))) continue;
+    if (line.size() <= 1 || !entry.ProcessLine(View(line.first(line.size() - 1)))) continue;
     const std::string_view values[] = {entry.Name(), entry.Address()};
     WriteEntry(conversion.script(), EmailScriptBook(), job.isAdmin, values);
   }

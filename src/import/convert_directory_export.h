@@ -33,7 +33,7 @@ class DirectoryEntry {
  public:
   // Processes the next line of the export, without its last character. Returns true if the line
   // completes an entry. Name() and Address() are then valid until the next call.
-  bool Take(std::string_view line);
+  bool ProcessLine(std::string_view line);
 
   // Return whether the incomplete entry has the value; false after it was complete.
   bool HasName() const { return name.IsSeen(); }
@@ -48,8 +48,8 @@ class DirectoryEntry {
   class Attribute {
    public:
     bool IsSeen() const { return isSeen; }
-    void Forget() { isSeen = false; }
-    void Take(std::string_view text, std::size_t width);
+    void MarkUnseen() { isSeen = false; }
+    void Set(std::string_view text, std::size_t width);
     std::string_view Value() const { return {value.data(), size}; }
 
    private:
@@ -58,7 +58,7 @@ class DirectoryEntry {
     bool isSeen = false;
   };
 
-  void Forget();
+  void MarkUnseen();
   bool CloseWhenComplete();
 
   bool isOpen = false;

@@ -58,7 +58,7 @@ std::string_view FindAddress(std::string_view text) {
   return text.substr(0, AddressLength(text));
 }
 
-void TakeRow(TextSpan line, ScriptWriter& script, bool isAdmin) {
+void ConvertRow(TextSpan line, ScriptWriter& script, bool isAdmin) {
   const MailServerRow row = SplitMailServerRow(line);
   if (row.address.data() == nullptr) return;
   const std::string_view values[] = {row.name, row.address};
@@ -75,7 +75,7 @@ std::int32_t ConvertMailServerExport(ConversionJob job) {
 
   for (TextSpan line; conversion.NextLine(&line);) {
     PumpPendingMessages(job.pumpWindow, job.restoreCursor);
-    TakeRow(line, conversion.script(), job.isAdmin);
+    ConvertRow(line, conversion.script(), job.isAdmin);
   }
   return conversion.Close();
 }

@@ -104,10 +104,10 @@ Status PrivateList<BookClass>::Open(BookClass* newBook, std::string_view newName
   Status status = this->InitName(newName);
   if (status != kNoError) return status;
   book = newBook;
-  status = this->MakeRoom(MaxListMembers);
+  status = this->AllocateMembers(MaxListMembers);
   if (status != kNoError) return status;
   if (!this->IsEmpty()) filled = 1;
-  return this->ReadRoom(delivered);
+  return this->FillMembers(delivered);
 }
 
 template <class BookClass>
@@ -122,8 +122,8 @@ template <class BookClass>
 Status PrivateList<BookClass>::Reload() {
   search.MoveTo(0);
   if (book == nullptr) return kRefused;
-  const Status status = this->MakeRoom(MaxServerMembers);
-  return status == kNoError ? this->ReadRoom() : status;
+  const Status status = this->AllocateMembers(MaxServerMembers);
+  return status == kNoError ? this->FillMembers() : status;
 }
 
 template <class BookClass>

@@ -51,9 +51,9 @@ class PublicList : public ServerList<Entry, BookClass, kListKind> {
 
   // Replace the member of the entry's name; `key` is the name on the server. Return the count; -1
   // also if the changed member is not in memory. Server calls: IMSPModifyEntry.
-  std::int32_t ModifyLocal(Entry* entry) { return Show(Access().Modify(entry), *entry); }
+  std::int32_t ModifyLocal(Entry* entry) { return OverwriteAfter(Access().Modify(entry), *entry); }
   std::int32_t RenameLocal(std::string_view key, Entry* entry) {
-    return Show(Access().Rename(key, entry), *entry);
+    return OverwriteAfter(Access().Rename(key, entry), *entry);
   }
 
  private:
@@ -63,7 +63,7 @@ class PublicList : public ServerList<Entry, BookClass, kListKind> {
   using Shared::members;
   using Shared::search;
 
-  std::int32_t Show(Status changed, const Entry& entry) {
+  std::int32_t OverwriteAfter(Status changed, const Entry& entry) {
     return changed == kNoError && this->Overwrite(entry) ? members.count() : -1;
   }
 };
@@ -75,8 +75,8 @@ Status PublicList<Entry, BookClass, kListKind>::Open(BookClass* newBook, std::st
   Status status = this->InitName(newName);
   if (status != kNoError) return status;
   book = newBook;
-  status = this->MakeRoom(MaxListMembers);
-  return status == kNoError ? this->ReadRoom(delivered) : status;
+  status = this->AllocateMembers(MaxListMembers);
+  return status == kNoError ? this->FillMembers(delivered) : status;
 }
 
 template <class Entry, class BookClass, BookKind kListKind>
@@ -94,10 +94,10 @@ template <class Entry, class BookClass, BookKind kListKind>
 Status PublicList<Entry, BookClass, kListKind>::Reload() {
   search.MoveTo(0);
   if (book == nullptr) return kRefused;
-  const Status status = this->MakeRoom(MaxServerMembers);
+  const Status status = this->AllocateMembers(MaxServerMembers);
   if (status != kNoError) return status;
   if (members.IsEmpty()) members.Free();
-  return this->ReadRoom();
+  return this->FillMembers();
 }
 
 template <class Entry, class BookClass, BookKind kListKind>

@@ -95,12 +95,12 @@ class ServerList : public DistributionList<Entry> {
   // Reads the list's size and allocates that number of members for FillMembers, at most `limit`. A
   // size of 0 leaves no members and keeps the block. Returns 0; the status of the size, with the
   // members unchanged; or -1 without memory. Server calls: IMSPSizeofAB.
-  Status MakeRoom(std::int32_t limit);
+  Status AllocateMembers(std::int32_t limit);
 
   // Reads the list into the allocated members, if there are any. The count stays, and members that
   // were not delivered are blank. Stores the number that was delivered in `*delivered`, unless that
   // is null. Returns the status. Server calls: IMSPReadAB.
-  Status ReadRoom(std::uint32_t* delivered = nullptr);
+  Status FillMembers(std::uint32_t* delivered = nullptr);
 
   BookClass* book = nullptr;  // not owned
 };
@@ -146,7 +146,7 @@ bool ServerList<Entry, BookClass, kListKind>::Overwrite(const Entry& entry) {
 }
 
 template <class Entry, class BookClass, BookKind kListKind>
-Status ServerList<Entry, BookClass, kListKind>::MakeRoom(std::int32_t limit) {
+Status ServerList<Entry, BookClass, kListKind>::AllocateMembers(std::int32_t limit) {
   std::uint32_t size = 0;
   const Status status = GetMemberCount(&size);
   if (status != kNoError) return status;
@@ -157,7 +157,7 @@ Status ServerList<Entry, BookClass, kListKind>::MakeRoom(std::int32_t limit) {
 }
 
 template <class Entry, class BookClass, BookKind kListKind>
-Status ServerList<Entry, BookClass, kListKind>::ReadRoom(std::uint32_t* delivered) {
+Status ServerList<Entry, BookClass, kListKind>::FillMembers(std::uint32_t* delivered) {
   auto count = static_cast<std::uint32_t>(members.count());
   const Status status = count != 0 ? Access().ReadAll(members.data(), &count) : kNoError;
   if (status != kNoError) members.BlankIfUnwritten();

@@ -36,7 +36,7 @@ Status CSoftKey::Load(const std::string& name, CTopLevelAB* newOwner, std::strin
   return status;
 }
 
-void CSoftKey::TakeOver(CSoftKey& other, CTopLevelAB* newOwner) {
+void CSoftKey::MoveFrom(CSoftKey& other, CTopLevelAB* newOwner) {
   if (&other == this) return;
   findCursor = other.findCursor;  // the two steps that can fail to allocate come first
   keyName = other.keyName;

@@ -53,7 +53,7 @@ class CSoftKey {
   // Moves the items of `other` into this key and copies its name. Sets the owner to `newOwner`, not
   // to the owner of `other`, which may be destroyed earlier. `other` keeps its name and owner, and
   // has no items.
-  void TakeOver(CSoftKey& other, CTopLevelAB* newOwner);
+  void MoveFrom(CSoftKey& other, CTopLevelAB* newOwner);
 
   // Takes over the block of `other`, which then has no items, for the next Load.
   void TakeBlock(CSoftKey& other) { items.TakeBlock(other.items); }

@@ -118,7 +118,7 @@ std::int32_t CTopLevelAB::FastKeyModify(CSoftKey* key) {
   if (ModifyKeyEntry(key->KeyName(), &record) != kNoError) return 0;
   CSoftKey* cached = KeyAt(Find(key->KeyName()));
   if (cached == nullptr) return 0;
-  cached->TakeOver(*key, this);
+  cached->MoveFrom(*key, this);
   return 1;
 }
 

@@ -6,7 +6,7 @@ namespace quillkit {
 
 Status EntrySource::ReadBoundaries(PageBoundary* table, std::uint32_t* count) const {
   if (scanner != nullptr) return scanner->ReadPageBoundaries(table, count);
-  if (table == nullptr || !OffersRoom(count)) return kRefused;
+  if (table == nullptr || !HasCapacity(count)) return kRefused;
   ABIdent book(BookKind::kEmail, kEmailBook);
   return TheAgent.IMSPReadPageBoundaries(&book, table, count);
 }

@@ -89,7 +89,7 @@ Status CLetterEntryView::Modify(CEmailEntry* entry, std::int32_t flag) {
   if (!HasEntries()) return kNoError;
   const Status status = flag == 1 ? book->ModifyEntry(entry) : kNoError;
   if (status != kNoError) return status;
-  CEmailEntry* found = InPage(entry->name.View());
+  CEmailEntry* found = FindInPage(entry->name.View());
   if (found != nullptr) found->SetFrom(*found);
   return kNoError;
 }
@@ -98,7 +98,7 @@ Status CLetterEntryView::ModifyByKey(std::string_view key, CEmailEntry* entry, s
   if (!HasEntries()) return kNoError;
   const Status status = flag == 1 ? book->RenameEntry(key, entry) : kNoError;
   if (status != kNoError) return status;
-  CEmailEntry* found = InPage(entry->name.View());
+  CEmailEntry* found = FindInPage(entry->name.View());
   if (found != nullptr) found->SetName(key);
   return kNoError;
 }
@@ -154,7 +154,7 @@ CEmailEntry* CLetterEntryView::Locate(std::string_view key, std::int32_t exact) 
 }
 
 // Returns the entry of this name, or null, without moving the cursor.
-CEmailEntry* CLetterEntryView::InPage(std::string_view name) {
+CEmailEntry* CLetterEntryView::FindInPage(std::string_view name) {
   std::int32_t index = 0;
   return page.Locate(name, &index, 1) == 0 ? page.At(index) : nullptr;
 }

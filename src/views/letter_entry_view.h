@@ -88,7 +88,7 @@ class CLetterEntryView : public CEntryView {
   CEmailEntry* MoveTo(std::int32_t index);
   CEmailEntry* Seek(std::string_view key, std::int32_t exact);
   CEmailEntry* Locate(std::string_view key, std::int32_t exact);
-  CEmailEntry* InPage(std::string_view name);
+  CEmailEntry* FindInPage(std::string_view name);
 };
 
 }  // namespace quillkit

@@ -136,7 +136,7 @@ TEST_F(StateTest, CreatesItsFileAndNeverOverwritesADamagedOne) {
   StateFile opened;
   opened.Open(path, second);
   EXPECT_EQ(TextOf(second), TextOf(first));
-  EXPECT_FALSE(second.store.TakeChange());
+  EXPECT_FALSE(second.store.ResetChanged());
   EXPECT_THAT(folder.Names(), testing::ElementsAre("kept"));
 
   WriteBytes(path, TextOf(first).substr(0, 500));
@@ -157,17 +157,17 @@ TEST_F(StateTest, CreatesItsFileAndNeverOverwritesADamagedOne) {
 
 TEST(Store, ReportsEachSuccessfulChangeOnce) {
   Store store;
-  EXPECT_TRUE(store.TakeChange());
+  EXPECT_TRUE(store.ResetChanged());
   const CMenuItem item = MakeItem("Scan");
   const EntryKey name("Scan");
   const BookPath key = Path(BookKind::kKeyItems, "Desks");
   const BookPath list = Path(BookKind::kPublicList, "Staff");
   EXPECT_EQ(store.DeleteEntry(key, name), kNoSuchBook);
-  EXPECT_FALSE(store.TakeChange());
+  EXPECT_FALSE(store.ResetChanged());
   const auto expectChange = [&store](Status status) {
     EXPECT_EQ(status, kNoError);
-    EXPECT_TRUE(store.TakeChange());
-    EXPECT_FALSE(store.TakeChange());
+    EXPECT_TRUE(store.ResetChanged());
+    EXPECT_FALSE(store.ResetChanged());
   };
   expectChange(store.CreateBook(key));
   expectChange(store.CreateEntry(key, &item));

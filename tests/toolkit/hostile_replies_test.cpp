@@ -17,8 +17,8 @@
 namespace quillkit {
 namespace {
 
-constexpr std::int32_t kMostKeys = 11;
-constexpr std::int32_t kMostItems = 512;
+constexpr std::int32_t kMaxKeys = 11;
+constexpr std::int32_t kMaxItems = 512;
 
 // A count up to `most`, or the -1 of a failure.
 void ExpectCount(std::int32_t count, std::int32_t most) {
@@ -34,7 +34,7 @@ void LookAtKey(CSoftKey* key) {
   ASSERT_NE(key, nullptr);
   ExpectText(GetKeyName(key), 31);
   const std::int32_t count = GetItemCount(key);
-  ExpectCount(count, kMostItems);
+  ExpectCount(count, kMaxItems);
   EXPECT_EQ(IsSoftKeyEmpty(key) != 0, count == 0);
   for (std::int32_t i = 0; i < count; ++i) {
     CMenuItem* item = GetItemAt(key, i);
@@ -56,7 +56,7 @@ void LookAtKey(CSoftKey* key) {
 
 void LookAtKeys(CTopLevelAB* book) {
   const std::int32_t count = GetCount(book);
-  ExpectCount(count, kMostKeys);
+  ExpectCount(count, kMaxKeys);
   for (std::int32_t i = 0; i < count; ++i) LookAtKey(GetKeyAt(book, i));
   EXPECT_EQ(GetKeyAt(book, count), nullptr);
   ExpectCount(FindSoftKeyIndex(book, "Scan"), count - 1);

@@ -5,7 +5,7 @@
 namespace quillkit {
 
 CallScope::CallScope() {
-  RunDueTimersInPassing();
+  PollDueTimers();
 }
 
 }  // namespace quillkit

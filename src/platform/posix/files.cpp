@@ -38,7 +38,7 @@ bool Matches(std::string_view pattern, std::string_view name) {
   return pattern.find_first_not_of('*', at) == kNone;
 }
 
-bool FolderHolds(const std::string& folder, std::string_view pattern) {
+bool FolderContains(const std::string& folder, std::string_view pattern) {
   struct Close {
     void operator()(DIR* open) const { closedir(open); }
   };
@@ -68,7 +68,7 @@ bool MatchesAnyFile(const char* path) {
   const std::string last = whole.substr(split);
   if (last.empty()) return false;
   if (last.find_first_of("*?") != std::string::npos) {
-    return FolderHolds(whole.substr(0, split), last);
+    return FolderContains(whole.substr(0, split), last);
   }
   struct stat found {};
   return lstat(path, &found) == 0;

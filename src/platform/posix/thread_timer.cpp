@@ -139,15 +139,15 @@ void EndTimers(void* timers) {
 // because the descriptor belongs to the parent. This is not a thread_local destructor, which would
 // keep the library in memory until the thread ends. The timers of other threads are not freed when
 // the library is unloaded.
-class ThreadEnd {
+class TimerCleanup {
  public:
-  ThreadEnd() {
+  TimerCleanup() {
     watching = pthread_key_create(&key, EndTimers) == 0 &&
                pthread_atfork(nullptr, nullptr, EndInForkedChild) == 0;
   }
-  ThreadEnd(const ThreadEnd&) = delete;
-  ThreadEnd& operator=(const ThreadEnd&) = delete;
-  ~ThreadEnd() {
+  TimerCleanup(const TimerCleanup&) = delete;
+  TimerCleanup& operator=(const TimerCleanup&) = delete;
+  ~TimerCleanup() {
     if (!watching) return;
     watching = false;
     pthread_key_delete(key);
@@ -169,14 +169,14 @@ class ThreadEnd {
   static inline constinit pthread_key_t key = 0;
 };
 
-const ThreadEnd threadEnd;
+const TimerCleanup timerCleanup;
 
 // Returns the timers of the calling thread. Creates them if needed. Returns null before the library
 // is started and after it is stopped.
 ThreadTimers* OwnTimers() {
   if (ownTimers != nullptr) return ownTimers;
   auto* timers = new ThreadTimers;
-  if (ThreadEnd::Watch(timers)) return ownTimers = timers;
+  if (TimerCleanup::Watch(timers)) return ownTimers = timers;
   delete timers;
   return nullptr;
 }
@@ -196,7 +196,7 @@ int RunDueTimers() {
   return ownTimers != nullptr ? ownTimers->RunDue() : 0;
 }
 
-void RunDueTimersInPassing() {
+void PollDueTimers() {
   if (firstDue == kNever || Now(CLOCK_MONOTONIC_COARSE) < firstDue) return;
   RunDueTimers();
 }

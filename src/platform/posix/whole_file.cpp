@@ -66,7 +66,7 @@ class Draft {
   int Descriptor() const { return file.Descriptor(); }
 
   // Writes the draft and moves it to this name. Returns 0 or an errno value.
-  int Become(const char* place, std::string_view bytes) {
+  int WriteAndMove(const char* place, std::string_view bytes) {
     if (!file.IsOpen()) return error;
     isMoved =
         file.Write(bytes) && file.Sync() && renameat(folder, name.c_str(), folder, place) == 0;
@@ -100,7 +100,7 @@ class Draft {
 }  // namespace
 
 int ReplaceFile(int folder, const char* name, const void* bytes, std::size_t size) {
-  return Draft(folder, kPrivateFile).Become(name, {static_cast<const char*>(bytes), size});
+  return Draft(folder, kPrivateFile).WriteAndMove(name, {static_cast<const char*>(bytes), size});
 }
 
 bool ReplaceFileAt(const std::string& path, std::string_view bytes, Readers readers) {
@@ -117,7 +117,7 @@ bool ReplaceFileAt(const std::string& path, std::string_view bytes, Readers read
   Draft draft(folder.Number(), isPrivate ? kPrivateFile : kNewFile);
   // Only the owner gets more rights on the draft than on the old file.
   if (isThere && fchmod(draft.Descriptor(), rights | kPrivateFile) != 0) return false;
-  if (draft.Become(name, bytes) != 0) return false;
+  if (draft.WriteAndMove(name, bytes) != 0) return false;
   if (isThere) fchmod(draft.Descriptor(), rights);
   return true;
 }

@@ -14,7 +14,7 @@ bool processEnds = false;
 
 }  // namespace
 
-void LeaveModulesAlone() {
+void DisableModules() {
   processEnds = true;
 }
 

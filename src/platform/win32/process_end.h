@@ -8,7 +8,7 @@ namespace quillkit {
 // From this call on, modules from LoadModule have no entry points and are not unloaded. When a
 // process ends, the system may detach a module earlier than the library that loaded it. The code of
 // a detached module must not be called.
-void LeaveModulesAlone();
+void DisableModules();
 
 }  // namespace quillkit
 

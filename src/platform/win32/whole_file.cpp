@@ -8,7 +8,7 @@
 namespace quillkit {
 namespace {
 
-constexpr unsigned kMostDeletedDrafts = 16;
+constexpr unsigned kMaxDeletedDrafts = 16;
 
 void RemoveAbandonedDrafts(const std::string& folder) {
   WIN32_FIND_DATAA found{};
@@ -38,7 +38,7 @@ OpenFile CreateDraft(const std::string& folder, std::string* path) {
     // A draft that another process is deleting denies access until it is deleted.
     const DWORD error = GetLastError();
     const bool isTaken =
-        error == ERROR_FILE_EXISTS || (error == ERROR_ACCESS_DENIED && number < kMostDeletedDrafts);
+        error == ERROR_FILE_EXISTS || (error == ERROR_ACCESS_DENIED && number < kMaxDeletedDrafts);
     if (!isTaken) return {};
   }
 }

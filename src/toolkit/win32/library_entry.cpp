@@ -17,7 +17,7 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE /*module*/, DWORD reason, void* reserve
     return FALSE;
   }
   if (reason == DLL_PROCESS_DETACH) {
-    if (reserved != nullptr) quillkit::LeaveModulesAlone();
+    if (reserved != nullptr) quillkit::DisableModules();
     quillkit::CToolkitApp::Stop();
   }
   return TRUE;
