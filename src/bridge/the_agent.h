@@ -7,9 +7,8 @@
 
 namespace quillkit {
 
-// An inline variable: it is constructed before, and destroyed after, every static object that is
-// defined after this header.
-inline CAgent TheAgent;
+// It is constructed before, and destroyed after, every static object of a program.
+extern CAgent TheAgent;
 
 }  // namespace quillkit
 
