@@ -16,12 +16,20 @@ CEmailEntry* CSlidingEntryView::Last() {
 }
 
 CEmailEntry* CSlidingEntryView::Next() {
+  if (currentPage != nullptr && currentIndex + 1 < currentPage->Count()) {
+    return currentPage->At(++currentIndex);
+  }
+  return NextPage();
+}
+
+// Steps from the end of a page.
+CEmailEntry* CSlidingEntryView::NextPage() {
   if (book != nullptr && IsSpanEmpty()) return nullptr;
   if (currentPage == nullptr || currentPage->IsEmpty()) {
     currentIndex = 0;
     return nullptr;
   }
-  if (++currentIndex < currentPage->Count()) return Current();
+  ++currentIndex;
   if (currentPage == &lowPage) return MoveTo(midPage, 0);
   if (currentPage == &midPage) return MoveTo(highPage, 0);
   const EntryKey last(highPage.Last()->name.View());
@@ -174,7 +182,9 @@ bool CSlidingEntryView::IsSpanEmpty() const {
 }
 
 void CSlidingEntryView::AttachPages(std::int32_t capacity) {
-  for (CEntryPage* page : {&lowPage, &midPage, &highPage}) AttachPage(*page, capacity);
+  if (book == nullptr) return;
+  const BookAccess<CEmailEntry> entries = book->Entries();
+  for (CEntryPage* page : {&lowPage, &midPage, &highPage}) page->Attach(capacity, entries);
 }
 
 template <class Read>

@@ -113,6 +113,7 @@ class CSlidingEntryView : public CEntryView {
   Status PositionAt(std::int32_t index);
   CEmailEntry* Seek(std::string_view key, std::int32_t exact);
   CEmailEntry* SearchPages(std::string_view key, std::int32_t exact);
+  CEmailEntry* NextPage();
   CEmailEntry* MoveTo(CEntryPage& page, std::int32_t index);
   CEmailEntry* MoveToEnd(CEntryPage& page);
   CEmailEntry* Current() const;
