@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstring>
+#include <vector>
 
 #include "import/conversion.h"
 #include "import/script.h"
@@ -14,7 +16,6 @@ namespace {
 // Returns the line without the spaces and newlines at its end.
 TextSpan WithoutEnd(TextSpan line) {
   while (!line.empty() && (line.back() == ' ' || line.back() == '\n')) {
-    line.back() = '\0';
     line = line.first(line.size() - 1);
   }
   return line;
@@ -32,13 +33,51 @@ bool IsTrimmed(char c) {
 
 // Returns the value of a field, in place. Trims quotes and white space from both ends, then removes
 // the quotes inside: the same as removing the quotes first.
-std::string_view FieldValue(TextSpan field) {
-  char* begin = field.data();
-  char* end = begin + field.size();
+std::string_view FieldValue(const QuotedField& field) {
+  char* begin = field.text.data();
+  char* end = begin + field.text.size();
   while (begin != end && IsTrimmed(*begin)) ++begin;
   while (begin != end && IsTrimmed(end[-1])) --end;
-  return View(StripChar('"', {begin, end}));
+  const TextSpan value(begin, end);
+  return View(field.hasQuotes ? StripChar('"', value) : value);
 }
+
+// The columns of a map in their order in a row, so that a row is read once from left to right.
+class ColumnOrder {
+ public:
+  explicit ColumnOrder(std::span<const std::int32_t> columnMap) {
+    for (std::size_t i = 0; i < columnMap.size(); ++i) {
+      if (columnMap[i] >= 0) targets.push_back({columnMap[i], i});
+    }
+    std::sort(targets.begin(), targets.end(),
+              [](const Target& a, const Target& b) { return a.column < b.column; });
+  }
+
+  // As SplitMappedColumns.
+  void Split(TextSpan line, char separator, std::span<std::string_view> out) const {
+    std::fill(out.begin(), out.end(), std::string_view());
+    FieldSplitter fields(line);
+    std::int32_t columnsRead = 0;
+    std::string_view value;
+    for (const Target& target : targets) {
+      QuotedField field;
+      for (; columnsRead <= target.column; ++columnsRead) {
+        field = fields.NextQuotedField(separator);
+        if (field.text.data() == nullptr) return;
+      }
+      if (field.text.data() != nullptr) value = FieldValue(field);
+      out[target.field] = value;
+    }
+  }
+
+ private:
+  struct Target {
+    std::int32_t column;
+    std::size_t field;
+  };
+
+  std::vector<Target> targets;
+};
 
 }  // namespace
 
@@ -54,13 +93,13 @@ std::int32_t ConvertDelimitedText(ConversionJob job, const DelimitedLayout& layo
   const bool isFormatted = book != nullptr && (job.isAdmin || book->hasPlainPair);
   std::array<std::string_view, kMaxEntryFields> values;
   const auto columnMap = layout.columnMap.first(std::min(layout.columnMap.size(), values.size()));
+  const ColumnOrder columns(columnMap);
   for (TextSpan line; conversion.NextLine(&line);) {
     PumpPendingMessages(job.pumpWindow, job.restoreCursor);
     line = WithoutEnd(line);
     if (line.empty()) continue;
     if (isFormatted) {
-      SplitMappedColumns(line.data(), columnMap, std::span(values).first(columnMap.size()),
-                         layout.separator);
+      columns.Split(line, *layout.separator, std::span(values).first(columnMap.size()));
       WriteEntry(conversion.script(), *book, job.isAdmin, values);
     } else {
       conversion.script().Append(View(line));
@@ -71,19 +110,7 @@ std::int32_t ConvertDelimitedText(ConversionJob job, const DelimitedLayout& layo
 
 int SplitMappedColumns(char* line, std::span<const std::int32_t> columnMap,
                        std::span<std::string_view> out, const char* separator) {
-  std::fill(out.begin(), out.end(), std::string_view());
-  if (columnMap.empty()) return 1;
-  // Columns after the last one in the map are not read.
-  const std::int32_t last = *std::max_element(columnMap.begin(), columnMap.end());
-  for (std::int32_t column = 0; column <= last; ++column) {
-    const TextSpan field = NextQuotedField(column == 0 ? line : nullptr, *separator);
-    if (field.data() == nullptr) break;
-    if (std::find(columnMap.begin(), columnMap.end(), column) == columnMap.end()) continue;
-    const std::string_view value = FieldValue(field);
-    for (std::size_t i = 0; i < columnMap.size(); ++i) {
-      if (columnMap[i] == column) out[i] = value;
-    }
-  }
+  ColumnOrder(columnMap).Split({line, std::strlen(line)}, *separator, out);
   return 1;
 }
 

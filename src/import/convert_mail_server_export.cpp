@@ -13,34 +13,31 @@ namespace {
 constexpr std::string_view kRowWord = "Mailbox";
 constexpr std::string_view kAddressMark = "SMTP:";
 
-const char* End(TextSpan text) {
+char* End(TextSpan text) {
   return text.data() + text.size();
-}
-
-// Returns the text between the quotes of a field from NextQuotedField. The splitting continues
-// after the closing quote, so the next field is the empty one before the separator.
-TextSpan SplitInsideQuotes(TextSpan field, TextSpan line) {
-  if (End(field) != End(line)) field.data()[field.size()] = ',';
-  return NextQuotedField(field.data() + 1, '"');
 }
 
 bool BeginsWith(TextSpan text, char c) {
   return !text.empty() && text.front() == c;
 }
 
-// Returns the name in the part of a row after its first field, or null if the row ends before it.
-// Makes three passes. A pass at a comma skips it and leaves the splitting where it is; any other
-// pass reads the next field.
+// Returns the name in the rest of a row after its first field, or null if the row ends before it.
+// Makes three passes. A pass at a comma skips it and leaves the splitter where it is; any other
+// pass reads the next field. After a quoted field, the splitter continues behind the closing quote,
+// so the next field is the empty one before the separator.
 TextSpan NameField(TextSpan rest) {
+  FieldSplitter fields(rest);
   TextSpan name = rest;
   for (int pass = 0; pass < 3; ++pass) {
     if (BeginsWith(name, ',')) {
       name = name.subspan(1);
       continue;
     }
-    name = NextQuotedField(nullptr, ',');
+    name = fields.NextQuotedField(',').text;
     if (name.data() == nullptr) return {};
-    if (BeginsWith(name, '"')) name = SplitInsideQuotes(name, rest);
+    if (!BeginsWith(name, '"')) continue;
+    fields.Restart({name.data() + 1, End(rest)});
+    name = fields.NextQuotedField('"').text;
   }
   return name;
 }
@@ -82,7 +79,7 @@ std::int32_t ConvertMailServerExport(ConversionJob job) {
 
 MailServerRow SplitMailServerRow(TextSpan line) {
   MailServerRow row;
-  const TextSpan word = NextQuotedField(line.data(), ',');
+  const TextSpan word = FieldSplitter(line).NextQuotedField(',').text;
   row.isMailbox = View(word) == kRowWord;
   if (!row.isMailbox || End(word) == End(line)) return row;
   const TextSpan name = NameField(line.subspan(word.size() + 1));

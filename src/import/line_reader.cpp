@@ -13,8 +13,7 @@ constexpr std::size_t kBlockSize = std::size_t{128} * 1024;
 // and to the same place.
 constexpr std::size_t kHeadRoom = 4096;
 
-// The NUL after the last line needs one more byte, which is in the overrun of the newline search.
-constexpr std::size_t kStorageSize = kHeadRoom + kBlockSize + NewlineFinder::kOverrun;
+constexpr std::size_t kStorageSize = kHeadRoom + kBlockSize;
 
 }  // namespace
 
@@ -29,8 +28,6 @@ bool LineReader::Open(const char* path) {
   if (!file.IsOpen()) return false;
   next = readEnd = storage.get() + kHeadRoom;
   Refill();
-  lineEnd = next;
-  savedByte = *next;
   return !HasFailed();
 }
 
@@ -43,8 +40,7 @@ void LineReader::Refill() {
   next = block - kept;
   readEnd = block + read;
   isAtEnd = read < kBlockSize;
-  newlines.Start(next, readEnd);
-  newline = newlines.Next();
+  newline = NextNewline();
   hasNul = std::memchr(next, '\0', static_cast<std::size_t>(readEnd - next)) != nullptr;
 }
 

@@ -4,6 +4,7 @@
 // buffer of 4095 bytes. A longer line is delivered in parts, each of them a line. A carriage return
 // before a newline is removed on every system, before characters are counted; any other stays. A
 // NUL ends the text of its line: the rest of the line is skipped. No other character is special.
+// No NUL is added.
 //
 // The memory is wiped at the end: a file of accounts contains their passwords.
 
@@ -17,12 +18,11 @@
 #include <span>
 #include <string_view>
 
-#include "import/newline_finder.h"
 #include "platform/open_file.h"
 
 namespace quillkit {
 
-// Text that may be changed, followed by a NUL.
+// Text that may be changed.
 using TextSpan = std::span<char>;
 
 inline std::string_view View(TextSpan text) {
@@ -47,15 +47,12 @@ class LineReader {
   // and is valid until the next call. Returns false at the end of the file or after a failed read.
   // REQUIRES: the file is open.
   bool Next(TextSpan* line) {
-    *lineEnd = savedByte;
     if (static_cast<std::size_t>(readEnd - next) < kLookAhead && !isAtEnd) Refill();
     if (next == readEnd) return false;
 
     char* const begin = next;
-    lineEnd = FindLineEnd();
-    savedByte = *lineEnd;
-    *lineEnd = '\0';
-    *line = {begin, hasNul ? std::strlen(begin) : static_cast<std::size_t>(lineEnd - begin)};
+    char* const end = FindLineEnd();
+    *line = {begin, hasNul ? std::find(begin, end, '\0') : end};
     return true;
   }
 
@@ -75,8 +72,8 @@ class LineReader {
       char* const end = newline + (isFolded ? 0 : 1);
       if (static_cast<std::size_t>(end - begin) <= kMaxLine) {
         next = newline + 1;
-        newline = newlines.Next();
-        end[-1] = '\n';
+        newline = NextNewline();
+        if (isFolded) end[-1] = '\n';
         return end;
       }
     }
@@ -84,16 +81,19 @@ class LineReader {
     return next;
   }
 
+  // Returns the first newline among the characters not delivered yet, or readEnd.
+  char* NextNewline() const {
+    void* found = std::memchr(next, '\n', static_cast<std::size_t>(readEnd - next));
+    return found != nullptr ? static_cast<char*>(found) : readEnd;
+  }
+
   void Refill();
 
   std::unique_ptr<char[]> storage;
   OpenFile file;
-  NewlineFinder newlines;   // after `newline`
   char* next = nullptr;     // the first character not delivered yet
   char* newline = nullptr;  // the first newline from there on, or readEnd
   char* readEnd = nullptr;  // the end of the characters read
-  char* lineEnd = nullptr;  // the NUL after the delivered line
-  char savedByte = '\0';    // the character that the NUL replaced
   bool hasNul = false;      // whether the characters not delivered contain a NUL
   bool isAtEnd = false;     // the file has been read completely
 };

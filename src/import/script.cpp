@@ -9,19 +9,26 @@
 namespace quillkit {
 namespace {
 
+constexpr ScriptBook BookOf(std::int32_t target, bool hasPlainPair, std::string_view word,
+                            std::size_t fieldCount,
+                            const std::array<std::size_t, kMaxEntryFields>& widths,
+                            std::string_view tail = {}) {
+  return {target, hasPlainPair, word, fieldCount, widths, {"SE ", word, " \""}, {"\"", tail, "\n"}};
+}
+
 constexpr ScriptBook kScriptBooks[] = {
-    {TargetEmail, true, "emailab", 2, {31, 255}, "\n"},
-    {TargetFax, true, "faxab", 3, {31, 79, 10}, "\n"},
-    {TargetPrinters, false, "printersab", 3, {31, 255, 31}, "\n"},
-    {TargetUsers, false, "usersab", 4, {31, 15, 255, 255}, " 1 0 0 1\n"},
+    BookOf(TargetEmail, true, "emailab", 2, {31, 255}),
+    BookOf(TargetFax, true, "faxab", 3, {31, 79, 10}),
+    BookOf(TargetPrinters, false, "printersab", 3, {31, 255, 31}),
+    BookOf(TargetUsers, false, "usersab", 4, {31, 15, 255, 255}, " 1 0 0 1"),
 };
 
-// The longest line of an entry: "SE", the word, each field with a space and two quotes, the tail.
+// The space for the longest line of an entry. Its last part is copied as 16 bytes.
 constexpr std::size_t LongestEntry() {
   std::size_t longest = 0;
   for (const ScriptBook& book : kScriptBooks) {
-    std::size_t size = 3 + book.word.size() + book.tail.size();
-    for (const std::size_t width : book.widths) size += 3 + width;
+    std::size_t size = book.entryBegin.Size() + sizeof(ShortText);
+    for (const std::size_t width : book.widths) size += width + 3;
     longest = std::max(longest, size);
   }
   return longest;
@@ -79,11 +86,12 @@ void WriteEntry(ScriptWriter& script, const ScriptBook& book, bool isAdmin,
                 std::span<const std::string_view> values) {
   char* at = script.Reserve(kLongestEntry);
   if (isAdmin) {
-    at = Put(Put(at, "SE "), book.word);
+    at = book.entryBegin.Put(at);
     for (std::size_t i = 0; i < book.fieldCount; ++i) {
-      at = Put(Put(Put(at, " \""), values[i].substr(0, book.widths[i])), "\"");
+      if (i != 0) at = Put(at, "\" \"");
+      at = Put(at, values[i].substr(0, book.widths[i]));
     }
-    at = Put(at, book.tail);
+    at = book.entryEnd.Put(at);
   } else {
     for (std::size_t i = 0; i < 2; ++i) {
       at = Put(Put(at, values[i].substr(0, book.widths[i])), "\n");

@@ -17,6 +17,8 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
+#include <initializer_list>
 #include <memory>
 #include <span>
 #include <string_view>
@@ -75,6 +77,28 @@ class ScriptWriter {
 // The largest number of fields of an entry.
 inline constexpr std::size_t kMaxEntryFields = 4;
 
+// A text of up to 16 bytes. All 16 are copied, which is faster than a copy of unknown size.
+class ShortText {
+ public:
+  constexpr ShortText(std::initializer_list<std::string_view> parts) {
+    for (const std::string_view part : parts) {
+      for (const char c : part) bytes[size++] = c;
+    }
+  }
+
+  constexpr std::size_t Size() const { return size; }
+
+  // Copies the text and returns its end. REQUIRES: there is space for 16 bytes.
+  char* Put(char* at) const {
+    std::memcpy(at, bytes.data(), bytes.size());
+    return at + size;
+  }
+
+ private:
+  std::array<char, 16> bytes = {};
+  std::size_t size = 0;
+};
+
 // The format of the entries of a book.
 struct ScriptBook {
   std::int32_t target;    // ImportOptions::targetBook
@@ -82,7 +106,8 @@ struct ScriptBook {
   std::string_view word;  // the book's name in a script
   std::size_t fieldCount;
   std::array<std::size_t, kMaxEntryFields> widths;  // bytes of each field
-  std::string_view tail;                            // follows the last field of an entry line
+  ShortText entryBegin;                             // the part of an entry line before its fields
+  ShortText entryEnd;                               // the part after its fields
 };
 
 // Returns the book of a targetBook, or null if there is none.

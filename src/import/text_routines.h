@@ -1,25 +1,73 @@
-// Text routines of the converters. Texts are followed by a NUL and are changed in place.
+// Text routines of the converters.
 
 #ifndef QUILLKIT_IMPORT_TEXT_ROUTINES_H_
 #define QUILLKIT_IMPORT_TEXT_ROUTINES_H_
+
+#include <cstddef>
+#include <cstring>
 
 #include "import/line_reader.h"
 #include "platform/message_pump.h"
 
 namespace quillkit {
 
-// Returns the next field of a text, like strtok: pass the text for its first field, then null for
-// each further one. A field ends at the next separator outside double quotes, which becomes a NUL,
-// or at the end of the text. Two adjacent separators have an empty field between them. Quotes stay
-// in the field. If the separator is the double quote, a field ends at the next double quote.
-//
-// Returns null after the last field. Also returns null for a field with an unclosed quote, which
-// stays unchanged, and for all fields after it. The process has one position: only one text can be
-// split at a time.
-TextSpan NextQuotedField(char* text, char separator);
+// Returns the first such character of a range, or its end.
+inline char* FindCharacter(char* begin, char c, char* end) {
+  void* found = std::memchr(begin, c, static_cast<std::size_t>(end - begin));
+  return found != nullptr ? static_cast<char*>(found) : end;
+}
+
+// A field of a line. The text is null if there is none.
+struct QuotedField {
+  TextSpan text;
+  bool hasQuotes = false;  // whether the text contains double quotes
+};
+
+// Splits a text into fields.
+class FieldSplitter {
+ public:
+  explicit FieldSplitter(TextSpan text) { Restart(text); }
+
+  // Continues with another text.
+  void Restart(TextSpan text) {
+    next = text.data();
+    textEnd = next + text.size();
+  }
+
+  // Returns the next field. It ends at the next separator outside double quotes, or at the end of
+  // the text. Two adjacent separators have an empty field between them. Quotes stay in the field.
+  // If the separator is the double quote, a field ends at the next double quote.
+  //
+  // Returns null after the last field. Also returns null for a field with an unclosed quote, and
+  // for all fields after it.
+  QuotedField NextQuotedField(char separator) {
+    char* const field = next;
+    if (field == nullptr) return {};
+    next = nullptr;
+    bool hasQuotes = false;
+    char* at = field;
+    char* end = nullptr;  // the first separator after the quotes so far
+    while (at != end) {
+      if (at != textEnd && *at == '"' && separator != '"') {
+        at = FindCharacter(at + 1, '"', textEnd);
+        if (at == textEnd) return {};
+        ++at;
+        hasQuotes = true;
+      }
+      if (end == nullptr || end < at) end = FindCharacter(at, separator, textEnd);
+      if (at != end) at = FindCharacter(at, '"', end);
+    }
+    if (end != textEnd) next = end + 1;
+    return {{field, end}, hasQuotes};
+  }
+
+ private:
+  char* next;  // null after the last field
+  char* textEnd;
+};
 
 // Removes every occurrence of `removed` and moves the following text down. Returns the remaining
-// text; no NUL is written after it.
+// text.
 TextSpan StripChar(char removed, TextSpan text);
 
 // Handles the pending messages of the thread like PumpThreadMessages, then restores the wait cursor

@@ -38,7 +38,6 @@ TEST(LineReaderTest, ReadsLinesOfAnyLengthAcrossBlocks) {
     ASSERT_TRUE(reader.Open(folder.Write("source", file).c_str()));
     std::vector<std::string> read;
     for (TextSpan line; reader.Next(&line);) {
-      EXPECT_EQ(line.data()[line.size()], '\0');
       read.emplace_back(View(line));
       std::fill(line.begin(), line.end(), '\n');  // a line may be changed
     }
