@@ -5,6 +5,8 @@
 #define QUILLKIT_IMPORT_CONVERSION_H_
 
 #include <cstdint>
+#include <span>
+#include <string_view>
 
 #include "bridge/status.h"
 #include "import/conversion_job.h"
@@ -32,12 +34,26 @@ class Conversion {
 
   ScriptWriter& script() { return writer; }
 
+  // Writes the entry that the latest line completes. REQUIRES: as the WriteEntry of a script.
+  void AddEntry(const ScriptBook& book, std::span<const std::string_view> values) {
+    WriteEntry(writer, book, isAdmin, values);
+    Report(values.first(book.fieldCount));
+  }
+
+  // Reports the latest line to the observer of the job, if there is one. AddEntry does it for a
+  // line that completes an entry.
+  void Report(std::span<const std::string_view> values = {}) {
+    if (observer != nullptr) observer->OnLine(source.LineNumber(), values);
+  }
+
   // Completes and closes the script. Returns kConverted only if the script is complete.
   std::int32_t Close();
 
  private:
   LineReader source;
   ScriptWriter writer;
+  RowObserver* observer = nullptr;
+  bool isAdmin = false;
 };
 
 }  // namespace quillkit

@@ -5,6 +5,7 @@
 
 #include <utility>
 
+#include "import/row_observer.h"
 #include "platform/message_pump.h"
 #include "platform/open_file.h"
 
@@ -38,6 +39,7 @@ struct ConversionJob {
   // Passed to PumpPendingMessages once for each line of the source.
   WindowHandle pumpWindow = nullptr;
   bool restoreCursor = false;
+  RowObserver* observer = nullptr;  // not owned; may be null
 };
 
 }  // namespace quillkit

@@ -23,6 +23,7 @@ TextSpan WithoutEnd(TextSpan line) {
 
 void SkipHeader(Conversion& conversion) {
   for (TextSpan line; conversion.NextLine(&line);) {
+    conversion.Report();
     if (!WithoutEnd(line).empty()) return;
   }
 }
@@ -97,12 +98,12 @@ std::int32_t ConvertDelimitedText(ConversionJob job, const DelimitedLayout& layo
   for (TextSpan line; conversion.NextLine(&line);) {
     PumpPendingMessages(job.pumpWindow, job.restoreCursor);
     line = WithoutEnd(line);
-    if (line.empty()) continue;
-    if (isFormatted) {
+    if (!line.empty() && isFormatted) {
       columns.Split(line, *layout.separator, std::span(values).first(columnMap.size()));
-      WriteEntry(conversion.script(), *book, job.isAdmin, values);
+      conversion.AddEntry(*book, values);
     } else {
       conversion.script().Append(View(line));
+      conversion.Report();
     }
   }
   return conversion.Close();

@@ -94,9 +94,12 @@ std::int32_t ConvertDirectoryExport(ConversionJob job) {
   DirectoryEntry entry;
   for (TextSpan line; conversion.NextLine(&line);) {
     PumpPendingMessages(job.pumpWindow, job.restoreCursor);
-    if (line.size() <= 1 || !entry.ProcessLine(View(line.first(line.size() - 1)))) continue;
-    const std::string_view values[] = {entry.Name(), entry.Address()};
-    WriteEntry(conversion.script(), EmailScriptBook(), job.isAdmin, values);
+    if (line.size() > 1 && entry.ProcessLine(View(line.first(line.size() - 1)))) {
+      const std::string_view values[] = {entry.Name(), entry.Address()};
+      conversion.AddEntry(EmailScriptBook(), values);
+    } else {
+      conversion.Report();
+    }
   }
   return conversion.Close();
 }

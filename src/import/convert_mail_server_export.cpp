@@ -55,13 +55,6 @@ std::string_view FindAddress(std::string_view text) {
   return text.substr(0, AddressLength(text));
 }
 
-void ConvertRow(TextSpan line, ScriptWriter& script, bool isAdmin) {
-  const MailServerRow row = SplitMailServerRow(line);
-  if (row.address.data() == nullptr) return;
-  const std::string_view values[] = {row.name, row.address};
-  WriteEntry(script, EmailScriptBook(), isAdmin, values);
-}
-
 }  // namespace
 
 std::int32_t ConvertMailServerExport(ConversionJob job) {
@@ -72,7 +65,13 @@ std::int32_t ConvertMailServerExport(ConversionJob job) {
 
   for (TextSpan line; conversion.NextLine(&line);) {
     PumpPendingMessages(job.pumpWindow, job.restoreCursor);
-    ConvertRow(line, conversion.script(), job.isAdmin);
+    const MailServerRow row = SplitMailServerRow(line);
+    const std::string_view values[] = {row.name, row.address};
+    if (row.address.data() != nullptr) {
+      conversion.AddEntry(EmailScriptBook(), values);
+    } else {
+      conversion.Report();
+    }
   }
   return conversion.Close();
 }

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <memory>
 #include <span>
@@ -51,10 +52,14 @@ class LineReader {
     if (next == readEnd) return false;
 
     char* const begin = next;
+    lineNumber = newlinesDelivered + 1;
     char* const end = FindLineEnd();
     *line = {begin, hasNul ? std::find(begin, end, '\0') : end};
     return true;
   }
+
+  // Returns the number of the latest line in the file, from 1. The parts of a line have the same.
+  std::uint64_t LineNumber() const { return lineNumber; }
 
   // Returns whether a read failed, so that lines are missing.
   bool HasFailed() const { return file.HasFailed(); }
@@ -73,6 +78,7 @@ class LineReader {
       if (static_cast<std::size_t>(end - begin) <= kMaxLine) {
         next = newline + 1;
         newline = NextNewline();
+        ++newlinesDelivered;
         if (isFolded) end[-1] = '\n';
         return end;
       }
@@ -94,8 +100,10 @@ class LineReader {
   char* next = nullptr;     // the first character not delivered yet
   char* newline = nullptr;  // the first newline from there on, or readEnd
   char* readEnd = nullptr;  // the end of the characters read
-  bool hasNul = false;      // whether the characters not delivered contain a NUL
-  bool isAtEnd = false;     // the file has been read completely
+  std::uint64_t lineNumber = 0;
+  std::uint64_t newlinesDelivered = 0;
+  bool hasNul = false;   // whether the characters not delivered contain a NUL
+  bool isAtEnd = false;  // the file has been read completely
 };
 
 }  // namespace quillkit

@@ -216,6 +216,45 @@ TEST_F(ConversionTest, ClearsTheBookAndWritesEntryLinesOnlyForTheAdministrator) 
 }
 
 // Rows of many lengths, in many blocks of the file and buffers of the script.
+// Notes each line as "number|name|address", or as its number if it completes no entry.
+class NotingObserver : public RowObserver {
+ public:
+  void OnLine(std::uint64_t number, std::span<const std::string_view> values) override {
+    notes += std::to_string(number);
+    for (const std::string_view value : values) notes.append("|").append(value);
+    notes += '\n';
+  }
+
+  std::string notes;
+};
+
+TEST_F(ConversionTest, ReportsEachLineOnceWithTheEntryThatItCompletes) {
+  const struct {
+    std::uint32_t format;
+    std::string file;
+    std::string notes;
+  } kFiles[] = {
+      {ImportFormatDelimited, "Name,Mail\n\nAnn,box\r\nBob\n", "1\n2\n3|Ann|box\n4|Bob|\n"},
+      {ImportFormatDelimited, X(4200) + ",m\n" + X(40) + ",n\n",
+       "1\n1|" + X(106) + "|m\n2|" + X(40) + "|n\n"},
+      {ImportFormatDirectory, "dn: a\ncn: Ann\nmail: box\n\n", "1\n2\n3|Ann|box\n4\n"},
+      {ImportFormatMailServer, "Mailbox,a,b,Ann,%SMTP:box%\nRemote,a,b,c,%SMTP:d%\nMailbox,a\0\n"s,
+       "1|Ann|box\n2\n3\n"},
+  };
+  for (const auto& each : kFiles) {
+    SCOPED_TRACE(each.file.substr(0, 40));
+    const std::string source = folder.Write("source", each.file);
+    NotingObserver observer;
+    EXPECT_EQ(ConvertFile({.sourcePath = source.c_str(),
+                           .script = script.c_str(),
+                           .isAdmin = true,
+                           .observer = &observer},
+                          *OptionRecord(each.format).SkipHeader()),
+              kConverted);
+    EXPECT_EQ(observer.notes, each.notes);
+  }
+}
+
 TEST_F(ConversionTest, ConvertsLongFiles) {
   Example formatted;
   Example unformatted;
