@@ -3,8 +3,10 @@
 //   convert_file delimited|directory|mailserver SOURCE SCRIPT
 //
 // A delimited file has the name in its first column and the address in its second. Exits with 0, or
-// with 1 if the file cannot be converted. Prints the peak memory of the process in KiB, or 0 if the
-// system does not report it.
+// with 1 if the file cannot be converted. Prints the processor time of the conversion in nanoseconds,
+// and the peak memory of the process in KiB, or 0 if the system does not report it.
+
+#include <time.h>
 
 #include <cstdint>
 #include <cstdio>
@@ -28,6 +30,12 @@ std::int32_t ConvertFile(std::string_view format, const char* source, const char
   return ConvertMailServerExport(std::move(job));
 }
 
+double ProcessorTime() {
+  timespec time{};
+  clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+  return 1e9 * static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec);
+}
+
 long PeakMemory() {
   std::ifstream status("/proc/self/status");
   for (std::string word; status >> word;) {
@@ -45,7 +53,8 @@ int main(int argc, char** argv) {
     std::fputs("usage: convert_file delimited|directory|mailserver SOURCE SCRIPT\n", stderr);
     return 2;
   }
+  const double start = quillkit::ProcessorTime();
   const std::int32_t result = quillkit::ConvertFile(argv[1], argv[2], argv[3]);
-  std::printf("%ld\n", quillkit::PeakMemory());
+  std::printf("%.0f %ld\n", quillkit::ProcessorTime() - start, quillkit::PeakMemory());
   return result == 0 ? 0 : 1;
 }

@@ -28,6 +28,7 @@ void* Counted(void* memory, std::size_t size) {
   auto* header = static_cast<Header*>(memory);
   *header = {kMark, size};
   ++heap.allocations;
+  heap.allocated += size;
   heap.bytes += size;
   return header + 1;
 }

@@ -10,6 +10,7 @@ namespace quillkit {
 
 struct HeapCount {
   std::size_t allocations = 0;  // ever made
+  std::size_t allocated = 0;    // bytes, of all of them
   std::size_t bytes = 0;        // held now
 };
 

@@ -1,23 +1,65 @@
-"""The medians of a benchmark program's rows over several interleaved runs."""
+"""Medians of several rounds: of the rows of the benchmark programs, and of whole processes."""
 import json
-import pathlib
+import resource
+import statistics
 import subprocess
-import sys
 
 NANOSECONDS = {"ns": 1, "us": 1e3, "ms": 1e6}
 
 
-def medians(program):
-    """Runs the program of the folder in the first argument, or else of the release build. Its rows
-    by their names, each with its "nanoseconds" beside what else it counts."""
-    root = pathlib.Path(__file__).resolve().parent.parent
-    programs = pathlib.Path(sys.argv[1]) if len(sys.argv) > 1 else root / "build/release/bin"
-    run = subprocess.run(
-        [programs / program, "--benchmark_format=json", "--benchmark_repetitions=9",
-         "--benchmark_enable_random_interleaving=true", "--benchmark_report_aggregates_only=true"],
-        check=True, capture_output=True, text=True)
-    rows = {row["run_name"]: row for row in json.loads(run.stdout)["benchmarks"]
-            if row["aggregate_name"] == "median"}
-    for row in rows.values():
-        row["nanoseconds"] = row["cpu_time"] * NANOSECONDS[row["time_unit"]]
-    return rows
+class Rows:
+    """The rows of benchmark programs: for each name the median in nanoseconds and the counters."""
+
+    def __init__(self, folder, rounds):
+        self.folder, self.rounds = folder, rounds
+        self.rows, self.spread = {}, {}
+
+    def run(self, program):
+        """Runs all benchmarks of a program in random order, `rounds` times."""
+        run = subprocess.run(
+            [self.folder / program, "--benchmark_format=json", "--benchmark_min_time=0.05",
+             f"--benchmark_repetitions={self.rounds}",
+             "--benchmark_enable_random_interleaving=true"],
+            check=True, capture_output=True, text=True)
+        times = {}
+        for row in json.loads(run.stdout)["benchmarks"]:
+            if row["run_type"] == "iteration":
+                times.setdefault(row["run_name"], []).append(
+                    row["cpu_time"] * NANOSECONDS[row["time_unit"]])
+                self.rows[row["run_name"]] = row
+        for name, values in times.items():
+            self.rows[name]["nanoseconds"] = statistics.median(values)
+            self.spread[name] = spread(values)
+
+    def time(self, name):
+        return self.rows[name]["nanoseconds"]
+
+    def counter(self, name, counter):
+        return int(self.rows[name][counter])
+
+    def ratio(self, name, baseline):
+        return self.time(name) / self.time(baseline)
+
+
+def spread(values):
+    """The distance of the quartiles, as a part of the median."""
+    quartiles = statistics.quantiles(values, n=4)
+    return (quartiles[2] - quartiles[0]) / quartiles[1]
+
+
+def process_times(commands, rounds, prepare=lambda: None):
+    """The processor time of whole processes in seconds: one list for each command, in turn."""
+    times = [[] for _ in commands]
+    for _ in range(rounds):
+        for command, values in zip(commands, times):
+            prepare()
+            before = processor_time()
+            subprocess.run(command, check=True, stdout=subprocess.DEVNULL)
+            values.append(processor_time() - before)
+    return times
+
+
+def processor_time():
+    """The time that ended child processes used."""
+    usage = resource.getrusage(resource.RUSAGE_CHILDREN)
+    return usage.ru_utime + usage.ru_stime

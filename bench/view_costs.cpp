@@ -1,81 +1,48 @@
-// The cost of reading a book of 200,000 entries through the sliding view.
+// The cost of reading the e-mail book through a sliding view of 16 entries a page.
 //
-//   WalkBook / ReadBookByHand   every entry in order; by hand: the same reads into one existing
-//                               buffer; counts the reads of one walk
-//   StepInSpan                  one step within the span; counts its calls and allocations
-//   JumpToIndex                 GetAt with random indexes; counts the most reads of one jump
-//   HoldView                    counts the bytes of a view after a walk and jumps
+//   WalkBook         every entry in order
+//   WalkBookByHand   the same reads into one buffer, each after the look-up of the entry point by
+//                    name that the library makes
+//   WalkBookLinked   the same without look-ups
+//   StepInSpan       one step within the span
+//
+// The other rows measure one operation on a book of the size after the slash: its time, and its
+// server calls ("calls").
 
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
 #include <array>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <random>
-#include <string_view>
+#include <string>
 
 #include "appliance/scanner.h"
-#include "bench/counted_memory.h"
+#include "bench/ready_server.h"
+#include "bench/session.h"
 #include "books/email_ab.h"
 #include "bridge/imsp_api.h"
 #include "bridge/the_agent.h"
-#include "simulator/simulator.h"
-#include "toolkit/quillkit.h"
+#include "platform/module.h"
+#include "views/letter_entry_view.h"
 #include "views/sliding_entry_view.h"
 
 namespace quillkit {
 namespace {
 
 constexpr std::int32_t kPageSize = 16;
+constexpr std::int32_t kSpan = 3 * kPageSize;
+constexpr auto kEntries = static_cast<std::int32_t>(kReadyEntries);
 
-void Require(bool condition, const char* what) {
-  if (condition) return;
-  std::fprintf(stderr, "%s failed: status %d\n", what, TheAgent.LastError());
-  std::exit(1);
-}
-
-// An appliance whose e-mail book is full, with names on every letter.
-CScanner* FullAppliance() {
-  static CScanner* const box = [] {
-    SimulatorReset();
-    for (std::int32_t i = 0; i < MaxEmailEntries; ++i) {
-      std::array<char, 32> text{};
-      std::snprintf(text.data(), text.size(), "%c%c%06d", 'a' + i % 26, 'a' + i / 26 % 26, i);
-      CEmailEntry entry;
-      entry.SetName(text.data());
-      entry.SetAddress("somebody@quillbox.example");
-      SimulatorPutEntry(BookKind::kEmail, nullptr, nullptr, &entry);
-    }
-    TheAgent.LoadServerLibrary();
-    CScanner* scanner = LogToQuillbox("127.0.0.1", "ADMINISTRATOR", "quill", "", 0);
-    Require(scanner != nullptr, "LogToQuillbox");
-    return scanner;
-  }();
-  return box;
-}
-
-// A book as a scanner opens it: with a sliding view of 16 a page.
-CEmailAB* FullBook() {
+// A book of `size` entries as a scanner opens it, with a sliding view.
+CEmailAB* Book(std::int32_t size) {
   static CEmailAB book;
-  Require(book.Scanner() != nullptr || book.Attach(FullAppliance(), 0) == 1, "Attach");
-  return &book;
-}
-
-// The recorded calls of `work` whose text begins with `entry`.
-template <class Work>
-std::int32_t CountCalls(std::string_view entry, Work work) {
-  SimulatorClearJournal();
-  SimulatorRecordCalls(1);
-  work();
-  SimulatorRecordCalls(0);
-  std::int32_t count = 0;
-  for (std::int32_t i = 0; i < SimulatorCallCount(); ++i) {
-    count += std::string_view(SimulatorCallText(i)).starts_with(entry) ? 1 : 0;
+  static std::int32_t current = 0;
+  if (current != size) {
+    ReadyServerSetEntries(static_cast<std::uint32_t>(size));
+    Require(book.Attach(Session(), 0) == 1, "Attach");  // with a new census
   }
-  SimulatorClearJournal();
-  return count;
+  current = size;
+  return &book;
 }
 
 std::int32_t Walk(CEmailAB* book) {
@@ -87,14 +54,16 @@ std::int32_t Walk(CEmailAB* book) {
   return entries;
 }
 
-std::int32_t WalkByHand() {
+// `findRead` returns IMSPReadAB.
+template <class FindRead>
+std::int32_t WalkByHand(FindRead findRead) {
   std::array<CEmailEntry, kPageSize> page;
   ABIdent book(BookKind::kEmail, kEmailBook);
   KeyRange range;
   std::int32_t entries = 0;
   for (;;) {
     std::uint32_t count = kPageSize;
-    IMSPReadAB(&book, &range, page.data(), &count, 1);
+    findRead()(&book, &range, page.data(), &count, 1);
     if (count == 0) return entries;
     for (std::uint32_t i = 0; i < count; ++i) benchmark::DoNotOptimize(page[i].flags);
     entries += static_cast<std::int32_t>(count);
@@ -102,71 +71,160 @@ std::int32_t WalkByHand() {
   }
 }
 
-void ReadBookByHand(benchmark::State& state) {
-  FullBook();
-  while (state.KeepRunning()) Require(WalkByHand() == MaxEmailEntries, "the walk by hand");
+void WalkBookByHand(benchmark::State& state) {
+  Book(kEntries);
+  ModuleHandle server = LoadModule("IMSPAPI");
+  const auto find = [server] {
+    return reinterpret_cast<decltype(IMSPReadAB)*>(FindEntryPoint(server, "IMSPReadAB"));
+  };
+  while (state.KeepRunning()) Require(WalkByHand(find) == kEntries, "the walk by hand");
+  UnloadModule(server);
 }
-BENCHMARK(ReadBookByHand)->Unit(benchmark::kMillisecond);
+BENCHMARK(WalkBookByHand)->Unit(benchmark::kMillisecond);
+
+void WalkBookLinked(benchmark::State& state) {
+  Book(kEntries);
+  const auto find = [] { return &IMSPReadAB; };
+  while (state.KeepRunning()) Require(WalkByHand(find) == kEntries, "the linked walk");
+}
+BENCHMARK(WalkBookLinked)->Unit(benchmark::kMillisecond);
 
 void WalkBook(benchmark::State& state) {
-  CEmailAB* book = FullBook();
-  const std::int32_t calls = CountCalls("", [&] { Walk(book); });
-  const std::int32_t reads = CountCalls("IMSPReadAB 1:EMAILAB ", [&] { Walk(book); });
-  Require(calls == reads, "a walk that makes reads alone");
-  while (state.KeepRunning()) Require(Walk(book) == MaxEmailEntries, "the walk");
-  state.counters["reads"] = reads;
+  CEmailAB* book = Book(kEntries);
+  const std::uint64_t calls = ReadyServerCalls();
+  const std::uint64_t reads = ReadyServerReads();
+  Walk(book);
+  Require(ReadyServerCalls() - calls == ReadyServerReads() - reads, "a walk that only reads");
+  state.counters["reads"] = static_cast<double>(ReadyServerReads() - reads);
+  while (state.KeepRunning()) Require(Walk(book) == kEntries, "the walk");
 }
 BENCHMARK(WalkBook)->Unit(benchmark::kMillisecond);
 
 void StepInSpan(benchmark::State& state) {
-  CEmailAB* book = FullBook();
+  CEmailAB* book = Book(kEntries);
   Require(book->First() != nullptr, "First");
-  const auto thereAndBack = [&] {
-    for (std::int32_t i = 1; i < 3 * kPageSize; ++i) benchmark::DoNotOptimize(book->Next());
-    for (std::int32_t i = 1; i < 3 * kPageSize; ++i) benchmark::DoNotOptimize(book->Prev());
-  };
-  state.counters["calls"] = CountCalls("", thereAndBack);
-  const std::size_t before = CountHeap().allocations;
-  thereAndBack();
-  state.counters["allocations"] = static_cast<double>(CountHeap().allocations - before);
-  while (state.KeepRunningBatch(6 * kPageSize - 2)) thereAndBack();
+  const std::uint64_t calls = ReadyServerCalls();
+  while (state.KeepRunningBatch(2 * kSpan - 2)) {
+    for (std::int32_t i = 1; i < kSpan; ++i) benchmark::DoNotOptimize(book->Next());
+    for (std::int32_t i = 1; i < kSpan; ++i) benchmark::DoNotOptimize(book->Prev());
+  }
+  Require(ReadyServerCalls() == calls, "steps without a call");
 }
 BENCHMARK(StepInSpan);
 
-void JumpToIndex(benchmark::State& state) {
-  CEmailAB* book = FullBook();
-  std::mt19937 random(1);
-  const auto jump = [&] {
-    const auto index = static_cast<std::int32_t>(random() % MaxEmailEntries);
-    Require(book->GetAt(index) != nullptr, "GetAt");
-  };
-  std::int32_t most = 0;
-  for (int i = 0; i < 1000; ++i) most = std::max(most, CountCalls("IMSPReadAB ", jump));
-  for (const std::int32_t edge : {0, MaxEmailEntries - 1}) {
-    most = std::max(most, CountCalls("IMSPReadAB ", [&] { book->GetAt(edge); }));
-  }
-  while (state.KeepRunning()) jump();
-  state.counters["reads"] = most;
-}
-BENCHMARK(JumpToIndex)->Unit(benchmark::kMicrosecond);
+// --- Growth with the size of the book ---
 
-void HoldView(benchmark::State& state) {
-  CEmailAB* book = FullBook();
+// Measures `operation`, which receives an index between 0 and the size.
+template <class Operation>
+void Measure(benchmark::State& state, Operation operation) {
+  const auto size = static_cast<std::int32_t>(state.range(0));
+  std::minstd_rand random(1);
+  std::uint64_t operations = 0;
+  const std::uint64_t calls = ReadyServerCalls();
   while (state.KeepRunning()) {
-    const std::size_t before = CountHeap().bytes;
-    CSlidingEntryView view(kPageSize);
-    view.AttachBook(book);
-    view.First();
-    for (std::int32_t i = 0; i < 10 * kPageSize; ++i) view.Next();
-    view.GetAt(MaxEmailEntries / 2);
-    view.FindPrefix("qq");
-    state.counters["bytes"] =
-        static_cast<double>(CountHeap().bytes - before + sizeof(CSlidingEntryView));
+    operation(static_cast<std::int32_t>(random() % static_cast<std::uint32_t>(size)));
+    ++operations;
   }
+  state.counters["calls"] = static_cast<double>((ReadyServerCalls() - calls) / operations);
 }
-BENCHMARK(HoldView)->Unit(benchmark::kMicrosecond);
+
+void OpenBook(benchmark::State& state) {
+  Book(static_cast<std::int32_t>(state.range(0)));
+  Measure(state, [](std::int32_t) {
+    CEmailAB opened;
+    Require(opened.Attach(Session(), 0) == 1, "Attach");
+  });
+}
+
+void FirstEntry(benchmark::State& state) {
+  CEmailAB* book = Book(static_cast<std::int32_t>(state.range(0)));
+  Measure(state, [&](std::int32_t) { Require(book->First() != nullptr, "First"); });
+}
+
+void LastEntry(benchmark::State& state) {
+  CEmailAB* book = Book(static_cast<std::int32_t>(state.range(0)));
+  Measure(state, [&](std::int32_t) { Require(book->Last() != nullptr, "Last"); });
+}
+
+void NextSpan(benchmark::State& state) {
+  CEmailAB* book = Book(static_cast<std::int32_t>(state.range(0)));
+  Measure(state, [&](std::int32_t) {
+    for (std::int32_t i = 0; i < kSpan; ++i) {
+      if (book->Next() == nullptr) Require(book->First() != nullptr, "First");
+    }
+  });
+}
+
+void EntryAtIndex(benchmark::State& state) {
+  CEmailAB* book = Book(static_cast<std::int32_t>(state.range(0)));
+  CSlidingEntryView view(kPageSize);  // reads the census of this book's size
+  view.AttachBook(book);
+  Measure(state, [&](std::int32_t index) { Require(view.GetAt(index) != nullptr, "GetAt"); });
+}
+
+void FindName(benchmark::State& state) {
+  CEmailAB* book = Book(static_cast<std::int32_t>(state.range(0)));
+  CSlidingEntryView view(kPageSize);
+  view.AttachBook(book);
+  std::array<std::string, 64> names;
+  std::minstd_rand random(2);
+  for (std::string& each : names) {
+    const auto index =
+        static_cast<std::int32_t>(random() % static_cast<std::uint32_t>(state.range(0)));
+    const CEmailEntry* entry = view.GetAt(index);
+    Require(entry != nullptr, "GetAt");
+    each = entry->name.View();
+  }
+  Measure(state, [&](std::int32_t index) {
+    const std::string& name = names[static_cast<std::size_t>(index) % names.size()];
+    Require(view.Find(name, 1) != nullptr, "Find");
+  });
+}
+
+void FindLetter(benchmark::State& state) {
+  CEmailAB* book = Book(static_cast<std::int32_t>(state.range(0)));
+  CSlidingEntryView view(kPageSize);
+  view.AttachBook(book);
+  Measure(state, [&](std::int32_t index) {
+    Require(view.FindLetter(static_cast<char>('a' + index % 26)) != nullptr, "FindLetter");
+  });
+}
+
+void ReadCensus(benchmark::State& state) {
+  CEmailAB* book = Book(static_cast<std::int32_t>(state.range(0)));
+  CSlidingEntryView view(kPageSize);
+  view.AttachBook(book);
+  Measure(state, [&](std::int32_t) { Require(view.LoadBoundaries(1) == 0, "LoadBoundaries"); });
+}
+
+void ReadLetter(benchmark::State& state) {
+  CEmailAB* book = Book(static_cast<std::int32_t>(state.range(0)));
+  CLetterEntryView view;
+  view.AttachBook(book);
+  Measure(state, [&](std::int32_t index) {
+    Require(view.FindLetter(static_cast<char>('a' + index % 26)) != nullptr, "FindLetter");
+  });
+}
+
+void Sizes(benchmark::internal::Benchmark* row) {
+  row->Arg(1'000)->Arg(20'000)->Arg(kEntries);
+}
+BENCHMARK(OpenBook)->Apply(Sizes);
+BENCHMARK(FirstEntry)->Apply(Sizes);
+BENCHMARK(LastEntry)->Apply(Sizes);
+BENCHMARK(NextSpan)->Apply(Sizes);
+BENCHMARK(EntryAtIndex)->Apply(Sizes);
+BENCHMARK(FindName)->Apply(Sizes);
+BENCHMARK(FindLetter)->Apply(Sizes);
+BENCHMARK(ReadCensus)->Apply(Sizes);
+BENCHMARK(ReadLetter)->Apply(Sizes);
 
 }  // namespace
 }  // namespace quillkit
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+  quillkit::TheAgent.LoadServerLibrary();
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
+}

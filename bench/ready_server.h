@@ -1,0 +1,40 @@
+// A server library that costs almost nothing, as the baseline of the benchmarks. It stands behind
+// the entry points of bridge/imsp_api.h, holds tables of ready records, and answers a read with one
+// copy. It has only the entry points that the benchmarks need. Its contents:
+//
+//   soft keys   kReadyKeys keys of kReadyItems items
+//   lists       kReadyLists public e-mail lists of kReadyMembers members
+//   accounts    kReadyUsers
+//   e-mail      kReadyEntries entries, or fewer, with names that begin with each letter
+//
+// All keys deliver the same items, and all lists the same members: small tables stay in the cache
+// of the processor, so that a read costs the least.
+
+#ifndef QUILLKIT_BENCH_READY_SERVER_H_
+#define QUILLKIT_BENCH_READY_SERVER_H_
+
+#include <cstdint>
+
+namespace quillkit {
+
+inline constexpr std::uint32_t kReadyKeys = 11;
+inline constexpr std::uint32_t kReadyItems = 512;
+inline constexpr std::uint32_t kReadyLists = 512;
+inline constexpr std::uint32_t kReadyMembers = 512;
+inline constexpr std::uint32_t kReadyUsers = 4096;
+inline constexpr std::uint32_t kReadyEntries = 200'000;
+
+extern "C" {
+
+// Sets the number of entries in the e-mail book, at most kReadyEntries.
+void ReadyServerSetEntries(std::uint32_t count);
+
+// The number of calls of all entry points, and of IMSPReadAB, since the start of the process.
+std::uint64_t ReadyServerCalls();
+std::uint64_t ReadyServerReads();
+
+}  // extern "C"
+
+}  // namespace quillkit
+
+#endif  // QUILLKIT_BENCH_READY_SERVER_H_
