@@ -1,21 +1,25 @@
 // The operations of the books, the lists and the accounts, with each of their server calls failing
-// in turn, and on objects that are attached to no book.
+// in turn, on objects that are attached to no book, and on entries that are not in memory.
 
 #include "tests/support/failure_sweep.h"
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 #include <map>
 #include <memory>
+#include <regex>
 #include <string>
 #include <vector>
 
 #include "bridge/the_agent.h"
 #include "simulator/simulator.h"
+#include "softkeys/soft_key.h"
+#include "tests/books/books_fixture.h"
+#include "tests/toolkit/export_operations.h"
 
 namespace quillkit {
 namespace {
-
-constexpr Status kEarlierError = 17;
 
 // Variables that the server calls fill.
 std::uint32_t count;
@@ -213,7 +217,7 @@ Operations EmailOperations() {
 }
 
 Operations FaxOperations() {
-  const std::string load = "ReadAB (loses fax/; 4: ends, loses fax/)";
+  const std::string load = "ReadAB 2:FAXAB [||0] 2048 1 (loses fax/; 4: ends, loses fax/)";
   const std::string reload = ", ListAB (loses fax-list/; 4: ends, loses fax-list/)";
   const std::string copy = ReadForCopy("ListAB CreateAB") + kCreateList;
   return {
@@ -272,7 +276,8 @@ Operations PrivateOperations(bool throughOwner) {
            "kept, needs no book"),
       CALL(on.priv->DeleteAll(), kNothing,
            "IOCtl 2 (ends), IOCtl 1 (ends), IOCtl 2 (skips 3), IOCtl 1 (skips 2), "
-           "DeleteAB (skips 1), IOCtl 1 (ignored), DeleteAB (ignored), IOCtl 1 (ignored)",
+           "DeleteAB 128:Board (skips 1), IOCtl 1 (ignored), DeleteAB 16:PRIVATEAB (ignored), "
+           "IOCtl 1 30000 (ignored)",
            throughOwner ? "needs no book" : "kept, needs no book"),
       CALL(on.priv->DeleteAllLists(), kNothing,
            "IOCtl 2 (ends), IOCtl 1 (ends), DeleteAB 128:Board (ignored), IOCtl 1 (ignored)",
@@ -401,7 +406,8 @@ Operations UserOperations() {
   // The reload detaches the private book from the record, so the stage starts without it.
   const auto dropBook = [](Stage& on) { delete on.user.DetachPrivateBook(); };
   return {
-      CALL(on.users.Load(), kFlag, "ReadAB (loses account/; 4: ends, loses account/)"),
+      CALL(on.users.Load(), kFlag,
+           "ReadAB 4:USERSAB [||0] 4096 1 (loses account/; 4: ends, loses account/)"),
       CALL(on.users.AddUser(&on.newUser, 1), kFlag, "CreateEntry" + reload),
       CALL(on.users.ReadUser(&on.user, 1), kFlag, "ReadEntryProperties" + reload, "kept", dropBook),
       CALL(on.users.ModifyUser(&on.user, 1), kFlag, "ModifyEntry" + reload,
@@ -462,7 +468,6 @@ INSTANTIATE_TEST_SUITE_P(Books, FailureSweep, testing::ValuesIn(BookOperations()
 class WithoutABook : public ApplianceTest {};
 
 TEST_F(WithoutABook, EveryOperationFailsWithoutACall) {
-  SimulatorRecordCalls(1);
   for (const Operation& each : BookOperations()) {
     SCOPED_TRACE(each.name);
     if (each.notes.find("needs no book") != std::string::npos) continue;
@@ -474,6 +479,42 @@ TEST_F(WithoutABook, EveryOperationFailsWithoutACall) {
     EXPECT_EQ(each.run(stage), each.result.Failure(kRefused));
     EXPECT_THAT(TakeCalls(), testing::IsEmpty());
     EXPECT_EQ(TheAgent.LastError(), kEarlierError);
+  }
+}
+
+class WithoutTheEntry : public ApplianceTest {
+ public:
+  // Puts an entry of this name in each book, and in a list or key of its own.
+  static void PutEverywhere(std::string_view name) {
+    for (const BookKind kind :
+         {BookKind::kFax, BookKind::kUsers, BookKind::kPrinters, BookKind::kPrivateEmail,
+          BookKind::kPublicList, BookKind::kFaxList, BookKind::kPrivateList}) {
+      BooksTest::PutNames(kind, "Board", {name});
+    }
+  }
+};
+
+TEST_F(WithoutTheEntry, ALocalChangeFailsAfterItsCallIfOnlyTheServerHasTheEntry) {
+  Operations operations = BookOperations();
+  std::ranges::copy(ExportOperations(), std::back_inserter(operations));
+  const std::regex changes(".*(Local|Fast).*");
+  const std::regex ofEntries("(ModifyEntry|DeleteEntry|DeleteAB 512:).*");
+  for (const Operation& each : operations) {
+    if (!std::regex_match(each.name, changes) || !std::regex_match(each.calls, ofEntries)) continue;
+    SCOPED_TRACE(each.name);
+    SimulatorReset();
+    SimulatorRecordCalls(1);
+    PutEverywhere("Bob");
+    PutKey("Send", {"Fax"});
+    Stage stage(LogIn(), each.throughOwner, Stage::kAsFound);
+    PutEverywhere("Ann");
+    PutKey("Scan", {"Desk"});
+    stage.key = stage.newKey;
+    stage.key->SetKeyName("Scan");
+    BooksTest::Start();
+    EXPECT_EQ(each.run(stage), each.result.Failure(kRefused));
+    EXPECT_EQ(SimulatorCallCount(), 1);
+    EXPECT_EQ(TheAgent.LastError(), kNoError) << "the server makes the change";
   }
 }
 
