@@ -1,11 +1,11 @@
 // The accounts of an appliance: the book, the list in memory, and a record with its private book,
-// log and flags.
+// log, flags and archive.
 
 #include <memory>
 
-#include "base/archive.h"
 #include "books/user_list.h"
 #include "tests/books/books_fixture.h"
+#include "tests/support/stream_form.h"
 
 namespace quillkit {
 namespace {
@@ -16,18 +16,9 @@ using testing::IsEmpty;
 
 using UserBookTest = BooksTest;
 
-TEST_F(UserBookTest, AFailedLoadLeavesNoAccounts) {
-  EXPECT_EQ(users.Attach(box, 0, 1), 1);
-  EXPECT_EQ(users.Count(), 3);
-  EXPECT_THAT(TakeCalls(), ElementsAre("IMSPReadAB 4:USERSAB [||0] 4096 1"));
-  SimulatorFail("IMSPReadAB", 1, kFault);
-  EXPECT_EQ(users.Load(), 0);
-  EXPECT_TRUE(users.IsEmpty());
-  EXPECT_EQ(users.Attach(nullptr, 1), 0);
-}
-
 TEST_F(UserBookTest, IterationMovesPastItsEndsAndBack) {
-  users.Load();
+  EXPECT_EQ(users.Attach(box, 0, 1), 1);
+  EXPECT_EQ(users.Attach(nullptr, 1), 0);
   CUserRecord record;
   EXPECT_STREQ(users.First(&record)->Name(), "ADMINISTRATOR");
   EXPECT_EQ(record.Owner(), &users);
@@ -86,13 +77,10 @@ TEST_F(UserBookTest, ClearAllUsesTheApplianceOfTheLatestLogin) {
 // A book loads as many accounts as it holds, and discards them.
 TEST_F(UserBookTest, SerializesItsAccountsWithoutACount) {
   users.Load();
-  std::string bytes;
-  Archive storing(&bytes);
-  users.Serialize(storing);
+  const std::string bytes = Stored(users);
   EXPECT_EQ(bytes.substr(0, 14), "\15ADMINISTRATOR");
   users.RemoveAt(0, 0);
-  Archive loading{std::string_view(bytes)};
-  users.Serialize(loading);
+  Archive loading = Load(users, bytes);
   CUserRecord record;
   EXPECT_STREQ(users.GetAt(0, &record)->Name(), "GUEST");
   CUserEntry next;
@@ -108,9 +96,7 @@ TEST(UserList, KeepsTheEndOfABackwardReadAndFreesItsBlockWithTheLastRecord) {
     list.Append(user);
   }
   EXPECT_TRUE(list.Shrink(2, 0));
-  std::string bytes;
-  Archive storing(&bytes);
-  list.Serialize(storing);
+  const std::string bytes = Stored(list);
   EXPECT_EQ(bytes.substr(0, 6), std::string("\2\0\0\0\1b", 6));
   EXPECT_STREQ(list.GetAt(2).Name(), "");
   EXPECT_EQ(list.RemoveAt(0), 1);
@@ -119,8 +105,7 @@ TEST(UserList, KeepsTheEndOfABackwardReadAndFreesItsBlockWithTheLastRecord) {
   EXPECT_EQ(list.Data(), nullptr);
   EXPECT_EQ(list.SaveAll(), kRefused);
   EXPECT_EQ(list.Load({}, 1), kRefused);
-  Archive loading{std::string_view(bytes)};
-  list.Serialize(loading);
+  Load(list, bytes);
   EXPECT_STREQ(list.GetAt(1).Name(), "c");
   list.Allocate(MaxUsers);
   EXPECT_EQ(list.Append(user), 0);
@@ -186,6 +171,37 @@ TEST_P(UserRecordTest, WritesChangedFlagsToTheServer) {
   CUserEntry stored;
   SimulatorFindEntry(BookKind::kUsers, "", nullptr, "Anna", &stored);
   EXPECT_EQ(stored.flags, 0x11U);
+}
+
+TEST_P(UserRecordTest, RestoresItsPrivateBookFromTheArchiveSectionOfItsName) {
+  PutNames(BookKind::kPrivateEmail, "", {"Ann", "Bo", "C\xE9lia"});
+  Put(BookKind::kPrivateList, "Crew", MakeEntry("Ann", "own", 1));
+  Put(BookKind::kPrivateList, "Team", MakeEntry("Bo", "own", 1));
+  Put(BookKind::kPrivateList, "Team", MakeEntry("Public"));
+  std::string bytes;
+  Archive storing(&bytes);
+  account.SerializeWithBook(storing);
+  TakeCalls();
+  CUserRecord restored;
+  for (const std::string_view name : {"Bertil", "Anna"}) {
+    Name(restored, name);
+    restored.CreatePrivateBook();
+    Archive loading{std::string_view(bytes)};
+    restored.SerializeWithBook(loading);
+    EXPECT_EQ(restored.NameMismatch(), name == "Bertil");
+    EXPECT_EQ(loading.Remaining() != 0, name == "Bertil");
+    EXPECT_EQ(restored.PrivateBook()->EntryCount(), name == "Bertil" ? 0 : 3);
+  }
+  EXPECT_THAT(TakeCalls(), IsEmpty());
+  for (const char* failing : {"IMSPCreateAB", "none"}) {
+    Private().EmptyOnServer();
+    EXPECT_THAT(OnServer(BookKind::kPrivateEmail, ""), IsEmpty());
+    SimulatorFail(failing, 1, kFault);
+    EXPECT_EQ(restored.RestorePrivateBook(), 1) << "lists of an archive have no book";
+  }
+  EXPECT_THAT(OnServer(BookKind::kPrivateEmail, ""), ElementsAre("Ann=at", "Bo=at", "C\xE9lia=at"));
+  EXPECT_THAT(OnServer(BookKind::kPrivateList, "Crew"), ElementsAre("Ann=own"));
+  EXPECT_THAT(OnServer(BookKind::kPrivateList, "Team"), ElementsAre("Bo=own", "Public="));
 }
 
 INSTANTIATE_TEST_SUITE_P(Routes, UserRecordTest, testing::Bool(), RouteName);
