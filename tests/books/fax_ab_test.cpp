@@ -1,7 +1,7 @@
 // The fax book: its entries in memory, its iteration and searches, and its stream form.
 
-#include "base/archive.h"
 #include "tests/books/books_fixture.h"
+#include "tests/support/stream_form.h"
 
 namespace quillkit {
 namespace {
@@ -35,18 +35,6 @@ TEST_F(FaxBookTest, ReadsEntriesOnlyIfALoadIsRequested) {
   EXPECT_EQ(book.Attach(nullptr, 1), 0);
   EXPECT_EQ(Names(), "late b ");
   EXPECT_EQ(TakeCalls().size(), 1U) << "only the rename calls the server";
-}
-
-TEST_F(FaxBookTest, AnEmptyBookLeavesNoEntriesInMemory) {
-  SimulatorFail("IMSPReadAB", 1, kDataNotFound);
-  EXPECT_EQ(book.LoadEntries(), 1);
-  EXPECT_TRUE(book.IsEmpty());
-  book.LoadEntries();
-  Start();
-  EXPECT_EQ(book.ClearBook(), kNoError);
-  EXPECT_EQ(TakeCalls().back(), "IMSPReadAB 2:FAXAB [||0] 2048 1");
-  EXPECT_TRUE(book.IsEmpty());
-  EXPECT_EQ(CFaxAB().ClearBook(), kRefused);
 }
 
 TEST_F(FaxBookTest, IterationMovesPastItsEndsAndBack) {
@@ -92,12 +80,8 @@ TEST_F(FaxBookTest, StoresAsManyEntriesAsTheIterationHasPassed) {
     SCOPED_TRACE(testing::Message() << passed << " entries passed");
     book.FirstEntry();
     for (std::int32_t i = 0; i < passed; ++i) book.NextEntry();
-    std::string bytes;
-    Archive storing(&bytes);
-    book.Serialize(storing);
     CFaxAB loaded;
-    Archive loading{std::string_view(bytes)};
-    loaded.Serialize(loading);
+    Load(loaded, Stored(book));
     ASSERT_EQ(loaded.EntryCount(), passed);
     EXPECT_EQ(loaded.EntryAt(1)->name, "abd");
     EXPECT_EQ(loaded.EntryAt(passed - 1)->IsBlank(), passed > 3)
@@ -122,14 +106,9 @@ TEST_F(FaxBookTest, LoadsADamagedStreamWithinBounds) {
   for (const auto& each : kCases) {
     SCOPED_TRACE(testing::PrintToString(each.bytes));
     book.LoadEntries();
-    Archive loading(each.bytes);
-    book.Serialize(loading);
-    EXPECT_EQ(loading.Failed(), each.fails);
+    EXPECT_EQ(Load(book, each.bytes).Failed(), each.fails);
     EXPECT_EQ(Names(), each.names);
-    std::string stored;
-    Archive storing(&stored);
-    book.Serialize(storing);
-    EXPECT_TRUE(stored.starts_with(each.stored));
+    EXPECT_TRUE(Stored(book).starts_with(each.stored));
   }
   EXPECT_EQ(book.PrevEntry(), nullptr) << "the iteration does not move below its lowest position";
 }

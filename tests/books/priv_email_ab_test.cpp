@@ -1,7 +1,7 @@
 // The private book, with and without an owner: loading, copies of lists, bulk operations, searches.
 
-#include "base/archive.h"
 #include "tests/books/books_fixture.h"
+#include "tests/support/stream_form.h"
 
 namespace quillkit {
 namespace {
@@ -22,9 +22,6 @@ TEST_P(PrivateBookTest, AMissingBookIsLoadedAsEmpty) {
   EXPECT_EQ(Private().LoadListsChecked(0), 1);
   EXPECT_TRUE(Private().ListsLoaded());
   EXPECT_TRUE(Private().ListAt(0)->IsEmpty());
-  SimulatorFail("IMSPListAB", 1, kFault);
-  EXPECT_EQ(Private().LoadListsChecked(0), 0);
-  EXPECT_EQ(Private().ListCount(), 0);
 }
 
 TEST_P(PrivateBookTest, ChangesListsInMemoryOnlyIfRequested) {
@@ -72,19 +69,6 @@ TEST_P(PrivateBookTest, CopiesAPublicListWithItsMembersOnTheServer) {
   expectRefusal(unread);
 }
 
-TEST_P(PrivateBookTest, DeletingTheSessionsOwnBookKeepsItInMemory) {
-  PutNames(kEntries, "", {"Ann"});
-  PutNames(kLists, "Team", {"Ann"});
-  Private().LoadEntries(1);
-  SimulatorSetTimeout(1999);
-  Private().DeleteAll();
-  EXPECT_EQ(SimulatorTimeout(), 1999U);
-  EXPECT_EQ(Private().EntryCount(), GetParam() ? 0 : 1);
-  EXPECT_EQ(Private().ListCount(), GetParam() ? 0 : 1);
-  EXPECT_THAT(OnServer(kEntries, ""), IsEmpty());
-  EXPECT_THAT(OnServer(kLists, "Team"), IsEmpty());
-}
-
 TEST_P(PrivateBookTest, ClearingDropsTheListsAndAllocatesBlankEntries) {
   PutNames(kEntries, "", {"Ann"});
   PutNames(kLists, "Team", {"Ann"});
@@ -110,13 +94,10 @@ TEST_P(PrivateBookTest, SerializingReadsMembersThatAreNotLoaded) {
   EXPECT_EQ(Private().ListAt(0)->Count(), 1);
   EXPECT_TRUE(Private().ListAt(2)->IsEmpty());
   TakeCalls();
-  std::string bytes;
-  Archive storing(&bytes);
-  Private().Serialize(storing);
+  const std::string bytes = Stored(Private());
   EXPECT_EQ(TakeCalls().size(), 4U) << "two lists are read, each with a size and a read call";
   CPrivEmailAB loaded;
-  Archive loading{std::string_view(bytes)};
-  loaded.Serialize(loading);
+  Load(loaded, bytes);
   ASSERT_EQ(loaded.ListCount(), 3);
   EXPECT_EQ(loaded.ListAt(2)->Count(), 1);
 }
