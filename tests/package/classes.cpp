@@ -2,21 +2,14 @@
 // of the product.
 
 #include <cstdio>
-#include <memory>
 
 #include "base/class_record.h"
-#include "base/root_object.h"
 #include "toolkit/quillkit.h"
 #include "toolkit/toolkit_app.h"
 
 int main() {
   using namespace quillkit;
   if (!CToolkitApp::Start()) return 1;
-  for (const ClassRecord* record : RegisteredClasses()) {
-    if (record->create == nullptr) continue;
-    const std::unique_ptr<RootObject> object(CreateByName(record->name));
-    if (object == nullptr) return 2;
-  }
   CScanner* box = LogToQuillbox("127.0.0.1", "ADMINISTRATOR", "quill", "", 1);
   if (box == nullptr) return 3;
   std::printf("classes %s: %d keys, %zu classes\n", QUILLKIT_VERSION,
