@@ -2,8 +2,8 @@
 
 #include "lists/priv_email_dl.h"
 
-#include "base/archive.h"
 #include "tests/books/books_fixture.h"
+#include "tests/support/stream_form.h"
 
 namespace quillkit {
 namespace {
@@ -50,9 +50,8 @@ TEST_P(PrivateListTest, AReloadReadsMoreThan512MembersAndKeepsTheBlockIfTheListI
   box->PrivateList("Team").ClearBook();
   EXPECT_EQ(list.Reload(), kNoError);
   EXPECT_TRUE(list.IsEmpty());
-  Archive loading(std::string_view("\1\0\0\0\1T\1a\0\0\0\0\0", 13));
-  list.Serialize(loading);
-  EXPECT_EQ(loading.Remaining(), 7U) << "a list with a block does not load members";
+  EXPECT_EQ(Load(list, {"\1\0\0\0\1T\1a\0\0\0\0\0", 13}).Remaining(), 7U)
+      << "a list with a block does not load members";
 }
 
 TEST_P(PrivateListTest, WritingMembersClearsTheAddressesOfPublicMembers) {

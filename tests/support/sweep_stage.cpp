@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <string_view>
 
-#include "base/archive.h"
 #include "simulator/simulator.h"
 #include "tests/support/appliance_fixture.h"
 #include "tests/support/email_entry.h"
 #include "tests/support/menu_item.h"
+#include "tests/support/stream_form.h"
 
 namespace quillkit {
 namespace {
@@ -18,13 +18,9 @@ void Name(CUserRecord& record, std::string_view name, CUserAB* owner) {
 }
 
 // Copies the contents of `from` to `to` through an archive.
-template <class Stored>
-void Carry(Stored& from, Stored& to) {
-  std::string bytes;
-  Archive storing(&bytes);
-  from.Serialize(storing);
-  Archive loading{std::string_view(bytes)};
-  to.Serialize(loading);
+template <class Book>
+void Carry(Book& from, Book& to) {
+  Load(to, Stored(from));
 }
 
 std::string Shown(const CEmailEntry& entry) {
