@@ -20,8 +20,6 @@ namespace {
 using testing::ElementsAre;
 using Names = std::vector<std::string>;
 
-constexpr Status kEarlier = 17;
-constexpr Status kFault = 6;
 constexpr std::uint32_t kLocalHost = 0x0100007F;
 constexpr std::uint32_t kNowhere = 0;
 
@@ -202,6 +200,8 @@ struct Outcome {
 
 // The outcomes of a failure of the first call, the second and so on; the last one, of none.
 using Outcomes = std::vector<Outcome>;
+
+constexpr Status kFault = ApplianceTest::kFault;
 
 // The first failure ends the operation.
 const Outcomes kStops = {{1, kFault, kOld},  {2, kFault, kOld},  {3, kFault, kLong},

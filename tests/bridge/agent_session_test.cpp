@@ -8,13 +8,13 @@
 #include <vector>
 
 #include "appliance/scanner.h"
-#include "base/archive.h"
 #include "books/user_record.h"
 #include "bridge/identity.h"
 #include "bridge/the_agent.h"
 #include "simulator/simulator.h"
 #include "tests/platform/pumping.h"
 #include "tests/support/appliance_fixture.h"
+#include "tests/support/stream_form.h"
 
 namespace quillkit {
 namespace {
@@ -23,8 +23,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using Calls = std::vector<std::string>;
 
-constexpr Status kEarlier = 11;
-constexpr Status kFault = 6;
 constexpr std::uint32_t kAddress = 0x0100007F;
 
 const std::string kLoginCall = "IMSPLogin 127.0.0.1 ADMINISTRATOR ***";
@@ -97,12 +95,9 @@ TEST_F(AgentSession, HoldsOneScannerPerAddressAndAddsAtTheEnd) {
   EXPECT_EQ(TheAgent.RemoveScanner(&kTwo), 1);
   EXPECT_EQ(TheAgent.RemoveScanner(&kTwo), 0);
   EXPECT_EQ(TheAgent.FindScanner(&kTwo), nullptr);
-  std::string bytes;
-  Archive storing(&bytes);
-  TheAgent.Serialize(storing);
+  const std::string bytes = Stored(TheAgent);
   Add("two", kTwo);
-  Archive loading{std::string_view(bytes)};
-  TheAgent.Serialize(loading);
+  Load(TheAgent, bytes);
   EXPECT_EQ(Left(), " uno///1") << "an archive replaces the list";
 }
 

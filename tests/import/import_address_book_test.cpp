@@ -9,7 +9,6 @@
 #include "tests/support/appliance_fixture.h"
 #include "tests/support/email_entry.h"
 #include "tests/support/scratch_folder.h"
-#include "tests/support/temporary_folder.h"
 #include "toolkit/quillkit.h"
 
 namespace quillkit {
@@ -19,8 +18,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 using testing::StartsWith;
-
-constexpr Status kEarlier = 22;
 
 class ImportAddressBookTest : public ApplianceTest {
  protected:

@@ -22,7 +22,6 @@
 #include "simulator/simulator.h"
 #include "tests/support/appliance_fixture.h"
 #include "tests/support/scratch_folder.h"
-#include "tests/support/temporary_folder.h"
 #include "toolkit/quillkit.h"
 
 namespace quillkit {

@@ -17,7 +17,6 @@
 #include "tests/memory/refused_memory.h"
 #include "tests/support/combination_count.h"
 #include "tests/support/scratch_folder.h"
-#include "tests/support/temporary_folder.h"
 #include "tests/toolkit/export_operations.h"
 
 namespace quillkit {

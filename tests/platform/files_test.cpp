@@ -11,7 +11,6 @@
 
 #include "platform/written_file.h"
 #include "tests/support/scratch_folder.h"
-#include "tests/support/temporary_folder.h"
 
 namespace quillkit {
 namespace {

@@ -11,7 +11,8 @@
 #include <vector>
 
 #include "platform/user_settings.h"
-#include "tests/support/settings_home.h"
+#include "tests/support/environment_variable.h"
+#include "tests/support/scratch_folder.h"
 
 namespace quillkit {
 
@@ -54,7 +55,9 @@ class UserSettingsTest : public testing::Test {
     return names;
   }
 
-  const SettingsHome home{};
+  // The location of the settings. On Windows it is the usual one.
+  const ScratchFolder home;
+  const EnvironmentVariable variable{"XDG_CONFIG_HOME", home.Path().string()};
   const std::string profile = testing::UnitTest::GetInstance()->current_test_info()->name();
   const std::string key = "Software\\\\Tarvenor\\\\Ledgerhouse\\LDAP\\" + profile;
 };

@@ -2,6 +2,7 @@
 
 #include "bridge/the_agent.h"
 #include "simulator/simulator.h"
+#include "tests/support/menu_item.h"
 #include "toolkit/quillkit.h"
 #include "toolkit/session_entry.h"
 
@@ -27,12 +28,10 @@ CScanner* ApplianceTest::LogIn() {
 }
 
 void ApplianceTest::PutKey(std::string_view key, std::initializer_list<std::string_view> items) {
-  CMenuItem record;
-  record.SetName(key);
+  const CMenuItem record = MakeItem(key);
   SimulatorPutEntry(BookKind::kTop, "", nullptr, &record);
   for (const std::string_view each : items) {
-    CMenuItem item;
-    item.SetName(each);
+    const CMenuItem item = MakeItem(each);
     SimulatorPutEntry(BookKind::kKeyItems, std::string(key).c_str(), nullptr, &item);
   }
 }

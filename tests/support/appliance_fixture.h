@@ -24,6 +24,9 @@ inline const std::string kPassword = "quill";
 
 class ApplianceTest : public testing::Test {
  public:
+  static constexpr Status kFault = 11;    // a call that the simulator makes fail
+  static constexpr Status kEarlier = 99;  // the last error before a test
+
   // Stores a soft key with items of these names on the appliance, without using the library.
   static void PutKey(std::string_view key, std::initializer_list<std::string_view> items);
 

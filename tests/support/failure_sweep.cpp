@@ -15,7 +15,6 @@
 namespace quillkit {
 namespace {
 
-constexpr Status kEarlierError = 17;
 constexpr Status kCodes[] = {kDataNotFound, 6, kMoreData, kBookFull};
 
 CombinationCount& combinations =
@@ -106,7 +105,7 @@ Trial Try(const Operation& operation, CScanner* box, std::size_t failing, Status
   trial.before = stage.Memory();
   SimulatorRecordCalls(1);
   SimulatorClearJournal();
-  TheAgent.SetError(kEarlierError);
+  TheAgent.SetError(ApplianceTest::kEarlier);
   if (failing != 0) SimulatorFail(nullptr, static_cast<std::int32_t>(failing), code);
   trial.result = operation.run(stage);
   trial.lastError = TheAgent.LastError();

@@ -3,26 +3,29 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <filesystem>
-#include <sstream>
+#include <fstream>
+#include <iterator>
 
 #include "tests/support/scratch_folder.h"
 
 namespace quillkit {
 
-std::string OutputOnFailure(const std::string& folder, const std::string& program) {
-  namespace fs = std::filesystem;
+namespace fs = std::filesystem;
+
+fs::path ProgramFolder() {
+  return fs::absolute(testing::internal::GetArgvs().front()).parent_path();
+}
+
+std::string OutputOf(const fs::path& folder, const std::string& command) {
   const ScratchFolder scratch;
   const std::string report = scratch.PathOf("report");
   const fs::path before = fs::current_path();
-  fs::current_path(fs::absolute(testing::internal::GetArgvs().front()).parent_path() / folder);
-  const std::string path = (fs::path(".") / program).make_preferred().string();
-  const int status = std::system((path + " > \"" + report + "\"").c_str());
+  fs::current_path(folder);
+  const std::string program = (fs::path(".") / command).make_preferred().string();
+  const int status = std::system((program + " > \"" + report + "\"").c_str());
   fs::current_path(before);
-  if (status == 0) return {};
-  std::ostringstream output;
-  output << "status " << status << '\n' << ReadBytes(report);
-  return output.str();
+  std::ifstream text(report);  // as text, whose lines end alike everywhere
+  return std::string(std::istreambuf_iterator<char>(text), {}) + "exit " + std::to_string(status);
 }
 
 }  // namespace quillkit

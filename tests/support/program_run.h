@@ -3,14 +3,17 @@
 #ifndef QUILLKIT_TESTS_SUPPORT_PROGRAM_RUN_H_
 #define QUILLKIT_TESTS_SUPPORT_PROGRAM_RUN_H_
 
+#include <filesystem>
 #include <string>
 
 namespace quillkit {
 
-// Runs a program in `folder`, which is relative to the folder of this test program. `folder` is the
-// current folder of the program. Returns an empty text if the program succeeds, otherwise its
-// status and its standard output.
-std::string OutputOnFailure(const std::string& folder, const std::string& program);
+// The folder of the running program.
+std::filesystem::path ProgramFolder();
+
+// Runs a program of `folder`, with arguments, in that folder. Returns its standard output, then
+// "exit " and its status.
+std::string OutputOf(const std::filesystem::path& folder, const std::string& command);
 
 }  // namespace quillkit
 

@@ -1,4 +1,4 @@
-// A temporary folder for one test. The destructor deletes it with its contents.
+// Files and folders of one test.
 
 #ifndef QUILLKIT_TESTS_SUPPORT_SCRATCH_FOLDER_H_
 #define QUILLKIT_TESTS_SUPPORT_SCRATCH_FOLDER_H_
@@ -8,12 +8,15 @@
 #include <string_view>
 #include <vector>
 
+#include "tests/support/environment_variable.h"
+
 namespace quillkit {
 
 // ReadBytes returns the bytes of a file, or "" if it cannot be read. WriteBytes writes a new file.
 std::string ReadBytes(const std::string& path);
 void WriteBytes(const std::string& path, std::string_view bytes);
 
+// A new folder. The destructor deletes it with its contents.
 class ScratchFolder {
  public:
   ScratchFolder();
@@ -34,6 +37,18 @@ class ScratchFolder {
 
  private:
   std::filesystem::path path;
+};
+
+// Redirects the temporary files of this process to another folder while the object exists.
+class TemporaryFolder {
+ public:
+  // `path` need not exist.
+  explicit TemporaryFolder(const std::string& path) : posix("TMPDIR", path), win32("TMP", path) {}
+
+ private:
+  // Each system reads its own variable first.
+  const EnvironmentVariable posix;
+  const EnvironmentVariable win32;
 };
 
 }  // namespace quillkit

@@ -17,7 +17,6 @@
 #include "import/import_address_book.h"
 #include "platform/written_file.h"
 #include "tests/support/scratch_folder.h"
-#include "tests/support/temporary_folder.h"
 
 namespace quillkit {
 namespace {

@@ -30,7 +30,7 @@ class SettingsFolderTest : public UserSettingsTest {
   SettingsFolderTest() { EXPECT_EQ(WriteText(key, "v", "old"), kSettingsDone); }
 
   // The folder of the test's own key.
-  const fs::path folder = home.Folder() / "quillkit/Software/Tarvenor/Ledgerhouse/LDAP" / profile;
+  const fs::path folder = home.Path() / "quillkit/Software/Tarvenor/Ledgerhouse/LDAP" / profile;
   const std::string inner = key + "\\inner";
 };
 
@@ -39,9 +39,9 @@ TEST_F(SettingsFolderTest, IsPrivateAndInTheConfigurationFolder) {
   EXPECT_EQ(fs::status(folder / "=v").permissions(), fs::perms(0600));
   const EnvironmentVariable relative("XDG_CONFIG_HOME", "not/absolute");
   {
-    const EnvironmentVariable userHome("HOME", (home.Folder() / "new").string());
+    const EnvironmentVariable userHome("HOME", (home.Path() / "new").string());
     EXPECT_EQ(WriteText(key, "v", "x"), kSettingsDone);
-    EXPECT_TRUE(fs::exists(home.Folder() / "new/.config/quillkit/Software"));
+    EXPECT_TRUE(fs::exists(home.Path() / "new/.config/quillkit/Software"));
   }
   const EnvironmentVariable none("HOME", "");
   EXPECT_EQ(Read(key, "v"), "status 2");
@@ -60,7 +60,7 @@ TEST_F(SettingsFolderTest, ForeignFilesAreNeitherReadNorDeleted) {
     fs::remove_all(folder / each);
   }
   std::ofstream(folder / "file") << "mine";
-  fs::create_directory_symlink(home.Folder(), folder / "link");
+  fs::create_directory_symlink(home.Path(), folder / "link");
   for (const char* each : {"file", "link"}) {
     const std::string path = key + '\\' + each;
     EXPECT_EQ(Read(path, "v"), "status 3") << each;
@@ -110,7 +110,7 @@ TEST_F(SettingsFolderTest, SystemLimitsAreReportedAndChangeNothing) {
 
 TEST_F(SettingsFolderTest, WithoutPermissionNothingChanges) {
   ASSERT_EQ(WriteText(inner, "v", "old"), kSettingsDone);
-  const fs::path outside = home.Folder().parent_path();
+  const fs::path outside = home.Path().parent_path();
   for (fs::path each = folder / "inner"; each != outside; each = each.parent_path()) {
     fs::permissions(each, fs::perms(0777));
   }
