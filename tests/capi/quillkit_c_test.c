@@ -308,6 +308,7 @@ static void CheckSession(void) {
   TEXT_EQ("3.1 ", TextOf(quill_get_scanner_version, box));
   EQ(1, quill_is_admin_connected(0));
   EQ(1, quill_find_soft_key_index(book, "Desks"));
+  EQ(-1, quill_find_soft_key_index(book, "Desk"));
   EQ(1, quill_get_key_at(book, 1, &again));
   EQ(1, key2 == again);
   EQ(0, quill_is_soft_key_empty(key));
@@ -325,7 +326,10 @@ static void CheckSession(void) {
   EQ(3, number);
   EQ(1, quill_settings(madeItem, &number));
   EQ(UINT32_MAX, number);
+  EQ(1, quill_find_next_item(key, 0));  // without a pattern the search starts at the second item
+  EQ(-1, quill_find_first_item(key, "P", 1));
   EQ(4, quill_find_first_item(key, "P", 0));
+  EQ(-1, quill_find_next_item(key, 1));
   EQ(5, quill_find_next_item(key, 0));
   EQ(5, quill_find_menu_item_index(key, madeItem));
   EQ(0, quill_get_db_item_count(key, &number));

@@ -17,9 +17,6 @@ namespace quillkit {
 
 using Names = std::vector<std::string>;
 
-inline constexpr Status kFault = 11;
-inline constexpr Status kEarlier = 17;  // the last error of an earlier call
-
 class PanelTest : public ApplianceTest {
  protected:
   PanelTest() {

@@ -5,8 +5,8 @@
 #include <cstring>
 #include <string_view>
 
-#include "base/archive.h"
 #include "tests/softkeys/panel.h"
+#include "tests/support/stream_form.h"
 
 namespace quillkit {
 namespace {
@@ -61,39 +61,20 @@ TEST_F(SoftKeyTest, CopiesTheFieldsOfAnItemUpToATextWithoutANul) {
   EXPECT_EQ(key.ItemAt(2)->settings, 1U);
 }
 
-TEST_F(SoftKeyTest, ContinuesASearchWithTheLastPatternThatHadAHit) {
-  key.ItemAt(0)->SetName("CX");
-  key.ItemAt(2)->SetName("C");
-  EXPECT_EQ(key.FindNextItem(false), 1) << "without a pattern the search starts at the second item";
-  EXPECT_EQ(key.FindFirstItem("C", false), 0);
-  EXPECT_EQ(key.FindNextItem(true), 1);
-  EXPECT_EQ(key.FindNextItem(true), 2);
-  EXPECT_EQ(key.FindNextItem(false), -1);
-  EXPECT_EQ(key.FindFirstItem("none", false), -1);
-  EXPECT_EQ(key.FindNextItem(true), 1)
-      << "after a miss the search restarts with the last pattern that had a hit";
-}
-
 TEST_F(SoftKeyTest, StoresItsPatternWithoutItemsAndLoadsBoth) {
   key.FindFirstItem("C", true);
-  std::string bytes;
-  Archive storing(&bytes);
-  key.Serialize(storing);
-  EXPECT_EQ(bytes, "\0\0\0\0\1C"s);
+  EXPECT_EQ(Stored(key), "\0\0\0\0\1C"s);
   EXPECT_TRUE(key.IsEmpty());
 
   key.Init("B", 3, &book);
   key.ItemAt(2)->SetName("C");
   key.FindFirstItem("C", true);
   const std::string item = "\1I\1P\1A\1T\1\0\0\0\2\0\0\0"s;
-  bytes = "\2\0\0\0\1I"s + item + item + "rest"s;
-  Archive loading{std::string_view(bytes)};
-  key.Serialize(loading);
+  EXPECT_EQ(Load(key, "\2\0\0\0\1I"s + item + item + "rest"s).Remaining(), 4U);
   EXPECT_EQ(NamesOf(key), (Names{"I", "I"}));
   EXPECT_EQ(key.ItemAt(1)->path, "P");
   EXPECT_EQ(key.FindNextItem(true), 1) << "a load restarts the search";
   EXPECT_EQ(key.KeyName(), "B");
-  EXPECT_EQ(loading.Remaining(), 4U);
 }
 
 // --- Loads ---
@@ -154,6 +135,32 @@ TEST_F(SoftKeyTest, FastAddFailsAt512CachedItemsAndPlainAddStillCallsTheServer) 
   EXPECT_EQ(TheAgent.LastError(), kBookFull);
   EXPECT_THAT(TakeCalls(), IsEmpty());
   EXPECT_EQ(key.AddMenuItem(&item, false), 14);
+}
+
+TEST_F(SoftKeyTest, FastChangesStoreTheFieldsInTheCacheAndOnTheServer) {
+  CMenuItem item = MakeItem("C");
+  item.SetPath("new");
+  EXPECT_EQ(key.FastItemModify(&item), 1);
+  item.SetName("E");
+  EXPECT_EQ(key.FastItemRename("D", &item), 1);
+  item.SetName("F");
+  EXPECT_EQ(key.FastItemAdd(&item), 4);
+  for (const char* source : {"cache", "server"}) {
+    ASSERT_EQ(NamesOf(key), (Names{"B", "C", "E", "F"})) << source;
+    for (int i = 1; i < 4; ++i) EXPECT_EQ(key.ItemAt(i)->path, "new") << source;
+    key.Load("B", &book, {}, 1);
+  }
+}
+
+TEST_F(SoftKeyTest, FastFailsAfterItsCallIfOnlyTheServerHasTheItem) {
+  key.ItemAt(1)->SetName("X");
+  CMenuItem item = MakeItem("C");
+  EXPECT_EQ(key.FastItemModify(&item), 0);
+  EXPECT_EQ(key.FastItemRename("C", &item), 0);
+  EXPECT_EQ(key.FastItemRemove(&item), -1);
+  EXPECT_EQ(SimulatorCallCount(), 3);
+  EXPECT_EQ(TheAgent.LastError(), kNoError);
+  EXPECT_EQ(NamesOf(key), (Names{"B", "X", "D"}));
 }
 
 TEST_F(SoftKeyTest, AcceptsItsOwnItemsAsArguments) {

@@ -79,6 +79,16 @@ TEST_F(TopLevelTest, FastAddAndFastModifyMakeTheBookTheOwnerOfTheCachedKey) {
   EXPECT_EQ(cached->AddMenuItem(&item, false), kNoError);
 }
 
+TEST_F(TopLevelTest, FastFailsAfterItsCallIfOnlyTheServerHasTheKey) {
+  book.KeyAt(1)->SetKeyName("X");
+  EXPECT_EQ(book.FastKeyModify(&Key("C")), 0);
+  EXPECT_EQ(book.FastKeyRename("C", Key("C")), 0);
+  EXPECT_EQ(book.FastKeyRemove(Key("C")), -1);
+  EXPECT_EQ(SimulatorCallCount(), 3);
+  EXPECT_EQ(TheAgent.LastError(), kNoError);
+  EXPECT_EQ(NamesOf(book), (Names{"B", "X", "D"}));
+}
+
 TEST_F(TopLevelTest, AcceptsCachedKeysAndTheirNamesAsArguments) {
   EXPECT_EQ(book.RenameSoftKeyByName("B", "none"), kRefused);
   EXPECT_EQ(book.RenameSoftKeyByName("B", "C"), 14);
@@ -104,16 +114,13 @@ TEST_F(TopLevelTest, FindNextKeyReturnsThePreviousHitIfThereIsNoOther) {
   book.KeyAt(0)->SetKeyName("AB");
   book.KeyAt(1)->SetKeyName("ABC");
   book.KeyAt(2)->SetKeyName("AB");
-  EXPECT_EQ(book.Find("AB"), 0);
-  EXPECT_EQ(book.Find("A"), -1);
   EXPECT_EQ(book.KeyAt(-1), nullptr);
   EXPECT_EQ(book.KeyAt(3), nullptr);
   EXPECT_EQ(book.FindNextKey(false), 0) << "a search without a pattern returns index 0";
+  EXPECT_EQ(book.FindFirstKey("A", true), -1);
   EXPECT_EQ(book.FindFirstKey("AB", false), 0);
-  EXPECT_EQ(book.FindNextKey(false), 1);
   EXPECT_EQ(book.FindNextKey(true), 2);
   EXPECT_EQ(book.FindNextKey(false), 2);
-  EXPECT_EQ(book.FindFirstKey("X", false), -1);
 }
 
 TEST_F(TopLevelTest, ClearAllReloadsTheBookEvenIfTheClearFails) {

@@ -1,0 +1,31 @@
+#include "base/name_search.h"
+
+#include <gtest/gtest.h>
+
+namespace quillkit {
+namespace {
+
+TEST(NameCursor, ContinuesWithTheLatestPatternThatHadAHit) {
+  const char* const names[] = {"AB", "ABC", "X", "AB"};
+  const struct {
+    const char* first;  // null: FindNext
+    bool wholeName;
+    std::int32_t hit;
+  } steps[] = {{nullptr, false, 1},  // the empty pattern, after index 0
+               {"A", true, -1},      {"ab", false, -1},  {"AB", false, 0},
+               {nullptr, false, 1},  {nullptr, true, 3}, {nullptr, false, -1},
+               {nullptr, false, -1},  // a miss leaves the position unchanged
+               {"AB", true, 0},      {nullptr, true, 3}, {"none", false, -1},
+               {nullptr, false, 0}};  // after a miss of FindFirst from index 0
+  NameCursor cursor;
+  for (const auto& [first, wholeName, hit] : steps) {
+    const auto nameAt = [&](std::int32_t i) { return names[i]; };
+    EXPECT_EQ(first != nullptr ? cursor.FindFirst(4, first, wholeName, nameAt)
+                               : cursor.FindNext(4, wholeName, nameAt),
+              hit)
+        << (first != nullptr ? first : "next");
+  }
+}
+
+}  // namespace
+}  // namespace quillkit
