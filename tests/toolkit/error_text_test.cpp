@@ -11,8 +11,16 @@ namespace quillkit {
 namespace {
 
 TEST(ErrorText, NeedsOneByteMoreThanTheLengthItReports) {
-  const std::map<std::int32_t, std::string> texts = {
-      {0, "No Error"}, {23, ""}, {24, "Address Book Full"}, {-1, "Unknown Error Code !"}};
+  const std::map<std::int32_t, std::string> texts = {{0, "No Error"},
+                                                     {2, "Invalid User or Password"},
+                                                     {20, "IMSP Unitialized"},
+                                                     {23, ""},
+                                                     {24, "Address Book Full"},
+                                                     {25, "Invalid host name"},
+                                                     {31, ""},
+                                                     {32, "Unknown Error Code !"},
+                                                     {-1, "Unknown Error Code !"},
+                                                     {INT32_MIN, "Unknown Error Code !"}};
   for (const auto& [code, text] : texts) {
     SCOPED_TRACE(text);
     const auto length = static_cast<std::int32_t>(text.size());

@@ -18,8 +18,6 @@
 namespace quillkit {
 namespace {
 
-constexpr Status kEarlierError = 17;
-
 struct Attempt {
   std::string host = kHost;
   std::string user = kAdministrator;
@@ -67,35 +65,26 @@ std::vector<Outcome> Outcomes() {
   const Attempt ann = {.user = "Ann", .password = "", .loadTopBook = 1};
 
   const std::string admin = kAdministrator;
-  const auto login = [](const std::string& text) { return "IMSPLogin 127.0.0.1 " + text; };
-  const auto user = [](const std::string& of) { return "IMSPReadEntryProperties 4:USERSAB " + of; };
-  const std::string asAdmin = login("ADMINISTRATOR ***");
-  const std::string period = "IMSPIOCtl 6 0";
+  const auto as = [](const std::string& user, const std::string& shownPassword) {
+    return std::vector{"IMSPLogin 127.0.0.1 " + user + " " + shownPassword,
+                       "IMSPReadEntryProperties 4:USERSAB " + user};
+  };
+  const std::vector<std::string> refused = {as(admin, "***").front(), kLogout};
 
-  const Left nothing = {kEarlierError, 0, "", 0, false};
-  const Left session = {kEarlierError, 1, admin, 1, true};
-  const Left success = {kNoError, 1, admin, 1, true};
+  constexpr Status kEarlier = ApplianceTest::kEarlier;
+  const Left nothing = {kEarlier, 0, "", 0, false};
   return {
       {"PasswordTooLong", kFresh, password, nothing, {}},
       {"ThirdTooLong", kFresh, third, nothing, {}},
-      {"NameTooLong", kInSession, name, session, {}},
+      {"NameTooLong", kInSession, name, {kEarlier, 1, admin, 1, true}, {}},
       {"NoSuchHost", kInSession, host, {25, 0, admin, 1, true}, {}},
-      {"HostZero", kInSession, zero, {kEarlierError, 0, admin, 1, true}, {}},
-      {"Refused", kFresh, wrong, {2, 0, "", 0, false}, {asAdmin, kLogout}},
-      {"RefusedInSession", kInSession, wrong, {2, 0, "", 1, true}, {asAdmin, kLogout}},
-      {"Success", kFresh, {}, success, {asAdmin, period, user(admin)}},
-      {"SuccessInSession", kInSession, {}, success, {asAdmin, user(admin)}},
-      {"Toolkit",
-       kInSession,
-       toolkit,
-       {0, 1, "TOOLKIT", 1, true},
-       {login("TOOLKIT ***"), user("TOOLKIT")}},
-      {"OtherUser", kInSession, ann, {0, 1, "Ann", 1, false}, {login("Ann \"\""), user("Ann")}},
-      {"Longest",
-       kInSession,
-       longest,
-       {0, 1, kLongestName, 1, false},
-       {login(kLongestName + " ***"), user(kLongestName)}},
+      {"HostZero", kInSession, zero, {kEarlier, 0, admin, 1, true}, {}},
+      {"Refused", kFresh, wrong, {2, 0, "", 0, false}, refused},
+      {"RefusedInSession", kInSession, wrong, {2, 0, "", 1, true}, refused},
+      {"SuccessInSession", kInSession, {}, {0, 1, admin, 1, true}, as(admin, "***")},
+      {"Toolkit", kInSession, toolkit, {0, 1, "TOOLKIT", 1, true}, as("TOOLKIT", "***")},
+      {"OtherUser", kInSession, ann, {0, 1, "Ann", 1, false}, as("Ann", "\"\"")},
+      {"Longest", kInSession, longest, {0, 1, kLongestName, 1, false}, as(kLongestName, "***")},
   };
 }
 
@@ -114,7 +103,7 @@ TEST_P(SessionOutcome, LoginLeavesThePredictedSession) {
   PutAccount("Ann", "");
   PutAccount(kLongestName, kLongestPassword);
   if (before == kInSession) LogIn();
-  TheAgent.SetError(kEarlierError);
+  TheAgent.SetError(kEarlier);
 
   CScanner* box = LogToQuillbox(attempt.host, attempt.user, attempt.password, attempt.third,
                                 attempt.loadTopBook);
