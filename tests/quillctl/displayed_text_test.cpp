@@ -2,10 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <sstream>
-
 #include "quillctl/failures.h"
-#include "quillctl/text_table.h"
 
 namespace quillctl {
 namespace {
@@ -30,14 +27,6 @@ TEST(DisplayedText, KeepsUtf8ConvertsLatin1AndEscapesControlCharacters) {
       {"\xC2\x9B[", "\\x9B["},            // the same one in UTF-8
   };
   for (const auto& each : cases) EXPECT_EQ(DisplayedText(each.stored), each.displayed);
-}
-
-TEST(TextTable, AlignsTheDisplayedTexts) {
-  TextTable table({"Name", "Number"});
-  table.AddRow({"J\xF6rdis\x1B", "1"});
-  std::ostringstream out;
-  table.Print(out);
-  EXPECT_EQ(out.str(), "Name        Number\nJ\xC3\xB6rdis\\x1B  1\n");
 }
 
 TEST(CodeAndText, HasTheTextOfTheLibraryOrItsOwnForLocalCodes) {
