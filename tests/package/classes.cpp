@@ -11,7 +11,7 @@ int main() {
   using namespace quillkit;
   if (!CToolkitApp::Start()) return 1;
   CScanner* box = LogToQuillbox("127.0.0.1", "ADMINISTRATOR", "quill", "", 1);
-  if (box == nullptr) return 3;
+  if (box == nullptr) return 2;
   std::printf("classes %s: %d keys, %zu classes\n", QUILLKIT_VERSION,
               GetCount(GetTopLevelAbook(box)), RegisteredClasses().size());
   CToolkitApp::Stop();
