@@ -18,14 +18,6 @@ using namespace std::literals;
 
 class SoftKeyTest : public PanelTest {
  protected:
-  // Puts `count` items with numbers for names into the server's key B, beside what is there.
-  static void PutItems(int count) {
-    for (int i = 0; i < count; ++i) {
-      const CMenuItem item = MakeItem(std::to_string(1000 + i));
-      SimulatorPutEntry(BookKind::kKeyItems, "B", nullptr, &item);
-    }
-  }
-
   CSoftKey& key = *book.KeyAt(0);
 };
 
@@ -79,16 +71,6 @@ TEST_F(SoftKeyTest, StoresItsPatternWithoutItemsAndLoadsBoth) {
 
 // --- Loads ---
 
-TEST_F(SoftKeyTest, LoadsUpTo512ItemsInOneRead) {
-  for (const int extra : {509, 510}) {
-    PutItems(extra);
-    EXPECT_EQ(key.Load("B", &book, {}, 1), extra == 510 ? kMoreData : kNoError);
-    EXPECT_EQ(key.ItemCount(), 512);
-    EXPECT_EQ(key.ItemAt(0)->name, "1000");
-    EXPECT_THAT(TakeCalls(), ElementsAre("IMSPReadAB 512:B [|*|0] 512 1"));
-  }
-}
-
 TEST_F(SoftKeyTest, LoadsFromANameInBothDirections) {
   // The name is in the block that the load frees.
   EXPECT_EQ(key.Load("B", &book, key.ItemAt(1)->name.View(), 1), kNoError);
@@ -125,16 +107,10 @@ TEST_F(SoftKeyTest, RefusesALoadWithoutAnOwnerOrAScanner) {
 
 // --- Changes ---
 
-TEST_F(SoftKeyTest, FastAddFailsAt512CachedItemsAndPlainAddStillCallsTheServer) {
-  PutItems(508);
-  key.Load("B", &book, {}, 1);
+TEST_F(SoftKeyTest, PlainAddCallsTheServerWith512CachedItems) {
+  key.Init("B", 512, &book);
   CMenuItem item = MakeItem("X");
-  EXPECT_EQ(key.FastItemAdd(&item), 512);
-  TakeCalls();
-  EXPECT_EQ(key.FastItemAdd(&item), -1);
-  EXPECT_EQ(TheAgent.LastError(), kBookFull);
-  EXPECT_THAT(TakeCalls(), IsEmpty());
-  EXPECT_EQ(key.AddMenuItem(&item, false), 14);
+  EXPECT_EQ(key.AddMenuItem(&item, false), kNoError);
 }
 
 TEST_F(SoftKeyTest, FastChangesStoreTheFieldsInTheCacheAndOnTheServer) {

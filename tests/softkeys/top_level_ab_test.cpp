@@ -22,15 +22,6 @@ class TopLevelTest : public PanelTest {
   CSoftKey key;
 };
 
-TEST_F(TopLevelTest, LoadsUpTo11KeysAndNoneOf12) {
-  for (const char* name : {"E", "F", "G", "H", "I", "J", "K", "L"}) PutKey(name, {});
-  EXPECT_EQ(book.Load(0), kNoError);
-  EXPECT_EQ(book.Count(), 11);
-  PutKey("M", {});
-  EXPECT_EQ(book.Load(0), kMoreData);
-  EXPECT_EQ(book.Count(), 0);
-}
-
 TEST_F(TopLevelTest, LoadItemsDiscardsTheItemsAndReturnsTheCachedKey) {
   CSoftKey* first = book.KeyAt(0);
   first->RemoveItemAt(0);
@@ -41,22 +32,6 @@ TEST_F(TopLevelTest, LoadItemsDiscardsTheItemsAndReturnsTheCachedKey) {
   SimulatorSetDefects(kDefectFailedCount);
   SimulatorFail("IMSPReadAB", 1, kFault);
   EXPECT_EQ(book.LoadItems("B"), nullptr);
-}
-
-TEST_F(TopLevelTest, AddsNoKeyAndMakesNoCallWhen11AreCached) {
-  for (const char* name : {"E", "F", "G", "H", "I", "J", "K"}) PutKey(name, {});
-  book.Load(0);
-  EXPECT_EQ(book.FastKeyAdd(Key("L")), 11);
-  TheAgent.SetError(kEarlier);
-  TakeCalls();
-  CMenuItem record = MakeItem("M");
-  EXPECT_EQ(book.AddKey("M", true), kBookFull);
-  EXPECT_EQ(book.AddKey(&record, true), kBookFull);
-  EXPECT_EQ(book.FastKeyAdd(Key("M")), -1);
-  EXPECT_EQ(TheAgent.LastError(), kEarlier);
-  EXPECT_THAT(TakeCalls(), IsEmpty());
-  book.FastKeyRemove(Key("L"));
-  EXPECT_EQ(book.AddKey(&record, false), kNoError);
 }
 
 TEST_F(TopLevelTest, FastAddAndFastModifyMakeTheBookTheOwnerOfTheCachedKey) {
