@@ -2,13 +2,15 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "toolkit/quillkit.h"
+#include "views/entry_source.h"
 
 namespace quillctl {
 namespace {
 
-using quillkit::BookKind;
+using quillkit::CScanner;
 
 template <std::size_t N>
 std::string Text(const quillkit::FixedText<N>& field) {
@@ -31,14 +33,35 @@ Row Cells(const quillkit::CUserEntry& entry) {
   return {Text(entry.name), Text(entry.password), Text(entry.third), Text(entry.fourth)};
 }
 
-template <typename Record, BookKind kKind>
-std::vector<Row> ReadBook(EntryAt entryAt, const char* user) {
-  std::vector<Row> rows;
-  Record record;
-  for (std::int32_t i = 0; entryAt(kKind, "", user, i, &record) != 0; ++i) {
-    rows.push_back(Cells(record));
+constexpr std::uint32_t kPage = 64;
+
+// Reads pages of a book. `Access` is the scanner's function for its entries. A server that repeats
+// entries is read up to the size of the largest book.
+template <auto Access>
+std::int32_t ReadPages(const quillkit::CScanner& scanner, const std::string& from,
+                       const std::string& filter, const RowHandler& handle) {
+  auto entries = (scanner.*Access)();
+  std::vector<typename decltype(entries)::Record> page(kPage);
+  quillkit::KeyRange range(from, filter);
+  for (std::int32_t left = quillkit::MaxEmailEntries; left > 0;) {
+    std::uint32_t count = kPage;
+    const quillkit::Status status = entries.Read(&range, page.data(), &count, 1);
+    if (status == quillkit::kDataNotFound) return quillkit::kNoError;
+    if (status != quillkit::kNoError && status != quillkit::kMoreData) return status;
+    for (std::uint32_t i = 0; i < count; ++i, --left) {
+      Row row = Cells(page[i]);
+      if (row[0].empty() && row[1].empty()) return quillkit::kUnusableInput;  // not delivered
+      range.first.Assign(row[0]);
+      if (!handle(std::move(row))) return quillkit::kNoError;
+    }
+    if (status == quillkit::kNoError || count == 0) return quillkit::kNoError;
   }
-  return rows;
+  return quillkit::kUnusableInput;
+}
+
+template <auto Access>
+std::int32_t CountEntries(const quillkit::CScanner& scanner, std::uint32_t* count) {
+  return (scanner.*Access)().Size(count);
 }
 
 }  // namespace
@@ -55,38 +78,42 @@ std::span<const AddressBook> PublicBooks() {
        quillkit::TargetEmail,
        {"Name", "Address"},
        2,
-       ReadBook<quillkit::CEmailEntry, BookKind::kEmail>},
+       ReadPages<&CScanner::EmailEntries>,
+       CountEntries<&CScanner::EmailEntries>},
       {"fax",
        "fax book",
        quillkit::TargetFax,
        {"Name", "Number", "Third"},
        2,
-       ReadBook<quillkit::CFaxEntry, BookKind::kFax>},
+       ReadPages<&CScanner::FaxEntries>,
+       CountEntries<&CScanner::FaxEntries>},
       {"printers",
        "printer book",
        quillkit::TargetPrinters,
        {"Name", "Description", "Model"},
        1,
-       ReadBook<quillkit::PrinterRecord, BookKind::kPrinters>},
+       ReadPages<&CScanner::PrinterEntries>,
+       CountEntries<&CScanner::PrinterEntries>},
       {"users",
        "user book",
        quillkit::TargetUsers,
        {"Name", "Password", "Third", "Fourth"},
        1,
-       ReadBook<quillkit::CUserEntry, BookKind::kUsers>,
+       ReadPages<&CScanner::UserEntries>,
+       CountEntries<&CScanner::UserEntries>,
        1},
   }};
   return books;
 }
 
 std::span<const AddressBook> PrivateBook() {
-  static const std::array<AddressBook, 1> book = {
-      {{"",
-        "private e-mail book",
-        0,
-        {"Name", "Address"},
-        2,
-        ReadBook<quillkit::CEmailEntry, BookKind::kPrivateEmail>}}};
+  static const std::array<AddressBook, 1> book = {{{"private",
+                                                    "private e-mail book",
+                                                    0,
+                                                    {"Name", "Address"},
+                                                    2,
+                                                    ReadPages<&CScanner::PrivateEntries>,
+                                                    CountEntries<&CScanner::PrivateEntries>}}};
   return book;
 }
 
@@ -104,13 +131,19 @@ std::vector<std::string> BookWords() {
   return words;
 }
 
-SimulatorBooks::SimulatorBooks()
-    : serverLibrary(quillkit::LoadModule("IMSPAPI")),
-      entryAt(
-          reinterpret_cast<EntryAt>(quillkit::FindEntryPoint(serverLibrary, "SimulatorEntryAt"))) {}
-
-SimulatorBooks::~SimulatorBooks() {
-  quillkit::UnloadModule(serverLibrary);
+std::optional<std::vector<Row>> ReadAllEntries(const AddressBook& book,
+                                               const quillkit::CScanner& scanner) {
+  std::vector<Row> rows;
+  const auto keep = [&rows](Row row) {
+    rows.push_back(std::move(row));
+    return true;
+  };
+  if (book.read(scanner, {}, "*", keep) != quillkit::kNoError) return std::nullopt;
+  std::uint32_t count = 0;
+  const quillkit::Status status = book.count(scanner, &count);
+  const bool isMissing = status == quillkit::kNoSuchBook || status == quillkit::kDataNotFound;
+  if (rows.empty() && isMissing) return rows;
+  return status == quillkit::kNoError && rows.size() == count ? std::optional(rows) : std::nullopt;
 }
 
 }  // namespace quillctl

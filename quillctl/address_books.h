@@ -1,23 +1,24 @@
-// The address books that an import can fill, and access to the entries that the simulator stores.
+// The address books of an appliance, and their entries as rows.
 
 #ifndef QUILLCTL_ADDRESS_BOOKS_H_
 #define QUILLCTL_ADDRESS_BOOKS_H_
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "platform/module.h"
+#include "appliance/scanner.h"
 #include "quillctl/text_table.h"
-#include "simulator/simulator.h"
 
 namespace quillctl {
 
-// The simulator's function that returns one entry.
-using EntryAt = decltype(&quillkit::SimulatorEntryAt);
+// Receives one entry. Returns false to receive no more.
+using RowHandler = std::function<bool(Row)>;
 
 struct AddressBook {
   std::string_view word;   // its name on the command line
@@ -27,8 +28,13 @@ struct AddressBook {
   // the field names on the command line.
   Row fields;
   std::size_t requiredFields;  // an entry needs the first `requiredFields` fields
-  // Returns a row for each entry, in the book's order. `user` is the owner of a private book.
-  std::vector<Row> (*read)(EntryAt entryAt, const char* user);
+  // Reads the entries after the name `from`, in the book's order and in pages, and passes each to
+  // the handler. `filter` is "*", or the beginning of a name and "*". Returns the status of the
+  // read that failed, or 0.
+  std::int32_t (*read)(const quillkit::CScanner& scanner, const std::string& from,
+                       const std::string& filter, const RowHandler& handle);
+  // Stores the number of entries. Returns the status.
+  std::int32_t (*count)(const quillkit::CScanner& scanner, std::uint32_t* count);
   std::size_t secretField = kNone;  // the field that is never shown
 
   static constexpr auto kNone = static_cast<std::size_t>(-1);
@@ -40,7 +46,7 @@ struct AddressBook {
 // The books that imports of the administrator fill. The e-mail book is the first.
 std::span<const AddressBook> PublicBooks();
 
-// The book that imports of any other account fill on the simulator.
+// The book that imports of any other account fill: its own.
 std::span<const AddressBook> PrivateBook();
 
 // Returns the public book with this word, or an empty span.
@@ -48,26 +54,10 @@ std::span<const AddressBook> FindBook(std::string_view word);
 
 std::vector<std::string> BookWords();
 
-// Reads the books of the simulator. The interface of an appliance has no function for that.
-class SimulatorBooks {
- public:
-  SimulatorBooks();
-  SimulatorBooks(const SimulatorBooks&) = delete;
-  SimulatorBooks& operator=(const SimulatorBooks&) = delete;
-  ~SimulatorBooks();
-
-  // Returns whether the server library is the simulator.
-  bool IsAvailable() const { return entryAt != nullptr; }
-
-  // REQUIRES: IsAvailable().
-  std::vector<Row> Read(const AddressBook& book, const std::string& user) const {
-    return book.read(entryAt, user.c_str());
-  }
-
- private:
-  quillkit::ModuleHandle serverLibrary;
-  EntryAt entryAt;
-};
+// Returns all entries of the book; or nothing if they cannot be read, or if their number is not the
+// one that the appliance reports.
+std::optional<std::vector<Row>> ReadAllEntries(const AddressBook& book,
+                                               const quillkit::CScanner& scanner);
 
 }  // namespace quillctl
 

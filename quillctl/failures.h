@@ -16,6 +16,7 @@ inline constexpr int kExitRefused = 1;
 inline constexpr int kExitUsage = 2;
 inline constexpr int kExitPartial = 3;
 inline constexpr int kExitNoLogin = 4;
+inline constexpr int kExitUnknown = 5;
 
 // The appliance or the library refused, something named does not exist, or writing failed.
 class Refusal : public std::runtime_error {
@@ -34,6 +35,11 @@ class UsageError : public std::runtime_error {
 
 // Some rows of a file were not imported.
 class PartialFailure : public std::runtime_error {
+  using runtime_error::runtime_error;
+};
+
+// The appliance may have done what was asked, but that cannot be read back.
+class UnknownResult : public std::runtime_error {
   using runtime_error::runtime_error;
 };
 

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <set>
+#include <utility>
 
 #include "quillctl/address_books.h"
 #include "quillctl/commands.h"
@@ -19,12 +21,14 @@ namespace {
 
 using Contents = std::vector<std::vector<Row>>;
 
-// Returns the entries of each book, or nothing if the server library is not the simulator.
-Contents ReadAll(const SimulatorBooks& stored, std::span<const AddressBook> books,
-                 const std::string& user) {
+// Returns the entries of each book, or nothing if one of them cannot be read.
+Contents ReadAll(std::span<const AddressBook> books, const quillkit::CScanner& scanner) {
   Contents contents;
-  if (!stored.IsAvailable()) return contents;
-  for (const AddressBook& each : books) contents.push_back(stored.Read(each, user));
+  for (const AddressBook& each : books) {
+    std::optional<std::vector<Row>> rows = ReadAllEntries(each, scanner);
+    if (!rows) return {};
+    contents.push_back(std::move(*rows));
+  }
   return contents;
 }
 
@@ -48,27 +52,35 @@ void ShowBook(const AddressBook& book, const std::vector<Row>& before, const std
   table.Print(std::cout);
 }
 
+// Throws an UnknownResult with the text.
+[[noreturn]] void ThrowUnknown(const std::string& text, const ImportPlan& plan) {
+  throw UnknownResult(text + "; the " + std::string(plan.Books().front().title) +
+                      " cannot be read: it is unknown which rows were imported");
+}
+
 // Throws a Refusal that also describes the state of the book: the appliance keeps what it imported
 // before the failure.
 [[noreturn]] void ThrowImportFailure(std::int32_t status, const ImportPlan& plan, std::size_t sent,
                                      const std::string& file, const Contents& before,
                                      const Contents& now) {
   std::string text = "cannot import " + file + ": " + CodeAndText(status);
-  if (now.empty() || plan.IsScript())
+  if (plan.IsScript()) {
     throw Refusal(text + "; the appliance keeps what it imported before the failure");
+  }
+  if (now.empty()) ThrowUnknown(text, plan);
   throw Refusal(text + "; it imported " + std::to_string(plan.Rows().Entries()) + " of " +
                 std::to_string(sent) + " rows; the " + std::string(plan.Books().front().title) +
                 " had " + std::to_string(before.front().size()) + " entries and now has " +
                 std::to_string(now.front().size()));
 }
 
-// Sets the fault of the rows that were sent but not imported. If the books cannot be read, all sent
-// rows count as imported after success, and as not imported after a failure.
+// Sets the fault of the rows that were sent but are not in the book. If it cannot be read, that is
+// unknown, and no row gets a fault.
 void MarkRowsNotImported(ImportPlan& plan, std::int32_t status, const Contents& now) {
-  if (plan.IsScript() || (status == 0 && now.empty())) return;
-  MarkMissingRows(plan.Rows().rows, now.empty() ? std::span<const Row>() : now.front(),
+  if (plan.IsScript() || now.empty()) return;
+  MarkMissingRows(plan.Rows().rows, now.front(),
                   status == 0 ? "the appliance accepted the row but has no such entry"
-                              : "the appliance refused the import and shows no such entry");
+                              : "the appliance refused the import and has no such entry");
 }
 
 void ShowRows(const ImportPlan& plan, const ImportRequest& request, bool isVerified) {
@@ -82,9 +94,7 @@ void ShowRows(const ImportPlan& plan, const ImportRequest& request, bool isVerif
 
 void ShowBooks(const ImportPlan& plan, const ImportRequest& request, const Contents& before,
                const Contents& now) {
-  if (now.empty()) {
-    std::cout << "Cannot show the new entries: the server library is not the simulator.\n";
-  }
+  if (now.empty()) std::cout << "Cannot show the new entries: the books cannot be read.\n";
   for (std::size_t i = 0; i < now.size(); ++i) {
     ShowBook(plan.Books()[i], before[i], now[i], request.shown);
   }
@@ -97,20 +107,21 @@ void WriteRejects(const ImportPlan& plan, const ImportRequest& request) {
 // Sends the plan and reports the result. Sets the fault of each row that was not imported.
 void Import(ImportPlan& plan, const ImportRequest& request, const Session& session) {
   const DeferredTermination untilReported;
-  const SimulatorBooks stored;
   const std::string file = QuotedFileName(request.file);
   const std::size_t sent = plan.Rows().Entries();
-  const Contents before = ReadAll(stored, plan.Books(), session.User());
+  const quillkit::CScanner& scanner = *session.Scanner();
+  const Contents before = ReadAll(plan.Books(), scanner);
   const std::int32_t status = plan.Send(session.Scanner());
-  const Contents now = ReadAll(stored, plan.Books(), session.User());
+  const Contents now = before.empty() ? Contents() : ReadAll(plan.Books(), scanner);
   MarkRowsNotImported(plan, status, now);
   if (plan.Rows().Entries() != sent) WriteRejects(plan, request);
   if (!plan.IsScript()) {
-    ShowRows(plan, request, stored.IsAvailable());
+    ShowRows(plan, request, !now.empty());
   } else if (status == 0) {
     std::cout << "Imported " << file << ".\n";
   }
   if (status != 0) ThrowImportFailure(status, plan, sent, file, before, now);
+  if (now.empty() && !plan.IsScript()) ThrowUnknown("sent " + file, plan);
   if (!request.json) ShowBooks(plan, request, before, now);
 }
 

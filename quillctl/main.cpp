@@ -47,6 +47,8 @@ int main(int argc, char** argv) {
     return quillctl::PrintError(error.what(), quillctl::kExitUsage);
   } catch (const quillctl::PartialFailure& error) {
     return quillctl::FinalStatus(quillctl::PrintError(error.what(), quillctl::kExitPartial));
+  } catch (const quillctl::UnknownResult& error) {
+    return quillctl::FinalStatus(quillctl::PrintError(error.what(), quillctl::kExitUnknown));
   } catch (const quillctl::LoginRefusal& error) {
     return quillctl::PrintError(error.what(), quillctl::kExitNoLogin);
   } catch (const std::exception& error) {

@@ -55,6 +55,8 @@ class BookAccess {
   static_assert(std::is_standard_layout_v<Entry>, "the name is reached as the first field");
 
  public:
+  using Record = Entry;
+
   BookAccess(CAgent* newAgent, BookKind kind, std::string_view name)
       : agent(newAgent), book(kind, {}) {
     book.SetName(name);
