@@ -29,7 +29,8 @@ constexpr const char* kFooter =
     "     cannot be written\n"
     "  2  the command line or an input file is invalid\n"
     "  3  some rows of a file were not imported\n"
-    "  4  the login failed: the appliance cannot be reached, or it refused the account";
+    "  4  the login failed: the appliance cannot be reached, or it refused the account\n"
+    "  5  the result is unknown: after an import, the address book could not be read";
 
 constexpr const char* kCommandFooter =
     "\nFor the login options and the exit statuses, see quillctl --help";
@@ -70,6 +71,7 @@ void AddHelpTexts(CLI::App& app) {
   }
   for (CLI::App* command : app.get_subcommands(nullptr)) {
     command->footer(command->get_footer() + kCommandFooter);
+    for (CLI::App* each : command->get_subcommands(nullptr)) each->footer(kCommandFooter);
   }
 }
 
@@ -83,6 +85,7 @@ class Parser {
   void AddCredentials();
   void ReadPassword();
 
+  std::string HelpOfMissingCommand() const;
   std::string ErrorText(const CLI::ParseError& error) const;
 
   CLI::App app{"Manage the soft keys and address books of a Quillbox."};
@@ -98,9 +101,9 @@ Parser::Parser() {
   app.allow_windows_style_options(false);  // a path may begin with a slash
   app.require_subcommand(1);
   AddCredentials();
-  for (const auto add :
-       {AddInfoCommand, AddCheckCommand, AddKeyCommands, AddItemCommands, AddKeySetCommands,
-        AddImportCommand, AddDemoCommand, AddCompletionCommand}) {
+  for (const auto add : {AddInfoCommand, AddCheckCommand, AddKeyCommands, AddItemCommands,
+                         AddKeySetCommands, AddBookCommands, AddEntryCommands, AddImportCommand,
+                         AddDemoCommand, AddCompletionCommand}) {
     add(commands);
   }
   AddHelpTexts(app);
@@ -150,19 +153,32 @@ void Parser::ReadPassword() {
   }
 }
 
+// Returns the command line that lists the commands, if the command or its second word is missing;
+// otherwise an empty text.
+std::string Parser::HelpOfMissingCommand() const {
+  const std::vector<CLI::App*> parsed = app.get_subcommands();
+  if (parsed.empty()) return "quillctl --help";
+  const CLI::App& command = *parsed.front();
+  const bool isGroup = !command.get_subcommands(nullptr).empty();
+  if (!isGroup || !command.get_subcommands().empty()) return {};
+  return "quillctl " + command.get_name() + " --help";
+}
+
 // Messages of CLI11 quote unexpected arguments. One of them may be a password after a misspelt
 // option.
 std::string Parser::ErrorText(const CLI::ParseError& error) const {
   const std::vector<std::string> unexpected = app.remaining(true);
   if (unexpected.empty()) {
-    const bool needsCommand = app.get_subcommands().empty() && error.get_name() == "RequiredError";
-    return needsCommand ? "missing command; see quillctl --help" : error.what();
+    const std::string help = HelpOfMissingCommand();
+    const bool isMissing = !help.empty() && error.get_name() == "RequiredError";
+    return isMissing ? "missing command; see " + help : error.what();
   }
   const std::string& first = unexpected.front();
   if (first.starts_with("--password")) return "unknown option that begins with --password";
   if (first.starts_with("--")) return "unknown option " + Quoted(first.substr(0, first.find('=')));
   if (first.starts_with('-')) return "unknown option " + Quoted(first.substr(0, 2));
-  if (app.get_subcommands().empty()) return "unknown command; see quillctl --help";
+  const std::string help = HelpOfMissingCommand();
+  if (!help.empty()) return "unknown command; see " + help;
   return "unexpected argument; quote arguments that contain spaces";
 }
 

@@ -20,8 +20,14 @@ CLI::App* Commands::Add(const char* name, const char* help, std::function<void(S
 
 CLI::App* Commands::AddWithoutLogin(const char* name, const char* help, Action action) {
   CLI::App* command = app.add_subcommand(name, help);
-  command->callback([this, run = std::move(action)] { parsed = run; });
+  command->callback([into = parsed, run = std::move(action)] { *into = run; });
   return command;
+}
+
+Commands Commands::AddGroup(const char* name, const char* help) {
+  CLI::App* group = app.add_subcommand(name, help);
+  group->require_subcommand(1);
+  return {*group, parsed};
 }
 
 CLI::Option* AsName(CLI::Option* option) {

@@ -6,7 +6,9 @@
 #include <CLI/CLI.hpp>
 
 #include <functional>
+#include <memory>
 #include <string>
+#include <utility>
 
 #include "quillctl/session.h"
 
@@ -16,8 +18,8 @@ class Commands {
  public:
   using Action = std::function<void(const Credentials&)>;
 
-  // `program` must outlive this object. This object must exist while commands are parsed and run.
-  explicit Commands(CLI::App& program) : app(program) {}
+  // `program` must outlive this object.
+  explicit Commands(CLI::App& program) : app(program), parsed(std::make_shared<Action>()) {}
 
   // Adds a command that logs in and then runs `action`.
   CLI::App* Add(const char* name, const char* help, std::function<void(Session&)> action);
@@ -25,14 +27,20 @@ class Commands {
   // Adds a command that runs without a login. `action` can log in with the credentials.
   CLI::App* AddWithoutLogin(const char* name, const char* help, Action action);
 
+  // Adds a command that consists of further commands. Returns the list of these.
+  Commands AddGroup(const char* name, const char* help);
+
   // Runs the command that was parsed.
-  void Run(const Credentials& credentials) const { parsed(credentials); }
+  void Run(const Credentials& credentials) const { (*parsed)(credentials); }
 
   const CLI::App& Program() const { return app; }
 
  private:
+  Commands(CLI::App& group, std::shared_ptr<Action> ofProgram)
+      : app(group), parsed(std::move(ofProgram)) {}
+
   CLI::App& app;
-  Action parsed;
+  std::shared_ptr<Action> parsed;
 };
 
 // Requires the name of a key or an item as the option's value.
@@ -48,6 +56,8 @@ void AddJson(CLI::App* command, bool& into);
 void AddKeyCommands(Commands& commands);
 void AddItemCommands(Commands& commands);
 void AddKeySetCommands(Commands& commands);
+void AddBookCommands(Commands& commands);
+void AddEntryCommands(Commands& commands);
 void AddImportCommand(Commands& commands);
 void AddCheckCommand(Commands& commands);
 void AddInfoCommand(Commands& commands);

@@ -38,7 +38,9 @@ std::vector<const CLI::Option*> Arguments(const CLI::App& app) {
   });
 }
 
-std::vector<const CLI::App*> CommandsOf(const CLI::App& app) {
+using Apps = std::vector<const CLI::App*>;
+
+Apps CommandsOf(const CLI::App& app) {
   return app.get_subcommands(nullptr);
 }
 
@@ -49,7 +51,8 @@ Words CommandNames(const CLI::App& app) {
 }
 
 // Returns the words that may follow a command, or the program: options, and the choices of
-// positional arguments.
+// positional arguments. For a command that consists of further commands, also these and their
+// words.
 Words CompletionWords(const CLI::App& app) {
   Words words;
   for (const CLI::Option* each : Arguments(app)) {
@@ -59,13 +62,22 @@ Words CompletionWords(const CLI::App& app) {
       for (const std::string& choice : Choices(*each)) words.push_back(choice);
     }
   }
+  for (const CLI::App* each : app.get_parent() != nullptr ? CommandsOf(app) : Apps()) {
+    words.push_back(each->get_name());
+    for (const std::string& word : CompletionWords(*each)) {
+      if (!std::ranges::count(words, word)) words.push_back(word);
+    }
+  }
   return words;
 }
 
 // Returns the options with a value, of the program and of all commands, each name once.
 std::vector<const CLI::Option*> OptionsWithValue(const CLI::App& app) {
-  std::vector<const CLI::App*> apps = CommandsOf(app);
+  Apps apps = CommandsOf(app);
   apps.insert(apps.begin(), &app);
+  for (const CLI::App* each : CommandsOf(app)) {
+    for (const CLI::App* part : CommandsOf(*each)) apps.push_back(part);
+  }
   std::vector<const CLI::Option*> found;
   const auto has = [&found](const CLI::Option* option) {
     return std::ranges::any_of(found, [option](const CLI::Option* each) {
@@ -167,7 +179,12 @@ std::string FishScript(const CLI::App& app) {
   for (const CLI::App* each : CommandsOf(app)) {
     script += "complete -c quillctl -n __fish_use_subcommand -f -a " + each->get_name() + " -d " +
               FishText(each->get_description()) + '\n';
-    script += FishLines(*each, " -n '__fish_seen_subcommand_from " + each->get_name() + "'");
+    const std::string inside = " -n '__fish_seen_subcommand_from " + each->get_name() + "'";
+    script += FishLines(*each, inside);
+    for (const CLI::App* part : CommandsOf(*each)) {
+      script += "complete -c quillctl" + inside + " -f -a " + part->get_name() + " -d " +
+                FishText(part->get_description()) + '\n' + FishLines(*part, inside);
+    }
   }
   return script;
 }

@@ -52,6 +52,8 @@ apply --y:--yes
 --user keys completion f:fish
 import --format m:mail
 rename-item --host i:
+entry l:list
+entry list p:printers private
 END
 }
 
@@ -143,7 +145,7 @@ check_manual() {
   offered=$(offers "$1/quillctl") || return 1
   if ! diff <(echo "$offered") <(awk '
     /^\.Sh/ { command = $2 == "OPTIONS" ? "quillctl" : "" }
-    /^\.It Ic/ { command = $3; print command }
+    /^\.It Ic/ { command = $3 ~ /^(book|entry)$/ ? $3 " " $4 : $3; print command }
     /^\.It/ && command != "" {
       for (i = 2; i < NF; ++i) if ($i == "Fl" && $(i + 1) ~ /^-/) print command, "-" $(i + 1)
     }' "$page" | sort -u); then
@@ -156,15 +158,24 @@ check_manual() {
 # offers QUILLCTL: prints its commands, and each long option after the name of its command, one per
 # line.
 offers() {
-  local command commands options="s/^  \(-[a-z],\)\{0,1\}\(--[a-z-]*\).*/\2/p"
-  commands=$("$1" --help | sed -n '/^Subcommands:/,/^$/s/^  \([a-z-]*\) .*/\1/p')
+  local command part parts options="s/^  \(-[a-z],\)\{0,1\}\(--[a-z-]*\).*/\2/p"
+  local subcommands='/^Subcommands:/,/^$/s/^  \([a-z-]*\) .*/\1/p'
   {
     "$1" --help | sed -n "$options" | sed 's/^/quillctl /'
-    for command in $commands; do
-      echo "$command"
-      "$1" "$command" --help | sed -n "$options" | sed "/^--help$/d; s/^/$command /"
+    for command in $("$1" --help | sed -n "$subcommands"); do
+      parts=$("$1" "$command" --help | sed -n "$subcommands")
+      for part in $parts; do offered_by "$1" "$command" "$part"; done
+      [ -n "$parts" ] || offered_by "$1" "$command"
     done
   } | sort -u
+}
+
+# offered_by QUILLCTL COMMAND...: prints a command, and each of its long options after its name.
+offered_by() {
+  local quillctl=$1
+  shift
+  echo "$*"
+  "$quillctl" "$@" --help | sed -n "$options" | sed "/^--help$/d; s/^/$* /"
 }
 
 # check_without_server_library FOLDER: runs check_no_server_library on a copy of quillctl in a folder
