@@ -3,8 +3,8 @@
 //   convert_file delimited|directory|mailserver SOURCE SCRIPT
 //
 // A delimited file has the name in its first column and the address in its second. Exits with 0, or
-// with 1 if the file cannot be converted. Prints the processor time of the conversion in nanoseconds,
-// and the peak memory of the process in KiB, or 0 if the system does not report it.
+// with 1 if the file cannot be converted. Prints the processor time of the conversion in
+// nanoseconds, and the peak memory of the process in KiB, or 0 if the system does not report it.
 
 #include <time.h>
 

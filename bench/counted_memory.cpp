@@ -7,7 +7,7 @@
 namespace quillkit {
 namespace {
 
-// Ahead of each block. One that some library allocated itself has no such mark and is not counted.
+// Precedes each counted block. A block that another library allocated has no such mark.
 struct alignas(std::max_align_t) Header {
   std::uint64_t mark;
   std::size_t size;

@@ -1,5 +1,5 @@
-// Counts what the program that links this takes from the heap, through operator new and through the
-// C allocator as its own objects call it (the linker leads those calls here; bench/CMakeLists.txt).
+// Counts what the program allocates on the heap: through operator new, and through the C allocator
+// if the program's own objects call it. The linker redirects these calls (bench/CMakeLists.txt).
 
 #ifndef QUILLKIT_BENCH_COUNTED_MEMORY_H_
 #define QUILLKIT_BENCH_COUNTED_MEMORY_H_

@@ -42,7 +42,8 @@ class Buffers {
   std::unique_ptr<Record, Freed> records;
 };
 
-// Measures a load into memory that the system gives to the process for this purpose.
+// Measures a load into memory that is new to the process: returns the freed memory to the system
+// after each load.
 template <class Load>
 void MeasureFirst(benchmark::State& state, Load load) {
   while (state.KeepRunning()) {

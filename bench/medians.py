@@ -37,9 +37,6 @@ class Rows:
     def counter(self, name, counter):
         return int(self.rows[name][counter])
 
-    def ratio(self, name, baseline):
-        return self.time(name) / self.time(baseline)
-
 
 def spread(values):
     """The distance of the quartiles, as a part of the median."""
@@ -47,12 +44,11 @@ def spread(values):
     return (quartiles[2] - quartiles[0]) / quartiles[1]
 
 
-def process_times(commands, rounds, prepare=lambda: None):
+def process_times(commands, rounds):
     """The processor time of whole processes in seconds: one list for each command, in turn."""
     times = [[] for _ in commands]
     for _ in range(rounds):
         for command, values in zip(commands, times):
-            prepare()
             before = processor_time()
             subprocess.run(command, check=True, stdout=subprocess.DEVNULL)
             values.append(processor_time() - before)

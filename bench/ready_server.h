@@ -1,11 +1,11 @@
-// A server library that costs almost nothing, as the baseline of the benchmarks. It stands behind
-// the entry points of bridge/imsp_api.h, holds tables of ready records, and answers a read with one
-// copy. It has only the entry points that the benchmarks need. Its contents:
+// A server library that costs almost nothing, as the baseline of the benchmarks. It implements the
+// entry points of bridge/imsp_api.h that the benchmarks need. It holds tables of ready records and
+// answers a read with one copy. Its contents:
 //
 //   soft keys   kReadyKeys keys of kReadyItems items
 //   lists       kReadyLists public e-mail lists of kReadyMembers members
-//   accounts    kReadyUsers
-//   e-mail      kReadyEntries entries, or fewer, with names that begin with each letter
+//   accounts    kReadyUsers accounts
+//   e-mail      kReadyEntries entries, or fewer; as many names begin with each letter, or one more
 //
 // All keys deliver the same items, and all lists the same members: small tables stay in the cache
 // of the processor, so that a read costs the least.

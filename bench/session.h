@@ -17,7 +17,7 @@ inline void Require(bool condition, const char* what) {
   std::exit(1);
 }
 
-// The scanner of the session, which the first call opens.
+// Returns the scanner of the session. The first call logs in.
 inline CScanner* Session() {
   static CScanner* const scanner = LogToQuillbox("127.0.0.1", "ADMINISTRATOR", "quill", "", 0);
   Require(scanner != nullptr, "LogToQuillbox");

@@ -3,7 +3,7 @@
 //   start_costs library LIBRARY    through the shared library, loaded by name
 //   start_costs hand LIBRARY       through the server library, loaded by name
 //
-// bench/compare measures the whole process, so that both variants are in one program.
+// Both variants are in one program, because bench/compare measures the whole process.
 
 #include <dlfcn.h>
 
@@ -92,5 +92,5 @@ int main(int argc, char** argv) {
   std::puts((isByHand ? quillkit::FirstKeyByHand(argv[2]) : quillkit::FirstKeyOfLibrary(argv[2]))
                 .c_str());
   std::fflush(stdout);
-  std::_Exit(0);  // measures the start alone
+  std::_Exit(0);  // the end of the session is not measured
 }

@@ -33,13 +33,13 @@ constexpr std::int32_t kPageSize = 16;
 constexpr std::int32_t kSpan = 3 * kPageSize;
 constexpr auto kEntries = static_cast<std::int32_t>(kReadyEntries);
 
-// A book of `size` entries as a scanner opens it, with a sliding view.
+// Returns the e-mail book with `size` entries, opened with a sliding view of its own.
 CEmailAB* Book(std::int32_t size) {
   static CEmailAB book;
   static std::int32_t current = 0;
   if (current != size) {
     ReadyServerSetEntries(static_cast<std::uint32_t>(size));
-    Require(book.Attach(Session(), 0) == 1, "Attach");  // with a new census
+    Require(book.Attach(Session(), 0) == 1, "Attach");  // reads the new census
   }
   current = size;
   return &book;
@@ -157,7 +157,7 @@ void NextSpan(benchmark::State& state) {
 
 void EntryAtIndex(benchmark::State& state) {
   CEmailAB* book = Book(static_cast<std::int32_t>(state.range(0)));
-  CSlidingEntryView view(kPageSize);  // reads the census of this book's size
+  CSlidingEntryView view(kPageSize);  // has no census of another size
   view.AttachBook(book);
   Measure(state, [&](std::int32_t index) { Require(view.GetAt(index) != nullptr, "GetAt"); });
 }

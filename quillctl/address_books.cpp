@@ -35,8 +35,8 @@ Row Cells(const quillkit::CUserEntry& entry) {
 
 constexpr std::uint32_t kPage = 64;
 
-// Reads pages of a book. `Access` is the scanner's function for its entries. A server that repeats
-// entries is read up to the size of the largest book.
+// Reads pages of a book. `Access` is the scanner's function for its entries. If the server repeats
+// entries, reading stops at the size of the largest book.
 template <auto Access>
 std::int32_t ReadPages(const quillkit::CScanner& scanner, const std::string& from,
                        const std::string& filter, const RowHandler& handle) {
@@ -50,7 +50,7 @@ std::int32_t ReadPages(const quillkit::CScanner& scanner, const std::string& fro
     if (status != quillkit::kNoError && status != quillkit::kMoreData) return status;
     for (std::uint32_t i = 0; i < count; ++i, --left) {
       Row row = Cells(page[i]);
-      if (row[0].empty() && row[1].empty()) return quillkit::kUnusableInput;  // not delivered
+      if (row[0].empty() && row[1].empty()) return quillkit::kUnusableInput;  // a blank record
       range.first.Assign(row[0]);
       if (!handle(std::move(row))) return quillkit::kNoError;
     }

@@ -29,11 +29,11 @@ struct AddressBook {
   Row fields;
   std::size_t requiredFields;  // an entry needs the first `requiredFields` fields
   // Reads the entries after the name `from`, in the book's order and in pages, and passes each to
-  // the handler. `filter` is "*", or the beginning of a name and "*". Returns the status of the
-  // read that failed, or 0.
+  // the handler. `filter` is "*", or a character and "*". Returns 0; the status of a read that
+  // failed; or -2 if the appliance delivers a blank record, or more entries than a book can have.
   std::int32_t (*read)(const quillkit::CScanner& scanner, const std::string& from,
                        const std::string& filter, const RowHandler& handle);
-  // Stores the number of entries. Returns the status.
+  // Stores the number of entries in `*count` on success. Returns a status.
   std::int32_t (*count)(const quillkit::CScanner& scanner, std::uint32_t* count);
   std::size_t secretField = kNone;  // the field that is never shown
 
@@ -54,8 +54,8 @@ std::span<const AddressBook> FindBook(std::string_view word);
 
 std::vector<std::string> BookWords();
 
-// Returns all entries of the book; or nothing if they cannot be read, or if their number is not the
-// one that the appliance reports.
+// Returns all entries of the book, none for a missing book. Returns nothing if they cannot be read,
+// or if their number is not the one that the appliance reports.
 std::optional<std::vector<Row>> ReadAllEntries(const AddressBook& book,
                                                const quillkit::CScanner& scanner);
 

@@ -30,7 +30,7 @@ constexpr const char* kFooter =
     "  2  the command line or an input file is invalid\n"
     "  3  some rows of a file were not imported\n"
     "  4  the login failed: the appliance cannot be reached, or it refused the account\n"
-    "  5  the result is unknown: after an import, the address book could not be read";
+    "  5  it is unknown which rows an import added: the address book could not be read";
 
 constexpr const char* kCommandFooter =
     "\nFor the login options and the exit statuses, see quillctl --help";
@@ -153,8 +153,8 @@ void Parser::ReadPassword() {
   }
 }
 
-// Returns the command line that lists the commands, if the command or its second word is missing;
-// otherwise an empty text.
+// If the command or its second word is missing, returns the command line whose help lists the
+// possible words; otherwise an empty text.
 std::string Parser::HelpOfMissingCommand() const {
   const std::vector<CLI::App*> parsed = app.get_subcommands();
   if (parsed.empty()) return "quillctl --help";

@@ -27,7 +27,7 @@ class Commands {
   // Adds a command that runs without a login. `action` can log in with the credentials.
   CLI::App* AddWithoutLogin(const char* name, const char* help, Action action);
 
-  // Adds a command that consists of further commands. Returns the list of these.
+  // Adds a command that consists of further commands. Returns the list to which these are added.
   Commands AddGroup(const char* name, const char* help);
 
   // Runs the command that was parsed.
@@ -43,10 +43,10 @@ class Commands {
   std::shared_ptr<Action> parsed;
 };
 
-// Requires the name of a key or an item as the option's value.
+// Requires the name of a key, an item or an entry as the option's value.
 CLI::Option* AsName(CLI::Option* option);
 
-// Adds a positional argument that names a key or an item.
+// Adds a positional argument that names a key, an item or an entry.
 CLI::Option* AddName(CLI::App* command, const char* title, std::string& into, const char* help);
 
 // Adds --json.

@@ -1,4 +1,4 @@
-// Commands that read the address books: entries by name, page by page.
+// The commands `book` and `entry`, which read the address books page by page.
 
 #include <algorithm>
 #include <cstdint>
@@ -18,12 +18,12 @@
 namespace quillctl {
 namespace {
 
-// The arguments of a command, which shares their ownership.
+// The arguments of a command, which keeps them alive.
 struct Arguments {
   std::string book;
   std::string name;
   std::string from;
-  std::uint32_t limit = 0;
+  std::uint32_t limit = 0;  // 0: none
   bool wholeName = false;
   bool json = false;
   bool jsonLines = false;
@@ -45,8 +45,8 @@ Json ShownEntry(const AddressBook& book, const Row& row) {
   return entry;
 }
 
-// Prints entries in the form that the arguments select. JSON lines are printed at once, so that
-// their number needs no memory.
+// Prints entries in the form that the arguments select. Add() prints a JSON line at once; Finish()
+// prints a table or a JSON array.
 class EntryPrinter {
  public:
   EntryPrinter(const AddressBook& newBook, const Arguments& newArguments)
@@ -84,15 +84,19 @@ class EntryPrinter {
   std::uint32_t count = 0;
 };
 
-// Passes the entries to the printer; `wanted` selects them. Throws a Refusal if they cannot be
-// read.
+// Reads the entries that match `filter` and passes those to the printer for which `wanted` returns
+// true. Throws a Refusal if they cannot be read.
 template <class Wanted>
 void PrintEntries(const Session& session, const Arguments& arguments, const std::string& filter,
                   EntryPrinter& printer, Wanted wanted) {
   const AddressBook& book = BookOf(arguments.book);
   const auto handle = [&](Row row) { return !wanted(row) || printer.Add(std::move(row)); };
   const std::int32_t status = book.read(*session.Scanner(), arguments.from, filter, handle);
-  RequireSuccess(status, "read the " + std::string(book.title));
+  const std::string what = "read the " + std::string(book.title);
+  if (status == quillkit::kUnusableInput) {
+    throw Refusal("cannot " + what + ": the appliance delivers invalid entries");
+  }
+  RequireSuccess(status, what);
 }
 
 void ListEntries(const Session& session, const Arguments& arguments) {
@@ -104,7 +108,7 @@ void ListEntries(const Session& session, const Arguments& arguments) {
 void FindEntries(const Session& session, const Arguments& arguments) {
   const AddressBook& book = BookOf(arguments.book);
   EntryPrinter printer(book, arguments);
-  // The appliance selects by the first character, quillctl by the rest.
+  // The appliance selects by the first character, `wanted` by the whole pattern.
   PrintEntries(session, arguments, arguments.name.substr(0, 1) + '*', printer, [&](const Row& row) {
     return arguments.wholeName ? row[0] == arguments.name : row[0].starts_with(arguments.name);
   });
@@ -151,7 +155,7 @@ std::string LimitFault(const std::string& text) {
 
 using Run = void (*)(const Session&, const Arguments&);
 
-// Adds a command for entries of a book. All of these commands have --json but `count`.
+// Adds a command whose first argument is a book. It logs in and calls `run`.
 CLI::App* AddEntryCommand(Commands& entry, const char* name, const char* help, Run run,
                           std::shared_ptr<Arguments> a) {
   CLI::App* command = entry.Add(name, help, [a, run](Session& session) { run(session, *a); });

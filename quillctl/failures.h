@@ -38,7 +38,7 @@ class PartialFailure : public std::runtime_error {
   using runtime_error::runtime_error;
 };
 
-// The appliance may have done what was asked, but that cannot be read back.
+// The appliance may have made a change, but the result cannot be read.
 class UnknownResult : public std::runtime_error {
   using runtime_error::runtime_error;
 };

@@ -55,7 +55,7 @@ void ShowBook(const AddressBook& book, const std::vector<Row>& before, const std
 // Throws an UnknownResult with the text.
 [[noreturn]] void ThrowUnknown(const std::string& text, const ImportPlan& plan) {
   throw UnknownResult(text + "; the " + std::string(plan.Books().front().title) +
-                      " cannot be read: it is unknown which rows were imported");
+                      " cannot be read, so it is unknown which rows were imported");
 }
 
 // Throws a Refusal that also describes the state of the book: the appliance keeps what it imported
@@ -74,8 +74,8 @@ void ShowBook(const AddressBook& book, const std::vector<Row>& before, const std
                 std::to_string(now.front().size()));
 }
 
-// Sets the fault of the rows that were sent but are not in the book. If it cannot be read, that is
-// unknown, and no row gets a fault.
+// Sets the fault of the rows that were sent but are not in the book. If the book cannot be read,
+// sets none.
 void MarkRowsNotImported(ImportPlan& plan, std::int32_t status, const Contents& now) {
   if (plan.IsScript() || now.empty()) return;
   MarkMissingRows(plan.Rows().rows, now.front(),
@@ -165,7 +165,8 @@ constexpr const char* kMapHelp =
     "\"name=Full Name,address=E-mail\"; the heading line is then skipped";
 
 constexpr const char* kFooter =
-    "Invalid rows are reported and not sent. The exit status is 3 if some rows were not imported.";
+    "Invalid rows are reported and not sent. The exit status is 3 if some rows were not imported, "
+    "and 5 if the address book cannot be read.";
 
 std::string CountFault(const std::string& text) {
   return text.find_first_not_of("0123456789") != text.npos ? "not a number" : "";

@@ -5,8 +5,9 @@
 //   2. count() records from data() on are live, and are inside the block.
 //   3. Records are trivially copyable and are moved bytewise. The block comes from the C allocator,
 //      so that it can be resized in place. New records are blank, in case the server claims to have
-//      delivered records that it did not. A new block is zero. In a block that is used again,
-//      Allocate() calls Blank(): bytes after the NUL of a text are those of an earlier record.
+//      delivered records that it did not; AllocateToRead() is the exception. In a new block and
+//      after Resize() they are zero. In a reused block, Allocate() calls Blank(), which may leave
+//      bytes of an earlier record after the NUL of a text.
 //   4. A record with a password is wiped as soon as it is not live, and in the memory that it was
 //      moved from.
 //
@@ -62,9 +63,8 @@ class EntryBlock {
     skipped = 0;
   }
 
-  // Replaces the records by `count` blank ones. Uses the block again if it has room for them and
-  // for at most twice as many. Returns false and leaves no block if `count` is not above 0 or the
-  // allocation fails.
+  // Replaces the records by `count` blank ones. Reuses the block if they fit and fill at least half
+  // of it. Returns false and leaves no block if `count` is not above 0 or the allocation fails.
   bool Allocate(std::int32_t count) {
     if (!CanReuse(count)) return AllocateNew(count);
     Reuse(count);
@@ -72,9 +72,9 @@ class EntryBlock {
     return true;
   }
 
-  // Like Allocate(), for records that a read overwrites. In a block that is used again, only the
-  // first and the last record are zero; the others may be earlier records. After a read that may
-  // have written nothing, call BlankIfUnwritten().
+  // Like Allocate(), for records that a read overwrites. In a reused block, only the first and the
+  // last record are zero; the others may be earlier records. If the read fails, it may have written
+  // nothing: call BlankIfUnwritten().
   bool AllocateToRead(std::int32_t count) {
     if (!CanReuse(count)) return AllocateNew(count);
     Reuse(count);
@@ -140,6 +140,7 @@ class EntryBlock {
   // allocation fails.
   std::int32_t Append(const Record& record) {
     const Wiped<Record> copy(record);
+    if (skipped + live == capacity && !Grow()) return -1;
     if (!Resize(live + 1)) return -1;
     const Record& appended = copy;
     std::memcpy(Raw(data() + live - 1), &appended, sizeof appended);
@@ -179,7 +180,7 @@ class EntryBlock {
     return static_cast<std::size_t>(count) * sizeof(Record);
   }
 
-  // Whether the block has room for `count` records and for at most twice as many.
+  // Returns whether `count` records fit and fill at least half of the block.
   bool CanReuse(std::int32_t count) const {
     return count > 0 && count <= capacity && count >= capacity / 2;
   }
@@ -214,6 +215,13 @@ class EntryBlock {
 
   static bool Fits(std::int32_t count) {
     return count > 0 && static_cast<std::size_t>(count) <= PTRDIFF_MAX / sizeof(Record);
+  }
+
+  // Makes room for half as many records again, so that additions one by one copy few records.
+  bool Grow() {
+    const std::int64_t records = std::int64_t{capacity} + capacity / 2 + 1;
+    if (records > INT32_MAX || !Fits(static_cast<std::int32_t>(records))) return false;
+    return Reallocate(static_cast<std::int32_t>(records));
   }
 
   bool Reallocate(std::int32_t records) {

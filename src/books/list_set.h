@@ -59,13 +59,13 @@ class ListSet {
   // Adds a list at the end. Returns the new count.
   std::int32_t Append(std::unique_ptr<List> list);
 
-  // Adds a list for each row: with `withMembers` opened on the book, ignoring the status, otherwise
-  // with its name only. The opened lists use the blocks of the `replaced` lists again.
+  // Adds a list for each row. With `withMembers`, opens it on the book and ignores the status;
+  // otherwise sets only its name. The opened lists take over the blocks of the `replaced` lists.
   template <class Book>
   void AppendRows(std::span<const ABIdent> rows, Book* book, std::int32_t withMembers,
                   const ListSet& replaced);
 
-  // Moves all lists to an empty set.
+  // Moves all lists to `other`. REQUIRES: `other` is empty.
   void MoveListsTo(ListSet& other) {
     lists.swap(other.lists);
     searchPos = lists.end();

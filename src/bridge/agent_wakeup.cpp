@@ -39,7 +39,7 @@ Status CAgent::StartWakeup() {
   const Status status = IMSPIOCtl(&request);
   if (status != kNoError) return status;
   const std::uint32_t period = request.value >> 1;
-  const TimerId earlier = wakeupTimer;  // still runs if its period was 0
+  const TimerId earlier = wakeupTimer;  // if it is not 0, its period was 0
   wakeupTimer = StartThreadTimer(period, OnWakeupTimer);
   wakeupPeriod = period;  // only now: the allocation of the timer may fail
   if (earlier != 0) StopThreadTimer(earlier);

@@ -7,7 +7,7 @@
 
 namespace quillkit {
 
-// It is constructed before, and destroyed after, every static object of a program.
+// The agent is constructed before, and destroyed after, every static object of the program.
 extern CAgent TheAgent;
 
 }  // namespace quillkit

@@ -231,9 +231,10 @@ QUILL_API int32_t quill_get_key_at(quill_handle book, int32_t index, quill_handl
 // Returns the lowest index of a cached key with exactly this name, or -1.
 QUILL_API int32_t quill_find_soft_key_index(quill_handle book, const char* name);
 
-// Add a key with the name of `key`, which stays owned by the application, or remove the key with
-// that name. Return the new count, or -1 on failure; also -1 if the server removed a key that was
-// not cached.
+// Change keys on the server and in the cache: quill_fast_key_add adds a key with the name of `key`,
+// which stays owned by the application, quill_fast_key_remove removes the key with that name.
+// Return the new count, or -1 on failure. An addition at 11 cached keys fails, and so does the
+// removal of a key that is not cached, although the server removes it.
 QUILL_API int32_t quill_fast_key_add(quill_handle book, quill_handle key);
 QUILL_API int32_t quill_fast_key_remove(quill_handle book, quill_handle key);
 
@@ -298,9 +299,10 @@ QUILL_API int32_t quill_rename_menu_item(quill_handle key, const char* old_name,
                                          int32_t reload);
 QUILL_API int32_t quill_delete_menu_item(quill_handle key, const char* name, int32_t reload);
 
-// Add an item on the server and at the end of the cached items, or remove the item with the name of
-// `item` from both. Return the new count, or -1 on failure; also -1 if the server removed an item
-// that was not cached.
+// Change items on the server and in the cache: quill_fast_item_add adds `item` at the end of the
+// cached items, quill_fast_item_remove removes the item with the name of `item`. Return the new
+// count, or -1 on failure. An addition at 512 cached items fails and records 24. The removal of an
+// item that is not cached fails, although the server removes it.
 QUILL_API int32_t quill_fast_item_add(quill_handle key, quill_handle item);
 QUILL_API int32_t quill_fast_item_remove(quill_handle key, quill_handle item);
 

@@ -34,14 +34,15 @@ class Conversion {
 
   ScriptWriter& script() { return writer; }
 
-  // Writes the entry that the latest line completes. REQUIRES: as the WriteEntry of a script.
+  // Writes the entry that the latest line completes, and reports the line.
+  // REQUIRES: as for WriteEntry (script.h).
   void AddEntry(const ScriptBook& book, std::span<const std::string_view> values) {
     WriteEntry(writer, book, isAdmin, values);
     Report(values.first(book.fieldCount));
   }
 
-  // Reports the latest line to the observer of the job, if there is one. AddEntry does it for a
-  // line that completes an entry.
+  // Reports the latest line to the observer of the job, if there is one. Call it for a line that
+  // completes no entry; AddEntry reports the others.
   void Report(std::span<const std::string_view> values = {}) {
     if (observer != nullptr) observer->OnLine(source.LineNumber(), values);
   }

@@ -54,7 +54,7 @@ class ColumnOrder {
               [](const Target& a, const Target& b) { return a.column < b.column; });
   }
 
-  // As SplitMappedColumns.
+  // Stores the values of the mapped columns as SplitMappedColumns does.
   void Split(TextSpan line, char separator, std::span<std::string_view> out) const {
     std::fill(out.begin(), out.end(), std::string_view());
     FieldSplitter fields(line);
@@ -66,6 +66,7 @@ class ColumnOrder {
         field = fields.NextQuotedField(separator);
         if (field.text.data() == nullptr) return;
       }
+      // Otherwise the column is that of the previous target.
       if (field.text.data() != nullptr) value = FieldValue(field);
       out[target.field] = value;
     }

@@ -21,10 +21,10 @@ bool BeginsWith(TextSpan text, char c) {
   return !text.empty() && text.front() == c;
 }
 
-// Returns the name in the rest of a row after its first field, or null if the row ends before it.
-// Makes three passes. A pass at a comma skips it and leaves the splitter where it is; any other
-// pass reads the next field. After a quoted field, the splitter continues behind the closing quote,
-// so the next field is the empty one before the separator.
+// Returns the name of a row, or null if the row ends before it. `rest` is the row without its first
+// field. Makes three passes. A pass at a comma skips it and does not move the splitter; any other
+// pass reads the next field. After a quoted field, the splitter is after the closing quote, so the
+// next field is the empty one before the separator.
 TextSpan NameField(TextSpan rest) {
   FieldSplitter fields(rest);
   TextSpan name = rest;

@@ -21,9 +21,9 @@ inline constexpr std::uint32_t ImportFormatDirectory = 16;    // attribute lines
 inline constexpr std::uint32_t ImportFormatMailServer = 256;  // rows of a mail server's export
 inline constexpr std::uint32_t ImportFormatScript = 4096;     // a ready-made import script
 
-// ImportOptions::targetBook: the book into which the rows of a delimited file go, with its fields
-// in the order of the column map. The directory and mail-server formats always use the public
-// e-mail book.
+// ImportOptions::targetBook: the book that the rows of a delimited file fill, with its fields in
+// the order of the column map. The directory and mail-server formats always fill the public e-mail
+// book.
 inline constexpr std::int32_t TargetEmail = 1;     // name, address
 inline constexpr std::int32_t TargetFax = 2;       // name, number, third fax field
 inline constexpr std::int32_t TargetPrinters = 3;  // name, second field, third field

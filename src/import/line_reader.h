@@ -58,7 +58,8 @@ class LineReader {
     return true;
   }
 
-  // Returns the number of the latest line in the file, from 1. The parts of a line have the same.
+  // Returns the number of the latest line in the file, from 1. All parts of a line have the same
+  // number.
   std::uint64_t LineNumber() const { return lineNumber; }
 
   // Returns whether a read failed, so that lines are missing.

@@ -1,4 +1,4 @@
-// What a converter makes of each line of its source, for callers that account for every row.
+// Receives the result of each line of a conversion, for callers that report on every row.
 
 #ifndef QUILLKIT_IMPORT_ROW_OBSERVER_H_
 #define QUILLKIT_IMPORT_ROW_OBSERVER_H_
@@ -13,13 +13,14 @@ class RowObserver {
  public:
   virtual ~RowObserver() = default;
 
-  // Called once for each line that the converter reads, also for each part of a line of more than
-  // 4094 characters; then for the next one. `number` is the number of the line in the file, from 1.
-  // `values` are the values of the entry that the line completed, one for each field of the book,
-  // before they are truncated to the widths of the script. They are empty if the line completed no
-  // entry: a heading, a blank line, a row of another kind, a row without an address, an unformatted
-  // row, a line in the middle of a directory entry. A value that the row does not have is null.
-  // The values of a directory entry are those of DirectoryEntry, which are truncated.
+  // Called once for each line that the converter reads, in order. A line of more than 4094
+  // characters is read in parts, with a call for each part.
+  //   `number`  The number of the line in the file, from 1. All parts of a line have that number.
+  //   `values`  The values of the entry that the line completed, one for each field of the book; a
+  //             value that the row does not have is null. Empty if the line completed no entry: a
+  //             heading, a blank line, a row of another kind, a row without an address, an
+  //             unformatted row, a line in the middle of a directory entry. The values are not
+  //             truncated to the widths of the script, except those of a directory entry.
   //
   // The values are valid during the call. An exception ends the conversion and is passed to its
   // caller; the script is then incomplete.

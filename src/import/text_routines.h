@@ -11,7 +11,7 @@
 
 namespace quillkit {
 
-// Returns the first such character of a range, or its end.
+// Returns the position of the first `c` from `begin` on, or `end`.
 inline char* FindCharacter(char* begin, char c, char* end) {
   void* found = std::memchr(begin, c, static_cast<std::size_t>(end - begin));
   return found != nullptr ? static_cast<char*>(found) : end;
@@ -38,8 +38,8 @@ class FieldSplitter {
   // the text. Two adjacent separators have an empty field between them. Quotes stay in the field.
   // If the separator is the double quote, a field ends at the next double quote.
   //
-  // Returns null after the last field. Also returns null for a field with an unclosed quote, and
-  // for all fields after it.
+  // The text is null after the last field, for a field with an unclosed quote, and for all fields
+  // after that one.
   QuotedField NextQuotedField(char separator) {
     char* const field = next;
     if (field == nullptr) return {};

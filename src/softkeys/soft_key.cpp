@@ -22,7 +22,7 @@ bool CSoftKey::Adopt(const std::string& name, CTopLevelAB* newOwner) {
 
 Status CSoftKey::Load(const std::string& name, CTopLevelAB* newOwner, std::string_view firstName,
                       std::int32_t direction) {
-  KeyRange range(firstName, "*");  // copied before the block changes, which may contain it
+  KeyRange range(firstName, "*");  // a copy: `firstName` may be in the block, which changes
   if (!Adopt(name, newOwner) || !items.AllocateToRead(MaxKeyItems)) return kRefused;
   auto count = static_cast<std::uint32_t>(items.count());
   const Status status =

@@ -10,8 +10,8 @@
 // Invariants:
 //   1. Items are in the server's order, followed by those that FastItemAdd appended.
 //   2. A pointer to an item is valid until the next operation that changes the key.
-//   3. Items stay as the server delivered them, and a text may lack its NUL, until ItemAt is called
-//      for the item. A load is faster if it does not touch 512 items.
+//   3. A text of an item that the server delivered may lack its NUL until ItemAt is called for the
+//      item. That saves a pass over all items at each load.
 //   4. Without an owner, every server operation except GetDBItemCount returns -1 or 0 and makes no
 //      call.
 

@@ -204,8 +204,8 @@ QUILLKIT_API std::int32_t GetCount(CTopLevelAB* book);
 // Server calls: IMSPListABEntries; with items, IMSPReadAB for each key, whose status is ignored.
 QUILLKIT_API std::int32_t LoadTopLevelAbook(CTopLevelAB* book, std::int32_t withItems);
 
-// Adds a key to the server. Returns a status; 24 if 11 keys are cached, with no server call and
-// nothing recorded.
+// Adds a key to the server. Returns a status; at 11 cached keys it returns 24, records nothing and
+// makes no server call.
 // Server calls: IMSPCreateEntry; with `reload`, those of LoadTopLevelAbook with items.
 QUILLKIT_API std::int32_t AddKey(CTopLevelAB* book, const std::string& name, std::int32_t reload);
 

@@ -79,7 +79,7 @@ struct Arguments {
 
 // What a method needs for its call besides an agent, in the order of the names: nothing; an address
 // of the scanner; a count; a count other than 0; a count other than 0 and a buffer.
-enum class Needs { kAgent, kAddress, kCount, kRoom, kBuffer };
+enum class Needs { kAgent, kAddress, kCount, kCapacity, kBuffer };
 using enum Needs;
 
 struct Method {
@@ -138,12 +138,12 @@ const Method kMethods[] = {
     {kAddress, "IMSPIOCtl 2 0", CALL(RunBatch("path"))},
     {kAddress, "IMSPLogin 127.0.0.1 TOOLKIT ***", CALL(ProbeIdentity(a.text))},
     {kCount, "IMSPReadAB 768:Team - 1 1", CALL(FaxList("Team").ReadAll(a.Buffer(a.fax), a.count))},
-    {kRoom, "IMSPListABEntries 8:PRINTERSAB [|*|0] 1 1",
+    {kCapacity, "IMSPListABEntries 8:PRINTERSAB [|*|0] 1 1",
      CALL(PrinterEntries().ListNames(a.Buffer(a.row), a.count))},
-    {kRoom, "IMSPListABEntries 256: [|*|0] 1 1", CALL(ListKeys(a.Buffer(a.row), a.count))},
-    {kRoom, "IMSPListAB 64: [|*|0] 1 1", CALL(ListPublicLists(a.Buffer(a.list), a.count))},
-    {kRoom, "IMSPListAB 128: [|*|0] 1 1", CALL(ListPrivateLists(a.Buffer(a.list), a.count))},
-    {kRoom, "IMSPListAB 768: [|*|0] 1 1", CALL(ListFaxLists(a.Buffer(a.list), a.count))},
+    {kCapacity, "IMSPListABEntries 256: [|*|0] 1 1", CALL(ListKeys(a.Buffer(a.row), a.count))},
+    {kCapacity, "IMSPListAB 64: [|*|0] 1 1", CALL(ListPublicLists(a.Buffer(a.list), a.count))},
+    {kCapacity, "IMSPListAB 128: [|*|0] 1 1", CALL(ListPrivateLists(a.Buffer(a.list), a.count))},
+    {kCapacity, "IMSPListAB 768: [|*|0] 1 1", CALL(ListFaxLists(a.Buffer(a.list), a.count))},
     {kBuffer, "IMSPReadAB 1:EMAILAB [Ann|A*|0] 1 0",
      CALL(EmailEntries().Read(&a.range, a.Buffer(a.email), a.count, 0))},
     {kBuffer, "IMSPListABEntries 1:EMAILAB [Ann|A*|0] 1 1",
@@ -180,7 +180,7 @@ TEST_F(ScannerCall, IsNotMadeWithoutAnAgentAnAddressOrARequiredArgument) {
     expect("a buffer", method.needs != kBuffer, [](Arguments& a) { a.hasBuffer = false; });
     EXPECT_EQ(expect("any omission", true, nothing), Names{method.call});
     if (method.needs >= kCount) expect("a count", false, [](Arguments& a) { a.count = nullptr; });
-    if (method.needs >= kRoom) expect("room", false, [](Arguments& a) { a.number = 0; });
+    if (method.needs >= kCapacity) expect("a capacity", false, [](Arguments& a) { a.number = 0; });
     scanner.SetAddress(&kNowhere);
     expect("an address", method.needs != kAddress, nothing);
   }
@@ -237,7 +237,8 @@ TEST_F(ScannerCall, FailureHasTheListedEffectOnALongOperation) {
   TheAgent.BackupDatabase("one", nullptr);
   for (const auto& each : kOperations) {
     for (std::size_t failing = 0; failing < each.outcomes.size(); ++failing) {
-      SCOPED_TRACE(testing::Message() << each.work << ", call " << failing + 1 << " fails");
+      SCOPED_TRACE(testing::Message()
+                   << each.work << ", call " << failing + 1 << " fails, if there is one");
       const Outcome& expected = each.outcomes[failing];
       SimulatorSetTimeout(kOld);
       SimulatorClearFaults();

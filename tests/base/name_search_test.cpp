@@ -16,14 +16,15 @@ TEST(NameCursor, ContinuesWithTheLatestPatternThatHadAHit) {
                {nullptr, false, 1},  {nullptr, true, 3}, {nullptr, false, -1},
                {nullptr, false, -1},  // a miss leaves the position unchanged
                {"AB", true, 0},      {nullptr, true, 3}, {"none", false, -1},
-               {nullptr, false, 0}};  // after a miss of FindFirst from index 0
+               {nullptr, false, 0}};  // a miss of FindFirst moves the search to index 0
   NameCursor cursor;
+  int step = 0;
   for (const auto& [first, wholeName, hit] : steps) {
+    SCOPED_TRACE(++step);
     const auto nameAt = [&](std::int32_t i) { return names[i]; };
     EXPECT_EQ(first != nullptr ? cursor.FindFirst(4, first, wholeName, nameAt)
                                : cursor.FindNext(4, wholeName, nameAt),
-              hit)
-        << (first != nullptr ? first : "next");
+              hit);
   }
 }
 

@@ -484,7 +484,7 @@ TEST_F(WithoutABook, EveryOperationFailsWithoutACall) {
 
 class WithoutTheEntry : public ApplianceTest {
  public:
-  // Puts an entry of this name in each book, and in a list or key of its own.
+  // Puts an entry of this name into each fixed book, and into the list Board of each kind.
   static void PutEverywhere(std::string_view name) {
     for (const BookKind kind :
          {BookKind::kFax, BookKind::kUsers, BookKind::kPrinters, BookKind::kPrivateEmail,

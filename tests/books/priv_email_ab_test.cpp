@@ -16,6 +16,7 @@ TEST_P(PrivateBookTest, AMissingBookIsLoadedAsEmpty) {
   EXPECT_EQ(Private().LoadEntries(1), 1);
   EXPECT_THAT(TakeCalls(),
               ElementsAre("IMSPReadAB 16:PRIVATEAB [||0] 2000 1", "IMSPListAB 128: [|*|0] 100 1"));
+  EXPECT_EQ(Private().WriteBack(), kNoError) << "there is nothing to write";
   EXPECT_TRUE(Private().EntriesLoaded());
   EXPECT_FALSE(Private().ListsLoaded()) << "the server has no lists";
   PutNames(kLists, "Team", {"Ann"});

@@ -17,13 +17,13 @@ struct Limit {
   BookKind kind;
   const char* book;  // null: the limit is that of the number of lists
   std::int32_t most;
-  std::int32_t leftThen;  // the number in memory after the failed load
+  std::int32_t countAfterFailure;  // the number in memory after the failed load
   Operation load;
   Operation count;
 };
 
-// An addition at the limit fails with code 24. All additions of a limit add the same name: the
-// first one succeeds, and the server refuses the others.
+// At the limit, an addition fails with code 24 and makes no create call. Below it, all additions of
+// a limit add the same name: the first one succeeds, and the server refuses the others.
 struct Addition {
   const char* limit;
   bool isRecorded;  // whether code 24 is the last error
@@ -116,7 +116,7 @@ TEST_P(LimitTest, RejectsAdditionsWithoutACreateCallAndLoadsNoMoreThanTheLimit) 
   }
   PutOne(limit.most);
   EXPECT_EQ(limit.load.run(stage), limit.load.result.Failure(kMoreData));
-  EXPECT_EQ(limit.count.run(stage), limit.leftThen);
+  EXPECT_EQ(limit.count.run(stage), limit.countAfterFailure);
 }
 
 INSTANTIATE_TEST_SUITE_P(Books, LimitTest, testing::ValuesIn(kLimits),

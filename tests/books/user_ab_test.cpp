@@ -197,7 +197,8 @@ TEST_P(UserRecordTest, RestoresItsPrivateBookFromTheArchiveSectionOfItsName) {
     Private().EmptyOnServer();
     EXPECT_THAT(OnServer(BookKind::kPrivateEmail, ""), IsEmpty());
     SimulatorFail(failing, 1, kFault);
-    EXPECT_EQ(restored.RestorePrivateBook(), 1) << "lists of an archive have no book";
+    EXPECT_EQ(restored.RestorePrivateBook(), 1)
+        << "a failure to create a list is not reported: lists of an archive have no book";
   }
   EXPECT_THAT(OnServer(BookKind::kPrivateEmail, ""), ElementsAre("Ann=at", "Bo=at", "C\xE9lia=at"));
   EXPECT_THAT(OnServer(BookKind::kPrivateList, "Crew"), ElementsAre("Ann=own"));

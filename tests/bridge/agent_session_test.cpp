@@ -184,7 +184,8 @@ TEST_F(AgentSession, AFailedCallEndsALoginWithoutUndoingEarlierSteps) {
   };
   for (const auto& [name, calls, run, outcomes] : attempts) {
     for (std::size_t failing = 0; failing < outcomes.size(); ++failing) {
-      SCOPED_TRACE(testing::Message() << name << ", call " << failing + 1 << " fails");
+      SCOPED_TRACE(testing::Message()
+                   << name << ", call " << failing + 1 << " fails, if there is one");
       const Outcome& expected = outcomes[failing];
       TheAgent.Logout(1);
       SimulatorReset();
@@ -240,7 +241,7 @@ TEST(ParseIdentity, EndsAtTheFirstMissingField) {
   }
 }
 
-TEST_F(AgentSession, ModifiesAnAccountUnderItsNameAndTerminatesTheTextsOfAReadOne) {
+TEST_F(AgentSession, ModifiesAnAccountUnderItsNameAndTerminatesTheTextsThatItReads) {
   Login();
   TakeCalls();
   SimulatorSetDefects(kDefectScribble);

@@ -215,7 +215,6 @@ TEST_F(ConversionTest, ClearsTheBookAndWritesEntryLinesOnlyForTheAdministrator) 
   }
 }
 
-// Rows of many lengths, in many blocks of the file and buffers of the script.
 // Notes each line as "number|name|address", or as its number if it completes no entry.
 class NotingObserver : public RowObserver {
  public:
@@ -255,6 +254,7 @@ TEST_F(ConversionTest, ReportsEachLineOnceWithTheEntryThatItCompletes) {
   }
 }
 
+// Rows of many lengths, in many blocks of the file and buffers of the script.
 TEST_F(ConversionTest, ConvertsLongFiles) {
   Example formatted;
   Example unformatted;

@@ -72,7 +72,7 @@ TEST_F(SoftKeyTest, StoresItsPatternWithoutItemsAndLoadsBoth) {
 // --- Loads ---
 
 TEST_F(SoftKeyTest, LoadsFromANameInBothDirections) {
-  // The name is in the block that the load frees.
+  // The name is in the block that the load overwrites.
   EXPECT_EQ(key.Load("B", &book, key.ItemAt(1)->name.View(), 1), kNoError);
   EXPECT_EQ(NamesOf(key), (Names{"D"}));
   EXPECT_EQ(key.Load("B", &book, "D", 0), kNoError);

@@ -19,7 +19,7 @@ void Name(CUserRecord& record, std::string_view name, CUserAB* owner) {
 
 // Copies the contents of `from` to `to` through an archive.
 template <class Book>
-void Carry(Book& from, Book& to) {
+void CopyContents(Book& from, Book& to) {
   Load(to, Stored(from));
 }
 
@@ -126,9 +126,9 @@ void Stage::OpenBooks() {
 void Stage::LoadFromArchive(Stage& other) {
   user.CreatePrivateBook();
   priv = user.PrivateBook();
-  Carry(other.email, email);
-  Carry(other.fax, fax);
-  Carry(*other.priv, *priv);
+  CopyContents(other.email, email);
+  CopyContents(other.fax, fax);
+  CopyContents(*other.priv, *priv);
 }
 
 Lines Stage::Keys(CTopLevelAB* book) {

@@ -30,7 +30,7 @@ void ExpectText(const char* text, std::size_t longest) {
   EXPECT_LE(std::strlen(text), longest);
 }
 
-void LookAtKey(CSoftKey* key) {
+void CheckKey(CSoftKey* key) {
   ASSERT_NE(key, nullptr);
   ExpectText(GetKeyName(key), 31);
   const std::int32_t count = GetItemCount(key);
@@ -54,10 +54,10 @@ void LookAtKey(CSoftKey* key) {
   RemoveItemAt(key, count - 1);
 }
 
-void LookAtKeys(CTopLevelAB* book) {
+void CheckKeys(CTopLevelAB* book) {
   const std::int32_t count = GetCount(book);
   ExpectCount(count, kMaxKeys);
-  for (std::int32_t i = 0; i < count; ++i) LookAtKey(GetKeyAt(book, i));
+  for (std::int32_t i = 0; i < count; ++i) CheckKey(GetKeyAt(book, i));
   EXPECT_EQ(GetKeyAt(book, count), nullptr);
   ExpectCount(FindSoftKeyIndex(book, "Scan"), count - 1);
 }
@@ -66,7 +66,7 @@ class HostileServer : public ApplianceTest {
  protected:
   // Runs every exported function that calls the server, regardless of earlier results, and the
   // import; login and logout come last.
-  static void Tour(std::uint32_t defects, const char* failingEntry) {
+  static void CallAll(std::uint32_t defects, const char* failingEntry) {
     SimulatorReset();
     Stage stage(LogIn());
     SimulatorSetDefects(defects);
@@ -83,8 +83,8 @@ class HostileServer : public ApplianceTest {
       ExpectText(GetScannerVersion(stage.box), 63);
       ExpectText(GetScannerModel(stage.box), 63);
       stage.book = GetTopLevelAbook(stage.box);
-      LookAtKeys(stage.book);
-      LookAtKey(stage.newKey);
+      CheckKeys(stage.book);
+      CheckKey(stage.newKey);
       stage.key = GetCount(stage.book) > 0 ? GetKeyAt(stage.book, 0) : stage.newKey;
     }
   }
@@ -112,7 +112,7 @@ class HostileReplies : public HostileServer,
 };
 
 TEST_P(HostileReplies, AllFunctionsStayInBounds) {
-  Tour(std::get<0>(GetParam()), std::get<1>(GetParam()));
+  CallAll(std::get<0>(GetParam()), std::get<1>(GetParam()));
 }
 
 INSTANTIATE_TEST_SUITE_P(AllCombinationsOfDefects, HostileReplies,

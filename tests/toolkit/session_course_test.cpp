@@ -33,8 +33,8 @@ TEST_F(SessionCourse, AHostMayFollowOneOrTwoSlashesAndKeepsItsSpelling) {
   TakeCalls();
   for (const std::string& host :
        {std::string("255.255.255.255"), std::string("\\\\255.255.255.255"), std::string("0.0.0.0"),
-        std::string("\\\\0.0.0.0"), std::string(), std::string("\\\\"), std::string(300, 'x'),
-        "\\\\" + std::string(3000, 'x')}) {
+        std::string("\\\\0.0.0.0"), std::string(), std::string("\\\\"),
+        std::string("\\\\\\127.0.0.1"), std::string(300, 'x'), "\\\\" + std::string(3000, 'x')}) {
     TheAgent.SetError(kEarlier);
     EXPECT_EQ(LogToQuillbox(host, kAdministrator, kPassword, "", 0), nullptr) << host;
     EXPECT_EQ(GetLastToolkitError(), host == "0.0.0.0" ? kEarlier : 25) << host;
