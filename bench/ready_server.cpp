@@ -17,6 +17,7 @@ namespace {
 constexpr std::uint32_t kLetters = 26;
 
 std::uint32_t entryCount = kReadyEntries;
+std::uint32_t itemCount = kReadyItems;
 std::uint64_t calls = 0;
 std::uint64_t reads = 0;
 
@@ -173,6 +174,10 @@ void ReadyServerSetEntries(std::uint32_t count) {
   TheBook() = Book();
 }
 
+void ReadyServerSetItems(std::uint32_t count) {
+  itemCount = std::min(count, kReadyItems);
+}
+
 std::uint64_t ReadyServerCalls() {
   return calls;
 }
@@ -241,7 +246,8 @@ Status IMSPReadAB(ABIdent* book, KeyRange* range, void* records, std::uint32_t* 
     case BookKind::kUsers:
       return Deliver(Users(), 0, records, count);
     case BookKind::kKeyItems:
-      return Deliver(Items(), 0, records, count);
+      *count = std::min(*count, itemCount);
+      return Deliver(Items(), 0, records, count) == kDataNotFound ? kDataNotFound : kNoError;
     default:
       return Deliver(Members(), 0, records, count);
   }

@@ -26,8 +26,10 @@ inline constexpr std::uint32_t kReadyEntries = 200'000;
 
 extern "C" {
 
-// Sets the number of entries in the e-mail book, at most kReadyEntries.
+// Sets the number of entries in the e-mail book, at most kReadyEntries, and of items in each key,
+// at most kReadyItems.
 void ReadyServerSetEntries(std::uint32_t count);
+void ReadyServerSetItems(std::uint32_t count);
 
 // The number of calls of all entry points, and of IMSPReadAB, since the start of the process.
 std::uint64_t ReadyServerCalls();

@@ -104,6 +104,7 @@ class BookAccess {
 
   // Server calls: IMSPCreateEntry.
   Status Create(Entry* entry) {
+    if (agent == nullptr) return kRefused;
     Wiped<Entry> sent(*entry);
     return Call(&CAgent::IMSPCreateEntry, &sent);
   }
@@ -179,6 +180,7 @@ class BookAccess {
   }
 
   Status ModifyByKey(EntryKey key, Entry* entry) {
+    if (agent == nullptr) return kRefused;
     Wiped<Entry> sent(*entry);
     return Call(&CAgent::IMSPModifyEntry, &key, &sent);
   }

@@ -76,6 +76,7 @@ class EntryBlock {
   // last record are zero; the others may be earlier records. If the read fails, it may have written
   // nothing: call BlankIfUnwritten().
   bool AllocateToRead(std::int32_t count) {
+    static_assert(!HoldsPassword<Record>, "the other records are not wiped");
     if (!CanReuse(count)) return AllocateNew(count);
     Reuse(count);
     std::memset(Raw(storage), 0, sizeof(Record));
@@ -93,7 +94,7 @@ class EntryBlock {
   // false and changes nothing if `count` is not above 0 or the allocation fails.
   bool Resize(std::int32_t count) {
     if (!Fits(count) || count > INT32_MAX - skipped || !Fits(skipped + count)) return false;
-    const bool hasRoom = count >= live && skipped + count <= capacity;
+    const bool hasRoom = count > live && skipped + count <= capacity;
     if (!hasRoom && !Reallocate(skipped + count)) return false;
     if (count > live) std::memset(Raw(data() + live), 0, Bytes(count - live));
     live = count;
@@ -101,23 +102,21 @@ class EntryBlock {
   }
 
   // Keeps `count` live records, after a read that filled only a part of them. Direction 1 keeps the
-  // first ones, sets skip() to 0 and shrinks the block. Any other direction keeps the last ones: it
-  // moves data() forward and keeps the block. A count of 0 keeps the block. Returns false and
-  // changes nothing for a count below 0 or above count().
+  // first ones and sets skip() to 0. Any other direction keeps the last ones: it moves data()
+  // forward. The block stays, for the next read. Returns false and changes nothing for a count
+  // below 0 or above count().
   bool Shrink(std::int32_t count, std::int32_t direction) {
     if (count < 0 || count > live) return false;
     if (count == live) return true;
+    const std::int32_t surplus = live - count;
     if (count != 0 && direction == 1) {
       if (skipped != 0) std::memmove(Raw(storage), data(), Bytes(count));
-      Wipe(storage + count, skipped + live - count);
+      Wipe(storage + count, skipped + surplus);
       skipped = 0;
-      live = count;
-      // If the reallocation fails, the block keeps its size and its records.
-      Reallocate(count);
-      return true;
+    } else {
+      Wipe(data(), surplus);
+      if (count != 0) skipped += surplus;
     }
-    Wipe(data(), live - count);
-    if (count != 0) skipped += live - count;
     live = count;
     return true;
   }
@@ -140,7 +139,7 @@ class EntryBlock {
   // allocation fails.
   std::int32_t Append(const Record& record) {
     const Wiped<Record> copy(record);
-    if (skipped + live == capacity && !Grow()) return -1;
+    if (skipped + live == capacity) Grow();
     if (!Resize(live + 1)) return -1;
     const Record& appended = copy;
     std::memcpy(Raw(data() + live - 1), &appended, sizeof appended);
@@ -182,7 +181,7 @@ class EntryBlock {
 
   // Returns whether `count` records fit and fill at least half of the block.
   bool CanReuse(std::int32_t count) const {
-    return count > 0 && count <= capacity && count >= capacity / 2;
+    return count > 0 && count <= capacity && count >= capacity - capacity / 2;
   }
 
   void Reuse(std::int32_t count) {
@@ -217,11 +216,13 @@ class EntryBlock {
     return count > 0 && static_cast<std::size_t>(count) <= PTRDIFF_MAX / sizeof(Record);
   }
 
-  // Makes room for half as many records again, so that additions one by one copy few records.
-  bool Grow() {
+  // Makes room for half as many records again, if it can, so that additions one by one copy few
+  // records.
+  void Grow() {
     const std::int64_t records = std::int64_t{capacity} + capacity / 2 + 1;
-    if (records > INT32_MAX || !Fits(static_cast<std::int32_t>(records))) return false;
-    return Reallocate(static_cast<std::int32_t>(records));
+    if (records <= INT32_MAX && Fits(static_cast<std::int32_t>(records))) {
+      Reallocate(static_cast<std::int32_t>(records));
+    }
   }
 
   bool Reallocate(std::int32_t records) {

@@ -7,7 +7,8 @@
 
 namespace quillkit {
 
-// The agent is constructed before, and destroyed after, every static object of the program.
+// The agent is constructed before, and destroyed after, every other static object of the program or
+// shared library that contains it.
 extern CAgent TheAgent;
 
 }  // namespace quillkit

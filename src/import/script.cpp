@@ -27,7 +27,7 @@ constexpr ScriptBook kScriptBooks[] = {
 constexpr std::size_t LongestEntry() {
   std::size_t longest = 0;
   for (const ScriptBook& book : kScriptBooks) {
-    std::size_t size = book.entryBegin.Size() + sizeof(ShortText);
+    std::size_t size = book.entryBegin.Size() + ShortText::kCopied;
     for (const std::size_t width : book.widths) size += width + 3;
     longest = std::max(longest, size);
   }

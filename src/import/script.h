@@ -80,6 +80,8 @@ inline constexpr std::size_t kMaxEntryFields = 4;
 // A text of up to 16 bytes. All 16 are copied, which is faster than a copy of unknown size.
 class ShortText {
  public:
+  static constexpr std::size_t kCopied = 16;
+
   constexpr ShortText(std::initializer_list<std::string_view> parts) {
     for (const std::string_view part : parts) {
       for (const char c : part) bytes[size++] = c;
@@ -95,7 +97,7 @@ class ShortText {
   }
 
  private:
-  std::array<char, 16> bytes = {};
+  std::array<char, kCopied> bytes = {};
   std::size_t size = 0;
 };
 
