@@ -54,7 +54,8 @@ std::int32_t ReadPages(const quillkit::CScanner& scanner, const std::string& fro
       range.first.Assign(row[0]);
       if (!handle(std::move(row))) return quillkit::kNoError;
     }
-    if (status == quillkit::kNoError || count == 0) return quillkit::kNoError;
+    if (status == quillkit::kNoError) return quillkit::kNoError;
+    if (count == 0) break;  // more entries that never come
   }
   return quillkit::kUnusableInput;
 }

@@ -184,7 +184,8 @@ void AddEntryCommands(Commands& commands) {
       ->type_name("NUMBER")
       ->check(LimitFault, "");
   AddJson(list, a->json);
-  list->add_flag("--json-lines", a->jsonLines, "Print each entry as JSON on a line of its own");
+  list->add_flag("--json-lines", a->jsonLines, "Print each entry as JSON on a line of its own")
+      ->excludes(list->get_option("--json"));
 
   a = std::make_shared<Arguments>();
   CLI::App* find = AddEntryCommand(entry, "find", "Find entries by name", FindEntries, a);

@@ -55,7 +55,7 @@ void ShowBook(const AddressBook& book, const std::vector<Row>& before, const std
 // Throws an UnknownResult with the text.
 [[noreturn]] void ThrowUnknown(const std::string& text, const ImportPlan& plan) {
   throw UnknownResult(text + "; the " + std::string(plan.Books().front().title) +
-                      " cannot be read, so it is unknown which rows were imported");
+                      " cannot be read completely, so it is unknown which rows were imported");
 }
 
 // Throws a Refusal that also describes the state of the book: the appliance keeps what it imported
@@ -94,8 +94,9 @@ void ShowRows(const ImportPlan& plan, const ImportRequest& request, bool isVerif
 
 void ShowBooks(const ImportPlan& plan, const ImportRequest& request, const Contents& before,
                const Contents& now) {
-  if (now.empty()) std::cout << "Cannot show the new entries: the books cannot be read.\n";
-  for (std::size_t i = 0; i < now.size(); ++i) {
+  const bool areKnown = !before.empty() && !now.empty();
+  if (!areKnown) std::cout << "Cannot show the new entries: the books cannot be read.\n";
+  for (std::size_t i = 0; areKnown && i < now.size(); ++i) {
     ShowBook(plan.Books()[i], before[i], now[i], request.shown);
   }
 }
@@ -106,13 +107,18 @@ void WriteRejects(const ImportPlan& plan, const ImportRequest& request) {
 
 // Sends the plan and reports the result. Sets the fault of each row that was not imported.
 void Import(ImportPlan& plan, const ImportRequest& request, const Session& session) {
-  const DeferredTermination untilReported;
   const std::string file = QuotedFileName(request.file);
   const std::size_t sent = plan.Rows().Entries();
   const quillkit::CScanner& scanner = *session.Scanner();
   const Contents before = ReadAll(plan.Books(), scanner);
+  if (before.empty() && !plan.IsScript()) {
+    throw Refusal(
+        "cannot import " + file + ": the " + std::string(plan.Books().front().title) +
+        " cannot be read completely, so the result could not be verified; nothing was sent");
+  }
+  const DeferredTermination untilReported;
   const std::int32_t status = plan.Send(session.Scanner());
-  const Contents now = before.empty() ? Contents() : ReadAll(plan.Books(), scanner);
+  const Contents now = ReadAll(plan.Books(), scanner);
   MarkRowsNotImported(plan, status, now);
   if (plan.Rows().Entries() != sent) WriteRejects(plan, request);
   if (!plan.IsScript()) {
@@ -166,7 +172,7 @@ constexpr const char* kMapHelp =
 
 constexpr const char* kFooter =
     "Invalid rows are reported and not sent. The exit status is 3 if some rows were not imported, "
-    "and 5 if the address book cannot be read.";
+    "and 5 if the address book cannot be read afterwards.";
 
 std::string CountFault(const std::string& text) {
   return text.find_first_not_of("0123456789") != text.npos ? "not a number" : "";

@@ -5,9 +5,9 @@
 //   2. count() records from data() on are live, and are inside the block.
 //   3. Records are trivially copyable and are moved bytewise. The block comes from the C allocator,
 //      so that it can be resized in place. New records are blank, in case the server claims to have
-//      delivered records that it did not; AllocateToRead() is the exception. In a new block and
-//      after Resize() they are zero. In a reused block, Allocate() calls Blank(), which may leave
-//      bytes of an earlier record after the NUL of a text.
+//      delivered records that it did not. In a new block and after Resize() they are zero. In a
+//      reused block, Allocate() calls Blank(), which may leave bytes of an earlier record after the
+//      NUL of a text; AllocateToRead() leaves earlier records until BlankUnwritten().
 //   4. A record with a password is wiped as soon as it is not live, and in the memory that it was
 //      moved from.
 //
@@ -72,22 +72,22 @@ class EntryBlock {
     return true;
   }
 
-  // Like Allocate(), for records that a read overwrites. In a reused block, only the first and the
-  // last record are zero; the others may be earlier records. If the read fails, it may have written
-  // nothing: call BlankIfUnwritten().
+  // Like Allocate(), for records that a read overwrites. In a reused block the records are only
+  // marked, in their first bytes. After the read, call BlankUnwritten().
   bool AllocateToRead(std::int32_t count) {
-    static_assert(!HoldsPassword<Record>, "the other records are not wiped");
+    static_assert(!HoldsPassword<Record>, "a marked record is not wiped");
     if (!CanReuse(count)) return AllocateNew(count);
     Reuse(count);
-    std::memset(Raw(storage), 0, sizeof(Record));
-    std::memset(Raw(storage + count - 1), 0, sizeof(Record));
+    std::for_each(begin(), end(),
+                  [](Record& each) { std::memcpy(Raw(&each), kMark, sizeof kMark); });
     return true;
   }
 
-  // Blanks all live records if the first and the last one are zero.
-  void BlankIfUnwritten() {
-    if (live == 0 || !IsZero(*data()) || !IsZero(*At(live - 1))) return;
-    std::for_each(begin(), end(), [](Record& each) { each.Blank(); });
+  // Zeroes the live records that the read did not write.
+  void BlankUnwritten() {
+    for (Record& each : *this) {
+      if (std::memcmp(&each, kMark, sizeof kMark) == 0) std::memset(Raw(&each), 0, sizeof(Record));
+    }
   }
 
   // Changes the number of live records to `count`; keeps skip() and the records that fit. Returns
@@ -175,6 +175,9 @@ class EntryBlock {
   const Record* end() const { return data() + live; }
 
  private:
+  // An empty name, and bytes after it that no server sends.
+  static constexpr char kMark[] = "\0\xA5\x5A\xC3\x3C\x96\x69";
+
   static std::size_t Bytes(std::int32_t count) {
     return static_cast<std::size_t>(count) * sizeof(Record);
   }
@@ -188,11 +191,6 @@ class EntryBlock {
     if (skipped + live > count) Wipe(storage + count, skipped + live - count);
     skipped = 0;
     live = count;
-  }
-
-  static bool IsZero(const Record& record) {
-    static constexpr char kZeroes[sizeof(Record)] = {};
-    return std::memcmp(&record, kZeroes, sizeof(Record)) == 0;
   }
 
   bool AllocateNew(std::int32_t count) {
@@ -231,6 +229,8 @@ class EntryBlock {
     if (moved == nullptr) return false;
     storage = static_cast<Record*>(moved);
     capacity = records;
+    const std::int32_t kept = std::min(records, skipped + live);
+    std::memset(Raw(storage + kept), 0, Bytes(records - kept));
     return true;
   }
 

@@ -98,8 +98,7 @@ class ServerList : public DistributionList<Entry> {
   Status AllocateMembers(std::int32_t limit);
 
   // Reads the list into the allocated members, if there are any. The count stays, and members that
-  // were not delivered are blank; one that the server counts but does not write is blank, or one of
-  // an earlier read. Stores the number that was delivered in `*delivered`, unless that
+  // were not delivered are blank. Stores the number that was delivered in `*delivered`, unless that
   // is null. Returns the status. Server calls: IMSPReadAB.
   Status FillMembers(std::uint32_t* delivered = nullptr);
 
@@ -161,7 +160,7 @@ template <class Entry, class BookClass, BookKind kListKind>
 Status ServerList<Entry, BookClass, kListKind>::FillMembers(std::uint32_t* delivered) {
   auto count = static_cast<std::uint32_t>(members.count());
   const Status status = count != 0 ? Access().ReadAll(members.data(), &count) : kNoError;
-  if (status != kNoError) members.BlankIfUnwritten();
+  members.BlankUnwritten();
   std::for_each(members.begin() + count, members.end(), [](Entry& each) { each.Blank(); });
   if (delivered != nullptr) *delivered = count;
   return status;

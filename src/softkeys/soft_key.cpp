@@ -31,7 +31,7 @@ Status CSoftKey::Load(const std::string& name, CTopLevelAB* newOwner, std::strin
     items.Clear();
     return kNoError;
   }
-  if (status != kNoError) items.BlankIfUnwritten();
+  items.BlankUnwritten();
   items.Shrink(static_cast<std::int32_t>(count), direction);
   return status;
 }

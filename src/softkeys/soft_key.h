@@ -44,10 +44,10 @@ class CSoftKey {
   // Reads up to 512 items of the key `name`, starting after `firstName`. Returns the status of the
   // read. A missing or empty book, or a failure that delivers nothing, returns 0 and leaves no
   // items. After 21 or any other failure, the key holds what was delivered, or 512 blank items if
-  // the server left the count unchanged and wrote nothing. An item that the server counts but does
-  // not write is blank, or one of an earlier load. Returns -1 and makes no call without an owner
-  // (no change), without memory (name and owner are set, the items are released), and without a
-  // scanner (512 blank items). Server calls: IMSPReadAB.
+  // the server left the count unchanged. An item that it counts but does not write is blank.
+  // Returns -1 and makes no call without an owner (no change), without memory (name and owner are
+  // set, the items are released), and without a scanner (512 blank items). Server calls:
+  // IMSPReadAB.
   Status Load(const std::string& name, CTopLevelAB* newOwner, std::string_view firstName,
               std::int32_t direction);
 

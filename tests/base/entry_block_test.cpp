@@ -72,7 +72,7 @@ class EntryBlockWalk : public testing::TestWithParam<unsigned> {
   // Allocates for a read that then writes nothing.
   bool ReadNothing(std::int32_t number) {
     const bool isAllocated = block.AllocateToRead(number);
-    block.BlankIfUnwritten();
+    block.BlankUnwritten();
     return isAllocated;
   }
 
