@@ -73,19 +73,23 @@ std::vector<Outcome> Outcomes() {
 
   constexpr Status kEarlier = ApplianceTest::kEarlier;
   const Left nothing = {kEarlier, 0, "", 0, false};
-  return {
-      {"PasswordTooLong", kFresh, password, nothing, {}},
-      {"ThirdTooLong", kFresh, third, nothing, {}},
-      {"NameTooLong", kInSession, name, {kEarlier, 1, admin, 1, true}, {}},
-      {"NoSuchHost", kInSession, host, {25, 0, admin, 1, true}, {}},
-      {"HostZero", kInSession, zero, {kEarlier, 0, admin, 1, true}, {}},
-      {"Refused", kFresh, wrong, {2, 0, "", 0, false}, refused},
-      {"RefusedInSession", kInSession, wrong, {2, 0, "", 1, true}, refused},
-      {"SuccessInSession", kInSession, {}, {0, 1, admin, 1, true}, as(admin, "***")},
-      {"Toolkit", kInSession, toolkit, {0, 1, "TOOLKIT", 1, true}, as("TOOLKIT", "***")},
-      {"OtherUser", kInSession, ann, {0, 1, "Ann", 1, false}, as("Ann", "\"\"")},
-      {"Longest", kInSession, longest, {0, 1, kLongestName, 1, false}, as(kLongestName, "***")},
+  std::vector<Outcome> outcomes;
+  const auto add = [&](const char* outcome, Before before, const Attempt& attempt, const Left& left,
+                       const std::vector<std::string>& calls) {
+    outcomes.push_back({outcome, before, attempt, left, calls});
   };
+  add("PasswordTooLong", kFresh, password, nothing, {});
+  add("ThirdTooLong", kFresh, third, nothing, {});
+  add("NameTooLong", kInSession, name, {kEarlier, 1, admin, 1, true}, {});
+  add("NoSuchHost", kInSession, host, {25, 0, admin, 1, true}, {});
+  add("HostZero", kInSession, zero, {kEarlier, 0, admin, 1, true}, {});
+  add("Refused", kFresh, wrong, {2, 0, "", 0, false}, refused);
+  add("RefusedInSession", kInSession, wrong, {2, 0, "", 1, true}, refused);
+  add("SuccessInSession", kInSession, {}, {0, 1, admin, 1, true}, as(admin, "***"));
+  add("Toolkit", kInSession, toolkit, {0, 1, "TOOLKIT", 1, true}, as("TOOLKIT", "***"));
+  add("OtherUser", kInSession, ann, {0, 1, "Ann", 1, false}, as("Ann", "\"\""));
+  add("Longest", kInSession, longest, {0, 1, kLongestName, 1, false}, as(kLongestName, "***"));
+  return outcomes;
 }
 
 class SessionOutcome : public ApplianceTest, public testing::WithParamInterface<Outcome> {
