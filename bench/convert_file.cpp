@@ -6,10 +6,9 @@
 // with 1 if the file cannot be converted. Prints the processor time of the conversion in
 // nanoseconds, and the peak memory of the process in KiB, or 0 if the system does not report it.
 
-#include <time.h>
-
 #include <cstdint>
 #include <cstdio>
+#include <ctime>
 #include <fstream>
 #include <string>
 #include <string_view>

@@ -93,15 +93,15 @@ void LoadSmallKeysByHand(benchmark::State& state) {
   ReadyServerSetItems(kReadyItems);
 }
 
-void LoadKeys(CTopLevelAB& book) {
+void FillKeys(CTopLevelAB& book) {
   Require(book.Load(1) == kNoError && book.Count() == kReadyKeys, "Load");
 }
 
 void LoadKeys(benchmark::State& state) {
   CTopLevelAB book;
   book.Attach(Session(), 0);
-  LoadKeys(book);
-  while (state.KeepRunning()) LoadKeys(book);
+  FillKeys(book);
+  while (state.KeepRunning()) FillKeys(book);
 }
 
 void LoadSmallKeys(benchmark::State& state) {
@@ -115,7 +115,7 @@ void FirstKeys(benchmark::State& state) {
   MeasureFirst(state, [] {
     CTopLevelAB book;
     book.Attach(Session(), 0);
-    LoadKeys(book);
+    FillKeys(book);
   });
 }
 
@@ -149,7 +149,7 @@ void FirstListsByHand(benchmark::State& state) {
   });
 }
 
-void LoadLists(CEmailAB& book) {
+void FillLists(CEmailAB& book) {
   Require(book.LoadLists(1) == kNoError, "LoadLists");
   Require(book.ListAt(kReadyLists - 1)->Count() == kReadyMembers, "the load");
 }
@@ -157,8 +157,8 @@ void LoadLists(CEmailAB& book) {
 void LoadLists(benchmark::State& state) {
   CEmailAB book;
   Require(book.Attach(Session(), 0) == 1, "Attach");
-  LoadLists(book);
-  while (state.KeepRunning()) LoadLists(book);
+  FillLists(book);
+  while (state.KeepRunning()) FillLists(book);
 }
 
 void FirstLists(benchmark::State& state) {
@@ -166,7 +166,7 @@ void FirstLists(benchmark::State& state) {
   MeasureFirst(state, [] {
     CEmailAB book;
     Require(book.Attach(Session(), 0) == 1, "Attach");
-    LoadLists(book);
+    FillLists(book);
   });
 }
 
@@ -193,15 +193,15 @@ void FirstUsersByHand(benchmark::State& state) {
   });
 }
 
-void LoadUsers(CUserAB& book) {
+void FillUsers(CUserAB& book) {
   Require(book.Load() == 1 && book.Count() == kReadyUsers, "Load");
 }
 
 void LoadUsers(benchmark::State& state) {
   CUserAB book;
   book.Attach(Session(), 0, 0);
-  LoadUsers(book);
-  while (state.KeepRunning()) LoadUsers(book);
+  FillUsers(book);
+  while (state.KeepRunning()) FillUsers(book);
 }
 
 void FirstUsers(benchmark::State& state) {
@@ -209,36 +209,30 @@ void FirstUsers(benchmark::State& state) {
   MeasureFirst(state, [] {
     CUserAB book;
     book.Attach(Session(), 0, 0);
-    LoadUsers(book);
+    FillUsers(book);
   });
 }
 
-using Measured = void(benchmark::State&);
-
-void Register(const char* name, Measured* function) {
-  benchmark::RegisterBenchmark(name, function)->Unit(benchmark::kMicrosecond);
-}
+BENCHMARK(LoadKeys)->Unit(benchmark::kMicrosecond);
+BENCHMARK(LoadKeysByHand)->Unit(benchmark::kMicrosecond);
+BENCHMARK(LoadSmallKeys)->Unit(benchmark::kMicrosecond);
+BENCHMARK(LoadSmallKeysByHand)->Unit(benchmark::kMicrosecond);
+BENCHMARK(FirstKeys)->Unit(benchmark::kMicrosecond);
+BENCHMARK(FirstKeysByHand)->Unit(benchmark::kMicrosecond);
+BENCHMARK(LoadLists)->Unit(benchmark::kMicrosecond);
+BENCHMARK(LoadListsByHand)->Unit(benchmark::kMicrosecond);
+BENCHMARK(FirstLists)->Unit(benchmark::kMicrosecond);
+BENCHMARK(FirstListsByHand)->Unit(benchmark::kMicrosecond);
+BENCHMARK(LoadUsers)->Unit(benchmark::kMicrosecond);
+BENCHMARK(LoadUsersByHand)->Unit(benchmark::kMicrosecond);
+BENCHMARK(FirstUsers)->Unit(benchmark::kMicrosecond);
+BENCHMARK(FirstUsersByHand)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace quillkit
 
 int main(int argc, char** argv) {
-  using namespace quillkit;
-  TheAgent.LoadServerLibrary();
-  Register("LoadKeys", LoadKeys);
-  Register("LoadKeysByHand", LoadKeysByHand);
-  Register("LoadSmallKeys", LoadSmallKeys);
-  Register("LoadSmallKeysByHand", LoadSmallKeysByHand);
-  Register("FirstKeys", FirstKeys);
-  Register("FirstKeysByHand", FirstKeysByHand);
-  Register("LoadLists", LoadLists);
-  Register("LoadListsByHand", LoadListsByHand);
-  Register("FirstLists", FirstLists);
-  Register("FirstListsByHand", FirstListsByHand);
-  Register("LoadUsers", LoadUsers);
-  Register("LoadUsersByHand", LoadUsersByHand);
-  Register("FirstUsers", FirstUsers);
-  Register("FirstUsersByHand", FirstUsersByHand);
+  quillkit::TheAgent.LoadServerLibrary();
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();
   return 0;

@@ -59,7 +59,8 @@ void CountView() {
   for (std::int32_t i = 0; i < 10 * kPageSize; ++i) view.Next();
   view.GetAt(kReadyEntries / 2);
   view.FindPrefix("qq");
-  Print("view", "bytes", static_cast<long long>(CountHeap().bytes - held + sizeof view));
+  const std::size_t total = CountHeap().bytes - held + sizeof view;
+  Print("view", "bytes", static_cast<long long>(total));
 }
 
 template <class Load>

@@ -109,7 +109,7 @@ Status Deliver(const std::vector<Row>& table, std::size_t first, void* rows, std
   const bool isMore = left > *count;
   *count = static_cast<std::uint32_t>(std::min<std::size_t>(left, *count));
   if (*count == 0) return kDataNotFound;
-  std::memcpy(rows, table.data() + first, *count * sizeof(Row));
+  std::memcpy(rows, static_cast<const void*>(table.data() + first), *count * sizeof(Row));
   return isMore ? kMoreData : kNoError;
 }
 

@@ -125,7 +125,8 @@ void Measure(benchmark::State& state, Operation operation) {
     operation(static_cast<std::int32_t>(random() % static_cast<std::uint32_t>(size)));
     ++operations;
   }
-  state.counters["calls"] = static_cast<double>((ReadyServerCalls() - calls) / operations);
+  const std::uint64_t each = (ReadyServerCalls() - calls) / operations;
+  state.counters["calls"] = static_cast<double>(each);
 }
 
 void OpenBook(benchmark::State& state) {

@@ -157,7 +157,7 @@ using Run = void (*)(const Session&, const Arguments&);
 
 // Adds a command whose first argument is a book. It logs in and calls `run`.
 CLI::App* AddEntryCommand(Commands& entry, const char* name, const char* help, Run run,
-                          std::shared_ptr<Arguments> a) {
+                          const std::shared_ptr<Arguments>& a) {
   CLI::App* command = entry.Add(name, help, [a, run](Session& session) { run(session, *a); });
   command->add_option("book", a->book, "The book")
       ->required()

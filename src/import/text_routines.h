@@ -62,8 +62,8 @@ class FieldSplitter {
   }
 
  private:
-  char* next;  // null after the last field
-  char* textEnd;
+  char* next = nullptr;  // null after the last field
+  char* textEnd = nullptr;
 };
 
 // Removes every occurrence of `removed` and moves the following text down. Returns the remaining
