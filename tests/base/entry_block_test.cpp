@@ -53,6 +53,7 @@ class EntryBlockWalk : public testing::TestWithParam<unsigned> {
       case 5: {
         EntryBlock<Record> other(std::move(block));
         EXPECT_TRUE(block.IsEmpty() && block.data() == nullptr);  // NOLINT(bugprone-use-after-move)
+        EXPECT_TRUE(block.Allocate(1));
         block = std::move(other);
         break;
       }
