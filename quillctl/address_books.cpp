@@ -144,7 +144,8 @@ std::optional<std::vector<Row>> ReadAllEntries(const AddressBook& book,
   const quillkit::Status status = book.count(scanner, &count);
   const bool isMissing = status == quillkit::kNoSuchBook || status == quillkit::kDataNotFound;
   if (rows.empty() && isMissing) return rows;
-  return status == quillkit::kNoError && rows.size() == count ? std::optional(rows) : std::nullopt;
+  if (status != quillkit::kNoError || rows.size() != count) return std::nullopt;
+  return rows;
 }
 
 }  // namespace quillctl

@@ -38,9 +38,7 @@ std::vector<const CLI::Option*> Arguments(const CLI::App& app) {
   });
 }
 
-using Apps = std::vector<const CLI::App*>;
-
-Apps CommandsOf(const CLI::App& app) {
+std::vector<const CLI::App*> CommandsOf(const CLI::App& app) {
   return app.get_subcommands(nullptr);
 }
 
@@ -50,9 +48,8 @@ Words CommandNames(const CLI::App& app) {
   return names;
 }
 
-// Returns the words that may follow a command, or the program: options, and the choices of
-// positional arguments. For a command that consists of further commands, also these and their
-// words.
+// Returns the words of a command's own, or of the program: options, and the choices of
+// positional arguments.
 Words CompletionWords(const CLI::App& app) {
   Words words;
   for (const CLI::Option* each : Arguments(app)) {
@@ -62,7 +59,14 @@ Words CompletionWords(const CLI::App& app) {
       for (const std::string& choice : Choices(*each)) words.push_back(choice);
     }
   }
-  for (const CLI::App* each : app.get_parent() != nullptr ? CommandsOf(app) : Apps()) {
+  return words;
+}
+
+// Returns the words that may follow a command. For one that consists of further commands, these are
+// also their names and the words that may follow them.
+Words WordsAfter(const CLI::App& command) {
+  Words words = CompletionWords(command);
+  for (const CLI::App* each : CommandsOf(command)) {
     words.push_back(each->get_name());
     for (const std::string& word : CompletionWords(*each)) {
       if (!std::ranges::count(words, word)) words.push_back(word);
@@ -73,7 +77,7 @@ Words CompletionWords(const CLI::App& app) {
 
 // Returns the options with a value, of the program and of all commands, each name once.
 std::vector<const CLI::Option*> OptionsWithValue(const CLI::App& app) {
-  Apps apps = CommandsOf(app);
+  std::vector<const CLI::App*> apps = CommandsOf(app);
   apps.insert(apps.begin(), &app);
   for (const CLI::App* each : CommandsOf(app)) {
     for (const CLI::App* part : CommandsOf(*each)) apps.push_back(part);
@@ -129,7 +133,7 @@ std::string BashScript(const CLI::App& app) {
   cases += Case("*" + Joined(withValue, "|*"), {});
   Words general = CompletionWords(app);
   for (const CLI::App* each : CommandsOf(app)) {
-    Words words = CompletionWords(*each);
+    Words words = WordsAfter(*each);
     words.insert(words.end(), general.begin(), general.end());
     cases += Case(each->get_name() + "\\ *", words);
   }

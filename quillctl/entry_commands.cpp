@@ -66,12 +66,7 @@ class EntryPrinter {
   }
 
   void Finish() const {
-    if (arguments.jsonLines) return;
-    if (arguments.json) {
-      PrintJson(entries);
-    } else {
-      table.Print(std::cout);
-    }
+    if (!arguments.jsonLines) PrintList(table, entries, arguments.json);
   }
 
   bool IsEmpty() const { return count == 0; }
@@ -84,8 +79,8 @@ class EntryPrinter {
   std::uint32_t count = 0;
 };
 
-// Reads the entries that match `filter` and passes those to the printer for which `wanted` returns
-// true. Throws a Refusal if they cannot be read.
+// Reads the entries that match `filter`, and passes each one to the printer if `wanted` returns
+// true for it. Throws a Refusal if the entries cannot be read.
 template <class Wanted>
 void PrintEntries(const Session& session, const Arguments& arguments, const std::string& filter,
                   EntryPrinter& printer, Wanted wanted) {
@@ -140,11 +135,7 @@ void ListBooks(const Session& session, const Arguments& arguments) {
     table.AddRow({std::string(each.word), std::to_string(count), CLI::detail::join(fields, ", ")});
     books.push_back({{"book", each.word}, {"entries", count}, {"fields", fields}});
   }
-  if (arguments.json) {
-    PrintJson(books);
-  } else {
-    table.Print(std::cout);
-  }
+  PrintList(table, books, arguments.json);
 }
 
 std::string LimitFault(const std::string& text) {

@@ -30,11 +30,7 @@ void PrintItems(const FoundItems& found, bool json) {
                     std::to_string(item.fileFormat), Hexadecimal(item.settings)});
     }
   }
-  if (json) {
-    PrintJson(items);
-  } else {
-    table.Print(std::cout);
-  }
+  PrintList(table, items, json);
 }
 
 // Adds the items of the key that match.

@@ -11,6 +11,7 @@
 
 #include "quillctl/displayed_text.h"
 #include "quillctl/key_set.h"
+#include "quillctl/text_table.h"
 
 namespace quillctl {
 
@@ -35,6 +36,15 @@ inline Json ShownItem(const std::string& key, const ItemFields& item) {
 // Prints a value and a newline.
 inline void PrintJson(const Json& json) {
   std::cout << json.dump(2) << '\n';
+}
+
+// Prints a list in one of its two forms.
+inline void PrintList(const TextTable& table, const Json& list, bool json) {
+  if (json) {
+    PrintJson(list);
+  } else {
+    table.Print(std::cout);
+  }
 }
 
 }  // namespace quillctl

@@ -24,11 +24,7 @@ void ShowKeys(const Session& session, bool json) {
     table.AddRow({name, std::to_string(items)});
     keys.push_back({{"key", Utf8Text(name)}, {"items", items}});
   }
-  if (json) {
-    PrintJson(keys);
-  } else {
-    table.Print(std::cout);
-  }
+  PrintList(table, keys, json);
 }
 
 void AddKey(const Session& session, const std::string& name) {

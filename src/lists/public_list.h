@@ -96,7 +96,7 @@ Status PublicList<Entry, BookClass, kListKind>::Reload() {
   if (book == nullptr) return kRefused;
   const Status status = this->AllocateMembers(MaxServerMembers);
   if (status != kNoError) return status;
-  if (members.IsEmpty()) members.Free();
+  this->FreeUnusedBlock();
   return this->FillMembers();
 }
 
