@@ -18,7 +18,6 @@
 #include "books/email_ab.h"
 #include "books/user_ab.h"
 #include "bridge/imsp_api.h"
-#include "bridge/the_agent.h"
 #include "softkeys/top_level_ab.h"
 
 namespace quillkit {
@@ -231,9 +230,4 @@ BENCHMARK(FirstUsersByHand)->Unit(benchmark::kMicrosecond);
 }  // namespace
 }  // namespace quillkit
 
-int main(int argc, char** argv) {
-  quillkit::TheAgent.LoadServerLibrary();
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  return 0;
-}
+BENCHMARK_MAIN();

@@ -19,7 +19,6 @@
 #include "bench/session.h"
 #include "books/email_ab.h"
 #include "books/user_ab.h"
-#include "bridge/the_agent.h"
 #include "softkeys/top_level_ab.h"
 #include "views/sliding_entry_view.h"
 
@@ -102,7 +101,6 @@ void CountLoads(const char* what, void (*load)(Book&)) {
 }
 
 void CountAll() {
-  TheAgent.LoadServerLibrary();
   CountView();
   CountLoads("keys", LoadKeys);
   CountLoads("lists", LoadLists);

@@ -102,14 +102,14 @@ const std::vector<ABIdent>& Lists() {
   return lists;
 }
 
-// Copies the rows from `first` on, as many as there are and fit.
+// Copies the first `offered` rows of a table, as many as fit.
 template <class Row>
-Status Deliver(const std::vector<Row>& table, std::size_t first, void* rows, std::uint32_t* count) {
-  const std::size_t left = table.size() - std::min(first, table.size());
-  const bool isMore = left > *count;
-  *count = static_cast<std::uint32_t>(std::min<std::size_t>(left, *count));
+Status Deliver(const std::vector<Row>& table, std::size_t offered, void* rows,
+               std::uint32_t* count) {
+  const bool isMore = offered > *count;
+  *count = static_cast<std::uint32_t>(std::min<std::size_t>(offered, *count));
   if (*count == 0) return kDataNotFound;
-  std::memcpy(rows, static_cast<const void*>(table.data() + first), *count * sizeof(Row));
+  std::memcpy(rows, static_cast<const void*>(table.data()), *count * sizeof(Row));
   return isMore ? kMoreData : kNoError;
 }
 
@@ -221,13 +221,13 @@ Status IMSPReadEntryProperties(ABIdent* /*book*/, EntryKey* key, void* record) {
 Status IMSPListABEntries(ABIdent* /*book*/, KeyRange* /*range*/, EntryKey* rows,
                          std::uint32_t* count, std::int32_t /*direction*/) {
   ++calls;
-  return Deliver(Keys(), 0, rows, count);
+  return Deliver(Keys(), kReadyKeys, rows, count);
 }
 
 Status IMSPListAB(ABIdent* /*selector*/, KeyRange* /*range*/, ABIdent* books, std::uint32_t* count,
                   std::int32_t /*direction*/) {
   ++calls;
-  return Deliver(Lists(), 0, books, count);
+  return Deliver(Lists(), kReadyLists, books, count);
 }
 
 Status IMSPSizeofAB(ABIdent* book, const char* /*filter*/, std::uint32_t* count) {
@@ -244,12 +244,11 @@ Status IMSPReadAB(ABIdent* book, KeyRange* range, void* records, std::uint32_t* 
     case BookKind::kEmail:
       return ReadBook(range, static_cast<CEmailEntry*>(records), count, direction == 1);
     case BookKind::kUsers:
-      return Deliver(Users(), 0, records, count);
+      return Deliver(Users(), kReadyUsers, records, count);
     case BookKind::kKeyItems:
-      *count = std::min(*count, itemCount);
-      return Deliver(Items(), 0, records, count) == kDataNotFound ? kDataNotFound : kNoError;
+      return Deliver(Items(), itemCount, records, count);
     default:
-      return Deliver(Members(), 0, records, count);
+      return Deliver(Members(), kReadyMembers, records, count);
   }
 }
 
@@ -260,7 +259,7 @@ Status IMSPReadPageBoundaries(ABIdent* /*book*/, PageBoundary* table, std::uint3
         row.letter = static_cast<char>('a' + i);
         row.count = static_cast<std::int32_t>(FirstOfLetter(i + 1) - FirstOfLetter(i));
       });
-  return Deliver(letters, 0, table, count);
+  return Deliver(letters, letters.size(), table, count);
 }
 
 }  // extern "C"

@@ -1,4 +1,4 @@
-// A session on the ready server, for the benchmarks.
+// A session of the class library on the ready server, for the benchmarks.
 
 #ifndef QUILLKIT_BENCH_SESSION_H_
 #define QUILLKIT_BENCH_SESSION_H_
@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "bridge/the_agent.h"
 #include "toolkit/quillkit.h"
 
 namespace quillkit {
@@ -17,9 +18,12 @@ inline void Require(bool condition, const char* what) {
   std::exit(1);
 }
 
-// Returns the scanner of the session. The first call logs in.
+// Returns the scanner of the session. The first call loads the server library and logs in.
 inline CScanner* Session() {
-  static CScanner* const scanner = LogToQuillbox("127.0.0.1", "ADMINISTRATOR", "quill", "", 0);
+  static CScanner* const scanner = [] {
+    Require(TheAgent.LoadServerLibrary() == 0, "LoadServerLibrary");
+    return LogToQuillbox("127.0.0.1", "ADMINISTRATOR", "quill", "", 0);
+  }();
   Require(scanner != nullptr, "LogToQuillbox");
   return scanner;
 }

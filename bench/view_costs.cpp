@@ -21,10 +21,8 @@
 #include "bench/session.h"
 #include "books/email_ab.h"
 #include "bridge/imsp_api.h"
-#include "bridge/the_agent.h"
 #include "platform/module.h"
 #include "views/letter_entry_view.h"
-#include "views/sliding_entry_view.h"
 
 namespace quillkit {
 namespace {
@@ -39,7 +37,7 @@ CEmailAB* Book(std::int32_t size) {
   static std::int32_t current = 0;
   if (current != size) {
     ReadyServerSetEntries(static_cast<std::uint32_t>(size));
-    Require(book.Attach(Session(), 0) == 1, "Attach");  // reads the new census
+    Require(book.Attach(Session(), 0) == 1, "Attach");  // drops the old census
   }
   current = size;
   return &book;
@@ -114,6 +112,10 @@ BENCHMARK(StepInSpan);
 
 // --- Growth with the size of the book ---
 
+CEmailAB* BookOf(const benchmark::State& state) {
+  return Book(static_cast<std::int32_t>(state.range(0)));
+}
+
 // Measures `operation`, which receives an index between 0 and the size.
 template <class Operation>
 void Measure(benchmark::State& state, Operation operation) {
@@ -130,7 +132,7 @@ void Measure(benchmark::State& state, Operation operation) {
 }
 
 void OpenBook(benchmark::State& state) {
-  Book(static_cast<std::int32_t>(state.range(0)));
+  BookOf(state);
   Measure(state, [](std::int32_t) {
     CEmailAB opened;
     Require(opened.Attach(Session(), 0) == 1, "Attach");
@@ -138,17 +140,17 @@ void OpenBook(benchmark::State& state) {
 }
 
 void FirstEntry(benchmark::State& state) {
-  CEmailAB* book = Book(static_cast<std::int32_t>(state.range(0)));
+  CEmailAB* book = BookOf(state);
   Measure(state, [&](std::int32_t) { Require(book->First() != nullptr, "First"); });
 }
 
 void LastEntry(benchmark::State& state) {
-  CEmailAB* book = Book(static_cast<std::int32_t>(state.range(0)));
+  CEmailAB* book = BookOf(state);
   Measure(state, [&](std::int32_t) { Require(book->Last() != nullptr, "Last"); });
 }
 
 void NextSpan(benchmark::State& state) {
-  CEmailAB* book = Book(static_cast<std::int32_t>(state.range(0)));
+  CEmailAB* book = BookOf(state);
   Measure(state, [&](std::int32_t) {
     for (std::int32_t i = 0; i < kSpan; ++i) {
       if (book->Next() == nullptr) Require(book->First() != nullptr, "First");
@@ -157,49 +159,42 @@ void NextSpan(benchmark::State& state) {
 }
 
 void EntryAtIndex(benchmark::State& state) {
-  CEmailAB* book = Book(static_cast<std::int32_t>(state.range(0)));
-  CSlidingEntryView view(kPageSize);  // has no census of another size
-  view.AttachBook(book);
-  Measure(state, [&](std::int32_t index) { Require(view.GetAt(index) != nullptr, "GetAt"); });
+  CEmailAB* book = BookOf(state);
+  Measure(state, [&](std::int32_t index) { Require(book->GetAt(index) != nullptr, "GetAt"); });
 }
 
 void FindName(benchmark::State& state) {
-  CEmailAB* book = Book(static_cast<std::int32_t>(state.range(0)));
-  CSlidingEntryView view(kPageSize);
-  view.AttachBook(book);
+  CEmailAB* book = BookOf(state);
   std::array<std::string, 64> names;
   std::minstd_rand random(2);
   for (std::string& each : names) {
     const auto index =
         static_cast<std::int32_t>(random() % static_cast<std::uint32_t>(state.range(0)));
-    const CEmailEntry* entry = view.GetAt(index);
+    const CEmailEntry* entry = book->GetAt(index);
     Require(entry != nullptr, "GetAt");
     each = entry->name.View();
   }
   Measure(state, [&](std::int32_t index) {
     const std::string& name = names[static_cast<std::size_t>(index) % names.size()];
-    Require(view.Find(name, 1) != nullptr, "Find");
+    Require(book->Find(name, 1) != nullptr, "Find");
   });
 }
 
 void FindLetter(benchmark::State& state) {
-  CEmailAB* book = Book(static_cast<std::int32_t>(state.range(0)));
-  CSlidingEntryView view(kPageSize);
-  view.AttachBook(book);
+  CEmailAB* book = BookOf(state);
   Measure(state, [&](std::int32_t index) {
-    Require(view.FindLetter(static_cast<char>('a' + index % 26)) != nullptr, "FindLetter");
+    Require(book->FindLetter(static_cast<char>('a' + index % 26)) != nullptr, "FindLetter");
   });
 }
 
 void ReadCensus(benchmark::State& state) {
-  CEmailAB* book = Book(static_cast<std::int32_t>(state.range(0)));
-  CSlidingEntryView view(kPageSize);
-  view.AttachBook(book);
-  Measure(state, [&](std::int32_t) { Require(view.LoadBoundaries(1) == 0, "LoadBoundaries"); });
+  CEmailAB* book = BookOf(state);
+  Measure(state,
+          [&](std::int32_t) { Require(book->View()->LoadBoundaries(1) == 0, "LoadBoundaries"); });
 }
 
 void ReadLetter(benchmark::State& state) {
-  CEmailAB* book = Book(static_cast<std::int32_t>(state.range(0)));
+  CEmailAB* book = BookOf(state);
   CLetterEntryView view;
   view.AttachBook(book);
   Measure(state, [&](std::int32_t index) {
@@ -223,9 +218,4 @@ BENCHMARK(ReadLetter)->Apply(Sizes);
 }  // namespace
 }  // namespace quillkit
 
-int main(int argc, char** argv) {
-  quillkit::TheAgent.LoadServerLibrary();
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  return 0;
-}
+BENCHMARK_MAIN();
