@@ -7,6 +7,8 @@
 #include <span>
 #include <string_view>
 
+#include "base/language.h"
+
 namespace quillkit {
 
 class RowObserver {
