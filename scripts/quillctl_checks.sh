@@ -1,13 +1,13 @@
 # Tests of quillctl on the simulator; sourced by ./test.
 #
-# tests/quillctl/quillctl.txt is the expected transcript. A line "$ quillctl ARGUMENTS" starts a run;
-# the lines after it are its output, including standard error, and its exit status. "$ set NAME=VALUE"
-# sets an environment variable for the runs that follow. "$ show FILE" prints a file. Each run starts
-# with the simulator's initial state, unless QUILLBOX_STATE is set. "sesame" is a wrong password. It
-# must not appear in any output.
+# The files of tests/quillctl/transcript/ are the expected transcript. A line "$ quillctl ARGUMENTS"
+# starts a run; the lines after it are its output, including standard error, and its exit status.
+# "$ set NAME=VALUE" sets an environment variable for the runs that follow. "$ show FILE" prints a
+# file. Each run starts with the simulator's initial state, unless QUILLBOX_STATE is set. "sesame" is
+# a wrong password. It must not appear in any output.
 # shellcheck shell=bash
 
-transcript=tests/quillctl/quillctl.txt
+transcript=tests/quillctl/transcript
 
 # check_quillctl FOLDER: compares two runs of the quillctl in the folder with the transcript. Also
 # tests password prompts, completion and failing server calls.
@@ -75,7 +75,7 @@ check_quillctl_exe() {
 write_session() {
   local script=$1/$2
   shift 2
-  sed -n "$@" "$transcript" >"$script"
+  cat "$transcript"/*.txt | sed -n "$@" >"$script"
 }
 
 # clean_session FOLDER: creates the input files of the runs. Deletes the session_... files of earlier
@@ -117,7 +117,7 @@ clean_session() {
 compare_transcript() {
   local shown=$1/quillctl_shown.txt
   tr -d '\r' >"$shown"
-  if ! diff "$transcript" "$shown"; then
+  if ! diff <(cat "$transcript"/*.txt) "$shown"; then
     echo "quillctl, pass $2: the output differs from $transcript (< expected, > actual)"
     return 1
   fi
@@ -130,8 +130,8 @@ compare_transcript() {
 
 # check_demo QUILLCTL: compares `demo` of an installed quillctl with the first run of the transcript.
 check_demo() {
-  if ! "$1" demo 2>&1 | diff <(sed '1d; /^status/,$d' "$transcript") -; then
-    echo "$1 demo: the output differs from $transcript (< expected, > actual)"
+  if ! "$1" demo 2>&1 | diff <(sed '1d; /^status/,$d' "$transcript/demo.txt") -; then
+    echo "$1 demo: the output differs from $transcript/demo.txt (< expected, > actual)"
     return 1
   fi
   echo "the demo of the installed quillctl matches the transcript"

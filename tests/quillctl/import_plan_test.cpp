@@ -1,4 +1,4 @@
-// What the transcript in quillctl.txt cannot show: lines with control characters or of any length.
+// What the transcript cannot show: lines with control characters or of any length.
 
 #include "quillctl/import_plan.h"
 
