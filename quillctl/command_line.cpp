@@ -1,5 +1,6 @@
 #include "quillctl/command_line.h"
 
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <vector>
@@ -8,6 +9,7 @@
 #include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
 #include "quillctl/password.h"
+#include "quillctl/suggestion.h"
 #include "toolkit/version.h"
 
 namespace quillctl {
@@ -24,55 +26,81 @@ constexpr const char* kFooter =
     "\n"
     "Exit status:\n"
     "  0  success\n"
-    "  1  the appliance or the library refused the operation, a key or an item does not exist, a\n"
-    "     check failed, the command was interrupted or not confirmed, or a file or the output\n"
-    "     cannot be written\n"
-    "  2  the command line or an input file is invalid\n"
-    "  3  some rows of a file were not imported\n"
+    "  1  the appliance or the library refused the operation, a check failed, the user did not\n"
+    "     confirm, or a file or the output cannot be written\n"
+    "  2  the command line or an input file is invalid, or --yes is missing without a terminal\n"
+    "  3  only a part was done: some rows were not imported, some changes were not made, or the\n"
+    "     command was interrupted\n"
     "  4  the login failed: the appliance cannot be reached, or it refused the account\n"
-    "  5  it is unknown which rows an import added: the address book could not be read";
+    "  5  it is unknown what a command changed: the result cannot be read\n"
+    "  6  something that the command names does not exist on the appliance\n"
+    "  7  config diff: the appliance differs from the file";
 
 constexpr const char* kCommandFooter =
     "\nFor the login options and the exit statuses, see quillctl --help";
 
-// An example for the help of a command.
-struct Example {
-  const char* command;
-  const char* arguments;
+// Returns the command line that prints the help of the program or a command.
+std::string HelpOf(const CLI::App& command) {
+  std::string words;
+  for (const CLI::App* each = &command; each != nullptr; each = each->get_parent()) {
+    words.insert(0, each->get_name() + ' ');
+  }
+  return words + "--help";
+}
+
+// Examples for the help of commands.
+constexpr const char* kExamples[] = {
+    "info --host quillbox.example",
+    "check --host quillbox.example --write",
+    "key list --json",
+    "key add Accounting",
+    "key rename Archive Records",
+    "key delete Accounting",
+    "item list Desks",
+    "item find Inv",
+    "item show Desks Agnes",
+    "item add Desks Dora --address 10.0.4.24 --path /inbox",
+    "item edit Desks Agnes --address 10.0.4.25",
+    "item rename Desks Ewa \"Ewa Lind\"",
+    "item move Desks Ewa --to Workshop",
+    "item delete Desks Ewa",
+    "config export keys.json",
+    "config diff keys.json",
+    "config apply keys.json --dry-run",
+    "entry list email --from \"All staff\" --limit 20",
+    "entry find email Moreau",
+    "entry import contacts.csv --format csv --map 2,10 --skip-header",
 };
-constexpr Example kExamples[] = {
-    {"info", "--host quillbox.example"},
-    {"check", "--host quillbox.example --write"},
-    {"keys", "--json"},
-    {"add-key", "Accounting"},
-    {"rename-key", "Archive Records"},
-    {"delete-key", "Accounting"},
-    {"items", "Desks"},
-    {"find", "Inv"},
-    {"add-item", "Desks Dora --address 10.0.4.24 --path /inbox"},
-    {"edit-item", "Desks Agnes --address 10.0.4.25"},
-    {"rename-item", "Desks Ewa \"Ewa Lind\""},
-    {"move", "Desks Ewa --to Workshop"},
-    {"delete-item", "Desks Ewa"},
-    {"export", "keys.json"},
-    {"apply", "keys.json --dry-run"},
-    {"import", "contacts.csv --format csv --map 2,10 --skip-header"},
-};
+
+// Returns the command that the example begins with.
+CLI::App* CommandOf(CLI::App& app, const std::string& example) {
+  CLI::App* command = &app;
+  for (const std::string& word : CLI::detail::split(example, ' ')) {
+    const std::vector<CLI::App*> commands = command->get_subcommands(nullptr);
+    const auto found = std::ranges::find(commands, word, &CLI::App::get_name);
+    if (found == commands.end()) break;
+    command = *found;
+  }
+  return command;
+}
+
+void AddCommandFooters(CLI::App& app) {
+  for (CLI::App* command : app.get_subcommands(nullptr)) {
+    command->footer(command->get_footer() + kCommandFooter);
+    AddCommandFooters(*command);
+  }
+}
 
 // Call this after all commands have been added.
 void AddHelpTexts(CLI::App& app) {
   app.footer(kFooter);
   app.set_version_flag("--version", kVersion, "Print the version and exit");
-  for (const Example& each : kExamples) {
-    CLI::App* command = app.get_subcommand(each.command);
+  for (const std::string example : kExamples) {
+    CLI::App* command = CommandOf(app, example);
     const std::string own = command->get_footer();
-    command->footer("Example: quillctl " + command->get_name() + ' ' + each.arguments + '\n' +
-                    (own.empty() ? "" : '\n' + own + '\n'));
+    command->footer("Example: quillctl " + example + '\n' + (own.empty() ? "" : '\n' + own + '\n'));
   }
-  for (CLI::App* command : app.get_subcommands(nullptr)) {
-    command->footer(command->get_footer() + kCommandFooter);
-    for (CLI::App* each : command->get_subcommands(nullptr)) each->footer(kCommandFooter);
-  }
+  AddCommandFooters(app);
 }
 
 class Parser {
@@ -85,7 +113,10 @@ class Parser {
   void AddCredentials();
   void ReadPassword();
 
-  std::string HelpOfMissingCommand() const;
+  const CLI::App& LastParsed() const;
+  bool MayBeSecret(const std::string& word) const;
+  std::string UnknownOption(const std::string& word) const;
+  std::string UnknownCommand(const std::string& word) const;
   std::string ErrorText(const CLI::ParseError& error) const;
 
   CLI::App app{"Manage the soft keys and address books of a Quillbox."};
@@ -93,6 +124,7 @@ class Parser {
   Credentials credentials;
   std::optional<std::string> passwordFile;
   bool passwordFromStdin = false;
+  std::vector<std::string> arguments;
 };
 
 Parser::Parser() {
@@ -101,15 +133,16 @@ Parser::Parser() {
   app.allow_windows_style_options(false);  // a path may begin with a slash
   app.require_subcommand(1);
   AddCredentials();
-  for (const auto add : {AddInfoCommand, AddCheckCommand, AddKeyCommands, AddItemCommands,
-                         AddKeySetCommands, AddBookCommands, AddEntryCommands, AddImportCommand,
-                         AddDemoCommand, AddCompletionCommand}) {
+  for (const auto add :
+       {AddInfoCommand, AddCheckCommand, AddKeyCommands, AddItemCommands, AddConfigCommands,
+        AddBookCommands, AddEntryCommands, AddDemoCommand, AddCompletionCommand}) {
     add(commands);
   }
   AddHelpTexts(app);
 }
 
 void Parser::Run(int argc, const char* const* argv) {
+  arguments.assign(argv, argv + argc);
   try {
     app.parse(argc, argv);
   } catch (const CLI::Success& help) {
@@ -138,7 +171,7 @@ void Parser::AddCredentials() {
       ->excludes(option)
       ->excludes(file);
   app.add_option("--third", credentials.third,
-                 "The third text of the account record, at most 255 characters");
+                 "The third text of the account record, at most 255 bytes");
 }
 
 void Parser::ReadPassword() {
@@ -153,33 +186,58 @@ void Parser::ReadPassword() {
   }
 }
 
-// If the command or its second word is missing, returns the command line whose help lists the
-// possible words; otherwise an empty text.
-std::string Parser::HelpOfMissingCommand() const {
-  const std::vector<CLI::App*> parsed = app.get_subcommands();
-  if (parsed.empty()) return "quillctl --help";
-  const CLI::App& command = *parsed.front();
-  const bool isGroup = !command.get_subcommands(nullptr).empty();
-  if (!isGroup || !command.get_subcommands().empty()) return {};
-  return "quillctl " + command.get_name() + " --help";
+// Returns the program, or the last command that was parsed: a command of the program, or one of its
+// group.
+const CLI::App& Parser::LastParsed() const {
+  const CLI::App* last = &app;
+  while (!last->get_subcommands().empty()) last = last->get_subcommands().front();
+  return *last;
+}
+
+// Returns whether the word comes after an option, so that it may be the password of a misspelt one.
+bool Parser::MayBeSecret(const std::string& word) const {
+  const auto found = std::ranges::find(arguments, word);
+  return found != arguments.begin() && (found - 1)->starts_with('-');
+}
+
+std::string Parser::UnknownOption(const std::string& word) const {
+  if (word.starts_with("--password")) return "unknown option that begins with --password";
+  if (!word.starts_with("--")) return "unknown option " + Quoted(word.substr(0, 2));
+  const std::string name = word.substr(0, word.find('='));
+  std::vector<std::string> names;
+  for (const CLI::App* each : {&LastParsed(), &app}) {
+    for (const CLI::Option* option : each->get_options()) {
+      if (option->nonpositional()) names.push_back("--" + option->get_lnames().front());
+    }
+  }
+  const std::string nearest = Nearest(name, names);
+  return "unknown option " + Quoted(name) +
+         (nearest.empty() ? "" : "; did you mean " + nearest + '?');
+}
+
+std::string Parser::UnknownCommand(const std::string& word) const {
+  std::vector<std::string> names;
+  for (const CLI::App* each : LastParsed().get_subcommands(nullptr)) {
+    names.push_back(each->get_name());
+  }
+  const std::string nearest = Nearest(word, names);
+  return "unknown command" + (MayBeSecret(word) ? "" : ' ' + Quoted(word)) + "; " +
+         (nearest.empty() ? "" : "did you mean " + nearest + "? ") + "see " + HelpOf(LastParsed());
 }
 
 // Messages of CLI11 quote unexpected arguments. One of them may be a password after a misspelt
 // option.
 std::string Parser::ErrorText(const CLI::ParseError& error) const {
   const std::vector<std::string> unexpected = app.remaining(true);
+  const bool isGroup = !LastParsed().get_subcommands(nullptr).empty();
   if (unexpected.empty()) {
-    const std::string help = HelpOfMissingCommand();
-    const bool isMissing = !help.empty() && error.get_name() == "RequiredError";
-    return isMissing ? "missing command; see " + help : error.what();
+    const bool isMissing = isGroup && error.get_name() == "RequiredError";
+    return isMissing ? "missing command; see " + HelpOf(LastParsed()) : error.what();
   }
   const std::string& first = unexpected.front();
-  if (first.starts_with("--password")) return "unknown option that begins with --password";
-  if (first.starts_with("--")) return "unknown option " + Quoted(first.substr(0, first.find('=')));
-  if (first.starts_with('-')) return "unknown option " + Quoted(first.substr(0, 2));
-  const std::string help = HelpOfMissingCommand();
-  if (!help.empty()) return "unknown command; see " + help;
-  return "unexpected argument; quote arguments that contain spaces";
+  if (first.starts_with('-')) return UnknownOption(first);
+  return isGroup ? UnknownCommand(first)
+                 : "unexpected argument; quote arguments that contain spaces";
 }
 
 }  // namespace

@@ -1,12 +1,13 @@
 #include "quillctl/commands.h"
 
+#include <charconv>
 #include <utility>
 
 namespace quillctl {
 namespace {
 
 std::string NameFault(const std::string& name) {
-  return name.empty() || name.size() > 31 ? "a name must have 1 to 31 characters" : "";
+  return name.empty() || name.size() > 31 ? "a name must have 1 to 31 bytes" : "";
 }
 
 }  // namespace
@@ -28,6 +29,22 @@ Commands Commands::AddGroup(const char* name, const char* help) {
   CLI::App* group = app.add_subcommand(name, help);
   group->require_subcommand(1);
   return {*group, parsed};
+}
+
+CLI::Validator NumberInRange(std::uint32_t min, std::uint32_t max) {
+  const auto fault = [min, max](const std::string& text) {
+    std::string_view digits = text;
+    const bool isHexadecimal = digits.starts_with("0x");
+    if (isHexadecimal) digits.remove_prefix(2);
+    std::uint32_t number = 0;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number,
+                                              isHexadecimal ? 16 : 10);
+    const bool isNumber = error == std::errc() && end == digits.data() + digits.size();
+    return isNumber && number >= min && number <= max
+               ? std::string()
+               : "not a number from " + std::to_string(min) + " to " + std::to_string(max);
+  };
+  return {fault, "", "number"};
 }
 
 CLI::Option* AsName(CLI::Option* option) {

@@ -5,6 +5,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -43,11 +44,24 @@ class Commands {
   std::shared_ptr<Action> parsed;
 };
 
+// Returns a check of a number's text. The error message gives the range.
+CLI::Validator NumberInRange(std::uint32_t min, std::uint32_t max);
+
 // Requires the name of a key, an item or an entry as the option's value.
 CLI::Option* AsName(CLI::Option* option);
 
 // Adds a positional argument that names a key, an item or an entry.
 CLI::Option* AddName(CLI::App* command, const char* title, std::string& into, const char* help);
+
+// Adds an option whose value is a number from `min` to `max`, in decimal or, after "0x", in
+// hexadecimal digits. Number is an unsigned integer, or an optional one.
+template <class Number>
+CLI::Option* AddNumber(CLI::App* command, const char* title, Number& into, const char* help,
+                       std::uint32_t min, std::uint32_t max) {
+  return command->add_option(title, into, help)
+      ->type_name("NUMBER")
+      ->check(NumberInRange(min, max));
+}
 
 // Adds --json.
 void AddJson(CLI::App* command, bool& into);
@@ -55,14 +69,16 @@ void AddJson(CLI::App* command, bool& into);
 // Add the commands of each family.
 void AddKeyCommands(Commands& commands);
 void AddItemCommands(Commands& commands);
-void AddKeySetCommands(Commands& commands);
 void AddBookCommands(Commands& commands);
 void AddEntryCommands(Commands& commands);
-void AddImportCommand(Commands& commands);
+void AddConfigCommands(Commands& commands);
 void AddCheckCommand(Commands& commands);
 void AddInfoCommand(Commands& commands);
 void AddDemoCommand(Commands& commands);
 void AddCompletionCommand(Commands& commands);
+
+// Adds `entry import`.
+void AddImportCommand(Commands& entry);
 
 }  // namespace quillctl
 

@@ -144,7 +144,7 @@ class DirectoryRow {
     if (value.starts_with(':')) SetFault(valueOnPreviousLine + " is encoded (double colon)");
     if (text.substr(text.find(':') + 1) == value) return;
     SetFault(valueOnPreviousLine + " is longer than " +
-             std::to_string(quillkit::EmailScriptBook().widths[field]) + " characters");
+             std::to_string(quillkit::EmailScriptBook().widths[field]) + " bytes");
   }
 
   ImportRow row;

@@ -109,9 +109,9 @@ void FindEntries(const Session& session, const Arguments& arguments) {
   });
   if (arguments.json || !printer.IsEmpty()) printer.Finish();
   if (!printer.IsEmpty()) return;
-  throw Refusal("the " + std::string(book.title) +
-                (arguments.wholeName ? " has no entry " : " has no entry that begins with ") +
-                Quoted(arguments.name));
+  throw NotFound("the " + std::string(book.title) +
+                 (arguments.wholeName ? " has no entry " : " has no entry that begins with ") +
+                 Quoted(arguments.name));
 }
 
 std::uint32_t CountOf(const Session& session, const AddressBook& book) {
@@ -138,11 +138,7 @@ void ListBooks(const Session& session, const Arguments& arguments) {
   PrintList(table, books, arguments.json);
 }
 
-std::string LimitFault(const std::string& text) {
-  const bool isNumber = text.find_first_not_of("0123456789") == text.npos;
-  const bool isZero = text.find_first_not_of('0') == text.npos;
-  return isNumber && !isZero && text.size() <= 6 ? "" : "not a number from 1 to 999999";
-}
+constexpr std::uint32_t kMaxLimit = 999'999;
 
 using Run = void (*)(const Session&, const Arguments&);
 
@@ -167,13 +163,12 @@ void AddBookCommands(Commands& commands) {
 }
 
 void AddEntryCommands(Commands& commands) {
-  Commands entry = commands.AddGroup("entry", "List, find and count entries of an address book");
+  Commands entry =
+      commands.AddGroup("entry", "List, find, count and import entries of an address book");
   auto a = std::make_shared<Arguments>();
   CLI::App* list = AddEntryCommand(entry, "list", "List the entries in order", ListEntries, a);
   AsName(list->add_option("--from", a->from, "List the entries after this name"));
-  list->add_option("--limit", a->limit, "List at most this number of entries")
-      ->type_name("NUMBER")
-      ->check(LimitFault, "");
+  AddNumber(list, "--limit", a->limit, "List at most this number of entries", 1, kMaxLimit);
   AddJson(list, a->json);
   list->add_flag("--json-lines", a->jsonLines, "Print each entry as JSON on a line of its own")
       ->excludes(list->get_option("--json"));
@@ -186,6 +181,7 @@ void AddEntryCommands(Commands& commands) {
 
   AddEntryCommand(entry, "count", "Print the number of entries", CountEntries,
                   std::make_shared<Arguments>());
+  AddImportCommand(entry);
 }
 
 }  // namespace quillctl

@@ -1,5 +1,6 @@
 #include "quillctl/failures.h"
 
+#include "bridge/status.h"
 #include "toolkit/quillkit.h"
 
 namespace quillctl {
@@ -47,7 +48,10 @@ std::string CodeAndText(std::int32_t status) {
 }
 
 void RequireSuccess(std::int32_t status, std::string_view what) {
-  if (status != 0) throw Refusal("cannot " + std::string(what) + ": " + CodeAndText(status));
+  if (status == 0) return;
+  const bool isMissing = status == quillkit::kNoSuchBook || status == quillkit::kDataNotFound;
+  throw Refusal("cannot " + std::string(what) + ": " + CodeAndText(status),
+                isMissing ? kExitNotFound : kExitRefused);
 }
 
 void RequireStatus(std::int32_t status, std::int32_t expected) {

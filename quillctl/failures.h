@@ -1,5 +1,5 @@
-// The exceptions that commands throw on failure. The text is shown to the user; the type determines
-// the exit status. Only the functions below turn results of the library into exceptions.
+// The exceptions that commands throw on failure. The text is shown to the user; each type has its
+// exit status. Only the functions below turn results of the library into exceptions.
 
 #ifndef QUILLCTL_FAILURES_H_
 #define QUILLCTL_FAILURES_H_
@@ -17,37 +17,69 @@ inline constexpr int kExitUsage = 2;
 inline constexpr int kExitPartial = 3;
 inline constexpr int kExitNoLogin = 4;
 inline constexpr int kExitUnknown = 5;
+inline constexpr int kExitNotFound = 6;
+inline constexpr int kExitDiffers = 7;
 
-// The appliance or the library refused, something named does not exist, or writing failed.
-class Refusal : public std::runtime_error {
-  using runtime_error::runtime_error;
+// A failure with its exit status.
+class Failure : public std::runtime_error {
+ public:
+  Failure(const std::string& text, int exitStatus) : runtime_error(text), status(exitStatus) {}
+
+  int ExitStatus() const { return status; }
+
+ private:
+  int status;
+};
+
+// The appliance, the library or the user refused, a check failed, or a file cannot be written.
+class Refusal : public Failure {
+ public:
+  explicit Refusal(const std::string& text, int exitStatus = kExitRefused)
+      : Failure(text, exitStatus) {}
+};
+
+// Something that the command line names does not exist on the appliance.
+class NotFound : public Refusal {
+ public:
+  explicit NotFound(const std::string& text) : Refusal(text, kExitNotFound) {}
 };
 
 // The login failed: the appliance cannot be reached, or it refused the account.
 class LoginRefusal : public Refusal {
-  using Refusal::Refusal;
+ public:
+  explicit LoginRefusal(const std::string& text) : Refusal(text, kExitNoLogin) {}
 };
 
 // The command line or an input file is invalid.
-class UsageError : public std::runtime_error {
-  using runtime_error::runtime_error;
+class UsageError : public Failure {
+ public:
+  explicit UsageError(const std::string& text) : Failure(text, kExitUsage) {}
 };
 
-// Some rows of a file were not imported.
-class PartialFailure : public std::runtime_error {
-  using runtime_error::runtime_error;
+// Some changes were made and others not, or some rows were not imported.
+class PartialFailure : public Failure {
+ public:
+  explicit PartialFailure(const std::string& text) : Failure(text, kExitPartial) {}
 };
 
 // The appliance may have made a change, but the result cannot be read.
-class UnknownResult : public std::runtime_error {
-  using runtime_error::runtime_error;
+class UnknownResult : public Failure {
+ public:
+  explicit UnknownResult(const std::string& text) : Failure(text, kExitUnknown) {}
+};
+
+// The appliance differs from the file that it was compared with.
+class Differs : public Failure {
+ public:
+  explicit Differs(const std::string& text) : Failure(text, kExitDiffers) {}
 };
 
 // Returns "code 14, Name Conflict" for a status. For local codes, which are negative and have no
 // text in the library, the text is defined here.
 std::string CodeAndText(std::int32_t status);
 
-// Throws a Refusal "cannot `what`: code 14, Name Conflict" unless the status is 0.
+// Throws a Refusal "cannot `what`: code 14, Name Conflict" unless the status is 0. Its exit
+// status is kExitNotFound if the server has no such book or no such entry.
 void RequireSuccess(std::int32_t status, std::string_view what);
 
 // Throws a Refusal that gives both codes unless the status is the expected one.

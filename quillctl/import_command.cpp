@@ -9,6 +9,7 @@
 
 #include "quillctl/address_books.h"
 #include "quillctl/commands.h"
+#include "quillctl/confirmation.h"
 #include "quillctl/failures.h"
 #include "quillctl/import_plan.h"
 #include "quillctl/import_report.h"
@@ -116,6 +117,10 @@ void Import(ImportPlan& plan, const ImportRequest& request, const Session& sessi
         "cannot import " + file + ": the " + std::string(plan.Books().front().title) +
         " cannot be read completely, so the result could not be verified; nothing was sent");
   }
+  if (request.clearFirst) {
+    Confirm(request.yes, "Clear the " + std::string(plan.Books().front().title) + " and import " +
+                             std::to_string(sent) + " rows?");
+  }
   const DeferredTermination untilReported;
   const std::int32_t status = plan.Send(session.Scanner());
   const Contents now = ReadAll(plan.Books(), scanner);
@@ -174,10 +179,6 @@ constexpr const char* kFooter =
     "Invalid rows are reported and not sent. The exit status is 3 if some rows were not imported, "
     "and 5 if the address book cannot be read afterwards.";
 
-std::string CountFault(const std::string& text) {
-  return text.find_first_not_of("0123456789") != text.npos ? "not a number" : "";
-}
-
 std::string PathFault(const std::string& path) {
   return path.empty() ? "the file name is empty" : "";
 }
@@ -190,10 +191,10 @@ void ImportInSession(const ImportRequest& request, const Session& session) {
   Import(plan, request, session);
 }
 
-void AddImportCommand(Commands& commands) {
+void AddImportCommand(Commands& entry) {
   const auto request = std::make_shared<ImportRequest>();
   ImportRequest& into = *request;
-  CLI::App* import = commands.AddWithoutLogin(
+  CLI::App* import = entry.AddWithoutLogin(
       "import", "Import a file into an address book",
       [request](const Credentials& credentials) { RunImport(*request, credentials); });
   import->footer(kFooter);
@@ -201,16 +202,16 @@ void AddImportCommand(Commands& commands) {
   import->add_option("--format", into.format, "The format of the file")
       ->required()
       ->check(CLI::IsMember(ImportFormatWords()));
-  import->add_option("--target", into.target, "csv only: the book (default: email)")
+  import->add_option("--book", into.target, "csv only: the book (default: email)")
       ->check(CLI::IsMember(BookWords()));
   import->add_option("--map", into.map, kMapHelp);
   import->add_flag("--skip-header", into.skipHeader,
                    "csv only: skip the first line that is not blank");
   import->add_flag("--clear", into.clearFirst,
                    "csv only: clear the book first; requires ADMINISTRATOR");
-  import->add_option("--show", into.shown, "The number of new entries to show")
-      ->check(CountFault, "")
+  AddNumber(import, "--show", into.shown, "The number of new entries to show", 0, UINT32_MAX)
       ->capture_default_str();
+  AddYes(import, into.yes);
   import
       ->add_option("--rejects", into.rejects,
                    "Write the rows that are not imported to this file, unchanged")

@@ -29,7 +29,7 @@ class EntryRules {
  private:
   std::string FieldFault(std::size_t field, std::string_view value) const {
     const std::size_t width = script.widths[field];
-    if (value.size() > width) return "is longer than " + std::to_string(width) + " characters";
+    if (value.size() > width) return "is longer than " + std::to_string(width) + " bytes";
     if (value.find('\n') != value.npos) {
       return "is not followed by \"%\", a comma or a double quote";
     }

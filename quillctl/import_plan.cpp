@@ -98,7 +98,7 @@ void ImportPlan::PrepareDelimited(const ImportRequest& request) {
 
 void ImportPlan::PrepareOther(const ImportRequest& request) {
   if (request.skipHeader || request.clearFirst || !request.target.empty() || !request.map.empty()) {
-    throw UsageError("--target, --map, --skip-header and --clear require --format csv");
+    throw UsageError("--book, --map, --skip-header and --clear require --format csv");
   }
   if (IsScript() && (request.json || !request.rejects.empty())) {
     throw UsageError("--json and --rejects do not apply to --format script");

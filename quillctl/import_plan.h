@@ -25,6 +25,7 @@ struct ImportRequest {
   std::string map = {};     // the text of a ColumnMap
   bool skipHeader = false;  // implied by a map with headings
   bool clearFirst = false;
+  bool yes = false;              // clear the book without confirmation
   std::size_t shown = 5;         // how many new entries are shown
   std::size_t faultsShown = 20;  // how many rejected rows are listed
   std::string rejects = {};      // the file for rejected rows; empty for none

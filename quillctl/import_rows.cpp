@@ -114,7 +114,7 @@ std::string LineFault(std::string_view text) {
   if (text.find('\0') != text.npos) return kNul;
   if (text.find('\r') != text.npos) return kBareReturn;
   if (text.size() < LineReader::kMaxLine) return {};
-  return "the line is longer than " + std::to_string(LineReader::kMaxLine - 1) + " characters";
+  return "the line is longer than " + std::to_string(LineReader::kMaxLine - 1) + " bytes";
 }
 
 ImportRows DelimitedRows(std::string_view text, std::span<const std::int32_t> columns,

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "quillctl/commands.h"
+#include "quillctl/confirmation.h"
 #include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
 #include "quillctl/json_output.h"
@@ -43,9 +44,9 @@ void AddMatches(FoundItems& found, quillkit::CSoftKey* key, const std::string& p
   }
 }
 
-Refusal NoItem(const std::string& key, const std::string& name) {
-  return Refusal("the key " + Quoted(key) + " has no item " + Quoted(name) +
-                 "; see quillctl items");
+NotFound NoItem(const std::string& key, const std::string& name) {
+  return NotFound("the key " + Quoted(key) + " has no item " + Quoted(name) +
+                  "; see quillctl item list");
 }
 
 // Returns the item of this name under a loaded key. Throws a Refusal if there is none.
@@ -98,11 +99,11 @@ void FindItems(const Session& session, const std::string& pattern, bool wholeNam
   for (std::int32_t i = 0; i < quillkit::GetCount(book); ++i) {
     AddMatches(found, quillkit::GetKeyAt(book, i), pattern, wholeName ? 1 : 0);
   }
+  if (json || !found.empty()) PrintItems(found, json);
   if (found.empty()) {
-    throw Refusal((wholeName ? "no item has the name " : "no item has a name that begins with ") +
-                  Quoted(pattern));
+    throw NotFound((wholeName ? "no item has the name " : "no item has a name that begins with ") +
+                   Quoted(pattern));
   }
-  PrintItems(found, json);
 }
 
 namespace {
@@ -145,9 +146,20 @@ void EditItem(const Session& session, const std::string& key, const std::string&
   std::cout << "Changed " << what << ".\n";
 }
 
-void DeleteItem(const Session& session, const std::string& key, const std::string& name) {
+void ShowItem(const Session& session, const std::string& key, const std::string& name, bool json) {
+  const ItemFields item = ItemOf(FindKey(session.LoadKeys(true), key), name);
+  if (json) {
+    PrintJson(ShownItem(key, item));
+  } else {
+    PrintItems({{key, item}}, false);
+  }
+}
+
+void DeleteItem(const Session& session, const std::string& key, const std::string& name, bool yes) {
   quillkit::CSoftKey* found = FindKey(session.LoadKeys(true), key);
+  ItemOf(found, name);
   const std::string what = DescribedItem(name, key);
+  Confirm(yes, "Delete " + what + '?');
   RequireSuccess(quillkit::DeleteMenuItem(found, name, 0), "delete " + what);
   std::cout << "Deleted " << what << ".\n";
 }
@@ -191,9 +203,9 @@ void MoveToKey(const Session& session, const std::string& key, const std::string
   if (status != 0 ||
       HasItem(session, key, name,
               "added " + moved + ", but cannot check that it was deleted under " + Quoted(key))) {
-    throw Refusal("cannot delete " + DescribedItem(name, key) + ": " +
-                  (status != 0 ? CodeAndText(status) : "the appliance reports success") +
-                  "; the item is now under both keys");
+    throw PartialFailure("cannot delete " + DescribedItem(name, key) + ": " +
+                         (status != 0 ? CodeAndText(status) : "the appliance reports success") +
+                         "; the item is now under both keys");
   }
   std::cout << "Moved " << DescribedItem(name, key) << " to the key " << Quoted(target) << ".\n";
 }
@@ -210,72 +222,96 @@ struct Arguments {
   ItemEdit edit;
   bool wholeName = false;
   bool json = false;
+  bool yes = false;
 };
+using Run = void (*)(const Session&, const Arguments&);
+
+// Adds a command whose arguments are a key and an item. It logs in and calls `run`.
+CLI::App* AddItemCommand(Commands& items, const char* name, const char* help, Run run,
+                         const std::shared_ptr<Arguments>& a) {
+  CLI::App* command = items.Add(name, help, [a, run](Session& session) { run(session, *a); });
+  AddName(command, "key", a->key, kKeyHelp);
+  AddName(command, "name", a->name, kItemHelp);
+  return command;
+}
 
 // Adds options for all fields of an item except its name. Fields is ItemFields or ItemEdit.
 template <class Fields>
 void AddItemOptions(CLI::App* command, Fields& into) {
-  command->add_option("--address", into.address, "The address, at most 255 characters");
-  command->add_option("--path", into.path, "The path, at most 127 characters");
-  command->add_option("--application", into.appTag, "The application tag, at most 127 characters");
-  command->add_option("--file-format", into.fileFormat, "The file format")->type_name("NUMBER");
-  command->add_option("--settings", into.settings, "The settings, for example 65538 or 0x10002")
-      ->type_name("NUMBER");
+  command->add_option("--address", into.address, "The address, at most 255 bytes");
+  command->add_option("--path", into.path, "The path, at most 127 bytes");
+  command->add_option("--application", into.appTag, "The application tag, at most 127 bytes");
+  AddNumber(command, "--file-format", into.fileFormat, "The file format", 0, UINT32_MAX);
+  AddNumber(command, "--settings", into.settings, "The settings, for example 65538 or 0x10002", 0,
+            UINT32_MAX);
 }
 
-void AddListCommands(Commands& commands) {
+void AddReadingCommands(Commands& items) {
   const auto a = std::make_shared<Arguments>();
-  CLI::App* items = commands.Add("items", "List the items under the soft keys",
-                                 [a](Session& s) { ShowItems(s, a->key, a->json); });
-  AddName(items, "key", a->key, "The soft key (default: all keys)")->required(false);
-  AddJson(items, a->json);
+  CLI::App* list = items.Add("list", "List the items under the soft keys",
+                             [a](Session& s) { ShowItems(s, a->key, a->json); });
+  AddName(list, "key", a->key, "The soft key (default: all keys)")->required(false);
+  AddJson(list, a->json);
 
-  const auto f = std::make_shared<Arguments>();
-  CLI::App* find = commands.Add("find", "Find items by name under all soft keys",
-                                [f](Session& s) { FindItems(s, f->name, f->wholeName, f->json); });
-  find->add_option("pattern", f->name, "The name or its beginning")->required();
-  find->add_flag("--whole", f->wholeName, "Match the whole name only");
-  AddJson(find, f->json);
+  CLI::App* find = items.Add("find", "Find items by name under all soft keys",
+                             [a](Session& s) { FindItems(s, a->name, a->wholeName, a->json); });
+  find->add_option("pattern", a->name, "The name or its beginning")->required();
+  find->add_flag("--whole", a->wholeName, "Match the whole name only");
+  AddJson(find, a->json);
+
+  AddJson(AddItemCommand(
+              items, "show", "Show an item",
+              [](const Session& s, const Arguments& each) {
+                ShowItem(s, each.key, each.name, each.json);
+              },
+              a),
+          a->json);
 }
 
-void AddMoveCommand(Commands& commands) {
+void AddChangingCommands(Commands& items) {
   const auto a = std::make_shared<Arguments>();
-  CLI::App* move = commands.Add("move", "Move an item to another soft key",
-                                [a](Session& s) { MoveToKey(s, a->key, a->name, a->newName); });
-  AddName(move, "key", a->key, kKeyHelp);
-  AddName(move, "name", a->name, kItemHelp);
+  CLI::App* add = items.Add("add", "Add an item under a soft key",
+                            [a](Session& s) { AddItem(s, a->key, a->item); });
+  AddName(add, "key", a->key, kKeyHelp);
+  AddName(add, "name", a->item.name, kItemHelp);
+  AddItemOptions(add, a->item);
+
+  CLI::App* edit = AddItemCommand(
+      items, "edit", "Change fields of an item",
+      [](const Session& s, const Arguments& each) { EditItem(s, each.key, each.name, each.edit); },
+      a);
+  AsName(edit->add_option("--name", a->edit.name, "The new name"));
+  AddItemOptions(edit, a->edit);
+
+  CLI::App* rename = items.Add("rename", "Rename an item",
+                               [a](Session& s) { RenameItem(s, a->key, a->name, a->newName); });
+  AddName(rename, "key", a->key, kKeyHelp);
+  AddName(rename, "old", a->name, kItemHelp);
+  AddName(rename, "new", a->newName, "The new name");
+
+  CLI::App* move = AddItemCommand(
+      items, "move", "Move an item to another soft key",
+      [](const Session& s, const Arguments& each) {
+        MoveToKey(s, each.key, each.name, each.newName);
+      },
+      a);
   AsName(move->add_option("--to", a->newName, "The other soft key")->required());
+
+  AddYes(AddItemCommand(
+             items, "delete", "Delete an item",
+             [](const Session& s, const Arguments& each) {
+               DeleteItem(s, each.key, each.name, each.yes);
+             },
+             a),
+         a->yes);
 }
 
 }  // namespace
 
 void AddItemCommands(Commands& commands) {
-  AddListCommands(commands);
-  const auto a = std::make_shared<Arguments>();
-  CLI::App* add = commands.Add("add-item", "Add an item under a soft key",
-                               [a](Session& s) { AddItem(s, a->key, a->item); });
-  AddName(add, "key", a->key, kKeyHelp);
-  AddName(add, "name", a->item.name, kItemHelp);
-  AddItemOptions(add, a->item);
-
-  CLI::App* edit = commands.Add("edit-item", "Change fields of an item",
-                                [a](Session& s) { EditItem(s, a->key, a->name, a->edit); });
-  AddName(edit, "key", a->key, kKeyHelp);
-  AddName(edit, "name", a->name, kItemHelp);
-  AsName(edit->add_option("--name", a->edit.name, "The new name"));
-  AddItemOptions(edit, a->edit);
-
-  CLI::App* rename = commands.Add("rename-item", "Rename an item",
-                                  [a](Session& s) { RenameItem(s, a->key, a->name, a->newName); });
-  AddName(rename, "key", a->key, kKeyHelp);
-  AddName(rename, "old", a->name, kItemHelp);
-  AddName(rename, "new", a->newName, "The new name");
-
-  AddMoveCommand(commands);
-  CLI::App* remove = commands.Add("delete-item", "Delete an item",
-                                  [a](Session& s) { DeleteItem(s, a->key, a->name); });
-  AddName(remove, "key", a->key, kKeyHelp);
-  AddName(remove, "name", a->name, kItemHelp);
+  Commands items = commands.AddGroup("item", "List, find and change the items of soft keys");
+  AddReadingCommands(items);
+  AddChangingCommands(items);
 }
 
 }  // namespace quillctl

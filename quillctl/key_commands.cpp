@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "quillctl/commands.h"
+#include "quillctl/confirmation.h"
 #include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
 #include "quillctl/json_output.h"
@@ -56,23 +57,28 @@ void AddKeyCommands(Commands& commands) {
     std::string name;
     std::string newName;
     bool json = false;
+    bool yes = false;
   };
+  Commands keys = commands.AddGroup("key", "List, add, rename and delete soft keys");
   const auto a = std::make_shared<Arguments>();
-  AddJson(commands.Add("keys", "List the soft keys", [a](Session& s) { ShowKeys(s, a->json); }),
+  AddJson(keys.Add("list", "List the soft keys", [a](Session& s) { ShowKeys(s, a->json); }),
           a->json);
 
-  CLI::App* add =
-      commands.Add("add-key", "Add a soft key", [a](Session& s) { AddKey(s, a->name); });
+  CLI::App* add = keys.Add("add", "Add a soft key", [a](Session& s) { AddKey(s, a->name); });
   AddName(add, "name", a->name, "The name of the key");
 
-  CLI::App* rename = commands.Add("rename-key", "Rename a soft key",
-                                  [a](Session& s) { RenameKey(s, a->name, a->newName); });
+  CLI::App* rename = keys.Add("rename", "Rename a soft key",
+                              [a](Session& s) { RenameKey(s, a->name, a->newName); });
   AddName(rename, "old", a->name, "The name of the key");
   AddName(rename, "new", a->newName, "The new name");
 
-  CLI::App* remove = commands.Add("delete-key", "Delete a soft key and its items",
-                                  [a](Session& s) { DeleteKey(s, a->name); });
+  CLI::App* remove = keys.Add("delete", "Delete a soft key and its items", [a](Session& s) {
+    FindKey(s.LoadKeys(false), a->name);
+    Confirm(a->yes, "Delete the key " + Quoted(a->name) + " with its items?");
+    DeleteKey(s, a->name);
+  });
   AddName(remove, "name", a->name, "The name of the key");
+  AddYes(remove, a->yes);
 }
 
 }  // namespace quillctl

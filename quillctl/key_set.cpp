@@ -58,7 +58,8 @@ std::string DescribedChanges(const ItemFields& before, const ItemFields& after) 
 
 quillkit::CSoftKey* FindKey(quillkit::CTopLevelAB* book, const std::string& name) {
   const std::int32_t index = quillkit::FindSoftKeyIndex(book, name);
-  if (index < 0) throw Refusal("no soft key has the name " + Quoted(name) + "; see quillctl keys");
+  if (index < 0)
+    throw NotFound("no soft key has the name " + Quoted(name) + "; see quillctl key list");
   return quillkit::GetKeyAt(book, index);
 }
 
@@ -120,7 +121,7 @@ OwnedItem MakeItem(const ItemFields& fields) {
   for (const ItemText& each : kItemTexts) {
     if (each.store(made, fields.*each.field) == 1) continue;
     throw Refusal("the item's " + std::string(each.title) + " is longer than " +
-                  std::to_string(each.limit) + " characters");
+                  std::to_string(each.limit) + " bytes");
   }
   quillkit::SetFileFormat(made, fields.fileFormat);
   quillkit::SetSettings(made, fields.settings);

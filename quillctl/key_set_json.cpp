@@ -150,7 +150,7 @@ class Reader {
     if (isLatin1) text = Latin1FromUtf8(text, what);
     if (text.find('\0') != text.npos) throw UsageError(what + " contains a NUL character");
     if (text.size() <= limit) return text;
-    throw UsageError(what + " is longer than " + std::to_string(limit) + " characters");
+    throw UsageError(what + " is longer than " + std::to_string(limit) + " bytes");
   }
 
   static std::uint32_t Number(const Json& object, const char* member, const std::string& where) {

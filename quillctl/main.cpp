@@ -27,10 +27,10 @@ int PrintError(const char* text, int status) {
   return status;
 }
 
-// Returns the status, or kExitRefused if the output of the command could not be written.
-int FinalStatus(int status) {
+// Returns kExitSuccess, or kExitRefused if the output of the command could not be written.
+int StatusOfOutput() {
   std::cout.flush();
-  if (std::cout) return status;
+  if (std::cout) return kExitSuccess;
   return PrintError("cannot write to standard output; the command itself was executed",
                     kExitRefused);
 }
@@ -42,15 +42,9 @@ int main(int argc, char** argv) {
   const quillctl::RunningLibrary library;
   try {
     quillctl::RunCommandLine(argc, argv);
-    return quillctl::FinalStatus(quillctl::kExitSuccess);
-  } catch (const quillctl::UsageError& error) {
-    return quillctl::PrintError(error.what(), quillctl::kExitUsage);
-  } catch (const quillctl::PartialFailure& error) {
-    return quillctl::FinalStatus(quillctl::PrintError(error.what(), quillctl::kExitPartial));
-  } catch (const quillctl::UnknownResult& error) {
-    return quillctl::FinalStatus(quillctl::PrintError(error.what(), quillctl::kExitUnknown));
-  } catch (const quillctl::LoginRefusal& error) {
-    return quillctl::PrintError(error.what(), quillctl::kExitNoLogin);
+    return quillctl::StatusOfOutput();
+  } catch (const quillctl::Failure& error) {
+    return quillctl::PrintError(error.what(), error.ExitStatus());
   } catch (const std::exception& error) {
     return quillctl::PrintError(error.what(), quillctl::kExitRefused);
   }

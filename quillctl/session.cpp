@@ -12,9 +12,9 @@ namespace {
 std::string LoginFault(const Credentials& credentials) {
   const std::int32_t status = quillkit::GetLastToolkitError();
   if (status != 0) return CodeAndText(status);
-  if (credentials.user.size() > 31) return "the user name has more than 31 characters";
-  if (credentials.password->size() > 15) return "the password has more than 15 characters";
-  if (credentials.third.size() > 255) return "the third text has more than 255 characters";
+  if (credentials.user.size() > 31) return "the user name has more than 31 bytes";
+  if (credentials.password->size() > 15) return "the password has more than 15 bytes";
+  if (credentials.third.size() > 255) return "the third text has more than 255 bytes";
   return "this address is invalid for an appliance";
 }
 

@@ -48,10 +48,11 @@ check_completion() {
   ' bash "$1" <<'END'
 inf:info
 --pass:--password --password-file --password-stdin
-apply --y:--yes
+config apply --y:--yes
 --user keys completion f:fish
-import --format m:mail
-rename-item --host i:
+entry import --format m:mail
+item rename --host i:
+ke:key
 entry l:list
 entry list p:printers private
 END
@@ -145,7 +146,7 @@ check_manual() {
   offered=$(offers "$1/quillctl") || return 1
   if ! diff <(echo "$offered") <(awk '
     /^\.Sh/ { command = $2 == "OPTIONS" ? "quillctl" : "" }
-    /^\.It Ic/ { command = $3 ~ /^(book|entry)$/ ? $3 " " $4 : $3; print command }
+    /^\.It Ic/ { command = $3 ~ /^(key|item|book|entry|config)$/ ? $3 " " $4 : $3; print command }
     /^\.It/ && command != "" {
       for (i = 2; i < NF; ++i) if ($i == "Fl" && $(i + 1) ~ /^-/) print command, "-" $(i + 1)
     }' "$page" | sort -u); then

@@ -1,12 +1,22 @@
-// Standard input as a terminal.
+// Standard input and standard error as a terminal.
 
 #ifndef QUILLCTL_SYSTEM_TERMINAL_H_
 #define QUILLCTL_SYSTEM_TERMINAL_H_
+
+#include <cstddef>
+#include <string>
 
 namespace quillctl {
 
 // Returns whether standard input is a terminal.
 bool StdinIsTerminal();
+
+// Reads a line that the user types, and returns it without its end; empty at the end of the input.
+// Keeps the session alive meanwhile. REQUIRES: standard input is a terminal.
+std::string ReadLineFromTerminal();
+
+// Returns the width of the terminal in columns; 0 if standard error is not a terminal.
+std::size_t StderrColumns();
 
 // While this object exists, the terminal does not echo what is typed. The destructor restores the
 // echo, and so does Ctrl-C. The user cannot suspend the program during this time. If the program is

@@ -1,10 +1,15 @@
 #include "quillctl/system/terminal.h"
 
+#include <poll.h>
+#include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
 
+#include <cerrno>
+#include <iostream>
 #include <optional>
 
+#include "platform/posix/event_loop.h"
 #include "quillctl/system/posix/caught_signals.h"
 
 namespace quillctl {
@@ -36,6 +41,25 @@ std::optional<Actions> actions;  // set while the echo is off
 
 bool StdinIsTerminal() {
   return isatty(STDIN_FILENO) != 0;
+}
+
+// A terminal is readable when a whole line can be read.
+std::string ReadLineFromTerminal() {
+  pollfd sources[] = {{STDIN_FILENO, POLLIN, 0}, {QuillkitEventDescriptor(), POLLIN, 0}};
+  while (sources[0].revents == 0) {
+    if (poll(sources, std::size(sources), -1) < 0 && errno != EINTR) break;
+    QuillkitDispatchEvents();
+  }
+  std::string line;
+  std::getline(std::cin, line);
+  return line;
+}
+
+std::size_t StderrColumns() {
+  if (isatty(STDERR_FILENO) == 0) return 0;
+  winsize size = {};
+  const bool isKnown = ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col != 0;
+  return isKnown ? size.ws_col : 80;
 }
 
 // In the background, tcdrain stops the program until it is in the foreground. Until then the

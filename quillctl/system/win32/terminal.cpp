@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <iostream>
+
 namespace quillctl {
 namespace {
 
@@ -19,11 +21,36 @@ BOOL WINAPI RestoreEcho(DWORD) {
   return FALSE;
 }
 
+DWORD WINAPI ReadLineInto(void* line) {
+  std::getline(std::cin, *static_cast<std::string*>(line));
+  return 0;
+}
+
 }  // namespace
 
 bool StdinIsTerminal() {
   DWORD mode = 0;
   return GetConsoleMode(Input(), &mode) != 0;
+}
+
+// Reads on another thread, because the timers of the session need the messages of this one.
+std::string ReadLineFromTerminal() {
+  std::string line;
+  const HANDLE thread = CreateThread(nullptr, 0, ReadLineInto, &line, 0, nullptr);
+  if (thread == nullptr) return line;
+  while (MsgWaitForMultipleObjects(1, &thread, FALSE, INFINITE, QS_ALLINPUT) == WAIT_OBJECT_0 + 1) {
+    MSG message;
+    while (PeekMessage(&message, nullptr, 0, 0, PM_REMOVE) != 0) DispatchMessage(&message);
+  }
+  CloseHandle(thread);
+  if (line.ends_with('\r')) line.pop_back();
+  return line;
+}
+
+std::size_t StderrColumns() {
+  CONSOLE_SCREEN_BUFFER_INFO info;
+  const bool isConsole = GetConsoleScreenBufferInfo(GetStdHandle(STD_ERROR_HANDLE), &info) != 0;
+  return isConsole ? static_cast<std::size_t>(info.dwSize.X) : 0;
 }
 
 EchoOff::EchoOff() {

@@ -1,9 +1,11 @@
-// `quillctl export` and `quillctl apply`: save an appliance's key set to a file, and restore it.
+// `quillctl config`: saves the keys and items of an appliance to a file, compares them with it, and
+// restores them from it.
 
 #include <iostream>
 #include <memory>
 
 #include "quillctl/commands.h"
+#include "quillctl/confirmation.h"
 #include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
 #include "quillctl/key_set.h"
@@ -16,15 +18,6 @@ namespace {
 
 // The maximum size of a key set's file. No valid key set needs that much.
 constexpr std::size_t kMaxFileSize = std::size_t{32} << 20;
-
-bool AskForConfirmation() {
-  std::cout << "Make these changes? [y/N] " << std::flush;
-  if (!std::cout) throw Refusal("cannot print the changes; nothing was changed");
-  std::string answer;
-  std::getline(std::cin, answer);
-  std::cout << '\n';
-  return answer == "y" || answer == "yes" || answer == "y\r" || answer == "yes\r";
-}
 
 // Makes changes on the server. Reads the keys into memory again only when they are needed.
 class KeySetWriter {
@@ -67,6 +60,8 @@ class KeySetWriter {
   bool isStale = false;  // whether the keys in memory differ from those on the server
 };
 
+// Throws a Refusal if the first change fails, and a PartialFailure if a later one fails or the user
+// interrupts.
 void Make(const Session& session, const std::vector<KeySetChange>& changes) {
   const DeferredTermination termination;
   KeySetWriter writer(session);
@@ -75,9 +70,12 @@ void Make(const Session& session, const std::vector<KeySetChange>& changes) {
       if (termination.IsRequested()) throw Refusal("interrupted");
       RequireStatus(writer.Make(changes[i]), 0);
     } catch (const Refusal& why) {
-      throw Refusal("cannot make the change: " + Described(changes[i]) + ": " + why.what() + "; " +
-                    std::to_string(i) + " of " + std::to_string(changes.size()) +
-                    " changes were made; to continue, apply the file again");
+      const std::string text = "cannot make the change: " + Described(changes[i]) + ": " +
+                               why.what() + "; " + std::to_string(i) + " of " +
+                               std::to_string(changes.size()) +
+                               " changes were made; to continue, apply the file again";
+      if (i == 0 && !termination.IsRequested()) throw Refusal(text);
+      throw PartialFailure(text);
     }
   }
 }
@@ -97,18 +95,17 @@ void RequireApplied(const Session& session, const KeySet& wanted) {
 }
 
 // Writes the keys and their items as JSON (key_set_json.h) to a file, or to standard output if
-// `path` is empty. Throws a Refusal and writes nothing if a key or an item cannot be read.
-void ExportKeys(const Session& session, const std::string& path) {
+// `path` is empty or "-". Throws a Refusal and writes nothing if a key or an item cannot be read.
+void ExportKeys(const Session& session, const std::string& path, bool yes) {
   const std::string json = JsonOf(ReadKeySet(session));
-  if (path.empty()) {
+  if (path.empty() || path == "-") {
     std::cout << json;
     return;
   }
+  ConfirmOverwrite(yes, path);
   WriteTextFile(path, json);
   std::cout << "Exported the keys to " << Quoted(path) << ".\n";
 }
-
-enum class Confirmation { kAsk, kGiven, kDryRun };
 
 KeySet ReadKeyFile(const std::string& path) {
   const std::string json = ReadTextFile(path, kMaxFileSize);
@@ -119,22 +116,35 @@ KeySet ReadKeyFile(const std::string& path) {
   }
 }
 
-// Reads the file, logs in and prints the differences. After confirmation, makes the appliance's
-// keys those of the file. Throws a UsageError for an invalid file, without a server call. Throws a
-// Refusal if the user does not confirm; if a change fails or is interrupted, with the number of
-// changes that were made; and if the appliance's keys then still differ.
-void ApplyKeys(const Credentials& credentials, const std::string& path, Confirmation confirmation) {
+// Prints the changes that make the appliance's keys the wanted ones, and returns them.
+std::vector<KeySetChange> ShowChanges(const Session& session, const KeySet& wanted) {
+  std::vector<KeySetChange> changes = Difference(ReadKeySet(session), wanted);
+  for (const KeySetChange& change : changes) std::cout << Described(change) << '\n';
+  return changes;
+}
+
+// Prints the differences between the appliance and the file. Throws a Differs if there are any, and
+// a UsageError for an invalid file, without a server call.
+void DiffKeys(const Credentials& credentials, const std::string& path) {
   const KeySet wanted = ReadKeyFile(path);
   const Session session(credentials);
-  const std::vector<KeySetChange> changes = Difference(ReadKeySet(session), wanted);
+  if (ShowChanges(session, wanted).empty()) return;
+  throw Differs("the keys and items of the appliance differ from those in " + Quoted(path));
+}
+
+// Prints the differences. After confirmation, makes the appliance's keys those of the file. Throws
+// a UsageError as DiffKeys does; a Refusal if the user does not confirm, or if the appliance's keys
+// then still differ; and what Make() throws.
+void ApplyKeys(const Credentials& credentials, const std::string& path, bool yes, bool dryRun) {
+  const KeySet wanted = ReadKeyFile(path);
+  const Session session(credentials);
+  const std::vector<KeySetChange> changes = ShowChanges(session, wanted);
   if (changes.empty()) {
     std::cout << "Nothing to change: the appliance already has these keys and items.\n";
     return;
   }
-  for (const KeySetChange& change : changes) std::cout << Described(change) << '\n';
-  if (confirmation == Confirmation::kDryRun) return;
-  if (confirmation == Confirmation::kAsk && !AskForConfirmation())
-    throw Refusal("not confirmed; nothing was changed");
+  if (dryRun) return;
+  Confirm(yes, "Make these changes?");
   Make(session, changes);
   RequireApplied(session, wanted);
   std::cout << "Made " << changes.size() << (changes.size() == 1 ? " change.\n" : " changes.\n");
@@ -142,26 +152,30 @@ void ApplyKeys(const Credentials& credentials, const std::string& path, Confirma
 
 }  // namespace
 
-void AddKeySetCommands(Commands& commands) {
+void AddConfigCommands(Commands& commands) {
   struct Arguments {
     std::string file;
     bool yes = false;
     bool dryRun = false;
   };
+  constexpr const char* kFileHelp = "A file written by config export";
+  Commands config =
+      commands.AddGroup("config", "Save, compare and restore the soft keys with their items");
   const auto a = std::make_shared<Arguments>();
-  CLI::App* save = commands.Add("export", "Write all keys and items as JSON",
-                                [a](Session& s) { ExportKeys(s, a->file); });
+  CLI::App* save = config.Add("export", "Write all keys and items as JSON",
+                              [a](Session& s) { ExportKeys(s, a->file, a->yes); });
   save->add_option("file", a->file, "The file (default: standard output)")->type_name("FILE");
+  AddYes(save, a->yes);
 
-  CLI::App* apply = commands.AddWithoutLogin(
-      "apply", "Replace all keys and items with those in a file", [a](const Credentials& c) {
-        ApplyKeys(c, a->file,
-                  a->dryRun ? Confirmation::kDryRun
-                  : a->yes  ? Confirmation::kGiven
-                            : Confirmation::kAsk);
-      });
-  apply->add_option("file", a->file, "A file written by export")->required()->type_name("FILE");
-  auto* yes = apply->add_flag("--yes", a->yes, "Do not ask for confirmation");
+  CLI::App* diff = config.AddWithoutLogin("diff", "Print how the appliance differs from a file",
+                                          [a](const Credentials& c) { DiffKeys(c, a->file); });
+  diff->add_option("file", a->file, kFileHelp)->required()->type_name("FILE");
+
+  CLI::App* apply = config.AddWithoutLogin(
+      "apply", "Replace all keys and items with those in a file",
+      [a](const Credentials& c) { ApplyKeys(c, a->file, a->yes, a->dryRun); });
+  apply->add_option("file", a->file, kFileHelp)->required()->type_name("FILE");
+  CLI::Option* yes = AddYes(apply, a->yes);
   apply->add_flag("--dry-run", a->dryRun, "Print the differences, without changing anything")
       ->excludes(yes);
 }

@@ -1,0 +1,36 @@
+#include "quillctl/confirmation.h"
+
+#include <filesystem>
+#include <iostream>
+#include <system_error>
+
+#include "quillctl/displayed_text.h"
+#include "quillctl/failures.h"
+#include "quillctl/system/terminal.h"
+
+namespace quillctl {
+
+CLI::Option* AddYes(CLI::App* command, bool& into) {
+  return command->add_flag("--yes", into, "Do not ask for confirmation");
+}
+
+void Confirm(bool yes, const std::string& question) {
+  if (yes) return;
+  if (!StdinIsTerminal()) {
+    throw UsageError("nothing was changed; to confirm without a terminal, add --yes");
+  }
+  std::cout.flush();
+  if (!std::cout) throw Refusal("cannot print what would change; nothing was changed");
+  std::cerr << question << " [y/N] " << std::flush;
+  const std::string answer = ReadLineFromTerminal();
+  if (answer != "y" && answer != "yes") throw Refusal("not confirmed; nothing was changed");
+}
+
+void ConfirmOverwrite(bool yes, const std::string& path) {
+  std::error_code failure;
+  if (std::filesystem::is_regular_file(path, failure)) {
+    Confirm(yes, "Overwrite " + Quoted(path) + '?');
+  }
+}
+
+}  // namespace quillctl
