@@ -15,13 +15,13 @@ namespace quillbox {
 
 class LineParser {
  public:
-  explicit LineParser(std::string_view line) : rest(line) { SkipBlanks(); }
+  explicit LineParser(std::string_view line) : rest(line) { SkipSeparators(); }
 
   bool IsAtEnd() const { return rest.empty(); }
 
   // The characters up to the next space or tab. Empty at the end.
   std::string_view Word() {
-    const std::string_view word = rest.substr(0, rest.find_first_of(kBlanks));
+    const std::string_view word = rest.substr(0, rest.find_first_of(kSeparators));
     Remove(word.size());
     return word;
   }
@@ -33,7 +33,7 @@ class LineParser {
     if (end == std::string_view::npos) return std::nullopt;
     const std::string_view text = rest.substr(1, end - 1);
     const std::string_view after = rest.substr(end + 1);
-    if (!after.empty() && kBlanks.find(after.front()) == std::string_view::npos) {
+    if (!after.empty() && kSeparators.find(after.front()) == std::string_view::npos) {
       return std::nullopt;
     }
     Remove(end + 1);
@@ -44,14 +44,16 @@ class LineParser {
   std::optional<std::uint32_t> Number() { return WholeNumber<std::uint32_t>(Word()); }
 
  private:
-  static constexpr std::string_view kBlanks = " \t";
+  static constexpr std::string_view kSeparators = " \t";
 
   void Remove(std::size_t count) {
     rest.remove_prefix(count);
-    SkipBlanks();
+    SkipSeparators();
   }
 
-  void SkipBlanks() { rest.remove_prefix(std::min(rest.find_first_not_of(kBlanks), rest.size())); }
+  void SkipSeparators() {
+    rest.remove_prefix(std::min(rest.find_first_not_of(kSeparators), rest.size()));
+  }
 
   std::string_view rest;
 };

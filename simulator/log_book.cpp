@@ -13,7 +13,7 @@ struct LogLine {
 };
 static_assert(sizeof(LogLine) == sizeof(LogRecord));
 
-constexpr std::string_view kKept = "_!";  // precedes the name of a user whose records stay
+constexpr std::string_view kKeepPrefix = "_!";  // precedes the name of a user whose records stay
 
 std::string_view UserOf(const LogRecord& record) {
   const std::string_view field(record.bytes, sizeof(LogLine::user));
@@ -24,11 +24,11 @@ bool IsWhole(std::string_view filter) {
   return filter.empty() || filter == "*";
 }
 
-// Whether `filter`, which begins with kKept, contains this name.
+// Whether `filter`, which begins with kKeepPrefix, contains this name.
 bool Keeps(std::string_view filter, std::string_view user) {
-  while (filter.starts_with(kKept)) {
-    filter.remove_prefix(kKept.size());
-    const std::string_view name = filter.substr(0, filter.find(kKept));
+  while (filter.starts_with(kKeepPrefix)) {
+    filter.remove_prefix(kKeepPrefix.size());
+    const std::string_view name = filter.substr(0, filter.find(kKeepPrefix));
     if (name == user) return true;
     filter.remove_prefix(name.size());
   }
@@ -37,7 +37,7 @@ bool Keeps(std::string_view filter, std::string_view user) {
 
 bool IsCleared(std::string_view filter, std::string_view user) {
   if (IsWhole(filter)) return true;
-  return filter.starts_with(kKept) ? !Keeps(filter, user) : user == filter;
+  return filter.starts_with(kKeepPrefix) ? !Keeps(filter, user) : user == filter;
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 // operation makes one server call (ModifyEach one for each record) and returns its status
 // unchanged. With 21 ("More Data Available than request") or 4 ("Data Not Found"), the buffer may
 // contain records; the caller decides whether to use them. Without an agent, every operation
-// returns -1 and makes no call.
+// returns -1 and makes no server call.
 //
 // Each call sends copies of the book, the key and the record. If the server overwrites them, the
 // objects of the caller and the arguments of the next call stay unchanged. In delivered records and
@@ -67,7 +67,7 @@ class BookAccess {
   CAgent* Agent() const { return agent; }
 
   // Reads up to `*count` records of the range into `records` and stores the number delivered in
-  // `*count`. Returns -1 and makes no call for a null buffer or a count of 0.
+  // `*count`. Returns -1 and makes no server call for a null buffer or a count of 0.
   // Server calls: IMSPReadAB.
   Status Read(KeyRange* range, Entry* records, std::uint32_t* count, std::int32_t direction) {
     if (agent == nullptr || records == nullptr || !HasCapacity(count)) return kRefused;
@@ -96,7 +96,7 @@ class BookAccess {
   }
 
   // Lists up to `*count` names from the beginning, with the filter "*". Returns -1 and makes no
-  // call for a count of 0; the buffer is not tested. Server calls: IMSPListABEntries.
+  // server call for a count of 0; the buffer is not tested. Server calls: IMSPListABEntries.
   Status ListNames(EntryKey* rows, std::uint32_t* count) {
     KeyRange range({}, "*");
     return ListRange(&range, rows, count, 1);

@@ -4,7 +4,7 @@
 // A scanner is bound if it has an address and an agent. The books, the sizes, the clears and the
 // services documented with "on an unbound scanner" need a bound scanner. All other operations need
 // only the agent. Unless stated otherwise, an operation without what it needs returns -1 and makes
-// no call.
+// no server call. Operations that list no server calls make no server call.
 
 #ifndef QUILLKIT_APPLIANCE_SCANNER_H_
 #define QUILLKIT_APPLIANCE_SCANNER_H_
@@ -72,14 +72,15 @@ class CScanner : public RootObject {
 
   // --- Books, owned by the scanner ---
 
-  // Return null on an unbound scanner, or if no book is open.
+  // Return the open book, valid until it is replaced or the scanner is destroyed; null on an
+  // unbound scanner, or if no book is open.
   CEmailAB* EmailBook() const { return IsBound() ? emailBook.get() : nullptr; }
   CUserAB* UsersBook() const { return IsBound() ? usersBook.get() : nullptr; }
   CFaxAB* FaxBook() const { return IsBound() ? faxBook.get() : nullptr; }
   CPrinterAB* PrintersBook() const { return IsBound() ? printersBook.get() : nullptr; }
   CTopLevelAB* TopBook() const { return IsBound() ? topBook.get() : nullptr; }
 
-  // The same, and pass the ownership to the caller.
+  // The same, and pass the ownership to the caller. No book is open afterwards.
   CEmailAB* DetachEmailBook();
   CUserAB* DetachUsersBook();
   CFaxAB* DetachFaxBook();
@@ -90,6 +91,8 @@ class CScanner : public RootObject {
   // same. Null: open a new book on this scanner and load it; the e-mail book gets a sliding view
   // that reads nothing yet. Return 1; with null, SetUsersBook, SetFaxBook and SetTopBook return the
   // result of Attach. Return 0, and change nothing, on an unbound scanner.
+  // Server calls: with null, those of CUserAB::Load, CFaxAB::LoadEntries, CPrinterAB::LoadBook or
+  // CTopLevelAB::Load with items; SetEmailBook makes no server call.
   int SetEmailBook(CEmailAB* book);
   int SetUsersBook(CUserAB* book);
   int SetFaxBook(CFaxAB* book);
@@ -98,7 +101,7 @@ class CScanner : public RootObject {
 
   // Clear the book on the server under the long time-out (LongTimeout::RunAlways). Return the
   // status of the clear, or 0 on an unbound scanner.
-  // Server calls: those of SetServerTimeout, IMSPClearAB, those of SetServerTimeout.
+  // Server calls: those of CAgent::SetServerTimeout, IMSPClearAB, those of SetServerTimeout.
   Status ClearEmailBook() { return Clear(BookKind::kEmail, kEmailBook); }
   Status ClearFaxBook() { return Clear(BookKind::kFax, kFaxBook); }
   Status ClearUsersBook() { return Clear(BookKind::kUsers, kUsersBook); }
@@ -107,7 +110,7 @@ class CScanner : public RootObject {
 
   // --- Sizes on the server; -1 on an unbound scanner ---
 
-  // Store the number of entries. Server calls: IMSPSizeofAB.
+  // Store the number of entries in `*count`. Return the status. Server calls: IMSPSizeofAB.
   Status SizeofEmail(std::uint32_t* count) const {
     return Size(BookKind::kEmail, kEmailBook, count);
   }
@@ -132,15 +135,15 @@ class CScanner : public RootObject {
     return Size(BookKind::kFaxList, list, count);
   }
 
-  // Store the number of lists. Server calls: IMSPListAB.
+  // Store the number of lists in `*count`. Return the status. Server calls: IMSPListAB.
   Status CountPublicLists(std::uint32_t* count) const {
     return CountLists(BookKind::kPublicList, count);
   }
   Status CountFaxLists(std::uint32_t* count) const { return CountLists(BookKind::kFaxList, count); }
 
-  // --- Services of the agent, with its arguments and results ---
+  // --- Services of the agent, with its arguments, results and server calls ---
 
-  // -1 on an unbound scanner.
+  // Return -1 and make no server call on an unbound scanner.
   Status BackupDatabase(const char* first, const char* second) const {
     return CallAgent(Agent(), &CAgent::BackupDatabase, first, second);
   }
@@ -154,7 +157,7 @@ class CScanner : public RootObject {
     return CallAgent(Agent(), &CAgent::ProbeIdentity, this, third);
   }
 
-  // Without an agent, these return -1, a count of 0, or null.
+  // Without an agent, these return -1, a count of 0, or null, and make no server call.
   Status EnrolUser(CUserEntry* entry) const {
     return CallAgent(agent, &CAgent::EnrolUser, address, entry);
   }
@@ -171,16 +174,18 @@ class CScanner : public RootObject {
     return CallAgent(agent, &CAgent::SetServerTimeout, seconds, old);
   }
 
-  // Stores the tag of the administrator's entry in `*tag` on success.
+  // Stores the tag of the administrator's entry in `*tag` on success. Returns the status.
   // Server calls: IMSPReadEntryProperties.
   Status ReadAdminTag(std::uint32_t* tag) const;
 
-  // Sets that tag. Returns -1 and makes no call unless the administrator is connected.
+  // Sets that tag to `*tag`. Returns the first status that is not 0, after which no call follows,
+  // otherwise 0. Returns -1 and makes no server call unless the administrator is connected.
   // Server calls: IMSPReadEntryProperties, IMSPModifyEntry.
   Status WriteAdminTag(const std::uint32_t* tag) const;
 
   // Rename a distribution list. Both use the book name "PRIVATEAB"; the server looks only at the
-  // kind. Server calls: IMSPModifyEntry.
+  // kind. Return the status. A name of 32 or more characters is sent as the empty name.
+  // Server calls: IMSPModifyEntry.
   Status RenamePublicList(const std::string& oldName, const std::string& newName) const {
     return RenameList(BookKind::kPublicList, oldName, newName);
   }
@@ -213,7 +218,8 @@ class CScanner : public RootObject {
   }
 
   // List the names of all lists of a kind into `books`, an array of `*count` elements, and store
-  // the number delivered in `*count`. Return -1 and make no call for a count of 0.
+  // the number delivered in `*count`. Return the status. Return -1 and make no server call for a
+  // count of 0.
   // Server calls: IMSPListAB with an empty name and the filter "*".
   Status ListPublicLists(ABIdent* books, std::uint32_t* count) const {
     return ListLists(BookKind::kPublicList, books, count);
@@ -234,17 +240,20 @@ class CScanner : public RootObject {
                               const std::uint32_t* count) const;
 
   // Reads the letter census of the public e-mail book into `table`, an array of `*count` rows, and
-  // stores the number delivered in `*count`. Returns -1 and makes no call for a null table or a
-  // count of 0. Server calls: IMSPReadPageBoundaries.
+  // stores the number delivered in `*count`. Returns the status. Returns -1 and makes no server
+  // call for a null table or a count of 0. Server calls: IMSPReadPageBoundaries.
   Status ReadPageBoundaries(PageBoundary* table, std::uint32_t* count) const;
 
-  // Server calls: IMSPIOCtl with this record.
+  // Sends `request`. Returns the status. Server calls: IMSPIOCtl with this record.
   Status ServerCall(IOCtlRecord* request) const {
     return CallAgent(agent, &CAgent::IMSPIOCtl, request);
   }
 
-  // The soft keys: entries of the top-level book. ListKeys fills `rows`, an array of `*count`
-  // elements; it is the only request on this book that sends an empty book name.
+  // The soft keys: entries of the top-level book. Each makes one call and returns its status.
+  // ListKeys fills `rows`, an array of `*count` elements, and stores the number delivered in
+  // `*count`; it is the only request on this book that sends an empty book name. ModifyKeyEntry
+  // replaces the entry `key`.
+  // Server calls: IMSPListABEntries, IMSPCreateEntry or IMSPModifyEntry.
   Status ListKeys(EntryKey* rows, std::uint32_t* count) const {
     return BookAccess<CMenuItem>(agent, BookKind::kTop, {}).ListNames(rows, count);
   }
@@ -253,7 +262,11 @@ class CScanner : public RootObject {
     return TopEntries().Rename(key, record);
   }
 
-  // The items of a soft key: entries of the book with the key's name.
+  // The items of a soft key: entries of the book with the key's name. Each makes one call and
+  // returns its status: as Read, ReadUnterminated, Create, Modify, Rename, Delete and DeleteBook of
+  // BookAccess. DeleteKeyBook deletes the key.
+  // Server calls: IMSPReadAB (both reads), IMSPCreateEntry, IMSPModifyEntry (modify and rename),
+  // IMSPDeleteEntry or IMSPDeleteAB.
   Status ReadKeyItems(std::string_view key, KeyRange* range, CMenuItem* items, std::uint32_t* count,
                       std::int32_t direction) const {
     return KeyItems(key).Read(range, items, count, direction);
@@ -308,8 +321,8 @@ inline bool operator==(const CScanner& a, const CScanner& b) {
   return a.Address() == b.Address();
 }
 
-// Returns `*scanner`, or for null a scanner without an agent: its operations return -1 and make no
-// call; the five Clear...Book operations return 0.
+// Returns `*scanner`; for null, a scanner without an agent, valid as long as the library is loaded.
+// Its operations return -1 and make no server call; the five Clear...Book operations return 0.
 const CScanner& ScannerOrUnbound(const CScanner* scanner);
 
 }  // namespace quillkit

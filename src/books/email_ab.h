@@ -8,8 +8,10 @@
 //   1. An entry from the view is valid until the view's next operation. A list is valid until it is
 //      removed or the lists are loaded again.
 //   2. Opening the book replaces the view, with its pages and its census.
-//   3. Without a scanner every server operation returns -1 or false and makes no call, unless it
-//      says otherwise. Without a view every navigation returns null, 0 or -1.
+//   3. Without a scanner every server operation returns -1 or false and makes no server call,
+//      unless it says otherwise. Without a view every navigation returns null, 0 or -1.
+//
+// Operations that list no server calls make no server call.
 //
 // Limits: with 512 lists on the server, the addition of a list records code 24 with the agent and
 // returns -1 or false. With 200,000 entries, the addition of an entry returns 24, which is not
@@ -49,12 +51,14 @@ class CEmailAB : public EntrySource, public PublicListBook<CEmailAB, CPubEmailDL
   // Stores the scanner, which must outlive the book, and the mode, and opens a new view: 0 a
   // CSlidingEntryView with pages of 16, 1 a CLetterEntryView, any other a CFullEntryView. Returns
   // the result of the view's AttachBook: 1 or 0. For a null scanner returns 0 and keeps the view.
+  // Server calls: IMSPReadAB if the view is a full one.
   int Attach(CScanner* newScanner, std::int32_t newViewMode);
 
   // The same, but a sliding view has pages of 1, and `newLoadMode` selects what is opened: 0 the
   // view and the lists with their members, 1 the lists, 2 the view. Returns 1; or 0 if LoadLists
   // returned another status than 0, such as 21 for too many lists. The result of the view is
   // ignored. Every load mode deletes the old view. Any other mode then opens nothing and returns 0.
+  // Server calls: IMSPReadAB if a full view is opened, then those of LoadLists(1) if the lists are.
   int Attach(CScanner* newScanner, std::int32_t newViewMode, std::int32_t newLoadMode);
 
   std::int32_t LoadMode() const { return loadMode; }
@@ -63,19 +67,21 @@ class CEmailAB : public EntrySource, public PublicListBook<CEmailAB, CPubEmailDL
 
   // --- The whole book on the server; EntryCount is EntrySource's ---
 
-  // Server calls: IMSPSizeofAB of the list.
+  // Stores the number of members of a list in `*count`. Returns the status.
+  // Server calls: IMSPSizeofAB.
   Status ServerListSize(std::string_view list, std::uint32_t* count) const {
     return Appliance().SizeofPublicList(std::string(list), count);
   }
 
-  // The number of lists, and their names. Server calls: IMSPListAB.
+  // The number of lists, and their names: as CScanner::CountPublicLists and ListPublicLists.
+  // Server calls: IMSPListAB.
   Status ServerListCount(std::uint32_t* count) const { return Appliance().CountPublicLists(count); }
   Status EnumerateLists(ABIdent* rows, std::uint32_t* count) const {
     return Appliance().ListPublicLists(rows, count);
   }
 
-  // Empties the book under the long time-out and opens a new view. The lists stay. Returns the
-  // status of CScanner::ClearEmailBook.
+  // Empties the book under the long time-out and opens a new view, even if that fails. The lists
+  // stay. Returns the status of CScanner::ClearEmailBook.
   // Server calls: those of CScanner::ClearEmailBook; then IMSPReadAB if the view is a full one.
   Status ClearBook();
 
@@ -84,12 +90,12 @@ class CEmailAB : public EntrySource, public PublicListBook<CEmailAB, CPubEmailDL
   // nothing. Server calls: IMSPIOCtl 2 and 1, IMSPDeleteAB, IMSPIOCtl 1.
   Status DeleteBook();
 
-  // The time-out of server calls: as CAgent::SetServerTimeout.
+  // The time-out of server calls: as CAgent::SetServerTimeout. Server calls: IMSPIOCtl 2 and 1.
   Status SetServerTimeout(std::uint32_t seconds, std::uint32_t* old) const {
     return Appliance().SetServerTimeout(seconds, old);
   }
 
-  // Server calls: IMSPIOCtl with this record.
+  // Sends `request`. Returns the status. Server calls: IMSPIOCtl with this record.
   Status ServerCall(IOCtlRecord* request) const { return Appliance().ServerCall(request); }
 
   // --- Lists: more in PublicListBook and ListSet ---
@@ -101,7 +107,7 @@ class CEmailAB : public EntrySource, public PublicListBook<CEmailAB, CPubEmailDL
   std::int32_t AddList(CPubEmailDL* list) { return CreateAndAdd(list); }
 
   // Adds the list on the server only, then with `reload` calls LoadLists(1). Returns whether both
-  // succeeded.
+  // returned 0. Server calls: those of AddList; then those of LoadLists(1) if `reload` is set.
   bool AddListReload(const CPubEmailDL& list, std::int32_t reload) { return Create(list, reload); }
 
   // Deletes the list on the server, and the first list of this name in memory. Returns the count,
@@ -109,13 +115,15 @@ class CEmailAB : public EntrySource, public PublicListBook<CEmailAB, CPubEmailDL
   std::int32_t DeleteList(std::string_view name) { return DeleteAndRemove(name); }
 
   // Deletes the list on the server only, then with `reload` calls LoadLists(1). Returns whether
-  // both succeeded.
+  // both returned 0. Server calls: IMSPDeleteAB; then those of LoadLists(1) if `reload` is set.
   bool DeleteListReload(std::string_view name, std::int32_t reload) { return Delete(name, reload); }
 
   // Read the list's members from the server, at most 512, and add a list of the new name with those
   // that were delivered, with AddListReload (return 1 or 0) or AddList (return its result). If the
   // members cannot be read, they add nothing and return 0 or -1. A list that the server does not
   // know (status 4 for its size) is copied as an empty one.
+  // Server calls: IMSPSizeofAB, then IMSPReadAB unless the size is 0; then those of AddListReload
+  // or AddList.
   int CopyList(const CPubEmailDL& list, std::string_view newName, std::int32_t reload);
   std::int32_t CopyListLocal(const CPubEmailDL& list, std::string_view newName);
 
@@ -127,6 +135,9 @@ class CEmailAB : public EntrySource, public PublicListBook<CEmailAB, CPubEmailDL
   Status ReadLastEntry(CEmailEntry* entry) const { return ReadEdge(entry, true); }
 
   // --- Members of a list on the server: one call each, ModifyList one for each member ---
+  //
+  // Arguments, results and server calls are those of BookAccess (appliance/book_access.h): Create,
+  // ReadOne, ReadAll, ModifyEach, Modify, Rename, Delete and DeleteBook.
 
   // The access itself.
   BookAccess<CEmailEntry> MembersOf(std::string_view list) const {
@@ -137,7 +148,8 @@ class CEmailAB : public EntrySource, public PublicListBook<CEmailAB, CPubEmailDL
     return MembersOf(list).Create(entry);
   }
 
-  // Returns -1 and makes no call for a text that is too long.
+  // CreateMember of a name and an address. Returns -1 and makes no server call for a text of more
+  // than 31 or 255 characters.
   Status CreateMemberAddress(std::string_view list, std::string_view name,
                              std::string_view address) const;
 
@@ -161,13 +173,13 @@ class CEmailAB : public EntrySource, public PublicListBook<CEmailAB, CPubEmailDL
   }
   Status DeleteServerList(std::string_view list) const { return MembersOf(list).DeleteBook(); }
 
-  // --- The view: see the view of each mode ---
+  // --- The view: results and server calls are those of the view of each mode ---
 
   // Returns 0 without a view.
   std::int32_t GetPageSize() const { return ViewOrNone().GetPageSize(); }
 
   // In mode 0 and for a size above 0, opens a view with pages of 16 if there is none, and returns
-  // the result of the view. Otherwise returns -1.
+  // the result of the view's SetPageSize. Otherwise returns -1. Makes no server call.
   std::int32_t SetPageSize(std::int32_t size);
 
   CEmailEntry* First() { return ViewOrNone().First(); }

@@ -2,8 +2,8 @@
 // book of the same appliance and view mode.
 //
 // The load mode selects which half it has: 0 both, 1 the lists, 2 the entries. The operations of
-// the other half make no call and return null or -1, or 0 for FindFirstList and FindNextList. So do
-// all operations of a handle that is not attached.
+// the other half make no server call and return null or -1, or 0 for FindFirstList and
+// FindNextList. So do all operations of a handle that is not attached.
 
 #ifndef QUILLKIT_BOOKS_EMAIL_AB_HANDLE_H_
 #define QUILLKIT_BOOKS_EMAIL_AB_HANDLE_H_
@@ -25,7 +25,7 @@ class CEmailABHandle {
 
   // Replaces the book by a new one, with the scanner and view mode of `source`. Returns the result
   // of the three-argument CEmailAB::Attach; or 0 and no change for a null source. The scanner must
-  // outlive the handle; `source` need not.
+  // outlive the handle; `source` need not. Server calls: those of CEmailAB::Attach.
   int Attach(const CEmailAB* source, std::int32_t loadMode);
 
   std::int32_t Mode() const { return mode; }

@@ -2,7 +2,7 @@
 // those that were appended.
 //
 // A pointer to an entry is valid until the next operation that changes the list. Searches compare
-// bytes and return the lowest index.
+// bytes and return the lowest index. Makes no server call.
 
 #ifndef QUILLKIT_BOOKS_FAX_ENTRY_LIST_H_
 #define QUILLKIT_BOOKS_FAX_ENTRY_LIST_H_

@@ -1,5 +1,6 @@
 // The distribution lists of a book: list objects in order, which the set owns, and the search among
-// them by name. Server calls: none.
+// them by name. A list is valid until it is removed, or the lists are loaded or freed. Makes no
+// server call.
 
 #ifndef QUILLKIT_BOOKS_LIST_SET_H_
 #define QUILLKIT_BOOKS_LIST_SET_H_
@@ -30,15 +31,16 @@ class ListSet {
 
   std::int32_t ListCount() const { return static_cast<std::int32_t>(lists.size()); }
 
-  // Returns null for an index out of range.
+  // Returns the list at `index`, or null for an index out of range.
   List* ListAt(std::int32_t index) const;
 
-  // Replaces a list by `list`, which the set then owns. The old one is released, not deleted.
-  // Returns 0, or -1 for an index out of range or a null list. REQUIRES: `list` is not in the set
-  // at another index.
+  // Replaces the list at `index` by `list`, which the set then owns. The old one is released to the
+  // caller, not deleted. Returns 0, or -1 for an index out of range or a null list.
+  // REQUIRES: `list` is not in the set at another index.
   std::int32_t SetListAt(std::int32_t index, List* list);
 
-  // Deletes the list in memory. Returns 1, or 0 for an index out of range.
+  // Deletes the list object at `index`; the list on the server stays. Returns 1, or 0 for an index
+  // out of range.
   int RemoveListAt(std::int32_t index);
 
   // Returns the first list with exactly this name, or null.
@@ -52,7 +54,7 @@ class ListSet {
   int FindNextList(std::int32_t exact);
   List* FoundList() const { return searchPos != lists.end() ? *searchPos : nullptr; }
 
-  // Deletes all lists.
+  // Deletes all list objects; the lists on the server stay.
   void FreeLists();
 
  protected:

@@ -7,13 +7,15 @@
 //   Fast   changes the server, then the list in memory; for printers only
 // In both, if the server refuses the change, the list stays unchanged. Nothing is rolled back.
 //
-// Without a scanner every operation that needs the server returns -1 or 0 and makes no call, except
-// DeleteBook, which calls TheAgent. Pointers to records must not be null.
+// Without a scanner every operation that needs the server returns -1 or 0 and makes no server call,
+// except DeleteBook, which calls TheAgent. Operations that list no server calls make no server
+// call. Pointers to records must not be null.
 //
 // Invariants:
 //   1. Models and printers are in the order of the server's listing, followed by the printers that
 //      FastAddPrinter appended.
-//   2. A pointer to a record is valid until the record is removed or its list is loaded or cleared.
+//   2. The book owns its records. A pointer to one is valid until the record is removed or its list
+//      is loaded or cleared.
 //   3. A printer's `modelLink` identifies its model. A link from before the models were loaded or
 //      cleared, or from another book, resolves to null.
 
@@ -53,18 +55,22 @@ class CPrinterAB : public RootObject {
 
   // Stores the scanner, which must outlive the book. Returns the result of LoadBook if `load` is
   // set, otherwise 1; 0 and no change for a null scanner.
+  // Server calls: those of LoadBook if `load` is set.
   std::int32_t Attach(CScanner* newScanner, std::int32_t load);
 
   // Calls LoadModels and, unless that returned 0, LoadPrinters. Returns the result of the last
   // call. For an appliance without models, the printers in memory stay; after a failed load of the
   // models, the printers are loaded.
+  // Server calls: those of LoadModels, then those of LoadPrinters.
   std::int32_t LoadBook();
 
-  // Stores the number of printers on the server. Server calls: IMSPSizeofAB.
+  // Stores the number of printers on the server in `*count`. Returns the status.
+  // Server calls: IMSPSizeofAB.
   Status ServerCount(std::uint32_t* count) const { return Scanner().SizeofPrinters(count); }
 
   // Empties the book with CScanner::ClearPrintersBook, and frees the printers in memory even if
-  // that fails. Returns its status.
+  // that fails. Returns its status; -1 and no change without a scanner.
+  // Server calls: those of CScanner::ClearPrintersBook.
   Status ClearBook();
 
   // Deletes the printers' book on the appliance of TheAgent, under the long time-out, and frees the
@@ -94,10 +100,13 @@ class CPrinterAB : public RootObject {
   // Server calls: IMSPListABEntries, then IMSPReadEntryProperties for each model.
   std::int32_t LoadModels();
 
-  // Returns the count, or -1. With 16 models it records code 24, returns -1 and makes no call.
+  // Change a model on the server. With `reload`, LoadModels follows a change that succeeded; its
+  // result is ignored. AddModel returns the number of models in memory, or -1 on failure; with 16
+  // models in memory it records code 24, returns -1 and makes no server call. The others return 1,
+  // or 0 on failure. The caller keeps `model`.
+  // Server calls: IMSPCreateEntry, IMSPDeleteEntry or IMSPModifyEntry; then those of LoadModels if
+  // `reload` is set.
   std::int32_t AddModel(PrinterModelRecord* model, bool reload);
-
-  // Return 1 or 0.
   std::int32_t DeleteModel(std::string_view name, bool reload);
   std::int32_t ModifyModel(PrinterModelRecord* model, bool reload);
 
@@ -125,8 +134,12 @@ class CPrinterAB : public RootObject {
   // Server calls: IMSPListABEntries, then IMSPReadEntryProperties for each printer.
   std::int32_t LoadPrinters();
 
-  // The plain family. AddPrinter returns the count, or -1; with 256 printers it records code 24,
-  // returns -1 and makes no call. The others return 1 or 0. The result of the reload is ignored.
+  // The plain family. With `reload`, LoadPrinters follows a change that succeeded; its result is
+  // ignored. AddPrinter returns the number of printers in memory, or -1 on failure; with 256
+  // printers in memory it records code 24, returns -1 and makes no server call. The others return
+  // 1, or 0 on failure. The caller keeps `printer`.
+  // Server calls: IMSPCreateEntry, IMSPDeleteEntry or IMSPModifyEntry (modify and rename); then
+  // those of LoadPrinters if `reload` is set.
   std::int32_t AddPrinter(PrinterRecord* printer, bool reload);
   std::int32_t DeletePrinter(std::string_view name, bool reload);
   std::int32_t ModifyPrinter(PrinterRecord* printer, bool reload);
@@ -134,13 +147,13 @@ class CPrinterAB : public RootObject {
 
   // The Fast family. FastAddPrinter sends and keeps a copy that is bound to this book, with the
   // limit of AddPrinter. FastDeletePrinter fails too if the deleted printer is not in memory;
-  // `printer` may be a record of this book, and is then destroyed. Both return the new count, or
-  // -1.
+  // `printer` may be a record of this book, and is then destroyed. Both return the new count, or -1
+  // on failure. Server calls: IMSPCreateEntry or IMSPDeleteEntry.
   std::int32_t FastAddPrinter(const PrinterRecord* printer);
   std::int32_t FastDeletePrinter(const PrinterRecord* printer);
 
-  // Replace the record in memory, local fields included. Return 1; or 0, also if the changed
-  // printer is not in memory.
+  // Replace the record in memory, local fields included. Return 1; or 0 on failure, also if the
+  // changed printer is not in memory. Server calls: IMSPModifyEntry.
   std::int32_t FastModifyPrinter(PrinterRecord* printer);
   std::int32_t FastRenamePrinter(std::string_view oldName, PrinterRecord* printer);
 
@@ -149,7 +162,8 @@ class CPrinterAB : public RootObject {
 
   // Makes a printer the default. Always returns -1: use FindDefaultPrinter to see the result. Stops
   // at the first status that is not 0, and after the first change if no printer in memory is the
-  // default. If the printer is already the default, no printer is the default afterwards.
+  // default. Clears the old default in memory even if the server refuses that. If the printer is
+  // already the default, no printer is the default afterwards.
   // Server calls: IMSPReadEntryProperties; IMSPModifyEntry to set the new default; IMSPModifyEntry
   // to clear the default in memory; those of LoadPrinters.
   std::int32_t SetDefaultPrinter(std::string_view name);

@@ -2,7 +2,8 @@
 //
 // Every change is sent to the server first. A plain change with `reload` then reads the whole list
 // again; a local one updates it. Before Attach has set a book, every change except SendAll makes no
-// call and fails: it returns -1, or 0 for ModifyLocal and ModifyLocalByKey.
+// server call and fails: it returns -1, or 0 for ModifyLocal and ModifyLocalByKey. Operations that
+// list no server calls make no server call.
 
 #ifndef QUILLKIT_BOOKS_PRIV_ENTRY_PAGE_H_
 #define QUILLKIT_BOOKS_PRIV_ENTRY_PAGE_H_
@@ -34,7 +35,7 @@ class CPrivEntryPage : public CEntryPage {
 
   // Reads up to Count() entries, starting after `startKey`. Keeps what was delivered only if the
   // status is 0: any other, including 21 (the book has more), leaves no entries. Returns the
-  // status; or -1 and makes no call if Count() is 0.
+  // status; or -1 and makes no server call if Count() is 0.
   // Server calls: IMSPReadAB.
   Status Load(std::string_view startKey, std::int32_t direction);
 
@@ -49,7 +50,7 @@ class CPrivEntryPage : public CEntryPage {
 
   // Change or read one entry on the server. Return the status. If it is 0 and `reload` is set, they
   // read the list again and return the status of that read; Remove returns that of the deletion.
-  // With 2000 entries Add returns 24, records nothing and makes no call.
+  // With 2000 entries Add returns 24, records nothing and makes no server call.
   // Server calls: IMSPCreateEntry, IMSPReadEntryProperties, IMSPModifyEntry (Modify and
   // ModifyByKey) or IMSPDeleteEntry; then IMSPReadAB if `reload` is set.
   Status Add(CEmailEntry* entry, std::int32_t reload);
@@ -61,6 +62,7 @@ class CPrivEntryPage : public CEntryPage {
   // Change the server and then the page. AddLocal appends the entry; it returns the new count, -1,
   // or 24 as Add. The Modify operations return 1 or 0. RemoveLocal returns the new count or -1.
   // They also fail if the changed entry is not in the page.
+  // Server calls: IMSPCreateEntry, IMSPModifyEntry or IMSPDeleteEntry.
   std::int32_t AddLocal(CEmailEntry* entry);
   std::int32_t ModifyLocal(CEmailEntry* entry);
   std::int32_t ModifyLocalByKey(const std::string& key, CEmailEntry* entry);

@@ -2,7 +2,7 @@
 // server.
 //
 // An operation changes the server first, then the memory. Nothing is rolled back. Without an
-// appliance, operations that need one return -1 or false and make no call.
+// appliance, operations that need one return -1 or false and make no server call.
 //
 // `Book`, which derives from this class, provides
 //   MembersOf(list)              the access to a list's members (appliance/book_access.h)
@@ -38,13 +38,14 @@ class PublicListBook : public ListSet<List> {
  public:
   // Replaces the lists by those of the server, at most 512. With `withMembers` opens each list and
   // ignores its status; otherwise the lists have a name only. Returns the status of the
-  // enumeration: 0 also for no lists (4), and 21 with the first 512. Server calls: IMSPListAB, then
-  // those of PublicList::Open for each list.
+  // enumeration: 0 also for no lists (4), and 21 with the first 512. Any other status leaves no
+  // lists.
+  // Server calls: IMSPListAB; then those of PublicList::Open for each list if `withMembers` is set.
   Status LoadLists(std::int32_t withMembers);
 
   // Deletes every list in memory on the server, ignores failures, and frees the lists. Returns 0.
-  // If the time-out cannot be read or set, returns that status and does nothing. Server calls:
-  // IMSPIOCtl 2 and 1, IMSPDeleteAB for each list, IMSPIOCtl 1.
+  // If the time-out cannot be read or set, returns that status and does nothing.
+  // Server calls: IMSPIOCtl 2 and 1, IMSPDeleteAB for each list, IMSPIOCtl 1.
   Status DeleteAllLists();
 
  protected:

@@ -2,7 +2,8 @@
 //
 // Plain operations change the server and, with `reload`, read the whole book again. Local ones
 // change the server and then the list in memory. Nothing is rolled back. Without a scanner every
-// operation that needs the server returns -1 or false and makes no call.
+// operation that needs the server returns -1 or false and makes no server call. Operations that
+// list no server calls make no server call.
 //
 // Every account that the book returns goes through one copy step: the caller's record receives the
 // fields, this book as its owner and, if the book was attached with private books, a new private
@@ -36,7 +37,7 @@ class CUserAB : public RootObject {
 
   // Stores the scanner, which must outlive the book. `privateBooks` sets whether returned records
   // get a private book; without this argument they do. Returns the result of Load if `loadNow` is
-  // set, otherwise 1; 0 for a null scanner.
+  // set, otherwise 1; 0 for a null scanner. Server calls: those of Load if `loadNow` is set.
   int Attach(CScanner* newScanner, std::int32_t privateBooks, std::int32_t loadNow);
   int Attach(CScanner* newScanner, std::int32_t loadNow) { return Attach(newScanner, 1, loadNow); }
 
@@ -64,7 +65,7 @@ class CUserAB : public RootObject {
   CUserRecord* GetAt(std::int32_t index, CUserRecord* record);
 
   // Replace or remove a record in memory only. Return 0 for an index out of range; with `reload`
-  // the result of Load; otherwise 1.
+  // the result of Load; otherwise 1. Server calls: those of Load if `reload` is set.
   int SetAt(std::int32_t index, const CUserEntry& record) { return users.SetAt(index, record); }
   int RemoveAt(std::int32_t index, std::int32_t reload);
 
@@ -74,42 +75,53 @@ class CUserAB : public RootObject {
   std::int32_t Find(const CUserEntry& record) { return users.Find(record); }
 
   // --- Plain family: return whether the server returned 0 ---
+  //
+  // With `reload`, Load follows a change or read that succeeded; its result is ignored.
 
-  // With 4096 accounts in memory it records code 24, returns false and makes no call.
-  // Server calls: IMSPCreateEntry.
+  // Adds an account. With 4096 accounts in memory it records code 24, returns false and makes no
+  // server call.
+  // Server calls: IMSPCreateEntry; then those of Load if `reload` is set.
   bool AddUser(CUserRecord* record, std::int32_t reload);
 
-  // With `reload` the record itself goes through the copy step too. ReadUser makes no call for a
-  // name that is not terminated in its field.
-  // Server calls: IMSPReadEntryProperties, or IMSPModifyEntry (modify and rename).
+  // Read or replace the account with the name of the record, or replace the account `oldName`. With
+  // `reload`, the record itself goes through the copy step too. For a name that is not terminated
+  // in its field, ReadUser returns false and makes no server call.
+  // Server calls: IMSPReadEntryProperties, or IMSPModifyEntry (modify and rename); then those of
+  // Load if `reload` is set.
   bool ReadUser(CUserRecord* record, std::int32_t reload);
   bool ModifyUser(CUserRecord* record, std::int32_t reload);
   bool RenameUser(const std::string& oldName, CUserRecord* record, std::int32_t reload);
 
-  // First clears the account's log, and ignores a failure of that.
-  // Server calls: those of CAgent::ClearLog, IMSPDeleteEntry.
+  // Deletes the account. First clears its log, and ignores a failure of that.
+  // Server calls: those of CAgent::ClearLog, IMSPDeleteEntry; then those of Load if `reload` is
+  // set.
   bool DeleteUser(CUserRecord* record, std::int32_t reload);
 
   // --- Local family ---
 
-  // Returns the new count, or -1. Has the limit of AddUser.
+  // Adds an account on the server and a copy of it to the list. Returns the new count, or -1 on
+  // failure. Has the limit of AddUser. Server calls: IMSPCreateEntry.
   std::int32_t AddLocal(CUserRecord* record);
 
-  // DeleteLocal returns the new count, or -1, and keeps the log. RenameLocal sends the whole record
-  // but changes only the name in memory. All three also fail if the account is not in memory.
+  // DeleteLocal returns the new count, or -1 on failure, and keeps the log. The others return
+  // whether they succeeded. RenameLocal sends the whole record but changes only the name in memory.
+  // All three also fail if the account is not in memory.
+  // Server calls: IMSPDeleteEntry or IMSPModifyEntry.
   std::int32_t DeleteLocal(CUserRecord* record);
   bool RenameLocal(const std::string& oldName, CUserRecord* record);
   bool ModifyLocal(CUserRecord* record);
 
   // --- More ---
 
-  // Stores the number of accounts on the server. Server calls: IMSPSizeofAB.
+  // Stores the number of accounts on the server in `*count`. Returns the status.
+  // Server calls: IMSPSizeofAB.
   Status ServerCount(std::uint32_t* count) const { return BoundScanner().SizeofUsers(count); }
 
-  // CUserList::SaveAll of the accounts in memory, loaded or added.
+  // CUserList::SaveAll of the accounts in memory, loaded or added. Returns its status.
+  // Server calls: IMSPModifyEntry for each account.
   Status SaveAll() { return users.SaveAll(); }
 
-  // The account's log: as CAgent::ReadLog and ClearLog.
+  // The account's log: as CAgent::ReadLog and ClearLog, with their server calls.
   Status LoadUserLog(const CUserEntry& record) const {
     return BoundScanner().ReadLog(std::string(record.name.View()));
   }
@@ -120,6 +132,7 @@ class CUserAB : public RootObject {
   // Clears the log as CAgent::ClearLogExceptSystem, and then USERSAB, through the appliance of the
   // latest login, which may differ from this book's appliance. Then loads the list. Returns the
   // status of the clear; -1 and no change if there is no appliance.
+  // Server calls: those of CAgent::ClearLogExceptSystem, of CScanner::ClearUsersBook and of Load.
   Status ClearAll();
 
   // The access to USERSAB.

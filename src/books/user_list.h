@@ -1,6 +1,7 @@
 // The accounts of one appliance, in one block inside a CUserAB, in the server's order.
 //
-// A pointer to a record is valid until the next operation that changes the list.
+// A pointer to a record is valid until the next operation that changes the list. Only Load and
+// SaveAll make server calls.
 
 #ifndef QUILLKIT_BOOKS_USER_LIST_H_
 #define QUILLKIT_BOOKS_USER_LIST_H_
@@ -55,11 +56,11 @@ class CUserList {
 
   // Reads as many accounts as there are records, starting after `startKey`. Keeps what was
   // delivered if the status is 0 or 21; any other leaves none. Returns the status; or -1 and makes
-  // no call for an empty list or without an owner. Server calls: IMSPReadAB.
+  // no server call for an empty list or without an owner. Server calls: IMSPReadAB.
   Status Load(std::string_view startKey, std::int32_t direction);
 
   // Writes every record to the server in turn. Stops at the first status that is not 0 and returns
-  // it. Returns -1 and makes no call for an empty list or without an owner.
+  // it. Returns -1 and makes no server call for an empty list or without an owner.
   // Server calls: IMSPModifyEntry for each record.
   Status SaveAll();
 

@@ -2,7 +2,7 @@
 //
 // A record with an owner reaches the server through that book's appliance. One without is the
 // session's own and calls TheAgent. Operations that write return 1 or 0; the status is the agent's
-// last error.
+// last error. Operations that list no server calls make no server call.
 
 #ifndef QUILLKIT_BOOKS_USER_RECORD_H_
 #define QUILLKIT_BOOKS_USER_RECORD_H_
@@ -72,9 +72,12 @@ class CUserRecord : public CUserEntry {
 
   // Calls CreatePrivateBook and reads the entries and lists of the new book with
   // CPrivEmailAB::LoadEntries. Returns 1, also if the account gets no book; or 0.
+  // Server calls: those of CPrivEmailAB::LoadEntries(1).
   int LoadPrivateBook();
 
   // Reads what the book has not read yet: its entries, its lists, their members.
+  // Server calls: those of CPrivEmailAB::LoadEntries(0), then those of LoadLists(1) or, if the
+  // lists are loaded, of LoadAllMembers.
   void LoadPrivateLists();
 
   // Empties the private book on the server and writes the one in memory back: restore only a book
@@ -92,7 +95,8 @@ class CUserRecord : public CUserEntry {
   // entry, WriteMembers of each list) and check the last error after each.
   int RestorePrivateBook();
 
-  // Adds an entry to the user's private book on the server. Server calls: IMSPCreateEntry.
+  // Adds an entry to the user's private book on the server. Returns the status.
+  // Server calls: IMSPCreateEntry.
   Status CreatePrivateEntry(CEmailEntry* entry) const;
 
   // The section of one user in a backup: the name and the private book. A record without a book
@@ -105,30 +109,35 @@ class CUserRecord : public CUserEntry {
   // each step: CPrivEmailAB::LoadEntries(0) and LoadListsChecked(0) return 1, and each list's Open
   // returns 0 and delivers its count. Storing then calls the server for lists without members only.
   // After loading, check Archive::Failed().
+  // Server calls: those of LoadPrivateBook without a book; then, to store, those of
+  // LoadPrivateLists and of CPrivEmailAB::LoadAllMembers.
   void SerializeWithBook(Archive& archive);
 
   // --- Log ---
   //
-  // As CAgent's ReadLog, ClearLog, LogCount and LogRecordAt for this user. Use the agent of the
-  // owner's appliance, or TheAgent without an owner. If the owner has no bound scanner, LoadLog and
-  // ClearMyLog return -1 and make no call, and the other two use TheAgent.
+  // As CAgent's ReadLog, ClearLog, LogCount and LogRecordAt for this user, with their server calls.
+  // Use the agent of the owner's appliance, or TheAgent without an owner. If the owner has no bound
+  // scanner, LoadLog and ClearMyLog return -1 and make no server call, and the other two use
+  // TheAgent.
 
   Status LoadLog() const;
   Status ClearMyLog() const;
   std::uint32_t LogSize() const;
   const LogRecord* LogAt(std::int32_t index) const;
 
-  // --- Flags, written to the server: IMSPModifyEntry ---
+  // --- Flags, written to the server ---
   //
   // Return 1, or 0 if the server refuses; the flag in memory changes in both cases. `reload` has an
   // effect if the server returned 0 and the record has an owner: the owner passes the record
   // through its copy step and reads its accounts again. The copy step releases the private book of
   // the record without deleting it: call DetachPrivateBook before. The record then has a new empty
   // book if its owner was attached with private books, otherwise none.
+  // Server calls: IMSPModifyEntry; then those of CUserAB::Load if `reload` has an effect.
 
-  // Sets the once-only mark. Returns 0 and makes no call if it is set already.
+  // Sets the once-only mark. Returns 0 and makes no server call if it is set already.
   int MarkOnce(std::int32_t reload);
 
+  // The on-off state.
   bool IsOn() const { return (flags & kOnFlag) != 0; }
   int TurnOn(std::int32_t reload);
   int TurnOff(std::int32_t reload);

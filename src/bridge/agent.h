@@ -118,7 +118,7 @@ class CAgent : public RootObject {
   // Server calls: IMSPLogin, IMSPCreateEntry, IMSPLogout.
   Status EnrolUser(std::uint32_t address, CUserEntry* entry);
 
-  // Read or replace the entry of USERSAB with the name of the record.
+  // Read or replace the entry of USERSAB with the name of the record. Return the status.
   // Server calls: IMSPReadEntryProperties or IMSPModifyEntry.
   Status ReadUser(CUserRecord* user);
   Status ModifyUser(CUserRecord* user);
@@ -150,7 +150,8 @@ class CAgent : public RootObject {
   // --- Keep-alive ---
 
   // Asks the server for the period of the keep-alive and starts the timer with half of it on the
-  // calling thread. Returns the last recorded status; 0, with no server call, if the timer runs.
+  // calling thread. Returns the last recorded status. If the timer runs, returns 0 and makes no
+  // server call.
   // Server calls: IMSPIOCtl 6, which is recorded.
   Status StartWakeup();
 
@@ -161,6 +162,7 @@ class CAgent : public RootObject {
   // StartWakeup() returns 0. True does not always mean that a timer runs:
   //   - Logout() stops the timer but keeps its id.
   //   - After StopWakeup(), StartWakeup() returns 0 without starting a timer.
+  // Server calls: those of StartWakeup(), if it is called.
   bool EnsureWakeup();
 
   TimerId WakeupTimer() const { return wakeupTimer; }
@@ -170,10 +172,11 @@ class CAgent : public RootObject {
   // --- Services ---
 
   // Sets the time-out of server calls, in seconds. Stores the old one, rounded down to seconds, in
-  // `*old`. If the old one cannot be read, changes neither. Server calls: IMSPIOCtl 2, IMSPIOCtl 1.
+  // `*old`. If the old one cannot be read, changes neither. Returns the first status that is not 0,
+  // otherwise 0. Server calls: IMSPIOCtl 2, IMSPIOCtl 1.
   Status SetServerTimeout(std::uint32_t seconds, std::uint32_t* old);
 
-  // Sets the time-out that it reads, rounded down to seconds.
+  // Sets the time-out that it reads, rounded down to seconds. Returns as SetServerTimeout.
   // Server calls: IMSPIOCtl 2, IMSPIOCtl 1.
   Status KeepServerTimeout();
 
@@ -182,8 +185,9 @@ class CAgent : public RootObject {
   // Server calls: those of SetServerTimeout, IMSPBatchConfiguration, those of SetServerTimeout.
   Status RunBatch(const std::string& path);
 
-  // Run a database command (IMSPIOCtl 7) under the long time-out, like RunBatch. Return and record
-  // -1 if DatabaseCommand rejects the texts.
+  // Run a database command under the long time-out, like RunBatch. Return and record -1 if
+  // DatabaseCommand rejects the texts.
+  // Server calls: as RunBatch, with IMSPIOCtl 7.
   Status BackupDatabase(const char* first, const char* second);
   Status RestoreDatabase(const char* first, const char* second);
 
@@ -194,13 +198,14 @@ class CAgent : public RootObject {
   Status CheckDatabase();
 
   // Sends a database command: 0 backs up, 1 restores, 2 checks. `first`, a comma and `second`
-  // follow it; each may be null. Returns -1 and makes no call if the first text is over 384
+  // follow it; each may be null. Returns -1 and makes no server call if the first text is over 384
   // characters, the second does not fit after it, or there is a second without a first.
   // Server calls: IMSPIOCtl 7.
   Status DatabaseCommand(std::int32_t kind, const char* first, const char* second);
 
-  // Replaces the log records by those of a user, at most a million. Returns -1 if the allocation
-  // fails. Server calls: IMSPSizeofAB and, if there are records, IMSPReadAB on LOGAB.
+  // Replaces the log records by those of a user, at most a million. Returns the status, or -1 if
+  // the allocation fails.
+  // Server calls: IMSPSizeofAB and, if there are records, IMSPReadAB on LOGAB.
   Status ReadLog(const std::string& user);
 
   // Clear a part of the log under the long time-out, like RunBatch. ClearLog clears what `filter`
@@ -222,10 +227,10 @@ class CAgent : public RootObject {
   Status ValidateString(const std::string& text, std::int32_t limit);
 
   // Copies a text from the server into `text`, a buffer of at least 400 bytes. Stores an empty text
-  // if the call fails. Server calls: IMSPIOCtl 12.
+  // if the call fails. Returns the status. Server calls: IMSPIOCtl 12.
   Status ServerText(char* text);
 
-  // Continues the session as another user. Server calls: IMSPChangeIdentity.
+  // Continues the session as another user. Returns the status. Server calls: IMSPChangeIdentity.
   Status ChangeIdentity(const std::string& user);
 
   // --- Forwarding operations ---

@@ -26,7 +26,7 @@ class LongTimeout {
     Status restored;
   };
 
-  // With a null agent, raise and restore fail with -1 and make no call.
+  // With a null agent, raise and restore fail with -1 and make no server call.
   LongTimeout(CAgent* newAgent, Unit newUnit) : agent(newAgent), unit(newUnit) {}
 
   // Raises the time-out, runs `work`, restores the time-out. Stops at the first status that is not

@@ -86,7 +86,7 @@ class DistributionList : public RootObject {
 
   // Copies `entry` to the member with Entry::SetFrom. If `server` is 1, then calls ModifyMember
   // with a reload and returns its status; otherwise returns 0. Returns -1 on an empty list, and 0
-  // for an index out of range.
+  // for an index out of range. Server calls: those of ModifyMember if `server` is 1.
   Status SetAt(std::int32_t index, const Entry& entry, std::int32_t server);
 
   // Returns 1, or 0 for an index out of range.
@@ -95,6 +95,7 @@ class DistributionList : public RootObject {
   // Removes the member in memory. If `server` is 1, then removes on the server, with a reload, the
   // member that is now at this index: the next one, or the removed one if it was the last. Returns
   // that status; otherwise the index. Returns 0 for an index out of range.
+  // Server calls: those of RemoveMember if `server` is 1.
   Status RemoveAt(std::int32_t index, std::int32_t server);
 
   // Returns the index of the first member with exactly the entry's name; -1 if there is none; 0 on

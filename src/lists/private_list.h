@@ -29,7 +29,8 @@ class PrivateList : public ServerList<CEmailEntry, BookClass, BookKind::kPrivate
   // Stores the name and the book, which must outlive the list, and reads at most 512 members. The
   // count is that of the size query: members that the read did not deliver are blank. Once the size
   // is known, stores the number of delivered members in `*delivered`, unless that is null. Returns
-  // the first status that is not 0. Returns -1 and makes no call for a null book or an empty name.
+  // the first status that is not 0. Returns -1 and makes no server call for a null book or an empty
+  // name.
   // Server calls: IMSPSizeofAB, then IMSPReadAB unless the size is 0.
   Status Open(BookClass* newBook, std::string_view newName, std::uint32_t* delivered = nullptr);
 
@@ -39,16 +40,19 @@ class PrivateList : public ServerList<CEmailEntry, BookClass, BookKind::kPrivate
   // Returns whether Open has started to read members.
   bool IsFilled() const { return filled != 0; }
 
-  // Returns 24 and makes no call, with nothing recorded, if the list has 512 members or the private
-  // book is full. Server calls: IMSPCreateEntry.
+  // Adds a member on the server. Returns the status. If the list has 512 members or the private
+  // book is full, returns 24, records nothing and makes no server call. The status of the reload is
+  // ignored.
+  // Server calls: IMSPCreateEntry; then those of Reload if `reload` is set.
   Status AddMember(CEmailEntry* entry, std::int32_t reload) override;
 
-  // Reads the list again, as Open, without its limit.
+  // Reads the list again, as Open, but up to 200,000 members. Returns the first status that is not
+  // 0. Server calls: those of Open.
   Status Reload() override;
 
   // Creates the list and its members on the server with CPrivEmailAB::CreateListWithMembers, and
   // returns its status. A list without members is not created. The addresses of members whose flags
-  // are 0 are blanked in memory too.
+  // are 0 are blanked in memory too. Server calls: IMSPCreateAB, IMSPCreateEntry for each member.
   //
   // Without a book, as after loading from an archive, it creates the session's own list, with or
   // without members, and returns 0 even if the server refuses. The last error is then that of the
@@ -63,18 +67,21 @@ class PrivateList : public ServerList<CEmailEntry, BookClass, BookKind::kPrivate
   Status DestroyList() override;
   Status DestroyKeepingMembers();
 
-  // As those of CPubEmailDL. AddLocal makes the call of AddMember; AddLocalUnlimited ignores the
-  // limit of the private book.
+  // As those of CPubEmailDL, but AddLocal also returns -1, records nothing and makes no server call
+  // if the private book is full; AddLocalUnlimited ignores that limit.
+  // Server calls: IMSPCreateEntry.
   std::int32_t AddLocal(CEmailEntry* entry);
   std::int32_t AddLocalUnlimited(CEmailEntry* entry);
 
   // As AddLocalUnlimited, but looks the entry up in the private book before it appends it. Reads
   // the book's entries if none are in memory. Changes the flags of `*entry`: to 1 if the book has
   // an entry of this name and address, to 0 if the book was read and has no entry of this name.
+  // Server calls: IMSPCreateEntry; then IMSPReadAB if no entries are in memory.
   std::int32_t AddLocalChecked(CEmailEntry* entry);
 
   // Replace the member of the entry's name. RenameLocal then sets its name to `key`. Return 1; 0 if
   // the server refuses or the member is not in memory; -1 without a book.
+  // Server calls: IMSPModifyEntry.
   std::int32_t ModifyLocal(CEmailEntry* entry);
   std::int32_t RenameLocal(std::string_view key, CEmailEntry* entry);
 

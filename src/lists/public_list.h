@@ -23,19 +23,22 @@ class PublicList : public ServerList<Entry, BookClass, kListKind> {
   // Stores the name and the book, which must outlive the list, and reads at most 512 members. The
   // count is that of the size query: members that the read did not deliver are blank. Once the size
   // is known, stores the number of delivered members in `*delivered`, unless that is null. Returns
-  // the first status that is not 0: 21 comes with 512 members. Returns -1 and makes no call for an
-  // empty name; 0 and no change for a null book.
+  // the first status that is not 0: 21 comes with 512 members. Returns -1 and makes no server call
+  // for an empty name; 0 and no change for a null book.
   // Server calls: IMSPSizeofAB, then IMSPReadAB unless the size is 0.
   Status Open(BookClass* newBook, std::string_view newName, std::uint32_t* delivered = nullptr);
 
-  // With 512 members records and returns code 24 and makes no call. Server calls: IMSPCreateEntry.
+  // Adds a member on the server. Returns the status. With 512 members records and returns code 24
+  // and makes no server call. The status of the reload is ignored.
+  // Server calls: IMSPCreateEntry; then those of Reload if `reload` is set.
   Status AddMember(Entry* entry, std::int32_t reload) override;
 
-  // Reads the list again, as Open, without its limit.
+  // Reads the list again, as Open, but up to 200,000 members. Returns the first status that is not
+  // 0. Server calls: those of Open.
   Status Reload() override;
 
-  // Modifies each member in turn, by its own name. Stops at the first status that is not 0 and
-  // returns it. Server calls: IMSPModifyEntry for each.
+  // Modifies each member in turn on the server, by its own name. Stops at the first status that is
+  // not 0 and returns it; otherwise returns 0. Server calls: IMSPModifyEntry for each member.
   Status WriteMembers() override;
 
   // Drops the members in memory and deletes the list on the server under the long time-out. Stops

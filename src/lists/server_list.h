@@ -6,8 +6,10 @@
 //   ...Local            change the server, then update the members in place; return -1 if the
 //                       server refuses
 //
-// In both, if the server refuses the change, the members stay unchanged. Nothing is rolled back.
-// Without a book every operation returns -1 and makes no call, unless it says otherwise.
+// With `reload`, the server calls of Reload follow those that a contract lists. In both families,
+// if the server refuses the change, the members stay unchanged. Nothing is rolled back. Without a
+// book every operation returns -1 and makes no server call, unless it says otherwise. Operations
+// that list no server calls make no server call.
 //
 // `BookClass` provides
 //   MembersOf(list)               the access to a list's members (appliance/book_access.h)
@@ -37,14 +39,15 @@ class ServerList : public DistributionList<Entry> {
  public:
   BookClass* Book() const { return book; }
 
-  // The number of members on the server, also of a list without a book.
-  // Server calls: IMSPSizeofAB.
+  // Stores the number of members on the server in `*count`, also for a list without a book. Returns
+  // the status. Server calls: IMSPSizeofAB.
   Status GetMemberCount(std::uint32_t* count) override;
 
-  // Reads the member that the entry names into the entry. Server calls: IMSPReadEntryProperties.
+  // Reads the member that the entry names into the entry. Returns the status.
+  // Server calls: IMSPReadEntryProperties.
   Status ReadMember(Entry* entry) override { return Access().ReadOne(entry); }
 
-  // Has no limit. Server calls: IMSPCreateEntry.
+  // Adds a member, without a limit. Server calls: IMSPCreateEntry.
   Status AddMemberUnlimited(Entry* entry, std::int32_t reload) override {
     return ReloadAfter(Access().Create(entry), reload);
   }
@@ -61,13 +64,14 @@ class ServerList : public DistributionList<Entry> {
   // Removes the member that the entry names. Server calls: IMSPDeleteEntry.
   Status RemoveMember(Entry* entry, std::int32_t reload) override;
 
-  // Append the entry. Return the new count. With 512 members, record code 24, return -1 and make no
-  // call. AddLocalUnlimited is the same as AddLocal. Server calls: IMSPCreateEntry.
+  // Append the entry. Return the new count, or -1 on failure. With 512 members, record code 24,
+  // return -1 and make no server call. AddLocalUnlimited is the same as AddLocal.
+  // Server calls: IMSPCreateEntry.
   std::int32_t AddLocal(Entry* entry);
   std::int32_t AddLocalUnlimited(Entry* entry) { return AddLocal(entry); }
 
-  // Removes the member that the entry names. Returns the new count; -1 also if the removed member
-  // is not in memory; 0 for a list without members. Server calls: IMSPDeleteEntry.
+  // Removes the member that the entry names. Returns the new count; -1 on failure, also if the
+  // removed member is not in memory; 0 for a list without members. Server calls: IMSPDeleteEntry.
   std::int32_t RemoveLocal(Entry* entry);
 
  protected:

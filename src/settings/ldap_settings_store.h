@@ -7,7 +7,7 @@
 // null or empty profile means the settings without a profile, unless a function says otherwise.
 //
 // A failed change shows the message "Cannot access the Windows Registry.", for any reason. Call
-// from one thread. Server calls: none.
+// from one thread. Makes no server call.
 
 #ifndef QUILLKIT_SETTINGS_LDAP_SETTINGS_STORE_H_
 #define QUILLKIT_SETTINGS_LDAP_SETTINGS_STORE_H_

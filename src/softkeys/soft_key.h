@@ -5,7 +5,8 @@
 //   plain  changes the server, then reloads the whole key if `reload` is set; returns a Status
 //   Fast   changes the server, then updates the cache in place; returns a count or 1, or -1 or 0
 // In both, if the server refuses the change, the cache stays unchanged. Nothing is rolled back.
-// SetItemAt and RemoveItemAt change only the cache.
+// SetItemAt and RemoveItemAt change only the cache. Operations that list no server calls make no
+// server call.
 //
 // Invariants:
 //   1. Items are in the server's order, followed by those that FastItemAdd appended.
@@ -13,7 +14,7 @@
 //   3. A text of an item that the server delivered may lack its NUL until ItemAt is called for the
 //      item. That saves a pass over all items at each load.
 //   4. Without an owner, every server operation except GetDBItemCount returns -1 or 0 and makes no
-//      call.
+//      server call.
 
 #ifndef QUILLKIT_SOFTKEYS_SOFT_KEY_H_
 #define QUILLKIT_SOFTKEYS_SOFT_KEY_H_
@@ -45,9 +46,9 @@ class CSoftKey {
   // read. A missing or empty book, or a failure that delivers nothing, returns 0 and leaves no
   // items. After 21 or any other failure, the key holds what was delivered, or 512 blank items if
   // the server left the count unchanged. An item that it counts but does not write is blank.
-  // Returns -1 and makes no call without an owner (no change), without memory (name and owner are
-  // set, the items are released), and without a scanner (512 blank items). Server calls:
-  // IMSPReadAB.
+  // Returns -1 and makes no server call without an owner (no change), without memory (name and
+  // owner are set, the items are released), and without a scanner (512 blank items).
+  // Server calls: IMSPReadAB.
   Status Load(const std::string& name, CTopLevelAB* newOwner, std::string_view firstName,
               std::int32_t direction);
 
@@ -69,7 +70,7 @@ class CSoftKey {
   std::int32_t ItemCount() const { return items.count(); }
   bool IsEmpty() const { return items.IsEmpty(); }
 
-  // Returns null for an index out of range.
+  // Returns the item at `index`, or null for an index out of range. The key owns it.
   CMenuItem* ItemAt(std::int32_t index) {
     CMenuItem* item = items.At(index);
     if (item != nullptr) item->Terminate();
@@ -108,7 +109,7 @@ class CSoftKey {
 
   // Server calls: IMSPCreateEntry, IMSPDeleteEntry or IMSPModifyEntry.
 
-  // Returns the new count, or -1. At 512 cached items, records code 24 and makes no call.
+  // Returns the new count, or -1. At 512 cached items, records code 24 and makes no server call.
   std::int32_t FastItemAdd(CMenuItem* item);
 
   // Returns the new count, or -1; also -1 if the server deleted an item that was not cached.
@@ -120,7 +121,8 @@ class CSoftKey {
 
   // --- More ---
 
-  // Stores the number of items on the server in `*count`. Works without an owner too.
+  // Stores the number of items on the server in `*count`. Returns the status. Works without an
+  // owner too.
   // Server calls: IMSPSizeofAB.
   Status GetDBItemCount(std::uint32_t* count) const;
 

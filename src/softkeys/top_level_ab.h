@@ -10,7 +10,8 @@
 //   Fast                   changes the server, then updates the cache: other handles stay valid
 //
 // If the server refuses a change, the cache stays unchanged. Nothing is rolled back. Without a
-// scanner, every request fails in the style of its family and makes no call.
+// scanner, every request fails in the style of its family and makes no server call. Operations that
+// list no server calls make no server call.
 
 #ifndef QUILLKIT_SOFTKEYS_TOP_LEVEL_AB_H_
 #define QUILLKIT_SOFTKEYS_TOP_LEVEL_AB_H_
@@ -40,7 +41,7 @@ class CTopLevelAB : public RootObject {
   const ClassRecord* GetRuntimeClass() const override { return &kClass; }
 
   // Sets the scanner, which must outlive this object. If `load` is set, runs Load with items and
-  // discards its status. Always returns 1.
+  // discards its status. Always returns 1. Server calls: those of Load if `load` is set.
   int Attach(CScanner* newScanner, std::int32_t load);
 
   // Replaces the cache by the server's keys. Returns the status of the listing, with 4 (no keys) as
@@ -57,7 +58,7 @@ class CTopLevelAB : public RootObject {
 
   std::int32_t Count() const { return static_cast<std::int32_t>(keys.size()); }
 
-  // Returns null for an index out of range.
+  // Returns the key at `index`, or null for an index out of range. The cache owns it.
   CSoftKey* KeyAt(std::int32_t index) const;
 
   // Returns the lowest index of a key with exactly this name, or -1.
@@ -76,8 +77,10 @@ class CTopLevelAB : public RootObject {
   // --- Plain family: return the status of the change, or of the reload ---
   //
   // Here and below, a name of 32 or more bytes is sent as the empty name.
+  // Server calls: IMSPCreateEntry, IMSPDeleteAB or IMSPModifyEntry (modify and rename); then those
+  // of Load with items if `reload` is set.
 
-  // AddKey returns 24 if 11 keys are cached, and then records nothing and makes no call.
+  // AddKey returns 24 if 11 keys are cached, and then records nothing and makes no server call.
   Status AddKey(const std::string& name, bool reload);
   Status AddKey(CMenuItem* record, bool reload);
   Status DeleteKey(const std::string& name, bool reload);
@@ -90,9 +93,11 @@ class CTopLevelAB : public RootObject {
   Status RenameSoftKeyByName(const std::string& oldName, const std::string& newName);
 
   // --- Fast family ---
+  //
+  // Server calls: IMSPCreateEntry, IMSPDeleteAB or IMSPModifyEntry (modify and rename).
 
   // Adds a key with the name of `key`, which stays owned by the caller. Returns the new count, or
-  // -1. At 11 cached keys, records nothing and makes no call.
+  // -1. At 11 cached keys, records nothing and makes no server call.
   std::int32_t FastKeyAdd(const CSoftKey& key);
 
   // Returns the new count, or -1; also -1 if the server deleted a key that was not cached. Destroys
@@ -111,11 +116,15 @@ class CTopLevelAB : public RootObject {
 
   // Clears the top-level book on the server under the long time-out, then runs Load with items.
   // Returns the status of the clear, or -1 without a scanner.
+  // Server calls: those of CScanner::ClearTopBook, then those of Load.
   Status ClearAll();
 
-  // --- Forwards to the scanner; without one they return -1 and make no call ---
+  // --- Forwards to the scanner; without one they return -1 and make no server call ---
+  //
+  // Arguments, results and server calls are those of the CScanner operations of the same names.
 
-  // Stores the number of keys on the server in `*count`. Server calls: IMSPSizeofAB.
+  // Stores the number of keys on the server in `*count`. Returns the status.
+  // Server calls: IMSPSizeofAB.
   Status SizeofTop(std::uint32_t* count) const { return Scanner().SizeofTop(count); }
 
   Status ReadKeyItems(std::string_view key, KeyRange* range, CMenuItem* items, std::uint32_t* count,

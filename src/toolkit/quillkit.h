@@ -32,7 +32,7 @@
 //                                          or until FastKeyRemove removes the key.
 //                 CreateSoftKey            Owned by the application. Valid until DestroySoftKey.
 //                                          After its book is destroyed, use it only for functions
-//                                          without server calls.
+//                                          that make no server call.
 //   CMenuItem*    GetItemAt                Owned by the key. Valid until the next change of its
 //                                          items.
 //                 CreateMenuItem           Owned by the application. Valid until DestroyMenuItem.
@@ -60,13 +60,14 @@
 //   1 or 0   1 on success
 //
 // Errors. GetLastToolkitError returns the status of the latest server call, or a code that the
-// library recorded itself. A function that succeeds without a server call leaves it unchanged. A
-// contract lists the server calls of the function in order, or says "No server call"; unless stated
-// otherwise, the first call that fails is the last one. Any such function can return any server
-// code (see TranslateToolkitError). If the server library is not loaded or lacks the entry point,
-// the call returns 20. On POSIX, each function first sends the keep-alive of the calling thread if
-// it is due, even if its contract says "No server call". The library itself raises 24 ("Address
-// Book Full") and 25 ("Invalid host name"). Local codes are returned and never recorded:
+// library recorded itself. A function that succeeds and makes no server call leaves it unchanged. A
+// contract lists the server calls of the function in order, or says "Makes no server call"; unless
+// stated otherwise, the first call that fails is the last one. Any such function can return any
+// server code (see TranslateToolkitError). If the server library is not loaded or lacks the entry
+// point, the call returns 20. On POSIX, each function first sends the keep-alive of the calling
+// thread if it is due, even if its contract says "Makes no server call". The library itself raises
+// 24 ("Address Book Full") and 25 ("Invalid host name"). Local codes are returned and never
+// recorded:
 //
 //   -1   not connected, invalid argument, or no such file
 //   -2   the input file cannot be read
@@ -127,9 +128,9 @@ extern "C" {
 // call of the load; it is 4 for a book without keys.
 //
 // Errors, by cause:
-//   - A user, password or third text is too long: no server call, no change.
-//   - The host cannot be resolved: records 25. The host is 0.0.0.0: records nothing. In both cases
-//     there is no server call, and GetTopLevelAbook returns null afterwards.
+//   - A user, password or third text is too long: makes no server call and no change.
+//   - The host cannot be resolved: records 25. The host is 0.0.0.0: records nothing. Both make no
+//     server call, and GetTopLevelAbook returns null afterwards.
 //   - A server call fails: its status is the last error. The library has sent IMSPLogout, so an
 //     earlier session has ended too.
 //
@@ -154,18 +155,18 @@ QUILLKIT_API void Logout();
 // Server calls: IMSPTerminate, the first time only.
 QUILLKIT_API void Exit();
 
-// Returns the last recorded status and keeps it. No server call.
+// Returns the last recorded status and keeps it. Makes no server call.
 QUILLKIT_API std::int32_t GetLastToolkitError();
 
 // Copies the text of `code` and its NUL into `buffer` if it is shorter than `*size` bytes, and
 // returns 1. Otherwise stores the length of the text, without its NUL, in `*size`, leaves the
 // buffer unchanged and returns 0; the buffer then needs that length plus 1. Codes 23 and 26 to 31
-// have an empty text. Codes below 0 or above 31 have "Unknown Error Code !". No server call.
+// have an empty text. Codes below 0 or above 31 have "Unknown Error Code !". Makes no server call.
 QUILLKIT_API std::int32_t TranslateToolkitError(std::int32_t code, char* buffer,
                                                 std::int32_t* size);
 
 // ---------------------------------------------------------------------------------------------
-// The appliance. No server calls.
+// The appliance. Its functions make no server call.
 // ---------------------------------------------------------------------------------------------
 
 // Returns the host as the application passed it to LogToQuillbox.
@@ -193,7 +194,7 @@ QUILLKIT_API CTopLevelAB* GetTopLevelAbook(CScanner* scanner);
 // Soft keys: at most 11
 // ---------------------------------------------------------------------------------------------
 
-// Returns the number of cached keys. No server call.
+// Returns the number of cached keys. Makes no server call.
 QUILLKIT_API std::int32_t GetCount(CTopLevelAB* book);
 
 // Replaces the cached keys by those of the server, with their items if `withItems` is set. All
@@ -225,10 +226,10 @@ QUILLKIT_API std::int32_t ModifyKey(CTopLevelAB* book, CSoftKey* key, std::int32
 QUILLKIT_API std::int32_t RenameSoftKey(CTopLevelAB* book, const std::string& oldName,
                                         CSoftKey* key);
 
-// Returns the key at `index`, or null for an index out of range. No server call.
+// Returns the key at `index`, or null for an index out of range. Makes no server call.
 QUILLKIT_API CSoftKey* GetKeyAt(CTopLevelAB* book, std::int32_t index);
 
-// Returns the lowest index of a cached key with exactly this name, or -1. No server call.
+// Returns the lowest index of a cached key with exactly this name, or -1. Makes no server call.
 QUILLKIT_API std::int32_t FindSoftKeyIndex(CTopLevelAB* book, const std::string& name);
 
 // Adds a key with the name of `key` to the server and, without items, to the cache. `key` stays
@@ -263,10 +264,10 @@ QUILLKIT_API std::int32_t FastKeyRename(CTopLevelAB* book, const std::string& ol
 // Creates a key with a name of any length, owned by the application. It has 512 blank items until a
 // plain function with `reload` has read it. Stores the key in `*key` in every case. Returns nonzero
 // on success. Returns 0 if the items cannot be allocated; the key then has no items. Returns 0 also
-// if `book` is null; the key then has no name and no items. No server call.
+// if `book` is null; the key then has no name and no items. Makes no server call.
 QUILLKIT_API std::int32_t CreateSoftKey(const std::string& name, CTopLevelAB* book, CSoftKey** key);
 
-// Destroys a key that CreateSoftKey made. Ignores null. No server call.
+// Destroys a key that CreateSoftKey made. Ignores null. Makes no server call.
 QUILLKIT_API void DestroySoftKey(CSoftKey* key);
 
 // Reads the items of the key `name` from the server and discards them: the cached key is unchanged.
@@ -276,13 +277,13 @@ QUILLKIT_API void DestroySoftKey(CSoftKey* key);
 // Server calls: IMSPReadAB.
 QUILLKIT_API CSoftKey* LoadItems(CTopLevelAB* book, const std::string& name);
 
-// Returns the name of the key. No server call.
+// Returns the name of the key. Makes no server call.
 QUILLKIT_API const char* GetKeyName(CSoftKey* key);
 
-// Returns nonzero if the key has no cached items, otherwise 0. No server call.
+// Returns nonzero if the key has no cached items, otherwise 0. Makes no server call.
 QUILLKIT_API std::int32_t IsSoftKeyEmpty(CSoftKey* key);
 
-// Returns the number of cached items. No server call.
+// Returns the number of cached items. Makes no server call.
 QUILLKIT_API std::int32_t GetItemCount(CSoftKey* key);
 
 // Stores the number of items on the server in `*count` on success. Returns a status. Works also on
@@ -290,12 +291,12 @@ QUILLKIT_API std::int32_t GetItemCount(CSoftKey* key);
 // Server calls: IMSPSizeofAB.
 QUILLKIT_API std::int32_t GetDBItemCount(CSoftKey* key, std::uint32_t* count);
 
-// Returns the item at `index`, or null for an index out of range. No server call.
+// Returns the item at `index`, or null for an index out of range. Makes no server call.
 QUILLKIT_API CMenuItem* GetItemAt(CSoftKey* key, std::int32_t index);
 
 // Change only the cache. SetItemAt copies the six fields of `item` into the item at `index`.
 // RemoveItemAt removes the item at `index` and moves the later items down. Return 1, or 0 for an
-// index out of range. No server call.
+// index out of range. Makes no server call.
 QUILLKIT_API std::int32_t SetItemAt(CSoftKey* key, std::int32_t index, CMenuItem* item);
 QUILLKIT_API std::int32_t RemoveItemAt(CSoftKey* key, std::int32_t index);
 
@@ -303,20 +304,20 @@ QUILLKIT_API std::int32_t RemoveItemAt(CSoftKey* key, std::int32_t index);
 // FindFirstItem starts at the first item. FindNextItem starts after the last hit, with the pattern
 // of the last FindFirstItem that had a hit. It starts at index 0 after a FindFirstItem without a
 // hit, at index 1 after a load, and at the same index again after a FindNextItem without a hit.
-// Return the index of the hit, or -1. No server call.
+// Return the index of the hit, or -1. Makes no server call.
 QUILLKIT_API std::int32_t FindFirstItem(CSoftKey* key, const std::string& pattern,
                                         std::int32_t wholeName);
 QUILLKIT_API std::int32_t FindNextItem(CSoftKey* key, std::int32_t wholeName);
 
-// Returns the lowest index of a cached item with the name of `item`, or -1. No server call.
+// Returns the lowest index of a cached item with the name of `item`, or -1. Makes no server call.
 QUILLKIT_API std::int32_t FindMenuItemIndex(CSoftKey* key, CMenuItem* item);
 
 // Change an item of the key on the server. AddMenuItem adds `item`. ModifyMenuItem replaces the
 // item with the name of `item`. RenameMenuItem replaces the item `oldName` by `item`, which has the
 // new name. DeleteMenuItem deletes the item `name`. `item` is copied. With `reload`, the items of
 // the key are then read again; a read that delivers nothing returns 0 and leaves no items. Return a
-// status: -1, with no server call, for a key loaded without items; 21, with `reload`, if the server
-// has more than 512 items.
+// status; 21, with `reload`, if the server has more than 512 items. For a key loaded without items,
+// return -1 and make no server call.
 // Server calls: IMSPCreateEntry, IMSPModifyEntry, IMSPModifyEntry or IMSPDeleteEntry; with
 // `reload`, then IMSPReadAB.
 QUILLKIT_API std::int32_t AddMenuItem(CSoftKey* key, CMenuItem* item, std::int32_t reload);
@@ -345,7 +346,7 @@ QUILLKIT_API std::int32_t FastItemRename(CSoftKey* key, const std::string& oldNa
                                          CMenuItem* item);
 
 // ---------------------------------------------------------------------------------------------
-// Menu item object. No server calls; works without a session.
+// Menu item object. Its functions make no server call and work without a session.
 // ---------------------------------------------------------------------------------------------
 
 // Creates a blank item, owned by the application, and stores it in `*item`. Returns 1, or 0 with

@@ -1,7 +1,7 @@
 // The entries of an appliance's e-mail book, as a view reads and changes them on the server. The
 // book itself (books/email_ab.h) derives from this class.
 //
-// Without a scanner every operation returns -1 and makes no call, unless it says otherwise.
+// Without a scanner every operation returns -1 and makes no server call, unless it says otherwise.
 
 #ifndef QUILLKIT_VIEWS_ENTRY_SOURCE_H_
 #define QUILLKIT_VIEWS_ENTRY_SOURCE_H_

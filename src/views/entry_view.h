@@ -15,8 +15,9 @@
 //   3. If the server fails (a status other than 0, 21 and 4), navigation returns null; the status
 //      is the agent's last error. Reads return 21 if more entries follow, and 4 if there are none.
 //
-// Without a book, operations return null, 0 or -1 and make no call. `exact` compares whole names if
-// it is 1, otherwise the beginnings of names.
+// Without a book, operations return null, 0 or -1 and make no server call. Operations that list no
+// server calls make no server call. `exact` compares whole names if it is 1, otherwise the
+// beginnings of names.
 
 #ifndef QUILLKIT_VIEWS_ENTRY_VIEW_H_
 #define QUILLKIT_VIEWS_ENTRY_VIEW_H_
@@ -38,14 +39,18 @@ class CEntryView {
   CEntryView& operator=(const CEntryView&) = delete;
 
   // --- Virtual operations, in this order in every view ---
+  //
+  // Each view describes the results and server calls that differ from these. The view owns the
+  // entries that it returns.
 
   virtual ~CEntryView() = default;
 
   // Stores the book, which must outlive the view; null changes nothing. Returns 1 if there is a
-  // book, otherwise 0. The full view loads the book here.
+  // book, otherwise 0. The full view loads the book here, with its server calls.
   virtual int AttachBook(EntrySource* newBook);
 
-  // Step through the book's order, or go to an index in it. Return null if there is no entry.
+  // Step through the book's order, or go to an index in it, which starts at 0. Return null if there
+  // is no entry.
   virtual CEmailEntry* First() { return nullptr; }
   virtual CEmailEntry* Last() { return nullptr; }
   virtual CEmailEntry* Next() { return nullptr; }
@@ -53,12 +58,13 @@ class CEntryView {
   virtual CEmailEntry* GetAt(std::int32_t /*index*/) { return nullptr; }
 
   // Change the book on the server, or the entries of the view, depending on the flag: see each
-  // view.
+  // view. Here they do nothing and return 0.
   virtual Status Add(CEmailEntry* /*entry*/, std::int32_t /*reload*/) { return kNoError; }
   virtual Status Remove(CEmailEntry* /*entry*/, std::int32_t /*flag*/) { return kNoError; }
   virtual std::int32_t RemoveAt(std::int32_t /*index*/) { return 0; }
 
-  // Search by name. FindNext, FindPrev and FindNextPrefix use the key of the latest search.
+  // Search by name. FindNext, FindPrev and FindNextPrefix use the key of the latest search. Return
+  // the entry, or null.
   virtual CEmailEntry* Find(std::string_view /*key*/, std::int32_t /*flag*/) { return nullptr; }
   virtual CEmailEntry* FindLetter(char /*letter*/) { return nullptr; }
   virtual CEmailEntry* FindNext(std::int32_t /*exact*/) { return nullptr; }
@@ -66,13 +72,15 @@ class CEntryView {
   virtual CEmailEntry* FindPrefix(std::string_view /*key*/) { return nullptr; }
   virtual CEmailEntry* FindNextPrefix() { return nullptr; }
 
+  // Replace an entry: see each view. Here they do nothing and return 0.
   virtual Status Modify(CEmailEntry* /*entry*/, std::int32_t /*flag*/) { return kNoError; }
   virtual Status ModifyByKey(std::string_view /*key*/, CEmailEntry* /*entry*/,
                              std::int32_t /*flag*/) {
     return kNoError;
   }
 
-  // Change the server and then the view's entries: see CFullEntryView. Other views do nothing.
+  // Change the server and then the view's entries: see CFullEntryView. Other views do nothing and
+  // return 0 (AddLocal) or 1.
   virtual std::int32_t AddLocal(CEmailEntry* /*entry*/) { return 0; }
   virtual std::int32_t ModifyLocal(CEmailEntry* /*entry*/) { return 1; }
   virtual std::int32_t ModifyLocalByKey(std::string_view /*key*/, CEmailEntry* /*entry*/) {
@@ -83,6 +91,7 @@ class CEntryView {
   // Discards the entries, so that the next search reads from the server.
   virtual void Reset() {}
 
+  // Return 0, except in a CSlidingEntryView.
   virtual std::int32_t GetPageSize() const { return 0; }
   virtual std::int32_t SetPageSize(std::int32_t /*size*/) { return 0; }
 
@@ -98,7 +107,7 @@ class CEntryView {
   // without a book or memory. Server calls: IMSPReadPageBoundaries.
   Status LoadBoundaries(std::int32_t force);
 
-  // The four operations below load the census.
+  // The four operations below load the census. Server calls: those of LoadBoundaries(0).
 
   // Returns 0 for an empty census.
   char FirstLetter();
@@ -112,13 +121,15 @@ class CEntryView {
 
   // Stores in `*letter` the first letter whose entries end at or after `index`, and returns the
   // index of its first entry: for an index where a letter starts, that is the letter before it.
-  // Returns -1 for an index beyond the census.
+  // Returns -1, with `*letter` unchanged, for an index beyond the census.
   std::int32_t LetterOfIndex(std::int32_t index, char* letter);
 
-  // Returns the census without loading it. Before it was read: null, and a count of 128.
+  // Returns the census without loading it, and stores the number of its rows in `*count`. Owned by
+  // the view; valid until the census is read again. Before it was read: null, and a count of 128.
   const PageBoundary* GetBoundaries(std::int32_t* count) const;
 
-  // Stores the number of entries on the server. Returns the status, or -1 without a book.
+  // Stores the number of entries on the server in `*size`. Returns the status, or -1 without a
+  // book.
   // Server calls: IMSPSizeofAB.
   Status BookSize(std::uint32_t* size) const;
 

@@ -9,7 +9,7 @@
 //
 // Invariants:
 //   1. Entries are in the server's order, followed by those that AddLocal appended.
-//   2. Navigation and search make no call. On an empty view they return null.
+//   2. Navigation and search make no server call. On an empty view they return null.
 //   3. The cursor is the index of the current entry, or -1 after a Find without a hit. After
 //      removals it may be beyond the last entry.
 
@@ -36,7 +36,7 @@ class CFullEntryView : public CEntryView {
   // holds 512 blank entries, or none if the server set the count to 0. Server calls: IMSPReadAB.
   int AttachBook(EntrySource* newBook) override;
 
-  // Last and GetAt do not move the cursor.
+  // Return null outside the view. Last and GetAt do not move the cursor.
   CEmailEntry* First() override { return MoveTo(0); }
   CEmailEntry* Last() override { return entries.At(entries.count() - 1); }
   CEmailEntry* Next() override { return MoveTo(cursor + 1); }
@@ -54,7 +54,8 @@ class CFullEntryView : public CEntryView {
   CEmailEntry* FindPrefix(std::string_view key) override { return Find(key, 0); }
 
   // Return the status of the change; with `reload`, after a 0, that of the read, which may be 4 or
-  // 21. Return -1 without a book. Add returns -1 with no call if the view holds 512 entries.
+  // 21. Return -1 without a book. Add returns -1 and makes no server call if the view holds 512
+  // entries.
   // Server calls: those of EntrySource's AddEntry, DeleteEntry, ModifyEntry or RenameEntry; then
   // IMSPReadAB if `reload` is set.
   Status Add(CEmailEntry* entry, std::int32_t reload) override;
@@ -63,15 +64,17 @@ class CFullEntryView : public CEntryView {
   Status ModifyByKey(std::string_view key, CEmailEntry* entry, std::int32_t reload) override;
 
   // Removes an entry from the view only. Returns the new count, or -1 for an index out of range.
+  // Makes no server call.
   std::int32_t RemoveAt(std::int32_t index) override;
 
   // AddLocal appends the entry. Return the new count; or -1 if the server refuses, the view holds
   // 512 entries (AddLocal), or the removed entry is not in the view (RemoveLocal).
+  // Server calls: those of EntrySource's AddEntry or DeleteEntry.
   std::int32_t AddLocal(CEmailEntry* entry) override;
   std::int32_t RemoveLocal(CEmailEntry* entry) override;
 
   // Replace the entry of that name, including its name. Return 1; or 0 if the server refuses or the
-  // changed entry is not in the view.
+  // changed entry is not in the view. Server calls: IMSPModifyEntry.
   std::int32_t ModifyLocal(CEmailEntry* entry) override;
   std::int32_t ModifyLocalByKey(std::string_view key, CEmailEntry* entry) override;
 

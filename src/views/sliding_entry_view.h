@@ -1,6 +1,7 @@
 // The view of a book of any size: a span of three consecutive pages that slides over the book. A
-// step inside the span makes no call. A step past either end reads a new span in the direction of
-// travel. A jump reads the span around its target, so that entries on both sides are in memory.
+// step inside the span makes no server call. A step past either end reads a new span in the
+// direction of travel. A jump reads the span around its target, so that entries on both sides are
+// in memory.
 //
 // Invariants:
 //   1. In the order low, middle, high, the pages hold consecutive entries of the book in ascending
@@ -11,11 +12,13 @@
 //      FindLetter, Find or FindPrefix.
 //
 // At the ends: a step past the book's last entry, or before its first, reads from the server, finds
-// nothing and loses the span. If the page after the current one is empty, Next moves to it and
-// returns null with no call. In both cases, stepping back does not recover the position.
+// nothing and loses the span. If the page after the current one is empty, Next moves to it, returns
+// null and makes no server call. In both cases, stepping back does not recover the position.
 //
 // Invariant 1 assumes a correct server. Of the reads of one load, only the last status is returned;
 // if an earlier read fails, only its page shows it.
+//
+// Operations that list no server calls make no server call.
 
 #ifndef QUILLKIT_VIEWS_SLIDING_ENTRY_VIEW_H_
 #define QUILLKIT_VIEWS_SLIDING_ENTRY_VIEW_H_
@@ -34,14 +37,17 @@ class CSlidingEntryView : public CEntryView {
   // finds nothing.
   explicit CSlidingEntryView(std::int32_t size) : CEntryView(size) {}
 
-  // Reads the span from the beginning. Server calls: at most three IMSPReadAB.
+  // Reads the span from the beginning and returns the first entry, or null if there is none.
+  // Server calls: at most three IMSPReadAB.
   CEmailEntry* First() override;
 
-  // GetAt of the last index, after one more IMSPSizeofAB.
+  // GetAt of the last index; null for an empty book.
+  // Server calls: IMSPSizeofAB, then those of GetAt.
   CEmailEntry* Last() override;
 
-  // Make no call inside the span, and at most three reads past its ends. If those fail, Next stays
-  // after the span's last entry, and Prev before its first.
+  // Make no server call inside the span. If the reads past its ends fail, Next stays after the
+  // span's last entry, and Prev before its first.
+  // Server calls: at most three IMSPReadAB past the ends.
   CEmailEntry* Next() override;
   CEmailEntry* Prev() override;
 
@@ -51,7 +57,7 @@ class CSlidingEntryView : public CEntryView {
   // at the index, and at most three for the span around it.
   CEmailEntry* GetAt(std::int32_t index) override;
 
-  // Return -1.
+  // Return -1 and make no server call.
   Status Add(CEmailEntry* /*entry*/, std::int32_t /*reload*/) override { return kRefused; }
   std::int32_t RemoveAt(std::int32_t /*index*/) override { return -1; }
 
@@ -60,12 +66,14 @@ class CSlidingEntryView : public CEntryView {
   // first and last entries can be, the position is in an empty page.
   // Any other flag: deletes the entry on the server only. Returns the status.
   // Returns -1 without a book.
+  // Server calls: at most three IMSPReadAB (flag 0) or IMSPDeleteEntry.
   Status Remove(CEmailEntry* entry, std::int32_t flag) override;
 
   // Search the span, then read the span around the key and search again. Find with a flag of 1
   // always reads. The position moves on a hit only. Names with a common prefix are neighbours:
   // FindNext, FindPrev and FindNextPrefix make one step, hit or not, and return the entry if it
-  // matches.
+  // matches. Without a hit they all return null.
+  // Server calls: at most three IMSPReadAB.
   CEmailEntry* Find(std::string_view key, std::int32_t flag) override;
   CEmailEntry* FindPrefix(std::string_view key) override;
   CEmailEntry* FindNext(std::int32_t exact) override;
@@ -74,18 +82,20 @@ class CSlidingEntryView : public CEntryView {
 
   // Reads only the letter's entries into the span; later steps past its ends leave the letter.
   // Returns null, with an empty span, if the book has no such letter. NUL means any letter.
+  // Server calls: at most three IMSPReadAB.
   CEmailEntry* FindLetter(char letter) override;
 
   // With a flag of 1 they change the server first; if that fails, they return its status. Otherwise
   // they return 0. If the span has an entry of the name of `entry`, they change it and move the
   // position to it: Modify copies name and address and clears the flags; ModifyByKey renames it to
-  // `key`.
+  // `key`. Server calls: IMSPModifyEntry with a flag of 1.
   Status Modify(CEmailEntry* entry, std::int32_t flag) override;
   Status ModifyByKey(std::string_view key, CEmailEntry* entry, std::int32_t flag) override;
 
   // Empties the pages and keeps the position.
   void Reset() override;
 
+  // Returns the size that was passed to the constructor.
   std::int32_t GetPageSize() const override { return pageSize; }
 
   // Allocates three pages of `size` blank entries and returns `size`; or returns 0 for a size of 0

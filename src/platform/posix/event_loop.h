@@ -16,7 +16,7 @@ extern "C" {
 
 // Returns a descriptor that is readable while a timer of the calling thread is due, or -1 if the
 // system cannot create one. It stays the same for the life of the thread. The library owns it: do
-// not read, write or close it. No server call.
+// not read, write or close it. Makes no server call.
 __attribute__((visibility("default"))) int QuillkitEventDescriptor(void);
 
 // Runs the due timers of the calling thread. Returns the number of timers run. A call from within a
