@@ -2,8 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <tuple>
 #include <utility>
 
+#include "base/secret.h"
+#include "quillctl/failures.h"
 #include "toolkit/quillkit.h"
 #include "views/entry_source.h"
 
@@ -12,25 +15,38 @@ namespace {
 
 using quillkit::CScanner;
 
-template <std::size_t N>
-std::string Text(const quillkit::FixedText<N>& field) {
-  return std::string(field.View());
+// Returns references to the texts of a record, in the order of the book's fields.
+template <class Record>
+auto Texts(Record& r) {
+  if constexpr (requires { r.printerName; }) {
+    return std::tie(r.printerName, r.description, r.printerModel);
+  } else if constexpr (requires { r.number; }) {
+    return std::tie(r.name, r.number, r.third);
+  } else if constexpr (requires { r.password; }) {
+    return std::tie(r.name, r.password, r.third, r.fourth);
+  } else {
+    return std::tie(r.name, r.address);
+  }
 }
 
-Row Cells(const quillkit::CEmailEntry& entry) {
-  return {Text(entry.name), Text(entry.address)};
+template <class Record>
+Row Cells(const Record& record) {
+  return std::apply([](const auto&... text) { return Row{std::string(text.View())...}; },
+                    Texts(record));
 }
 
-Row Cells(const quillkit::CFaxEntry& entry) {
-  return {Text(entry.name), Text(entry.number), Text(entry.third)};
-}
-
-Row Cells(const quillkit::PrinterRecord& entry) {
-  return {Text(entry.printerName), Text(entry.description), Text(entry.printerModel)};
-}
-
-Row Cells(const quillkit::CUserEntry& entry) {
-  return {Text(entry.name), Text(entry.password), Text(entry.third), Text(entry.fourth)};
+// Stores the values in the record. Throws a UsageError for one that is too long.
+template <class Record>
+void Store(Record& record, const Row& row, const AddressBook& book) {
+  std::size_t i = 0;
+  const auto store = [&](auto& text) {
+    if (text.Set(row[i]) == 0) {
+      throw UsageError("the " + LowerCase(book.fields[i]) + " is longer than " +
+                       std::to_string(text.kMaxLength) + " bytes");
+    }
+    ++i;
+  };
+  std::apply([&](auto&... text) { (store(text), ...); }, Texts(record));
 }
 
 constexpr std::uint32_t kPage = 64;
@@ -55,7 +71,7 @@ std::int32_t ReadPages(const quillkit::CScanner& scanner, const std::string& fro
       if (!handle(std::move(row))) return quillkit::kNoError;
     }
     if (status == quillkit::kNoError) return quillkit::kNoError;
-    if (count == 0) break;  // more entries that never come
+    if (count == 0) break;  // the server reports more entries but delivers none
   }
   return quillkit::kUnusableInput;
 }
@@ -63,6 +79,58 @@ std::int32_t ReadPages(const quillkit::CScanner& scanner, const std::string& fro
 template <auto Access>
 std::int32_t CountEntries(const quillkit::CScanner& scanner, std::uint32_t* count) {
   return (scanner.*Access)().Size(count);
+}
+
+template <auto Access>
+std::int32_t AddEntry(const AddressBook& book, const CScanner& scanner, const Row& row) {
+  auto entries = (scanner.*Access)();
+  quillkit::Wiped<typename decltype(entries)::Record> record;
+  Store(record, row, book);
+  return entries.Create(&record);
+}
+
+template <auto Access>
+std::int32_t ChangeEntry(const AddressBook& book, const CScanner& scanner, const std::string& name,
+                         const std::function<bool(Row&)>& edit) {
+  auto entries = (scanner.*Access)();
+  quillkit::Wiped<typename decltype(entries)::Record> record;
+  std::get<0>(Texts(record)).Assign(name);
+  const quillkit::Status status = entries.ReadOne(&record);
+  if (status != quillkit::kNoError) return status;
+  Row row = Cells(record);
+  if (row[0] != name) return quillkit::kUnusableInput;  // another entry
+  if (!edit(row)) return quillkit::kNoError;
+  Store(record, row, book);
+  return row[0] == name ? entries.Modify(&record) : entries.Rename(name, &record);
+}
+
+template <auto Access>
+std::int32_t DeleteEntry(const CScanner& scanner, const std::string& name) {
+  return (scanner.*Access)().Delete(name);
+}
+
+template <auto Access>
+AddressBook Book(std::string_view word, std::string_view title, std::int32_t target, Row fields,
+                 std::size_t requiredFields, std::int32_t (*clear)(CScanner&)) {
+  return {word,
+          title,
+          target,
+          std::move(fields),
+          requiredFields,
+          ReadPages<Access>,
+          CountEntries<Access>,
+          AddEntry<Access>,
+          ChangeEntry<Access>,
+          DeleteEntry<Access>,
+          clear};
+}
+
+AddressBook UserBook() {
+  AddressBook book = Book<&CScanner::UserEntries>(
+      "users", "user book", quillkit::TargetUsers, {"Name", "Password", "Third", "Fourth"}, 1,
+      [](CScanner& scanner) { return scanner.ClearUsersBook(); });
+  book.secretField = 1;
+  return book;
 }
 
 }  // namespace
@@ -73,48 +141,24 @@ Row AddressBook::WithoutSecret(Row row) const {
 }
 
 std::span<const AddressBook> PublicBooks() {
-  static const std::array<AddressBook, 4> books = {{
-      {"email",
-       "e-mail book",
-       quillkit::TargetEmail,
-       {"Name", "Address"},
-       2,
-       ReadPages<&CScanner::EmailEntries>,
-       CountEntries<&CScanner::EmailEntries>},
-      {"fax",
-       "fax book",
-       quillkit::TargetFax,
-       {"Name", "Number", "Third"},
-       2,
-       ReadPages<&CScanner::FaxEntries>,
-       CountEntries<&CScanner::FaxEntries>},
-      {"printers",
-       "printer book",
-       quillkit::TargetPrinters,
-       {"Name", "Description", "Model"},
-       1,
-       ReadPages<&CScanner::PrinterEntries>,
-       CountEntries<&CScanner::PrinterEntries>},
-      {"users",
-       "user book",
-       quillkit::TargetUsers,
-       {"Name", "Password", "Third", "Fourth"},
-       1,
-       ReadPages<&CScanner::UserEntries>,
-       CountEntries<&CScanner::UserEntries>,
-       1},
-  }};
+  static const std::array<AddressBook, 4> books = {
+      Book<&CScanner::EmailEntries>("email", "e-mail book", quillkit::TargetEmail,
+                                    {"Name", "Address"}, 2,
+                                    [](CScanner& scanner) { return scanner.ClearEmailBook(); }),
+      Book<&CScanner::FaxEntries>("fax", "fax book", quillkit::TargetFax,
+                                  {"Name", "Number", "Third"}, 2,
+                                  [](CScanner& scanner) { return scanner.ClearFaxBook(); }),
+      Book<&CScanner::PrinterEntries>(
+          "printers", "printer book", quillkit::TargetPrinters, {"Name", "Description", "Model"}, 1,
+          [](CScanner& scanner) { return scanner.ClearPrintersBook(); }),
+      UserBook()};
   return books;
 }
 
 std::span<const AddressBook> PrivateBook() {
-  static const std::array<AddressBook, 1> book = {{{"private",
-                                                    "private e-mail book",
-                                                    0,
-                                                    {"Name", "Address"},
-                                                    2,
-                                                    ReadPages<&CScanner::PrivateEntries>,
-                                                    CountEntries<&CScanner::PrivateEntries>}}};
+  static const std::array<AddressBook, 1> book = {Book<&CScanner::PrivateEntries>(
+      "private", "private e-mail book", 0, {"Name", "Address"}, 2,
+      [](CScanner& scanner) { return scanner.PrivateEntries().ClearBook(); })};
   return book;
 }
 
@@ -124,6 +168,10 @@ std::span<const AddressBook> FindBook(std::string_view word) {
     if (books[i].word == word) return books.subspan(i, 1);
   }
   return {};
+}
+
+std::span<const AddressBook> FindAnyBook(std::string_view word) {
+  return word == PrivateBook().front().word ? PrivateBook() : FindBook(word);
 }
 
 std::vector<std::string> BookWords() {

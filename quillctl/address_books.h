@@ -35,6 +35,15 @@ struct AddressBook {
                        const std::string& filter, const RowHandler& handle);
   // Stores the number of entries in `*count` on success. Returns a status.
   std::int32_t (*count)(const quillkit::CScanner& scanner, std::uint32_t* count);
+  // Adds an entry. Returns a status. Throws a UsageError for a value that is too long.
+  std::int32_t (*add)(const AddressBook& book, const quillkit::CScanner& scanner, const Row& row);
+  // Reads the entry `name` and passes it to `edit`. If that returns true, replaces the entry by the
+  // edited row. Returns a status, and throws a UsageError as `add` does.
+  std::int32_t (*change)(const AddressBook& book, const quillkit::CScanner& scanner,
+                         const std::string& name, const std::function<bool(Row&)>& edit);
+  // Deletes the entry `name`, or all entries. Return a status.
+  std::int32_t (*remove)(const quillkit::CScanner& scanner, const std::string& name);
+  std::int32_t (*clear)(quillkit::CScanner& scanner);
   std::size_t secretField = kNone;  // the field that is never shown
 
   static constexpr auto kNone = static_cast<std::size_t>(-1);
@@ -49,8 +58,9 @@ std::span<const AddressBook> PublicBooks();
 // The book that imports of any other account fill: its own.
 std::span<const AddressBook> PrivateBook();
 
-// Returns the public book with this word, or an empty span.
+// Returns the public book with this word, or an empty span. FindAnyBook also finds the private one.
 std::span<const AddressBook> FindBook(std::string_view word);
+std::span<const AddressBook> FindAnyBook(std::string_view word);
 
 std::vector<std::string> BookWords();
 

@@ -141,8 +141,8 @@ void RequireDeleted(CheckRun& check, const std::string& name) {
   if (!isDeleted(status)) throw Refusal(CodeAndText(status));
 }
 
-constexpr const char* kMayExist = " may still exist (delete it with delete-key)";
-constexpr const char* kExists = " still exists (delete it with delete-key)";
+constexpr const char* kMayExist = " may still exist (delete it with quillctl key delete)";
+constexpr const char* kExists = " still exists (delete it with quillctl key delete)";
 
 void AppendKey(std::string& list, const std::string& name, const std::string& text) {
   list += (list.empty() ? "" : "; ") + Quoted(name) + text;

@@ -51,7 +51,8 @@ std::string Summary(std::size_t steps, std::size_t failed, std::size_t skipped) 
 }
 
 // Runs the steps, the changing ones only if `write` is set. Prints a line for each and the verdict,
-// or all of it as JSON. Throws a Refusal with the verdict unless all steps passed.
+// or all of it as JSON. Unless all steps passed, throws a Refusal with the verdict, or
+// a PartialFailure after an interruption.
 void CheckAppliance(const Credentials& credentials, bool write, bool json) {
   CheckRun check(credentials);
   const std::vector<Step> steps = Steps(write);
@@ -70,7 +71,11 @@ void CheckAppliance(const Credentials& credentials, bool write, bool json) {
   const bool allPassed = counts[kOk] == steps.size();
   if (json) PrintJson({{"steps", std::move(list)}, {"good", allPassed}});
   if (!check.WasLoggedIn()) throw LoginRefusal("cannot log in; the server was not tested");
-  if (!allPassed) throw Refusal(Summary(steps.size(), counts[kFailed], counts[kSkipped]));
+  if (!allPassed) {
+    const std::string summary = Summary(steps.size(), counts[kFailed], counts[kSkipped]);
+    if (check.IsInterrupted()) throw PartialFailure("interrupted; " + summary);
+    throw Refusal(summary);
+  }
   if (json) return;
   std::cout << "All " << steps.size()
             << " steps passed: this server is compatible with Quillkit.\n";
@@ -94,7 +99,7 @@ const KeySet& CheckRun::Keys() const {
 }
 
 void CheckRun::RequireNotInterrupted() const {
-  if (termination && termination->IsRequested()) throw Skip("the check was interrupted");
+  if (IsInterrupted()) throw Skip("the check was interrupted");
 }
 
 void CheckRun::RequireUnchanged(const KeySet& now) const {

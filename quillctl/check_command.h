@@ -52,6 +52,7 @@ class CheckRun {
     if (!termination) termination.emplace();
   }
   void RequireNotInterrupted() const;
+  bool IsInterrupted() const { return termination && termination->IsRequested(); }
 
   // Throws a Refusal that describes the first difference if `now` differs from Keys().
   void RequireUnchanged(const KeySet& now) const;

@@ -29,8 +29,8 @@ constexpr const char* kFooter =
     "  1  the appliance or the library refused the operation, a check failed, the user did not\n"
     "     confirm, or a file or the output cannot be written\n"
     "  2  the command line or an input file is invalid, or --yes is missing without a terminal\n"
-    "  3  only a part was done: some rows were not imported, some changes were not made, or the\n"
-    "     command was interrupted\n"
+    "  3  only a part was done: some rows were not imported, or some changes were not made; also\n"
+    "     if an interrupted command reports what it did before\n"
     "  4  the login failed: the appliance cannot be reached, or it refused the account\n"
     "  5  it is unknown what a command changed: the result cannot be read\n"
     "  6  something that the command names does not exist on the appliance\n"
@@ -68,7 +68,10 @@ constexpr const char* kExamples[] = {
     "config diff keys.json",
     "config apply keys.json --dry-run",
     "entry list email --from \"All staff\" --limit 20",
-    "entry find email Moreau",
+    "entry find email Agnes",
+    "entry add email \"Ann Lee\" --address ann@example.com",
+    "entry edit email \"Ann Lee\" --address lee@example.com",
+    "entry export email contacts.csv --spreadsheet",
     "entry import contacts.csv --format csv --map 2,10 --skip-header",
 };
 
@@ -143,6 +146,10 @@ Parser::Parser() {
 
 void Parser::Run(int argc, const char* const* argv) {
   arguments.assign(argv, argv + argc);
+  if (argc > 1 && arguments[1] == "complete") {
+    PrintCompletions(app, std::span(arguments).subspan(2));
+    return;
+  }
   try {
     app.parse(argc, argv);
   } catch (const CLI::Success& help) {

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <span>
 #include <string>
 #include <utility>
 
@@ -33,8 +34,6 @@ class Commands {
 
   // Runs the command that was parsed.
   void Run(const Credentials& credentials) const { (*parsed)(credentials); }
-
-  const CLI::App& Program() const { return app; }
 
  private:
   Commands(CLI::App& group, std::shared_ptr<Action> ofProgram)
@@ -76,6 +75,9 @@ void AddCheckCommand(Commands& commands);
 void AddInfoCommand(Commands& commands);
 void AddDemoCommand(Commands& commands);
 void AddCompletionCommand(Commands& commands);
+
+// Prints the words that may replace the last one of an incomplete command line, each on a line.
+void PrintCompletions(const CLI::App& program, std::span<const std::string> words);
 
 // Adds `entry import`.
 void AddImportCommand(Commands& entry);

@@ -80,18 +80,19 @@ void Make(const Session& session, const std::vector<KeySetChange>& changes) {
   }
 }
 
-// Reads the keys and throws a Refusal unless they are the wanted ones.
+// Reads the keys. Throws a PartialFailure unless they are the wanted ones, and an UnknownResult if
+// they cannot be read.
 void RequireApplied(const Session& session, const KeySet& wanted) {
   std::vector<KeySetChange> missing;
   try {
     missing = Difference(ReadKeySet(session), wanted);
   } catch (const Refusal& why) {
-    throw Refusal(std::string("the appliance accepted all changes, but they cannot be read: ") +
-                  why.what());
+    throw UnknownResult(
+        std::string("the appliance accepted all changes, but they cannot be read: ") + why.what());
   }
   if (missing.empty()) return;
-  throw Refusal("the appliance accepted all changes, but did not make this one: " +
-                Described(missing.front()));
+  throw PartialFailure("the appliance accepted all changes, but did not make this one: " +
+                       Described(missing.front()));
 }
 
 // Writes the keys and their items as JSON (key_set_json.h) to a file, or to standard output if
@@ -133,8 +134,8 @@ void DiffKeys(const Credentials& credentials, const std::string& path) {
 }
 
 // Prints the differences. After confirmation, makes the appliance's keys those of the file. Throws
-// a UsageError as DiffKeys does; a Refusal if the user does not confirm, or if the appliance's keys
-// then still differ; and what Make() throws.
+// a UsageError as DiffKeys does; a Refusal if the user does not confirm; and what Make() and
+// RequireApplied() throw.
 void ApplyKeys(const Credentials& credentials, const std::string& path, bool yes, bool dryRun) {
   const KeySet wanted = ReadKeyFile(path);
   const Session session(credentials);

@@ -67,6 +67,8 @@ std::string Utf8Text(std::string_view text) {
 
 namespace {
 
+constexpr char kDigits[] = "0123456789ABCDEF";
+
 // Returns the number of a control character, or -1. Control characters 128 to 159 are C2 80 to
 // C2 9F.
 int ControlNumber(std::string_view character) {
@@ -77,8 +79,16 @@ int ControlNumber(std::string_view character) {
 
 }  // namespace
 
+std::string HexadecimalBytes(std::string_view bytes) {
+  std::string digits;
+  for (const char byte : bytes) {
+    const auto number = static_cast<unsigned char>(byte);
+    digits += {kDigits[number >> 4], kDigits[number & 0xF]};
+  }
+  return digits;
+}
+
 std::string DisplayedText(std::string_view text) {
-  constexpr char kDigits[] = "0123456789ABCDEF";
   const std::string utf8 = Utf8Text(text);
   std::string displayed;
   for (std::string_view rest = utf8; !rest.empty();) {

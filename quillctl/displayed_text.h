@@ -20,6 +20,9 @@ std::string Utf8Text(std::string_view text);
 // two hexadecimal digits, so that no name can control the terminal.
 std::string DisplayedText(std::string_view text);
 
+// Returns two hexadecimal digits for each byte.
+std::string HexadecimalBytes(std::string_view bytes);
+
 // Returns DisplayedText between double quotes.
 std::string Quoted(std::string_view text);
 

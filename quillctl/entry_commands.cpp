@@ -1,8 +1,10 @@
-// The commands `book` and `entry`, which read the address books page by page.
+// The commands `book` and `entry`: the address books of the appliance, and their entries. Books are
+// read page by page.
 
 #include <algorithm>
 #include <cstdint>
 #include <iostream>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -10,38 +12,67 @@
 
 #include "quillctl/address_books.h"
 #include "quillctl/commands.h"
+#include "quillctl/confirmation.h"
 #include "quillctl/displayed_text.h"
+#include "quillctl/entry_file.h"
 #include "quillctl/failures.h"
 #include "quillctl/json_output.h"
+#include "quillctl/text_file.h"
 #include "quillctl/text_table.h"
 
 namespace quillctl {
 namespace {
+
+// The values that options give to the fields of an entry, by the name of the field.
+using Values = std::map<std::string, std::optional<std::string>>;
 
 // The arguments of a command, which keeps them alive.
 struct Arguments {
   std::string book;
   std::string name;
   std::string from;
+  std::string file;
+  std::string format = "csv";
   std::uint32_t limit = 0;  // 0: none
+  Values values;
+  std::optional<std::string> newName;
   bool wholeName = false;
+  bool spreadsheet = false;
   bool json = false;
   bool jsonLines = false;
+  bool yes = false;
 };
 
-const AddressBook& BookOf(const std::string& word) {
-  return word == PrivateBook().front().word ? PrivateBook().front() : FindBook(word).front();
+constexpr const char* kUsers = "users";
+
+const AddressBook& BookOf(const Arguments& arguments) {
+  return FindAnyBook(arguments.book).front();
 }
 
-std::vector<std::string> AllBookWords() {
-  std::vector<std::string> words = BookWords();
-  words.emplace_back(PrivateBook().front().word);
-  return words;
+std::string TitleOf(const AddressBook& book) {
+  return std::string(book.title);
+}
+
+std::string DescribedEntry(const AddressBook& book, const std::string& name) {
+  return "the entry " + Quoted(name) + " of the " + TitleOf(book);
+}
+
+// Throws a Refusal unless the status is 0: a NotFound if the book has no such entry.
+void RequireEntry(std::int32_t status, const AddressBook& book, const std::string& name,
+                  const std::string& verb) {
+  if (status == quillkit::kDataNotFound) {
+    throw NotFound("the " + TitleOf(book) + " has no entry " + Quoted(name));
+  }
+  const std::string what = verb + ' ' + DescribedEntry(book, name);
+  if (status == quillkit::kUnusableInput) {
+    throw Refusal("cannot " + what + ": the appliance delivers another one");
+  }
+  RequireSuccess(status, what);
 }
 
 Json ShownEntry(const AddressBook& book, const Row& row) {
   Json entry;
-  for (std::size_t i = 0; i < row.size(); ++i) entry[LowerCase(book.fields[i])] = Utf8Text(row[i]);
+  for (std::size_t i = 0; i < row.size(); ++i) SetText(entry, LowerCase(book.fields[i]), row[i]);
   return entry;
 }
 
@@ -79,15 +110,13 @@ class EntryPrinter {
   std::uint32_t count = 0;
 };
 
-// Reads the entries that match `filter`, and passes each one to the printer if `wanted` returns
-// true for it. Throws a Refusal if the entries cannot be read.
-template <class Wanted>
-void PrintEntries(const Session& session, const Arguments& arguments, const std::string& filter,
-                  EntryPrinter& printer, Wanted wanted) {
-  const AddressBook& book = BookOf(arguments.book);
-  const auto handle = [&](Row row) { return !wanted(row) || printer.Add(std::move(row)); };
+// Reads the entries that match `filter` and passes each one to the handler. Throws a Refusal if
+// they cannot be read.
+void ForEachEntry(const Session& session, const Arguments& arguments, const std::string& filter,
+                  const RowHandler& handle) {
+  const AddressBook& book = BookOf(arguments);
   const std::int32_t status = book.read(*session.Scanner(), arguments.from, filter, handle);
-  const std::string what = "read the " + std::string(book.title);
+  const std::string what = "read the " + TitleOf(book);
   if (status == quillkit::kUnusableInput) {
     throw Refusal("cannot " + what + ": the appliance delivers invalid entries");
   }
@@ -95,21 +124,23 @@ void PrintEntries(const Session& session, const Arguments& arguments, const std:
 }
 
 void ListEntries(const Session& session, const Arguments& arguments) {
-  EntryPrinter printer(BookOf(arguments.book), arguments);
-  PrintEntries(session, arguments, "*", printer, [](const Row&) { return true; });
+  EntryPrinter printer(BookOf(arguments), arguments);
+  ForEachEntry(session, arguments, "*", [&](Row row) { return printer.Add(std::move(row)); });
   printer.Finish();
 }
 
 void FindEntries(const Session& session, const Arguments& arguments) {
-  const AddressBook& book = BookOf(arguments.book);
+  const AddressBook& book = BookOf(arguments);
   EntryPrinter printer(book, arguments);
-  // The appliance selects by the first character, `wanted` by the whole pattern.
-  PrintEntries(session, arguments, arguments.name.substr(0, 1) + '*', printer, [&](const Row& row) {
-    return arguments.wholeName ? row[0] == arguments.name : row[0].starts_with(arguments.name);
+  // The appliance selects by the first character, the handler by the whole pattern.
+  ForEachEntry(session, arguments, arguments.name.substr(0, 1) + '*', [&](Row row) {
+    const bool isWanted =
+        arguments.wholeName ? row[0] == arguments.name : row[0].starts_with(arguments.name);
+    return !isWanted || printer.Add(std::move(row));
   });
   if (arguments.json || !printer.IsEmpty()) printer.Finish();
   if (!printer.IsEmpty()) return;
-  throw NotFound("the " + std::string(book.title) +
+  throw NotFound("the " + TitleOf(book) +
                  (arguments.wholeName ? " has no entry " : " has no entry that begins with ") +
                  Quoted(arguments.name));
 }
@@ -117,12 +148,12 @@ void FindEntries(const Session& session, const Arguments& arguments) {
 std::uint32_t CountOf(const Session& session, const AddressBook& book) {
   std::uint32_t count = 0;
   RequireSuccess(book.count(*session.Scanner(), &count),
-                 "count the entries of the " + std::string(book.title));
+                 "count the entries of the " + TitleOf(book));
   return count;
 }
 
 void CountEntries(const Session& session, const Arguments& arguments) {
-  std::cout << CountOf(session, BookOf(arguments.book)) << '\n';
+  std::cout << CountOf(session, BookOf(arguments)) << '\n';
 }
 
 void ListBooks(const Session& session, const Arguments& arguments) {
@@ -138,18 +169,198 @@ void ListBooks(const Session& session, const Arguments& arguments) {
   PrintList(table, books, arguments.json);
 }
 
+Row ReadEntry(const Session& session, const AddressBook& book, const std::string& name) {
+  Row read;
+  const auto keep = [&read](const Row& row) {
+    read = row;
+    return false;
+  };
+  RequireEntry(book.change(book, *session.Scanner(), name, keep), book, name, "read");
+  return read;
+}
+
+void ShowEntry(const Session& session, const Arguments& arguments) {
+  const AddressBook& book = BookOf(arguments);
+  const Row row = book.WithoutSecret(ReadEntry(session, book, arguments.name));
+  if (arguments.json) {
+    PrintJson(ShownEntry(book, row));
+    return;
+  }
+  TextTable table;
+  for (std::size_t i = 0; i < row.size(); ++i) table.AddRow({book.fields[i], row[i]});
+  table.Print(std::cout);
+}
+
+// Stores the given values in the row. Throws a UsageError for a field that the book does not have.
+void StoreValues(Row& row, const AddressBook& book, const Values& values) {
+  for (const auto& [field, value] : values) {
+    if (!value) continue;
+    const auto found = std::ranges::find(book.fields, field, LowerCase);
+    if (found == book.fields.end()) {
+      throw UsageError("--" + field + " does not apply to the " + TitleOf(book));
+    }
+    row[static_cast<std::size_t>(found - book.fields.begin())] = *value;
+  }
+}
+
+void RequireValues(const AddressBook& book, const Row& row) {
+  for (std::size_t i = 0; i < book.requiredFields; ++i) {
+    if (!row[i].empty()) continue;
+    throw UsageError("an entry of the " + TitleOf(book) + " needs --" + LowerCase(book.fields[i]));
+  }
+}
+
+void AddEntry(const Session& session, const Arguments& arguments) {
+  const AddressBook& book = BookOf(arguments);
+  Row row(book.fields.size());
+  row[0] = arguments.name;
+  StoreValues(row, book, arguments.values);
+  RequireValues(book, row);
+  const std::string what = DescribedEntry(book, arguments.name);
+  RequireSuccess(book.add(book, *session.Scanner(), row), "add " + what);
+  std::cout << "Added " << what << ".\n";
+}
+
+void EditEntry(const Session& session, const Arguments& arguments) {
+  const AddressBook& book = BookOf(arguments);
+  bool hasChanged = false;
+  const auto edit = [&](Row& row) {
+    const Row before = row;
+    StoreValues(row, book, arguments.values);
+    if (arguments.newName) row[0] = *arguments.newName;
+    RequireValues(book, row);
+    hasChanged = row != before;
+    return hasChanged;
+  };
+  RequireEntry(book.change(book, *session.Scanner(), arguments.name, edit), book, arguments.name,
+               "change");
+  const std::string what = DescribedEntry(book, arguments.name);
+  if (hasChanged) {
+    std::cout << "Changed " << what << ".\n";
+  } else {
+    std::cout << "Nothing to change: " << what << " already has these values.\n";
+  }
+}
+
+void DeleteEntry(const Session& session, const Arguments& arguments) {
+  const AddressBook& book = BookOf(arguments);
+  ReadEntry(session, book, arguments.name);
+  const std::string what = DescribedEntry(book, arguments.name);
+  Confirm(arguments.yes, "Delete " + what + '?');
+  RequireEntry(book.remove(*session.Scanner(), arguments.name), book, arguments.name, "delete");
+  std::cout << "Deleted " << what << ".\n";
+}
+
+void ClearBook(const Session& session, const Arguments& arguments) {
+  const AddressBook& book = BookOf(arguments);
+  const std::string what =
+      "all " + std::to_string(CountOf(session, book)) + " entries of the " + TitleOf(book);
+  Confirm(arguments.yes, "Delete " + what + '?');
+  RequireSuccess(book.clear(*session.Scanner()), "clear the " + TitleOf(book));
+  std::cout << "Deleted " << what << ".\n";
+}
+
+// Writes the entries to a file, or to standard output. Throws a Refusal and writes nothing if they
+// cannot be read.
+void ExportEntries(const Session& session, const Arguments& arguments) {
+  const AddressBook& book = BookOf(arguments);
+  const std::unique_ptr<EntryFile> entries =
+      MakeEntryFile(arguments.format, book, arguments.spreadsheet);
+  std::uint32_t count = 0;
+  ForEachEntry(session, arguments, "*", [&](const Row& row) {
+    entries->Add(row);
+    ++count;
+    return true;
+  });
+  if (arguments.file.empty() || arguments.file == "-") {
+    std::cout << entries->Text();
+    return;
+  }
+  ConfirmOverwrite(arguments.yes, arguments.file);
+  WriteTextFile(arguments.file, entries->Text());
+  std::cout << "Exported " << count << " entries of the " << TitleOf(book) << " to "
+            << Quoted(arguments.file) << ".\n";
+}
+
 constexpr std::uint32_t kMaxLimit = 999'999;
 
 using Run = void (*)(const Session&, const Arguments&);
 
 // Adds a command whose first argument is a book. It logs in and calls `run`.
-CLI::App* AddEntryCommand(Commands& entry, const char* name, const char* help, Run run,
-                          const std::shared_ptr<Arguments>& a) {
+CLI::App* AddBookCommand(Commands& entry, const char* name, const char* help, Run run,
+                         const std::shared_ptr<Arguments>& a, bool withUsers = true) {
   CLI::App* command = entry.Add(name, help, [a, run](Session& session) { run(session, *a); });
-  command->add_option("book", a->book, "The book")
-      ->required()
-      ->check(CLI::IsMember(AllBookWords()));
+  std::vector<std::string> books = BookWords();
+  books.emplace_back(PrivateBook().front().word);
+  if (!withUsers) std::erase(books, kUsers);
+  command->add_option("book", a->book, "The book")->required()->check(CLI::IsMember(books));
   return command;
+}
+
+// Adds a command whose arguments are a book and an entry.
+CLI::App* AddEntryCommand(Commands& entry, const char* name, const char* help, Run run,
+                          const std::shared_ptr<Arguments>& a, bool withUsers = false) {
+  CLI::App* command = AddBookCommand(entry, name, help, run, a, withUsers);
+  AddName(command, "name", a->name, "The entry's name");
+  return command;
+}
+
+// Adds an option for each field of the books that entries can be added to.
+void AddValues(CLI::App* command, Values& values) {
+  for (const auto& [field, help] :
+       {std::pair{"address", "email, private: the e-mail address, at most 255 bytes"},
+        std::pair{"number", "fax: the number, at most 79 bytes"},
+        std::pair{"third", "fax: the third text, at most 10 bytes"},
+        std::pair{"description", "printers: the description, at most 255 bytes"},
+        std::pair{"model", "printers: the model, at most 31 bytes"}}) {
+    command->add_option(std::string("--") + field, values[field], help);
+  }
+}
+
+void AddReadingCommands(Commands& entry) {
+  auto a = std::make_shared<Arguments>();
+  CLI::App* list = AddBookCommand(entry, "list", "List the entries in order", ListEntries, a);
+  AsName(list->add_option("--from", a->from, "List the entries after this name"));
+  AddNumber(list, "--limit", a->limit, "List at most this number of entries", 1, kMaxLimit);
+  AddJson(list, a->json);
+  list->add_flag("--json-lines", a->jsonLines, "Print each entry as JSON on a line of its own")
+      ->excludes(list->get_option("--json"));
+
+  a = std::make_shared<Arguments>();
+  CLI::App* find = AddBookCommand(entry, "find", "Find entries by name", FindEntries, a);
+  AddName(find, "pattern", a->name, "The name or its beginning");
+  find->add_flag("--whole", a->wholeName, "Match the whole name only");
+  AddJson(find, a->json);
+
+  a = std::make_shared<Arguments>();
+  AddJson(AddEntryCommand(entry, "show", "Show an entry", ShowEntry, a, true), a->json);
+
+  AddBookCommand(entry, "count", "Print the number of entries", CountEntries,
+                 std::make_shared<Arguments>());
+
+  a = std::make_shared<Arguments>();
+  CLI::App* save = AddBookCommand(entry, "export", "Write the entries to a file", ExportEntries, a);
+  save->add_option("file", a->file, "The file (default: standard output)")->type_name("FILE");
+  save->add_option("--format", a->format, "The format of the file")
+      ->check(CLI::IsMember(EntryFileFormats()))
+      ->capture_default_str();
+  save->add_flag("--spreadsheet", a->spreadsheet,
+                 "csv only: write UTF-8 with a byte order mark, and mark values that a spreadsheet "
+                 "would treat as formulas");
+  AddYes(save, a->yes);
+}
+
+void AddChangingCommands(Commands& entry) {
+  const auto a = std::make_shared<Arguments>();
+  AddValues(AddEntryCommand(entry, "add", "Add an entry", AddEntry, a), a->values);
+
+  CLI::App* edit = AddEntryCommand(entry, "edit", "Change fields of an entry", EditEntry, a);
+  AsName(edit->add_option("--name", a->newName, "The new name"));
+  AddValues(edit, a->values);
+
+  AddYes(AddEntryCommand(entry, "delete", "Delete an entry", DeleteEntry, a), a->yes);
+  AddYes(AddBookCommand(entry, "clear", "Delete all entries of a book", ClearBook, a, false),
+         a->yes);
 }
 
 }  // namespace
@@ -164,23 +375,9 @@ void AddBookCommands(Commands& commands) {
 
 void AddEntryCommands(Commands& commands) {
   Commands entry =
-      commands.AddGroup("entry", "List, find, count and import entries of an address book");
-  auto a = std::make_shared<Arguments>();
-  CLI::App* list = AddEntryCommand(entry, "list", "List the entries in order", ListEntries, a);
-  AsName(list->add_option("--from", a->from, "List the entries after this name"));
-  AddNumber(list, "--limit", a->limit, "List at most this number of entries", 1, kMaxLimit);
-  AddJson(list, a->json);
-  list->add_flag("--json-lines", a->jsonLines, "Print each entry as JSON on a line of its own")
-      ->excludes(list->get_option("--json"));
-
-  a = std::make_shared<Arguments>();
-  CLI::App* find = AddEntryCommand(entry, "find", "Find entries by name", FindEntries, a);
-  AddName(find, "pattern", a->name, "The name or its beginning");
-  find->add_flag("--whole", a->wholeName, "Match the whole name only");
-  AddJson(find, a->json);
-
-  AddEntryCommand(entry, "count", "Print the number of entries", CountEntries,
-                  std::make_shared<Arguments>());
+      commands.AddGroup("entry", "List, find, change, import and export the entries of a book");
+  AddReadingCommands(entry);
+  AddChangingCommands(entry);
   AddImportCommand(entry);
 }
 

@@ -103,7 +103,7 @@ void ShowBooks(const ImportPlan& plan, const ImportRequest& request, const Conte
 }
 
 void WriteRejects(const ImportPlan& plan, const ImportRequest& request) {
-  if (!request.rejects.empty()) WriteRejectedRows(request.rejects, request.file, plan.Rows());
+  if (!request.rejects.empty()) WriteRejectedRows(request.rejects, plan.Rows());
 }
 
 // Sends the plan and reports the result. Sets the fault of each row that was not imported.
@@ -154,6 +154,7 @@ void RequireValidRows(const ImportPlan& plan, const ImportRequest& request) {
 // valid; and a PartialFailure if not all rows were imported.
 void RunImport(const ImportRequest& request, const Credentials& credentials) {
   ImportPlan plan(request, credentials.user == kAdministrator);
+  if (!request.rejects.empty()) RequireRejectsFile(request.rejects, request.file, request.force);
   WriteRejects(plan, request);
   RequireValidRows(plan, request);
   if (request.dryRun) {
@@ -216,6 +217,7 @@ void AddImportCommand(Commands& entry) {
       ->add_option("--rejects", into.rejects,
                    "Write the rows that are not imported to this file, unchanged")
       ->check(PathFault, "");
+  import->add_flag("--force", into.force, "Overwrite an existing file of rejected rows");
   auto* json = import->add_flag("--json", into.json, "Print the result as JSON");
   import
       ->add_flag("--dry-run", into.dryRun, "Print the script for the appliance, without sending it")

@@ -1,4 +1,4 @@
-// `quillctl import`: imports a file into the appliance's address books.
+// `quillctl entry import`: imports a file into the appliance's address books.
 
 #ifndef QUILLCTL_IMPORT_COMMAND_H_
 #define QUILLCTL_IMPORT_COMMAND_H_

@@ -29,6 +29,7 @@ struct ImportRequest {
   std::size_t shown = 5;         // how many new entries are shown
   std::size_t faultsShown = 20;  // how many rejected rows are listed
   std::string rejects = {};      // the file for rejected rows; empty for none
+  bool force = false;            // overwrite that file
   bool dryRun = false;
   bool json = false;
 };

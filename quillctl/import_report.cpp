@@ -10,11 +10,10 @@
 #include "quillctl/text_file.h"
 
 namespace quillctl {
-namespace {
 
 namespace fs = std::filesystem;
 
-void RequireRejectsFile(const fs::path& path, const fs::path& imported) {
+void RequireRejectsFile(const std::string& path, const std::string& imported, bool overwrite) {
   std::error_code failure;
   if (fs::equivalent(path, imported, failure)) {
     throw UsageError("--rejects: this is the file to import; choose another file");
@@ -22,9 +21,10 @@ void RequireRejectsFile(const fs::path& path, const fs::path& imported) {
   if (fs::exists(path, failure) && !fs::is_regular_file(path, failure)) {
     throw UsageError("--rejects: not a regular file; choose another file");
   }
+  if (fs::exists(path, failure) && !overwrite) {
+    throw UsageError("--rejects: the file exists; choose another one, or add --force");
+  }
 }
-
-}  // namespace
 
 void ShowImportSummary(const std::string& file, const ImportRows& rows, bool isVerified) {
   std::cout << (isVerified ? "Imported " : "Sent ") << rows.Entries() << " of " << rows.rows.size()
@@ -59,9 +59,8 @@ void ShowImportJson(const ImportRows& rows, bool isVerified) {
              {"rejected", std::move(rejected)}});
 }
 
-void WriteRejectedRows(const std::string& path, const std::string& imported,
-                       const ImportRows& rows) {
-  RequireRejectsFile(path, imported);
+void WriteRejectedRows(const std::string& path, const ImportRows& rows) {
+  if (rows.Rejected() == 0) return;
   std::string text(rows.header);
   for (const ImportRow& row : rows.rows) {
     if (!row.fault.empty()) text += row.bytes;

@@ -21,12 +21,15 @@ void ShowFaults(const ImportRows& rows, std::size_t limit);
 // Prints the summary and all invalid rows to standard output as JSON.
 void ShowImportJson(const ImportRows& rows, bool isVerified);
 
+// Throws a UsageError if `path` is the imported file or is not a regular file, and, unless
+// `overwrite` is set, if the file exists.
+void RequireRejectsFile(const std::string& path, const std::string& imported, bool overwrite);
+
 // Writes the header, if there is one, and the rows with a fault to a file, byte for byte as in the
 // imported file. After the rows have been corrected, the same command can import that file. An
-// existing file is replaced as a whole. Throws a UsageError if `path` is the imported file or is
-// not a regular file, and a Refusal if the file cannot be written.
-void WriteRejectedRows(const std::string& path, const std::string& imported,
-                       const ImportRows& rows);
+// existing file is replaced as a whole. Without such rows, writes nothing. Throws a Refusal if the
+// file cannot be written.
+void WriteRejectedRows(const std::string& path, const ImportRows& rows);
 
 }  // namespace quillctl
 

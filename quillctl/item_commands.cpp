@@ -170,14 +170,14 @@ Items ReadItems(const Session& session, const std::string& key) {
   return ItemsOf(FindKey(session.LoadKeys(true), key));
 }
 
-// Reads the key and returns whether it has the item. Throws a Refusal that begins with `failure` if
-// that cannot be read.
+// Reads the key and returns whether it has the item. Throws an UnknownResult that begins with
+// `failure` if that cannot be read.
 bool HasItem(const Session& session, const std::string& key, const std::string& name,
              const std::string& failure) {
   try {
     return std::ranges::count(ReadItems(session, key), name, &ItemFields::name) != 0;
   } catch (const Refusal& why) {
-    throw Refusal(failure + ": " + why.what());
+    throw UnknownResult(failure + ": " + why.what());
   }
 }
 

@@ -17,6 +17,13 @@ namespace quillctl {
 
 using Json = nlohmann::ordered_json;
 
+// Sets the member to the text as UTF-8. If the bytes of the text are not UTF-8, also sets the
+// member `name`-bytes to them in hexadecimal digits, so that the text can be restored exactly.
+inline void SetText(Json& json, const std::string& name, const std::string& text) {
+  json[name] = Utf8Text(text);
+  if (!IsUtf8(text)) json[name + "-bytes"] = HexadecimalBytes(text);
+}
+
 // Returns an object with the members of kItemTexts and kItemNumbers. `text` converts text to UTF-8.
 template <class Text>
 Json ItemJson(const ItemFields& item, Text text) {
@@ -26,7 +33,7 @@ Json ItemJson(const ItemFields& item, Text text) {
   return json;
 }
 
-// Returns the item as `items --json` shows it.
+// Returns the item as `item list --json` shows it.
 inline Json ShownItem(const std::string& key, const ItemFields& item) {
   Json json = {{"key", Utf8Text(key)}};
   json.update(ItemJson(item, Utf8Text));

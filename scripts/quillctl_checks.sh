@@ -39,7 +39,7 @@ check_completion() {
     while IFS=: read -r line expected; do
       IFS=" " read -ra words <<<"$line"
       COMP_WORDS=(quillctl "${words[@]}") COMP_CWORD=${#words[@]}
-      _quillctl || true  # it fails if no word matches
+      _quillctl "$1/quillctl"
       [ "${COMPREPLY[*]-}" = "$expected" ] && continue
       echo "completion of \"quillctl $line\": expected $expected, but got ${COMPREPLY[*]-}"
       exit 1
@@ -51,6 +51,7 @@ inf:info
 config apply --y:--yes
 --user keys completion f:fish
 entry import --format m:mail
+entry export email --format v:vcard
 item rename --host i:
 ke:key
 entry l:list
@@ -122,14 +123,14 @@ compare_transcript() {
     echo "quillctl, pass $2: the output differs from $transcript (< expected, > actual)"
     return 1
   fi
-  if grep -v '^\$' "$shown" | grep sesame; then
+  if grep -av '^\$' "$shown" | grep -a sesame; then
     echo "quillctl shows a password"
     return 1
   fi
-  echo "quillctl, pass $2: $(grep -c '^status' "$shown") runs match the transcript"
+  echo "quillctl, pass $2: $(grep -ac '^status' "$shown") runs match the transcript"
 }
 
-# check_demo QUILLCTL: compares `demo` of an installed quillctl with the first run of the transcript.
+# check_demo QUILLCTL: compares `demo` of an installed quillctl with its run in the transcript.
 check_demo() {
   if ! "$1" demo 2>&1 | diff <(sed '1d; /^status/,$d' "$transcript/demo.txt") -; then
     echo "$1 demo: the output differs from $transcript/demo.txt (< expected, > actual)"

@@ -16,8 +16,8 @@ namespace quillbox {
 // Also escapes the characters in `also`.
 std::string Escaped(std::string_view bytes, std::string_view also = {});
 
-// Returns the bytes, or nothing for a text that Escaped cannot produce or that has more than
-// `limit` bytes.
+// Returns the bytes, or nothing for a text that is not in this format and for more than `limit`
+// bytes.
 std::optional<std::string> Unescaped(std::string_view text, std::size_t limit);
 
 }  // namespace quillbox

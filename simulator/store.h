@@ -79,7 +79,8 @@ class Store {
   Status DeleteEntry(const BookPath& path, const EntryKey& key);
 
   // Creates or replaces an entry. Creates the book if it does not exist. Returns 3 for an unknown
-  // kind or a wrong fixed name; 7 for a record that is not storable.
+  // kind; 7 for a record that is not storable; the status of CreateBook if that fails.
+  // REQUIRES: the book is not LOGAB.
   Status Put(const BookPath& path, const void* record);
 
   // --- As a whole ---

@@ -1,4 +1,4 @@
-// The logged-in user of a scanner. Makes no server call.
+// The logged-in user of a scanner. The functions make no server call.
 
 #ifndef QUILLKIT_BOOKS_CONNECTED_USER_H_
 #define QUILLKIT_BOOKS_CONNECTED_USER_H_

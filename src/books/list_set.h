@@ -1,6 +1,6 @@
 // The distribution lists of a book: list objects in order, which the set owns, and the search among
-// them by name. A list is valid until it is removed, or the lists are loaded or freed. Makes no
-// server call.
+// them by name. A list is valid until it is removed, or the lists are loaded or freed. Only
+// AppendRows makes server calls.
 
 #ifndef QUILLKIT_BOOKS_LIST_SET_H_
 #define QUILLKIT_BOOKS_LIST_SET_H_
@@ -63,6 +63,7 @@ class ListSet {
 
   // Adds a list for each row. With `withMembers`, opens it on the book and ignores the status;
   // otherwise sets only its name. The opened lists take over the blocks of the `replaced` lists.
+  // Server calls: those of Open for each list if `withMembers` is set.
   template <class Book>
   void AppendRows(std::span<const ABIdent> rows, Book* book, std::int32_t withMembers,
                   const ListSet& replaced);

@@ -165,7 +165,7 @@ class CPrinterAB : public RootObject {
   // default. Clears the old default in memory even if the server refuses that. If the printer is
   // already the default, no printer is the default afterwards.
   // Server calls: IMSPReadEntryProperties; IMSPModifyEntry to set the new default; IMSPModifyEntry
-  // to clear the default in memory; those of LoadPrinters.
+  // to clear the old one; those of LoadPrinters.
   std::int32_t SetDefaultPrinter(std::string_view name);
 
   // Search by name: the whole name if `wholeName` is set, otherwise its beginning. FindFirstPrinter

@@ -35,11 +35,11 @@ class CPrivEntryPage : public CEntryPage {
 
   // Reads up to Count() entries, starting after `startKey`. Keeps what was delivered only if the
   // status is 0: any other, including 21 (the book has more), leaves no entries. Returns the
-  // status; or -1 and makes no server call if Count() is 0.
+  // status; or -1 and makes no server call if Count() is 0 or without a book.
   // Server calls: IMSPReadAB.
   Status Load(std::string_view startKey, std::int32_t direction);
 
-  // Returns whether the server has answered a Load with any status. False while a Load runs.
+  // Returns whether the latest Load has ended with a read, even if that failed.
   bool IsLoaded() const { return loaded != 0; }
 
   // Search by name: the whole name if `exact` is 1, otherwise its beginning. Return the index or

@@ -8,7 +8,8 @@
 // Every account that the book returns goes through one copy step: the caller's record receives the
 // fields, this book as its owner and, if the book was attached with private books, a new private
 // book. The record must have no private book before: the copy step releases it without deleting it.
-// The record remains valid after the book is destroyed, but cannot reach the server any more.
+// After the book is destroyed, the record's fields stay valid, but operations that use its owner
+// must not be called.
 
 #ifndef QUILLKIT_BOOKS_USER_AB_H_
 #define QUILLKIT_BOOKS_USER_AB_H_

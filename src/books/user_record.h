@@ -1,8 +1,8 @@
 // An account record, with the book it came from and its private book.
 //
 // A record with an owner reaches the server through that book's appliance. One without is the
-// session's own and calls TheAgent. Operations that write return 1 or 0; the status is the agent's
-// last error. Operations that list no server calls make no server call.
+// session's own and calls TheAgent. Unless stated otherwise, operations that write return 1 or 0;
+// the status is the agent's last error. Operations that list no server calls make no server call.
 
 #ifndef QUILLKIT_BOOKS_USER_RECORD_H_
 #define QUILLKIT_BOOKS_USER_RECORD_H_

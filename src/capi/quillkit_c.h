@@ -184,7 +184,8 @@ QUILL_API int32_t quill_translate_toolkit_error(int32_t code, char* buffer, uint
 // The appliance
 // ---------------------------------------------------------------------------------------------
 
-// Copy the host as passed at login, and what the server reported, at most 63 characters each.
+// quill_get_scanner_name copies the host as passed at login. The others copy what the server
+// reported, at most 63 characters.
 QUILL_API int32_t quill_get_scanner_name(quill_handle scanner, char* buffer, uint32_t* size);
 QUILL_API int32_t quill_get_scanner_version(quill_handle scanner, char* buffer, uint32_t* size);
 QUILL_API int32_t quill_get_scanner_model(quill_handle scanner, char* buffer, uint32_t* size);

@@ -4,6 +4,8 @@
 // and has one line for each entry. The script of any other user has two plain lines for each entry,
 // the name first:
 //
+//   for the administrator                 for any other user
+//
 //   CA emailab                            Ann Lee
 //   SE emailab "Ann Lee" "box1"           box1
 //

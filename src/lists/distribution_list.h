@@ -1,6 +1,6 @@
 // A distribution list: a named, small book on the server, with all its members in one block.
 // E-mail and fax lists are this template with their records. A list of this base class has no
-// server: its virtual operations do nothing.
+// server: its server operations only return 0; DestroyList also drops the members.
 //
 // Invariants:
 //   1. Members are in the server's order, followed by those appended locally.

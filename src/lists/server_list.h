@@ -4,7 +4,7 @@
 //   Member operations   change the server, then read the whole list again if `reload` is set;
 //                       return the status of the change and ignore that of the reload
 //   ...Local            change the server, then update the members in place; return -1 if the
-//                       server refuses
+//                       server refuses, unless they say otherwise
 //
 // With `reload`, the server calls of Reload follow those that a contract lists. In both families,
 // if the server refuses the change, the members stay unchanged. Nothing is rolled back. Without a

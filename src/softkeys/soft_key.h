@@ -3,7 +3,7 @@
 // On the server a key is an entry of the top-level book (CTopLevelAB), and a book under the key's
 // name whose entries are the items. Two families change items:
 //   plain  changes the server, then reloads the whole key if `reload` is set; returns a Status
-//   Fast   changes the server, then updates the cache in place; returns a count or 1, or -1 or 0
+//   Fast   changes the server, then updates the cache in place; returns a count or -1, or 1 or 0
 // In both, if the server refuses the change, the cache stays unchanged. Nothing is rolled back.
 // SetItemAt and RemoveItemAt change only the cache. Operations that list no server calls make no
 // server call.

@@ -296,7 +296,7 @@ QUILLKIT_API CMenuItem* GetItemAt(CSoftKey* key, std::int32_t index);
 
 // Change only the cache. SetItemAt copies the six fields of `item` into the item at `index`.
 // RemoveItemAt removes the item at `index` and moves the later items down. Return 1, or 0 for an
-// index out of range. Makes no server call.
+// index out of range. Make no server call.
 QUILLKIT_API std::int32_t SetItemAt(CSoftKey* key, std::int32_t index, CMenuItem* item);
 QUILLKIT_API std::int32_t RemoveItemAt(CSoftKey* key, std::int32_t index);
 
@@ -304,7 +304,7 @@ QUILLKIT_API std::int32_t RemoveItemAt(CSoftKey* key, std::int32_t index);
 // FindFirstItem starts at the first item. FindNextItem starts after the last hit, with the pattern
 // of the last FindFirstItem that had a hit. It starts at index 0 after a FindFirstItem without a
 // hit, at index 1 after a load, and at the same index again after a FindNextItem without a hit.
-// Return the index of the hit, or -1. Makes no server call.
+// Return the index of the hit, or -1. Make no server call.
 QUILLKIT_API std::int32_t FindFirstItem(CSoftKey* key, const std::string& pattern,
                                         std::int32_t wholeName);
 QUILLKIT_API std::int32_t FindNextItem(CSoftKey* key, std::int32_t wholeName);

@@ -33,7 +33,7 @@ class EntrySource : public RootObject {
   // The access to the entries.
   BookAccess<CEmailEntry> Entries() const { return Appliance().EmailEntries(); }
 
-  // Stores the number of entries. Returns the status. Server calls: IMSPSizeofAB.
+  // Stores the number of entries in `*count`. Returns the status. Server calls: IMSPSizeofAB.
   Status EntryCount(std::uint32_t* count) const { return Appliance().SizeofEmail(count); }
 
   // Reads the letter census into `table`, an array of `*count` rows; `*count` becomes the number

@@ -129,8 +129,7 @@ class CEntryView {
   const PageBoundary* GetBoundaries(std::int32_t* count) const;
 
   // Stores the number of entries on the server in `*size`. Returns the status, or -1 without a
-  // book.
-  // Server calls: IMSPSizeofAB.
+  // book. Server calls: IMSPSizeofAB.
   Status BookSize(std::uint32_t* size) const;
 
   EntrySource* Book() const { return book; }

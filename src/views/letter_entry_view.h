@@ -9,7 +9,7 @@
 //      book's last letter, which keeps the page. Last, and a search without a hit, leave it at the
 //      earlier letter.
 //
-// The census is read when it is first needed (IMSPReadPageBoundaries), before the calls that a
+// The census is read when it is first needed (IMSPReadPageBoundaries), before the reads that a
 // contract lists. If that returns another status than 0, the operation returns null: for a book of
 // more than 128 letters this happens once, and later operations work with its first 128. For a
 // letter with a count of 0 the operations return null and make no server call; FindLetter keeps the

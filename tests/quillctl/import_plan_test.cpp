@@ -83,7 +83,7 @@ TEST(RejectedRows, AreWrittenByteForByte) {
       folder.Write("rows", "Ann,box1\n" + mark + "Bob\r\n\nCy,box3\nD\0\nEd,\"box5"s);
   const std::string rejects = folder.Write("rejects", "old");
   const ImportPlan plan({file, "csv", "", "0,1"}, true);
-  WriteRejectedRows(rejects, file, plan.Rows());
+  WriteRejectedRows(rejects, plan.Rows());
   // The first mark belongs to the file, the second one to the row.
   EXPECT_EQ(ReadBytes(rejects), mark + mark + "Bob\r\nD\0\nEd,\"box5"s);
   EXPECT_THAT(folder.Names(), ElementsAre("rejects", "rows"));
