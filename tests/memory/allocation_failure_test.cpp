@@ -14,7 +14,7 @@
 
 #include "platform/posix/event_loop.h"
 #include "simulator/simulator.h"
-#include "tests/memory/refused_memory.h"
+#include "tests/memory/failing_allocations.h"
 #include "tests/support/combination_count.h"
 #include "tests/support/scratch_folder.h"
 #include "tests/toolkit/export_operations.h"

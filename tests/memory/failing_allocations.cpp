@@ -1,4 +1,4 @@
-#include "tests/memory/refused_memory.h"
+#include "tests/memory/failing_allocations.h"
 
 #include <cstddef>
 

@@ -2,8 +2,8 @@
 // allocator, when the program's own objects call it, returns null (the linker redirects those
 // calls). Allocations of the server library never fail and are not counted.
 
-#ifndef QUILLKIT_TESTS_MEMORY_REFUSED_MEMORY_H_
-#define QUILLKIT_TESTS_MEMORY_REFUSED_MEMORY_H_
+#ifndef QUILLKIT_TESTS_MEMORY_FAILING_ALLOCATIONS_H_
+#define QUILLKIT_TESTS_MEMORY_FAILING_ALLOCATIONS_H_
 
 namespace quillkit {
 
@@ -18,4 +18,4 @@ long LiveBlocks();
 
 }  // namespace quillkit
 
-#endif  // QUILLKIT_TESTS_MEMORY_REFUSED_MEMORY_H_
+#endif  // QUILLKIT_TESTS_MEMORY_FAILING_ALLOCATIONS_H_
