@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 namespace quillkit {
 namespace {
 
@@ -18,9 +20,10 @@ TEST(NameCursor, ContinuesWithTheLatestPatternThatHadAHit) {
                {"AB", true, 0},      {nullptr, true, 3}, {"none", false, -1},
                {nullptr, false, 0}};  // a miss of FindFirst moves the search to index 0
   NameCursor cursor;
-  int step = 0;
+  std::string searches = "searches:";
   for (const auto& [first, wholeName, hit] : steps) {
-    SCOPED_TRACE(++step);
+    searches += std::string(wholeName ? " whole " : " ") + (first != nullptr ? first : "next");
+    SCOPED_TRACE(searches);
     const auto nameAt = [&](std::int32_t i) { return names[i]; };
     EXPECT_EQ(first != nullptr ? cursor.FindFirst(4, first, wholeName, nameAt)
                                : cursor.FindNext(4, wholeName, nameAt),

@@ -228,7 +228,7 @@ TEST(CUserEntry, IsComparedByItsTexts) {
   EXPECT_TRUE(host.IsDottedAddress());
 }
 
-TEST(CUserEntry, HasThreeWordsAndAddsBitsToTheNibbles) {
+TEST(CUserEntry, KeepsItsWordsApartAndAddsBitsToOneNibbleOnly) {
   U user = User();
   std::uint32_t words[3] = {};
   user.GetTag(&words[0]);

@@ -301,7 +301,7 @@ TEST_F(ConversionTest, ReportsFilesThatCannotBeReadOrWritten) {
       EXPECT_EQ(
           ConvertFile({.sourcePath = each.source, .script = each.script}, *OptionRecord(format)),
           each.result)
-          << "format " << format << ", case " << &each - cases;
+          << "format " << format << " from " << each.source << " to " << each.script;
     }
   }
   EXPECT_EQ(ReadBytes(script), "as it was") << "an unreadable source leaves the script unchanged";

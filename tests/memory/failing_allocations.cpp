@@ -9,25 +9,25 @@
 namespace quillkit {
 namespace {
 
-int toBeRefused = 0;
-bool wasRefused = false;
+int untilFailure = 0;  // allocations, with the one that fails; 0: none fails
+bool hasFailed = false;
 long liveBlocks = 0;
 
-bool IsRefused() {
-  if (toBeRefused == 0 || IsInsideModuleOf(reinterpret_cast<void*>(&SimulatorReset))) return false;
-  wasRefused = --toBeRefused == 0;
-  return wasRefused;
+bool MustFail() {
+  if (untilFailure == 0 || IsInsideModuleOf(reinterpret_cast<void*>(&SimulatorReset))) return false;
+  hasFailed = --untilFailure == 0;
+  return hasFailed;
 }
 
 }  // namespace
 
-void RefuseAllocation(int number) {
-  toBeRefused = number;
-  if (number != 0) wasRefused = false;
+void FailAllocation(int number) {
+  untilFailure = number;
+  if (number != 0) hasFailed = false;
 }
 
-bool WasAllocationRefused() {
-  return wasRefused;
+bool HasAllocationFailed() {
+  return hasFailed;
 }
 
 long LiveBlocks() {
@@ -35,13 +35,13 @@ long LiveBlocks() {
 }
 
 void* AllocateOnHeap(std::size_t size) {
-  void* block = IsRefused() ? nullptr : __real_malloc(size);
+  void* block = MustFail() ? nullptr : __real_malloc(size);
   if (block != nullptr) ++liveBlocks;
   return block;
 }
 
 void* ResizeOnHeap(void* block, std::size_t size) {
-  return IsRefused() ? nullptr : __real_realloc(block, size);
+  return MustFail() ? nullptr : __real_realloc(block, size);
 }
 
 void FreeOnHeap(void* block) {

@@ -8,10 +8,10 @@
 namespace quillkit {
 
 // Makes the allocation with this number fail, counting from 1 from now on; 0: none.
-void RefuseAllocation(int number);
+void FailAllocation(int number);
 
 // Returns whether that allocation was reached.
-bool WasAllocationRefused();
+bool HasAllocationFailed();
 
 // Returns the number of allocated blocks. Only the change between two calls is meaningful.
 long LiveBlocks();

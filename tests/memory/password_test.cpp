@@ -11,6 +11,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "appliance/scanner.h"
 #include "base/archive.h"
@@ -156,38 +157,36 @@ TEST_F(PasswordTest, IsOnlyInTheAccountsInMemory) {
   auto record = std::make_unique<CUserRecord>();
   CUserList list;
   std::uint32_t tag = 0;
-  const std::function<void()> kSteps[] = {
-      [&] { EXPECT_EQ(book->Attach(box, 0, 1), 1); },
-      [&] { EXPECT_EQ(book->FindFirst("Bob", 1, record.get()), 2); },
-      [&] { EXPECT_EQ(book->AddLocal(record.get()), 6); },
-      [&] { EXPECT_EQ(book->DeleteLocal(record.get()), 5); },
-      [&] { EXPECT_TRUE(book->RenameLocal("Ann", record.get())); },
-      [&] { EXPECT_TRUE(book->ModifyLocal(record.get())); },
-      [&] { EXPECT_TRUE(book->ReadUser(record.get(), 1)); },
-      [&] { EXPECT_EQ(book->SaveAll(), kNoError); },
-      [&] { EXPECT_EQ(record->RestorePrivateBook(), 0); },
-      [&] {
-        std::string stored;
-        Archive archive(&stored);
-        book->Serialize(archive);
-        WipeBytes(stored.data(), stored.size());
-      },
-      [&] { EXPECT_EQ(box->ReadAdminTag(&tag), kNoError); },
-      [&] { EXPECT_EQ(box->WriteAdminTag(&tag), kNoError); },
-      [&] { list.Init(6, book.get()); },
-      [&] { EXPECT_EQ(list.Load("ADMINISTRATOR", 1), kNoError); },
-      [&] { EXPECT_TRUE(list.Shrink(3, 0)); },
-      [&] { EXPECT_TRUE(list.Grow(20)); },
-      [&] { EXPECT_EQ(list.RemoveAt(0), 1); },
-      [&] { EXPECT_TRUE(list.Shrink(1, 1)); },
-      [&] { EXPECT_EQ(list.SetAt(0, *record), 1); },
-      [&] { SimulatorFail("IMSPReadAB", 1, kBookFull); },
-      [&] { EXPECT_EQ(list.Load({}, 1), kBookFull); },
-      [&] { book.reset(); },
-      [&] { record.reset(); },
+// The text of a step, and the step.
+#define STEP(...) std::pair(#__VA_ARGS__, [&] { __VA_ARGS__; })
+  const std::pair<const char*, std::function<void()>> kSteps[] = {
+    STEP(EXPECT_EQ(book->Attach(box, 0, 1), 1)),
+    STEP(EXPECT_EQ(book->FindFirst("Bob", 1, record.get()), 2)),
+    STEP(EXPECT_EQ(book->AddLocal(record.get()), 6)),
+    STEP(EXPECT_EQ(book->DeleteLocal(record.get()), 5)),
+    STEP(EXPECT_TRUE(book->RenameLocal("Ann", record.get()))),
+    STEP(EXPECT_TRUE(book->ModifyLocal(record.get()))),
+    STEP(EXPECT_TRUE(book->ReadUser(record.get(), 1))),
+    STEP(EXPECT_EQ(book->SaveAll(), kNoError)),
+    STEP(EXPECT_EQ(record->RestorePrivateBook(), 0)),
+    STEP(std::string stored; Archive archive(&stored); book->Serialize(archive);
+         WipeBytes(stored.data(), stored.size())),
+    STEP(EXPECT_EQ(box->ReadAdminTag(&tag), kNoError)),
+    STEP(EXPECT_EQ(box->WriteAdminTag(&tag), kNoError)),
+    STEP(list.Init(6, book.get())),
+    STEP(EXPECT_EQ(list.Load("ADMINISTRATOR", 1), kNoError)),
+    STEP(EXPECT_TRUE(list.Shrink(3, 0))),
+    STEP(EXPECT_TRUE(list.Grow(20))),
+    STEP(EXPECT_EQ(list.RemoveAt(0), 1)),
+    STEP(EXPECT_TRUE(list.Shrink(1, 1))),
+    STEP(EXPECT_EQ(list.SetAt(0, *record), 1)),
+    STEP(SimulatorFail("IMSPReadAB", 1, kBookFull)),
+    STEP(EXPECT_EQ(list.Load({}, 1), kBookFull)),
+    STEP(book.reset()),
+    STEP(record.reset()),
   };
-  for (const auto& step : kSteps) {
-    SCOPED_TRACE(testing::Message() << "step " << &step - kSteps);
+  for (const auto& [text, step] : kSteps) {
+    SCOPED_TRACE(text);
     FarDown(step);
     int held = 4;  // on the server
     for (int i = 0; book != nullptr && i < book->Count(); ++i) {
@@ -196,7 +195,7 @@ TEST_F(PasswordTest, IsOnlyInTheAccountsInMemory) {
     }
     for (int i = 0; i < list.Count(); ++i) held += IsMarked(list.GetAt(i));
     if (record != nullptr) held += IsMarked(*record);
-    EXPECT_EQ(CopiesInMemory(), 2 * held);
+    EXPECT_EQ(CopiesInMemory(), 2 * held) << "only the accounts in memory may hold the password";
   }
   PutAccounts("");
   EXPECT_EQ(CopiesInMemory(), 0);

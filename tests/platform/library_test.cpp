@@ -41,8 +41,8 @@ class LibraryTest : public ApplianceTest {
 };
 
 TEST_F(LibraryTest, CanBeLoadedAgainAndUnloadedInASession) {
-  for (int round = 0; round < 2; ++round) {
-    SCOPED_TRACE(testing::Message() << "round " << round);
+  for (const char* const load : {"loaded first", "loaded again"}) {
+    SCOPED_TRACE(load);
     Load();
     CScanner* box = LogIn();
     ASSERT_NE(box, nullptr);

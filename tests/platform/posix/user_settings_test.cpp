@@ -155,28 +155,10 @@ TEST_F(SettingsFolderTest, ReadsReturnWholeValuesWhileWritersRunAndAreKilled) {
 
 // --- Processes that are stopped ---
 
-// Starts `work` in a new process and stops it after `calls` of its system calls. Returns 0 if it
-// ends before that.
-template <class Work>
-pid_t StartAndStop(Work work, int calls) {
-  const pid_t process = Start([&] {
-    return ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) == 0 && raise(SIGSTOP) == 0 && work();
-  });
-  int status = 0;
-  waitpid(process, &status, WUNTRACED);
-  for (int stop = 0; stop < 2 * calls && WIFSTOPPED(status); ++stop) {  // two a call
-    ptrace(PTRACE_SYSCALL, process, nullptr, nullptr);
-    waitpid(process, &status, 0);
-  }
-  return WIFSTOPPED(status) ? process : 0;
-}
-
-using StoppedSettingsTest = SettingsFolderTest;
-
 // A change of a key is stopped after each of its system calls. It is then killed, or continued
 // after the next change has begun. Each value must be complete, the key must exist with all of its
 // values or not at all, and the next change must remove what a killed one left.
-TEST_F(StoppedSettingsTest, ChangesAreAtomicAndIndependent) {
+TEST_F(SettingsFolderTest, ChangesOfStoppedProcessesAreAtomicAndIndependent) {
   struct Change {
     std::string path;
     const char* text;  // of the value "v"; null to delete the key
@@ -198,12 +180,24 @@ TEST_F(StoppedSettingsTest, ChangesAreAtomicAndIndependent) {
   for (const auto& each : kCases) {
     const std::string before = each.isThere ? "old\0"s : "status 2";
     for (int calls = 0;; ++calls) {
-      SCOPED_TRACE(testing::Message() << "row " << &each - kCases << ", " << calls << " calls");
+      SCOPED_TRACE(testing::Message()
+                   << (each.isThere ? "value " : "new value ") << each.change.text
+                   << (each.isKilled ? " killed after " : " stopped after ") << calls
+                   << " system calls, then value " << each.next.text);  // null: a deletion
       fs::remove_all(folder / "inner");
       if (each.isThere) fs::copy(folder / "prepared", folder / "inner");
-      const pid_t process = StartAndStop([&] { return make(each.change); }, calls);
-      if (process == 0 && calls == 0) GTEST_SKIP() << "processes cannot be traced";
-      if (process == 0) break;
+      const pid_t process = Start([&] {
+        return ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) == 0 && raise(SIGSTOP) == 0 &&
+               make(each.change);
+      });
+      int status = 0;
+      waitpid(process, &status, WUNTRACED);
+      for (int stop = 0; stop < 2 * calls && WIFSTOPPED(status); ++stop) {  // two a call
+        ptrace(PTRACE_SYSCALL, process, nullptr, nullptr);
+        waitpid(process, &status, 0);
+      }
+      if (!WIFSTOPPED(status) && calls == 0) GTEST_SKIP() << "processes cannot be traced";
+      if (!WIFSTOPPED(status)) break;
       if (each.isKilled) kill(process, SIGKILL), EndOf(process);
       const bool isDeletion = each.change.text == nullptr;
       EXPECT_THAT(Read(inner, "v") + Read(inner, "w"),
