@@ -93,8 +93,8 @@ struct Method {
 
 // Every operation on books, and every book in at least one of them.
 const Method kMethods[] = {
-    {kAgent, "IMSPCreateEntry 16:PRIVATEAB Ann", CALL(PrivateEntries().Create(&a.email))},
-    {kAgent, "IMSPReadEntryProperties 2:FAXAB \"\"", CALL(FaxEntries().ReadOne(&a.fax))},
+    {kAgent, "IMSPCreateEntry 16:PRIVATEAB Ann", CALL(PrivateEntries().Create(a.Buffer(a.email)))},
+    {kAgent, "IMSPReadEntryProperties 2:FAXAB \"\"", CALL(FaxEntries().ReadOne(a.Buffer(a.fax)))},
     {kAgent, "IMSPModifyEntry 4:USERSAB \"\" \"\"", CALL(UserEntries().Modify(&a.user))},
     {kAgent, "IMSPModifyEntry 8:PRINTERSAB Old \"\"",
      CALL(PrinterEntries().Rename("Old", &a.printer))},
@@ -146,6 +146,8 @@ const Method kMethods[] = {
     {kCapacity, "IMSPListAB 768: [|*|0] 1 1", CALL(ListFaxLists(a.Buffer(a.list), a.count))},
     {kBuffer, "IMSPReadAB 1:EMAILAB [Ann|A*|0] 1 0",
      CALL(EmailEntries().Read(&a.range, a.Buffer(a.email), a.count, 0))},
+    {kBuffer, "IMSPReadAB 512:Scan [Ann|A*|0] 1 0",
+     CALL(ReadUnterminatedItems("Scan", &a.range, a.Buffer(a.item), a.count, 0))},
     {kBuffer, "IMSPListABEntries 1:EMAILAB [Ann|A*|0] 1 1",
      CALL(EmailEntries().List(&a.range, a.Buffer(a.row), a.count, 1))},
     {kBuffer, "IMSPReadPageBoundaries 1:EMAILAB 1",
@@ -175,9 +177,10 @@ TEST_F(ScannerCall, IsNotMadeWithoutAnAgentAnAddressOrARequiredArgument) {
     };
     const auto nothing = [](Arguments&) {};
     scanner.SetAddress(&kLocalHost);
-    expect("an agent", false, nothing);
+    const auto noBuffer = [](Arguments& a) { a.hasBuffer = false; };
+    expect("an agent", false, noBuffer);  // which would also be needed with an agent
     scanner.SetAgent(&TheAgent);
-    expect("a buffer", method.needs != kBuffer, [](Arguments& a) { a.hasBuffer = false; });
+    if (method.needs >= kCount) expect("a buffer", method.needs != kBuffer, noBuffer);
     EXPECT_EQ(expect("any omission", true, nothing), Names{method.call});
     if (method.needs >= kCount) expect("a count", false, [](Arguments& a) { a.count = nullptr; });
     if (method.needs >= kCapacity) expect("a capacity", false, [](Arguments& a) { a.number = 0; });

@@ -109,6 +109,8 @@ TEST_P(PrivateBookTest, WithoutAUserItIsTheBookOfTheSession) {
   EXPECT_FALSE(loose.SetUser(nullptr));
   EXPECT_EQ(loose.CreateServerEntry(&entry), kNoError);
   EXPECT_THAT(OnServer(kEntries, ""), ElementsAre("Ann=at"));
+  EXPECT_EQ(CPrivEntryPage().ModifyLocal(&entry), 0) << "a page without a book has no entries";
+  EXPECT_EQ(CPrivEntryPage().ModifyLocalByKey("Ann", &entry), 0);
 }
 
 TEST_P(PrivateBookTest, ModeOneFindsWholeNamesOnlyAndAFailedReloadLeavesNoEntries) {

@@ -197,6 +197,8 @@ TEST_F(ConversionTest, WritesTheMailboxesOfAMailServerExport) {
           {"Mailbox,a,\"b,c\",n,SMTP:box%\nMailbox,a,,n,SMTP:box%\n",
            Entry("", "box") + Entry("n", "box")},
           {"Mailbox,a,b,\"Lee, Ann\",SMTP:box%\n", Entry("Lee, Ann", "box")},
+          // The comma at the beginning of a quoted second or third field is not part of the name.
+          {"Mailbox,a,\",Ann\",SMTP:box%\n", kAnnBox},
           // If the name is the last field, the address may follow its closing quote.
           {"Mailbox,a,b,\"Ann\"SMTP:box", kAnnBox},
           {"Mailbox,a,b,\"Ann,SMTP:box%\n", ""},

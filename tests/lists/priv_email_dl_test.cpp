@@ -118,6 +118,13 @@ TEST_P(PrivateListTest, RenamingReplacesTheMemberOfTheNewNameButKeepsTheOldName)
   EXPECT_EQ(list.RenameLocal("Cy", &entry), -1);
 }
 
+TEST_P(PrivateListTest, AssignFromCopiesMembersWithoutTheirFlagsButNotAnEmptyList) {
+  CPrivEmailDL copy;
+  copy.AssignFrom(list);
+  copy.AssignFrom(CPrivEmailDL());
+  EXPECT_EQ(Members(copy), "Ann=a@own:0 Bob=b@public:0 ");
+}
+
 TEST_P(PrivateListTest, ACheckedAdditionSetsTheFlagsFromThePrivateBook) {
   for (const char* name : {"other", "same"}) {
     Put(BookKind::kPrivateEmail, "", MakeEntry(name, "here"));

@@ -42,6 +42,10 @@ TEST_F(PublicListTest, AReloadReadsMoreThan512Members) {
   SimulatorInflateSizes(4'000'000'000);
   list.Reload();
   EXPECT_EQ(list.Count(), 200'000) << "the limit is 200,000 members";
+  CPubEmailDL loose;
+  CEmailEntry entry;
+  Load(loose, Stored(list));
+  EXPECT_EQ(loose.AddMember(&entry, 0), kRefused) << "a full list also needs a book";
 }
 
 TEST_F(PublicListTest, RenamingReplacesTheMemberOfTheNewName) {

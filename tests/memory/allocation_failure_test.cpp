@@ -9,9 +9,11 @@
 #include <memory>
 #include <new>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <thread>
 
+#include "capi/call_frame.h"
 #include "platform/posix/event_loop.h"
 #include "simulator/simulator.h"
 #include "tests/memory/failing_allocations.h"
@@ -50,6 +52,12 @@ std::int64_t MakeItem() {
   return made;
 }
 
+// Grows a block whose records are wiped where they were.
+bool GrowAccounts() {
+  CUserList accounts;
+  return accounts.Allocate(1) && accounts.Grow(2);
+}
+
 // The path of the file that the imports read.
 std::string importedFile;
 
@@ -61,7 +69,8 @@ std::int64_t Import(const Stage& on, std::uint32_t format) {
   return ImportAddressBook(on.box, importedFile.c_str(), &options);
 }
 
-// The exported functions that allocate memory. The server calls are not checked.
+// The exported functions that allocate memory, and the growth of a block. The server calls are not
+// checked.
 Operations AllOperations() {
   Operations all = {
       CALL(WithKey(on, GetItemCount) != 0, kFlag, ""),
@@ -77,6 +86,7 @@ Operations AllOperations() {
       CALL(Import(on, ImportFormatDirectory), kStatus, ""),
       CALL(Import(on, ImportFormatMailServer), kStatus, ""),
       CALL(Import(on, ImportFormatScript), kStatus, ""),
+      CALL(GrowAccounts(), kFlag, ""),
   };
   std::ranges::copy(ExportOperations(), std::back_inserter(all));
   return all;
@@ -156,6 +166,10 @@ TEST_P(AllocationFailure, LeavesEverythingUsableAndLeaksNothing) {
     if (!HasAllocationFailed()) break;
     combinations.Add();
   }
+}
+
+TEST(CallFrame, ReportsExceptionsOtherThanFailedAllocationsAsInternalErrors) {
+  EXPECT_EQ(capi::InTurn([] { throw std::length_error("too long"); }), QUILL_E_INTERNAL);
 }
 
 class Login : public ApplianceTest {};

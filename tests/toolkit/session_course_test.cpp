@@ -10,6 +10,7 @@
 #include "tests/support/appliance_fixture.h"
 #include "toolkit/quillkit.h"
 #include "toolkit/session_entry.h"
+#include "toolkit/toolkit_app.h"
 
 namespace quillkit {
 namespace {
@@ -54,19 +55,22 @@ TEST_F(SessionCourse, ASecondLogoutCallsTheServerToo) {
   EXPECT_EQ(IsAdminConnected(box), 0);
 }
 
-TEST_F(SessionCourse, AfterExitNothingReachesTheServer) {
-  LogIn();
-  Exit();
-  TakeCalls();
-  Logout();
-  Exit();
-  EXPECT_EQ(GetCurrentConnectedUser(nullptr), nullptr);
-  CSoftKey* key = nullptr;
-  EXPECT_EQ(CreateSoftKey("Scan", nullptr, &key), 0);
-  std::uint32_t count = 0;
-  EXPECT_EQ(GetDBItemCount(key, &count), 20);
-  DestroySoftKey(key);
-  EXPECT_THAT(TakeCalls(), IsEmpty());
+TEST_F(SessionCourse, AfterExitAndAfterUnloadingNothingReachesTheServer) {
+  for (const bool isUnloaded : {false, true}) {
+    ASSERT_TRUE(CToolkitApp::Start());
+    LogIn();
+    isUnloaded ? CToolkitApp::Stop() : Exit();
+    TakeCalls();
+    Logout();
+    Exit();
+    EXPECT_EQ(GetCurrentConnectedUser(nullptr), nullptr);
+    CSoftKey* key = nullptr;
+    EXPECT_EQ(CreateSoftKey("Scan", nullptr, &key), 0);
+    std::uint32_t count = 0;
+    EXPECT_EQ(GetDBItemCount(key, &count), 20);
+    DestroySoftKey(key);
+    EXPECT_THAT(TakeCalls(), IsEmpty()) << (isUnloaded ? "after unloading" : "after Exit");
+  }
 }
 
 }  // namespace

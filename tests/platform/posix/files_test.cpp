@@ -5,6 +5,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <atomic>
 #include <chrono>
@@ -14,8 +15,11 @@
 #include <list>
 #include <thread>
 
+#include "import/conversion.h"
+#include "import/convert_file.h"
 #include "import/import_address_book.h"
 #include "platform/written_file.h"
+#include "tests/import/option_record.h"
 #include "tests/support/scratch_folder.h"
 
 namespace quillkit {
@@ -129,6 +133,22 @@ TEST_F(PosixFilesTest, ImportDoesNotFollowALinkThatReplacesItsScript) {
   intruder.join();
   EXPECT_EQ(ReadBytes(victim), "as it was");
   EXPECT_EQ(ReadBytes(folder.PathOf("script")), "Ann\nbox\n");
+}
+
+// During the first line, the descriptor of the source becomes that of a folder.
+TEST_F(PosixFilesTest, ConversionReportsASourceThatFailsAfterItsFirstBlock) {
+  struct : RowObserver {
+    void OnLine(std::uint64_t, std::span<const std::string_view>) override {
+      EXPECT_EQ(dup2(unreadable.Descriptor(), source), source);
+    }
+    const OpenFile unreadable = OpenFile::ToRead("/");
+    const int source = OpenFile::ToRead("/").Descriptor();  // closed, so that it is the next one
+  } observer;
+  EXPECT_EQ(ConvertFile({.sourcePath = folder.Write("source", std::string(300'000, 'x')).c_str(),
+                         .script = folder.PathOf("script").c_str(),
+                         .observer = &observer},
+                        *OptionRecord(ImportFormatDirectory)),
+            kSourceFailed);
 }
 
 }  // namespace
