@@ -39,12 +39,8 @@ TEST_F(FaxBookTest, ReadsEntriesOnlyIfALoadIsRequested) {
 
 TEST_F(FaxBookTest, IterationMovesPastItsEndsAndBack) {
   EXPECT_EQ(book.FirstEntry(), book.EntryAt(0));
-  EXPECT_EQ(book.NextEntry(), book.EntryAt(1));
-  EXPECT_EQ(book.NextEntry(), book.EntryAt(2));
-  EXPECT_EQ(book.NextEntry(), nullptr);
-  EXPECT_EQ(book.NextEntry(), nullptr);
-  EXPECT_EQ(book.PrevEntry(), nullptr);
-  EXPECT_EQ(book.PrevEntry(), book.EntryAt(2));
+  for (const std::int32_t next : {1, 2, 3, 4}) EXPECT_EQ(book.NextEntry(), book.EntryAt(next));
+  for (const std::int32_t previous : {3, 2}) EXPECT_EQ(book.PrevEntry(), book.EntryAt(previous));
   EXPECT_EQ(book.FirstEntry(), book.EntryAt(0));
 }
 

@@ -24,8 +24,7 @@
 namespace quillkit {
 namespace {
 
-CombinationCount& combinations =
-    CombinationCount::Of("failed allocations, combinations of function and allocation");
+CombinationCount combinations("failed allocations, combinations of function and allocation");
 
 // Too long to be stored in a std::string without an allocation.
 const std::string kLongName(31, 'n');

@@ -1,32 +1,25 @@
-// The number of cases that a sweep has tested, printed when all tests have run.
+// The number of cases that a sweep has tested, printed at the end.
 
 #ifndef QUILLKIT_TESTS_SUPPORT_COMBINATION_COUNT_H_
 #define QUILLKIT_TESTS_SUPPORT_COMBINATION_COUNT_H_
-
-#include <gtest/gtest.h>
 
 #include <cstdio>
 
 namespace quillkit {
 
-class CombinationCount : public testing::Environment {
+// A static object. Prints "label: count" when the program ends.
+class CombinationCount {
  public:
-  // Prints "label: count" when all tests have run. GoogleTest owns the result.
-  static CombinationCount& Of(const char* counted) {
-    auto* made = new CombinationCount(counted);
-    testing::AddGlobalTestEnvironment(made);
-    return *made;
+  explicit constexpr CombinationCount(const char* counted) : label(counted) {}
+  CombinationCount(const CombinationCount&) = delete;
+  CombinationCount& operator=(const CombinationCount&) = delete;
+  ~CombinationCount() {
+    if (count != 0) std::printf("%s: %d\n", label, count);
   }
 
   void Add() { ++count; }
 
-  void TearDown() override {
-    if (count != 0) std::printf("%s: %d\n", label, count);
-  }
-
  private:
-  explicit CombinationCount(const char* counted) : label(counted) {}
-
   const char* const label;
   int count = 0;
 };

@@ -17,8 +17,7 @@ namespace {
 
 constexpr Status kCodes[] = {kDataNotFound, 6, kMoreData, kBookFull};
 
-CombinationCount& combinations =
-    CombinationCount::Of("failure sweep, combinations of operation, call and code");
+CombinationCount combinations("failure sweep, combinations of operation, call and code");
 
 struct Call {
   std::string text;
