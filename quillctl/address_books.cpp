@@ -7,6 +7,7 @@
 
 #include "base/secret.h"
 #include "quillctl/failures.h"
+#include "quillctl/system/terminal.h"
 #include "toolkit/quillkit.h"
 #include "views/entry_source.h"
 
@@ -60,6 +61,7 @@ std::int32_t ReadPages(const quillkit::CScanner& scanner, const std::string& fro
   std::vector<typename decltype(entries)::Record> page(kPage);
   quillkit::KeyRange range(from, filter);
   for (std::int32_t left = quillkit::MaxEmailEntries; left > 0;) {
+    KeepSessionAlive();
     std::uint32_t count = kPage;
     const quillkit::Status status = entries.Read(&range, page.data(), &count, 1);
     if (status == quillkit::kDataNotFound) return quillkit::kNoError;
@@ -180,11 +182,20 @@ std::vector<std::string> BookWords() {
   return words;
 }
 
+Progress::Total TotalOf(const AddressBook& book, const quillkit::CScanner& scanner) {
+  return [&book, &scanner] {
+    std::uint32_t count = 0;
+    return book.count(scanner, &count) == quillkit::kNoError ? count : 0;
+  };
+}
+
 std::optional<std::vector<Row>> ReadAllEntries(const AddressBook& book,
                                                const quillkit::CScanner& scanner) {
   std::vector<Row> rows;
-  const auto keep = [&rows](Row row) {
+  Progress progress("Reading the " + std::string(book.title), TotalOf(book, scanner));
+  const auto keep = [&](Row row) {
     rows.push_back(std::move(row));
+    progress.Step();
     return true;
   };
   if (book.read(scanner, {}, "*", keep) != quillkit::kNoError) return std::nullopt;

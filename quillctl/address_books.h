@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "appliance/scanner.h"
+#include "quillctl/progress.h"
 #include "quillctl/text_table.h"
 
 namespace quillctl {
@@ -63,6 +64,9 @@ std::span<const AddressBook> FindBook(std::string_view word);
 std::span<const AddressBook> FindAnyBook(std::string_view word);
 
 std::vector<std::string> BookWords();
+
+// Returns a function that returns the number of entries in the book, 0 if it is unknown.
+Progress::Total TotalOf(const AddressBook& book, const quillkit::CScanner& scanner);
 
 // Returns all entries of the book, none for a missing book. Returns nothing if they cannot be read,
 // or if their number is not the one that the appliance reports.

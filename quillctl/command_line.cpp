@@ -9,6 +9,7 @@
 #include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
 #include "quillctl/password.h"
+#include "quillctl/progress.h"
 #include "quillctl/suggestion.h"
 #include "toolkit/version.h"
 
@@ -113,7 +114,7 @@ class Parser {
   void Run(int argc, const char* const* argv);
 
  private:
-  void AddCredentials();
+  void AddOptions();
   void ReadPassword();
 
   const CLI::App& LastParsed() const;
@@ -127,6 +128,8 @@ class Parser {
   Credentials credentials;
   std::optional<std::string> passwordFile;
   bool passwordFromStdin = false;
+  bool isQuiet = false;
+  std::string displayEncoding;
   std::vector<std::string> arguments;
 };
 
@@ -135,7 +138,7 @@ Parser::Parser() {
   app.fallthrough();
   app.allow_windows_style_options(false);  // a path may begin with a slash
   app.require_subcommand(1);
-  AddCredentials();
+  AddOptions();
   for (const auto add :
        {AddInfoCommand, AddCheckCommand, AddKeyCommands, AddItemCommands, AddConfigCommands,
         AddBookCommands, AddEntryCommands, AddDemoCommand, AddCompletionCommand}) {
@@ -158,11 +161,13 @@ void Parser::Run(int argc, const char* const* argv) {
   } catch (const CLI::ParseError& error) {
     throw UsageError(ErrorText(error));
   }
+  if (isQuiet) Progress::Silence();
+  if (!displayEncoding.empty()) SetDisplayEncoding(displayEncoding);
   ReadPassword();
   commands.Run(credentials);
 }
 
-void Parser::AddCredentials() {
+void Parser::AddOptions() {
   app.add_option("--host", credentials.host, "The appliance: a name or a dotted address")
       ->capture_default_str();
   app.add_option("--user", credentials.user, "The account name")->capture_default_str();
@@ -179,6 +184,11 @@ void Parser::AddCredentials() {
       ->excludes(file);
   app.add_option("--third", credentials.third,
                  "The third text of the account record, at most 255 bytes");
+  app.add_flag("--quiet", isQuiet, "Do not show progress on the terminal");
+  app.add_option("--display-encoding", displayEncoding,
+                 "The character set of the appliance's texts (default: UTF-8 where a text is valid "
+                 "UTF-8, otherwise Windows-1252)")
+      ->check(CLI::IsMember(DisplayEncodings()));
 }
 
 void Parser::ReadPassword() {

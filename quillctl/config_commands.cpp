@@ -4,12 +4,14 @@
 #include <iostream>
 #include <memory>
 
+#include "quillctl/colour.h"
 #include "quillctl/commands.h"
 #include "quillctl/confirmation.h"
 #include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
 #include "quillctl/key_set.h"
 #include "quillctl/key_set_json.h"
+#include "quillctl/progress.h"
 #include "quillctl/system/deferred_termination.h"
 #include "quillctl/text_file.h"
 
@@ -65,7 +67,9 @@ class KeySetWriter {
 void Make(const Session& session, const std::vector<KeySetChange>& changes) {
   const DeferredTermination termination;
   KeySetWriter writer(session);
+  Progress progress("Making changes", [&changes] { return changes.size(); });
   for (std::size_t i = 0; i < changes.size(); ++i) {
+    progress.Step();
     try {
       if (termination.IsRequested()) throw Refusal("interrupted");
       RequireStatus(writer.Make(changes[i]), 0);
@@ -120,7 +124,13 @@ KeySet ReadKeyFile(const std::string& path) {
 // Prints the changes that make the appliance's keys the wanted ones, and returns them.
 std::vector<KeySetChange> ShowChanges(const Session& session, const KeySet& wanted) {
   std::vector<KeySetChange> changes = Difference(ReadKeySet(session), wanted);
-  for (const KeySetChange& change : changes) std::cout << Described(change) << '\n';
+  for (const KeySetChange& change : changes) {
+    const std::string line = Described(change);
+    std::cout << Coloured(line, line[0] == '-'   ? Colour::kRed
+                                : line[0] == '+' ? Colour::kGreen
+                                                 : Colour::kYellow)
+              << '\n';
+  }
   return changes;
 }
 

@@ -61,8 +61,69 @@ std::string Utf8FromLatin1(std::string_view text) {
   return utf8;
 }
 
+namespace {
+
+enum class Encoding { kDetected, kUtf8, kWindows1252, kLatin1 };
+Encoding displayEncoding = Encoding::kDetected;
+
+// The characters 80 to 9F of Windows-1252. Undefined ones are those of Latin-1.
+constexpr const char* kWindows1252[] = {"€",      "\u0081", "‚", "ƒ", "„", "…",      "†", "‡",
+                                        "ˆ",      "‰",      "Š", "‹", "Œ", "\u008D", "Ž", "\u008F",
+                                        "\u0090", "‘",      "’", "“", "”", "•",      "–", "—",
+                                        "˜",      "™",      "š", "›", "œ", "\u009D", "ž", "Ÿ"};
+
+std::string Utf8FromWindows1252(std::string_view text) {
+  std::string utf8;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const unsigned char byte = Byte(text, i);
+    utf8 +=
+        byte >= 0x80 && byte < 0xA0 ? kWindows1252[byte - 0x80] : Utf8FromLatin1(text.substr(i, 1));
+  }
+  return utf8;
+}
+
+std::string WithReplacements(std::string_view text) {
+  std::string utf8;
+  while (!text.empty()) {
+    const std::size_t length = CharacterLength(text);
+    utf8 += length == 0 ? "\uFFFD" : text.substr(0, length);
+    text.remove_prefix(std::max(length, std::size_t{1}));
+  }
+  return utf8;
+}
+
+struct EncodingName {
+  const char* name;
+  Encoding encoding;
+};
+constexpr EncodingName kEncodings[] = {{"utf-8", Encoding::kUtf8},
+                                       {"windows-1252", Encoding::kWindows1252},
+                                       {"latin-1", Encoding::kLatin1}};
+
+}  // namespace
+
+std::vector<std::string> DisplayEncodings() {
+  std::vector<std::string> names;
+  for (const EncodingName& each : kEncodings) names.emplace_back(each.name);
+  return names;
+}
+
+void SetDisplayEncoding(std::string_view name) {
+  displayEncoding = std::ranges::find(kEncodings, name, &EncodingName::name)->encoding;
+}
+
 std::string Utf8Text(std::string_view text) {
-  return IsUtf8(text) ? std::string(text) : Utf8FromLatin1(text);
+  switch (displayEncoding) {
+    case Encoding::kDetected:
+      return IsUtf8(text) ? std::string(text) : Utf8FromWindows1252(text);
+    case Encoding::kUtf8:
+      return WithReplacements(text);
+    case Encoding::kWindows1252:
+      return Utf8FromWindows1252(text);
+    case Encoding::kLatin1:
+      return Utf8FromLatin1(text);
+  }
+  return {};
 }
 
 namespace {
@@ -110,6 +171,13 @@ std::string Quoted(std::string_view text) {
 std::size_t DisplayedWidth(std::string_view displayed) {
   return displayed.size() -
          static_cast<std::size_t>(std::ranges::count_if(displayed, IsContinuation));
+}
+
+std::string CutDisplayed(const std::string& displayed, std::size_t width) {
+  if (DisplayedWidth(displayed) <= width) return displayed;
+  std::size_t end = 0;
+  for (std::size_t i = 1; i < width; ++i) end += CharacterLength(displayed.substr(end));
+  return displayed.substr(0, end) + "…";
 }
 
 }  // namespace quillctl

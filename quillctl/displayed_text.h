@@ -7,13 +7,22 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace quillctl {
 
 bool IsUtf8(std::string_view text);
 std::string Utf8FromLatin1(std::string_view text);
 
-// Returns the text as UTF-8. Text that is not valid UTF-8 is converted from Latin-1.
+// The names of the character sets that SetDisplayEncoding accepts.
+std::vector<std::string> DisplayEncodings();
+
+// Sets the character set of all text: "utf-8", "windows-1252" or "latin-1".
+void SetDisplayEncoding(std::string_view name);
+
+// Returns the text as UTF-8. Unless SetDisplayEncoding was called, text that is not valid UTF-8 is
+// converted from Windows-1252; its five undefined bytes become control characters, as in Latin-1.
+// If the text is UTF-8 by SetDisplayEncoding, each invalid byte becomes U+FFFD.
 std::string Utf8Text(std::string_view text);
 
 // Returns the text as UTF-8 without control characters. They, including 128 to 159, become "\x" and
@@ -28,6 +37,10 @@ std::string Quoted(std::string_view text);
 
 // Returns the number of characters in a result of DisplayedText.
 std::size_t DisplayedWidth(std::string_view displayed);
+
+// Returns a result of DisplayedText cut to `width` characters. If it is longer, the last one is
+// "…".
+std::string CutDisplayed(const std::string& displayed, std::size_t width);
 
 }  // namespace quillctl
 

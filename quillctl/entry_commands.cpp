@@ -115,7 +115,12 @@ class EntryPrinter {
 void ForEachEntry(const Session& session, const Arguments& arguments, const std::string& filter,
                   const RowHandler& handle) {
   const AddressBook& book = BookOf(arguments);
-  const std::int32_t status = book.read(*session.Scanner(), arguments.from, filter, handle);
+  Progress progress("Reading the " + TitleOf(book), TotalOf(book, *session.Scanner()));
+  const auto count = [&](Row row) {
+    progress.Step();
+    return handle(std::move(row));
+  };
+  const std::int32_t status = book.read(*session.Scanner(), arguments.from, filter, count);
   const std::string what = "read the " + TitleOf(book);
   if (status == quillkit::kUnusableInput) {
     throw Refusal("cannot " + what + ": the appliance delivers invalid entries");
@@ -188,7 +193,7 @@ void ShowEntry(const Session& session, const Arguments& arguments) {
   }
   TextTable table;
   for (std::size_t i = 0; i < row.size(); ++i) table.AddRow({book.fields[i], row[i]});
-  table.Print(std::cout);
+  table.Print();
 }
 
 // Stores the given values in the row. Throws a UsageError for a field that the book does not have.

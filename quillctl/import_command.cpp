@@ -50,7 +50,7 @@ void ShowBook(const AddressBook& book, const std::vector<Row>& before, const std
   if (entries.empty()) return;
   TextTable table(book.fields);
   for (Row& row : entries) table.AddRow(book.WithoutSecret(std::move(row)));
-  table.Print(std::cout);
+  table.Print();
 }
 
 // Throws an UnknownResult with the text.

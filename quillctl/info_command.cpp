@@ -30,7 +30,7 @@ void ShowInfo(const Session& session, bool json) {
                       {"User", session.User()}};
   if (json) {
     Json info;
-    for (const Row& row : rows) info[LowerCase(row[0])] = Utf8Text(row[1]);
+    for (const Row& row : rows) SetText(info, LowerCase(row[0]), row[1]);
     info["administrator"] = isAdmin;
     PrintJson(info);
     return;
@@ -38,7 +38,7 @@ void ShowInfo(const Session& session, bool json) {
   TextTable table;
   for (const Row& row : rows) table.AddRow(row);
   table.AddRow({"Administrator", isAdmin ? "yes" : "no"});
-  table.Print(std::cout);
+  table.Print();
 }
 
 void AddInfoCommand(Commands& commands) {

@@ -8,6 +8,7 @@
 #include <iostream>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "quillctl/displayed_text.h"
 #include "quillctl/key_set.h"
@@ -17,26 +18,21 @@ namespace quillctl {
 
 using Json = nlohmann::ordered_json;
 
-// Sets the member to the text as UTF-8. If the bytes of the text are not UTF-8, also sets the
+// Sets the member to the text as UTF-8. If that differs from the bytes of the text, also sets the
 // member `name`-bytes to them in hexadecimal digits, so that the text can be restored exactly.
 inline void SetText(Json& json, const std::string& name, const std::string& text) {
-  json[name] = Utf8Text(text);
-  if (!IsUtf8(text)) json[name + "-bytes"] = HexadecimalBytes(text);
-}
-
-// Returns an object with the members of kItemTexts and kItemNumbers. `text` converts text to UTF-8.
-template <class Text>
-Json ItemJson(const ItemFields& item, Text text) {
-  Json json;
-  for (const ItemText& each : kItemTexts) json[each.word] = text(item.*each.field);
-  for (const ItemNumber& each : kItemNumbers) json[each.word] = item.*each.field;
-  return json;
+  std::string utf8 = Utf8Text(text);
+  const bool isExact = utf8 == text;
+  json[name] = std::move(utf8);
+  if (!isExact) json[name + "-bytes"] = HexadecimalBytes(text);
 }
 
 // Returns the item as `item list --json` shows it.
 inline Json ShownItem(const std::string& key, const ItemFields& item) {
-  Json json = {{"key", Utf8Text(key)}};
-  json.update(ItemJson(item, Utf8Text));
+  Json json;
+  SetText(json, "key", key);
+  for (const ItemText& each : kItemTexts) SetText(json, each.word, item.*each.field);
+  for (const ItemNumber& each : kItemNumbers) json[each.word] = item.*each.field;
   return json;
 }
 
@@ -50,7 +46,7 @@ inline void PrintList(const TextTable& table, const Json& list, bool json) {
   if (json) {
     PrintJson(list);
   } else {
-    table.Print(std::cout);
+    table.Print();
   }
 }
 

@@ -23,7 +23,8 @@ void ShowKeys(const Session& session, bool json) {
     std::uint32_t items = 0;
     RequireSuccess(quillkit::GetDBItemCount(key, &items), "count the items of " + Quoted(name));
     table.AddRow({name, std::to_string(items)});
-    keys.push_back({{"key", Utf8Text(name)}, {"items", items}});
+    SetText(keys.emplace_back(Json::object()), "key", name);
+    keys.back()["items"] = items;
   }
   PrintList(table, keys, json);
 }

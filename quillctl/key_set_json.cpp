@@ -176,7 +176,12 @@ std::string JsonOf(const KeySet& keys) {
   Json list = Json::array();
   for (const KeyFields& key : keys) {
     Json items = Json::array();
-    for (const ItemFields& item : key.items) items.push_back(ItemJson(item, text));
+    for (const ItemFields& item : key.items) {
+      Json shown;
+      for (const ItemText& each : kItemTexts) shown[each.word] = text(item.*each.field);
+      for (const ItemNumber& each : kItemNumbers) shown[each.word] = item.*each.field;
+      items.push_back(std::move(shown));
+    }
     list.push_back({{"name", text(key.name)}, {"items", items}});
   }
   const Json file = {

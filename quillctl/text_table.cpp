@@ -1,9 +1,10 @@
 #include "quillctl/text_table.h"
 
 #include <algorithm>
-#include <ostream>
+#include <iostream>
 
 #include "quillctl/displayed_text.h"
+#include "quillctl/system/terminal.h"
 
 namespace quillctl {
 namespace {
@@ -19,13 +20,29 @@ void Widen(Widths& widths, const Row& row) {
   }
 }
 
-void PrintRow(std::ostream& out, const Widths& widths, const Row& row) {
+// Makes the widest columns narrower until all fit into `columns`, 0 for no limit. Leaves each
+// column at least kLeast wide.
+void Narrow(Widths& widths, std::size_t columns) {
+  constexpr std::size_t kLeast = 8;
+  if (columns == 0 || widths.empty()) return;
+  std::size_t total = kGap * (widths.size() - 1);
+  for (const std::size_t each : widths) total += each;
+  while (total > columns) {
+    const auto widest = std::ranges::max_element(widths);
+    if (*widest <= kLeast) return;
+    --*widest;
+    --total;
+  }
+}
+
+void PrintRow(const Widths& widths, const Row& row) {
   std::string line;
   for (std::size_t i = 0; i < row.size(); ++i) {
-    line += row[i];
-    line.append(widths[i] - DisplayedWidth(row[i]) + kGap, ' ');
+    const std::string cell = CutDisplayed(row[i], widths[i]);
+    line += cell;
+    line.append(widths[i] - DisplayedWidth(cell) + kGap, ' ');
   }
-  out << line.substr(0, line.find_last_not_of(' ') + 1) << '\n';
+  std::cout << line.substr(0, line.find_last_not_of(' ') + 1) << '\n';
 }
 
 }  // namespace
@@ -42,12 +59,13 @@ void TextTable::AddRow(Row cells) {
   rows.push_back(std::move(cells));
 }
 
-void TextTable::Print(std::ostream& out) const {
+void TextTable::Print() const {
   Widths widths;
   Widen(widths, headings);
   for (const Row& row : rows) Widen(widths, row);
-  if (!headings.empty()) PrintRow(out, widths, headings);
-  for (const Row& row : rows) PrintRow(out, widths, row);
+  Narrow(widths, StdoutColumns());
+  if (!headings.empty()) PrintRow(widths, headings);
+  for (const Row& row : rows) PrintRow(widths, row);
 }
 
 }  // namespace quillctl

@@ -1,9 +1,9 @@
-// Tables for the screen. Columns are as wide as their widest cell and separated by two spaces.
+// Tables for the screen. Columns are as wide as their widest cell and separated by two spaces. On a
+// terminal, long cells are cut, and end in "…", so that each row fits on a line.
 
 #ifndef QUILLCTL_TEXT_TABLE_H_
 #define QUILLCTL_TEXT_TABLE_H_
 
-#include <iosfwd>
 #include <string>
 #include <utility>
 #include <vector>
@@ -29,8 +29,8 @@ class TextTable {
   // Returns whether there is no row below the headings.
   bool IsEmpty() const { return rows.empty(); }
 
-  // Prints the table, without spaces at the ends of lines.
-  void Print(std::ostream& out) const;
+  // Prints the table to standard output, without spaces at the ends of lines.
+  void Print() const;
 
  private:
   Row headings;

@@ -1,4 +1,4 @@
-// Standard input and standard error as a terminal.
+// The terminal of the standard streams.
 
 #ifndef QUILLCTL_SYSTEM_TERMINAL_H_
 #define QUILLCTL_SYSTEM_TERMINAL_H_
@@ -15,8 +15,15 @@ bool StdinIsTerminal();
 // Keeps the session alive meanwhile. REQUIRES: standard input is a terminal.
 std::string ReadLineFromTerminal();
 
-// Returns the width of the terminal in columns; 0 if standard error is not a terminal.
+// Runs the keep-alive of the session if it is due. Call it between the parts of long work.
+void KeepSessionAlive();
+
+// Return the width of the terminal in columns; 0 if the stream is not a terminal.
+std::size_t StdoutColumns();
 std::size_t StderrColumns();
+
+// Returns whether standard output is a terminal that shows colours.
+bool StdoutHasColours();
 
 // While this object exists, the terminal does not echo what is typed. The destructor restores the
 // echo, and so does Ctrl-C. The user cannot suspend the program during this time. If the program is

@@ -6,8 +6,10 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdlib>
 #include <iostream>
 #include <optional>
+#include <string_view>
 
 #include "platform/posix/event_loop.h"
 #include "quillctl/system/posix/caught_signals.h"
@@ -37,6 +39,13 @@ struct Actions {
 };
 std::optional<Actions> actions;  // set while the echo is off
 
+std::size_t ColumnsOf(int descriptor) {
+  if (isatty(descriptor) == 0) return 0;
+  winsize size = {};
+  const bool isKnown = ioctl(descriptor, TIOCGWINSZ, &size) == 0 && size.ws_col != 0;
+  return isKnown ? size.ws_col : 80;
+}
+
 }  // namespace
 
 bool StdinIsTerminal() {
@@ -55,11 +64,21 @@ std::string ReadLineFromTerminal() {
   return line;
 }
 
+void KeepSessionAlive() {
+  QuillkitDispatchEvents();
+}
+
+std::size_t StdoutColumns() {
+  return ColumnsOf(STDOUT_FILENO);
+}
+
 std::size_t StderrColumns() {
-  if (isatty(STDERR_FILENO) == 0) return 0;
-  winsize size = {};
-  const bool isKnown = ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col != 0;
-  return isKnown ? size.ws_col : 80;
+  return ColumnsOf(STDERR_FILENO);
+}
+
+bool StdoutHasColours() {
+  const char* const terminal = std::getenv("TERM");
+  return isatty(STDOUT_FILENO) != 0 && terminal != nullptr && std::string_view(terminal) != "dumb";
 }
 
 // In the background, tcdrain stops the program until it is in the foreground. Until then the

@@ -21,6 +21,12 @@ BOOL WINAPI RestoreEcho(DWORD) {
   return FALSE;
 }
 
+std::size_t ColumnsOf(DWORD stream) {
+  CONSOLE_SCREEN_BUFFER_INFO info;
+  const bool isConsole = GetConsoleScreenBufferInfo(GetStdHandle(stream), &info) != 0;
+  return isConsole ? static_cast<std::size_t>(info.srWindow.Right - info.srWindow.Left) + 1 : 0;
+}
+
 DWORD WINAPI ReadLineInto(void* line) {
   std::getline(std::cin, *static_cast<std::string*>(line));
   return 0;
@@ -39,18 +45,31 @@ std::string ReadLineFromTerminal() {
   const HANDLE thread = CreateThread(nullptr, 0, ReadLineInto, &line, 0, nullptr);
   if (thread == nullptr) return line;
   while (MsgWaitForMultipleObjects(1, &thread, FALSE, INFINITE, QS_ALLINPUT) == WAIT_OBJECT_0 + 1) {
-    MSG message;
-    while (PeekMessage(&message, nullptr, 0, 0, PM_REMOVE) != 0) DispatchMessage(&message);
+    KeepSessionAlive();
   }
   CloseHandle(thread);
   if (line.ends_with('\r')) line.pop_back();
   return line;
 }
 
+void KeepSessionAlive() {
+  MSG message;
+  while (PeekMessage(&message, nullptr, 0, 0, PM_REMOVE) != 0) DispatchMessage(&message);
+}
+
+std::size_t StdoutColumns() {
+  return ColumnsOf(STD_OUTPUT_HANDLE);
+}
+
 std::size_t StderrColumns() {
-  CONSOLE_SCREEN_BUFFER_INFO info;
-  const bool isConsole = GetConsoleScreenBufferInfo(GetStdHandle(STD_ERROR_HANDLE), &info) != 0;
-  return isConsole ? static_cast<std::size_t>(info.dwSize.X) : 0;
+  return ColumnsOf(STD_ERROR_HANDLE);
+}
+
+bool StdoutHasColours() {
+  const HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
+  DWORD mode = 0;
+  return GetConsoleMode(output, &mode) != 0 &&
+         SetConsoleMode(output, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
 }
 
 EchoOff::EchoOff() {
