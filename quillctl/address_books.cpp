@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <tuple>
 #include <utility>
 
 #include "base/secret.h"
@@ -15,26 +14,6 @@ namespace quillctl {
 namespace {
 
 using quillkit::CScanner;
-
-// Returns references to the texts of a record, in the order of the book's fields.
-template <class Record>
-auto Texts(Record& r) {
-  if constexpr (requires { r.printerName; }) {
-    return std::tie(r.printerName, r.description, r.printerModel);
-  } else if constexpr (requires { r.number; }) {
-    return std::tie(r.name, r.number, r.third);
-  } else if constexpr (requires { r.password; }) {
-    return std::tie(r.name, r.password, r.third, r.fourth);
-  } else {
-    return std::tie(r.name, r.address);
-  }
-}
-
-template <class Record>
-Row Cells(const Record& record) {
-  return std::apply([](const auto&... text) { return Row{std::string(text.View())...}; },
-                    Texts(record));
-}
 
 // Stores the values in the record. Throws a UsageError for one that is too long.
 template <class Record>
@@ -172,8 +151,9 @@ std::span<const AddressBook> FindBook(std::string_view word) {
   return {};
 }
 
-std::span<const AddressBook> FindAnyBook(std::string_view word) {
-  return word == PrivateBook().front().word ? PrivateBook() : FindBook(word);
+const AddressBook& BookOf(std::string_view word) {
+  const AddressBook& own = PrivateBook().front();
+  return word == own.word ? own : FindBook(word).front();
 }
 
 std::vector<std::string> BookWords() {

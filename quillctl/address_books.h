@@ -10,6 +10,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 #include "appliance/scanner.h"
@@ -17,6 +18,27 @@
 #include "quillctl/text_table.h"
 
 namespace quillctl {
+
+// Returns references to the texts of a record, in the order of the book's fields.
+template <class Record>
+auto Texts(Record& r) {
+  if constexpr (requires { r.printerName; }) {
+    return std::tie(r.printerName, r.description, r.printerModel);
+  } else if constexpr (requires { r.number; }) {
+    return std::tie(r.name, r.number, r.third);
+  } else if constexpr (requires { r.password; }) {
+    return std::tie(r.name, r.password, r.third, r.fourth);
+  } else {
+    return std::tie(r.name, r.address);
+  }
+}
+
+// Returns the values of an entry, or of a member of a distribution list.
+template <class Record>
+Row Cells(const Record& record) {
+  return std::apply([](const auto&... text) { return Row{std::string(text.View())...}; },
+                    Texts(record));
+}
 
 // Receives one entry. Returns false to receive no more.
 using RowHandler = std::function<bool(Row)>;
@@ -59,9 +81,11 @@ std::span<const AddressBook> PublicBooks();
 // The book that imports of any other account fill: its own.
 std::span<const AddressBook> PrivateBook();
 
-// Returns the public book with this word, or an empty span. FindAnyBook also finds the private one.
+// Returns the public book with this word, or an empty span.
 std::span<const AddressBook> FindBook(std::string_view word);
-std::span<const AddressBook> FindAnyBook(std::string_view word);
+
+// Returns the book with this word, also the private one. REQUIRES: there is one.
+const AddressBook& BookOf(std::string_view word);
 
 std::vector<std::string> BookWords();
 

@@ -45,10 +45,6 @@ struct Arguments {
 
 constexpr const char* kUsers = "users";
 
-const AddressBook& BookOf(const Arguments& arguments) {
-  return FindAnyBook(arguments.book).front();
-}
-
 std::string TitleOf(const AddressBook& book) {
   return std::string(book.title);
 }
@@ -70,12 +66,6 @@ void RequireEntry(std::int32_t status, const AddressBook& book, const std::strin
   RequireSuccess(status, what);
 }
 
-Json ShownEntry(const AddressBook& book, const Row& row) {
-  Json entry;
-  for (std::size_t i = 0; i < row.size(); ++i) SetText(entry, LowerCase(book.fields[i]), row[i]);
-  return entry;
-}
-
 // Prints entries in the form that the arguments select. Add() prints a JSON line at once; Finish()
 // prints a table or a JSON array.
 class EntryPrinter {
@@ -87,9 +77,9 @@ class EntryPrinter {
   bool Add(Row row) {
     row = book.WithoutSecret(std::move(row));
     if (arguments.jsonLines) {
-      std::cout << ShownEntry(book, row).dump() << '\n';
+      std::cout << ShownRow(book.fields, row).dump() << '\n';
     } else if (arguments.json) {
-      entries.push_back(ShownEntry(book, row));
+      entries.push_back(ShownRow(book.fields, row));
     } else {
       table.AddRow(std::move(row));
     }
@@ -114,7 +104,7 @@ class EntryPrinter {
 // they cannot be read.
 void ForEachEntry(const Session& session, const Arguments& arguments, const std::string& filter,
                   const RowHandler& handle) {
-  const AddressBook& book = BookOf(arguments);
+  const AddressBook& book = BookOf(arguments.book);
   Progress progress("Reading the " + TitleOf(book), TotalOf(book, *session.Scanner()));
   const auto count = [&](Row row) {
     progress.Step();
@@ -129,13 +119,13 @@ void ForEachEntry(const Session& session, const Arguments& arguments, const std:
 }
 
 void ListEntries(const Session& session, const Arguments& arguments) {
-  EntryPrinter printer(BookOf(arguments), arguments);
+  EntryPrinter printer(BookOf(arguments.book), arguments);
   ForEachEntry(session, arguments, "*", [&](Row row) { return printer.Add(std::move(row)); });
   printer.Finish();
 }
 
 void FindEntries(const Session& session, const Arguments& arguments) {
-  const AddressBook& book = BookOf(arguments);
+  const AddressBook& book = BookOf(arguments.book);
   EntryPrinter printer(book, arguments);
   // The appliance selects by the first character, the handler by the whole pattern.
   ForEachEntry(session, arguments, arguments.name.substr(0, 1) + '*', [&](Row row) {
@@ -158,7 +148,7 @@ std::uint32_t CountOf(const Session& session, const AddressBook& book) {
 }
 
 void CountEntries(const Session& session, const Arguments& arguments) {
-  std::cout << CountOf(session, BookOf(arguments)) << '\n';
+  std::cout << CountOf(session, BookOf(arguments.book)) << '\n';
 }
 
 void ListBooks(const Session& session, const Arguments& arguments) {
@@ -185,10 +175,10 @@ Row ReadEntry(const Session& session, const AddressBook& book, const std::string
 }
 
 void ShowEntry(const Session& session, const Arguments& arguments) {
-  const AddressBook& book = BookOf(arguments);
+  const AddressBook& book = BookOf(arguments.book);
   const Row row = book.WithoutSecret(ReadEntry(session, book, arguments.name));
   if (arguments.json) {
-    PrintJson(ShownEntry(book, row));
+    PrintJson(ShownRow(book.fields, row));
     return;
   }
   TextTable table;
@@ -216,7 +206,7 @@ void RequireValues(const AddressBook& book, const Row& row) {
 }
 
 void AddEntry(const Session& session, const Arguments& arguments) {
-  const AddressBook& book = BookOf(arguments);
+  const AddressBook& book = BookOf(arguments.book);
   Row row(book.fields.size());
   row[0] = arguments.name;
   StoreValues(row, book, arguments.values);
@@ -227,7 +217,7 @@ void AddEntry(const Session& session, const Arguments& arguments) {
 }
 
 void EditEntry(const Session& session, const Arguments& arguments) {
-  const AddressBook& book = BookOf(arguments);
+  const AddressBook& book = BookOf(arguments.book);
   bool hasChanged = false;
   const auto edit = [&](Row& row) {
     const Row before = row;
@@ -248,7 +238,7 @@ void EditEntry(const Session& session, const Arguments& arguments) {
 }
 
 void DeleteEntry(const Session& session, const Arguments& arguments) {
-  const AddressBook& book = BookOf(arguments);
+  const AddressBook& book = BookOf(arguments.book);
   ReadEntry(session, book, arguments.name);
   const std::string what = DescribedEntry(book, arguments.name);
   Confirm(arguments.yes, "Delete " + what + '?');
@@ -257,7 +247,7 @@ void DeleteEntry(const Session& session, const Arguments& arguments) {
 }
 
 void ClearBook(const Session& session, const Arguments& arguments) {
-  const AddressBook& book = BookOf(arguments);
+  const AddressBook& book = BookOf(arguments.book);
   const std::string what =
       "all " + std::to_string(CountOf(session, book)) + " entries of the " + TitleOf(book);
   Confirm(arguments.yes, "Delete " + what + '?');
@@ -268,7 +258,7 @@ void ClearBook(const Session& session, const Arguments& arguments) {
 // Writes the entries to a file, or to standard output. Throws a Refusal and writes nothing if they
 // cannot be read.
 void ExportEntries(const Session& session, const Arguments& arguments) {
-  const AddressBook& book = BookOf(arguments);
+  const AddressBook& book = BookOf(arguments.book);
   const std::unique_ptr<EntryFile> entries =
       MakeEntryFile(arguments.format, book, arguments.spreadsheet);
   std::uint32_t count = 0;

@@ -79,11 +79,7 @@ class JsonFile : public EntryFile {
   explicit JsonFile(const AddressBook& newBook) : book(newBook) {}
 
   void Add(const Row& row) override {
-    Json entry;
-    for (std::size_t i = 0; i < row.size(); ++i) {
-      if (i != book.secretField) SetText(entry, LowerCase(book.fields[i]), row[i]);
-    }
-    entries.push_back(std::move(entry));
+    entries.push_back(ShownRow(WithoutPassword(book, book.fields), WithoutPassword(book, row)));
   }
 
   std::string Text() override {

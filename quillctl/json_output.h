@@ -5,6 +5,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <cstddef>
 #include <iostream>
 #include <string>
 #include <string_view>
@@ -33,6 +34,13 @@ inline Json ShownItem(const std::string& key, const ItemFields& item) {
   SetText(json, "key", key);
   for (const ItemText& each : kItemTexts) SetText(json, each.word, item.*each.field);
   for (const ItemNumber& each : kItemNumbers) json[each.word] = item.*each.field;
+  return json;
+}
+
+// Returns a row of a table as an object. Its members are the headings in lower case.
+inline Json ShownRow(const Row& headings, const Row& row) {
+  Json json;
+  for (std::size_t i = 0; i < row.size(); ++i) SetText(json, LowerCase(headings[i]), row[i]);
   return json;
 }
 
