@@ -73,6 +73,14 @@ constexpr const char* kExamples[] = {
     "entry add email \"Ann Lee\" --address ann@example.com",
     "entry edit email \"Ann Lee\" --address lee@example.com",
     "entry export email contacts.csv --spreadsheet",
+    "list list email",
+    "list show email Minutes",
+    "list create email Sales Archive Invoices",
+    "list rename email Minutes Protocols",
+    "list copy email Minutes Board",
+    "list delete email Minutes",
+    "list add email Minutes Archive",
+    "list remove email Minutes Archive",
     "entry import contacts.csv --format csv --map 2,10 --skip-header",
 };
 
@@ -141,7 +149,7 @@ Parser::Parser() {
   AddOptions();
   for (const auto add :
        {AddInfoCommand, AddCheckCommand, AddKeyCommands, AddItemCommands, AddConfigCommands,
-        AddBookCommands, AddEntryCommands, AddDemoCommand, AddCompletionCommand}) {
+        AddBookCommands, AddEntryCommands, AddListCommands, AddDemoCommand, AddCompletionCommand}) {
     add(commands);
   }
   AddHelpTexts(app);

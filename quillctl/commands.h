@@ -70,6 +70,7 @@ void AddKeyCommands(Commands& commands);
 void AddItemCommands(Commands& commands);
 void AddBookCommands(Commands& commands);
 void AddEntryCommands(Commands& commands);
+void AddListCommands(Commands& commands);
 void AddConfigCommands(Commands& commands);
 void AddCheckCommand(Commands& commands);
 void AddInfoCommand(Commands& commands);
