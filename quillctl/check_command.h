@@ -49,7 +49,7 @@ class CheckRun {
 
   // After this call, RequireNotInterrupted throws a Skip once termination is requested.
   void DeferTermination() {
-    if (!termination) termination.emplace();
+    if (!termination) termination.emplace("deleting the key that was added");
   }
   void RequireNotInterrupted() const;
   bool IsInterrupted() const { return termination && termination->IsRequested(); }

@@ -65,7 +65,7 @@ class KeySetWriter {
 // Throws a Refusal if the first change fails, and a PartialFailure if a later one fails or the user
 // interrupts.
 void Make(const Session& session, const std::vector<KeySetChange>& changes) {
-  const DeferredTermination termination;
+  const DeferredTermination termination("stopping after the current change");
   KeySetWriter writer(session);
   Progress progress("Making changes", [&changes] { return changes.size(); });
   for (std::size_t i = 0; i < changes.size(); ++i) {

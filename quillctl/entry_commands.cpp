@@ -31,6 +31,7 @@ struct Arguments {
   std::string book;
   std::string name;
   std::string from;
+  std::string letter;
   std::string file;
   std::string format = "csv";
   std::uint32_t limit = 0;  // 0: none
@@ -120,7 +121,8 @@ void ForEachEntry(const Session& session, const Arguments& arguments, const std:
 
 void ListEntries(const Session& session, const Arguments& arguments) {
   EntryPrinter printer(BookOf(arguments.book), arguments);
-  ForEachEntry(session, arguments, "*", [&](Row row) { return printer.Add(std::move(row)); });
+  ForEachEntry(session, arguments, arguments.letter + '*',
+               [&](Row row) { return printer.Add(std::move(row)); });
   printer.Finish();
 }
 
@@ -277,6 +279,11 @@ void ExportEntries(const Session& session, const Arguments& arguments) {
             << Quoted(arguments.file) << ".\n";
 }
 
+// The appliance selects by one byte.
+std::string LetterFault(const std::string& text) {
+  return text.size() == 1 ? "" : "not a single byte";
+}
+
 constexpr std::uint32_t kMaxLimit = 999'999;
 
 using Run = void (*)(const Session&, const Arguments&);
@@ -316,6 +323,8 @@ void AddReadingCommands(Commands& entry) {
   auto a = std::make_shared<Arguments>();
   CLI::App* list = AddBookCommand(entry, "list", "List the entries in order", ListEntries, a);
   AsName(list->add_option("--from", a->from, "List the entries after this name"));
+  list->add_option("--letter", a->letter, "List the entries that begin with this character")
+      ->check(LetterFault, "");
   AddNumber(list, "--limit", a->limit, "List at most this number of entries", 1, kMaxLimit);
   AddJson(list, a->json);
   list->add_flag("--json-lines", a->jsonLines, "Print each entry as JSON on a line of its own")

@@ -121,7 +121,7 @@ void Import(ImportPlan& plan, const ImportRequest& request, const Session& sessi
     Confirm(request.yes, "Clear the " + std::string(plan.Books().front().title) + " and import " +
                              std::to_string(sent) + " rows?");
   }
-  const DeferredTermination untilReported;
+  const DeferredTermination untilReported("finishing the import, to report each row");
   const std::int32_t status = plan.Send(session.Scanner());
   const Contents now = ReadAll(plan.Books(), scanner);
   MarkRowsNotImported(plan, status, now);

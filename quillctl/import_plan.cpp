@@ -140,7 +140,7 @@ void ImportPlan::Convert(const TemporaryFile& source, TemporaryFile& script) con
 
 std::string ImportPlan::Script() const {
   if (IsScript()) return WithLfLineEnds(text);
-  const DeferredTermination untilFilesAreDeleted;
+  const DeferredTermination untilFilesAreDeleted(nullptr);
   const TemporaryFile source(RowsToSend());
   TemporaryFile script;
   Convert(source, script);

@@ -61,6 +61,8 @@ void Verify(const std::string& what, IsDone isDone) {
   if (!holds) throw Refusal("the appliance reports success, but did not " + what);
 }
 
+constexpr const char* kStopping = "stopping after the current member";
+
 enum class Change { kFill, kAdd, kRemove };
 
 // The lists of one kind, and the commands for them. `kEntries` is the scanner's function for the
@@ -103,14 +105,14 @@ class Lists {
 
   void Create(const Arguments& a) {
     const Members members = MembersFor(a, {}, true);
-    Fill(a.name, members, "create " + Named(a.name), DeferredTermination());
+    Fill(a.name, members, "create " + Named(a.name), DeferredTermination(kStopping));
     std::cout << "Created " << Named(a.name) << " with " << Counted(members.size()) << ".\n";
   }
 
   void Copy(const Arguments& a) {
     const std::string names = Named(a.name) + " to " + Quoted(a.newName);
     const Members members = ReadNamed(a.name);
-    Fill(a.newName, members, "copy " + names, DeferredTermination());
+    Fill(a.newName, members, "copy " + names, DeferredTermination(kStopping));
     std::cout << "Copied " << names << " with " << Counted(members.size()) << ".\n";
   }
 
@@ -234,7 +236,7 @@ class Lists {
     const std::string what = Counted(members.size()) + (adds ? " to " : " from ") + Named(a.name);
     if (!adds) Confirm(a.yes, "Remove " + what + '?');
     ChangeMembers(a.name, adds ? Change::kAdd : Change::kRemove, members, present.size(),
-                  (adds ? "add " : "remove ") + what, DeferredTermination());
+                  (adds ? "add " : "remove ") + what, DeferredTermination(kStopping));
     std::cout << (adds ? "Added " : "Removed ") << what << ".\n";
   }
 
@@ -288,7 +290,7 @@ class Lists {
 
   // Copies the list and then deletes the original.
   void RenameByCopy(const Arguments& a, const std::string& what) {
-    const DeferredTermination termination;
+    const DeferredTermination termination(kStopping);
     Fill(a.newName, Read(a.name), what, termination);
     try {
       if (termination.IsRequested()) throw Refusal("interrupted");

@@ -1,5 +1,6 @@
 #include "quillctl/session.h"
 
+#include "bridge/status.h"
 #include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
 #include "quillctl/password.h"
@@ -7,10 +8,15 @@
 namespace quillctl {
 namespace {
 
+constexpr const char* kLibraryHint =
+    "; if the server library was not found, name its folder in LD_LIBRARY_PATH, or in PATH on "
+    "Windows";
+
 // Returns the reason of a failed login. If the library refuses it without a server call, it records
 // no error.
 std::string LoginFault(const Credentials& credentials) {
   const std::int32_t status = quillkit::GetLastToolkitError();
+  if (status == quillkit::kNotInitialised) return CodeAndText(status) + kLibraryHint;
   if (status != 0) return CodeAndText(status);
   if (credentials.user.size() > 31) return "the user name has more than 31 bytes";
   if (credentials.password->size() > 15) return "the password has more than 15 bytes";

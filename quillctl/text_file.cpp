@@ -3,12 +3,14 @@
 #include <array>
 #include <cerrno>
 #include <filesystem>
+#include <iostream>
 #include <system_error>
 
 #include "platform/open_file.h"
 #include "platform/written_file.h"
 #include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
+#include "quillctl/system/terminal.h"
 
 namespace quillctl {
 namespace {
@@ -22,9 +24,27 @@ std::string ReadFault(const std::string& path, int error) {
   return std::generic_category().message(error);
 }
 
+UsageError TooLarge(const std::string& name, std::size_t limit) {
+  return UsageError("cannot read " + name + ": it is larger than " + std::to_string(limit >> 20) +
+                    " MiB");
+}
+
+std::string ReadStdin(std::size_t limit) {
+  const BinaryStdin binary;
+  std::string bytes;
+  std::array<char, 65536> block = {};
+  while (std::cin && bytes.size() <= limit) {
+    std::cin.read(block.data(), block.size());
+    bytes.append(block.data(), static_cast<std::size_t>(std::cin.gcount()));
+  }
+  if (bytes.size() <= limit) return bytes;
+  throw TooLarge("standard input", limit);
+}
+
 // Returns the bytes of a file. Throws a UsageError with the quoted name if the file cannot be read
 // or is larger than `limit` bytes.
 std::string ReadBytes(const std::string& path, const std::string& name, std::size_t limit) {
+  if (path == "-") return ReadStdin(limit);
   quillkit::OpenFile file = quillkit::OpenFile::ToRead(path.c_str());
   std::string bytes;
   std::array<char, 65536> block = {};
@@ -37,8 +57,7 @@ std::string ReadBytes(const std::string& path, const std::string& name, std::siz
     throw UsageError("cannot read " + name + ": " + ReadFault(path, error));
   }
   if (bytes.size() <= limit) return bytes;
-  throw UsageError("cannot read " + name + ": it is larger than " + std::to_string(limit >> 20) +
-                   " MiB");
+  throw TooLarge(name, limit);
 }
 
 }  // namespace
@@ -67,6 +86,7 @@ std::string_view WithoutByteOrderMark(std::string_view text) {
 }
 
 std::string QuotedFileName(const std::string& path) {
+  if (path == "-") return "standard input";
   const std::string name = std::filesystem::path(path).filename().string();
   return Quoted(name.empty() ? path : name);
 }

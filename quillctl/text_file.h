@@ -9,8 +9,8 @@
 
 namespace quillctl {
 
-// Returns the bytes of the file. Throws a UsageError with the reason if it cannot be read or is
-// larger than `limit` bytes. The message gives the limit in MiB.
+// Returns the bytes of the file, or of standard input for "-". Throws a UsageError with the reason
+// if it cannot be read or is larger than `limit` bytes. The message gives the limit in MiB.
 std::string ReadTextFile(const std::string& path, std::size_t limit);
 
 // Replaces the file as a whole. On failure, also for a link without a target, throws a Refusal and
@@ -18,8 +18,8 @@ std::string ReadTextFile(const std::string& path, std::size_t limit);
 // place.
 void WriteTextFile(const std::string& path, const std::string& text);
 
-// Returns the bytes of the file. Throws a UsageError if it cannot be read or is larger than 64 MiB,
-// which is more than any address book.
+// Returns the bytes of the file, or of standard input for "-". Throws a UsageError if it cannot be
+// read or is larger than 64 MiB, which is more than any address book.
 std::string ReadImportFile(const std::string& path);
 
 // The byte order mark that some programs write before UTF-8 text.
@@ -28,7 +28,7 @@ inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 // Returns the text without a byte order mark at its beginning.
 std::string_view WithoutByteOrderMark(std::string_view text);
 
-// Returns the file's name without its folder, quoted, for messages.
+// Returns the file's name without its folder, quoted, for messages; "standard input" for "-".
 std::string QuotedFileName(const std::string& path);
 
 // Iterates over the lines of a text.

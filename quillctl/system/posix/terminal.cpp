@@ -64,6 +64,9 @@ std::string ReadLineFromTerminal() {
   return line;
 }
 
+BinaryStdin::BinaryStdin() = default;
+BinaryStdin::~BinaryStdin() = default;
+
 void KeepSessionAlive() {
   QuillkitDispatchEvents();
 }

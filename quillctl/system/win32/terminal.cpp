@@ -1,7 +1,10 @@
 #include "quillctl/system/terminal.h"
 
+#include <fcntl.h>
+#include <io.h>
 #include <windows.h>
 
+#include <cstdio>
 #include <iostream>
 
 namespace quillctl {
@@ -50,6 +53,14 @@ std::string ReadLineFromTerminal() {
   CloseHandle(thread);
   if (line.ends_with('\r')) line.pop_back();
   return line;
+}
+
+BinaryStdin::BinaryStdin() {
+  _setmode(_fileno(stdin), _O_BINARY);
+}
+
+BinaryStdin::~BinaryStdin() {
+  _setmode(_fileno(stdin), _O_TEXT);
 }
 
 void KeepSessionAlive() {
