@@ -100,6 +100,7 @@ if(TARGET quillctl)
   # Also search for the server library beside quillctl and in the library folder.
   set_target_properties(quillctl PROPERTIES INSTALL_RPATH "$ORIGIN;$ORIGIN/${libraries}")
   install(TARGETS quillctl COMPONENT Tools)
+  install(FILES quillctl/quillctl.schema.json DESTINATION ${shared} COMPONENT Tools)
   install(DIRECTORY quillctl/data/ DESTINATION ${shared}/quillctl COMPONENT Tools
           FILES_MATCHING PATTERN "*.csv" PATTERN "*.ldif")
   if(NOT WIN32)

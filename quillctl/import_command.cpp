@@ -84,9 +84,10 @@ void MarkRowsNotImported(ImportPlan& plan, std::int32_t status, const Contents& 
                               : "the appliance refused the import and has no such entry");
 }
 
-void ShowRows(const ImportPlan& plan, const ImportRequest& request, bool isVerified) {
+void ShowRows(const ImportPlan& plan, const ImportRequest& request, std::size_t sent,
+              bool isVerified) {
   if (request.json) {
-    ShowImportJson(plan.Rows(), isVerified);
+    ShowImportJson(plan.Rows(), sent, isVerified);
   } else {
     ShowImportSummary(QuotedFileName(request.file), plan.Rows(), isVerified);
     ShowFaults(plan.Rows(), request.faultsShown);
@@ -127,7 +128,7 @@ void Import(ImportPlan& plan, const ImportRequest& request, const Session& sessi
   MarkRowsNotImported(plan, status, now);
   if (plan.Rows().Entries() != sent) WriteRejects(plan, request);
   if (!plan.IsScript()) {
-    ShowRows(plan, request, !now.empty());
+    ShowRows(plan, request, sent, !now.empty());
   } else if (status == 0) {
     std::cout << "Imported " << file << ".\n";
   }
@@ -140,7 +141,7 @@ void Import(ImportPlan& plan, const ImportRequest& request, const Session& sessi
 void RequireValidRows(const ImportPlan& plan, const ImportRequest& request) {
   if (plan.IsScript() || plan.Rows().Entries() != 0) return;
   if (request.json) {
-    ShowImportJson(plan.Rows(), true);
+    ShowImportJson(plan.Rows(), 0, true);
   } else {
     ShowFaults(plan.Rows(), request.faultsShown);
   }

@@ -47,14 +47,15 @@ void ShowFaults(const ImportRows& rows, std::size_t limit) {
   }
 }
 
-void ShowImportJson(const ImportRows& rows, bool isVerified) {
+void ShowImportJson(const ImportRows& rows, std::size_t sent, bool isVerified) {
   Json rejected = Json::array();
   for (const ImportRow& row : rows.rows) {
     if (!row.fault.empty()) rejected.push_back({{"line", row.line}, {"reason", row.fault}});
   }
   PrintJson({{"rows", rows.rows.size()},
-             {"imported", rows.Entries()},
-             {"verified", isVerified},
+             {"sent", sent},
+             {"arrived", isVerified ? rows.Entries() : 0},
+             {"unknown", isVerified ? 0 : sent},
              {"passedOver", rows.passedOver},
              {"rejected", std::move(rejected)}});
 }
