@@ -7,8 +7,11 @@
 //      so that it can be resized in place. New records are blank, in case the server claims to have
 //      delivered records that it did not. In a new block and after Resize() they are zero. In a
 //      reused block, Allocate() calls Blank(), which may leave bytes of an earlier record after the
-//      NUL of a text; AllocateToRead() leaves earlier records until BlankUnwritten().
-//   4. A record with a password is wiped as soon as it is not live, and in the memory that it was
+//      NUL of a text; AllocateToRead() leaves earlier records until KeepDelivered().
+//   4. Records from `dirty` on are blank: AllocateToRead() does not touch them. The exception is a
+//      record that the server wrote beyond the count that it reported. A later read that counts the
+//      record and does not write it shows it.
+//   5. A record with a password is wiped as soon as it is not live, and in the memory that it was
 //      moved from.
 //
 // Every call that is not const may move or overwrite records: addresses from data() and At() are
@@ -49,6 +52,7 @@ class EntryBlock {
   void Swap(EntryBlock& other) noexcept {
     std::swap(storage, other.storage);
     std::swap(capacity, other.capacity);
+    std::swap(dirty, other.dirty);
     std::swap(live, other.live);
     std::swap(skipped, other.skipped);
   }
@@ -59,6 +63,7 @@ class EntryBlock {
     std::free(storage);
     storage = nullptr;
     capacity = 0;
+    dirty = 0;
     live = 0;
     skipped = 0;
   }
@@ -66,28 +71,34 @@ class EntryBlock {
   // Replaces the records by `count` blank ones. Reuses the block if they fit and fill at least half
   // of it. Returns false and leaves no block if `count` is not above 0 or the allocation fails.
   bool Allocate(std::int32_t count) {
-    if (!CanReuse(count)) return AllocateNew(count);
-    Reuse(count);
-    std::for_each(begin(), end(), [](Record& each) { each.Blank(); });
+    if (!Renew(count)) return false;
+    Blank(begin(), end());
+    dirty = 0;
     return true;
   }
 
   // Like Allocate(), for records that a read overwrites. In a reused block the records are only
-  // marked, in their first bytes. After the read, call BlankUnwritten().
+  // marked, in their first bytes. After the read, call KeepDelivered().
   bool AllocateToRead(std::int32_t count) {
     static_assert(!HoldsPassword<Record>, "a marked record is not wiped");
-    if (!CanReuse(count)) return AllocateNew(count);
-    Reuse(count);
-    std::for_each(begin(), end(),
+    if (!Renew(count)) return false;
+    std::for_each(storage, storage + dirty,
                   [](Record& each) { std::memcpy(Raw(&each), kMark, sizeof kMark); });
     return true;
   }
 
-  // Zeroes the live records that the read did not write.
-  void BlankUnwritten() {
-    for (Record& each : *this) {
-      if (std::memcmp(&each, kMark, sizeof kMark) == 0) std::memset(Raw(&each), 0, sizeof(Record));
+  // After a read into the records, keeps the `count` that it delivered, as Shrink(). Zeroes the
+  // others, and those that it counted but did not write.
+  bool KeepDelivered(std::int32_t count, std::int32_t direction) {
+    if (!Keep(count, direction)) return false;
+    const Record* const first = begin();
+    const Record* const last = end();
+    for (Record* each = storage; each != storage + dirty; ++each) {
+      const bool isLive = each >= first && each < last;
+      if (!isLive || IsMarked(*each)) std::memset(Raw(each), 0, sizeof(Record));
     }
+    dirty = skipped + live;
+    return true;
   }
 
   // Changes the number of live records to `count`; keeps skip() and the records that fit. Returns
@@ -98,27 +109,16 @@ class EntryBlock {
     if (!hasRoom && !Reallocate(skipped + count)) return false;
     if (count > live) std::memset(Raw(data() + live), 0, Bytes(count - live));
     live = count;
+    dirty = DirtyOrLive();
     return true;
   }
 
-  // Keeps `count` live records, after a read that filled only a part of them. Direction 1 keeps the
-  // first ones and sets skip() to 0. Any other direction keeps the last ones: it moves data()
-  // forward. The block stays, for the next read. Returns false and changes nothing for a count
-  // below 0 or above count().
+  // Keeps `count` of the live records. Direction 1 keeps the first ones and sets skip() to 0. Any
+  // other direction keeps the last ones: it moves data() forward. The block stays, for the next
+  // read. Returns false and changes nothing for a count below 0 or above count().
   bool Shrink(std::int32_t count, std::int32_t direction) {
-    if (count < 0 || count > live) return false;
-    if (count == live) return true;
-    const std::int32_t surplus = live - count;
-    if (count != 0 && direction == 1) {
-      if (skipped != 0) std::memmove(Raw(storage), data(), Bytes(count));
-      Wipe(storage + count, skipped + surplus);
-      skipped = 0;
-    } else {
-      Wipe(data(), surplus);
-      if (count != 0) skipped += surplus;
-    }
-    live = count;
-    return true;
+    dirty = DirtyOrLive();
+    return Keep(count, direction);
   }
 
   // Takes over the block of `other`, which then has none, for the next Allocate(). Leaves no live
@@ -130,10 +130,7 @@ class EntryBlock {
   }
 
   // Leaves no live records. Keeps the block.
-  void Clear() {
-    Wipe(data(), live);
-    live = 0;
-  }
+  void Clear() { Shrink(0, 1); }
 
   // Appends a copy of `record`, which may be inside the block. Returns the new count, or -1 if the
   // allocation fails.
@@ -150,6 +147,7 @@ class EntryBlock {
   // false and changes nothing for an index out of range.
   bool RemoveAt(std::int32_t index) {
     if (!Holds(index)) return false;
+    dirty = DirtyOrLive();
     Record* slot = data() + index;
     std::memmove(Raw(slot), slot + 1, Bytes(live - index - 1));
     --live;
@@ -187,10 +185,15 @@ class EntryBlock {
     return count > 0 && count <= capacity && count >= capacity - capacity / 2;
   }
 
-  void Reuse(std::int32_t count) {
-    if (skipped + live > count) Wipe(storage + count, skipped + live - count);
+  // Makes `count` records live, of which those before `dirty` may not be blank.
+  bool Renew(std::int32_t count) {
+    if (!CanReuse(count)) return AllocateNew(count);
+    dirty = DirtyOrLive();
+    if (dirty > count) Blank(storage + count, storage + dirty);
+    dirty = std::min(dirty, count);
     skipped = 0;
     live = count;
+    return true;
   }
 
   bool AllocateNew(std::int32_t count) {
@@ -199,6 +202,34 @@ class EntryBlock {
     storage = static_cast<Record*>(std::calloc(static_cast<std::size_t>(count), sizeof(Record)));
     if (storage != nullptr) capacity = live = count;
     return storage != nullptr;
+  }
+
+  // `dirty` does not count live records that were blank when Allocate() or AllocateToRead() made
+  // them. Every other call counts all live records, because they may have been written since.
+  std::int32_t DirtyOrLive() const { return std::max(dirty, skipped + live); }
+
+  bool Keep(std::int32_t count, std::int32_t direction) {
+    if (count < 0 || count > live) return false;
+    if (count == live) return true;
+    const std::int32_t surplus = live - count;
+    if (count != 0 && direction == 1) {
+      if (skipped != 0) std::memmove(Raw(storage), data(), Bytes(count));
+      Wipe(storage + count, skipped + surplus);
+      skipped = 0;
+    } else {
+      Wipe(data(), surplus);
+      if (count != 0) skipped += surplus;
+    }
+    live = count;
+    return true;
+  }
+
+  static bool IsMarked(const Record& record) {
+    return std::memcmp(&record, kMark, sizeof kMark) == 0;
+  }
+
+  static void Blank(Record* first, Record* last) {
+    std::for_each(first, last, [](Record& each) { each.Blank(); });
   }
 
   static void Wipe(Record* records, std::int32_t count) {
@@ -231,6 +262,7 @@ class EntryBlock {
     capacity = records;
     const std::int32_t kept = std::min(records, skipped + live);
     std::memset(Raw(storage + kept), 0, Bytes(records - kept));
+    dirty = kept;
     return true;
   }
 
@@ -247,6 +279,7 @@ class EntryBlock {
 
   Record* storage = nullptr;
   std::int32_t capacity = 0;  // of the block, in records
+  std::int32_t dirty = 0;     // records from the start of the block that may not be blank
   std::int32_t live = 0;
   std::int32_t skipped = 0;
 };

@@ -26,8 +26,8 @@ int CFaxAB::LoadEntries() {
   KeyRange range;
   auto count = static_cast<std::uint32_t>(entries.Count());
   const Status status = ServerEntries().Read(&range, entries.Data(), &count, 1);
-  if (count == 0 || status == kDataNotFound) entries.Clear();
-  entries.Shrink(static_cast<std::int32_t>(count), 1);
+  if (status == kDataNotFound) count = 0;
+  entries.KeepDelivered(static_cast<std::int32_t>(count), 1);
   return status == kNoError || status == kDataNotFound ? 1 : 0;
 }
 

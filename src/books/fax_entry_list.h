@@ -41,6 +41,9 @@ class CFaxEntryList {
   bool Allocate(std::int32_t count) { return items.Allocate(count); }
   bool Grow(std::int32_t count) { return items.Resize(count); }
   bool Shrink(std::int32_t count, std::int32_t direction) { return items.Shrink(count, direction); }
+  bool KeepDelivered(std::int32_t count, std::int32_t direction) {
+    return items.KeepDelivered(count, direction);
+  }
   void Free() { items.Free(); }
   void Clear() { items.Clear(); }
   std::int32_t Count() const { return items.count(); }

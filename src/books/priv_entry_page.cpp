@@ -26,12 +26,9 @@ Status CPrivEntryPage::Load(std::string_view startKey, std::int32_t direction) {
   auto count = static_cast<std::uint32_t>(Count());
   const Status status = privateBook->ReadEntries(&range, Data(), &count, direction);
   loaded = 1;
-  if (status != kNoError || count == 0) {
-    Clear();
-    return status;
-  }
-  Shrink(static_cast<std::int32_t>(count), direction);
-  return kNoError;
+  if (status != kNoError) count = 0;
+  entries.KeepDelivered(static_cast<std::int32_t>(count), direction);
+  return status;
 }
 
 auto CPrivEntryPage::Names() const {

@@ -69,11 +69,10 @@ Status CUserList::Load(std::string_view startKey, std::int32_t direction) {
   KeyRange range(startKey, {});
   auto count = static_cast<std::uint32_t>(records.count());
   const Status status = owner->Entries().Read(&range, records.data(), &count, direction);
-  if (status != kNoError && status != kMoreData) {
-    records.Clear();
-    return status;
-  }
-  Shrink(static_cast<std::int32_t>(count), direction);
+  const bool isRead = status == kNoError || status == kMoreData;
+  records.KeepDelivered(isRead ? static_cast<std::int32_t>(count) : 0, direction);
+  if (!isRead) return status;
+  if (count == 0) Clear();
   search.MoveTo(0);
   return status;
 }

@@ -162,10 +162,11 @@ Status ServerList<Entry, BookClass, kListKind>::AllocateMembers(std::int32_t lim
 
 template <class Entry, class BookClass, BookKind kListKind>
 Status ServerList<Entry, BookClass, kListKind>::FillMembers(std::uint32_t* delivered) {
-  auto count = static_cast<std::uint32_t>(members.count());
+  const std::int32_t size = members.count();
+  auto count = static_cast<std::uint32_t>(size);
   const Status status = count != 0 ? Access().ReadAll(members.data(), &count) : kNoError;
-  members.BlankUnwritten();
-  std::for_each(members.begin() + count, members.end(), [](Entry& each) { each.Blank(); });
+  members.KeepDelivered(static_cast<std::int32_t>(count), 1);
+  if (members.count() < size) members.Resize(size);
   if (delivered != nullptr) *delivered = count;
   return status;
 }

@@ -27,13 +27,9 @@ Status CSoftKey::Load(const std::string& name, CTopLevelAB* newOwner, std::strin
   auto count = static_cast<std::uint32_t>(items.count());
   const Status status =
       owner->ReadUnterminatedItems(keyName, &range, items.data(), &count, direction);
-  if (count == 0 || status == kDataNotFound) {
-    items.Clear();
-    return kNoError;
-  }
-  items.BlankUnwritten();
-  items.Shrink(static_cast<std::int32_t>(count), direction);
-  return status;
+  if (status == kDataNotFound) count = 0;
+  items.KeepDelivered(static_cast<std::int32_t>(count), direction);
+  return count != 0 ? status : kNoError;
 }
 
 void CSoftKey::MoveFrom(CSoftKey& other, CTopLevelAB* newOwner) {

@@ -78,8 +78,8 @@ Status CEntryPage::Fill(std::string_view key, std::string_view filter, std::int3
   KeyRange range(key, filter);
   auto delivered = static_cast<std::uint32_t>(Count());
   const Status status = book->Read(&range, Data(), &delivered, direction);
-  if (status == kDataNotFound) Clear();
-  Shrink(static_cast<std::int32_t>(delivered), direction);
+  if (status == kDataNotFound) delivered = 0;
+  entries.KeepDelivered(static_cast<std::int32_t>(delivered), direction);
   return status;
 }
 

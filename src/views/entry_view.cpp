@@ -34,7 +34,7 @@ Status CEntryView::LoadBoundaries(std::int32_t force) {
     boundaries.Free();
     return status;
   }
-  boundaries.Shrink(static_cast<std::int32_t>(delivered), 1);
+  boundaries.KeepDelivered(static_cast<std::int32_t>(delivered), 1);
   for (PageBoundary& row : boundaries) {
     row.count = std::clamp(row.count, std::int32_t{0}, MaxEmailEntries);
   }

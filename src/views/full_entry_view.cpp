@@ -13,14 +13,14 @@ int CFullEntryView::AttachBook(EntrySource* newBook) {
 
 Status CFullEntryView::Load() {
   cursor = 0;
-  entries.Allocate(MaxFullEntries);
+  entries.AllocateToRead(MaxFullEntries);
   KeyRange range;
   auto delivered = static_cast<std::uint32_t>(entries.count());
   const Status status = book->ReadEntries(&range, entries.data(), &delivered, 1);
   if (delivered == 0 || status == kDataNotFound) {
-    entries.Clear();
+    entries.KeepDelivered(0, 1);
   } else if (status == kNoError || status == kMoreData) {
-    entries.Shrink(static_cast<std::int32_t>(delivered), 1);
+    entries.KeepDelivered(static_cast<std::int32_t>(delivered), 1);
   } else {
     entries.Allocate(MaxFullEntries);  // discards what was written
   }

@@ -37,7 +37,7 @@ class EntryBlockWalk : public testing::TestWithParam<unsigned> {
       case 0:
         ids.assign(static_cast<std::size_t>(std::max(number, 0)), 0);
         skip = 0;
-        EXPECT_EQ(Draw(0, 1) == 0 ? block.Allocate(number) : ReadNothing(number), number > 0);
+        EXPECT_EQ(Draw(0, 1) == 0 ? block.Allocate(number) : Read(number, Draw(0, 1)), number > 0);
         break;
       case 1:
         if (number > 0) ids.resize(static_cast<std::size_t>(number) + 3);
@@ -72,10 +72,19 @@ class EntryBlockWalk : public testing::TestWithParam<unsigned> {
     }
   }
 
-  // Allocates for a read that then writes nothing.
-  bool ReadNothing(std::int32_t number) {
+  // A read that counts some records and writes some of them.
+  bool Read(std::int32_t number, std::int32_t direction) {
     const bool isAllocated = block.AllocateToRead(number);
-    block.BlankUnwritten();
+    ids.resize(static_cast<std::size_t>(Draw(0, Count())));
+    const std::int32_t unused = std::max(number, 0) - Count();
+    if (direction == 0 && Count() != 0) skip = unused;
+    for (std::int32_t i = 0; i < Count(); ++i) {
+      if (Draw(0, 3) == 0) continue;
+      block.data()[direction == 0 ? unused + i : i].id = ids[static_cast<std::size_t>(i)] =
+          ++lastId;
+    }
+    EXPECT_FALSE(block.KeepDelivered(block.count() + 1, direction));
+    EXPECT_TRUE(block.KeepDelivered(Count(), direction));
     return isAllocated;
   }
 
