@@ -57,11 +57,9 @@ class FixedText {
   // Overwrites the whole field with zeroes. Use it for secrets.
   void Wipe() { WipeBytes(bytes, N); }
 
-  // Writes a NUL at the end of the field. Call it for data from a server, before c_str(). A field
-  // that has it already is only read, which is faster in a pass over many records.
-  void Terminate() {
-    if (bytes[kMaxLength] != '\0') bytes[kMaxLength] = '\0';
-  }
+  // Writes a NUL at the end of the field. Call it for data from a server, before c_str(). A store
+  // does not wait for the bytes: to read them first takes longer, right after they were copied.
+  void Terminate() { bytes[kMaxLength] = '\0'; }
 
   // Valid as long as the record is not moved or destroyed. REQUIRES: the text has its NUL.
   const char* c_str() const { return bytes; }
