@@ -156,10 +156,15 @@ class EntryBlock {
   }
 
   // Returns the record at `index`, or null for an index out of range.
-  Record* At(std::int32_t index) { return Holds(index) ? data() + index : nullptr; }
-  const Record* At(std::int32_t index) const { return Holds(index) ? data() + index : nullptr; }
+  Record* At(std::int32_t index) { return Holds(index) ? storage + (skipped + index) : nullptr; }
+  const Record* At(std::int32_t index) const {
+    return Holds(index) ? storage + (skipped + index) : nullptr;
+  }
 
-  bool Holds(std::int32_t index) const { return index >= 0 && index < live; }
+  // One comparison: as an unsigned number, a negative index is above every count.
+  bool Holds(std::int32_t index) const {
+    return static_cast<std::uint32_t>(index) < static_cast<std::uint32_t>(live);
+  }
   bool IsEmpty() const { return live == 0; }
   std::int32_t count() const { return live; }
   std::int32_t skip() const { return skipped; }

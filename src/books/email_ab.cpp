@@ -45,11 +45,6 @@ class NoView : public CEntryView {
   }
 };
 
-CEntryView& AbsentView() {
-  static NoView none;
-  return none;
-}
-
 }  // namespace
 
 template class ServerList<CEmailEntry, CEmailAB, BookKind::kPublicList>;
@@ -86,8 +81,9 @@ int CEmailAB::OpenView(std::int32_t pageSize) {
   return view->AttachBook(this);
 }
 
-CEntryView& CEmailAB::ViewOrNone() const {
-  return view != nullptr ? *view : AbsentView();
+CEntryView& CEmailAB::AbsentView() {
+  static NoView none;
+  return none;
 }
 
 CEntryView& CEmailAB::EditableView() const {

@@ -224,8 +224,11 @@ class CEmailAB : public EntrySource, public PublicListBook<CEmailAB, CPubEmailDL
   int OpenView(std::int32_t pageSize);
 
   // Return the view, or one whose operations fail.
-  CEntryView& ViewOrNone() const;
+  CEntryView& ViewOrNone() const { return view != nullptr ? *view : AbsentView(); }
   CEntryView& EditableView() const;
+
+  // Returns the view whose operations fail.
+  static CEntryView& AbsentView();
 
   Status ReadEdge(CEmailEntry* entry, bool last) const;
 
