@@ -1,6 +1,5 @@
 #include "import/convert_mail_server_export.h"
 
-#include <algorithm>
 #include <string_view>
 
 #include "import/conversion.h"
@@ -42,17 +41,15 @@ TextSpan NameField(TextSpan rest) {
   return name;
 }
 
-std::size_t AddressLength(std::string_view text) {
-  const auto ends = [](char c) { return c == '%' || c == ',' || c == '"'; };
-  return static_cast<std::size_t>(std::find_if(text.begin(), text.end(), ends) - text.begin());
-}
-
-// Returns the address after the first "SMTP:" in `text`, or null without one.
+// Returns the address after the first "SMTP:" in `text`, or null without one. It ends at the first
+// percent sign, comma or double quote. Three searches of the C library are faster than one pass
+// that compares each character three times.
 std::string_view FindAddress(std::string_view text) {
   const std::size_t mark = text.find(kAddressMark);
   if (mark == text.npos) return {};
   text.remove_prefix(mark + kAddressMark.size());
-  return text.substr(0, AddressLength(text));
+  for (const char end : {'%', ',', '"'}) text = text.substr(0, text.find(end));
+  return text;
 }
 
 }  // namespace
@@ -78,10 +75,11 @@ std::int32_t ConvertMailServerExport(ConversionJob job) {
 
 MailServerRow SplitMailServerRow(TextSpan line) {
   MailServerRow row;
-  const TextSpan word = FieldSplitter(line).NextQuotedField(',').text;
-  row.isMailbox = View(word) == kRowWord;
-  if (!row.isMailbox || End(word) == End(line)) return row;
-  const TextSpan name = NameField(line.subspan(word.size() + 1));
+  if (!View(line).starts_with(kRowWord)) return row;
+  const TextSpan rest = line.subspan(kRowWord.size());
+  row.isMailbox = rest.empty() || rest.front() == ',';
+  if (!row.isMailbox || rest.empty()) return row;
+  const TextSpan name = NameField(rest.subspan(1));
   if (name.data() == nullptr || End(name) == End(line)) return row;
   row.name = View(name);
   row.address = FindAddress({End(name) + 1, End(line)});
