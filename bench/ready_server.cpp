@@ -18,6 +18,8 @@ constexpr std::uint32_t kLetters = 26;
 
 std::uint32_t entryCount = kReadyEntries;
 std::uint32_t itemCount = kReadyItems;
+std::uint32_t memberCount = kReadyMembers;
+std::uint32_t userCount = kReadyUsers;
 std::uint64_t calls = 0;
 std::uint64_t reads = 0;
 
@@ -76,8 +78,8 @@ const std::vector<CMenuItem>& Items() {
   return items;
 }
 
-const std::vector<CEmailEntry>& Members() {
-  static const auto members = Entries("Member", kReadyMembers);
+std::vector<CEmailEntry>& Members() {
+  static auto members = Entries("Member", memberCount);
   return members;
 }
 
@@ -111,6 +113,14 @@ Status Deliver(const std::vector<Row>& table, std::size_t offered, void* rows,
   if (*count == 0) return kDataNotFound;
   std::memcpy(rows, static_cast<const void*>(table.data()), *count * sizeof(Row));
   return isMore ? kMoreData : kNoError;
+}
+
+// Stores a record that has only this name.
+template <class Row>
+void DeliverOne(const EntryKey& key, void* record) {
+  Row row;
+  row.SetName(key.name.View());
+  std::memcpy(record, &row, sizeof row);
 }
 
 // The index of the first entry whose name is not before the key.
@@ -178,6 +188,15 @@ void ReadyServerSetItems(std::uint32_t count) {
   itemCount = std::min(count, kReadyItems);
 }
 
+void ReadyServerSetMembers(std::uint32_t count) {
+  memberCount = std::min(count, kReadyEntries);
+  Members() = Entries("Member", memberCount);
+}
+
+void ReadyServerSetUsers(std::uint32_t count) {
+  userCount = std::min(count, kReadyUsers);
+}
+
 std::uint64_t ReadyServerCalls() {
   return calls;
 }
@@ -211,10 +230,13 @@ Status IMSPIOCtl(IOCtlRecord* /*record*/) {
   return kNoError;
 }
 
-Status IMSPReadEntryProperties(ABIdent* /*book*/, EntryKey* key, void* record) {
-  CUserEntry user;
-  user.SetName(key->name.View());
-  std::memcpy(record, &user, sizeof user);
+Status IMSPReadEntryProperties(ABIdent* book, EntryKey* key, void* record) {
+  ++calls;
+  if (book->kind == BookKind::kUsers) {
+    DeliverOne<CUserEntry>(*key, record);
+  } else {
+    DeliverOne<CEmailEntry>(*key, record);
+  }
   return kNoError;
 }
 
@@ -232,7 +254,7 @@ Status IMSPListAB(ABIdent* /*selector*/, KeyRange* /*range*/, ABIdent* books, st
 
 Status IMSPSizeofAB(ABIdent* book, const char* /*filter*/, std::uint32_t* count) {
   ++calls;
-  *count = book->kind == BookKind::kEmail ? entryCount : kReadyMembers;
+  *count = book->kind == BookKind::kEmail ? entryCount : memberCount;
   return kNoError;
 }
 
@@ -244,11 +266,11 @@ Status IMSPReadAB(ABIdent* book, KeyRange* range, void* records, std::uint32_t* 
     case BookKind::kEmail:
       return ReadBook(range, static_cast<CEmailEntry*>(records), count, direction == 1);
     case BookKind::kUsers:
-      return Deliver(Users(), kReadyUsers, records, count);
+      return Deliver(Users(), userCount, records, count);
     case BookKind::kKeyItems:
       return Deliver(Items(), itemCount, records, count);
     default:
-      return Deliver(Members(), kReadyMembers, records, count);
+      return Deliver(Members(), memberCount, records, count);
   }
 }
 

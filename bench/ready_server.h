@@ -5,7 +5,9 @@
 //   soft keys   kReadyKeys keys of kReadyItems items
 //   lists       kReadyLists public e-mail lists of kReadyMembers members
 //   accounts    kReadyUsers accounts
-//   e-mail      kReadyEntries entries, or fewer; as many names begin with each letter, or one more
+//   e-mail      kReadyEntries entries; as many names begin with each letter, or one more
+//
+// These numbers can be changed.
 //
 // All keys deliver the same items, and all lists the same members: small tables stay in the cache
 // of the processor, so that a read costs the least.
@@ -26,10 +28,12 @@ inline constexpr std::uint32_t kReadyEntries = 200'000;
 
 extern "C" {
 
-// Sets the number of entries in the e-mail book, at most kReadyEntries, and of items in each key,
-// at most kReadyItems.
+// Set the number of entries in the e-mail book, of items in each key, of members in each list, and
+// of accounts. The most are kReadyEntries, kReadyItems, kReadyEntries and kReadyUsers.
 void ReadyServerSetEntries(std::uint32_t count);
 void ReadyServerSetItems(std::uint32_t count);
+void ReadyServerSetMembers(std::uint32_t count);
+void ReadyServerSetUsers(std::uint32_t count);
 
 // The number of calls of all entry points, and of IMSPReadAB, since the start of the process.
 std::uint64_t ReadyServerCalls();

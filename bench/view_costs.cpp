@@ -5,16 +5,11 @@
 //                    name that the library makes
 //   WalkBookLinked   the same without look-ups
 //   StepInSpan       one step within the span
-//
-// The other rows measure one operation on a book of the size after the slash: its time, and its
-// server calls ("calls").
 
 #include <benchmark/benchmark.h>
 
 #include <array>
 #include <cstdint>
-#include <random>
-#include <string>
 
 #include "appliance/scanner.h"
 #include "bench/ready_server.h"
@@ -22,7 +17,6 @@
 #include "books/email_ab.h"
 #include "bridge/imsp_api.h"
 #include "platform/module.h"
-#include "views/letter_entry_view.h"
 
 namespace quillkit {
 namespace {
@@ -31,15 +25,10 @@ constexpr std::int32_t kPageSize = 16;
 constexpr std::int32_t kSpan = 3 * kPageSize;
 constexpr auto kEntries = static_cast<std::int32_t>(kReadyEntries);
 
-// Returns the e-mail book with `size` entries, opened with a sliding view of its own.
-CEmailAB* Book(std::int32_t size) {
+CEmailAB* Book() {
   static CEmailAB book;
-  static std::int32_t current = 0;
-  if (current != size) {
-    ReadyServerSetEntries(static_cast<std::uint32_t>(size));
-    Require(book.Attach(Session(), 0) == 1, "Attach");  // drops the old census
-  }
-  current = size;
+  static const bool isOpen = book.Attach(Session(), 0) == 1;
+  Require(isOpen, "Attach");
   return &book;
 }
 
@@ -70,7 +59,7 @@ std::int32_t WalkByHand(FindRead findRead) {
 }
 
 void WalkBookByHand(benchmark::State& state) {
-  Book(kEntries);
+  Book();
   ModuleHandle server = LoadModule("IMSPAPI");
   const auto find = [server] {
     return reinterpret_cast<decltype(IMSPReadAB)*>(FindEntryPoint(server, "IMSPReadAB"));
@@ -81,14 +70,14 @@ void WalkBookByHand(benchmark::State& state) {
 BENCHMARK(WalkBookByHand)->Unit(benchmark::kMillisecond);
 
 void WalkBookLinked(benchmark::State& state) {
-  Book(kEntries);
+  Book();
   const auto find = [] { return &IMSPReadAB; };
   while (state.KeepRunning()) Require(WalkByHand(find) == kEntries, "the linked walk");
 }
 BENCHMARK(WalkBookLinked)->Unit(benchmark::kMillisecond);
 
 void WalkBook(benchmark::State& state) {
-  CEmailAB* book = Book(kEntries);
+  CEmailAB* book = Book();
   const std::uint64_t calls = ReadyServerCalls();
   const std::uint64_t reads = ReadyServerReads();
   Walk(book);
@@ -99,7 +88,7 @@ void WalkBook(benchmark::State& state) {
 BENCHMARK(WalkBook)->Unit(benchmark::kMillisecond);
 
 void StepInSpan(benchmark::State& state) {
-  CEmailAB* book = Book(kEntries);
+  CEmailAB* book = Book();
   Require(book->First() != nullptr, "First");
   const std::uint64_t calls = ReadyServerCalls();
   while (state.KeepRunningBatch(2 * kSpan - 2)) {
@@ -109,111 +98,6 @@ void StepInSpan(benchmark::State& state) {
   Require(ReadyServerCalls() == calls, "steps without a call");
 }
 BENCHMARK(StepInSpan);
-
-// --- Growth with the size of the book ---
-
-CEmailAB* BookOf(const benchmark::State& state) {
-  return Book(static_cast<std::int32_t>(state.range(0)));
-}
-
-// Measures `operation`, which receives an index between 0 and the size.
-template <class Operation>
-void Measure(benchmark::State& state, Operation operation) {
-  const auto size = static_cast<std::int32_t>(state.range(0));
-  std::minstd_rand random(1);
-  std::uint64_t operations = 0;
-  const std::uint64_t calls = ReadyServerCalls();
-  while (state.KeepRunning()) {
-    operation(static_cast<std::int32_t>(random() % static_cast<std::uint32_t>(size)));
-    ++operations;
-  }
-  const std::uint64_t each = (ReadyServerCalls() - calls) / operations;
-  state.counters["calls"] = static_cast<double>(each);
-}
-
-void OpenBook(benchmark::State& state) {
-  BookOf(state);
-  Measure(state, [](std::int32_t) {
-    CEmailAB opened;
-    Require(opened.Attach(Session(), 0) == 1, "Attach");
-  });
-}
-
-void FirstEntry(benchmark::State& state) {
-  CEmailAB* book = BookOf(state);
-  Measure(state, [&](std::int32_t) { Require(book->First() != nullptr, "First"); });
-}
-
-void LastEntry(benchmark::State& state) {
-  CEmailAB* book = BookOf(state);
-  Measure(state, [&](std::int32_t) { Require(book->Last() != nullptr, "Last"); });
-}
-
-void NextSpan(benchmark::State& state) {
-  CEmailAB* book = BookOf(state);
-  Measure(state, [&](std::int32_t) {
-    for (std::int32_t i = 0; i < kSpan; ++i) {
-      if (book->Next() == nullptr) Require(book->First() != nullptr, "First");
-    }
-  });
-}
-
-void EntryAtIndex(benchmark::State& state) {
-  CEmailAB* book = BookOf(state);
-  Measure(state, [&](std::int32_t index) { Require(book->GetAt(index) != nullptr, "GetAt"); });
-}
-
-void FindName(benchmark::State& state) {
-  CEmailAB* book = BookOf(state);
-  std::array<std::string, 64> names;
-  std::minstd_rand random(2);
-  for (std::string& each : names) {
-    const auto index =
-        static_cast<std::int32_t>(random() % static_cast<std::uint32_t>(state.range(0)));
-    const CEmailEntry* entry = book->GetAt(index);
-    Require(entry != nullptr, "GetAt");
-    each = entry->name.View();
-  }
-  Measure(state, [&](std::int32_t index) {
-    const std::string& name = names[static_cast<std::size_t>(index) % names.size()];
-    Require(book->Find(name, 1) != nullptr, "Find");
-  });
-}
-
-void FindLetter(benchmark::State& state) {
-  CEmailAB* book = BookOf(state);
-  Measure(state, [&](std::int32_t index) {
-    Require(book->FindLetter(static_cast<char>('a' + index % 26)) != nullptr, "FindLetter");
-  });
-}
-
-void ReadCensus(benchmark::State& state) {
-  CEmailAB* book = BookOf(state);
-  Measure(state,
-          [&](std::int32_t) { Require(book->View()->LoadBoundaries(1) == 0, "LoadBoundaries"); });
-}
-
-void ReadLetter(benchmark::State& state) {
-  CEmailAB* book = BookOf(state);
-  CLetterEntryView view;
-  view.AttachBook(book);
-  Measure(state, [&](std::int32_t index) {
-    Require(view.FindLetter(static_cast<char>('a' + index % 26)) != nullptr, "FindLetter");
-  });
-}
-
-void Sizes(benchmark::internal::Benchmark* row) {
-  row->Arg(1'000)->Arg(20'000)->Arg(kEntries);
-}
-BENCHMARK(OpenBook)->Apply(Sizes);
-BENCHMARK(FirstEntry)->Apply(Sizes);
-BENCHMARK(LastEntry)->Apply(Sizes);
-BENCHMARK(NextSpan)->Apply(Sizes);
-BENCHMARK(EntryAtIndex)->Apply(Sizes);
-BENCHMARK(FindName)->Apply(Sizes);
-BENCHMARK(FindLetter)->Apply(Sizes);
-BENCHMARK(ReadCensus)->Apply(Sizes);
-BENCHMARK(ReadLetter)->Apply(Sizes);
 
 }  // namespace
 }  // namespace quillkit
