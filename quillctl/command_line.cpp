@@ -203,7 +203,7 @@ void Parser::ReadPassword() {
   std::optional<std::string>& password = credentials.password;
   if (password) return;
   if (passwordFile) {
-    password = PasswordFromFile(*passwordFile);
+    password = PasswordFromFile(*passwordFile, "--password-file");
   } else if (passwordFromStdin) {
     password = PasswordFromStdin();
   } else {

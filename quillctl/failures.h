@@ -82,6 +82,17 @@ std::string CodeAndText(std::int32_t status);
 // status is kExitNotFound if the server has no such book or no such entry.
 void RequireSuccess(std::int32_t status, std::string_view what);
 
+// Calls `read` after a change of `what`, and returns its result. Throws its Refusal as an
+// UnknownResult.
+template <class Read>
+auto ReadBack(const std::string& what, Read read) {
+  try {
+    return read();
+  } catch (const Refusal& why) {
+    throw UnknownResult(what + " may have changed: " + why.what());
+  }
+}
+
 // Throws a Refusal that gives both codes unless the status is the expected one.
 void RequireStatus(std::int32_t status, std::int32_t expected);
 

@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "quillctl/displayed_text.h"
 #include "quillctl/key_set.h"
@@ -56,6 +57,20 @@ inline void PrintList(const TextTable& table, const Json& list, bool json) {
   } else {
     table.Print();
   }
+}
+
+// Prints rows in one of the two forms. In JSON, the values of `flag`, "yes" or "no", are Booleans,
+// and with `isObject` the only row is an object, not an array.
+inline void PrintRows(const Row& headings, const std::vector<Row>& rows, bool json,
+                      const char* flag = nullptr, bool isObject = false) {
+  TextTable table(headings);
+  Json list = Json::array();
+  for (const Row& row : rows) {
+    table.AddRow(row);
+    list.push_back(ShownRow(headings, row));
+    if (flag != nullptr) list.back()[flag] = list.back()[flag] == "yes";
+  }
+  PrintList(table, isObject ? list.front() : list, json);
 }
 
 }  // namespace quillctl

@@ -14,7 +14,7 @@ namespace {
 // Far more than the library accepts, so that it refuses a password that is cut here.
 constexpr std::size_t kMaxPasswordLine = 256;
 
-std::string FirstLine(std::istream& in, const char* fault) {
+std::string FirstLine(std::istream& in, const std::string& fault) {
   std::string line;
   char c = 0;
   while (line.size() < kMaxPasswordLine && in.get(c) && c != '\n') line += c;
@@ -26,9 +26,9 @@ std::string FirstLine(std::istream& in, const char* fault) {
 
 }  // namespace
 
-std::string PasswordFromFile(const std::string& path) {
+std::string PasswordFromFile(const std::string& path, const std::string& option) {
   std::ifstream file(path);
-  return FirstLine(file, "--password-file: cannot read the file, or it is empty");
+  return FirstLine(file, option + ": cannot read the file, or it is empty");
 }
 
 std::string PasswordFromStdin() {
@@ -42,13 +42,20 @@ std::optional<std::string> PasswordFromEnvironment() {
   return value;
 }
 
-std::string AskForPassword(const std::string& user, const std::string& host) {
+std::string AskForPassword(const std::string& title) {
   if (!StdinIsTerminal()) return {};
   const EchoOff echoOff;
-  std::cerr << "Password of " << Quoted(user) << " at " << Quoted(host) << ": " << std::flush;
+  std::cerr << "Password of " << title << ": " << std::flush;
   std::string password = FirstLine(std::cin, "no password was entered");
   std::cerr << '\n';  // the terminal does not echo the user's newline either
   return password;
+}
+
+std::string AskForNewPassword(const std::string& account) {
+  if (!StdinIsTerminal()) throw UsageError("without a terminal, add --new-password-file");
+  std::string password = AskForPassword("the new account " + Quoted(account));
+  if (AskForPassword("the new account, again") == password) return password;
+  throw UsageError("the passwords differ; nothing was changed");
 }
 
 }  // namespace quillctl

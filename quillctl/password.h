@@ -8,17 +8,22 @@
 
 namespace quillctl {
 
-// Return the first line of a file or of standard input. Throw a UsageError if there is none, and if
-// it contains a NUL, because the library ignores what follows it.
-std::string PasswordFromFile(const std::string& path);
+// Return the first line of a file, which `option` names, or of standard input. Throw a UsageError
+// if there is none, and if it contains a NUL, because the library ignores what follows it.
+std::string PasswordFromFile(const std::string& path, const std::string& option);
 std::string PasswordFromStdin();
 
 // Returns the value of QUILLCTL_PASSWORD, or none if it is not set or empty.
 std::optional<std::string> PasswordFromEnvironment();
 
-// Asks the user at the terminal, without echo. Returns an empty password if standard input is not a
-// terminal: the account GUEST has no password. Throws a UsageError as the other functions do.
-std::string AskForPassword(const std::string& user, const std::string& host);
+// Asks the user at the terminal, without echo, for the password that `title` describes. Returns an
+// empty password if standard input is not a terminal: the account GUEST has no password. Throws a
+// UsageError as the other functions do.
+std::string AskForPassword(const std::string& title);
+
+// Asks twice for the password of a new account. Throws a UsageError also if the answers differ, and
+// if standard input is not a terminal.
+std::string AskForNewPassword(const std::string& account);
 
 }  // namespace quillctl
 

@@ -28,7 +28,8 @@ std::string LoginFault(const Credentials& credentials) {
 
 Session::Session(const Credentials& newCredentials) : credentials(newCredentials) {
   if (!credentials.password) {
-    credentials.password = AskForPassword(credentials.user, credentials.host);
+    credentials.password =
+        AskForPassword(Quoted(credentials.user) + " at " + Quoted(credentials.host));
   }
   LogIn();
 }

@@ -66,12 +66,12 @@ std::string ReadTextFile(const std::string& path, std::size_t limit) {
   return ReadBytes(path, Quoted(path), limit);
 }
 
-void WriteTextFile(const std::string& path, const std::string& text) {
+void WriteTextFile(const std::string& path, const std::string& text, quillkit::Readers readers) {
   std::error_code failure;
   const auto found = std::filesystem::status(path, failure);
   if (std::filesystem::exists(found) && !std::filesystem::is_regular_file(found)) {
     if (!quillkit::WriteFileInPlace(path, text)) throw Refusal("cannot write " + Quoted(path));
-  } else if (!quillkit::WriteFileWhole(path, text)) {
+  } else if (!quillkit::WriteFileWhole(path, text, readers)) {
     throw Refusal("cannot write " + Quoted(path) + "; an existing file was not changed");
   }
 }

@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/draft.h"
+
 namespace quillctl {
 
 // Returns the bytes of the file, or of standard input for "-". Throws a UsageError with the reason
@@ -15,8 +17,9 @@ std::string ReadTextFile(const std::string& path, std::size_t limit);
 
 // Replaces the file as a whole. On failure, also for a link without a target, throws a Refusal and
 // changes nothing. A file that exists and is not a regular file, such as a device, is written in
-// place.
-void WriteTextFile(const std::string& path, const std::string& text);
+// place. `readers` applies to a file that did not exist.
+void WriteTextFile(const std::string& path, const std::string& text,
+                   quillkit::Readers readers = quillkit::Readers::kUsual);
 
 // Returns the bytes of the file, or of standard input for "-". Throws a UsageError if it cannot be
 // read or is larger than 64 MiB, which is more than any address book.
