@@ -82,6 +82,11 @@ constexpr const char* kExamples[] = {
     "list add email Minutes Archive",
     "list remove email Minutes Archive",
     "entry import contacts.csv --format csv --map 2,10 --skip-header",
+    "user add Dora --new-password-file password.txt --third-text 10.0.4.24",
+    "printer default Workshop",
+    "log count \"Agnes Moreau\"",
+    "log clear --except-system",
+    "database backup before-update \"\"",
 };
 
 // Returns the command that the example begins with.
@@ -149,7 +154,8 @@ Parser::Parser() {
   AddOptions();
   for (const auto add :
        {AddInfoCommand, AddCheckCommand, AddKeyCommands, AddItemCommands, AddConfigCommands,
-        AddBookCommands, AddEntryCommands, AddListCommands, AddDemoCommand, AddCompletionCommand}) {
+         AddBookCommands, AddEntryCommands, AddListCommands, AddUserCommands, AddPrinterCommands,
+         AddLogCommands, AddDatabaseCommands, AddDemoCommand, AddCompletionCommand}) {
     add(commands);
   }
   AddHelpTexts(app);

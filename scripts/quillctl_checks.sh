@@ -147,7 +147,7 @@ check_manual() {
   offered=$(offers "$1/quillctl") || return 1
   if ! diff <(echo "$offered") <(awk '
     /^\.Sh/ { command = $2 == "OPTIONS" ? "quillctl" : "" }
-    /^\.It Ic/ { command = $3 ~ /^(key|item|book|entry|list|config)$/ ? $3 " " $4 : $3; print command }
+    /^\.It Ic/ { command = $4 ~ /^[a-z]/ ? $3 " " $4 : $3; print command }
     /^\.It/ && command != "" {
       for (i = 2; i < NF; ++i) if ($i == "Fl" && $(i + 1) ~ /^-/) print command, "-" $(i + 1)
     }' "$page" | sort -u); then

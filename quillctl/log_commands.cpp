@@ -1,0 +1,150 @@
+// The commands `log` and `database`.
+
+#include <iostream>
+#include <memory>
+#include <vector>
+
+#include "appliance/scanner.h"
+#include "quillctl/commands.h"
+#include "quillctl/confirmation.h"
+#include "quillctl/failures.h"
+#include "quillctl/json_output.h"
+
+namespace quillctl {
+namespace {
+
+struct Arguments {
+  std::string user = "*";  // all users
+  std::string first;
+  std::string second;
+  bool exceptSystem = false;
+  bool json = false;
+  bool yes = false;
+};
+using SharedArguments = std::shared_ptr<Arguments>;
+
+// Reads the records of a user, without the zero bytes at their ends.
+std::vector<std::string> ReadLog(const Session& session, const std::string& user) {
+  const quillkit::CScanner& scanner = *session.Scanner();
+  const std::int32_t status = scanner.ReadLog(user);
+  // The appliance can add a record after it has counted them.
+  if (status != quillkit::kMoreData) RequireSuccess(status, "read the log");
+  std::vector<std::string> records;
+  for (std::int32_t i = 0; const auto* record = scanner.LogRecordAt(i); ++i) {
+    records.emplace_back(record->bytes, sizeof record->bytes);
+    records.back().erase(records.back().find_last_not_of('\0') + 1);
+  }
+  return records;
+}
+
+// Returns the bytes with a space in place of each group of zero bytes.
+std::string TextOf(const std::string& bytes) {
+  std::string text;
+  for (const char each : bytes) {
+    if (each != '\0') text += each;
+    if (each == '\0' && !text.ends_with(' ')) text += ' ';
+  }
+  return text;
+}
+
+void ShowLog(const Session& session, const Arguments& a) {
+  std::vector<Row> rows;
+  for (const std::string& each : ReadLog(session, a.user)) {
+    rows.push_back({TextOf(each), HexadecimalBytes(each)});
+  }
+  PrintRows({"Text", "Bytes"}, rows, a.json);
+}
+
+void CountLog(const Session& session, const Arguments& a) {
+  std::cout << ReadLog(session, a.user).size() << '\n';
+}
+
+// Clears the log. Afterwards the appliance may already have added records, but those from before
+// must not be there any more. It is unknown which of them --except-system keeps.
+void ClearLog(const Session& session, const Arguments& a) {
+  const std::vector<std::string> before = ReadLog(session, a.user);
+  if (before.empty()) throw NotFound("there are no such records");
+  Confirm(a.yes, "Delete the records of the log (" + std::to_string(before.size()) + ')' +
+                     (a.exceptSystem ? ", except those of ADMINISTRATOR and GUEST?" : "?"));
+  const quillkit::CScanner& scanner = *session.Scanner();
+  RequireSuccess(a.exceptSystem ? scanner.ClearLogExceptSystem() : scanner.ClearLog(a.user),
+                 "clear the log");
+  if (!a.exceptSystem) {
+    const std::vector<std::string> now =
+        ReadBack("the log", [&] { return ReadLog(session, a.user); });
+    if (now.size() >= before.size() && now.front() == before.front()) {
+      throw Refusal("cannot clear the log: the appliance did not make the change");
+    }
+  }
+  std::cout << "Cleared the log.\n";
+}
+
+void BackUpDatabase(const Session& session, const Arguments& a) {
+  RequireSuccess(session.Scanner()->BackupDatabase(a.first.c_str(), a.second.c_str()),
+                 "back up the database");
+  std::cout << "Backed up the database.\n";
+}
+
+void RestoreDatabase(const Session& session, const Arguments& a) {
+  Confirm(a.yes, "Replace all books and accounts of the appliance with the backup?");
+  RequireSuccess(session.Scanner()->RestoreDatabase(a.first.c_str(), a.second.c_str()),
+                 "restore the database");
+  std::cout << "Restored the database.\n";
+}
+
+void CheckDatabase(const Session& session, const Arguments&) {
+  RequireSuccess(session.Scanner()->Agent()->CheckDatabase(), "check the database");
+  std::cout << "The appliance found no fault in its database.\n";
+}
+
+using Run = void (*)(const Session&, const Arguments&);
+
+// "*" selects all records, and "_!" begins a list of users whose records are kept.
+std::string UserFault(const std::string& user) {
+  const bool isFilter = user.find('*') != user.npos || user.starts_with("_!");
+  return isFilter ? "a name cannot contain * or begin with _!" : "";
+}
+
+// Adds a command for the records of one user or of all.
+CLI::App* AddLogCommand(Commands& log, const char* name, const char* help, Run run,
+                        const SharedArguments& a) {
+  CLI::App* command = log.Add(name, help, [a, run](Session& s) { run(s, *a); });
+  AsName(command->add_option("user", a->user, "The account (default: all)"))->check(UserFault, "");
+  return command;
+}
+
+CLI::App* AddTexts(CLI::App* command, const SharedArguments& a) {
+  command->add_option("first", a->first, "The first text for the appliance")->required();
+  command->add_option("second", a->second, "The second text for the appliance")->required();
+  return command;
+}
+
+}  // namespace
+
+void AddLogCommands(Commands& commands) {
+  Commands log = commands.AddGroup("log", "Show, count and clear the records of the log");
+  const auto a = std::make_shared<Arguments>();
+  AddJson(AddLogCommand(log, "show", "Show records as text and hexadecimal", ShowLog, a), a->json);
+  AddLogCommand(log, "count", "Print the number of records", CountLog, a);
+  CLI::App* clear = AddLogCommand(log, "clear", "Delete records", ClearLog, a);
+  clear->add_flag("--except-system", a->exceptSystem, "Keep those of ADMINISTRATOR and GUEST")
+      ->excludes(clear->get_option("user"));
+  AddYes(clear, a->yes);
+}
+
+void AddDatabaseCommands(Commands& commands) {
+  Commands database =
+      commands.AddGroup("database", "Back up, restore and check the appliance's database");
+  const auto a = std::make_shared<Arguments>();
+  AddTexts(
+      database.Add("backup", "Back up the database", [a](Session& s) { BackUpDatabase(s, *a); }),
+      a);
+  AddYes(AddTexts(database.Add("restore", "Restore the database",
+                               [a](Session& s) { RestoreDatabase(s, *a); }),
+                  a),
+         a->yes);
+  database.Add("check", "Let the appliance check its database",
+               [a](Session& s) { CheckDatabase(s, *a); });
+}
+
+}  // namespace quillctl

@@ -1,0 +1,255 @@
+// The commands `user` and `printer`. Their books are small: they are read as a whole.
+
+#include <iostream>
+#include <memory>
+#include <vector>
+
+#include "books/printer_ab.h"
+#include "books/user_ab.h"
+#include "quillctl/commands.h"
+#include "quillctl/confirmation.h"
+#include "quillctl/failures.h"
+#include "quillctl/json_output.h"
+#include "quillctl/password.h"
+
+namespace quillctl {
+namespace {
+
+using quillkit::CUserAB;
+using quillkit::CUserRecord;
+
+// The arguments of a command, which keeps them alive.
+struct Arguments {
+  std::string name;
+  std::string passwordFile;
+  std::string third;
+  std::string fourth;
+  bool json = false;
+  bool yes = false;
+};
+
+using Run = void (*)(const Session&, const Arguments&);
+
+// Returns all entries of a book that has at most `limit` entries. Throws a Refusal if they cannot
+// be read, or if their number is not the one that the appliance reports.
+template <class Entry>
+std::vector<Entry> ReadWhole(quillkit::BookAccess<Entry> book, std::size_t limit,
+                             const std::string& title) {
+  std::uint32_t size = 0;
+  RequireSuccess(book.Size(&size), "count the " + title);
+  std::vector<Entry> entries(limit);
+  auto count = static_cast<std::uint32_t>(limit);
+  const std::int32_t status = book.ReadAll(entries.data(), &count);
+  if (status == quillkit::kDataNotFound && size == 0) return {};
+  RequireSuccess(status, "read the " + title);
+  entries.resize(count);
+  if (count == size) return entries;
+  throw Refusal("cannot read the " + title + ": the appliance delivers only some of them");
+}
+
+std::string Described(const std::string& name) {
+  return "the account " + Quoted(name);
+}
+
+std::vector<quillkit::CUserEntry> ReadUsers(const Session& session) {
+  return ReadWhole(session.Scanner()->UserEntries(), quillkit::MaxUsers, "accounts");
+}
+
+// An account of the appliance, with the book through which it is changed.
+struct Account {
+  // Throws a NotFound if there is no account of this name and `isNew` is not set.
+  Account(const Session& newSession, const std::string& name, bool isNew = false)
+      : session(newSession) {
+    book.Attach(session.Scanner(), 0, 0);
+    for (const auto& each : ReadUsers(session)) {
+      if (each.name != name) continue;
+      user.SetFrom(&book, each);
+      user.tag = each.tag;
+    }
+    if (!isNew && user.name.IsEmpty()) {
+      throw NotFound("the appliance has no account " + Quoted(name) + "; see quillctl user list");
+    }
+  }
+
+  // Throws a Refusal with the last error unless a change succeeded. Then reads the account again.
+  // Throws a Refusal unless it is as in `user` or, with `isDeleted`, does not exist.
+  void RequireChanged(bool succeeded, const std::string& verb, bool isDeleted = false) const {
+    const std::string what = verb + ' ' + Described(user.Name());
+    if (!succeeded) RequireSuccess(quillkit::GetLastToolkitError(), what);
+    const Account now =
+        ReadBack(Described(user.Name()), [&] { return Account(session, user.Name(), true); });
+    const bool isSame = now.user.name == user.name && now.user.third == user.third &&
+                        now.user.fourth == user.fourth && now.user.IsOn() == user.IsOn();
+    if (succeeded && (isDeleted ? now.user.name.IsEmpty() : isSame)) return;
+    throw Refusal("cannot " + what + ": the appliance did not make the change");
+  }
+
+  const Session& session;
+  CUserAB book;
+  CUserRecord user;
+};
+
+Row Cells(const CUserRecord& user) {
+  return {user.Name(), user.Third(), user.Fourth(), user.IsOn() ? "yes" : "no"};
+}
+
+void PrintUsers(const std::vector<Row>& rows, bool json, bool isObject) {
+  PrintRows({"Name", "Third", "Fourth", "On"}, rows, json, "on", isObject);
+}
+
+void ListUsers(const Session& session, const Arguments& a) {
+  std::vector<Row> rows;
+  for (const auto& each : ReadUsers(session)) {
+    CUserRecord user;
+    user.SetFrom(nullptr, each);
+    rows.push_back(Cells(user));
+  }
+  PrintUsers(rows, a.json, false);
+}
+
+void ShowUser(const Session& session, const Arguments& a) {
+  PrintUsers({Cells(Account(session, a.name).user)}, a.json, true);
+}
+
+void AddUser(const Credentials& credentials, const Arguments& a) {
+  const std::string password = a.passwordFile.empty()
+                                   ? AskForNewPassword(a.name)
+                                   : PasswordFromFile(a.passwordFile, "--new-password-file");
+  const Session session(credentials);
+  Account account(session, a.name, true);
+  const std::uint32_t on = 1;  // as an imported account
+  if (account.user.SetFrom(&account.book, a.name, password, a.third, a.fourth, &on, &on) == 0) {
+    throw UsageError("a password has at most 15 bytes, a third or fourth text at most 255");
+  }
+  account.RequireChanged(account.book.AddUser(&account.user, 0), "add");
+  std::cout << "Added " << Described(a.name) << ".\n";
+}
+
+template <bool kOn>
+void Switch(const Session& session, const Arguments& a) {
+  Account account(session, a.name);
+  const std::string verb = kOn ? "on" : "off";
+  if (account.user.IsOn() != kOn) {
+    account.RequireChanged((kOn ? account.user.TurnOn(0) : account.user.TurnOff(0)) != 0,
+                           "turn " + verb);
+  }
+  std::cout << "The account " << Quoted(a.name) << " is " << verb << ".\n";
+}
+
+void DeleteUser(const Session& session, const Arguments& a) {
+  Account account(session, a.name);
+  Confirm(a.yes, "Delete " + Described(a.name) + " and its log?");
+  try {
+    account.RequireChanged(account.book.DeleteUser(&account.user, 0), "delete", true);
+  } catch (const Refusal& why) {
+    throw Refusal(std::string(why.what()) + "; its log may have been cleared");
+  }
+  std::cout << "Deleted " << Described(a.name) << ".\n";
+}
+
+std::vector<Row> ReadPrinters(const Session& session) {
+  std::vector<Row> rows;
+  for (const auto& each :
+       ReadWhole(session.Scanner()->PrinterEntries(), quillkit::MaxPrinters, "printers")) {
+    rows.push_back({each.printerName.c_str(), each.description.c_str(), each.printerModel.c_str(),
+                    each.isDefault == 1 ? "yes" : "no"});
+  }
+  return rows;
+}
+
+void ListPrinters(const Session& session, const Arguments& a) {
+  PrintRows({"Name", "Description", "Model", "Default"}, ReadPrinters(session), a.json, "default");
+}
+
+void ListModels(const Session& session, const Arguments& a) {
+  std::vector<Row> rows;
+  for (const auto& each :
+       ReadWhole(session.Scanner()->ModelEntries(), quillkit::MaxPrinterModels, "printer models")) {
+    rows.push_back({each.modelName.c_str(), each.modelText.c_str()});
+  }
+  PrintRows({"Model", "Text"}, rows, a.json);
+}
+
+// Makes a printer the only default. If it is one of several defaults, the library clears it: then
+// only the second try succeeds.
+void SetDefaultPrinter(const Session& session, const std::string& name) {
+  const std::vector<Row> before = ReadPrinters(session);
+  std::vector<Row> wanted = before;
+  bool isFound = false;
+  for (Row& each : wanted) {
+    isFound = isFound || each.front() == name;
+    each.back() = each.front() == name ? "yes" : "no";
+  }
+  if (!isFound) {
+    throw NotFound("the appliance has no printer " + Quoted(name) + "; see quillctl printer list");
+  }
+  quillkit::CPrinterAB book;
+  book.Attach(session.Scanner(), 0);
+  std::vector<Row> now = before;
+  std::int32_t error = 0;
+  for (int tries = 0; tries < 2 && error == 0 && now != wanted; ++tries) {
+    book.LoadPrinters();
+    book.SetDefaultPrinter(name);
+    error = quillkit::GetLastToolkitError();
+    now = ReadBack("the default printer", [&] { return ReadPrinters(session); });
+  }
+  if (now == wanted) return;
+  const std::string text = "cannot make " + Quoted(name) + " the only default printer: " +
+                           (error != 0 ? CodeAndText(error) : "the appliance did not change it");
+  if (now == before) throw Refusal(text);
+  throw PartialFailure(text + "; other changes were made, see quillctl printer list");
+}
+
+void DefaultPrinter(const Session& session, const Arguments& a) {
+  if (!a.name.empty()) SetDefaultPrinter(session, a.name);
+  bool isFound = false;
+  for (const Row& each : ReadPrinters(session)) {
+    if (each.back() != "yes") continue;
+    std::cout << DisplayedText(each.front()) << '\n';
+    isFound = true;
+  }
+  if (!isFound) throw NotFound("no printer is the default; see quillctl printer list");
+}
+
+// Adds a command whose argument is an account. It logs in and calls `run`.
+CLI::App* AddUserCommand(Commands& user, const char* name, const char* help, Run run,
+                         const std::shared_ptr<Arguments>& a) {
+  CLI::App* command = user.Add(name, help, [a, run](Session& s) { run(s, *a); });
+  AddName(command, "name", a->name, "The name of the account");
+  return command;
+}
+
+}  // namespace
+
+void AddUserCommands(Commands& commands) {
+  Commands user = commands.AddGroup("user", "List, show and change the accounts of the appliance");
+  const auto a = std::make_shared<Arguments>();
+  AddJson(user.Add("list", "List the accounts", [a](Session& s) { ListUsers(s, *a); }), a->json);
+  AddJson(AddUserCommand(user, "show", "Show an account", ShowUser, a), a->json);
+  CLI::App* add = user.AddWithoutLogin("add", "Add an account, turned on",
+                                       [a](const Credentials& c) { AddUser(c, *a); });
+  AddName(add, "name", a->name, "The name of the account");
+  add->add_option("--new-password-file", a->passwordFile,
+                  "Read its password from the first line of a file (default: ask)")
+      ->type_name("FILE");
+  add->add_option("--third-text", a->third, "Its third text, at most 255 bytes");
+  add->add_option("--fourth-text", a->fourth, "Its fourth text, at most 255 bytes");
+  AddUserCommand(user, "on", "Turn on an account", Switch<true>, a);
+  AddUserCommand(user, "off", "Turn off an account", Switch<false>, a);
+  AddYes(AddUserCommand(user, "delete", "Delete an account and its log", DeleteUser, a), a->yes);
+}
+
+void AddPrinterCommands(Commands& commands) {
+  Commands printer = commands.AddGroup("printer", "List printers and set the default printer");
+  const auto a = std::make_shared<Arguments>();
+  AddJson(printer.Add("list", "List the printers", [a](Session& s) { ListPrinters(s, *a); }),
+          a->json);
+  AddJson(printer.Add("models", "List the printer models", [a](Session& s) { ListModels(s, *a); }),
+          a->json);
+  AddName(printer.Add("default", "Show or set the default printer",
+                      [a](Session& s) { DefaultPrinter(s, *a); }),
+          "name", a->name, "The new default printer")
+      ->required(false);
+}
+
+}  // namespace quillctl
