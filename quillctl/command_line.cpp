@@ -87,6 +87,8 @@ constexpr const char* kExamples[] = {
     "log count \"Agnes Moreau\"",
     "log clear --except-system",
     "database backup before-update \"\"",
+    "private backup --user \"Ewa Nowicka\" ewa.book",
+    "private restore --user \"Ewa Nowicka\" ewa.book",
 };
 
 // Returns the command that the example begins with.
@@ -152,10 +154,10 @@ Parser::Parser() {
   app.allow_windows_style_options(false);  // a path may begin with a slash
   app.require_subcommand(1);
   AddOptions();
-  for (const auto add :
-       {AddInfoCommand, AddCheckCommand, AddKeyCommands, AddItemCommands, AddConfigCommands,
-         AddBookCommands, AddEntryCommands, AddListCommands, AddUserCommands, AddPrinterCommands,
-         AddLogCommands, AddDatabaseCommands, AddDemoCommand, AddCompletionCommand}) {
+  for (const auto add : {AddInfoCommand, AddCheckCommand, AddKeyCommands, AddItemCommands,
+                         AddConfigCommands, AddBookCommands, AddEntryCommands, AddListCommands,
+                         AddUserCommands, AddPrinterCommands, AddLogCommands, AddDatabaseCommands,
+                         AddPrivateCommands, AddDemoCommand, AddCompletionCommand}) {
     add(commands);
   }
   AddHelpTexts(app);

@@ -75,6 +75,7 @@ void AddUserCommands(Commands& commands);
 void AddPrinterCommands(Commands& commands);
 void AddLogCommands(Commands& commands);
 void AddDatabaseCommands(Commands& commands);
+void AddPrivateCommands(Commands& commands);
 void AddConfigCommands(Commands& commands);
 void AddCheckCommand(Commands& commands);
 void AddInfoCommand(Commands& commands);

@@ -88,6 +88,8 @@ clean_session() {
   printf 'KELP\0\n' >"$1/session_zero"
   printf '%s\n' 'quillbox state 1' 'book 512 "Desks" ""' 'entry "Agnes"' end \
     >"$1/session_damaged"
+  cp tests/quillctl/ewa.book "$1/session_ewa.book"
+  head -c 300 tests/quillctl/ewa.book >"$1/session_cut.book"
   echo yes >"$1/session_yes"
   echo no >"$1/session_no"
   printf '%s\n' 'Full Name,Fax,E-mail,Fax' '"Lee, Ann",1,box1' ',2,box2' 'Bob,3,box3' 'Cy,"4,box4' \
