@@ -80,8 +80,8 @@ class EntryBlockWalk : public testing::TestWithParam<unsigned> {
     if (direction == 0 && Count() != 0) skip = unused;
     for (std::int32_t i = 0; i < Count(); ++i) {
       if (Draw(0, 3) == 0) continue;
-      block.data()[direction == 0 ? unused + i : i].id = ids[static_cast<std::size_t>(i)] =
-          ++lastId;
+      ids[static_cast<std::size_t>(i)] = ++lastId;
+      block.data()[direction == 0 ? unused + i : i] = {.id = lastId};
     }
     EXPECT_FALSE(block.KeepDelivered(block.count() + 1, direction));
     EXPECT_TRUE(block.KeepDelivered(Count(), direction));

@@ -44,8 +44,8 @@ TEST(ImportPlan, SendsRowsThatFitAndReportsTheLinesOfOtherRows) {
       {"csv",
        name + ',' + address + "\nm" + name + ",b\nc," + address + "a\nd,\0e\n"s + "e,f" + spaces +
            "\ng,h" + spaces + " \ni,j\rk,l\n\nm,n\r\r\no,p",
-       {"2: the name is longer than 31 characters", "3: the address is longer than 255 characters",
-        "4: a NUL character inside a line", "6: the line is longer than 4093 characters",
+       {"2: the name is longer than 31 bytes", "3: the address is longer than 255 bytes",
+        "4: a NUL character inside a line", "6: the line is longer than 4093 bytes",
         "7: a carriage return inside a line", "9: a carriage return inside a line"},
        "SE emailab \"" + name + "\" \"" + address +
            "\"\nSE emailab \"e\" \"f\"\nSE emailab \"o\" \"p\"\n"},
@@ -54,7 +54,7 @@ TEST(ImportPlan, SendsRowsThatFitAndReportsTheLinesOfOtherRows) {
            "\nmail: box3\ndn: 4\ncn: F\nmail: b\0x4\n"s + "dn: 5\ncn:  " + name +
            "\nmail: box5\r\ndn: 6\nphoto: " + spaces + "\nmail: box6\ncn: Di",
        {"1: a NUL character inside a line", "2: a carriage return inside a line",
-        "5: the name is longer than 31 characters", "8: a NUL character inside a line"},
+        "5: the name is longer than 31 bytes", "8: a NUL character inside a line"},
        "SE emailab \"" + name + "\" \"box5\"\nSE emailab \"Di\" \"box6\"\n"},
       {"mail",
        "Class\nList,\rMailbox,A,B,Ann,%SMTP:box1%\nMailbox,A,B,Bob,SMTP:box2",
@@ -91,7 +91,7 @@ TEST(RejectedRows, AreWrittenByteForByte) {
   std::error_code noLinks;
   std::filesystem::create_symlink("nowhere", folder.PathOf("link"), noLinks);
   if (noLinks) GTEST_SKIP() << "cannot create a symbolic link";
-  EXPECT_THROW(WriteRejectedRows(folder.PathOf("link"), file, plan.Rows()), Refusal);
+  EXPECT_THROW(WriteRejectedRows(folder.PathOf("link"), plan.Rows()), Refusal);
 }
 
 }  // namespace
