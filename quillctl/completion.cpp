@@ -3,12 +3,15 @@
 
 #include <algorithm>
 #include <iostream>
+#include <map>
 #include <memory>
 #include <span>
 #include <string>
 #include <vector>
 
 #include "quillctl/commands.h"
+#include "quillctl/live_names.h"
+#include "quillctl/password.h"
 
 namespace quillctl {
 namespace {
@@ -24,21 +27,43 @@ Words Choices(const CLI::Option& option) {
   return CLI::detail::split(type.substr(from + 1, type.find('}') - from - 1), ',');
 }
 
+// A positional argument that is the name of something on the appliance.
+struct NamedArgument {
+  const char* noun;
+  const char* verbs;
+  std::size_t index;  // kMembers: also any later one
+  NameQuery::Kind kind;
+  const char* scope;  // null: the first argument
+};
+constexpr std::size_t kMembers = 2;
+constexpr NamedArgument kNamedArguments[] = {
+    {"key", "rename delete", 0, NameQuery::kKey, ""},
+    {"item", "list add show edit rename move delete", 0, NameQuery::kKey, ""},
+    {"item", "show edit rename move delete", 1, NameQuery::kItem, nullptr},
+    {"entry", "find show edit delete", 1, NameQuery::kEntry, nullptr},
+    {"list", "show rename copy delete add remove", 1, NameQuery::kList, nullptr},
+    {"list", "create add remove", kMembers, NameQuery::kEntry, nullptr},
+    {"user", "show on off delete", 0, NameQuery::kEntry, "users"},
+    {"log", "show count clear", 0, NameQuery::kEntry, "users"},
+    {"printer", "default", 0, NameQuery::kEntry, "printers"},
+};
+
 // The place of a word on the command line.
 class Place {
  public:
   explicit Place(const CLI::App& program) : root(program), command(&program) {}
 
-  // Moves behind a complete word.
+  // Moves to the place after a complete word.
   void Pass(const std::string& word) {
     if (option != nullptr) {
+      values[option->get_lnames().front()] = word;
       option = nullptr;
     } else if (word.starts_with('-')) {
       option = OptionWithValue(word);
     } else if (const CLI::App* const next = Subcommand(word)) {
       command = next;
     } else {
-      ++positionals;
+      positionals.push_back(word);
     }
   }
 
@@ -52,8 +77,39 @@ class Place {
     }
     const auto arguments =
         command->get_options([](const CLI::Option* each) { return each->get_positional(); });
-    if (words.empty() && positionals < arguments.size()) return Choices(*arguments[positionals]);
+    if (words.empty() && positionals.size() < arguments.size()) {
+      return Choices(*arguments[positionals.size()]);
+    }
     return words;
+  }
+
+  // Returns the query for the names that may stand here, and begin with `prefix`.
+  NameQuery Names(const std::string& prefix) const {
+    if (option != nullptr || command == &root) return {};
+    for (const NamedArgument& each : kNamedArguments) {
+      const Words verbs = CLI::detail::split(each.verbs, ' ');
+      if (command->get_parent()->get_name() == each.noun &&
+          std::ranges::count(verbs, command->get_name()) != 0 &&
+          std::min(positionals.size(), kMembers) == each.index) {
+        return {each.kind, each.scope != nullptr ? each.scope : positionals.front(), prefix};
+      }
+    }
+    return {};
+  }
+
+  // Returns the credentials that the words before, or the environment, give.
+  Credentials Login() const {
+    Credentials login;
+    if (values.contains("host")) login.host = values.at("host");
+    if (values.contains("user")) login.user = values.at("user");
+    if (values.contains("password")) {
+      login.password = values.at("password");
+    } else if (values.contains("password-file")) {
+      login.password = PasswordFromFile(values.at("password-file"), "--password-file");
+    } else {
+      login.password = PasswordFromEnvironment();
+    }
+    return login;
   }
 
  private:
@@ -88,8 +144,9 @@ class Place {
 
   const CLI::App& root;
   const CLI::App* command;
-  const CLI::Option* option = nullptr;  // whose value the next word is
-  std::size_t positionals = 0;          // of the command, so far
+  const CLI::Option* option = nullptr;        // whose value the next word is
+  Words positionals;                          // of the command, so far
+  std::map<std::string, std::string> values;  // of the options, by their names
 };
 
 struct Shell {
@@ -100,8 +157,11 @@ constexpr Shell kShells[] = {
     {"bash",
      R"script(# Completes the command line of quillctl. In bash: eval "$(quillctl completion bash)"
 _quillctl() {
-  local IFS=$'\n'
-  COMPREPLY=($("$1" complete "${COMP_WORDS[@]:1:$COMP_CWORD}" 2>/dev/null))
+  local line
+  COMPREPLY=()
+  while IFS= read -r line; do
+    COMPREPLY+=("$(printf %q "$line")")
+  done < <("$1" complete "${COMP_WORDS[@]:1:$COMP_CWORD}" 2>/dev/null)
 }
 complete -o default -F _quillctl quillctl
 )script"},
@@ -126,7 +186,9 @@ void PrintCompletions(const CLI::App& program, std::span<const std::string> word
   Place place(program);
   for (const std::string& each : words.first(words.size() - 1)) place.Pass(each);
   const std::string& last = words.back();
-  for (const std::string& each : place.Candidates(last.starts_with('-'))) {
+  Words candidates = place.Candidates(last.starts_with('-'));
+  if (candidates.empty()) candidates = LiveNames(place.Login(), place.Names(last));
+  for (const std::string& each : candidates) {
     if (each.starts_with(last)) std::cout << each << '\n';
   }
 }

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 
+#include "quillctl/system/private_cache.h"
 #include "toolkit/quillkit.h"
 
 namespace quillctl {
@@ -59,6 +60,7 @@ class Session {
 
  private:
   Credentials credentials;
+  SessionMark mark;
   quillkit::CScanner* scanner = nullptr;
   bool isOpen = false;
 };

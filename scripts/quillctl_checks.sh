@@ -31,9 +31,11 @@ check_quillctl() {
     scripts/check_failures "$1/quillctl"
 }
 
-# check_completion FOLDER: tests the completion of commands, options and choices in bash.
+# check_completion FOLDER: tests the completion of commands, options, choices and names in bash.
 check_completion() {
-  bash -euc '
+  local cache status=0
+  cache=$(mktemp -d)
+  XDG_RUNTIME_DIR=$cache QUILLCTL_PASSWORD=quill bash -euc '
     eval "$("$1/quillctl" completion bash)"
     complete -p quillctl >/dev/null
     while IFS=: read -r line expected; do
@@ -54,9 +56,17 @@ entry import --format m:mail
 entry export email --format v:vcard
 item rename --host i:
 ke:key
+key rename D:Desks
+item show Desks B:Bertil
+entry edit email Co:Courier\ desk
+--user TOOLKIT key rename D:
+key add D:
 entry l:list
 entry list p:printers private
 END
+  status=$?
+  rm -rf "$cache"
+  return "$status"
 }
 
 # check_quillctl_exe FOLDER: compares one run of quillctl.exe with the transcript. All commands run in

@@ -6,8 +6,9 @@
 namespace quillctl {
 
 // While this object exists, it records requests to terminate the program, such as Ctrl-C. The first
-// one prints to standard error what the program still does. A second request terminates; on POSIX, SIGHUP does not. Writing to a closed pipe fails and does not
-// terminate. Only one object may exist at a time.
+// one prints to standard error what the program still does. A second request terminates; on POSIX,
+// SIGHUP does not. Writing to a closed pipe fails and does not terminate. Only one object may exist
+// at a time.
 class DeferredTermination {
  public:
   // `reason` is what the program does before it stops, such as "finishing the import". It must be a
