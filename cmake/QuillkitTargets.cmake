@@ -95,7 +95,7 @@ endfunction()
 
 # quillkit_versioned(target): the shared library carries the project's version, on POSIX in its file
 # names and on Windows as a resource. The resource is a target of its own because the resource
-# compiler accepts none of the options of the sources.
+# compiler does not accept the options of the sources.
 function(quillkit_versioned target)
   # While the major version is 0, a new minor version may change the interface.
   set(interface ${PROJECT_VERSION_MAJOR})

@@ -1,7 +1,6 @@
 // Writers of contact files. Each function appends to a text; the caller writes the file.
 //
-// Values are bytes. CSV and LDIF keep them exactly, in whatever character set they are; vCard is
-// UTF-8, so its values must be.
+// Values are bytes. CSV and LDIF keep them without conversion. The values of a vCard must be UTF-8.
 
 #ifndef CONTACTS_WRITERS_H_
 #define CONTACTS_WRITERS_H_

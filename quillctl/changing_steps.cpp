@@ -172,7 +172,7 @@ void DeleteCreated(CheckRun& check, const Trial& trial) {
   if (!remaining.empty()) throw Refusal(remaining);
 }
 
-// Requires that none of the created keys exists.
+// Requires that the created keys no longer exist.
 void RequireNoneLeft(const KeySet& keys, const Trial& trial) {
   std::string remaining;
   for (const std::string& name : trial.created) {

@@ -41,8 +41,8 @@ std::string Latin1FromUtf8(const std::string& utf8, const std::string& where) {
   return text;
 }
 
-// Rejects input that the parser accepts: duplicate members, of which the parser keeps only the
-// last; too many members, which take much time; and deep nesting, which takes much memory.
+// Rejects input that the parser accepts: duplicate members, because the parser keeps only the last
+// one; too many members, which take much time; and deep nesting, which takes much memory.
 class ParseGuard {
  public:
   bool operator()(int depth, Json::parse_event_t event, const Json& parsed) {

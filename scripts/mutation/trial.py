@@ -12,7 +12,7 @@ import signal
 import subprocess
 
 TESTS, MEMORY_TESTS = "bin/quillkit_tests", "bin/quillkit_memory_tests"
-PROBE = "bin/quillkit_start_probe"  # contains little of the library and tests none of it
+PROBE = "bin/quillkit_start_probe"  # contains little of the library and does not test it
 LONG_SHARE = 0.01  # of the total time; longer tests run last
 RESULT = re.compile(r"^\[ +(RUN|FAILED|OK) +\] (\w[\w/]*\.[\w/]+)", re.MULTILINE)
 MEMORY_KILOBYTES = 4_000_000

@@ -190,7 +190,7 @@ class EntryBlock {
     return count > 0 && count <= capacity && count >= capacity - capacity / 2;
   }
 
-  // Makes `count` records live, of which those before `dirty` may not be blank.
+  // Makes `count` records live. Those before `dirty` may not be blank.
   bool Renew(std::int32_t count) {
     if (!CanReuse(count)) return AllocateNew(count);
     dirty = DirtyOrLive();

@@ -56,7 +56,7 @@ class CEmailAB : public EntrySource, public PublicListBook<CEmailAB, CPubEmailDL
 
   // The same, but a sliding view has pages of 1, and `newLoadMode` selects what is opened: 0 the
   // view and the lists with their members, 1 the lists, 2 the view. Returns 1; or 0 if LoadLists
-  // returned another status than 0, such as 21 for too many lists. The result of the view is
+  // returned a status other than 0, such as 21 for too many lists. The result of the view is
   // ignored. Every load mode deletes the old view. Any other mode then opens nothing and returns 0.
   // Server calls: IMSPReadAB if a full view is opened, then those of LoadLists(1) if the lists are.
   int Attach(CScanner* newScanner, std::int32_t newViewMode, std::int32_t newLoadMode);

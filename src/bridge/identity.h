@@ -17,7 +17,7 @@ struct Identity {
   FixedText<64> third;
 };
 
-// Parses an identity text. A missing or malformed field is empty, and so are all fields after it.
+// Parses an identity text. A missing or malformed field and all fields after it are empty.
 Identity ParseIdentity(std::string_view text);
 
 }  // namespace quillkit

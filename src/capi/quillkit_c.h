@@ -234,8 +234,8 @@ QUILL_API int32_t quill_find_soft_key_index(quill_handle book, const char* name)
 
 // Change keys on the server and in the cache: quill_fast_key_add adds a key with the name of `key`,
 // which stays owned by the application, quill_fast_key_remove removes the key with that name.
-// Return the new count, or -1 on failure. An addition at 11 cached keys fails, and so does the
-// removal of a key that is not cached, although the server removes it.
+// Return the new count, or -1 on failure. An addition at 11 cached keys fails. The removal of a
+// key that is not cached also fails, although the server removes it.
 QUILL_API int32_t quill_fast_key_add(quill_handle book, quill_handle key);
 QUILL_API int32_t quill_fast_key_remove(quill_handle book, quill_handle key);
 

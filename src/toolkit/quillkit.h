@@ -123,6 +123,7 @@ extern "C" {
 //   `third`        The third text of the account record, at most 255 characters. The text from the
 //                  server replaces it.
 //   `loadTopBook`  Nonzero: load the top-level book with all items.
+//
 // Only ADMINISTRATOR and TOOLKIT, spelled exactly so, have a top-level book. If loading it fails,
 // the login still succeeds. After a login with a load, the last error is the status of the last
 // call of the load; it is 4 for a book without keys.
@@ -386,6 +387,7 @@ QUILLKIT_API std::int32_t SetSettings(CMenuItem* item, std::uint32_t value);
 //              exists; the file is then opened under the name as given. Opening a named pipe waits
 //              for its writer.
 //   `options`  See import/import_options.h. Read during the call only.
+//
 // Rows that cannot be used are skipped without a report. Returns a status:
 //   0    the server ran the script without an error
 //   -3   `options` is null

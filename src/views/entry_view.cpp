@@ -80,7 +80,7 @@ Status CEntryView::BookSize(std::uint32_t* size) const {
   return book != nullptr ? book->EntryCount(size) : kRefused;
 }
 
-bool CEntryView::IsGoodRead(Status status) {
+bool CEntryView::HasDelivered(Status status) {
   return status == kNoError || status == kMoreData || status == kDataNotFound;
 }
 

@@ -136,7 +136,7 @@ class CEntryView {
 
  protected:
   // Returns whether the status of a read is 0, 21 or 4.
-  static bool IsGoodRead(Status status);
+  static bool HasDelivered(Status status);
 
   // Returns the filter that matches the names starting with a letter.
   static std::string LetterFilter(char letter) { return {letter, '*'}; }

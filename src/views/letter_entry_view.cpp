@@ -60,7 +60,7 @@ CEmailEntry* CLetterEntryView::GetAt(std::int32_t index) {
   cursor = index - start;
   const Status status = Fill(boundaries.At(row)->letter, boundaries.At(row)->count);
   EndAccess();
-  if (!IsGoodRead(status)) return nullptr;
+  if (!HasDelivered(status)) return nullptr;
   if (page.IsEmpty()) return MoveTo(0);
   letterIndex = row;
   return page.At(cursor);
@@ -116,7 +116,7 @@ bool CLetterEntryView::LoadRow(std::int32_t row) {
   BeginAccess();
   const Status status = Fill(boundary->letter, boundary->count);
   EndAccess();
-  return IsGoodRead(status);
+  return HasDelivered(status);
 }
 
 // Moves the cursor, and returns the entry there or null.
@@ -142,7 +142,7 @@ CEmailEntry* CLetterEntryView::Seek(std::string_view key, std::int32_t exact) {
   BeginAccess();
   const Status status = Fill(letter, boundary->count);
   EndAccess();
-  CEmailEntry* found = IsGoodRead(status) ? Locate(lastSearch, exact) : nullptr;
+  CEmailEntry* found = HasDelivered(status) ? Locate(lastSearch, exact) : nullptr;
   if (found != nullptr) letterIndex = static_cast<std::int32_t>(boundary - boundaries.begin());
   return found;
 }

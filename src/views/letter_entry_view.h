@@ -10,7 +10,7 @@
 //      earlier letter.
 //
 // The census is read when it is first needed (IMSPReadPageBoundaries), before the reads that a
-// contract lists. If that returns another status than 0, the operation returns null: for a book of
+// contract lists. If that returns a status other than 0, the operation returns null: for a book of
 // more than 128 letters this happens once, and later operations work with its first 128. For a
 // letter with a count of 0 the operations return null and make no server call; FindLetter keeps the
 // page, the others empty it.

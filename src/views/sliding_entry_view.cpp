@@ -5,7 +5,7 @@
 namespace quillkit {
 
 CEmailEntry* CSlidingEntryView::First() {
-  if (book == nullptr || !IsGoodRead(LoadUp({}, {}))) return nullptr;
+  if (book == nullptr || !HasDelivered(LoadUp({}, {}))) return nullptr;
   return MoveTo(lowPage, 0);
 }
 
@@ -33,7 +33,7 @@ CEmailEntry* CSlidingEntryView::Next() {
   if (currentPage == &lowPage) return MoveTo(midPage, 0);
   if (currentPage == &midPage) return MoveTo(highPage, 0);
   const EntryKey last(highPage.Last()->name.View());
-  return IsGoodRead(LoadUp(last, {})) ? MoveTo(lowPage, 0) : nullptr;
+  return HasDelivered(LoadUp(last, {})) ? MoveTo(lowPage, 0) : nullptr;
 }
 
 CEmailEntry* CSlidingEntryView::Prev() {
@@ -47,14 +47,14 @@ CEmailEntry* CSlidingEntryView::Prev() {
   if (currentPage == &highPage) return MoveToEnd(midPage.IsEmpty() ? lowPage : midPage);
   if (currentPage == &midPage) return MoveToEnd(lowPage);
   const EntryKey name(left != nullptr ? left->name.View() : std::string_view());
-  if (!IsGoodRead(LoadDown(name))) return nullptr;
+  if (!HasDelivered(LoadDown(name))) return nullptr;
   return MoveToEnd(highPage.IsEmpty() ? midPage : highPage);
 }
 
 CEmailEntry* CSlidingEntryView::GetAt(std::int32_t index) {
   if (BookSize(&bookSize) != kNoError) return nullptr;
   if (index < 0 || static_cast<std::uint32_t>(index) >= bookSize) return nullptr;
-  return IsGoodRead(PositionAt(index)) ? Current() : nullptr;
+  return HasDelivered(PositionAt(index)) ? Current() : nullptr;
 }
 
 // Reads the name at the index, then the span around it.
@@ -71,7 +71,7 @@ Status CSlidingEntryView::PositionAt(std::int32_t index) {
   if (status != kNoError && status != kMoreData) return status;
   bool endsAtKey = false;
   status = LoadAround(EntryKey(entry.name.View()), &endsAtKey);
-  if (!IsGoodRead(status)) return status;
+  if (!HasDelivered(status)) return status;
   endsAtKey ? MoveToEnd(lowPage) : MoveTo(midPage, 0);
   return kNoError;
 }
@@ -105,7 +105,7 @@ CEmailEntry* CSlidingEntryView::FindPrev(std::int32_t exact) {
 CEmailEntry* CSlidingEntryView::FindLetter(char letter) {
   if (book == nullptr) return nullptr;
   currentIndex = -1;
-  if (!IsGoodRead(LoadUp({}, LetterFilter(letter))) || lowPage.IsEmpty()) return nullptr;
+  if (!HasDelivered(LoadUp({}, LetterFilter(letter))) || lowPage.IsEmpty()) return nullptr;
   return MoveTo(lowPage, 0);
 }
 
@@ -147,7 +147,7 @@ CEmailEntry* CSlidingEntryView::Seek(std::string_view key, std::int32_t exact) {
   CEmailEntry* found = SearchPages(lastSearch, exact);
   if (found != nullptr) return found;
   bool endsAtKey = false;
-  if (!IsGoodRead(LoadAround(EntryKey(lastSearch), &endsAtKey))) return nullptr;
+  if (!HasDelivered(LoadAround(EntryKey(lastSearch), &endsAtKey))) return nullptr;
   return SearchPages(lastSearch, exact);
 }
 

@@ -104,10 +104,10 @@ TEST_P(PrivateBookTest, SerializingReadsMembersThatAreNotLoaded) {
 }
 
 TEST_P(PrivateBookTest, WithoutAUserItIsTheBookOfTheSession) {
-  CPrivEmailAB loose;
+  CPrivEmailAB withoutUser;
   CEmailEntry entry = MakeEntry("Ann");
-  EXPECT_FALSE(loose.SetUser(nullptr));
-  EXPECT_EQ(loose.CreateServerEntry(&entry), kNoError);
+  EXPECT_FALSE(withoutUser.SetUser(nullptr));
+  EXPECT_EQ(withoutUser.CreateServerEntry(&entry), kNoError);
   EXPECT_THAT(OnServer(kEntries, ""), ElementsAre("Ann=at"));
   EXPECT_EQ(CPrivEntryPage().ModifyLocal(&entry), 0) << "a page without a book has no entries";
   EXPECT_EQ(CPrivEntryPage().ModifyLocalByKey("Ann", &entry), 0);

@@ -99,9 +99,9 @@ TEST_P(PrivateListTest, CallsTheServerThroughTheScannerOfItsBook) {
   EXPECT_EQ(list.DestroyKeepingMembers(), kRefused);
   EXPECT_THAT(TakeCalls(), ElementsAre("IMSPIOCtl 2 0", "IMSPIOCtl 1 3600000"))
       << "only the time-out calls are made without the owner";
-  CPrivEntryPage loose;
-  loose.Append(MakeEntry("Zoe"));
-  EXPECT_EQ(loose.SendAll(), kNoError);
+  CPrivEntryPage page;
+  page.Append(MakeEntry("Zoe"));
+  EXPECT_EQ(page.SendAll(), kNoError);
   EXPECT_THAT(OnServer(BookKind::kPrivateEmail, ""), ElementsAre("Ann=at", "Zoe=at"));
 }
 

@@ -42,10 +42,10 @@ TEST_F(PublicListTest, AReloadReadsMoreThan512Members) {
   SimulatorInflateSizes(4'000'000'000);
   list.Reload();
   EXPECT_EQ(list.Count(), 200'000) << "the limit is 200,000 members";
-  CPubEmailDL loose;
+  CPubEmailDL withoutBook;
   CEmailEntry entry;
-  Load(loose, Stored(list));
-  EXPECT_EQ(loose.AddMember(&entry, 0), kRefused) << "a full list also needs a book";
+  Load(withoutBook, Stored(list));
+  EXPECT_EQ(withoutBook.AddMember(&entry, 0), kRefused) << "a full list also needs a book";
 }
 
 TEST_F(PublicListTest, RenamingReplacesTheMemberOfTheNewName) {
@@ -123,11 +123,11 @@ TEST_F(PublicListTest, AChangeOfTheMembersResetsTheSearch) {
 }
 
 TEST_F(PublicListTest, ClearsAndCountsMembersWithoutABook) {
-  CPubEmailDL loose;
-  loose.SetName("Team");
-  EXPECT_EQ(loose.ClearMembers(), kNoError);
+  CPubEmailDL withoutBook;
+  withoutBook.SetName("Team");
+  EXPECT_EQ(withoutBook.ClearMembers(), kNoError);
   std::uint32_t count = 7;
-  EXPECT_EQ(loose.GetMemberCount(&count), kNoError);
+  EXPECT_EQ(withoutBook.GetMemberCount(&count), kNoError);
   EXPECT_EQ(count, 0U);
 }
 

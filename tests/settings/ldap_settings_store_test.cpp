@@ -89,7 +89,7 @@ TEST_F(LdapSettingsTest, NamesMayHaveAnyBytes) {
 }
 
 TEST_F(LdapSettingsTest, RejectsNamesThatAreTooLongAndShowsAMessage) {
-  // The longest path for texts has 260 characters, of which 37 are the store's own.
+  // The longest path for texts has 260 characters, including the 37 of the store.
   const std::string longest = profile + '\\' + std::string(222 - profile.size(), 'x');
   EXPECT_EQ(SetLdapString(longest.c_str(), "host", "x"), 1);
   const std::string tooLong = longest + 'x';

@@ -75,9 +75,9 @@ TEST_F(TopLevelTest, AcceptsCachedKeysAndTheirNamesAsArguments) {
 
 TEST_F(TopLevelTest, SendsANameOf32BytesAsAnEmptyName) {
   const std::string tooLong(32, 'x');
-  EXPECT_EQ(book.AddKey(tooLong, false), 7);
+  EXPECT_EQ(book.AddKey(tooLong, false), kInvalidField);
   EXPECT_EQ(book.FastKeyAdd(Key(tooLong)), -1);
-  EXPECT_EQ(book.DeleteKey(tooLong, false), 3);
+  EXPECT_EQ(book.DeleteKey(tooLong, false), kNoSuchBook);
   EXPECT_EQ(book.FastKeyRemove(Key(tooLong)), -1);
   EXPECT_EQ(book.RenameSoftKey(tooLong, Key("A")), kDataNotFound);
   EXPECT_THAT(TakeCalls(), ElementsAre("IMSPCreateEntry 256:TOPAB \"\"",

@@ -103,7 +103,7 @@ class ModelView : public CEntryView {
   }
 
   Entries held;           // by the letter and the full view
-  Entries* page = &held;  // before its first load, a sliding view is in none of its pages
+  Entries* page = &held;  // before its first load, a sliding view is in no page
 };
 
 }  // namespace quillkit
