@@ -60,7 +60,7 @@ std::string Progress::Line(std::chrono::duration<double> passed) const {
   const double rate = static_cast<double>(done) / passed.count();
   std::string line = title + "  " + std::to_string(done);
   if (total >= done) {
-    const std::size_t filled = kBar * done / total;
+    const auto filled = static_cast<std::size_t>(kBar * done / total);
     line += " of " + std::to_string(total) + "  [" + std::string(filled, '#') +
             std::string(kBar - filled, '.') + ']';
   }
