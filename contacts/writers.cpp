@@ -40,7 +40,7 @@ void AppendFolded(std::string& file, std::string_view line, std::size_t width,
 
 // Returns whether LDIF can hold the value without encoding.
 bool IsSafeInLdif(std::string_view value) {
-  const auto isSafe = [](char c) { return c > 0 && c != '\n' && c != '\r'; };
+  const auto isSafe = [](unsigned char c) { return c > 0 && c < 0x80 && c != '\n' && c != '\r'; };
   return std::ranges::all_of(value, isSafe) && !value.starts_with(' ') && !value.starts_with(':') &&
          !value.starts_with('<') && !value.ends_with(' ');
 }
@@ -69,6 +69,8 @@ void AppendProperty(std::string& file, std::string_view name, std::string_view v
   if (value.empty()) return;
   std::string line(name);
   for (const char c : value) {
+    const bool isControl = static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
+    if (isControl && c != '\n' && c != '\t') continue;  // vCard has no form for it
     if (c == '\\' || c == ',' || c == ';' || c == '\n') line += '\\';
     line += c == '\n' ? 'n' : c;
   }

@@ -11,7 +11,7 @@
 
 namespace contacts {
 
-// What LDIF and vCard hold of a contact. Empty values other than the name are left out.
+// What LDIF and vCard hold of a contact. Empty values are left out; the name must not be empty.
 struct Contact {
   std::string_view name;
   std::string_view email;
@@ -33,7 +33,7 @@ inline constexpr std::string_view kLdifHeading = "version: 1\n";
 // that is not plain ASCII text is encoded in base64.
 void AppendLdif(std::string& file, const Contact& contact);
 
-// Appends a vCard 4.0 (RFC 6350).
+// Appends a vCard 4.0 (RFC 6350). Control characters other than line feeds and tabs are left out.
 void AppendVcard(std::string& file, const Contact& contact);
 
 }  // namespace contacts

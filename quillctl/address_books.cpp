@@ -45,14 +45,15 @@ std::int32_t ReadPages(const quillkit::CScanner& scanner, const std::string& fro
     const quillkit::Status status = entries.Read(&range, page.data(), &count, 1);
     if (status == quillkit::kDataNotFound) return quillkit::kNoError;
     if (status != quillkit::kNoError && status != quillkit::kMoreData) return status;
+    const std::string previous(range.first.View());
     for (std::uint32_t i = 0; i < count; ++i, --left) {
       Row row = Cells(page[i]);
-      if (row[0].empty() && row[1].empty()) return quillkit::kUnusableInput;  // a blank record
+      if (row[0].empty()) return quillkit::kUnusableInput;  // a blank record
       range.first.Assign(row[0]);
       if (!handle(std::move(row))) return quillkit::kNoError;
     }
     if (status == quillkit::kNoError) return quillkit::kNoError;
-    if (count == 0) break;  // the server reports more entries but delivers none
+    if (range.first == previous) break;  // more entries that never come
   }
   return quillkit::kUnusableInput;
 }

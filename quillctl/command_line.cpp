@@ -249,13 +249,17 @@ std::string Parser::UnknownOption(const std::string& word) const {
 }
 
 std::string Parser::UnknownCommand(const std::string& word) const {
+  // A word before the first command that was parsed is a misspelt noun: its verb has the name of a
+  // noun.
+  const CLI::App& last = LastParsed();
+  const auto found = std::ranges::find(arguments, word);
+  const bool isNoun = std::find(found, arguments.end(), last.get_name()) != arguments.end();
+  const CLI::App& group = isNoun ? app : last;
   std::vector<std::string> names;
-  for (const CLI::App* each : LastParsed().get_subcommands(nullptr)) {
-    names.push_back(each->get_name());
-  }
+  for (const CLI::App* each : group.get_subcommands(nullptr)) names.push_back(each->get_name());
   const std::string nearest = Nearest(word, names);
   return "unknown command" + (MayBeSecret(word) ? "" : ' ' + Quoted(word)) + "; " +
-         (nearest.empty() ? "" : "did you mean " + nearest + "? ") + "see " + HelpOf(LastParsed());
+         (nearest.empty() ? "" : "did you mean " + nearest + "? ") + "see " + HelpOf(group);
 }
 
 // Messages of CLI11 quote unexpected arguments. One of them may be a password after a misspelt

@@ -39,7 +39,8 @@ CLI::Validator NumberInRange(std::uint32_t min, std::uint32_t max) {
     std::uint32_t number = 0;
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number,
                                               isHexadecimal ? 16 : 10);
-    const bool isNumber = error == std::errc() && end == digits.data() + digits.size();
+    const bool isOctal = !isHexadecimal && digits.size() > 1 && digits[0] == '0';  // for CLI11
+    const bool isNumber = !isOctal && error == std::errc() && end == digits.data() + digits.size();
     return isNumber && number >= min && number <= max
                ? std::string()
                : "not a number from " + std::to_string(min) + " to " + std::to_string(max);

@@ -12,11 +12,14 @@
 #include "quillctl/commands.h"
 #include "quillctl/live_names.h"
 #include "quillctl/password.h"
+#include "quillctl/system/private_cache.h"
 
 namespace quillctl {
 namespace {
 
 using Words = std::vector<std::string>;
+
+constexpr int kMaxMilliseconds = 300;  // for the names on the appliance
 
 // Returns the permitted values of an argument, whose type is shown as "TEXT:{csv,mail}". Empty if
 // any value is permitted.
@@ -187,7 +190,11 @@ void PrintCompletions(const CLI::App& program, std::span<const std::string> word
   for (const std::string& each : words.first(words.size() - 1)) place.Pass(each);
   const std::string& last = words.back();
   Words candidates = place.Candidates(last.starts_with('-'));
-  if (candidates.empty()) candidates = LiveNames(place.Login(), place.Names(last));
+  const NameQuery query = place.Names(last);
+  if (query.kind != NameQuery::kNone) {
+    LimitTime(kMaxMilliseconds);
+    candidates = LiveNames(place.Login(), query);
+  }
   for (const std::string& each : candidates) {
     if (each.starts_with(last)) std::cout << each << '\n';
   }

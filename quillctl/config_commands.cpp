@@ -102,14 +102,8 @@ void RequireApplied(const Session& session, const KeySet& wanted) {
 // Writes the keys and their items as JSON (key_set_json.h) to a file, or to standard output if
 // `path` is empty or "-". Throws a Refusal and writes nothing if a key or an item cannot be read.
 void ExportKeys(const Session& session, const std::string& path, bool yes) {
-  const std::string json = JsonOf(ReadKeySet(session));
-  if (path.empty() || path == "-") {
-    std::cout << json;
-    return;
-  }
   ConfirmOverwrite(yes, path);
-  WriteTextFile(path, json);
-  std::cout << "Exported the keys to " << Quoted(path) << ".\n";
+  WriteOutput(path, JsonOf(ReadKeySet(session)), "Exported the keys to " + Quoted(path) + '.');
 }
 
 KeySet ReadKeyFile(const std::string& path) {

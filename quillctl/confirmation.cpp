@@ -7,6 +7,8 @@
 #include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
 #include "quillctl/system/terminal.h"
+#include "quillctl/text_file.h"
+#include "quillctl/text_table.h"
 
 namespace quillctl {
 
@@ -22,14 +24,29 @@ void Confirm(bool yes, const std::string& question) {
   std::cout.flush();
   if (!std::cout) throw Refusal("cannot print what would change; nothing was changed");
   std::cerr << question << " [y/N] " << std::flush;
-  const std::string answer = ReadLineFromTerminal();
+  const std::string answer = LowerCase(ReadLineFromTerminal());
   if (answer != "y" && answer != "yes") throw Refusal("not confirmed; nothing was changed");
+}
+
+bool IsStandardOutput(const std::string& path) {
+  std::error_code failure;
+  return path.empty() || path == "-" || std::filesystem::equivalent(path, "/dev/stdout", failure);
 }
 
 void ConfirmOverwrite(bool yes, const std::string& path) {
   std::error_code failure;
-  if (std::filesystem::is_regular_file(path, failure)) {
+  if (!IsStandardOutput(path) && std::filesystem::is_regular_file(path, failure)) {
     Confirm(yes, "Overwrite " + Quoted(path) + '?');
+  }
+}
+
+void WriteOutput(const std::string& path, const std::string& text, const std::string& sentence,
+                 quillkit::Readers readers) {
+  if (IsStandardOutput(path)) {
+    std::cout << text;
+  } else {
+    WriteTextFile(path, text, readers);
+    std::cout << sentence << '\n';
   }
 }
 

@@ -7,6 +7,8 @@
 
 #include <string>
 
+#include "platform/draft.h"
+
 namespace quillctl {
 
 // Adds --yes.
@@ -17,9 +19,17 @@ CLI::Option* AddYes(CLI::App* command, bool& into);
 // "yes", and a UsageError if standard input is not a terminal.
 void Confirm(bool yes, const std::string& question);
 
-// Confirms that the file is overwritten. Returns at once if there is no such file, or if it is not
-// a regular file, such as a pipe. `path` is empty or "-" for standard output.
+// Returns whether the path is that of standard output: empty, "-", or the file that it is.
+bool IsStandardOutput(const std::string& path);
+
+// Confirms that the file is overwritten. Returns at once for standard output, if there is no such
+// file, or if it is not a regular file, such as a pipe.
 void ConfirmOverwrite(bool yes, const std::string& path);
+
+// Writes the text to the file with WriteTextFile and prints a sentence, or writes only the text to
+// standard output.
+void WriteOutput(const std::string& path, const std::string& text, const std::string& sentence,
+                 quillkit::Readers readers = quillkit::Readers::kUsual);
 
 }  // namespace quillctl
 

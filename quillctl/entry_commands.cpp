@@ -50,6 +50,10 @@ std::string TitleOf(const AddressBook& book) {
   return std::string(book.title);
 }
 
+std::string Counted(std::size_t entries) {
+  return std::to_string(entries) + (entries == 1 ? " entry" : " entries");
+}
+
 std::string DescribedEntry(const AddressBook& book, const std::string& name) {
   return "the entry " + Quoted(name) + " of the " + TitleOf(book);
 }
@@ -64,7 +68,7 @@ void RequireEntry(std::int32_t status, const AddressBook& book, const std::strin
   if (status == quillkit::kUnusableInput) {
     throw Refusal("cannot " + what + ": the appliance delivers another one");
   }
-  RequireSuccess(status, what);
+  RequireChange(status, what);
 }
 
 // Prints entries in the form that the arguments select. Add() prints a JSON line at once; Finish()
@@ -106,12 +110,7 @@ class EntryPrinter {
 void ForEachEntry(const Session& session, const Arguments& arguments, const std::string& filter,
                   const RowHandler& handle) {
   const AddressBook& book = BookOf(arguments.book);
-  Progress progress("Reading the " + TitleOf(book), TotalOf(book, *session.Scanner()));
-  const auto count = [&](Row row) {
-    progress.Step();
-    return handle(std::move(row));
-  };
-  const std::int32_t status = book.read(*session.Scanner(), arguments.from, filter, count);
+  const std::int32_t status = book.read(*session.Scanner(), arguments.from, filter, handle);
   const std::string what = "read the " + TitleOf(book);
   if (status == quillkit::kUnusableInput) {
     throw Refusal("cannot " + what + ": the appliance delivers invalid entries");
@@ -126,15 +125,34 @@ void ListEntries(const Session& session, const Arguments& arguments) {
   printer.Finish();
 }
 
-void FindEntries(const Session& session, const Arguments& arguments) {
+// Returns the entry of this name, if there is one.
+std::optional<Row> FindEntry(const Session& session, const AddressBook& book,
+                             const std::string& name) {
+  std::optional<Row> found;
+  const auto keep = [&found](const Row& row) {
+    found = row;
+    return false;
+  };
+  const std::int32_t status = book.change(book, *session.Scanner(), name, keep);
+  if (status != quillkit::kDataNotFound) RequireEntry(status, book, name, "read");
+  return found;
+}
+
+void FindEntries(const Session& session, const Arguments& given) {
+  Arguments arguments = given;
   const AddressBook& book = BookOf(arguments.book);
   EntryPrinter printer(book, arguments);
-  // The appliance selects by the first character, the handler by the whole pattern.
-  ForEachEntry(session, arguments, arguments.name.substr(0, 1) + '*', [&](Row row) {
-    const bool isWanted =
-        arguments.wholeName ? row[0] == arguments.name : row[0].starts_with(arguments.name);
-    return !isWanted || printer.Add(std::move(row));
-  });
+  // The book is in the order of names: those that begin with the pattern follow the entry that has
+  // it as its name.
+  if (std::optional<Row> same = FindEntry(session, book, arguments.name)) {
+    printer.Add(std::move(*same));
+  }
+  if (!arguments.wholeName) {
+    arguments.from = arguments.name;
+    ForEachEntry(session, arguments, arguments.name.substr(0, 1) + '*', [&](Row row) {
+      return row[0].starts_with(arguments.name) && printer.Add(std::move(row));
+    });
+  }
   if (arguments.json || !printer.IsEmpty()) printer.Finish();
   if (!printer.IsEmpty()) return;
   throw NotFound("the " + TitleOf(book) +
@@ -167,13 +185,9 @@ void ListBooks(const Session& session, const Arguments& arguments) {
 }
 
 Row ReadEntry(const Session& session, const AddressBook& book, const std::string& name) {
-  Row read;
-  const auto keep = [&read](const Row& row) {
-    read = row;
-    return false;
-  };
-  RequireEntry(book.change(book, *session.Scanner(), name, keep), book, name, "read");
-  return read;
+  std::optional<Row> found = FindEntry(session, book, name);
+  if (!found) RequireEntry(quillkit::kDataNotFound, book, name, "read");
+  return std::move(*found);
 }
 
 void ShowEntry(const Session& session, const Arguments& arguments) {
@@ -214,7 +228,7 @@ void AddEntry(const Session& session, const Arguments& arguments) {
   StoreValues(row, book, arguments.values);
   RequireValues(book, row);
   const std::string what = DescribedEntry(book, arguments.name);
-  RequireSuccess(book.add(book, *session.Scanner(), row), "add " + what);
+  RequireChange(book.add(book, *session.Scanner(), row), "add " + what);
   std::cout << "Added " << what << ".\n";
 }
 
@@ -250,10 +264,9 @@ void DeleteEntry(const Session& session, const Arguments& arguments) {
 
 void ClearBook(const Session& session, const Arguments& arguments) {
   const AddressBook& book = BookOf(arguments.book);
-  const std::string what =
-      "all " + std::to_string(CountOf(session, book)) + " entries of the " + TitleOf(book);
+  const std::string what = Counted(CountOf(session, book)) + " of the " + TitleOf(book);
   Confirm(arguments.yes, "Delete " + what + '?');
-  RequireSuccess(book.clear(*session.Scanner()), "clear the " + TitleOf(book));
+  RequireChange(book.clear(*session.Scanner()), "clear the " + TitleOf(book));
   std::cout << "Deleted " << what << ".\n";
 }
 
@@ -261,22 +274,15 @@ void ClearBook(const Session& session, const Arguments& arguments) {
 // cannot be read.
 void ExportEntries(const Session& session, const Arguments& arguments) {
   const AddressBook& book = BookOf(arguments.book);
-  const std::unique_ptr<EntryFile> entries =
+  const std::unique_ptr<EntryFile> file =
       MakeEntryFile(arguments.format, book, arguments.spreadsheet);
-  std::uint32_t count = 0;
-  ForEachEntry(session, arguments, "*", [&](const Row& row) {
-    entries->Add(row);
-    ++count;
-    return true;
-  });
-  if (arguments.file.empty() || arguments.file == "-") {
-    std::cout << entries->Text();
-    return;
-  }
   ConfirmOverwrite(arguments.yes, arguments.file);
-  WriteTextFile(arguments.file, entries->Text());
-  std::cout << "Exported " << count << " entries of the " << TitleOf(book) << " to "
-            << Quoted(arguments.file) << ".\n";
+  const std::optional<std::vector<Row>> entries = ReadAllEntries(book, *session.Scanner());
+  if (!entries) throw Refusal("cannot read the " + TitleOf(book) + " completely");
+  for (const Row& each : *entries) file->Add(each);
+  WriteOutput(arguments.file, file->Text(),
+              "Exported " + Counted(entries->size()) + " of the " + TitleOf(book) + " to " +
+                  Quoted(arguments.file) + '.');
 }
 
 // The appliance selects by one byte.

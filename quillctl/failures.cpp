@@ -54,6 +54,14 @@ void RequireSuccess(std::int32_t status, std::string_view what) {
                 isMissing ? kExitNotFound : kExitRefused);
 }
 
+void RequireChange(std::int32_t status, std::string_view what) {
+  if (status == quillkit::kServerFailure || status == quillkit::kTimeoutExpired) {
+    throw UnknownResult("it is unknown whether the appliance did this: " + std::string(what) +
+                        ": " + CodeAndText(status));
+  }
+  RequireSuccess(status, what);
+}
+
 void RequireStatus(std::int32_t status, std::int32_t expected) {
   if (status == expected) return;
   if (expected == 0) throw Refusal(CodeAndText(status));

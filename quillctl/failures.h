@@ -82,6 +82,10 @@ std::string CodeAndText(std::int32_t status);
 // status is kExitNotFound if the server has no such book or no such entry.
 void RequireSuccess(std::int32_t status, std::string_view what);
 
+// The same for a call that makes a change. Throws an UnknownResult if the reply was lost: code 18
+// or 19.
+void RequireChange(std::int32_t status, std::string_view what);
+
 // Calls `read` after a change of `what`, and returns its result. Throws its Refusal as an
 // UnknownResult.
 template <class Read>

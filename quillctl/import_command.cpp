@@ -69,10 +69,13 @@ void ShowBook(const AddressBook& book, const std::vector<Row>& before, const std
     throw Refusal(text + "; the appliance keeps what it imported before the failure");
   }
   if (now.empty()) ThrowUnknown(text, plan);
-  throw Refusal(text + "; it imported " + std::to_string(plan.Rows().Entries()) + " of " +
-                std::to_string(sent) + " rows; the " + std::string(plan.Books().front().title) +
-                " had " + std::to_string(before.front().size()) + " entries and now has " +
-                std::to_string(now.front().size()));
+  const std::size_t imported = plan.Rows().Entries();
+  text += "; it imported " + std::to_string(imported) + " of " + std::to_string(sent) +
+          " rows; the " + std::string(plan.Books().front().title) + " had " +
+          std::to_string(before.front().size()) + " entries and now has " +
+          std::to_string(now.front().size());
+  if (imported == 0) throw Refusal(text);
+  throw PartialFailure(text);
 }
 
 // Sets the fault of the rows that were sent but are not in the book. If the book cannot be read,
@@ -96,9 +99,7 @@ void ShowRows(const ImportPlan& plan, const ImportRequest& request, std::size_t 
 
 void ShowBooks(const ImportPlan& plan, const ImportRequest& request, const Contents& before,
                const Contents& now) {
-  const bool areKnown = !before.empty() && !now.empty();
-  if (!areKnown) std::cout << "Cannot show the new entries: the books cannot be read.\n";
-  for (std::size_t i = 0; areKnown && i < now.size(); ++i) {
+  for (std::size_t i = 0; i < now.size(); ++i) {
     ShowBook(plan.Books()[i], before[i], now[i], request.shown);
   }
 }
@@ -126,14 +127,14 @@ void Import(ImportPlan& plan, const ImportRequest& request, const Session& sessi
   const std::int32_t status = plan.Send(session.Scanner());
   const Contents now = ReadAll(plan.Books(), scanner);
   MarkRowsNotImported(plan, status, now);
-  if (plan.Rows().Entries() != sent) WriteRejects(plan, request);
   if (!plan.IsScript()) {
     ShowRows(plan, request, sent, !now.empty());
   } else if (status == 0) {
-    std::cout << "Imported " << file << ".\n";
+    std::cout << "Sent " << file << ".\n";
   }
+  WriteRejects(plan, request);
   if (status != 0) ThrowImportFailure(status, plan, sent, file, before, now);
-  if (now.empty() && !plan.IsScript()) ThrowUnknown("sent " + file, plan);
+  if (before.empty() || now.empty()) ThrowUnknown("sent " + file, plan);
   if (!request.json) ShowBooks(plan, request, before, now);
 }
 
@@ -150,16 +151,16 @@ void RequireValidRows(const ImportPlan& plan, const ImportRequest& request) {
 }
 
 // Logs in and imports the file or, if `dryRun` is set, prints the script. Invalid rows are reported
-// and not sent; they are written to the file of rejected rows before the import. Throws a
+// and not sent; they are written to the file of rejected rows at the end. Throws a
 // UsageError as ImportPlan does; a Refusal if the library or the appliance refuses, or if no row is
 // valid; and a PartialFailure if not all rows were imported.
 void RunImport(const ImportRequest& request, const Credentials& credentials) {
   ImportPlan plan(request, credentials.user == kAdministrator);
   if (!request.rejects.empty()) RequireRejectsFile(request.rejects, request.file, request.force);
-  WriteRejects(plan, request);
+  if (request.dryRun || plan.Rows().Entries() == 0) WriteRejects(plan, request);
   RequireValidRows(plan, request);
   if (request.dryRun) {
-    std::cout << plan.Script();
+    std::cout << plan.ShownScript();
     ShowFaults(plan.Rows(), plan.Rows().rows.size());
   } else {
     const Session session(credentials);

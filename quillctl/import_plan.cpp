@@ -1,5 +1,7 @@
 #include "quillctl/import_plan.h"
 
+#include <CLI/CLI.hpp>
+
 #include <algorithm>
 
 #include "import/convert_file.h"
@@ -147,12 +149,26 @@ std::string ImportPlan::Script() const {
   return WithLfLineEnds(ReadImportFile(script.path()));
 }
 
+std::string ImportPlan::ShownScript() const {
+  const std::string script = Script();
+  const std::size_t secret = books.front().secretField;
+  if (IsScript() || secret == AddressBook::kNone) return script;
+  std::string shown;
+  for (FileLines lines(script); lines.Next();) {
+    // The values of a line are between double quotes, which they cannot contain.
+    std::vector<std::string> parts = CLI::detail::split(lines.TextWithLf(), '"');
+    const std::size_t value = 2 * secret + 1;
+    if (value < parts.size() && !parts[value].empty()) parts[value] = "(set)";
+    shown += CLI::detail::join(parts, "\"");
+  }
+  return shown;
+}
+
 // If the library cannot write its script, it does not delete the file. Therefore a script is
 // written here first, to find out.
 std::int32_t ImportPlan::Send(quillkit::CScanner* scanner) const {
-  if (IsScript()) return ImportAddressBook(scanner, file.c_str(), &mapped.options);
-  const TemporaryFile source(RowsToSend());
-  {
+  const TemporaryFile source(IsScript() ? text : RowsToSend());
+  if (!IsScript()) {
     TemporaryFile script;
     Convert(source, script);
   }

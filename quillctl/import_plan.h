@@ -60,8 +60,12 @@ class ImportPlan {
   // file cannot be written.
   std::string Script() const;
 
-  // Sends the rows, or the script. Returns the result of ImportAddressBook. Throws a Refusal as
-  // Script() does. A program that terminates meanwhile leaves temporary files with the rows.
+  // Returns Script() with "(set)" in place of each password.
+  std::string ShownScript() const;
+
+  // Sends the rows, or the script, from a temporary file. Returns the result of ImportAddressBook.
+  // Throws a Refusal as Script() does. A program that terminates meanwhile leaves temporary files
+  // with the rows.
   std::int32_t Send(quillkit::CScanner* scanner) const;
 
  private:

@@ -21,6 +21,10 @@ void RequireRejectsFile(const std::string& path, const std::string& imported, bo
   if (fs::exists(path, failure) && !fs::is_regular_file(path, failure)) {
     throw UsageError("--rejects: not a regular file; choose another file");
   }
+  const fs::path folder = fs::path(path).parent_path();
+  if (path == "-" || (!folder.empty() && !fs::is_directory(folder, failure))) {
+    throw UsageError("--rejects: cannot write " + Quoted(path) + "; choose another file");
+  }
   if (fs::exists(path, failure) && !overwrite) {
     throw UsageError("--rejects: the file exists; choose another one, or add --force");
   }
@@ -68,7 +72,7 @@ void WriteRejectedRows(const std::string& path, const ImportRows& rows) {
   }
   // If the first row begins with a byte order mark, it would be lost when the file is imported.
   if (WithoutByteOrderMark(text).size() != text.size()) text.insert(0, kByteOrderMark);
-  WriteTextFile(path, text);
+  WriteTextFile(path, text, quillkit::Readers::kOwner);  // it may contain passwords
 }
 
 }  // namespace quillctl

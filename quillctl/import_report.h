@@ -18,8 +18,8 @@ void ShowImportSummary(const std::string& file, const ImportRows& rows, bool isV
 // many more there are.
 void ShowFaults(const ImportRows& rows, std::size_t limit);
 
-// Prints the summary and all invalid rows to standard output as JSON. Unless `isVerified` is set, it
-// is unknown which of the `sent` rows arrived.
+// Prints the summary and all invalid rows to standard output as JSON. Unless `isVerified` is set,
+// it is unknown which of the `sent` rows arrived.
 void ShowImportJson(const ImportRows& rows, std::size_t sent, bool isVerified);
 
 // Throws a UsageError if `path` is the imported file or is not a regular file, and, unless

@@ -13,6 +13,7 @@
 #include "quillctl/failures.h"
 #include "quillctl/json_output.h"
 #include "quillctl/key_set.h"
+#include "quillctl/system/deferred_termination.h"
 #include "quillctl/text_table.h"
 
 namespace quillctl {
@@ -78,7 +79,7 @@ void AddItem(const Session& session, const std::string& key, const ItemFields& f
   const OwnedItem item = MakeItem(fields);
   quillkit::CSoftKey* found = FindKey(session.LoadKeys(true), key);
   const std::string what = DescribedItem(fields.name, key);
-  RequireSuccess(quillkit::AddMenuItem(found, item.get(), 0), "add " + what);
+  RequireChange(quillkit::AddMenuItem(found, item.get(), 0), "add " + what);
   std::cout << "Added " << what << ".\n";
 }
 
@@ -89,7 +90,7 @@ void RenameItem(const Session& session, const std::string& key, const std::strin
   ItemFields fields = ItemOf(found, oldName);
   fields.name = newName;
   const OwnedItem item = MakeItem(fields);
-  RequireSuccess(quillkit::RenameMenuItem(found, oldName, item.get(), 0), "rename " + what);
+  RequireChange(quillkit::RenameMenuItem(found, oldName, item.get(), 0), "rename " + what);
   std::cout << "Renamed " << what << " to " << Quoted(newName) << ".\n";
 }
 
@@ -140,9 +141,9 @@ void EditItem(const Session& session, const std::string& key, const std::string&
     return;
   }
   const OwnedItem item = MakeItem(fields);
-  RequireSuccess(fields.name == name ? quillkit::ModifyMenuItem(found, item.get(), 0)
-                                     : quillkit::RenameMenuItem(found, name, item.get(), 0),
-                 "change " + what);
+  RequireChange(fields.name == name ? quillkit::ModifyMenuItem(found, item.get(), 0)
+                                    : quillkit::RenameMenuItem(found, name, item.get(), 0),
+                "change " + what);
   std::cout << "Changed " << what << ".\n";
 }
 
@@ -160,7 +161,7 @@ void DeleteItem(const Session& session, const std::string& key, const std::strin
   ItemOf(found, name);
   const std::string what = DescribedItem(name, key);
   Confirm(yes, "Delete " + what + '?');
-  RequireSuccess(quillkit::DeleteMenuItem(found, name, 0), "delete " + what);
+  RequireChange(quillkit::DeleteMenuItem(found, name, 0), "delete " + what);
   std::cout << "Deleted " << what << ".\n";
 }
 
@@ -190,8 +191,9 @@ void MoveToKey(const Session& session, const std::string& key, const std::string
   const auto found = std::ranges::find(items, name, &ItemFields::name);
   if (found == items.end()) throw NoItem(key, name);
   const std::string moved = DescribedItem(name, target);
-  RequireSuccess(quillkit::AddMenuItem(FindKey(session.Book(), target), MakeItem(*found).get(), 0),
-                 "add " + moved);
+  const DeferredTermination termination("moving the item");
+  RequireChange(quillkit::AddMenuItem(FindKey(session.Book(), target), MakeItem(*found).get(), 0),
+                "add " + moved);
   // Check that the copy exists before the original is deleted.
   if (!HasItem(
           session, target, name,

@@ -31,13 +31,13 @@ void ShowKeys(const Session& session, bool json) {
 
 void AddKey(const Session& session, const std::string& name) {
   quillkit::CTopLevelAB* book = session.LoadKeys(false);
-  RequireSuccess(quillkit::AddKey(book, name, 0), "add the key " + Quoted(name));
+  RequireChange(quillkit::AddKey(book, name, 0), "add the key " + Quoted(name));
   std::cout << "Added the key " << Quoted(name) << ".\n";
 }
 
 void DeleteKey(const Session& session, const std::string& name) {
   quillkit::CTopLevelAB* book = session.LoadKeys(false);
-  RequireSuccess(quillkit::DeleteKey(book, name, 0), "delete the key " + Quoted(name));
+  RequireChange(quillkit::DeleteKey(book, name, 0), "delete the key " + Quoted(name));
   std::cout << "Deleted the key " << Quoted(name) << ".\n";
 }
 
@@ -46,8 +46,8 @@ namespace {
 void RenameKey(const Session& session, const std::string& oldName, const std::string& newName) {
   quillkit::CTopLevelAB* book = session.LoadKeys(false);
   const OwnedKey key = MakeKey(newName, book);
-  RequireSuccess(quillkit::RenameSoftKey(book, oldName, key.get()),
-                 "rename the key " + Quoted(oldName) + " to " + Quoted(newName));
+  RequireChange(quillkit::RenameSoftKey(book, oldName, key.get()),
+                "rename the key " + Quoted(oldName) + " to " + Quoted(newName));
   std::cout << "Renamed the key " << Quoted(oldName) << " to " << Quoted(newName) << ".\n";
 }
 

@@ -117,6 +117,7 @@ class Lists {
   }
 
   void Rename(const Arguments& a) {
+    if (a.name == a.newName) throw UsageError("the new name is the old one");
     const std::string names = Named(a.name) + " to " + Quoted(a.newName);
     const std::set<Row> rows = RowsOf(ReadNamed(a.name));
     if constexpr (kRename == nullptr) {

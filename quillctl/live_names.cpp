@@ -1,5 +1,6 @@
 #include "quillctl/live_names.h"
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstdint>
@@ -24,7 +25,6 @@ using namespace std::chrono_literals;
 using Names = std::vector<std::string>;
 
 constexpr auto kLifetime = 30s;
-constexpr int kMaxMilliseconds = 300;
 constexpr std::size_t kMaxNames = 64;
 
 Names KeyNames(const Session& session) {
@@ -50,9 +50,13 @@ Names EntryNames(const Session& session, const NameQuery& query) {
   const auto keep = [&](const Row& row) {
     const bool isWanted = row[0].starts_with(query.prefix);
     if (isWanted) names.push_back(row[0]);
-    return (isWanted || names.empty()) && names.size() < kMaxNames;
+    return isWanted && names.size() <= kMaxNames;
   };
+  const std::vector<std::string> books = BookWords();
+  if (query.scope != PrivateBook().front().word && !std::ranges::count(books, query.scope))
+    return {};
   BookOf(query.scope).read(*session.Scanner(), query.prefix, query.prefix.substr(0, 1) + '*', keep);
+  if (names.size() > kMaxNames) names.clear();  // what they begin with is not what all begin with
   return names;
 }
 
@@ -125,7 +129,6 @@ void Store(const std::string& file, Names& names) {
 std::vector<std::string> LiveNames(const Credentials& credentials, const NameQuery& query) {
   const std::string folder = PrivateCacheFolder();
   if (query.kind == NameQuery::kNone || folder.empty()) return {};
-  LimitTime(kMaxMilliseconds);
   try {
     const std::string file = CacheFile(folder, credentials, query);
     if (IsFresh(file)) return NamesIn(file);

@@ -18,10 +18,9 @@ struct NameQuery {
   std::string prefix;  // what the names begin with
 };
 
-// Returns the names, at most 64 of a book. Those of the last 30 seconds come from a cache;
-// otherwise logs in. Never asks: returns nothing if the credentials have no password, if a session
-// of the user is running, if there is no private cache, and on any failure. If that takes more than
-// 300 milliseconds, ends the process.
+// Returns the names; none if a book has more than 64. Those of the last 30 seconds come from a
+// cache. Otherwise logs in. Never asks: returns nothing if the credentials have no password, if a
+// session of the user is running, if there is no private cache, and on any failure.
 std::vector<std::string> LiveNames(const Credentials& credentials, const NameQuery& query);
 
 }  // namespace quillctl

@@ -67,8 +67,8 @@ void ClearLog(const Session& session, const Arguments& a) {
   Confirm(a.yes, "Delete the records of the log (" + std::to_string(before.size()) + ')' +
                      (a.exceptSystem ? ", except those of ADMINISTRATOR and GUEST?" : "?"));
   const quillkit::CScanner& scanner = *session.Scanner();
-  RequireSuccess(a.exceptSystem ? scanner.ClearLogExceptSystem() : scanner.ClearLog(a.user),
-                 "clear the log");
+  RequireChange(a.exceptSystem ? scanner.ClearLogExceptSystem() : scanner.ClearLog(a.user),
+                "clear the log");
   if (!a.exceptSystem) {
     const std::vector<std::string> now =
         ReadBack("the log", [&] { return ReadLog(session, a.user); });
@@ -80,15 +80,15 @@ void ClearLog(const Session& session, const Arguments& a) {
 }
 
 void BackUpDatabase(const Session& session, const Arguments& a) {
-  RequireSuccess(session.Scanner()->BackupDatabase(a.first.c_str(), a.second.c_str()),
-                 "back up the database");
+  RequireChange(session.Scanner()->BackupDatabase(a.first.c_str(), a.second.c_str()),
+                "back up the database");
   std::cout << "Backed up the database.\n";
 }
 
 void RestoreDatabase(const Session& session, const Arguments& a) {
   Confirm(a.yes, "Replace all books and accounts of the appliance with the backup?");
-  RequireSuccess(session.Scanner()->RestoreDatabase(a.first.c_str(), a.second.c_str()),
-                 "restore the database");
+  RequireChange(session.Scanner()->RestoreDatabase(a.first.c_str(), a.second.c_str()),
+                "restore the database");
   std::cout << "Restored the database.\n";
 }
 

@@ -27,6 +27,7 @@ std::string FirstLine(std::istream& in, const std::string& fault) {
 }  // namespace
 
 std::string PasswordFromFile(const std::string& path, const std::string& option) {
+  if (path == "-") return PasswordFromStdin();
   std::ifstream file(path);
   return FirstLine(file, option + ": cannot read the file, or it is empty");
 }

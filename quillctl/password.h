@@ -8,8 +8,9 @@
 
 namespace quillctl {
 
-// Return the first line of a file, which `option` names, or of standard input. Throw a UsageError
-// if there is none, and if it contains a NUL, because the library ignores what follows it.
+// Return the first line of a file, which `option` names, or of standard input, also for "-". Throw
+// a UsageError if there is none, and if it contains a NUL, because the library ignores what follows
+// it.
 std::string PasswordFromFile(const std::string& path, const std::string& option);
 std::string PasswordFromStdin();
 

@@ -135,6 +135,7 @@ PrivateBook ParseFile(const std::string& text) {
 }
 
 void BackUp(const Session& session, const std::string& path, bool yes) {
+  ConfirmOverwrite(yes, path);
   const PrivateBook book = ReadBook(session);
   std::string section;
   quillkit::Archive archive(&section);
@@ -143,13 +144,8 @@ void BackUp(const Session& session, const std::string& path, bool yes) {
   if (ParseFile(text).contents != book.contents) {
     throw Refusal("the private book changed while it was read; try again");
   }
-  if (path == "-") {
-    std::cout << text;
-    return;
-  }
-  ConfirmOverwrite(yes, path);
-  WriteTextFile(path, text, quillkit::Readers::kOwner);
-  std::cout << "Saved the private book " << book.Sizes() << " to " << Quoted(path) << ".\n";
+  WriteOutput(path, text, "Saved the private book " + book.Sizes() + " to " + Quoted(path) + '.',
+              quillkit::Readers::kOwner);
 }
 
 // Throws a PartialFailure, or a Refusal if nothing was changed, unless the private book of the
@@ -172,15 +168,12 @@ void Restore(const Credentials& credentials, const std::string& path, bool yes) 
   }
   Confirm(yes, "Replace the private book " + before.Sizes() + " with the one in the file " +
                    wanted.Sizes() + '?');
-  std::string fault;
-  {
-    const DeferredTermination termination("restoring the private book");
-    // The library cannot replace a book that does not exist.
-    const bool isDone = before.contents.empty() ? wanted.Book()->WriteBack() == 0
-                                                : wanted.user->RestorePrivateBook() == 1;
-    const std::int32_t error = quillkit::GetLastToolkitError();
-    if (!isDone && error != 0) fault = ": " + CodeAndText(error);
-  }
+  const DeferredTermination termination("restoring the private book");
+  // The library cannot replace a book that does not exist.
+  const bool isDone = before.contents.empty() ? wanted.Book()->WriteBack() == 0
+                                              : wanted.user->RestorePrivateBook() == 1;
+  const std::int32_t error = quillkit::GetLastToolkitError();
+  const std::string fault = !isDone && error != 0 ? ": " + CodeAndText(error) : "";
   RequireRestored(session, before.contents, wanted.contents, fault);
   std::cout << "Restored the private book " << wanted.Sizes() << ".\n";
 }

@@ -57,9 +57,10 @@ void Progress::Show(Clock::time_point now) {
 }
 
 std::string Progress::Line(std::chrono::duration<double> passed) const {
+  constexpr std::size_t kRest = 30;  // the columns of the rate and the time
   const double rate = static_cast<double>(done) / passed.count();
   std::string line = title + "  " + std::to_string(done);
-  if (total >= done) {
+  if (total >= done && title.size() + 2 * kBar + kRest < columns) {
     const auto filled = static_cast<std::size_t>(kBar * done / total);
     line += " of " + std::to_string(total) + "  [" + std::string(filled, '#') +
             std::string(kBar - filled, '.') + ']';

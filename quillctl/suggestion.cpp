@@ -25,6 +25,9 @@ std::size_t Distance(std::string_view a, std::string_view b) {
 
 std::string Nearest(std::string_view word, const std::vector<std::string>& candidates) {
   std::string nearest;
+  for (const std::string& each : candidates) {
+    if (word.size() > 2 && each.starts_with(word)) return each;
+  }
   std::size_t least = (word.size() + 2) / 3 + 1;
   for (const std::string& each : candidates) {
     const std::size_t distance = Distance(word, each);

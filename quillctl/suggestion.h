@@ -9,9 +9,9 @@
 
 namespace quillctl {
 
-// Returns the candidate that the fewest insertions, deletions and replacements of characters turn
-// into the word. Returns an empty text if every candidate needs more than one for each three
-// characters of the word.
+// Returns the candidate that begins with the word; or the one that the fewest insertions, deletions
+// and replacements of characters turn into the word. Returns an empty text if every candidate needs
+// more than one for each three characters of the word.
 std::string Nearest(std::string_view word, const std::vector<std::string>& candidates);
 
 }  // namespace quillctl

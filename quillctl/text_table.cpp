@@ -63,7 +63,7 @@ void TextTable::Print() const {
   Widths widths;
   Widen(widths, headings);
   for (const Row& row : rows) Widen(widths, row);
-  Narrow(widths, StdoutColumns());
+  if (!headings.empty()) Narrow(widths, StdoutColumns());
   if (!headings.empty()) PrintRow(widths, headings);
   for (const Row& row : rows) PrintRow(widths, row);
 }

@@ -1,5 +1,5 @@
 // Tables for the screen. Columns are as wide as their widest cell and separated by two spaces. On a
-// terminal, long cells are cut, and end in "…", so that each row fits on a line.
+// terminal, long cells below headings are cut, and end in "…", so that each row fits on a line.
 
 #ifndef QUILLCTL_TEXT_TABLE_H_
 #define QUILLCTL_TEXT_TABLE_H_

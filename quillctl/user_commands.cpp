@@ -11,6 +11,7 @@
 #include "quillctl/failures.h"
 #include "quillctl/json_output.h"
 #include "quillctl/password.h"
+#include "quillctl/system/deferred_termination.h"
 
 namespace quillctl {
 namespace {
@@ -139,6 +140,7 @@ void Switch(const Session& session, const Arguments& a) {
 void DeleteUser(const Session& session, const Arguments& a) {
   Account account(session, a.name);
   Confirm(a.yes, "Delete " + Described(a.name) + " and its log?");
+  const DeferredTermination termination("deleting the account");
   try {
     account.RequireChanged(account.book.DeleteUser(&account.user, 0), "delete", true);
   } catch (const Refusal& why) {
@@ -201,7 +203,12 @@ void SetDefaultPrinter(const Session& session, const std::string& name) {
 }
 
 void DefaultPrinter(const Session& session, const Arguments& a) {
-  if (!a.name.empty()) SetDefaultPrinter(session, a.name);
+  if (!a.name.empty()) {
+    const DeferredTermination termination("making one printer the default");
+    SetDefaultPrinter(session, a.name);
+    std::cout << DisplayedText(a.name) << '\n';
+    return;
+  }
   bool isFound = false;
   for (const Row& each : ReadPrinters(session)) {
     if (each.back() != "yes") continue;

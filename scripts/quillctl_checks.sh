@@ -102,6 +102,7 @@ clean_session() {
   head -c 300 tests/quillctl/ewa.book >"$1/session_cut.book"
   echo yes >"$1/session_yes"
   echo no >"$1/session_no"
+  echo 'SE emailab "Bob" "box"' >"$1/session_script"
   printf '%s\n' 'Full Name,Fax,E-mail,Fax' '"Lee, Ann",1,box1' ',2,box2' 'Bob,3,box3' 'Cy,"4,box4' \
     'A name with more than 31 characters,5,box5' 'Bob,6,box6' >"$1/session_rows.csv"
   printf '%b' '\0357\0273\0277 "Lee, Ann" , box1\r\n \t\n\nBob\nCy,"box3\nDi,,x\nEd, ""\n' \

@@ -48,7 +48,7 @@ std::string PrivateCacheFolder() {
 }
 
 SessionMark::SessionMark() : descriptor(OpenMark()) {
-  if (descriptor >= 0) flock(descriptor, LOCK_SH | LOCK_NB);
+  if (descriptor >= 0) flock(descriptor, LOCK_SH);
 }
 
 SessionMark::~SessionMark() {
