@@ -1,5 +1,6 @@
 """Medians of several rounds: of the rows of the benchmark programs, and of whole processes."""
 import json
+import math
 import resource
 import statistics
 import subprocess
@@ -12,7 +13,7 @@ class Rows:
 
     def __init__(self, folder, rounds):
         self.folder, self.rounds = folder, rounds
-        self.rows, self.spread = {}, {}
+        self.rows, self.uncertainty = {}, {}
 
     def run(self, program):
         """Runs all benchmarks of a program in random order, `rounds` times."""
@@ -29,7 +30,7 @@ class Rows:
                 self.rows[row["run_name"]] = row
         for name, values in times.items():
             self.rows[name]["nanoseconds"] = statistics.median(values)
-            self.spread[name] = spread(values)
+            self.uncertainty[name] = uncertainty(values)
 
     def time(self, name):
         return self.rows[name]["nanoseconds"]
@@ -38,10 +39,11 @@ class Rows:
         return int(self.rows[name][counter])
 
 
-def spread(values):
-    """The distance of the quartiles, as a part of the median."""
+def uncertainty(values):
+    """The standard error of the median, as a part of it. It is estimated from the distance of the
+    quartiles, because single values can be far off."""
     quartiles = statistics.quantiles(values, n=4)
-    return (quartiles[2] - quartiles[0]) / quartiles[1]
+    return 0.93 * (quartiles[2] - quartiles[0]) / math.sqrt(len(values)) / quartiles[1]
 
 
 def process_times(commands, rounds):
