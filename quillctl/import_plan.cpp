@@ -150,7 +150,7 @@ std::string ImportPlan::Script() const {
 }
 
 std::string ImportPlan::ShownScript() const {
-  const std::string script = Script();
+  std::string script = Script();
   const std::size_t secret = books.front().secretField;
   if (IsScript() || secret == AddressBook::kNone) return script;
   std::string shown;

@@ -120,7 +120,7 @@ class Lists {
     if (a.name == a.newName) throw UsageError("the new name is the old one");
     const std::string names = Named(a.name) + " to " + Quoted(a.newName);
     const std::set<Row> rows = RowsOf(ReadNamed(a.name));
-    if constexpr (kRename == nullptr) {
+    if constexpr (std::is_null_pointer_v<decltype(kRename)>) {
       RenameByCopy(a, "rename " + names);
     } else {
       RequireSuccess((scanner.*kRename)(a.name, a.newName), "rename " + names);
