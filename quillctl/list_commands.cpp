@@ -123,7 +123,7 @@ class Lists {
     if constexpr (std::is_null_pointer_v<decltype(kRename)>) {
       RenameByCopy(a, "rename " + names);
     } else {
-      RequireSuccess((scanner.*kRename)(a.name, a.newName), "rename " + names);
+      RequireChange((scanner.*kRename)(a.name, a.newName), "rename " + names);
       Verify("rename " + names, [&] {
         const Names now = ReadNames();
         return now.contains(a.newName) && !now.contains(a.name) && RowsOf(Read(a.newName)) == rows;
@@ -243,7 +243,7 @@ class Lists {
 
   void DeleteList(const std::string& name) {
     const std::string what = "delete " + Named(name);
-    RequireSuccess(book.MembersOf(name).DeleteBook(), what);
+    RequireChange(book.MembersOf(name).DeleteBook(), what);
     Verify(what, [&] { return !ReadNames().contains(name); });
   }
 
@@ -256,7 +256,7 @@ class Lists {
       throw Refusal("cannot " + what + ": the limit of " + std::to_string(kMaxLists) +
                     " is reached");
     }
-    RequireSuccess(book.MembersOf(name).CreateBook(), what);
+    RequireChange(book.MembersOf(name).CreateBook(), what);
     Verify(what, [&] { return ReadNames().contains(name); });
     ChangeMembers(name, Change::kFill, members, 0, what, termination);
   }

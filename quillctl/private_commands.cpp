@@ -61,7 +61,7 @@ bool StoreContents(PrivateBook& into) {
   }
   for (std::int32_t i = 0; i < book.ListCount(); ++i) {
     const quillkit::CPrivEmailDL& list = *book.ListAt(i);
-    isValid = isValid && list.Name().size() < 32 && list.Name() == list.Name().c_str() &&
+    isValid = isValid && list.Name().size() < 32 && list.Name().find('\0') == std::string::npos &&
               list.Count() <= quillkit::MaxListMembers;
     add(list.Name(), "", "");
     for (std::int32_t j = 0; j < list.Count(); ++j) add(list.Name(), list.GetAt(j)->Name(), "");

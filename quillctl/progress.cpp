@@ -1,6 +1,7 @@
 #include "quillctl/progress.h"
 
 #include <algorithm>
+#include <cmath>
 #include <iostream>
 #include <utility>
 
@@ -19,7 +20,7 @@ bool isSilent = false;
 
 // Returns minutes and seconds.
 std::string Duration(double seconds) {
-  const auto whole = static_cast<std::uint64_t>(seconds + 0.5);
+  const auto whole = static_cast<std::uint64_t>(std::llround(seconds));
   const std::string rest = std::to_string(whole % 60);
   return std::to_string(whole / 60) + (rest.size() < 2 ? ":0" : ":") + rest;
 }

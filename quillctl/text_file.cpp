@@ -30,7 +30,7 @@ UsageError TooLarge(const std::string& name, std::size_t limit) {
 }
 
 std::string ReadStdin(std::size_t limit) {
-  const BinaryStdin binary;
+  ReadStdinAsBinary();
   std::string bytes;
   std::array<char, 65536> block = {};
   while (std::cin && bytes.size() <= limit) {

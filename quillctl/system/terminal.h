@@ -15,14 +15,8 @@ bool StdinIsTerminal();
 // Keeps the session alive meanwhile. REQUIRES: standard input is a terminal.
 std::string ReadLineFromTerminal();
 
-// While this object exists, standard input is read without conversion of line ends.
-class BinaryStdin {
- public:
-  BinaryStdin();
-  BinaryStdin(const BinaryStdin&) = delete;
-  BinaryStdin& operator=(const BinaryStdin&) = delete;
-  ~BinaryStdin();
-};
+// From now on, standard input is read without conversion of line ends.
+void ReadStdinAsBinary();
 
 // Runs the keep-alive of the session if it is due. Call it between the parts of long work.
 void KeepSessionAlive();

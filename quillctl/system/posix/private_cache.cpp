@@ -67,7 +67,7 @@ void LimitTime(int milliseconds) {
   static_cast<void>(std::signal(SIGALRM, EndProcess));
   itimerval timer = {};
   timer.it_value.tv_sec = milliseconds / 1000;
-  timer.it_value.tv_usec = milliseconds % 1000 * 1000;
+  timer.it_value.tv_usec = suseconds_t{milliseconds % 1000} * 1000;
   setitimer(ITIMER_REAL, &timer, nullptr);
 }
 

@@ -64,8 +64,7 @@ std::string ReadLineFromTerminal() {
   return line;
 }
 
-BinaryStdin::BinaryStdin() = default;
-BinaryStdin::~BinaryStdin() = default;
+void ReadStdinAsBinary() {}
 
 void KeepSessionAlive() {
   QuillkitDispatchEvents();

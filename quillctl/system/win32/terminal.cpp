@@ -55,12 +55,8 @@ std::string ReadLineFromTerminal() {
   return line;
 }
 
-BinaryStdin::BinaryStdin() {
+void ReadStdinAsBinary() {
   _setmode(_fileno(stdin), _O_BINARY);
-}
-
-BinaryStdin::~BinaryStdin() {
-  _setmode(_fileno(stdin), _O_TEXT);
 }
 
 void KeepSessionAlive() {
