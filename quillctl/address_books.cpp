@@ -6,6 +6,7 @@
 
 #include "base/secret.h"
 #include "quillctl/failures.h"
+#include "quillctl/progress.h"
 #include "quillctl/system/terminal.h"
 #include "toolkit/quillkit.h"
 #include "views/entry_source.h"
@@ -163,17 +164,19 @@ std::vector<std::string> BookWords() {
   return words;
 }
 
-Progress::Total TotalOf(const AddressBook& book, const quillkit::CScanner& scanner) {
-  return [&book, &scanner] {
-    std::uint32_t count = 0;
-    return book.count(scanner, &count) == quillkit::kNoError ? count : 0;
-  };
+std::vector<std::string> AllBookWords() {
+  std::vector<std::string> words = BookWords();
+  words.emplace_back(PrivateBook().front().word);
+  return words;
 }
 
 std::optional<std::vector<Row>> ReadAllEntries(const AddressBook& book,
                                                const quillkit::CScanner& scanner) {
   std::vector<Row> rows;
-  Progress progress("Reading the " + std::string(book.title), TotalOf(book, scanner));
+  Progress progress("Reading the " + std::string(book.title), [&] {
+    std::uint32_t total = 0;
+    return book.count(scanner, &total) == quillkit::kNoError ? total : 0;
+  });
   const auto keep = [&](Row row) {
     rows.push_back(std::move(row));
     progress.Step();

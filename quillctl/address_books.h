@@ -14,7 +14,6 @@
 #include <vector>
 
 #include "appliance/scanner.h"
-#include "quillctl/progress.h"
 #include "quillctl/text_table.h"
 
 namespace quillctl {
@@ -87,10 +86,9 @@ std::span<const AddressBook> FindBook(std::string_view word);
 // Returns the book with this word, also the private one. REQUIRES: there is one.
 const AddressBook& BookOf(std::string_view word);
 
+// Return the words of the public books, or of all books.
 std::vector<std::string> BookWords();
-
-// Returns a function that returns the number of entries in the book, 0 if it is unknown.
-Progress::Total TotalOf(const AddressBook& book, const quillkit::CScanner& scanner);
+std::vector<std::string> AllBookWords();
 
 // Returns all entries of the book, none for a missing book. Returns nothing if they cannot be read,
 // or if their number is not the one that the appliance reports.

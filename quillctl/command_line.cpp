@@ -237,27 +237,19 @@ std::string Parser::UnknownOption(const std::string& word) const {
   if (word.starts_with("--password")) return "unknown option that begins with --password";
   if (!word.starts_with("--")) return "unknown option " + Quoted(word.substr(0, 2));
   const std::string name = word.substr(0, word.find('='));
-  std::vector<std::string> names;
-  for (const CLI::App* each : {&LastParsed(), &app}) {
-    for (const CLI::Option* option : each->get_options()) {
-      if (option->nonpositional()) names.push_back("--" + option->get_lnames().front());
-    }
-  }
-  const std::string nearest = Nearest(name, names);
+  const std::string nearest = Nearest(name, OptionNames(LastParsed(), app));
   return "unknown option " + Quoted(name) +
          (nearest.empty() ? "" : "; did you mean " + nearest + '?');
 }
 
 std::string Parser::UnknownCommand(const std::string& word) const {
-  // A word before the first command that was parsed is a misspelt noun: its verb has the name of a
-  // noun.
+  // Of "entyr list", CLI11 parses `list` as the command of the program. The unknown word before it
+  // is then a misspelt noun.
   const CLI::App& last = LastParsed();
   const auto found = std::ranges::find(arguments, word);
   const bool isNoun = std::find(found, arguments.end(), last.get_name()) != arguments.end();
   const CLI::App& group = isNoun ? app : last;
-  std::vector<std::string> names;
-  for (const CLI::App* each : group.get_subcommands(nullptr)) names.push_back(each->get_name());
-  const std::string nearest = Nearest(word, names);
+  const std::string nearest = Nearest(word, CommandNames(group));
   return "unknown command" + (MayBeSecret(word) ? "" : ' ' + Quoted(word)) + "; " +
          (nearest.empty() ? "" : "did you mean " + nearest + "? ") + "see " + HelpOf(group);
 }

@@ -1,5 +1,6 @@
 #include "quillctl/commands.h"
 
+#include <algorithm>
 #include <charconv>
 #include <utility>
 
@@ -54,6 +55,24 @@ CLI::Option* AsName(CLI::Option* option) {
 
 CLI::Option* AddName(CLI::App* command, const char* title, std::string& into, const char* help) {
   return AsName(command->add_option(title, into, help)->required());
+}
+
+std::vector<std::string> OptionNames(const CLI::App& command, const CLI::App& program) {
+  std::vector<std::string> names;
+  for (const CLI::App* app : {&command, &program}) {
+    for (const CLI::Option* each : app->get_options()) {
+      if (!each->nonpositional()) continue;
+      std::string name = "--" + each->get_lnames().front();
+      if (std::ranges::count(names, name) == 0) names.push_back(std::move(name));
+    }
+  }
+  return names;
+}
+
+std::vector<std::string> CommandNames(const CLI::App& group) {
+  std::vector<std::string> names;
+  for (const CLI::App* each : group.get_subcommands(nullptr)) names.push_back(each->get_name());
+  return names;
 }
 
 void AddJson(CLI::App* command, bool& into) {

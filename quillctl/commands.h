@@ -11,6 +11,7 @@
 #include <span>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "quillctl/session.h"
 
@@ -61,6 +62,12 @@ CLI::Option* AddNumber(CLI::App* command, const char* title, Number& into, const
       ->type_name("NUMBER")
       ->check(NumberInRange(min, max));
 }
+
+// Returns the long options of a command and of the program, each once, with "--".
+std::vector<std::string> OptionNames(const CLI::App& command, const CLI::App& program);
+
+// Returns the commands of a group, or of the program.
+std::vector<std::string> CommandNames(const CLI::App& group);
 
 // Adds --json.
 void AddJson(CLI::App* command, bool& into);

@@ -73,11 +73,8 @@ class Place {
   // Returns the words that may stand here.
   Words Candidates(bool isOption) const {
     if (option != nullptr) return Choices(*option);
-    if (isOption) return OptionNames();
-    Words words;
-    for (const CLI::App* each : command->get_subcommands(nullptr)) {
-      words.push_back(each->get_name());
-    }
+    if (isOption) return OptionNames(*command, root);
+    Words words = CommandNames(*command);
     const auto arguments =
         command->get_options([](const CLI::Option* each) { return each->get_positional(); });
     if (words.empty() && positionals.size() < arguments.size()) {
@@ -131,18 +128,6 @@ class Place {
       }
     }
     return nullptr;
-  }
-
-  Words OptionNames() const {
-    Words names;
-    for (const CLI::App* app : {command, &root}) {
-      for (const CLI::Option* each : app->get_options()) {
-        if (!each->nonpositional()) continue;
-        std::string name = "--" + each->get_lnames().front();
-        if (!std::ranges::count(names, name)) names.push_back(std::move(name));
-      }
-    }
-    return names;
   }
 
   const CLI::App& root;

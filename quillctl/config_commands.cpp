@@ -87,13 +87,9 @@ void Make(const Session& session, const std::vector<KeySetChange>& changes) {
 // Reads the keys. Throws a PartialFailure unless they are the wanted ones, and an UnknownResult if
 // they cannot be read.
 void RequireApplied(const Session& session, const KeySet& wanted) {
-  std::vector<KeySetChange> missing;
-  try {
-    missing = Difference(ReadKeySet(session), wanted);
-  } catch (const Refusal& why) {
-    throw UnknownResult(
-        std::string("the appliance accepted all changes, but they cannot be read: ") + why.what());
-  }
+  const std::vector<KeySetChange> missing =
+      ReadBack("the appliance accepted all changes, but they cannot be read",
+               [&] { return Difference(ReadKeySet(session), wanted); });
   if (missing.empty()) return;
   throw PartialFailure("the appliance accepted all changes, but did not make this one: " +
                        Described(missing.front()));
@@ -152,7 +148,7 @@ void ApplyKeys(const Credentials& credentials, const std::string& path, bool yes
   Confirm(yes, "Make these changes?");
   Make(session, changes);
   RequireApplied(session, wanted);
-  std::cout << "Made " << changes.size() << (changes.size() == 1 ? " change.\n" : " changes.\n");
+  std::cout << "Made " << Counted(changes.size(), "change") << ".\n";
 }
 
 }  // namespace

@@ -168,6 +168,11 @@ std::string Quoted(std::string_view text) {
   return '"' + DisplayedText(text) + '"';
 }
 
+std::string Counted(std::size_t count, const std::string& singular, const std::string& plural) {
+  const std::string many = plural.empty() ? singular + 's' : plural;
+  return std::to_string(count) + ' ' + (count == 1 ? singular : many);
+}
+
 std::size_t DisplayedWidth(std::string_view displayed) {
   return displayed.size() -
          static_cast<std::size_t>(std::ranges::count_if(displayed, IsContinuation));
@@ -176,7 +181,8 @@ std::size_t DisplayedWidth(std::string_view displayed) {
 std::string CutDisplayed(const std::string& displayed, std::size_t width) {
   if (DisplayedWidth(displayed) <= width) return displayed;
   std::size_t end = 0;
-  for (std::size_t i = 1; i < width; ++i) end += CharacterLength(displayed.substr(end));
+  for (std::size_t i = 1; i < width; ++i)
+    end += CharacterLength(std::string_view(displayed).substr(end));
   return displayed.substr(0, end) + "…";
 }
 

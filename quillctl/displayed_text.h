@@ -35,6 +35,9 @@ std::string HexadecimalBytes(std::string_view bytes);
 // Returns DisplayedText between double quotes.
 std::string Quoted(std::string_view text);
 
+// Returns text such as "1 key" or "2 keys". An empty `plural` is the singular with an "s".
+std::string Counted(std::size_t count, const std::string& singular, const std::string& plural = {});
+
 // Returns the number of characters in a result of DisplayedText.
 std::size_t DisplayedWidth(std::string_view displayed);
 

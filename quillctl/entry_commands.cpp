@@ -50,8 +50,8 @@ std::string TitleOf(const AddressBook& book) {
   return std::string(book.title);
 }
 
-std::string Counted(std::size_t entries) {
-  return std::to_string(entries) + (entries == 1 ? " entry" : " entries");
+std::string CountedEntries(std::size_t count) {
+  return Counted(count, "entry", "entries");
 }
 
 std::string DescribedEntry(const AddressBook& book, const std::string& name) {
@@ -264,7 +264,7 @@ void DeleteEntry(const Session& session, const Arguments& arguments) {
 
 void ClearBook(const Session& session, const Arguments& arguments) {
   const AddressBook& book = BookOf(arguments.book);
-  const std::string what = Counted(CountOf(session, book)) + " of the " + TitleOf(book);
+  const std::string what = CountedEntries(CountOf(session, book)) + " of the " + TitleOf(book);
   Confirm(arguments.yes, "Delete " + what + '?');
   RequireChange(book.clear(*session.Scanner()), "clear the " + TitleOf(book));
   std::cout << "Deleted " << what << ".\n";
@@ -281,7 +281,7 @@ void ExportEntries(const Session& session, const Arguments& arguments) {
   if (!entries) throw Refusal("cannot read the " + TitleOf(book) + " completely");
   for (const Row& each : *entries) file->Add(each);
   WriteOutput(arguments.file, file->Text(),
-              "Exported " + Counted(entries->size()) + " of the " + TitleOf(book) + " to " +
+              "Exported " + CountedEntries(entries->size()) + " of the " + TitleOf(book) + " to " +
                   Quoted(arguments.file) + '.');
 }
 
@@ -298,8 +298,7 @@ using Run = void (*)(const Session&, const Arguments&);
 CLI::App* AddBookCommand(Commands& entry, const char* name, const char* help, Run run,
                          const std::shared_ptr<Arguments>& a, bool withUsers = true) {
   CLI::App* command = entry.Add(name, help, [a, run](Session& session) { run(session, *a); });
-  std::vector<std::string> books = BookWords();
-  books.emplace_back(PrivateBook().front().word);
+  std::vector<std::string> books = AllBookWords();
   if (!withUsers) std::erase(books, kUsers);
   command->add_option("book", a->book, "The book")->required()->check(CLI::IsMember(books));
   return command;

@@ -86,14 +86,14 @@ void RequireSuccess(std::int32_t status, std::string_view what);
 // or 19.
 void RequireChange(std::int32_t status, std::string_view what);
 
-// Calls `read` after a change of `what`, and returns its result. Throws its Refusal as an
-// UnknownResult.
+// Calls `read` after a change, and returns its result. Throws its Refusal as an UnknownResult that
+// begins with `failure`.
 template <class Read>
-auto ReadBack(const std::string& what, Read read) {
+auto ReadBack(const std::string& failure, Read read) {
   try {
     return read();
   } catch (const Refusal& why) {
-    throw UnknownResult(what + " may have changed: " + why.what());
+    throw UnknownResult(failure + ": " + why.what());
   }
 }
 

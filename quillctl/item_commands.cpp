@@ -175,11 +175,8 @@ Items ReadItems(const Session& session, const std::string& key) {
 // `failure` if that cannot be read.
 bool HasItem(const Session& session, const std::string& key, const std::string& name,
              const std::string& failure) {
-  try {
-    return std::ranges::count(ReadItems(session, key), name, &ItemFields::name) != 0;
-  } catch (const Refusal& why) {
-    throw UnknownResult(failure + ": " + why.what());
-  }
+  const Items items = ReadBack(failure, [&] { return ReadItems(session, key); });
+  return std::ranges::count(items, name, &ItemFields::name) != 0;
 }
 
 // Moves an item to another key. Adds it there before it deletes it here, so that a failure can

@@ -44,21 +44,16 @@ struct Arguments {
   bool yes = false;
 };
 
-std::string Counted(std::size_t members) {
-  return std::to_string(members) + (members == 1 ? " member" : " members");
+std::string CountedMembers(std::size_t count) {
+  return Counted(count, "member");
 }
 
 // Verifies a change. `isDone` reads what should have changed. Throws a Refusal if it returns false,
 // and an UnknownResult if it throws a Refusal.
 template <class IsDone>
 void Verify(const std::string& what, IsDone isDone) {
-  bool holds = false;
-  try {
-    holds = isDone();
-  } catch (const Refusal& why) {
-    throw UnknownResult("cannot check the request to " + what + ": " + why.what());
-  }
-  if (!holds) throw Refusal("the appliance reports success, but did not " + what);
+  if (!ReadBack("cannot check the request to " + what, isDone))
+    throw Refusal("the appliance reports success, but did not " + what);
 }
 
 constexpr const char* kStopping = "stopping after the current member";
@@ -106,14 +101,14 @@ class Lists {
   void Create(const Arguments& a) {
     const Members members = MembersFor(a, {}, true);
     Fill(a.name, members, "create " + Named(a.name), DeferredTermination(kStopping));
-    std::cout << "Created " << Named(a.name) << " with " << Counted(members.size()) << ".\n";
+    std::cout << "Created " << Named(a.name) << " with " << CountedMembers(members.size()) << ".\n";
   }
 
   void Copy(const Arguments& a) {
     const std::string names = Named(a.name) + " to " + Quoted(a.newName);
     const Members members = ReadNamed(a.name);
     Fill(a.newName, members, "copy " + names, DeferredTermination(kStopping));
-    std::cout << "Copied " << names << " with " << Counted(members.size()) << ".\n";
+    std::cout << "Copied " << names << " with " << CountedMembers(members.size()) << ".\n";
   }
 
   void Rename(const Arguments& a) {
@@ -133,7 +128,7 @@ class Lists {
   }
 
   void Delete(const Arguments& a) {
-    const std::string what = Named(a.name) + " with " + Counted(ReadNamed(a.name).size());
+    const std::string what = Named(a.name) + " with " + CountedMembers(ReadNamed(a.name).size());
     Confirm(a.yes, "Delete " + what + '?');
     DeleteList(a.name);
     std::cout << "Deleted " << what << ".\n";
@@ -215,7 +210,7 @@ class Lists {
     }
     const std::size_t count = members.size() + present.size();
     if (!adds || count <= quillkit::MaxListMembers) return members;
-    throw Refusal(Named(a.name) + " would have " + Counted(count) + "; the limit is 512");
+    throw Refusal(Named(a.name) + " would have " + CountedMembers(count) + "; the limit is 512");
   }
 
   Member MemberFrom(const std::string& name) const {
@@ -234,7 +229,8 @@ class Lists {
   void AddOrRemove(const Arguments& a, bool adds) {
     const Members present = ReadNamed(a.name);
     const Members members = MembersFor(a, present, adds);
-    const std::string what = Counted(members.size()) + (adds ? " to " : " from ") + Named(a.name);
+    const std::string what =
+        CountedMembers(members.size()) + (adds ? " to " : " from ") + Named(a.name);
     if (!adds) Confirm(a.yes, "Remove " + what + '?');
     ChangeMembers(a.name, adds ? Change::kAdd : Change::kRemove, members, present.size(),
                   (adds ? "add " : "remove ") + what, DeferredTermination(kStopping));
@@ -282,9 +278,10 @@ class Lists {
     if (done == members.size() && rows.size() == count) return;
     if (fault.empty()) fault = "the appliance reports success, but delivers other members";
     const bool isNew = change == Change::kFill;
-    const std::string text =
-        "cannot " + what + ": " + fault + "; " + (isNew ? "created the list, and " : "") +
-        (adds ? "added " : "removed ") + std::to_string(done) + " of " + Counted(members.size());
+    const std::string text = "cannot " + what + ": " + fault + "; " +
+                             (isNew ? "created the list, and " : "") +
+                             (adds ? "added " : "removed ") + std::to_string(done) + " of " +
+                             CountedMembers(members.size());
     if (done == 0 && !isNew) throw Refusal(text);
     throw PartialFailure(text);
   }

@@ -52,11 +52,11 @@ Names EntryNames(const Session& session, const NameQuery& query) {
     if (isWanted) names.push_back(row[0]);
     return isWanted && names.size() <= kMaxNames;
   };
-  const std::vector<std::string> books = BookWords();
-  if (query.scope != PrivateBook().front().word && !std::ranges::count(books, query.scope))
-    return {};
+  const std::vector<std::string> books = AllBookWords();
+  if (!std::ranges::count(books, query.scope)) return {};
   BookOf(query.scope).read(*session.Scanner(), query.prefix, query.prefix.substr(0, 1) + '*', keep);
-  if (names.size() > kMaxNames) names.clear();  // what they begin with is not what all begin with
+  // A shell inserts what all names have in common. That is wrong if further names are missing.
+  if (names.size() > kMaxNames) names.clear();
   return names;
 }
 

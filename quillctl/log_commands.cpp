@@ -71,7 +71,7 @@ void ClearLog(const Session& session, const Arguments& a) {
                 "clear the log");
   if (!a.exceptSystem) {
     const std::vector<std::string> now =
-        ReadBack("the log", [&] { return ReadLog(session, a.user); });
+        ReadBack("the log may have changed", [&] { return ReadLog(session, a.user); });
     if (now.size() >= before.size() && now.front() == before.front()) {
       throw Refusal("cannot clear the log: the appliance did not make the change");
     }

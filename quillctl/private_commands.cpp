@@ -152,7 +152,8 @@ void BackUp(const Session& session, const std::string& path, bool yes) {
 // session has the wanted contents after a restore, whose failure is `fault`.
 void RequireRestored(const Session& session, const Contents& before, const Contents& wanted,
                      const std::string& fault) {
-  const Contents now = ReadBack("the private book", [&] { return ReadBook(session).contents; });
+  const Contents now =
+      ReadBack("the private book may have changed", [&] { return ReadBook(session).contents; });
   if (now == wanted) return;
   if (now == before) throw Refusal("the private book was not changed" + fault);
   throw PartialFailure("the private book was changed, but differs from the file" + fault +

@@ -30,10 +30,6 @@ constexpr const char* kEntryPoints[] = {
     "IMSPBatchConfiguration",
 };
 
-std::string Counted(std::size_t count, const std::string& what) {
-  return std::to_string(count) + ' ' + what + (count == 1 ? "" : "s");
-}
-
 std::string LoadServerLibrary(CheckRun&) {
   struct Unload {
     void operator()(void* module) const { quillkit::UnloadModule(module); }

@@ -77,8 +77,8 @@ struct Account {
   void RequireChanged(bool succeeded, const std::string& verb, bool isDeleted = false) const {
     const std::string what = verb + ' ' + Described(user.Name());
     if (!succeeded) RequireSuccess(quillkit::GetLastToolkitError(), what);
-    const Account now =
-        ReadBack(Described(user.Name()), [&] { return Account(session, user.Name(), true); });
+    const Account now = ReadBack(Described(user.Name()) + " may have changed",
+                                 [&] { return Account(session, user.Name(), true); });
     const bool isSame = now.user.name == user.name && now.user.third == user.third &&
                         now.user.fourth == user.fourth && now.user.IsOn() == user.IsOn();
     if (succeeded && (isDeleted ? now.user.name.IsEmpty() : isSame)) return;
@@ -193,7 +193,7 @@ void SetDefaultPrinter(const Session& session, const std::string& name) {
     book.LoadPrinters();
     book.SetDefaultPrinter(name);
     error = quillkit::GetLastToolkitError();
-    now = ReadBack("the default printer", [&] { return ReadPrinters(session); });
+    now = ReadBack("the default printer may have changed", [&] { return ReadPrinters(session); });
   }
   if (now == wanted) return;
   const std::string text = "cannot make " + Quoted(name) + " the only default printer: " +
