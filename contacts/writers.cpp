@@ -3,24 +3,10 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "contacts/transfer_encoding.h"
+
 namespace contacts {
 namespace {
-
-std::string Base64(std::string_view bytes) {
-  constexpr char kDigits[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-  std::string text;
-  for (std::size_t i = 0; i < bytes.size(); i += 3) {
-    const std::string_view group = bytes.substr(i, 3);
-    unsigned bits = 0;
-    for (std::size_t k = 0; k < 3; ++k) {
-      bits = bits << 8 | (k < group.size() ? static_cast<unsigned char>(group[k]) : 0U);
-    }
-    for (std::size_t k = 0; k < 4; ++k) {
-      text += k <= group.size() ? kDigits[bits >> (18 - 6 * k) & 63] : '=';
-    }
-  }
-  return text;
-}
 
 // Appends a line, folded so that no part has more than `width` bytes: each further part begins with
 // a space. A character of UTF-8 is not divided.
@@ -48,7 +34,7 @@ bool IsSafeInLdif(std::string_view value) {
 void AppendAttribute(std::string& file, std::string_view name, std::string_view value) {
   if (value.empty()) return;
   std::string line(name);
-  line += IsSafeInLdif(value) ? ": " + std::string(value) : ":: " + Base64(value);
+  line += IsSafeInLdif(value) ? ": " + std::string(value) : ":: " + EncodeBase64(value);
   AppendFolded(file, line, 76, "\n");
 }
 

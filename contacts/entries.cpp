@@ -1,0 +1,133 @@
+#include "contacts/entries.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <string_view>
+#include <utility>
+
+namespace contacts {
+namespace {
+
+// Removes the apostrophe that keeps a spreadsheet from reading a formula.
+void RemoveFormulaMark(std::string& text) {
+  const bool isMarked = text.size() > 1 && text.front() == '\'' &&
+                        std::string_view("=+-@\t\r").find(text[1]) != std::string_view::npos;
+  if (isMarked) text.erase(0, 1);
+}
+
+void Reject(Entry& entry, Finding finding) {
+  if (entry.fault.problem == nullptr) entry.fault = std::move(finding);
+}
+
+}  // namespace
+
+EntryReader::EntryReader(std::istream& source, const Form& newForm, Mapping newMapping,
+                         const EntryOptions& newOptions)
+    : form(newForm),
+      mapping(std::move(newMapping)),
+      options(newOptions),
+      reader(MakeReader(source, newForm)) {
+  if (form.format != Format::kCsv) return;
+  hasFirst = reader->Next(record);
+  if (hasFirst && record.fault.problem != nullptr) {
+    throw FormError("cannot read the first row: " + std::string(record.fault.problem->reason));
+  }
+  if (hasFirst) mapping.SetColumns(record, form.hasHeadings);
+  if (form.hasHeadings) hasFirst = false;
+}
+
+bool EntryReader::Next(Entry& entry) {
+  if (!hasFirst && !reader->Next(record)) return false;
+  hasFirst = false;
+  SetEntry(entry);
+  return true;
+}
+
+void EntryReader::SetEntry(Entry& entry) {
+  entry.line = record.line;
+  entry.begin = record.begin;
+  entry.end = record.end;
+  entry.fault.problem = nullptr;
+  entry.notes.clear();
+  entry.values.resize(mapping.Fields().size());
+  entry.isPassedOver = record.isGroup && record.fault.problem == nullptr;
+  for (std::string& each : entry.values) each.clear();
+  if (record.fault.problem != nullptr) {
+    entry.fault = record.fault;
+    if (const std::size_t column = record.fault.column; column != 0) {
+      entry.fault.heading =
+          column <= mapping.Headings().size() ? mapping.Headings()[column - 1] : "";
+    }
+  } else if (record.isGroup) {
+    entry.notes.push_back({&kGroup, 0, {}, 0});
+  } else {
+    Check(entry, mapping.Map(record, values));
+  }
+}
+
+Finding EntryReader::FindingOf(const Problem& problem, const EntryValue& value,
+                               std::size_t width) const {
+  const bool hasHeading = value.column != 0 && value.column <= mapping.Headings().size();
+  return {&problem, value.column,
+          hasHeading ? mapping.Headings()[value.column - 1] : std::string(value.heading), width};
+}
+
+void EntryReader::RejectExtraColumns(Entry& entry) const {
+  for (const Value& each : record.Values()) {
+    if (each.column > mapping.Headings().size() && !each.text.empty()) {
+      return Reject(entry, {&kExtraColumn, each.column, {}, 0});
+    }
+  }
+}
+
+void EntryReader::Check(Entry& entry, std::size_t addresses) {
+  if (form.hasHeadings && form.format == Format::kCsv) RejectExtraColumns(entry);
+  for (EntryValue& each : values) {
+    if (each.fault != nullptr) Reject(entry, FindingOf(*each.fault, each));
+    if (form.hasMark && form.format == Format::kCsv) RemoveFormulaMark(each.text);
+  }
+  const std::vector<Field>& fields = mapping.Fields();
+  EntryValue& name = values.front();
+  const bool isEmpty =
+      std::ranges::all_of(values, [](const EntryValue& each) { return each.text.empty(); });
+  if (isEmpty && form.format == Format::kLdif && entry.fault.problem == nullptr) {
+    entry.isPassedOver = true;
+    entry.notes.push_back({&kOtherKind, 0, {}, 0});
+    return;
+  }
+  if (record.isFragment) Reject(entry, {&kBadLine, 0, {}, 0});
+  for (std::size_t i = 1; i < fields.size(); ++i) {
+    if (fields[i].isRequired && values[i].text.empty()) Reject(entry, {&kNoAddress, 0, {}, 0});
+  }
+  if (name.text.empty() && fields.size() > 1 && fields[1].isRequired) {
+    name = values[1];
+    if (entry.fault.problem == nullptr) entry.notes.push_back({&kNameFromAddress, 0, {}, 0});
+  }
+  if (name.text.empty()) Reject(entry, {&kNoName, 0, {}, 0});
+  for (const Value& each : record.Values()) {
+    if (each.fault == &kUrlReference)
+      entry.notes.push_back({&kUrlReference, each.column, each.name, 0});
+  }
+  if (addresses > 1) entry.notes.push_back({&kSecondAddress, 0, {}, 0});
+  for (std::size_t i = 0; i < fields.size() && entry.fault.problem == nullptr; ++i) {
+    StoreValue(entry, i);
+  }
+}
+
+void EntryReader::StoreValue(Entry& entry, std::size_t field) {
+  const EntryValue& value = values[field];
+  const std::size_t width = mapping.Fields()[field].width;
+  std::string& stored = entry.values[field];
+  if (value.isBytes || options.storeAs == Encoding::kUtf8) {
+    stored = value.text;
+  } else if (!AppendWindows1252(stored, value.text)) {
+    return Reject(entry, FindingOf(kNotStorable, value));
+  }
+  if (stored.size() <= width) return;
+  if (!options.shorten) return Reject(entry, FindingOf(kTooLong, value, width));
+  const bool isUtf8 = options.storeAs == Encoding::kUtf8 && !value.isBytes;
+  stored.resize(isUtf8 ? CutUtf8(stored, width).size() : width);
+  entry.notes.push_back(FindingOf(kShortened, value, width));
+}
+
+}  // namespace contacts

@@ -1,0 +1,64 @@
+// The entries that a contact file holds for an address book.
+
+#ifndef CONTACTS_ENTRIES_H_
+#define CONTACTS_ENTRIES_H_
+
+#include <cstdint>
+#include <istream>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "contacts/form.h"
+#include "contacts/mapping.h"
+#include "contacts/record.h"
+
+namespace contacts {
+
+// A record as an entry of the book.
+struct Entry {
+  std::uint64_t line = 0;  // the number of its first line, from 1
+  std::uint64_t begin = 0;
+  std::uint64_t end = 0;
+  std::vector<std::string> values;  // one for each field, as they are stored
+  Finding fault;                    // why it cannot be imported
+  std::vector<Finding> notes;
+  bool isPassedOver = false;  // not an entry for this book; a note tells why
+};
+
+struct EntryOptions {
+  Encoding storeAs = Encoding::kUtf8;  // or kWindows1252
+  bool shorten = false;                // cut values that are too long
+};
+
+class EntryReader {
+ public:
+  // Reads the source from its current position, which is the beginning of the file. Throws a
+  // FormError as Mapping::SetColumns does. The source must outlive this object.
+  EntryReader(std::istream& source, const Form& newForm, Mapping newMapping,
+              const EntryOptions& newOptions);
+
+  // Reads the next record. Returns false after the last one.
+  bool Next(Entry& entry);
+
+  const Mapping& GetMapping() const { return mapping; }
+
+ private:
+  void SetEntry(Entry& entry);
+  void Check(Entry& entry, std::size_t addresses);
+  void StoreValue(Entry& entry, std::size_t field);
+  void RejectExtraColumns(Entry& entry) const;
+  Finding FindingOf(const Problem& problem, const EntryValue& value, std::size_t width = 0) const;
+
+  const Form form;
+  Mapping mapping;
+  const EntryOptions options;
+  std::unique_ptr<Reader> reader;
+  bool hasFirst = false;  // whether `record` holds the first row of a csv file without headings
+  Record record;
+  std::vector<EntryValue> values;
+};
+
+}  // namespace contacts
+
+#endif  // CONTACTS_ENTRIES_H_

@@ -1,0 +1,160 @@
+#include "contacts/form.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
+#include <sstream>
+#include <string>
+#include <tuple>
+
+#include "contacts/csv_reader.h"
+#include "contacts/json_reader.h"
+#include "contacts/ldif_reader.h"
+#include "contacts/lines.h"
+#include "contacts/lower_case.h"
+#include "contacts/vcard_reader.h"
+
+namespace contacts {
+namespace {
+
+constexpr std::string_view kFormats[] = {"csv", "ldif", "vcard", "json"};
+
+constexpr std::size_t kMostRowsTried = 200;
+
+// Returns the sample without a character at its end that is incomplete.
+std::string_view WholeCharacters(std::string_view sample) {
+  return sample.size() < kSampleSize ? sample : CutUtf8(sample, kSampleSize - 4);
+}
+
+Encoding RecogniseEncoding(std::string_view sample, const KnownForm& known, const Mark& mark) {
+  if (known.encoding) return *known.encoding;
+  if (mark.encoding) return *mark.encoding;
+  const auto nuls = static_cast<std::size_t>(std::ranges::count(sample, '\0'));
+  if (nuls > sample.size() / 10) {
+    throw FormError("this is not text, or UTF-16 without a byte order mark; name the encoding");
+  }
+  return IsUtf8(WholeCharacters(sample)) ? Encoding::kUtf8 : Encoding::kLikelyWindows1252;
+}
+
+Format RecogniseFormat(std::string_view sample, Encoding encoding) {
+  std::istringstream source{std::string(sample)};
+  for (Lines lines(source, encoding); lines.Next();) {
+    std::string_view line = lines.Text();
+    line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
+    if (line.empty() || line.starts_with('#')) continue;
+    if (BeginsInAnyCase(line, "begin:vcard")) return Format::kVcard;
+    if (BeginsInAnyCase(line, "dn:") || BeginsInAnyCase(line, "version:")) return Format::kLdif;
+    if (line.starts_with('{') || line.starts_with('[')) return Format::kJson;
+    break;
+  }
+  return Format::kCsv;
+}
+
+// How well a delimiter divides the sample.
+struct Reading {
+  char delimiter = ',';
+  double regular = 0;  // the part of the rows that have as many values as the first row
+  std::size_t known = 0;
+  std::size_t columns = 0;  // of the first row, 0 if it cannot be read
+  std::string firstRow;
+
+  auto Rank() const { return std::tie(regular, known); }
+};
+
+Reading Try(std::string_view sample, Encoding encoding, char delimiter, const Mapping& mapping) {
+  std::istringstream source{std::string(sample)};
+  CsvReader reader(source, encoding, delimiter);
+  Reading reading;
+  reading.delimiter = delimiter;
+  Record record;
+  std::size_t rows = 0;
+  std::size_t regular = 0;
+  for (; rows < kMostRowsTried && reader.Next(record); ++rows) {
+    if (rows == 0) {
+      if (record.fault.problem != nullptr) return reading;
+      reading.known = mapping.KnownHeadings(record);
+      reading.columns = record.Values().size();
+      for (const Value& each : record.Values()) {
+        reading.firstRow += (reading.firstRow.empty() ? "[" : " [") + each.text + ']';
+      }
+    }
+    if (record.fault.problem == nullptr && record.Values().size() == reading.columns) ++regular;
+  }
+  if (rows > 0) reading.regular = static_cast<double>(regular) / static_cast<double>(rows);
+  return reading;
+}
+
+// Looks at the first lines only, but for a first row that is larger.
+std::string_view Beginning(std::string_view sample) {
+  constexpr std::size_t kEnough = std::size_t{64} << 10;
+  return sample.substr(0, sample.find('\n', std::min(kEnough, sample.size())));
+}
+
+char RecogniseDelimiter(std::string_view sample, Encoding encoding, const Mapping& mapping) {
+  std::istringstream source{std::string(sample)};
+  Lines lines(source, encoding);
+  if (lines.Next() && SeparatorLine(lines.Text()) != '\0') return SeparatorLine(lines.Text());
+
+  Reading best;
+  Reading tied;
+  for (const char delimiter : kDelimiters) {
+    Reading reading = Try(Beginning(sample), encoding, delimiter, mapping);
+    if (reading.columns < 2 || (best.columns != 0 && reading.Rank() < best.Rank())) continue;
+    tied = best.columns != 0 && best.Rank() == reading.Rank() ? best : Reading();
+    best = std::move(reading);
+  }
+  if (best.columns == 0 && Try(sample, encoding, best.delimiter, mapping).columns == 0) {
+    throw FormError("the file has none of the known formats");
+  }
+  if (tied.columns == 0) return best.delimiter;
+  throw FormError("two delimiters are possible: with \"" + std::string(1, tied.delimiter) +
+                  "\" the first row is " + tied.firstRow + ", with \"" +
+                  std::string(1, best.delimiter) + "\" it is " + best.firstRow);
+}
+
+}  // namespace
+
+std::string_view WordOf(Format format) {
+  return kFormats[static_cast<std::size_t>(format)];
+}
+
+std::optional<Format> FormatOf(std::string_view word) {
+  const auto* found = std::ranges::find(kFormats, word);
+  if (found == std::end(kFormats)) return std::nullopt;
+  return static_cast<Format>(found - std::begin(kFormats));
+}
+
+Form Recognise(std::string_view sample, const KnownForm& known, const Mapping& mapping) {
+  const Mark mark = FindMark(sample);
+  if (sample.size() == mark.size) throw FormError("the file is empty");
+  Form form;
+  form.encoding = RecogniseEncoding(sample, known, mark);
+  form.hasMark = mark.encoding == form.encoding;
+  form.format = known.format ? *known.format : RecogniseFormat(sample, form.encoding);
+  if (form.format == Format::kJson) {
+    if (IsUtf16(form.encoding)) throw FormError("a JSON file must be in UTF-8");
+    form.encoding = Encoding::kUtf8;
+  }
+  if (form.format != Format::kCsv) return form;
+  form.delimiter =
+      known.delimiter ? *known.delimiter : RecogniseDelimiter(sample, form.encoding, mapping);
+  form.hasHeadings =
+      known.hasHeadings ? *known.hasHeadings
+                        : Try(Beginning(sample), form.encoding, form.delimiter, mapping).known != 0;
+  return form;
+}
+
+std::unique_ptr<Reader> MakeReader(std::istream& source, const Form& form) {
+  switch (form.format) {
+    case Format::kLdif:
+      return std::make_unique<LdifReader>(source, form.encoding);
+    case Format::kVcard:
+      return std::make_unique<VcardReader>(source, form.encoding);
+    case Format::kJson:
+      return std::make_unique<JsonReader>(source);
+    default:
+      return std::make_unique<CsvReader>(source, form.encoding, form.delimiter);
+  }
+}
+
+}  // namespace contacts

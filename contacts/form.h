@@ -1,0 +1,52 @@
+// The form of a contact file: its format, encoding and delimiter, and how they are recognised.
+
+#ifndef CONTACTS_FORM_H_
+#define CONTACTS_FORM_H_
+
+#include <cstdint>
+#include <istream>
+#include <memory>
+#include <optional>
+#include <string_view>
+
+#include "contacts/encoding.h"
+#include "contacts/mapping.h"
+#include "contacts/record.h"
+
+namespace contacts {
+
+enum class Format : std::uint8_t { kCsv, kLdif, kVcard, kJson };
+
+// The names "csv", "ldif", "vcard" and "json".
+std::string_view WordOf(Format format);
+std::optional<Format> FormatOf(std::string_view word);
+
+struct Form {
+  Format format = Format::kCsv;
+  Encoding encoding = Encoding::kUtf8;
+  bool hasMark = false;      // whether the file begins with a byte order mark
+  char delimiter = ',';      // of a csv file
+  bool hasHeadings = false;  // whether its first row is a line of headings
+};
+
+// What is known of a form without looking at the file.
+struct KnownForm {
+  std::optional<Format> format;
+  std::optional<Encoding> encoding;
+  std::optional<char> delimiter;
+  std::optional<bool> hasHeadings;
+};
+
+// How many bytes at the beginning of a file Recognise() looks at.
+inline constexpr std::size_t kSampleSize = std::size_t{1} << 20;
+
+// Returns the form of a file that begins with the sample. `mapping` tells which headings are known.
+// Throws a FormError if the form cannot be told, or is not supported.
+Form Recognise(std::string_view sample, const KnownForm& known, const Mapping& mapping);
+
+// Returns a reader of the source, which must outlive it.
+std::unique_ptr<Reader> MakeReader(std::istream& source, const Form& form);
+
+}  // namespace contacts
+
+#endif  // CONTACTS_FORM_H_

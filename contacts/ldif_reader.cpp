@@ -1,0 +1,111 @@
+#include "contacts/ldif_reader.h"
+
+#include <algorithm>
+
+#include "contacts/lower_case.h"
+#include "contacts/transfer_encoding.h"
+
+namespace contacts {
+namespace {
+
+// Object classes of groups, in lower case.
+constexpr std::string_view kGroupClasses[] = {
+    "groupofnames", "groupofuniquenames", "groupofurls",     "group",
+    "mailgroup",    "posixgroup",         "rfc822mailgroup", "nismailalias"};
+
+std::string_view WithoutSpaces(std::string_view text) {
+  while (text.starts_with(' ') || text.starts_with('\t')) text.remove_prefix(1);
+  while (text.ends_with(' ') || text.ends_with('\t')) text.remove_suffix(1);
+  return text;
+}
+
+}  // namespace
+
+bool LdifReader::BeginsEntry() const {
+  return BeginsInAnyCase(logical, "dn:");
+}
+
+bool LdifReader::IsBlank() const {
+  return fault == nullptr && WithoutSpaces(logical).empty();
+}
+
+// Passes over comments.
+bool LdifReader::ReadLogicalLine() {
+  do {
+    if (!hasPhysical && !lines.Next()) return false;
+    hasPhysical = false;
+    logical = lines.Text();
+    fault = lines.Fault();
+    number = lines.Number();
+    begin = lines.Begin();
+    end = lines.End();
+    const bool isBlank = lines.IsBlank();
+    while ((hasPhysical = lines.Next()) && !isBlank && lines.Text().starts_with(' ')) {
+      if (fault == nullptr) fault = lines.Fault();
+      if (logical.size() > kMaxRecord) fault = &kRecordTooLong;
+      if (fault == nullptr) logical += lines.Text().substr(1);
+      end = lines.End();
+    }
+  } while (logical.starts_with('#'));
+  return true;
+}
+
+bool LdifReader::Next(Record& record) {
+  while (hasLogical || ReadLogicalLine()) {
+    hasLogical = false;
+    if (IsBlank() || BeginsInAnyCase(logical, "version:")) continue;
+    record.Begin(number, begin);
+    record.isFragment = !BeginsEntry();
+    do {
+      AddAttribute(record);
+      record.end = end;
+      if (record.end - record.begin > kMaxRecord) record.SetFault(kRecordTooLong);
+      hasLogical = ReadLogicalLine();
+    } while (hasLogical && !BeginsEntry() && !IsBlank());
+    if (hasLogical && IsBlank()) record.end = end;  // so that records can be put one after another
+    return true;
+  }
+  return false;
+}
+
+void LdifReader::AddAttribute(Record& record) const {
+  if (fault != nullptr) record.SetFault(*fault);
+  if (record.fault.problem != nullptr) return;
+  const std::string_view line = logical;
+  const std::size_t colon = line.find(':');
+  const std::string_view description = line.substr(0, colon);
+  if (colon == line.npos || description.empty() || description.starts_with(' ')) {
+    record.SetFault(kBadLine);
+    return;
+  }
+  const std::size_t options = description.find(';');
+  Value& value = record.Add(description.substr(0, options));
+  for (char& c : value.name) c = LowerCase(c);
+  if (options == description.npos) value.preference = 1;
+  SetText(value, line.substr(colon + 1));
+  if (value.name == "changetype" || value.name == "control") record.SetFault(kChangeRecord);
+  if (value.name == "objectclass" &&
+      std::ranges::find(kGroupClasses, LowerCase(value.text)) != std::end(kGroupClasses)) {
+    record.isGroup = true;
+  }
+}
+
+void LdifReader::SetText(Value& value, std::string_view text) const {
+  if (text.starts_with('<')) {
+    value.fault = &kUrlReference;
+  } else if (text.starts_with(':')) {
+    // The bytes of a file in UTF-16 are UTF-8, as the format prescribes.
+    std::string bytes;
+    if (!DecodeBase64(bytes, text.substr(1))) {
+      value.fault = &kBadBase64;
+    } else if (!AppendUtf8(value.text, bytes, IsUtf16(encoding) ? Encoding::kUtf8 : encoding)) {
+      value.fault = &kNotDecodable;
+    } else if (bytes.find('\0') != bytes.npos) {
+      value.fault = &kNul;
+    }
+  } else {
+    value.text = WithoutSpaces(text);
+  }
+}
+
+}  // namespace contacts

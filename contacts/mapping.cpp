@@ -1,0 +1,330 @@
+#include "contacts/mapping.h"
+
+#include <algorithm>
+#include <charconv>
+#include <limits>
+#include <tuple>
+#include <utility>
+
+#include "contacts/lower_case.h"
+
+namespace contacts {
+namespace {
+
+// A field's own name as a heading: it counts if there is no other source.
+constexpr unsigned kRankOfField = 9;
+
+bool IsAddress(Part part) {
+  return part == Part::kEmail || part == Part::kFax;
+}
+
+bool IsName(Part part) {
+  return part == Part::kName || part == Part::kGivenName || part == Part::kFamilyName;
+}
+
+bool EqualInAnyCase(std::string_view a, std::string_view b) {
+  return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
+           return LowerCase(x) == LowerCase(y);
+         });
+}
+
+// Returns the number that the text is, or 0.
+unsigned NumberOf(std::string_view text) {
+  unsigned number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  return error == std::errc() && end == text.data() + text.size() ? number : 0;
+}
+
+std::string Listed(const std::vector<std::string>& texts) {
+  std::string list;
+  for (const std::string& each : texts) list += (list.empty() ? "\"" : ", \"") + each + '"';
+  return list.empty() ? "none" : list;
+}
+
+std::string_view WithoutSpaces(std::string_view text) {
+  constexpr std::string_view kSpaces = " \t\r\n";
+  text.remove_prefix(std::min(text.find_first_not_of(kSpaces), text.size()));
+  return text.substr(0, text.find_last_not_of(kSpaces) + 1);
+}
+
+// Removes the first of several addresses from a text, and returns it.
+std::string_view TakeAddress(std::string_view& text, std::string_view separators) {
+  const std::size_t end = text.find_first_of(separators);
+  const std::string_view address = WithoutSpaces(text.substr(0, end));
+  text.remove_prefix(end == text.npos ? text.size() : end + 1);
+  return address;
+}
+
+// Returns the characters between the addresses in a text; none for a single address.
+std::string_view SeparatorsOf(std::string_view text, Part part) {
+  constexpr std::string_view kTriple = " ::: ";
+  if (part == Part::kFax) return text.find(kTriple) != text.npos ? ":\n" : "\n";
+  constexpr std::string_view kSeparators = ";,:\n";
+  if (text.find_first_of(kSeparators) == text.npos) return {};
+  for (std::string_view rest = text; !rest.empty();) {
+    const std::string_view address = TakeAddress(rest, kSeparators);
+    if (!address.empty() && address.find('@') == address.npos) return {};
+  }
+  return kSeparators;
+}
+
+bool IsRequired(const Field& field) {
+  return field.isRequired;
+}
+
+std::string_view WithoutScheme(std::string_view text, Part part) {
+  const std::string_view scheme = part == Part::kEmail ? "mailto:" : "tel:";
+  if (BeginsInAnyCase(text, scheme)) text.remove_prefix(scheme.size());
+  return text;
+}
+
+void Store(EntryValue& into, const Value& from, std::string_view text) {
+  into.text = text;
+  into.isBytes = from.isBytes;
+  into.fault = from.fault;
+  into.column = from.column;
+  into.heading = from.name;
+}
+
+}  // namespace
+
+Mapping::Mapping(std::vector<Field> newFields, std::vector<FieldSource> newSources, Place newPlace)
+    : fields(std::move(newFields)), sources(std::move(newSources)), place(newPlace) {
+  for (const FieldSource& each : sources) {
+    if (UseOfField(each.field)) continue;
+    std::vector<std::string> words;
+    for (const Field& field : fields) words.push_back(field.word);
+    throw FormError("the address book has no field \"" + each.field +
+                    "\"; its fields: " + Listed(words));
+  }
+}
+
+std::optional<Mapping::Use> Mapping::UseOfField(std::string_view name) const {
+  for (std::size_t i = 0; i < fields.size(); ++i) {
+    if (!EqualInAnyCase(fields[i].word, name)) continue;
+    return Use{i, {fields[i].part.value_or(Part::kNote), kRankOfField}, true};
+  }
+  return std::nullopt;
+}
+
+std::optional<Mapping::Use> Mapping::UseOfMeaning(std::string_view name, bool isHeading) const {
+  const std::optional<Meaning> meaning =
+      isHeading ? MeaningOfHeading(name) : MeaningOfAttribute(name);
+  if (!meaning) return std::nullopt;
+  if (IsName(meaning->part)) return Use{0, *meaning};
+  const auto field = std::ranges::find(fields, meaning->part, &Field::part);
+  if (field == fields.end()) return std::nullopt;
+  return Use{static_cast<std::size_t>(field - fields.begin()), *meaning};
+}
+
+const FieldSource* Mapping::SourceFor(std::size_t field) const {
+  const auto found = std::ranges::find_if(sources, [&](const FieldSource& each) {
+    return EqualInAnyCase(each.field, fields[field].word);
+  });
+  return found != sources.end() ? &*found : nullptr;
+}
+
+std::optional<Mapping::Use> Mapping::UseOf(std::string_view name, unsigned column,
+                                           bool isHeading) const {
+  for (const FieldSource& each : sources) {
+    if (each.source.empty()) continue;
+    const unsigned number = isHeading ? NumberOf(each.source) : 0;
+    if (number != 0 ? number != column : !EqualInAnyCase(each.source, name)) continue;
+    Use use = *UseOfField(each.field);
+    use.isExact = EqualInAnyCase(each.field, name);
+    return use;
+  }
+  std::optional<Use> use = UseOfMeaning(name, isHeading);
+  if (!use) use = UseOfField(name);
+  if (use && SourceFor(use->field) != nullptr) return std::nullopt;
+  return use;
+}
+
+std::size_t Mapping::KnownHeadings(const Record& record) const {
+  std::size_t known = 0;
+  for (const Value& each : record.Values()) {
+    if (each.text.find('@') != each.text.npos) return 0;
+    if (!each.text.empty() && UseOf(each.text, 0, true)) ++known;
+  }
+  return known;
+}
+
+void Mapping::SetColumns(const Record& record, bool hasHeadings) {
+  headings.clear();
+  columns.clear();
+  for (const Value& each : record.Values()) {
+    columns.push_back(UseOf(hasHeadings ? each.text : "", each.column, true));
+    if (hasHeadings) headings.push_back(each.text);
+  }
+  ResolveNames();
+  // A field's own name yields to a heading with a meaning: "Address" beside "E-mail" is a street.
+  for (std::optional<Use>& each : columns) {
+    if (!each || each->meaning.rank != kRankOfField || SourceFor(each->field) != nullptr) continue;
+    const bool isReplaced = std::ranges::any_of(columns, [&](const std::optional<Use>& other) {
+      return other && other->field == each->field && other->meaning.rank < kRankOfField;
+    });
+    if (isReplaced) each.reset();
+  }
+  RequireColumns();
+}
+
+// Decides what headings such as "Nom" mean: a part of the name, if there is a column for the other
+// part and none for this one.
+void Mapping::ResolveNames() {
+  const auto has = [&](Part part) {
+    return std::ranges::any_of(columns, [&](const std::optional<Use>& each) {
+      return each && each->meaning.part == part;
+    });
+  };
+  const bool hasGiven = has(Part::kGivenName);
+  const bool hasFamily = has(Part::kFamilyName);
+  for (std::optional<Use>& each : columns) {
+    if (!each || !each->meaning.beside || hasGiven == hasFamily) continue;
+    const bool isFamily = *each->meaning.beside == Part::kFamilyName;
+    if (isFamily ? hasGiven : hasFamily) each->meaning.part = *each->meaning.beside;
+  }
+}
+
+bool Mapping::HasColumn(std::size_t field) const {
+  return std::ranges::any_of(
+      columns, [&](const std::optional<Use>& each) { return each && each->field == field; });
+}
+
+void Mapping::RequireColumns() const {
+  const std::string known = headings.empty() ? "; the first line has no known headings"
+                                             : "; the headings: " + Listed(headings);
+  for (const FieldSource& each : sources) {
+    const bool isNone = each.source.empty();
+    const std::size_t field = UseOfField(each.field)->field;
+    if (!isNone && !HasColumn(field)) {
+      throw FormError("no column is \"" + each.source + '"' + known);
+    }
+    const auto count = std::ranges::count_if(
+        headings, [&](const std::string& text) { return EqualInAnyCase(text, each.source); });
+    if (count > 1) throw FormError("more than one column has the heading \"" + each.source + '"');
+  }
+  // A name can be taken from the address.
+  const bool hasAddress = std::any_of(fields.begin() + 1, fields.end(), &IsRequired);
+  for (std::size_t i = hasAddress ? 1 : 0; i < fields.size(); ++i) {
+    if (!fields[i].isRequired || HasColumn(i)) continue;
+    throw FormError("no column is known to hold the " + fields[i].word + known);
+  }
+}
+
+// The parts of a name. Of several whole names, the best one counts.
+struct Mapping::Name {
+  const Value* whole = nullptr;
+  unsigned rank = 0;
+  const Value* given = nullptr;
+  const Value* family = nullptr;
+
+  void Add(const Value& value, const Meaning& meaning) {
+    if (value.text.empty() && value.fault == nullptr) return;
+    if (meaning.part == Part::kGivenName) {
+      if (given == nullptr) given = &value;
+    } else if (meaning.part == Part::kFamilyName) {
+      if (family == nullptr) family = &value;
+    } else if (whole == nullptr ||
+               std::tie(meaning.rank, value.preference) < std::tie(rank, whole->preference)) {
+      whole = &value;
+      rank = meaning.rank;
+    }
+  }
+
+  void StoreTo(EntryValue& name) const {
+    const Value* const first = whole != nullptr ? whole : given != nullptr ? given : family;
+    if (first == nullptr) return;
+    Store(name, *first, first->text);
+    if (whole != nullptr || given == nullptr || family == nullptr) return;
+    name.text += ' ';
+    name.text += family->text;
+    if (name.fault == nullptr) name.fault = family->fault;
+  }
+};
+
+// The addresses of a record, of which one is chosen.
+class Mapping::Addresses {
+ public:
+  explicit Addresses(Place newPlace) : place(newPlace) {}
+
+  std::size_t Count() const { return count; }
+
+  // Only a cell of a csv file has several addresses.
+  void Add(const Value& value, const Use& use, EntryValue& into) {
+    const bool isCell = value.name.empty() && !use.isExact;
+    const std::string_view separators =
+        isCell ? SeparatorsOf(value.text, use.meaning.part) : std::string_view();
+    std::string_view rest = value.text;
+    if (separators.empty()) return AddOne(value, use, rest, into);
+    while (!rest.empty()) AddOne(value, use, TakeAddress(rest, separators), into);
+  }
+
+ private:
+  void AddOne(const Value& value, const Use& use, std::string_view text, EntryValue& into) {
+    if (!use.isExact) text = WithoutScheme(text, use.meaning.part);
+    if (text.empty() && value.fault == nullptr) return;
+    const Place there = value.place != Place::kNone ? value.place : use.meaning.place;
+    const unsigned distance = place != Place::kNone && there != place ? 1 : 0;
+    const auto order = std::tuple(distance, value.preference, use.meaning.rank);
+    if (count != 0 && EqualInAnyCase(text, into.text)) return;
+    ++count;
+    if (count > 1 && order >= best) return;
+    best = order;
+    Store(into, value, text);
+  }
+
+  Place place;
+  std::size_t count = 0;
+  std::tuple<unsigned, unsigned, unsigned> best;
+};
+
+std::size_t Mapping::Map(const Record& record, std::vector<EntryValue>& values) const {
+  values.resize(fields.size());
+  for (EntryValue& each : values) {
+    each.text.clear();
+    each.isBytes = false;
+    each.fault = nullptr;
+    each.column = 0;
+    each.heading = {};
+  }
+  Name name;
+  Addresses addresses(place);
+  for (const Value& value : record.Values()) {
+    std::optional<Use> found;
+    const Use* use = nullptr;
+    if (!columns.empty()) {
+      if (value.column > columns.size()) break;
+      if (columns[value.column - 1]) use = &*columns[value.column - 1];
+    } else if (value.name != "tel" || value.isFax) {
+      found = record.hasFieldNames ? UseOfField(value.name) : UseOf(value.name, 0, false);
+      if (found) use = &*found;
+    }
+    if (use == nullptr) continue;
+    EntryValue& into = values[use->field];
+    if (use->field == 0) {
+      name.Add(value, use->meaning);
+    } else if (IsAddress(use->meaning.part)) {
+      addresses.Add(value, *use, into);
+    } else if (into.text.empty()) {
+      Store(into, value, value.text);
+    }
+  }
+  name.StoreTo(values.front());
+  return addresses.Count();
+}
+
+std::string Mapping::SourceOf(std::size_t field) const {
+  std::string text;
+  const auto add = [&](const std::string& source) { text += (text.empty() ? "" : ", ") + source; };
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    if (!columns[i] || columns[i]->field != field) continue;
+    const std::string number = "column " + std::to_string(i + 1);
+    add(headings.empty() ? number : number + " \"" + headings[i] + '"');
+  }
+  if (const FieldSource* source = SourceFor(field); text.empty() && source != nullptr) {
+    text = source->source;
+  }
+  return text;
+}
+
+}  // namespace contacts

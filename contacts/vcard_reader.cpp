@@ -1,0 +1,243 @@
+// An own reader: there is no vCard library that serves both systems.
+
+#include "contacts/vcard_reader.h"
+
+#include <algorithm>
+#include <charconv>
+#include <optional>
+
+#include "contacts/lower_case.h"
+#include "contacts/transfer_encoding.h"
+
+namespace contacts {
+namespace {
+
+// Properties that hold large binary values, which no address book takes.
+constexpr std::string_view kIgnored[] = {"photo", "logo", "sound", "key"};
+
+std::optional<Encoding> EncodingOfCharset(std::string_view charset) {
+  if (charset == "iso-8859-1") return Encoding::kLatin1;
+  if (charset == "us-ascii") return Encoding::kUtf8;
+  return EncodingOf(charset);
+}
+
+// Removes the beginning of the text up to the separator, outside double quotes, and returns it.
+std::string_view Take(std::string_view& text, std::string_view separators) {
+  bool isQuoted = false;
+  std::size_t at = 0;
+  while (at < text.size() && (isQuoted || separators.find(text[at]) == separators.npos)) {
+    if (text[at] == '"') isQuoted = !isQuoted;
+    ++at;
+  }
+  const std::string_view taken = text.substr(0, at);
+  text.remove_prefix(at);
+  return taken;
+}
+
+// Appends the text without the escapes of its version, up to a separator that is not escaped, and
+// removes it from `text`.
+void AppendUnescaped(std::string& into, std::string_view& text, char separator, bool isOld) {
+  while (!text.empty() && text.front() != separator) {
+    const bool isEscape = text.front() == '\\' && text.size() > 1 && (!isOld || text[1] == ';');
+    if (isEscape) text.remove_prefix(1);
+    const bool isNewline = isEscape && LowerCase(text.front()) == 'n';
+    into += isNewline ? '\n' : text.front();
+    text.remove_prefix(1);
+  }
+}
+
+void AppendWord(std::string& text, std::string_view word) {
+  if (!text.empty() && !word.empty()) text += ' ';
+  text += word;
+}
+
+// Returns the given and the family name of the structured value "family;given;...".
+std::string NameOf(std::string_view text, bool isOld) {
+  std::string family;
+  std::string given;
+  AppendUnescaped(family, text, ';', isOld);
+  if (!text.empty()) text.remove_prefix(1);
+  AppendUnescaped(given, text, ';', isOld);
+  AppendWord(given, family);
+  return given;
+}
+
+}  // namespace
+
+// The parts of a logical line.
+struct VcardReader::Property {
+  explicit Property(std::string_view line);
+
+  void AddParameter(std::string_view name, std::string_view value);
+
+  std::string name;  // in lower case, without the group
+  std::string charset;
+  bool isQuotedPrintable = false;
+  bool isBase64 = false;
+  bool isFax = false;
+  Place place = Place::kNone;
+  unsigned preference = kNoPreference;
+  bool hasColon = false;
+  std::string_view value;
+};
+
+VcardReader::Property::Property(std::string_view line) {
+  const std::string_view full = Take(line, ";:");
+  name = LowerCase(full.substr(full.rfind('.') + 1));
+  while (line.starts_with(';')) {
+    line.remove_prefix(1);
+    std::string_view parameter = Take(line, ";:");
+    const std::size_t equals = parameter.find('=');
+    // In version 2.1, the values of TYPE and ENCODING can stand alone.
+    std::string_view values = equals == parameter.npos ? parameter : parameter.substr(equals + 1);
+    while (!values.empty()) {
+      std::string each = LowerCase(Take(values, ","));
+      std::erase(each, '"');
+      AddParameter(equals == parameter.npos ? "" : LowerCase(parameter.substr(0, equals)), each);
+      if (!values.empty()) values.remove_prefix(1);
+    }
+  }
+  hasColon = line.starts_with(':');
+  if (hasColon) value = line.substr(1);
+}
+
+void VcardReader::Property::AddParameter(std::string_view parameter, std::string_view text) {
+  if (parameter == "charset") charset = text;
+  if (parameter == "pref") {
+    std::from_chars(text.data(), text.data() + text.size(), preference);
+  }
+  if (!parameter.empty() && parameter != "type" && parameter != "encoding") return;
+  isQuotedPrintable = isQuotedPrintable || text == "quoted-printable";
+  isBase64 = isBase64 || text == "b" || text == "base64";
+  isFax = isFax || text == "fax";
+  if (text == "pref") preference = 1;
+  if (text == "work") place = Place::kWork;
+  if (text == "home") place = Place::kHome;
+}
+
+VcardReader::VcardReader(std::istream& source, Encoding newEncoding)
+    : lines(source, newEncoding),
+      isUtf16(IsUtf16(newEncoding)),
+      encoding(isUtf16 ? Encoding::kUtf8 : newEncoding) {}
+
+// Returns whether the next physical line belongs to the logical line.
+bool VcardReader::Continues(bool isQuotedPrintable) const {
+  const std::string_view text = RawText();
+  return (isQuotedPrintable && logical.ends_with('=')) || text.starts_with(' ') ||
+         text.starts_with('\t');
+}
+
+// Leaves out the further lines of ignored properties.
+bool VcardReader::ReadLogicalLine() {
+  if (!hasPhysical && !lines.Next()) return false;
+  logical = RawText();
+  fault = lines.Fault() == &kNotDecodable ? nullptr : lines.Fault();
+  number = lines.Number();
+  begin = lines.Begin();
+  end = lines.End();
+  const Property property(logical);
+  const bool isIgnored = std::ranges::find(kIgnored, property.name) != std::end(kIgnored);
+  while ((hasPhysical = lines.Next()) && Continues(property.isQuotedPrintable)) {
+    end = lines.End();
+    if (isIgnored) continue;
+    if (fault == nullptr && lines.Fault() != &kNotDecodable) fault = lines.Fault();
+    if (logical.size() > kMaxRecord) fault = &kRecordTooLong;
+    if (fault != nullptr) continue;
+    std::string_view text = RawText();
+    if (property.isQuotedPrintable && logical.ends_with('=')) {
+      logical.pop_back();
+    } else if (!isOld) {
+      text.remove_prefix(1);
+    }
+    logical += text;
+  }
+  if (isIgnored) logical.clear();
+  return true;
+}
+
+bool VcardReader::Is(std::string_view property) const {
+  return logical.size() == property.size() && BeginsInAnyCase(logical, property);
+}
+
+bool VcardReader::Next(Record& record) {
+  while (hasLogical || ReadLogicalLine()) {
+    hasLogical = false;
+    const bool isBlank = logical.find_first_not_of(" \t") == std::string::npos;
+    if (isBlank && fault == nullptr) continue;
+    record.Begin(number, begin);
+    record.end = end;
+    if (Is("begin:vcard")) {
+      ReadCard(record);
+    } else {
+      PassOver(record);
+    }
+    return true;
+  }
+  return false;
+}
+
+// Makes one record of everything up to the next card.
+void VcardReader::PassOver(Record& record) {
+  record.SetFault(fault != nullptr ? *fault : kBadLine);
+  while ((hasLogical = ReadLogicalLine()) && !Is("begin:vcard")) record.end = end;
+}
+
+void VcardReader::ReadCard(Record& record) {
+  isOld = false;
+  while (ReadLogicalLine()) {
+    if (Is("begin:vcard")) {
+      hasLogical = true;
+      break;
+    }
+    record.end = end;
+    if (Is("end:vcard")) return;
+    if (record.end - record.begin > kMaxRecord) record.SetFault(kRecordTooLong);
+    if (fault != nullptr) record.SetFault(*fault);
+    if (record.fault.problem == nullptr && !logical.empty()) AddProperty(record);
+  }
+  record.SetFault(kTruncated);
+}
+
+void VcardReader::AddProperty(Record& record) {
+  const Property property(logical);
+  if (!property.hasColon || property.name.empty()) {
+    record.SetFault(kBadLine);
+    return;
+  }
+  Value& value = record.Add(property.name);
+  value.place = property.place;
+  value.preference = property.preference;
+  value.isFax = property.isFax;
+  SetText(value, property);
+  if (property.name == "version") isOld = value.text == "2.1";
+  if (property.name.ends_with("kind") && LowerCase(value.text) == "group") record.isGroup = true;
+}
+
+void VcardReader::SetText(Value& value, const Property& property) const {
+  std::string bytes;
+  if (property.isQuotedPrintable) {
+    if (!DecodeQuotedPrintable(bytes, property.value)) value.fault = &kBadQuotedPrintable;
+  } else if (property.isBase64) {
+    if (!DecodeBase64(bytes, property.value)) value.fault = &kBadBase64;
+  } else {
+    bytes = property.value;
+  }
+  const std::optional<Encoding> charset =
+      property.charset.empty() ? encoding : EncodingOfCharset(property.charset);
+  std::string text;
+  if (value.fault != nullptr) return;
+  if (!charset) {
+    value.fault = &kUnknownCharset;
+  } else if (!AppendUtf8(text, bytes, *charset)) {
+    value.fault = &kNotDecodable;
+  } else if (text.find('\0') != text.npos) {
+    value.fault = &kNul;
+  } else if (property.name == "n") {
+    value.text = NameOf(text, isOld);
+  } else {
+    std::string_view rest = text;
+    AppendUnescaped(value.text, rest, '\0', isOld);
+  }
+}
+
+}  // namespace contacts

@@ -1,0 +1,54 @@
+// Reads vCards of the versions 2.1, 3.0 (RFC 2426) and 4.0 (RFC 6350): folded lines, groups of
+// properties, quoted-printable, base64, character sets.
+
+#ifndef CONTACTS_VCARD_READER_H_
+#define CONTACTS_VCARD_READER_H_
+
+#include <cstdint>
+#include <istream>
+#include <string>
+#include <string_view>
+
+#include "contacts/lines.h"
+#include "contacts/record.h"
+
+namespace contacts {
+
+class VcardReader : public Reader {
+ public:
+  VcardReader(std::istream& source, Encoding newEncoding);
+
+  // A record is a card. The names of its values are in lower case, without groups. The value "n" is
+  // the given and the family name.
+  bool Next(Record& record) override;
+
+ private:
+  struct Property;
+
+  bool ReadLogicalLine();
+  bool Continues(bool isQuotedPrintable) const;
+  std::string_view RawText() const { return isUtf16 ? lines.Text() : lines.Bytes(); }
+  bool Is(std::string_view property) const;
+  void ReadCard(Record& record);
+  void PassOver(Record& record);
+  void AddProperty(Record& record);
+  void SetText(Value& value, const Property& property) const;
+
+  Lines lines;
+  const bool isUtf16;
+  const Encoding encoding;   // of the logical line
+  bool hasPhysical = false;  // whether the line of `lines` is not used yet
+  bool hasLogical = false;   // whether the logical line is not used yet
+  bool isOld = false;        // whether the card has version 2.1
+
+  // The logical line: bytes of lines without their folds.
+  std::string logical;
+  const Problem* fault = nullptr;
+  std::uint64_t number = 0;
+  std::uint64_t begin = 0;
+  std::uint64_t end = 0;
+};
+
+}  // namespace contacts
+
+#endif  // CONTACTS_VCARD_READER_H_
