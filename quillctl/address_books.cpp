@@ -30,6 +30,17 @@ void Store(Record& record, const Row& row, const AddressBook& book) {
   std::apply([&](auto&... text) { (store(text), ...); }, Texts(record));
 }
 
+// Returns the largest sizes of the texts of a record.
+template <class Record>
+std::vector<std::size_t> Widths() {
+  Record record;
+  return std::apply(
+      [](const auto&... text) {
+        return std::vector<std::size_t>{std::remove_cvref_t<decltype(text)>::kMaxLength...};
+      },
+      Texts(record));
+}
+
 constexpr std::uint32_t kPage = 64;
 
 // Reads pages of a book. `Access` is the scanner's function for its entries. If the server repeats
@@ -99,6 +110,7 @@ AddressBook Book(std::string_view word, std::string_view title, std::int32_t tar
           title,
           target,
           std::move(fields),
+          Widths<typename decltype((std::declval<const CScanner&>().*Access)())::Record>(),
           requiredFields,
           ReadPages<Access>,
           CountEntries<Access>,

@@ -49,7 +49,8 @@ struct AddressBook {
   // The fields in the order of a column map; also the headings of a table. In lower case they are
   // the field names on the command line.
   Row fields;
-  std::size_t requiredFields;  // an entry needs the first `requiredFields` fields
+  std::vector<std::size_t> widths;  // the largest value of each field, in bytes
+  std::size_t requiredFields;       // an entry needs the first `requiredFields` fields
   // Reads the entries after the name `from`, in the book's order and in pages, and passes each to
   // the handler. `filter` is "*", or a character and "*". Returns 0; the status of a read that
   // failed; or -2 if the appliance delivers a blank record, or more entries than a book can have.

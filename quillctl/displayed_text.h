@@ -11,9 +11,6 @@
 
 namespace quillctl {
 
-bool IsUtf8(std::string_view text);
-std::string Utf8FromLatin1(std::string_view text);
-
 // The names of the character sets that SetDisplayEncoding accepts.
 std::vector<std::string> DisplayEncodings();
 
@@ -22,7 +19,7 @@ void SetDisplayEncoding(std::string_view name);
 
 // Returns the text as UTF-8. Unless SetDisplayEncoding was called, text that is not valid UTF-8 is
 // converted from Windows-1252; its five undefined bytes become control characters, as in Latin-1.
-// If the text is UTF-8 by SetDisplayEncoding, each invalid byte becomes U+FFFD.
+// If the text is UTF-8 by SetDisplayEncoding, what is not valid becomes U+FFFD.
 std::string Utf8Text(std::string_view text);
 
 // Returns the text as UTF-8 without control characters. They, including 128 to 159, become "\x" and

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "contacts/encoding.h"
 #include "contacts/writers.h"
 #include "quillctl/failures.h"
 #include "quillctl/json_output.h"
@@ -21,7 +22,7 @@ Row WithoutPassword(const AddressBook& book, Row row) {
 class CsvFile : public EntryFile {
  public:
   CsvFile(const AddressBook& newBook, bool spreadsheet)
-      : book(newBook), forSpreadsheet(spreadsheet), text(spreadsheet ? kByteOrderMark : "") {
+      : book(newBook), forSpreadsheet(spreadsheet), text(spreadsheet ? contacts::kUtf8Mark : "") {
     contacts::AppendCsv(text, WithoutPassword(book, book.fields));
   }
 

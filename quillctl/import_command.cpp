@@ -1,229 +1,346 @@
 #include "quillctl/import_command.h"
 
 #include <algorithm>
+#include <array>
 #include <iostream>
 #include <memory>
 #include <optional>
-#include <set>
-#include <utility>
+#include <string_view>
 
+#include "contacts/csv_reader.h"
 #include "quillctl/address_books.h"
 #include "quillctl/commands.h"
 #include "quillctl/confirmation.h"
+#include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
-#include "quillctl/import_plan.h"
+#include "quillctl/import.h"
 #include "quillctl/import_report.h"
-#include "quillctl/import_rows.h"
+#include "quillctl/import_source.h"
 #include "quillctl/system/deferred_termination.h"
-#include "quillctl/text_file.h"
 
 namespace quillctl {
 namespace {
 
-using Contents = std::vector<std::vector<Row>>;
+constexpr const char* kScript = "script";
 
-// Returns the entries of each book, or nothing if one of them cannot be read.
-Contents ReadAll(std::span<const AddressBook> books, const quillkit::CScanner& scanner) {
-  Contents contents;
-  for (const AddressBook& each : books) {
-    std::optional<std::vector<Row>> rows = ReadAllEntries(each, scanner);
-    if (!rows) return {};
-    contents.push_back(std::move(*rows));
+OnDuplicate RuleOf(const std::string& word) {
+  if (word == "skip") return OnDuplicate::kSkip;
+  return word == "replace" ? OnDuplicate::kReplace : OnDuplicate::kRefuse;
+}
+
+// Throws a UsageError for an option that the format does not have.
+void RequireFittingOptions(const ImportRequest& r) {
+  const ImportRequest usual;
+  const bool hasForm = !r.encoding.empty() || !r.delimiter.empty() || !r.headings.empty() ||
+                       !r.prefer.empty() || r.shorten || r.storeAs != usual.storeAs ||
+                       r.onDuplicate != usual.onDuplicate || r.batch;
+  const bool isOwn = IsLibraryFormat(r.format) || r.format == kScript;
+  if (isOwn && hasForm) {
+    throw UsageError("--format " + r.format + " takes no option that changes how rows are read");
   }
-  return contents;
-}
-
-// Returns the entries that are new or changed.
-std::vector<Row> NewEntries(std::vector<Row> now, const std::vector<Row>& before) {
-  const std::set<Row> known(before.begin(), before.end());
-  std::erase_if(now, [&](const Row& row) { return known.contains(row); });
-  return now;
-}
-
-void ShowBook(const AddressBook& book, const std::vector<Row>& before, const std::vector<Row>& now,
-              std::size_t shown) {
-  std::vector<Row> entries = NewEntries(now, before);
-  std::cout << "The " << book.title << " had " << before.size() << " entries and now has "
-            << now.size() << "; " << entries.size() << " are new or changed.";
-  entries.resize(std::min(entries.size(), shown));
-  std::cout << (entries.empty() ? "\n" : " The first ones:\n");
-  if (entries.empty()) return;
-  TextTable table(book.fields);
-  for (Row& row : entries) table.AddRow(book.WithoutSecret(std::move(row)));
-  table.Print();
-}
-
-// Throws an UnknownResult with the text.
-[[noreturn]] void ThrowUnknown(const std::string& text, const ImportPlan& plan) {
-  throw UnknownResult(text + "; the " + std::string(plan.Books().front().title) +
-                      " cannot be read completely, so it is unknown which rows were imported");
-}
-
-// Throws a Refusal that also describes the state of the book: the appliance keeps what it imported
-// before the failure.
-[[noreturn]] void ThrowImportFailure(std::int32_t status, const ImportPlan& plan, std::size_t sent,
-                                     const std::string& file, const Contents& before,
-                                     const Contents& now) {
-  std::string text = "cannot import " + file + ": " + CodeAndText(status);
-  if (plan.IsScript()) {
-    throw Refusal(text + "; the appliance keeps what it imported before the failure");
+  if (isOwn && r.format != "delimited" && (r.clearFirst || !r.book.empty() || !r.map.empty())) {
+    throw UsageError("--book, --map and --clear do not apply to --format " + r.format);
   }
-  if (now.empty()) ThrowUnknown(text, plan);
-  const std::size_t imported = plan.Rows().Entries();
-  text += "; it imported " + std::to_string(imported) + " of " + std::to_string(sent) +
-          " rows; the " + std::string(plan.Books().front().title) + " had " +
-          std::to_string(before.front().size()) + " entries and now has " +
-          std::to_string(now.front().size());
-  if (imported == 0) throw Refusal(text);
-  throw PartialFailure(text);
+  if (r.format == "delimited" && r.map.empty()) {
+    throw UsageError("--format delimited requires --map, for example --map 2,10");
+  }
+  if (r.format != "delimited" && r.skipHeader) {
+    throw UsageError("--skip-header requires --format delimited; see --headings");
+  }
+  if (r.format == kScript && (r.json || r.preview || r.dryRun || !r.rejects.empty())) {
+    throw UsageError("--format script is sent as it is, without --json, --rejects or --dry-run");
+  }
 }
 
-// Sets the fault of the rows that were sent but are not in the book. If the book cannot be read,
-// sets none.
-void MarkRowsNotImported(ImportPlan& plan, std::int32_t status, const Contents& now) {
-  if (plan.IsScript() || now.empty()) return;
-  MarkMissingRows(plan.Rows().rows, now.front(),
-                  status == 0 ? "the appliance accepted the row but has no such entry"
-                              : "the appliance refused the import and has no such entry");
+const AddressBook& BookFor(const ImportRequest& request, bool isAdmin) {
+  const AddressBook& own = PrivateBook().front();
+  const AddressBook& book = !request.book.empty() ? BookOf(request.book)
+                            : isAdmin             ? BookOf("email")
+                                                  : own;
+  const bool isOwn = book.word == own.word;
+  const bool isScript = IsLibraryFormat(request.format) || request.batch;
+  if (isScript && isOwn == isAdmin) {
+    throw UsageError(isAdmin ? "a script of ADMINISTRATOR fills public books only"
+                             : "only ADMINISTRATOR can import into the " + std::string(book.title));
+  }
+  if (!isScript && book.secretField != AddressBook::kNone) {
+    throw UsageError("accounts are imported with --format delimited only");
+  }
+  return book;
 }
 
-void ShowRows(const ImportPlan& plan, const ImportRequest& request, std::size_t sent,
-              bool isVerified) {
+// Everything that an import needs, in the order of its making.
+struct Prepared {
+  Prepared(const ImportRequest& request, bool isAdmin)
+      : book(BookFor(request, isAdmin)),
+        file(request.file, IsLibraryFormat(request.format)),
+        source(Open(request, isAdmin)),
+        run(*source, book, RuleOf(request.onDuplicate), isAdmin) {
+    run.Survey(request.batch || source->IsScript());
+  }
+
+  std::unique_ptr<ImportSource> Open(const ImportRequest& request, bool isAdmin) {
+    if (IsLibraryFormat(request.format)) return OpenLibraryFormat(request, book, file, isAdmin);
+    if (request.format.empty() && IsMailServerExport(file)) {
+      throw UsageError(file.Name() + " is a mail server's export; add --format mail");
+    }
+    return OpenContacts(request, book, file);
+  }
+
+  const AddressBook& book;
+  ImportFile file;
+  std::unique_ptr<ImportSource> source;
+  Import run;
+};
+
+std::string Title(const Prepared& prepared) {
+  return "the " + std::string(prepared.book.title);
+}
+
+std::string CountedRows(std::size_t count, const Prepared& prepared) {
+  return std::to_string(count) + " of " +
+         Counted(prepared.run.Rows() - prepared.run.Count(Outcome::kPassedOver), "row");
+}
+
+void Report(Prepared& prepared, const ImportRequest& request) {
+  Import& run = prepared.run;
   if (request.json) {
-    ShowImportJson(plan.Rows(), sent, isVerified);
-  } else {
-    ShowImportSummary(QuotedFileName(request.file), plan.Rows(), isVerified);
-    ShowFaults(plan.Rows(), request.faultsShown);
+    ShowImportJson(run, *prepared.source, prepared.book, request.dryRun);
+    return;
   }
-}
-
-void ShowBooks(const ImportPlan& plan, const ImportRequest& request, const Contents& before,
-               const Contents& now) {
-  for (std::size_t i = 0; i < now.size(); ++i) {
-    ShowBook(plan.Books()[i], before[i], now[i], request.shown);
-  }
-}
-
-void WriteRejects(const ImportPlan& plan, const ImportRequest& request) {
-  if (!request.rejects.empty()) WriteRejectedRows(request.rejects, plan.Rows());
-}
-
-// Sends the plan and reports the result. Sets the fault of each row that was not imported.
-void Import(ImportPlan& plan, const ImportRequest& request, const Session& session) {
-  const std::string file = QuotedFileName(request.file);
-  const std::size_t sent = plan.Rows().Entries();
-  const quillkit::CScanner& scanner = *session.Scanner();
-  const Contents before = ReadAll(plan.Books(), scanner);
-  if (before.empty() && !plan.IsScript()) {
-    throw Refusal(
-        "cannot import " + file + ": the " + std::string(plan.Books().front().title) +
-        " cannot be read completely, so the result could not be verified; nothing was sent");
-  }
-  if (request.clearFirst) {
-    Confirm(request.yes, "Clear the " + std::string(plan.Books().front().title) + " and import " +
-                             std::to_string(sent) + " rows?");
-  }
-  const DeferredTermination untilReported("finishing the import, to report each row");
-  const std::int32_t status = plan.Send(session.Scanner());
-  const Contents now = ReadAll(plan.Books(), scanner);
-  MarkRowsNotImported(plan, status, now);
-  if (!plan.IsScript()) {
-    ShowRows(plan, request, sent, !now.empty());
-  } else if (status == 0) {
-    std::cout << "Sent " << file << ".\n";
-  }
-  WriteRejects(plan, request);
-  if (status != 0) ThrowImportFailure(status, plan, sent, file, before, now);
-  if (before.empty() || now.empty()) ThrowUnknown("sent " + file, plan);
-  if (!request.json) ShowBooks(plan, request, before, now);
-}
-
-// Throws a Refusal if there is no valid row. Such an import could only clear a book.
-void RequireValidRows(const ImportPlan& plan, const ImportRequest& request) {
-  if (plan.IsScript() || plan.Rows().Entries() != 0) return;
-  if (request.json) {
-    ShowImportJson(plan.Rows(), 0, true);
-  } else {
-    ShowFaults(plan.Rows(), request.faultsShown);
-  }
-  throw Refusal("cannot import " + QuotedFileName(request.file) +
-                ": no row is valid; nothing was sent");
-}
-
-// Logs in and imports the file or, if `dryRun` is set, prints the script. Invalid rows are reported
-// and not sent; they are written to the file of rejected rows at the end. Throws a
-// UsageError as ImportPlan does; a Refusal if the library or the appliance refuses, or if no row is
-// valid; and a PartialFailure if not all rows were imported.
-void RunImport(const ImportRequest& request, const Credentials& credentials) {
-  ImportPlan plan(request, credentials.user == kAdministrator);
-  if (!request.rejects.empty()) RequireRejectsFile(request.rejects, request.file, request.force);
-  if (request.dryRun || plan.Rows().Entries() == 0) WriteRejects(plan, request);
-  RequireValidRows(plan, request);
+  const bool isKnown = run.Count(Outcome::kUnknown) == 0;
   if (request.dryRun) {
-    std::cout << plan.ShownScript();
-    ShowFaults(plan.Rows(), plan.Rows().rows.size());
+    std::cout << "Would import " << CountedRows(run.ToSend(), prepared);
   } else {
-    const Session session(credentials);
-    Import(plan, request, session);
+    std::cout << (isKnown ? "Imported " : "Sent ")
+              << CountedRows(isKnown ? run.Count(Outcome::kArrived) : run.Sent(), prepared);
   }
-  const std::size_t rejected = plan.Rows().Rejected();
-  if (rejected == 0) return;
-  throw PartialFailure(std::to_string(rejected) + " of " + std::to_string(plan.Rows().rows.size()) +
-                       " rows " + (request.dryRun ? "cannot be imported" : "were not imported"));
+  std::cout << " of " << prepared.file.Name();
+  if (const std::size_t present = run.Count(Outcome::kPresent); present != 0) {
+    std::cout << "; " << present << (present == 1 ? " is" : " are") << " already there";
+  }
+  std::cout << ".\n";
+  if (!request.dryRun && isKnown && run.Sent() != 0) {
+    std::cout << "T" << Title(prepared).substr(1) << " had " << run.EntriesBefore()
+              << " entries and now has " << run.EntriesAfter() << ".\n";
+  }
+  ShowEntries(run, prepared.book, request.dryRun ? Outcome::kToAdd : Outcome::kArrived,
+              request.shown);
+  ShowFindings(run, request.faultsShown);
+}
+
+// Throws the failure that the outcome of the rows is, if it is one.
+void RequireOutcome(Prepared& prepared, const ImportRequest& request) {
+  Import& run = prepared.run;
+  const std::string file = prepared.file.Name();
+  const std::size_t rejected = run.Rejected();
+  std::string status = run.LastStatus() != 0 ? "; " + CodeAndText(run.LastStatus()) : "";
+  if (const std::size_t count = run.Count(Outcome::kNotSent); count != 0) {
+    status = "; the import ended before " + Counted(count, "row") + status;
+  }
+  if (run.Count(Outcome::kUnknown) != 0) {
+    throw UnknownResult("sent " + file + status + "; " + Title(prepared) +
+                        " cannot be read completely, so it is unknown which rows were imported");
+  }
+  if (rejected == 0 && status.empty()) return;
+  const std::size_t good = request.dryRun ? run.ToSend() : run.Count(Outcome::kArrived);
+  if (good == 0 && run.Count(Outcome::kPresent) == 0) {
+    throw Refusal("cannot import " + file + ": no row " +
+                  (run.Sent() == 0 ? "is valid; nothing was sent" : "was imported" + status));
+  }
+  const char* const verb = rejected == 1 ? " was not imported" : " were not imported";
+  throw PartialFailure(CountedRows(rejected, prepared) +
+                       (request.dryRun ? " cannot be imported" : verb) + status);
+}
+
+void Finish(Prepared& prepared, const ImportRequest& request) {
+  Report(prepared, request);
+  WriteRejectedRows(request.rejects, prepared.run, *prepared.source, prepared.file);
+  RequireOutcome(prepared, request);
+}
+
+void Send(Prepared& prepared, const ImportRequest& request, const Session& session) {
+  const DeferredTermination untilReported("reading the book, to report each row");
+  quillkit::CScanner& scanner = *session.Scanner();
+  Import& run = prepared.run;
+  if (request.batch || prepared.source->IsScript()) {
+    run.SendScript(scanner, request.clearFirst);
+  } else {
+    if (request.clearFirst) RequireChange(prepared.book.clear(scanner), "clear " + Title(prepared));
+    run.SendRows(scanner, [&] { return untilReported.IsRequested(); });
+  }
+  run.Verify(scanner);
+  Finish(prepared, request);
+}  // namespace
+
+void Run(Prepared& prepared, const ImportRequest& request, const Session& session) {
+  Import& run = prepared.run;
+  run.Compare(*session.Scanner(), request.clearFirst);
+  if (!request.json) ShowForm(*prepared.source, prepared.file);
+  if (request.dryRun || run.ToSend() == 0) return Finish(prepared, request);
+  if (request.clearFirst) {
+    Confirm(request.yes,
+            "Clear " + Title(prepared) + " and import " + Counted(run.ToSend(), "row") + '?');
+  }
+  Send(prepared, request, session);
+}
+
+// Sends the file to the appliance, which runs it, and reports the size of each book that it may
+// have changed.
+void SendScriptFile(const ImportFile& file, const Session& session) {
+  const bool isAdmin = quillkit::IsAdminConnected(session.Scanner()) != 0;
+  const std::span<const AddressBook> books = isAdmin ? PublicBooks() : PrivateBook();
+  const auto sizes = [&] {
+    std::vector<std::uint32_t> counts;
+    for (const AddressBook& each : books) {
+      std::uint32_t count = 0;
+      const std::int32_t status = each.count(*session.Scanner(), &count);
+      if (status == quillkit::kDataNotFound || status == quillkit::kNoSuchBook)
+        count = 0;
+      else
+        RequireSuccess(status, "count the entries of the " + std::string(each.title));
+      counts.push_back(count);
+    }
+    return counts;
+  };
+  const std::vector<std::uint32_t> before = sizes();
+  const DeferredTermination untilReported("finishing the import");
+  quillkit::ImportOptions options = {};
+  options.format = quillkit::ImportFormatScript;
+  const std::int32_t status =
+      quillkit::ImportAddressBook(session.Scanner(), file.Path().c_str(), &options);
+  if (status != 0) {
+    throw Refusal("cannot import " + file.Name() + ": " + CodeAndText(status) +
+                  "; the appliance keeps what it imported before the failure");
+  }
+  std::cout << "Sent " << file.Name() << ".\n";
+  const std::vector<std::uint32_t> now = ReadBack("sent " + file.Name(), sizes);
+  for (std::size_t i = 0; i < books.size(); ++i) {
+    std::cout << "The " << books[i].title << " had " << before[i] << " entries and now has "
+              << now[i] << ".\n";
+  }
+}
+
+void Preview(Prepared& prepared, const ImportRequest& request) {
+  ShowForm(*prepared.source, prepared.file);
+  ShowEntries(prepared.run, prepared.book, Outcome::kToAdd, request.shown);
+  ShowFindings(prepared.run, request.faultsShown);
+}
+
+void RunImport(const ImportRequest& request, const Credentials& credentials) {
+  RequireFittingOptions(request);
+  if (request.format == kScript) {
+    const ImportFile file(request.file, true);
+    const Session session(credentials);
+    return SendScriptFile(file, session);
+  }
+  Prepared prepared(request, credentials.user == kAdministrator);
+  if (request.preview) return Preview(prepared, request);
+  RequireRejectsFile(request);
+  if (prepared.run.ToSend() == 0 && prepared.run.Rejected() != 0) {
+    return Finish(prepared, request);
+  }
+  const Session session(credentials);
+  Run(prepared, request, session);
 }
 
 constexpr const char* kMapHelp =
-    "csv only, required: the file's column for each field of the book. Give a column number for "
-    "each field, counted from 0, or -1 for none: 2,10. Or give fields with columns: "
-    "name=2,address=10. A column heading may replace a number: "
-    "\"name=Full Name,address=E-mail\"; the heading line is then skipped";
+    "The source of each field of the book. FIELD=HEADING or FIELD=ATTRIBUTE, separated by commas: "
+    "\"name=Full Name,address=Second E-mail\". In a csv file, a column number, counted from 1, may "
+    "replace the heading. --format delimited requires a column number, counted from 0, for each "
+    "field, or -1 for none: 2,10";
 
 constexpr const char* kFooter =
-    "Invalid rows are reported and not sent. The exit status is 3 if some rows were not imported, "
-    "and 5 if the address book cannot be read afterwards.";
+    "Rows that cannot be imported are reported and not sent. The exit status is 3 if some rows "
+    "were "
+    "not imported, and 5 if the address book cannot be read afterwards.";
 
 std::string PathFault(const std::string& path) {
   return path.empty() ? "the file name is empty" : "";
 }
 
+std::string DelimiterFault(const std::string& text) {
+  return text.size() == 1 || text == "tab" ? "" : "not a single character or \"tab\"";
+}
+
+void AddFileOptions(CLI::App* command, ImportRequest& into) {
+  command
+      ->add_option("--format", into.format,
+                   "The format of the file (default: recognised). delimited, directory, mail and "
+                   "script are sent to the appliance as the library converts them")
+      ->check(CLI::IsMember(
+          {"csv", "ldif", "vcard", "json", "delimited", "directory", "mail", kScript}));
+  command->add_option("--encoding", into.encoding, "The file's encoding (default: recognised)")
+      ->check(CLI::IsMember(contacts::EncodingWords()));
+  command
+      ->add_option("--delimiter", into.delimiter,
+                   "csv: the character between values, or \"tab\" (default: recognised)")
+      ->check(DelimiterFault, "");
+  command
+      ->add_option("--headings", into.headings,
+                   "csv: whether the first row holds headings (default: recognised)")
+      ->check(CLI::IsMember({"yes", "no"}));
+  command->add_option("--map", into.map, kMapHelp);
+  command
+      ->add_option("--prefer", into.prefer,
+                   "Of several addresses of a contact, import that of this place")
+      ->check(CLI::IsMember({"work", "home"}));
+  command->add_flag("--skip-header", into.skipHeader,
+                    "delimited: skip the first line that is not empty");
+}
+
+void AddBookOptions(CLI::App* command, ImportRequest& into) {
+  command
+      ->add_option("--book", into.book,
+                   "The book (default: email; for other accounts than ADMINISTRATOR: private)")
+      ->check(CLI::IsMember(AllBookWords()));
+  command
+      ->add_option("--store-as", into.storeAs, "The encoding in which the appliance stores texts")
+      ->check(CLI::IsMember({"utf-8", "windows-1252"}))
+      ->capture_default_str();
+  command->add_flag("--shorten", into.shorten, "Shorten texts that are too long, and report them");
+  command
+      ->add_option("--on-duplicate", into.onDuplicate,
+                   "What happens to a row whose name the book, or an earlier row, has")
+      ->check(CLI::IsMember({"skip", "replace", "refuse"}))
+      ->capture_default_str();
+  command->add_flag("--batch", into.batch, "Send one import script, not a call for each row");
+  command->add_flag("--clear", into.clearFirst, "Clear the book first");
+  AddYes(command, into.yes);
+}
+
+void AddReportOptions(CLI::App* command, ImportRequest& into) {
+  command->add_flag("--preview", into.preview,
+                    "Show how the file is read, without a login; send nothing");
+  command->add_flag("--dry-run", into.dryRun, "Show what would be imported; send nothing");
+  AddNumber(command, "--show", into.shown, "The number of entries to show", 0, UINT32_MAX)
+      ->capture_default_str();
+  command
+      ->add_option("--rejects", into.rejects,
+                   "Write the rows that are not imported to this file, unchanged")
+      ->check(PathFault, "");
+  command->add_flag("--force", into.force, "Overwrite an existing file of rejected rows");
+  command->add_flag("--json", into.json, "Print the result as JSON")
+      ->excludes(command->get_option("--preview"));
+}
+
 }  // namespace
 
 void ImportInSession(const ImportRequest& request, const Session& session) {
-  ImportPlan plan(request, quillkit::IsAdminConnected(session.Scanner()) != 0);
-  RequireValidRows(plan, request);
-  Import(plan, request, session);
+  Prepared prepared(request, quillkit::IsAdminConnected(session.Scanner()) != 0);
+  Run(prepared, request, session);
 }
 
 void AddImportCommand(Commands& entry) {
   const auto request = std::make_shared<ImportRequest>();
-  ImportRequest& into = *request;
-  CLI::App* import = entry.AddWithoutLogin(
+  CLI::App* command = entry.AddWithoutLogin(
       "import", "Import a file into an address book",
       [request](const Credentials& credentials) { RunImport(*request, credentials); });
-  import->footer(kFooter);
-  import->add_option("file", into.file, "The file to import")->required();
-  import->add_option("--format", into.format, "The format of the file")
-      ->required()
-      ->check(CLI::IsMember(ImportFormatWords()));
-  import->add_option("--book", into.target, "csv only: the book (default: email)")
-      ->check(CLI::IsMember(BookWords()));
-  import->add_option("--map", into.map, kMapHelp);
-  import->add_flag("--skip-header", into.skipHeader,
-                   "csv only: skip the first line that is not blank");
-  import->add_flag("--clear", into.clearFirst,
-                   "csv only: clear the book first; requires ADMINISTRATOR");
-  AddNumber(import, "--show", into.shown, "The number of new entries to show", 0, UINT32_MAX)
-      ->capture_default_str();
-  AddYes(import, into.yes);
-  import
-      ->add_option("--rejects", into.rejects,
-                   "Write the rows that are not imported to this file, unchanged")
-      ->check(PathFault, "");
-  import->add_flag("--force", into.force, "Overwrite an existing file of rejected rows");
-  auto* json = import->add_flag("--json", into.json, "Print the result as JSON");
-  import
-      ->add_flag("--dry-run", into.dryRun, "Print the script for the appliance, without sending it")
-      ->excludes(json);
+  command->footer(kFooter);
+  command->add_option("file", request->file, "The file to import; - is standard input")->required();
+  AddFileOptions(command, *request);
+  AddBookOptions(command, *request);
+  AddReportOptions(command, *request);
 }
 
 }  // namespace quillctl

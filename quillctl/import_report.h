@@ -6,31 +6,35 @@
 
 #include <string>
 
-#include "quillctl/import_rows.h"
+#include "quillctl/import.h"
+#include "quillctl/import_file.h"
+#include "quillctl/import_request.h"
 
 namespace quillctl {
 
-// Prints to standard output how many rows were imported or, unless `isVerified` is set, sent.
-// `file` is the quoted file name.
-void ShowImportSummary(const std::string& file, const ImportRows& rows, bool isVerified);
+// Prints the format of the file and where the values of the fields come from, in one line.
+void ShowForm(const ImportSource& source, const ImportFile& file);
 
-// Prints to standard error the line and the fault of each invalid row, but at most `limit`, and how
-// many more there are.
-void ShowFaults(const ImportRows& rows, std::size_t limit);
+// Prints a table of the first `limit` rows with this outcome. Prints nothing if there are none.
+void ShowEntries(Import& run, const AddressBook& book, Outcome outcome, std::size_t limit);
 
-// Prints the summary and all invalid rows to standard output as JSON. Unless `isVerified` is set,
-// it is unknown which of the `sent` rows arrived.
-void ShowImportJson(const ImportRows& rows, std::size_t sent, bool isVerified);
+// Prints to standard error the rejected rows, with line and reason, and the notes; of each at most
+// `limit`, and how many more there are.
+void ShowFindings(Import& run, std::size_t limit);
 
-// Throws a UsageError if `path` is the imported file or is not a regular file, and, unless
-// `overwrite` is set, if the file exists.
-void RequireRejectsFile(const std::string& path, const std::string& imported, bool overwrite);
+// Prints the result as JSON. With `dryRun`, it has the rows that would be sent.
+void ShowImportJson(Import& run, const ImportSource& source, const AddressBook& book, bool dryRun);
 
-// Writes the header, if there is one, and the rows with a fault to a file, byte for byte as in the
-// imported file. After the rows have been corrected, the same command can import that file. An
+// Throws a UsageError if the file of rejected rows is the imported one, is not a regular file, or
+// exists and must not be overwritten.
+void RequireRejectsFile(const ImportRequest& request);
+
+// Writes the rejected rows to a file, byte for byte as in the imported file, and after what comes
+// before the first row there. When the rows have been corrected, that file can be imported. An
 // existing file is replaced as a whole. Without such rows, writes nothing. Throws a Refusal if the
 // file cannot be written.
-void WriteRejectedRows(const std::string& path, const ImportRows& rows);
+void WriteRejectedRows(const std::string& path, Import& run, const ImportSource& source,
+                       ImportFile& file);
 
 }  // namespace quillctl
 

@@ -6,7 +6,7 @@
 #include <limits>
 #include <set>
 
-#include "quillctl/displayed_text.h"
+#include "contacts/encoding.h"
 #include "quillctl/failures.h"
 #include "quillctl/json_output.h"
 
@@ -18,13 +18,13 @@ constexpr const char* kUtf8 = "utf-8";
 constexpr const char* kLatin1 = "latin-1";
 
 bool HoldsUtf8(const ItemFields& item) {
-  return std::ranges::all_of(kItemTexts,
-                             [&](const ItemText& text) { return IsUtf8(item.*text.field); });
+  return std::ranges::all_of(
+      kItemTexts, [&](const ItemText& text) { return contacts::IsUtf8(item.*text.field); });
 }
 
 bool HoldsUtf8(const KeySet& keys) {
   return std::ranges::all_of(keys, [](const KeyFields& key) {
-    return IsUtf8(key.name) &&
+    return contacts::IsUtf8(key.name) &&
            std::ranges::all_of(key.items, [](const ItemFields& item) { return HoldsUtf8(item); });
   });
 }
@@ -171,7 +171,10 @@ class Reader {
 std::string JsonOf(const KeySet& keys) {
   const bool isUtf8 = HoldsUtf8(keys);
   const auto text = [isUtf8](const std::string& bytes) {
-    return isUtf8 ? bytes : Utf8FromLatin1(bytes);
+    std::string utf8;
+    contacts::AppendUtf8(utf8, bytes,
+                         isUtf8 ? contacts::Encoding::kUtf8 : contacts::Encoding::kLatin1);
+    return utf8;
   };
   Json list = Json::array();
   for (const KeyFields& key : keys) {

@@ -104,6 +104,8 @@ std::string TitleOf(std::string_view section) {
   return "quillbox private book 1 " + Hexadecimal(hash);
 }
 
+constexpr std::size_t kMaxBackup = std::size_t{64} << 20;
+
 // Returns the bytes. Other characters than digits change them, which the checksum reveals.
 std::string BytesOf(std::string_view digits) {
   std::string bytes(digits.size() / 2, '\0');
@@ -161,7 +163,7 @@ void RequireRestored(const Session& session, const Contents& before, const Conte
 }
 
 void Restore(const Credentials& credentials, const std::string& path, bool yes) {
-  const PrivateBook wanted = ParseFile(ReadImportFile(path));
+  const PrivateBook wanted = ParseFile(ReadTextFile(path, kMaxBackup));
   const Session session(credentials);
   const PrivateBook before = ReadBook(session);
   if (before.user->name != wanted.user->name) {

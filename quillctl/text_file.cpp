@@ -15,15 +15,6 @@
 namespace quillctl {
 namespace {
 
-constexpr std::size_t kMaxImportSize = std::size_t{64} << 20;
-
-// Returns the reason of an error number. Systems have different numbers for reading a folder.
-std::string ReadFault(const std::string& path, int error) {
-  std::error_code failure;
-  if (std::filesystem::is_directory(path, failure)) return "it is a folder";
-  return std::generic_category().message(error);
-}
-
 UsageError TooLarge(const std::string& name, std::size_t limit) {
   return UsageError("cannot read " + name + ": it is larger than " + std::to_string(limit >> 20) +
                     " MiB");
@@ -41,9 +32,15 @@ std::string ReadStdin(std::size_t limit) {
   throw TooLarge("standard input", limit);
 }
 
-// Returns the bytes of a file. Throws a UsageError with the quoted name if the file cannot be read
-// or is larger than `limit` bytes.
-std::string ReadBytes(const std::string& path, const std::string& name, std::size_t limit) {
+}  // namespace
+
+std::string ReadFault(const std::string& path, int error) {
+  std::error_code failure;
+  if (std::filesystem::is_directory(path, failure)) return "it is a folder";
+  return std::generic_category().message(error);
+}
+
+std::string ReadTextFile(const std::string& path, std::size_t limit) {
   if (path == "-") return ReadStdin(limit);
   quillkit::OpenFile file = quillkit::OpenFile::ToRead(path.c_str());
   std::string bytes;
@@ -54,16 +51,10 @@ std::string ReadBytes(const std::string& path, const std::string& name, std::siz
     bytes.append(block.data(), size);
   }
   if (const int error = errno; !file.IsOpen() || file.HasFailed()) {
-    throw UsageError("cannot read " + name + ": " + ReadFault(path, error));
+    throw UsageError("cannot read " + Quoted(path) + ": " + ReadFault(path, error));
   }
   if (bytes.size() <= limit) return bytes;
-  throw TooLarge(name, limit);
-}
-
-}  // namespace
-
-std::string ReadTextFile(const std::string& path, std::size_t limit) {
-  return ReadBytes(path, Quoted(path), limit);
+  throw TooLarge(Quoted(path), limit);
 }
 
 void WriteTextFile(const std::string& path, const std::string& text, quillkit::Readers readers) {
@@ -74,15 +65,6 @@ void WriteTextFile(const std::string& path, const std::string& text, quillkit::R
   } else if (!quillkit::WriteFileWhole(path, text, readers)) {
     throw Refusal("cannot write " + Quoted(path) + "; an existing file was not changed");
   }
-}
-
-std::string ReadImportFile(const std::string& path) {
-  return ReadBytes(path, QuotedFileName(path), kMaxImportSize);
-}
-
-std::string_view WithoutByteOrderMark(std::string_view text) {
-  if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
-  return text;
 }
 
 std::string QuotedFileName(const std::string& path) {
@@ -96,12 +78,7 @@ bool FileLines::Next() {
   const std::size_t newline = rest.find('\n');
   bytes = rest.substr(0, newline == rest.npos ? newline : newline + 1);
   rest.remove_prefix(bytes.size());
-  ++number;
   return true;
-}
-
-bool FileLines::IsWhiteSpace() const {
-  return bytes.find_first_not_of(" \t\n\v\f\r") == bytes.npos;
 }
 
 std::string_view FileLines::Text() const {
@@ -109,12 +86,6 @@ std::string_view FileLines::Text() const {
   if (!text.ends_with('\n')) return text;
   text.remove_suffix(text.ends_with("\r\n") ? 2 : 1);
   return text;
-}
-
-std::string FileLines::TextWithLf() const {
-  std::string folded(Text());
-  if (bytes.ends_with('\n')) folded += '\n';
-  return folded;
 }
 
 }  // namespace quillctl

@@ -21,15 +21,9 @@ std::string ReadTextFile(const std::string& path, std::size_t limit);
 void WriteTextFile(const std::string& path, const std::string& text,
                    quillkit::Readers readers = quillkit::Readers::kUsual);
 
-// Returns the bytes of the file, or of standard input for "-". Throws a UsageError if it cannot be
-// read or is larger than 64 MiB, which is more than any address book.
-std::string ReadImportFile(const std::string& path);
-
-// The byte order mark that some programs write before UTF-8 text.
-inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-
-// Returns the text without a byte order mark at its beginning.
-std::string_view WithoutByteOrderMark(std::string_view text);
+// Returns the reason why a file cannot be read, from an error number. Systems have different
+// numbers for reading a folder.
+std::string ReadFault(const std::string& path, int error);
 
 // Returns the file's name without its folder, quoted, for messages; "standard input" for "-".
 std::string QuotedFileName(const std::string& path);
@@ -42,16 +36,11 @@ class FileLines {
   // Moves to the next line. Returns false after the last one.
   bool Next();
 
-  std::size_t Number() const { return number; }     // from 1
-  std::string_view Bytes() const { return bytes; }  // with the line end
-  bool IsWhiteSpace() const;                        // contains only white space
-  std::string_view Text() const;                    // without LF or CR LF
-  std::string TextWithLf() const;  // with LF instead of CR LF, as the converters read it
+  std::string_view Text() const;  // without LF or CR LF
 
  private:
   std::string_view rest;
   std::string_view bytes;
-  std::size_t number = 0;
 };
 
 }  // namespace quillctl

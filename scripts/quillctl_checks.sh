@@ -27,7 +27,8 @@ check_quillctl() {
     echo "other users can read the simulator's state file, which contains passwords"
     return 1
   fi
-  scripts/check_interactive "$1/quillctl" && check_completion "$1" && scripts/check_json_schema
+  scripts/check_interactive "$1/quillctl" && check_completion "$1" && scripts/check_json_schema &&
+    scripts/check_corpus "$1/quillctl"
 }
 
 # check_completion FOLDER: tests the completion of commands, options, choices and names in bash.

@@ -1,9 +1,26 @@
-// Defers termination until the program has finished a task.
+// What happens when the program is asked to terminate, as by Ctrl-C.
 
 #ifndef QUILLCTL_SYSTEM_DEFERRED_TERMINATION_H_
 #define QUILLCTL_SYSTEM_DEFERRED_TERMINATION_H_
 
+#include <cstddef>
+#include <string>
+
 namespace quillctl {
+
+// While this object exists, a request that terminates the program deletes the file first. At most
+// four objects may exist at a time; a further one has no effect. On Windows, a file that is open is
+// not deleted.
+class DeletedOnTermination {
+ public:
+  explicit DeletedOnTermination(const std::string& path);
+  DeletedOnTermination(const DeletedOnTermination&) = delete;
+  DeletedOnTermination& operator=(const DeletedOnTermination&) = delete;
+  ~DeletedOnTermination();
+
+ private:
+  std::size_t slot;
+};
 
 // While this object exists, it records requests to terminate the program, such as Ctrl-C. The first
 // one prints to standard error what the program still does. A second request terminates; on POSIX,

@@ -2,13 +2,37 @@
 
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <cstring>
 #include <optional>
+#include <utility>
 
 #include "quillctl/system/posix/caught_signals.h"
 
 namespace quillctl {
 namespace {
+
+// A path, for a signal handler.
+struct Slot {
+  std::array<char, 4096> path = {};
+  volatile std::sig_atomic_t isUsed = 0;
+};
+std::array<Slot, 4> slots;
+
+void DeleteFiles() {
+  for (const Slot& each : slots) {
+    if (each.isUsed != 0) unlink(each.path.data());
+  }
+}
+
+extern "C" void Terminate(int number) {
+  DeleteFiles();
+  static_cast<void>(std::signal(number, SIG_DFL));
+  static_cast<void>(raise(number));
+}
+
+std::optional<CaughtSignals> deletion;  // set while there are files, unless termination is deferred
 
 // Belongs to the one DeferredTermination.
 volatile std::sig_atomic_t isRequested = 0;
@@ -20,8 +44,7 @@ void Print(const char* text) {
 
 extern "C" void RecordRequest(int number) {
   if (number != SIGHUP && isRequested != 0) {  // SIGHUP arrives twice when a terminal is closed
-    static_cast<void>(std::signal(number, SIG_DFL));
-    static_cast<void>(raise(number));
+    Terminate(number);
   }
   if (isRequested == 0 && announced != nullptr) {
     Print("\nquillctl: ");
@@ -38,6 +61,26 @@ struct Actions {
 std::optional<Actions> actions;
 
 }  // namespace
+
+DeletedOnTermination::DeletedOnTermination(const std::string& path) {
+  const auto* const free = std::ranges::find(std::as_const(slots), 0, &Slot::isUsed);
+  slot = static_cast<std::size_t>(free - slots.begin());
+  if (slot == slots.size() || path.size() >= slots[slot].path.size()) {
+    slot = slots.size();
+    return;
+  }
+  path.copy(slots[slot].path.data(), path.size());
+  slots[slot].path[path.size()] = '\0';
+  slots[slot].isUsed = 1;
+  if (!actions && !deletion) deletion.emplace(Terminate);
+}
+
+DeletedOnTermination::~DeletedOnTermination() {
+  if (slot < slots.size()) slots[slot].isUsed = 0;
+  if (!actions && std::ranges::all_of(slots, [](const Slot& each) { return each.isUsed == 0; })) {
+    deletion.reset();
+  }
+}
 
 DeferredTermination::DeferredTermination(const char* reason) {
   isRequested = 0;

@@ -2,13 +2,28 @@
 
 #include <windows.h>
 
+#include <algorithm>
+#include <array>
 #include <atomic>
 #include <iostream>
+#include <mutex>
 
 namespace quillctl {
 namespace {
 
-// Belongs to the one DeferredTermination. The console calls the handler in a thread of its own.
+// The console calls the handlers in a thread of its own.
+std::mutex mutex;
+std::array<std::string, 4> paths;
+
+BOOL WINAPI DeleteFiles(DWORD) {
+  const std::lock_guard lock(mutex);
+  for (const std::string& each : paths) {
+    if (!each.empty()) DeleteFileA(each.c_str());
+  }
+  return FALSE;
+}
+
+// Belongs to the one DeferredTermination.
 std::atomic<bool> isRequested = false;
 const char* announced = nullptr;
 
@@ -21,6 +36,19 @@ BOOL WINAPI RecordRequest(DWORD) {
 }
 
 }  // namespace
+
+DeletedOnTermination::DeletedOnTermination(const std::string& path) {
+  const std::lock_guard lock(mutex);
+  slot = static_cast<std::size_t>(std::ranges::find(paths, std::string()) - paths.begin());
+  if (slot < paths.size()) paths[slot] = path;
+  SetConsoleCtrlHandler(DeleteFiles, TRUE);
+}
+
+DeletedOnTermination::~DeletedOnTermination() {
+  SetConsoleCtrlHandler(DeleteFiles, FALSE);
+  const std::lock_guard lock(mutex);
+  if (slot < paths.size()) paths[slot].clear();
+}
 
 DeferredTermination::DeferredTermination(const char* reason) {
   isRequested = false;

@@ -1,0 +1,284 @@
+#include "quillctl/import.h"
+
+#include <algorithm>
+
+#include "import/script.h"
+#include "quillctl/failures.h"
+#include "quillctl/progress.h"
+#include "quillctl/system/terminal.h"
+#include "toolkit/quillkit.h"
+
+namespace quillctl {
+namespace {
+
+constexpr std::uint8_t kShortenedBit = 0x80;
+constexpr std::uint8_t kFirstStatus = 0x40;
+
+bool HasShortenedName(const contacts::Entry& entry) {
+  return std::ranges::any_of(entry.notes, [](const contacts::Finding& each) {
+    return each.problem == &contacts::kShortened;
+  });
+}
+
+bool IsCarriedByScript(const contacts::Entry& entry) {
+  return std::ranges::none_of(entry.values, [](const std::string& each) {
+    return each.find_first_of("\"\r\n") != each.npos;
+  });
+}
+
+// Returns whether the appliance accepts no further row after this status.
+bool EndsImport(std::int32_t status) {
+  return status == quillkit::kBookFull || status == quillkit::kNotLoggedIn ||
+         status == quillkit::kServerIdle || status == quillkit::kServerFailure ||
+         status == quillkit::kTimeoutExpired || status == quillkit::kNotInitialised ||
+         status == quillkit::kRefused;
+}
+
+}  // namespace
+
+bool IsRejection(Outcome outcome) {
+  switch (outcome) {
+    case Outcome::kRejected:
+    case Outcome::kNameUsed:
+    case Outcome::kNameInBook:
+    case Outcome::kNotCarried:
+    case Outcome::kNotSent:
+    case Outcome::kChanged:
+    case Outcome::kRefused:
+      return true;
+    default:
+      return false;
+  }
+}
+
+std::size_t Import::Rejected() const {
+  std::size_t rejected = 0;
+  for (std::size_t i = 0; i < counts.size(); ++i) {
+    if (IsRejection(static_cast<Outcome>(i))) rejected += counts[i];
+  }
+  return rejected;
+}
+
+Outcome Import::OutcomeOf(std::size_t row) const {
+  const unsigned value = outcomes[row] & ~unsigned{kShortenedBit};
+  return value < kFirstStatus ? static_cast<Outcome>(value) : Outcome::kRefused;
+}
+
+void Import::Set(std::size_t row, Outcome outcome) {
+  --counts[static_cast<std::size_t>(OutcomeOf(row))];
+  ++counts[static_cast<std::size_t>(outcome)];
+  outcomes[row] = static_cast<std::uint8_t>((outcomes[row] & kShortenedBit) |
+                                            static_cast<std::uint8_t>(outcome));
+}
+
+// Of the values that the file supplies, other than the name.
+std::uint64_t Import::HashOfValues(const std::vector<std::string>& values) const {
+  std::uint64_t hash = 0;
+  for (std::size_t i = 1; i < values.size(); ++i) {
+    if (source.Supplies(i)) hash = HashOf(values[i], hash + values[i].size());
+  }
+  return hash;
+}
+
+bool Import::HasValuesOf(const NameTable::Named& named,
+                         const std::vector<std::string>& values) const {
+  const std::uint64_t hash = HashOfValues(values);
+  return named.hash[0] == static_cast<std::uint32_t>(hash) &&
+         named.hash[1] == static_cast<std::uint32_t>(hash >> 32);
+}
+
+void Import::Survey(bool inScript) {
+  asScript = inScript;
+  Progress progress("Reading the file");
+  source.ForEach([&](contacts::Entry& entry) {
+    Decide(entry);
+    progress.Step();
+    return true;
+  });
+}
+
+void Import::Decide(const contacts::Entry& entry) {
+  const std::size_t row = outcomes.size();
+  outcomes.push_back(static_cast<std::uint8_t>(Outcome::kRejected));
+  ++counts[static_cast<std::size_t>(Outcome::kRejected)];
+  if (!entry.notes.empty()) ++noted;
+  if (entry.isPassedOver) return Set(row, Outcome::kPassedOver);
+  if (entry.fault.problem != nullptr) return;
+  if (asScript && !source.IsScript() && !IsCarriedByScript(entry)) {
+    return Set(row, Outcome::kNotCarried);
+  }
+  bool isNew = false;
+  NameTable::Named& named = names.Insert(entry.values.front(), isNew);
+  if (!isNew) return DecideDuplicate(entry, named);
+  SetRow(named, entry);
+  if (HasShortenedName(entry)) outcomes[row] |= kShortenedBit;
+  Set(row, Outcome::kToAdd);
+}
+
+// Decides about the last row, whose name another row has.
+void Import::DecideDuplicate(const contacts::Entry& entry, NameTable::Named& first) {
+  const std::size_t row = outcomes.size() - 1;
+  const bool isShortened = HasShortenedName(entry) || (outcomes[first.row] & kShortenedBit) != 0;
+  if (!source.IsScript() && (isShortened || rule == OnDuplicate::kRefuse)) {
+    return Set(row, Outcome::kNameUsed);
+  }
+  if (HasValuesOf(first, entry.values)) return Set(row, Outcome::kRepeated);
+  if (!source.IsScript() && rule == OnDuplicate::kSkip) return Set(row, Outcome::kNameUsed);
+  Set(first.row, Outcome::kReplaced);
+  Set(row, Outcome::kToAdd);
+  SetRow(first, entry);
+}
+
+// Makes the last row the one that has the name.
+void Import::SetRow(NameTable::Named& named, const contacts::Entry& entry) const {
+  const std::uint64_t hash = HashOfValues(entry.values);
+  named.row = static_cast<std::uint32_t>(outcomes.size() - 1);
+  named.line = static_cast<std::uint32_t>(entry.line);
+  named.hash[0] = static_cast<std::uint32_t>(hash);
+  named.hash[1] = static_cast<std::uint32_t>(hash >> 32);
+}
+
+std::int32_t Import::ReadBook(const quillkit::CScanner& scanner, const std::string& title,
+                              const std::function<void(const Row&)>& handle, std::size_t& entries) {
+  std::uint32_t count = 0;
+  entries = 0;
+  Progress progress(title + " the " + std::string(book.title),
+                    [&] { return book.count(scanner, &count) == quillkit::kNoError ? count : 0; });
+  const std::int32_t status = book.read(scanner, {}, "*", [&](const Row& row) {
+    handle(row);
+    ++entries;
+    progress.Step();
+    return true;
+  });
+  if (status != quillkit::kNoError) return status;
+  const std::int32_t counted = book.count(scanner, &count);
+  const bool isMissing = counted == quillkit::kNoSuchBook || counted == quillkit::kDataNotFound;
+  if (entries == 0 && isMissing) return quillkit::kNoError;
+  if (counted != quillkit::kNoError) return counted;
+  return count == entries ? quillkit::kNoError : quillkit::kUnusableInput;
+}
+
+void Import::Compare(const quillkit::CScanner& scanner, bool isCleared) {
+  const auto compare = [&](const Row& row) {
+    const NameTable::Named* const named = names.Find(row.front());
+    // A script is sent as a whole, and replaces entries.
+    if (isCleared || source.IsScript() || named == nullptr) return;
+    Outcome outcome = Outcome::kNameInBook;
+    if (rule == OnDuplicate::kReplace) outcome = Outcome::kToChange;
+    if (rule != OnDuplicate::kRefuse && HasValuesOf(*named, row)) outcome = Outcome::kPresent;
+    Set(named->row, outcome);
+  };
+  const std::int32_t status = ReadBook(scanner, "Reading", compare, entriesBefore);
+  if (status == quillkit::kNoError) return;
+  throw Refusal(
+      "the " + std::string(book.title) +
+      " cannot be read completely, so the result could not be verified; nothing was sent");
+}
+
+std::int32_t Import::SendRow(const quillkit::CScanner& scanner, const contacts::Entry& entry,
+                             Outcome outcome) {
+  if (outcome == Outcome::kToAdd) return book.add(book, scanner, entry.values);
+  return book.change(book, scanner, entry.values.front(), [&](Row& row) {
+    for (std::size_t i = 1; i < row.size(); ++i) {
+      if (source.Supplies(i)) row[i] = entry.values[i];
+    }
+    return true;
+  });
+}
+
+void Import::SendRows(const quillkit::CScanner& scanner,
+                      const std::function<bool()>& isInterrupted) {
+  Progress progress("Sending", [&] { return ToSend(); });
+  bool isEnded = false;
+  std::size_t row = 0;
+  source.ForEach([&](contacts::Entry& entry) {
+    if (row == outcomes.size()) return false;
+    const std::size_t current = row++;
+    const Outcome outcome = OutcomeOf(current);
+    if (outcome != Outcome::kToAdd && outcome != Outcome::kToChange) return true;
+    isEnded = isEnded || isInterrupted();
+    if (isEnded) {
+      Set(current, Outcome::kNotSent);
+      return true;
+    }
+    const NameTable::Named* const named = entry.fault.problem == nullptr && !entry.isPassedOver
+                                              ? names.Find(entry.values.front())
+                                              : nullptr;
+    if (named == nullptr || named->row != current || !HasValuesOf(*named, entry.values)) {
+      Set(current, Outcome::kChanged);
+      return true;
+    }
+    KeepSessionAlive();
+    const std::int32_t status = SendRow(scanner, entry, outcome);
+    ++sent;
+    progress.Step();
+    Set(current, Outcome::kRefused);  // until it is seen in the book
+    if (status != quillkit::kNoError) lastStatus = status;
+    if (status > 0 && status < kFirstStatus) {
+      outcomes[current] = static_cast<std::uint8_t>((outcomes[current] & kShortenedBit) |
+                                                    kFirstStatus | static_cast<unsigned>(status));
+    }
+    isEnded = EndsImport(status);
+    return true;
+  });
+}
+
+std::int32_t Import::SendScript(quillkit::CScanner& scanner, bool clearFirst) {
+  const quillkit::ScriptBook* const format =
+      quillkit::FindScriptBook(book.target != 0 ? book.target : quillkit::TargetEmail);
+  TemporaryFile script;
+  quillkit::ScriptWriter writer;
+  if (!writer.Open(script.ReleaseFile())) throw Refusal(kNoTemporaryFile);
+  if (clearFirst && isAdmin) quillkit::WriteClearLine(writer, *format);
+  std::size_t row = 0;
+  source.ForEach([&](contacts::Entry& entry) {
+    if (row == outcomes.size()) return false;
+    const Outcome outcome = OutcomeOf(row);
+    const bool isToSend = outcome == Outcome::kToAdd || outcome == Outcome::kToChange;
+    if (isToSend || (source.IsScript() && !entry.values.empty())) {
+      std::vector<std::string_view> values(entry.values.begin(), entry.values.end());
+      values.resize(format->fieldCount);
+      quillkit::WriteEntry(writer, *format, isAdmin, values);
+    }
+    if (isToSend) {
+      Set(row, Outcome::kRefused);  // until it is seen in the book
+      ++sent;
+    }
+    ++row;
+    return true;
+  });
+  if (!writer.Close()) throw Refusal(kNoTemporaryFile);
+  quillkit::ImportOptions options = {};
+  options.format = quillkit::ImportFormatScript;
+  lastStatus = quillkit::ImportAddressBook(&scanner, script.path().c_str(), &options);
+  return lastStatus;
+}
+
+void Import::Verify(const quillkit::CScanner& scanner) {
+  const auto find = [&](const Row& row) {
+    const NameTable::Named* const named = names.Find(row.front());
+    if (named == nullptr || OutcomeOf(named->row) != Outcome::kRefused) return;
+    if (HasValuesOf(*named, row)) Set(named->row, Outcome::kArrived);
+  };
+  if (ReadBook(scanner, "Verifying", find, entriesAfter) == quillkit::kNoError) return;
+  for (std::size_t row = 0; row < outcomes.size(); ++row) {
+    if (OutcomeOf(row) == Outcome::kRefused) Set(row, Outcome::kUnknown);
+  }
+}
+
+void Import::ForEach(const Handler& handle) {
+  std::size_t row = 0;
+  source.ForEach([&](contacts::Entry& entry) {
+    if (row == outcomes.size()) return false;
+    const unsigned value = outcomes[row] & ~unsigned{kShortenedBit};
+    rowStatus = value < kFirstStatus ? 0 : static_cast<std::int32_t>(value - kFirstStatus);
+    return handle(entry, OutcomeOf(row++));
+  });
+}
+
+std::uint64_t Import::LineOfName(const std::string& name) {
+  const NameTable::Named* const named = names.Find(name);
+  return named != nullptr ? named->line : 0;
+}
+
+}  // namespace quillctl

@@ -1,0 +1,132 @@
+// An import into an address book, step by step. What becomes of each row is known at any time.
+
+#ifndef QUILLCTL_IMPORT_H_
+#define QUILLCTL_IMPORT_H_
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "contacts/entries.h"
+#include "quillctl/address_books.h"
+#include "quillctl/import_source.h"
+#include "quillctl/name_table.h"
+#include "quillctl/session.h"
+#include "quillctl/temporary_file.h"
+
+namespace quillctl {
+
+enum class OnDuplicate : std::uint8_t { kSkip, kReplace, kRefuse };
+
+// What becomes of a row.
+enum class Outcome : std::uint8_t {
+  kRejected,    // by its own fault
+  kPassedOver,  // it is no entry
+  kNameUsed,    // rejected: another row has its name
+  kNameInBook,  // rejected: the book has an entry of its name
+  kNotCarried,  // rejected: a script cannot carry it
+  kRepeated,    // not sent: an equal row is
+  kReplaced,    // not sent: a later row has its name
+  kPresent,     // not sent: the book has an equal entry
+  kToAdd,       // it is to be sent
+  kToChange,    // it is to be sent, for an entry that exists
+  kNotSent,     // the import ended before
+  kChanged,     // not sent: the file was changed during the import
+  kRefused,     // sent, and not in the book
+  kArrived,     // sent, and in the book
+  kUnknown,     // sent, and the book cannot be read
+};
+
+// Whether the row is in the file of rejected rows.
+bool IsRejection(Outcome outcome);
+
+class Import {
+ public:
+  Import(ImportSource& newSource, const AddressBook& newBook, OnDuplicate newRule, bool asAdmin)
+      : source(newSource), book(newBook), rule(newRule), isAdmin(asAdmin) {}
+  Import(const Import&) = delete;
+  Import& operator=(const Import&) = delete;
+
+  // Reads the file and decides about each row. `asScript`: the rows are to be sent in a script.
+  void Survey(bool asScript);
+
+  // Reads the book and, unless it is going to be cleared, compares the rows with its entries.
+  // Throws a Refusal if the book cannot be read.
+  void Compare(const quillkit::CScanner& scanner, bool isCleared);
+
+  // Sends the rows, each with a call of its own. Ends early when the user asks for it, when the
+  // book is full, or when the session is lost.
+  void SendRows(const quillkit::CScanner& scanner, const std::function<bool()>& isInterrupted);
+
+  // Sends the rows in one script. Returns the result of the library. Throws a Refusal if the script
+  // cannot be written.
+  std::int32_t SendScript(quillkit::CScanner& scanner, bool clearFirst);
+
+  // Reads the book and finds out which rows are in it.
+  void Verify(const quillkit::CScanner& scanner);
+
+  // Passes each row with its outcome to the handler. Returns when that returns false.
+  using Handler = std::function<bool(const contacts::Entry&, Outcome)>;
+  void ForEach(const Handler& handle);
+
+  // The status with which the appliance refused the row that ForEach() passes; 0 if it did not.
+  std::int32_t RowStatus() const { return rowStatus; }
+
+  std::size_t Rows() const { return outcomes.size(); }
+  std::size_t Count(Outcome outcome) const { return counts[static_cast<std::size_t>(outcome)]; }
+  std::size_t Rejected() const;  // rows that are rejections
+  // Rows that may have a note.
+  std::size_t Noted() const {
+    return noted + Count(Outcome::kRepeated) + Count(Outcome::kReplaced) +
+           Count(Outcome::kPresent) + Count(Outcome::kUnknown);
+  }
+  std::size_t ToSend() const { return Count(Outcome::kToAdd) + Count(Outcome::kToChange); }
+  std::size_t Sent() const { return sent; }
+
+  // The line of the row that has the name of this one.
+  std::uint64_t LineOfName(const std::string& name);
+
+  // The last status other than 0 with which the appliance refused a row; 0 if there is none.
+  std::int32_t LastStatus() const { return lastStatus; }
+
+  // The entries of the book before and after the import.
+  std::size_t EntriesBefore() const { return entriesBefore; }
+  std::size_t EntriesAfter() const { return entriesAfter; }
+
+ private:
+  void Decide(const contacts::Entry& entry);
+  void DecideDuplicate(const contacts::Entry& entry, NameTable::Named& first);
+  void Set(std::size_t row, Outcome outcome);
+  void SetRow(NameTable::Named& named, const contacts::Entry& entry) const;
+  Outcome OutcomeOf(std::size_t row) const;
+  std::uint64_t HashOfValues(const std::vector<std::string>& values) const;
+  bool HasValuesOf(const NameTable::Named& named, const std::vector<std::string>& values) const;
+  std::int32_t SendRow(const quillkit::CScanner& scanner, const contacts::Entry& entry,
+                       Outcome outcome);
+  std::int32_t ReadBook(const quillkit::CScanner& scanner, const std::string& title,
+                        const std::function<void(const Row&)>& handle, std::size_t& entries);
+
+  ImportSource& source;
+  const AddressBook& book;
+  const OnDuplicate rule;
+  const bool isAdmin;
+  bool asScript = false;
+  NameTable names;
+  // The outcome of each row, or kFirstStatus and the status that refused it. The highest bit: its
+  // name was shortened.
+  std::vector<std::uint8_t> outcomes;
+  std::array<std::size_t, 16> counts = {};
+  std::size_t noted = 0;  // rows that have a note of their own
+  std::size_t sent = 0;
+  std::int32_t rowStatus = 0;
+  std::int32_t lastStatus = 0;
+  std::size_t entriesBefore = 0;
+  std::size_t entriesAfter = 0;
+};
+
+}  // namespace quillctl
+
+#endif  // QUILLCTL_IMPORT_H_

@@ -1,0 +1,70 @@
+#include "quillctl/import_file.h"
+
+#include <array>
+#include <cerrno>
+#include <filesystem>
+#include <iostream>
+#include <system_error>
+
+#include "quillctl/failures.h"
+#include "quillctl/system/terminal.h"
+#include "quillctl/text_file.h"
+
+namespace quillctl {
+
+ImportFile::ImportFile(const std::string& newPath, bool needsPath) : path(newPath) {
+  if (path == "-") {
+    ReadStdinAsBinary();
+    Copy(std::cin, needsPath);
+    return;
+  }
+  errno = 0;
+  stream.open(path, std::ios::binary);
+  // A folder can be opened, but not read.
+  if (!stream.is_open() || (stream.peek(), stream.bad())) {
+    throw UsageError("cannot read " + Name() + ": " + ReadFault(path, errno));
+  }
+  std::error_code failure;
+  if (std::filesystem::is_regular_file(path, failure)) return;
+  std::ifstream device = std::move(stream);
+  Copy(device, needsPath);
+}
+
+void ImportFile::Copy(std::istream& from, bool needsPath) {
+  copy.emplace();
+  quillkit::OpenFile file = copy->ReleaseFile();
+  stream = std::ifstream(copy->path(), std::ios::binary);
+  if (!needsPath) quillkit::DeleteFileAt(copy->path());
+  std::array<char, 65536> block = {};
+  while (from.read(block.data(), block.size()), from.gcount() > 0) {
+    KeepSessionAlive();
+    if (!file.Write({block.data(), static_cast<std::size_t>(from.gcount())})) break;
+  }
+  if (from.bad()) throw UsageError("cannot read " + Name());
+  if (!file.Close() || !stream.is_open()) throw Refusal(kNoTemporaryFile);
+}
+
+std::istream& ImportFile::Rewind() {
+  stream.clear();
+  stream.seekg(0);
+  return stream;
+}
+
+void ImportFile::RequireGood() const {
+  if (stream.bad()) throw Refusal("cannot read " + Name() + " completely");
+}
+
+std::string ImportFile::Bytes(std::uint64_t begin, std::uint64_t end) {
+  std::string bytes(static_cast<std::size_t>(end - begin), '\0');
+  Rewind();
+  stream.seekg(static_cast<std::streamoff>(begin));
+  stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  bytes.resize(static_cast<std::size_t>(stream.gcount()));
+  return bytes;
+}
+
+std::string ImportFile::Name() const {
+  return QuotedFileName(path);
+}
+
+}  // namespace quillctl
