@@ -1,7 +1,7 @@
 #include "contacts/headings.h"
 
-#include <algorithm>
-#include <iterator>
+#include <cstddef>
+#include <span>
 #include <string>
 
 #include "contacts/lower_case.h"
@@ -9,158 +9,61 @@
 namespace contacts {
 namespace {
 
-struct Heading {
-  std::string_view text;  // as Normalised() returns it
+// Headings with one meaning, each between spaces, as Normalised() returns them.
+struct Headings {
   Meaning meaning;
+  std::string_view words;
 };
 
-constexpr Meaning kWhole = {Part::kName};
-constexpr Meaning kShown = {Part::kName, 2};
-constexpr Meaning kWholeOrGiven = {Part::kName, 1, Part::kGivenName};
-constexpr Meaning kWholeOrFamily = {Part::kName, 1, Part::kFamilyName};
-constexpr Meaning kGiven = {Part::kGivenName};
-constexpr Meaning kFamily = {Part::kFamilyName};
-constexpr Meaning kMail = {Part::kEmail};
-constexpr Meaning kWorkMail = {Part::kEmail, 1, {}, Place::kWork};
-constexpr Meaning kHomeMail = {Part::kEmail, 1, {}, Place::kHome};
-constexpr Meaning kFaxNumber = {Part::kFax};
-constexpr Meaning kWorkFax = {Part::kFax, 1, {}, Place::kWork};
-constexpr Meaning kHomeFax = {Part::kFax, 1, {}, Place::kHome};
+constexpr Meaning kWork(Part part) {
+  return {part, 1, {}, Place::kWork};
+}
+constexpr Meaning kHome(Part part) {
+  return {part, 1, {}, Place::kHome};
+}
 
-constexpr Heading kHeadings[] = {
-    // English, and the names of attributes
-    {"name", kWholeOrFamily},
-    {"fullname", kWhole},
-    {"displayname", kShown},
-    {"cn", kWhole},
-    {"commonname", kWhole},
-    {"contactname", kWhole},
-    {"firstname", kGiven},
-    {"givenname", kGiven},
-    {"forename", kGiven},
-    {"lastname", kFamily},
-    {"familyname", kFamily},
-    {"surname", kFamily},
-    {"sn", kFamily},
-    {"mail", kMail},
-    {"email", kMail},
-    {"emailaddress", kMail},
-    {"emailvalue", kMail},
-    {"mailaddress", kMail},
-    {"primaryemail", kMail},
-    {"secondaryemail", kMail},
-    {"workemail", kWorkMail},
-    {"emailwork", kWorkMail},
-    {"businessemail", kWorkMail},
-    {"homeemail", kHomeMail},
-    {"emailhome", kHomeMail},
-    {"personalemail", kHomeMail},
-    {"fax", kFaxNumber},
-    {"faxnumber", kFaxNumber},
-    {"facsimiletelephonenumber", kFaxNumber},
-    {"otherfax", kFaxNumber},
-    {"businessfax", kWorkFax},
-    {"workfax", kWorkFax},
-    {"faxwork", kWorkFax},
-    {"homefax", kHomeFax},
-    {"faxhome", kHomeFax},
-    // German
-    {"anzeigename", kShown},
-    {"vollständigername", kWhole},
-    {"vorname", kGiven},
-    {"nachname", kFamily},
-    {"familienname", kFamily},
-    {"emailadresse", kMail},
-    {"mailadresse", kMail},
-    {"primäreemailadresse", kMail},
-    {"sekundäreemailadresse", kMail},
-    {"emailgeschäftlich", kWorkMail},
-    {"emailprivat", kHomeMail},
-    {"faxnummer", kFaxNumber},
-    {"telefax", kFaxNumber},
-    {"faxgeschäftlich", kWorkFax},
-    {"faxprivat", kHomeFax},
-    // French
-    {"nom", kWholeOrFamily},
-    {"nomcomplet", kWhole},
-    {"nomàafficher", kShown},
-    {"nomaffiché", kShown},
-    {"prénom", kGiven},
-    {"prenom", kGiven},
-    {"nomdefamille", kFamily},
-    {"adresseemail", kMail},
-    {"adressedemessagerie", kMail},
-    {"adresseélectronique", kMail},
-    {"courriel", kMail},
-    {"adressecourriel", kMail},
-    {"télécopie", kFaxNumber},
-    {"télécopieur", kFaxNumber},
-    {"numérodefax", kFaxNumber},
-    {"numérodetélécopie", kFaxNumber},
-    {"faxprofessionnel", kWorkFax},
-    {"télécopiebureau", kWorkFax},
-    {"faxpersonnel", kHomeFax},
-    {"télécopiedomicile", kHomeFax},
-    // Spanish
-    {"nombre", kWholeOrGiven},
-    {"nombrecompleto", kWhole},
-    {"nombreparamostrar", kShown},
-    {"nombredepila", kGiven},
-    {"apellido", kFamily},
-    {"apellidos", kFamily},
-    {"correo", kMail},
-    {"correoelectrónico", kMail},
-    {"correoelectronico", kMail},
-    {"direccióndecorreoelectrónico", kMail},
-    {"direccióndecorreo", kMail},
-    {"númerodefax", kFaxNumber},
-    {"faxdeltrabajo", kWorkFax},
-    {"faxparticular", kHomeFax},
-    // Italian
-    {"nome", kWholeOrGiven},
-    {"nomecompleto", kWhole},
-    {"nomevisualizzato", kShown},
-    {"cognome", kFamily},
-    {"indirizzoemail", kMail},
-    {"indirizzodipostaelettronica", kMail},
-    {"postaelettronica", kMail},
-    {"indirizzodiposta", kMail},
-    {"numerodifax", kFaxNumber},
-    {"numerofax", kFaxNumber},
-    {"faxufficio", kWorkFax},
-    {"faxabitazione", kHomeFax},
-    // Dutch
-    {"naam", kWholeOrFamily},
-    {"volledigenaam", kWhole},
-    {"weergavenaam", kShown},
-    {"voornaam", kGiven},
-    {"achternaam", kFamily},
-    {"familienaam", kFamily},
-    {"emailadres", kMail},
-    {"mailadres", kMail},
-    {"werkemail", kWorkMail},
-    {"faxwerk", kWorkFax},
-    {"faxopwerk", kWorkFax},
-    {"faxthuis", kHomeFax}};
+// In English, German, French, Spanish, Italian and Dutch. Some exports have names of attributes.
+constexpr Headings kHeadings[] = {
+    {{Part::kName},
+     " fullname cn commonname contactname vollständigername nomcomplet nombrecompleto nomecompleto"
+     " volledigenaam "},
+    {{Part::kName, 2},
+     " displayname anzeigename nomàafficher nomaffiché nombreparamostrar nomevisualizzato"
+     " weergavenaam "},
+    {{Part::kName, 1, Part::kFamilyName}, " name nom naam "},
+    {{Part::kName, 1, Part::kGivenName}, " nombre nome "},
+    {{Part::kGivenName},
+     " firstname givenname forename vorname prénom prenom nombredepila voornaam "},
+    {{Part::kFamilyName},
+     " lastname familyname surname sn nachname familienname nomdefamille apellido apellidos"
+     " cognome achternaam familienaam "},
+    {{Part::kEmail},
+     " mail email emailaddress emailvalue mailaddress primaryemail secondaryemail emailadresse"
+     " mailadresse primäreemailadresse sekundäreemailadresse adresseemail adressedemessagerie"
+     " adresseélectronique courriel adressecourriel correo correoelectrónico correoelectronico"
+     " direccióndecorreo direccióndecorreoelectrónico indirizzoemail indirizzodiposta"
+     " indirizzodipostaelettronica postaelettronica emailadres mailadres "},
+    {kWork(Part::kEmail), " workemail emailwork businessemail emailgeschäftlich werkemail "},
+    {kHome(Part::kEmail), " homeemail emailhome personalemail emailprivat "},
+    {{Part::kFax},
+     " fax faxnumber facsimiletelephonenumber otherfax faxnummer telefax télécopie télécopieur"
+     " numérodefax numérodetélécopie númerodefax numerodifax numerofax "},
+    {kWork(Part::kFax),
+     " businessfax workfax faxwork faxgeschäftlich faxprofessionnel télécopiebureau"
+     " faxdeltrabajo faxufficio faxwerk faxopwerk "},
+    {kHome(Part::kFax),
+     " homefax faxhome faxprivat faxpersonnel télécopiedomicile faxparticular faxabitazione"
+     " faxthuis "}};
 
-constexpr Heading kAttributes[] = {{"cn", kWhole},
-                                   {"commonname", kWhole},
-                                   {"displayname", kShown},
-                                   {"givenname", kGiven},
-                                   {"gn", kGiven},
-                                   {"sn", kFamily},
-                                   {"surname", kFamily},
-                                   {"mail", kMail},
-                                   {"rfc822mailbox", kMail},
-                                   {"email", kMail},
-                                   {"mozillasecondemail", {Part::kEmail, 2}},
-                                   {"facsimiletelephonenumber", kFaxNumber},
-                                   {"fax", kFaxNumber},
-                                   {"tel", kFaxNumber},
-                                   {"description", {Part::kNote}},
-                                   {"note", {Part::kNote}},
-                                   {"fn", kWhole},
-                                   {"n", {Part::kName, 3}}};
+constexpr Headings kAttributes[] = {{{Part::kName}, " cn commonname fn "},
+                                    {{Part::kName, 2}, " displayname "},
+                                    {{Part::kName, 3}, " n "},
+                                    {{Part::kGivenName}, " givenname gn "},
+                                    {{Part::kFamilyName}, " sn surname "},
+                                    {{Part::kEmail}, " mail email rfc822mailbox "},
+                                    {{Part::kEmail, 2}, " mozillasecondemail "},
+                                    {{Part::kFax}, " facsimiletelephonenumber fax tel "},
+                                    {{Part::kNote}, " description note "}};
 
 // Returns the letters of the text, in lower case.
 std::string Normalised(std::string_view text) {
@@ -175,10 +78,12 @@ std::string Normalised(std::string_view text) {
   return letters;
 }
 
-template <std::size_t kSize>
-std::optional<Meaning> Find(const Heading (&headings)[kSize], std::string_view text) {
-  const auto* found = std::ranges::find(headings, text, &Heading::text);
-  return found != std::end(headings) ? std::optional(found->meaning) : std::nullopt;
+std::optional<Meaning> Find(std::span<const Headings> headings, std::string_view word) {
+  const std::string bounded = ' ' + std::string(word) + ' ';
+  for (const Headings& each : headings) {
+    if (each.words.find(bounded) != each.words.npos) return each.meaning;
+  }
+  return std::nullopt;
 }
 
 }  // namespace
