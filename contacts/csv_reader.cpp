@@ -3,6 +3,8 @@
 
 #include "contacts/csv_reader.h"
 
+#include <algorithm>
+
 namespace contacts {
 namespace {
 
@@ -32,8 +34,15 @@ bool CsvReader::Next(Record& record) {
   } while (lines.IsBlank() || (lines.Number() == 1 && SeparatorLine(lines.Text()) != '\0'));
   record.Begin(lines.Number(), lines.Begin());
   rest = lines.Text();
-  if (lines.Fault() != &kRecordTooLong) ReadRow(record);
-  if (lines.Fault() != nullptr) record.SetFault(*lines.Fault(), ColumnWith(*lines.Fault(), record));
+  if (lines.Fault() == &kRecordTooLong) {
+    record.SetFault(kRecordTooLong);
+    SkipRow(lines.HasOddQuotes());
+  } else {
+    ReadRow(record);
+  }
+  if (const Problem* const fault = lines.Fault(); fault != nullptr) {
+    record.SetFault(*fault, ColumnWith(*fault, record));
+  }
   record.end = lines.End();
   return true;
 }
@@ -88,16 +97,30 @@ bool CsvReader::ReadQuoted(Record& record, Value& value) {
   }
 }
 
+// Skips the lines of a row up to the one that closes its double quotes.
+void CsvReader::SkipRow(bool isOpen) {
+  while (isOpen && lines.Next()) {
+    const bool isOdd = lines.Fault() == &kRecordTooLong
+                           ? lines.HasOddQuotes()
+                           : std::ranges::count(lines.Text(), '"') % 2 != 0;
+    isOpen = isOpen != isOdd;
+  }
+}
+
 bool CsvReader::NextLineOfRow(Record& record) {
   if (lines.End() - record.begin > kMaxRecord) {
     record.SetFault(kRecordTooLong);
+    SkipRow(true);
     return false;
   }
   const Problem* const before = lines.Fault();
   if (before != nullptr) record.SetFault(*before, ColumnWith(*before, record));
   if (!lines.Next()) return false;
   rest = lines.Text();
-  return true;
+  if (lines.Fault() != &kRecordTooLong) return true;
+  record.SetFault(kRecordTooLong);
+  SkipRow(!lines.HasOddQuotes());
+  return false;
 }
 
 }  // namespace contacts

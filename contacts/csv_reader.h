@@ -31,6 +31,7 @@ class CsvReader : public Reader {
   void ReadRow(Record& record);
   bool ReadQuoted(Record& record, Value& value);
   bool NextLineOfRow(Record& record);
+  void SkipRow(bool isOpen);
   void SkipSpaces();
 
   Lines lines;

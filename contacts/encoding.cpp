@@ -37,6 +37,17 @@ bool IsAscii(std::string_view text) {
   return bits < 0x80;
 }
 
+// Returns whether the bytes contain a character of UTF-8 that is not ASCII.
+bool ContainsUtf8(std::string_view bytes) {
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    const auto lead = static_cast<unsigned char>(bytes[i]);
+    if (lead < 0xC2 || lead > 0xF4) continue;
+    const std::size_t size = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+    if (i + size <= bytes.size() && IsUtf8(bytes.substr(i, size))) return true;
+  }
+  return false;
+}
+
 void Append(std::string& text, char32_t character) {
   utf8::unchecked::append(character, std::back_inserter(text));
 }
@@ -88,7 +99,9 @@ std::optional<Encoding> EncodingOf(std::string_view word) {
 
 std::vector<std::string> EncodingWords() {
   std::vector<std::string> words;
-  for (const EncodingName& each : kNames) words.emplace_back(each.word);
+  for (const EncodingName& each : kNames) {
+    if (each.encoding != Encoding::kLikelyWindows1252) words.emplace_back(each.word);
+  }
   return words;
 }
 
@@ -119,7 +132,7 @@ bool AppendUtf8(std::string& text, std::string_view bytes, Encoding from) {
     return isValid;
   }
   const bool isValid = AppendBytes(text, bytes, from == Encoding::kLatin1);
-  return isValid && (from != Encoding::kLikelyWindows1252 || !IsUtf8(bytes));
+  return isValid && (from != Encoding::kLikelyWindows1252 || !ContainsUtf8(bytes));
 }
 
 void AppendWindows1252Character(std::string& text, char byte) {

@@ -10,8 +10,8 @@
 
 namespace contacts {
 
-// kLikelyWindows1252 is Windows-1252 without evidence: what is also valid UTF-8 there, and not
-// ASCII, is not valid.
+// kLikelyWindows1252 is Windows-1252 without evidence: what contains a character of UTF-8 that is
+// not ASCII is not valid.
 enum class Encoding { kUtf8, kUtf16Le, kUtf16Be, kWindows1252, kLatin1, kLikelyWindows1252 };
 
 bool IsUtf16(Encoding encoding);

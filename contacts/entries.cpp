@@ -11,8 +11,12 @@ namespace {
 // Removes the apostrophe that keeps a spreadsheet from reading a formula.
 void RemoveFormulaMark(std::string& text) {
   const bool isMarked = text.size() > 1 && text.front() == '\'' &&
-                        std::string_view("=+-@\t\r").find(text[1]) != std::string_view::npos;
+                        std::string_view("=+-@\t\r'").find(text[1]) != std::string_view::npos;
   if (isMarked) text.erase(0, 1);
+}
+
+bool IsBlank(std::string_view text) {
+  return text.find_first_not_of(" \t\r\n") == text.npos;
 }
 
 void Reject(Entry& entry, Finding finding) {
@@ -29,8 +33,8 @@ EntryReader::EntryReader(std::istream& source, const Form& newForm, Mapping newM
       reader(MakeReader(source, newForm)) {
   if (form.format != Format::kCsv) return;
   hasFirst = reader->Next(record);
-  if (hasFirst && record.fault.problem != nullptr) {
-    throw FormError("cannot read the first row: " + std::string(record.fault.problem->reason));
+  if (hasFirst && form.hasHeadings && record.fault.problem != nullptr) {
+    throw FormError("cannot read the headings: " + std::string(record.fault.problem->reason));
   }
   if (hasFirst) mapping.SetColumns(record, form.hasHeadings);
   if (form.hasHeadings) hasFirst = false;
@@ -58,10 +62,14 @@ void EntryReader::SetEntry(Entry& entry) {
       entry.fault.heading =
           column <= mapping.Headings().size() ? mapping.Headings()[column - 1] : "";
     }
+  } else if (RepeatsHeadings()) {
+    entry.isPassedOver = true;
+    entry.notes.push_back({&kRepeatedHeadings, 0, {}, 0});
   } else if (record.isGroup) {
     entry.notes.push_back({&kGroup, 0, {}, 0});
   } else {
-    Check(entry, mapping.Map(record, values));
+    mapping.Map(record, values, further);
+    Check(entry);
   }
 }
 
@@ -72,6 +80,13 @@ Finding EntryReader::FindingOf(const Problem& problem, const EntryValue& value,
           hasHeading ? mapping.Headings()[value.column - 1] : std::string(value.heading), width};
 }
 
+// As where files were put one after another.
+bool EntryReader::RepeatsHeadings() const {
+  const auto cells = std::as_const(record).Values();
+  return !mapping.Headings().empty() &&
+         std::ranges::equal(cells, mapping.Headings(), {}, &Value::text);
+}
+
 void EntryReader::RejectExtraColumns(Entry& entry) const {
   for (const Value& each : record.Values()) {
     if (each.column > mapping.Headings().size() && !each.text.empty()) {
@@ -80,11 +95,11 @@ void EntryReader::RejectExtraColumns(Entry& entry) const {
   }
 }
 
-void EntryReader::Check(Entry& entry, std::size_t addresses) {
+void EntryReader::Check(Entry& entry) {
   if (form.hasHeadings && form.format == Format::kCsv) RejectExtraColumns(entry);
   for (EntryValue& each : values) {
     if (each.fault != nullptr) Reject(entry, FindingOf(*each.fault, each));
-    if (form.hasMark && form.format == Format::kCsv) RemoveFormulaMark(each.text);
+    if (form.hasMark && mapping.IsOwnExport()) RemoveFormulaMark(each.text);
   }
   const std::vector<Field>& fields = mapping.Fields();
   EntryValue& name = values.front();
@@ -97,18 +112,18 @@ void EntryReader::Check(Entry& entry, std::size_t addresses) {
   }
   if (record.isFragment) Reject(entry, {&kBadLine, 0, {}, 0});
   for (std::size_t i = 1; i < fields.size(); ++i) {
-    if (fields[i].isRequired && values[i].text.empty()) Reject(entry, {&kNoAddress, 0, {}, 0});
+    if (fields[i].isRequired && IsBlank(values[i].text)) Reject(entry, {&kNoAddress, 0, {}, 0});
   }
-  if (name.text.empty() && fields.size() > 1 && fields[1].isRequired) {
+  if (IsBlank(name.text) && fields.size() > 1 && fields[1].isRequired) {
     name = values[1];
     if (entry.fault.problem == nullptr) entry.notes.push_back({&kNameFromAddress, 0, {}, 0});
   }
-  if (name.text.empty()) Reject(entry, {&kNoName, 0, {}, 0});
+  if (IsBlank(name.text)) Reject(entry, {&kNoName, 0, {}, 0});
   for (const Value& each : record.Values()) {
     if (each.fault == &kUrlReference)
       entry.notes.push_back({&kUrlReference, each.column, each.name, 0});
   }
-  if (addresses > 1) entry.notes.push_back({&kSecondAddress, 0, {}, 0});
+  if (further.column != 0) entry.notes.push_back(FindingOf(kSecondAddress, further));
   for (std::size_t i = 0; i < fields.size() && entry.fault.problem == nullptr; ++i) {
     StoreValue(entry, i);
   }
@@ -124,7 +139,7 @@ void EntryReader::StoreValue(Entry& entry, std::size_t field) {
     return Reject(entry, FindingOf(kNotStorable, value));
   }
   if (stored.size() <= width) return;
-  if (!options.shorten) return Reject(entry, FindingOf(kTooLong, value, width));
+  if (!options.shorten || field != 0) return Reject(entry, FindingOf(kTooLong, value, width));
   const bool isUtf8 = options.storeAs == Encoding::kUtf8 && !value.isBytes;
   stored.resize(isUtf8 ? CutUtf8(stored, width).size() : width);
   entry.notes.push_back(FindingOf(kShortened, value, width));

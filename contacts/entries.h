@@ -28,7 +28,7 @@ struct Entry {
 
 struct EntryOptions {
   Encoding storeAs = Encoding::kUtf8;  // or kWindows1252
-  bool shorten = false;                // cut values that are too long
+  bool shorten = false;                // cut names that are too long
 };
 
 class EntryReader {
@@ -45,8 +45,9 @@ class EntryReader {
 
  private:
   void SetEntry(Entry& entry);
-  void Check(Entry& entry, std::size_t addresses);
+  void Check(Entry& entry);
   void StoreValue(Entry& entry, std::size_t field);
+  bool RepeatsHeadings() const;
   void RejectExtraColumns(Entry& entry) const;
   Finding FindingOf(const Problem& problem, const EntryValue& value, std::size_t width = 0) const;
 
@@ -57,6 +58,7 @@ class EntryReader {
   bool hasFirst = false;  // whether `record` holds the first row of a csv file without headings
   Record record;
   std::vector<EntryValue> values;
+  EntryValue further;
 };
 
 }  // namespace contacts

@@ -44,7 +44,9 @@ Format RecogniseFormat(std::string_view sample, Encoding encoding) {
     if (line.empty() || line.starts_with('#')) continue;
     if (BeginsInAnyCase(line, "begin:vcard")) return Format::kVcard;
     if (BeginsInAnyCase(line, "dn:") || BeginsInAnyCase(line, "version:")) return Format::kLdif;
-    if (line.starts_with('{') || line.starts_with('[')) return Format::kJson;
+    const bool isList =
+        line.starts_with('[') && (line.size() == 1 || line.find_first_of(" {]\"") == 1);
+    if (line.starts_with('{') || isList) return Format::kJson;
     break;
   }
   return Format::kCsv;
@@ -57,9 +59,16 @@ struct Reading {
   std::size_t known = 0;
   std::size_t columns = 0;  // of the first row, 0 if it cannot be read
   std::string firstRow;
+  bool maybeHeadings = false;  // the first row has no digit and no "@", but the second row has
 
   auto Rank() const { return std::tie(regular, known); }
 };
+
+bool HasDigitOrAt(const Record& record) {
+  return std::ranges::any_of(record.Values(), [](const Value& each) {
+    return each.text.find_first_of("@0123456789") != each.text.npos;
+  });
+}
 
 Reading Try(std::string_view sample, Encoding encoding, char delimiter, const Mapping& mapping) {
   std::istringstream source{std::string(sample)};
@@ -78,6 +87,9 @@ Reading Try(std::string_view sample, Encoding encoding, char delimiter, const Ma
         reading.firstRow += (reading.firstRow.empty() ? "[" : " [") + each.text + ']';
       }
     }
+    if (rows < 2)
+      reading.maybeHeadings =
+          HasDigitOrAt(record) == (rows == 1) && (rows == 0 || reading.maybeHeadings);
     if (record.fault.problem == nullptr && record.Values().size() == reading.columns) ++regular;
   }
   if (rows > 0) reading.regular = static_cast<double>(regular) / static_cast<double>(rows);
@@ -138,9 +150,12 @@ Form Recognise(std::string_view sample, const KnownForm& known, const Mapping& m
   if (form.format != Format::kCsv) return form;
   form.delimiter =
       known.delimiter ? *known.delimiter : RecogniseDelimiter(sample, form.encoding, mapping);
-  form.hasHeadings =
-      known.hasHeadings ? *known.hasHeadings
-                        : Try(Beginning(sample), form.encoding, form.delimiter, mapping).known != 0;
+  const Reading reading = Try(Beginning(sample), form.encoding, form.delimiter, mapping);
+  form.hasHeadings = known.hasHeadings.value_or(reading.known != 0);
+  if (!known.hasHeadings && !form.hasHeadings && reading.maybeHeadings) {
+    throw FormError("the headings are not known, or this is no line of headings: " +
+                    reading.firstRow);
+  }
   return form;
 }
 

@@ -5,6 +5,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
+
 #include "contacts/encoding.h"
 #include "contacts/lines.h"
 #include "contacts/transfer_encoding.h"
@@ -12,22 +14,86 @@
 namespace contacts {
 namespace {
 
+using Json = nlohmann::json;
+
 constexpr int kEnd = std::char_traits<char>::eof();
 constexpr std::string_view kBytesSuffix = "-bytes";
 
-bool AppendBytes(std::string& bytes, std::string_view digits) {
-  for (std::size_t i = 0; i < digits.size(); i += 2) {
-    if (!AppendHexadecimal(bytes, digits.substr(i, 2))) return false;
+// Adds the members of an object to a record. A member that is no text has a fault.
+class Members : public nlohmann::json_sax<Json> {
+ public:
+  explicit Members(Record& newRecord) : record(newRecord) {}
+
+  bool key(std::string& name) override {
+    if (depth != 1) return true;
+    for (const Value& each : record.Values()) {
+      if (each.name == name) record.SetFault(kBadLine);
+    }
+    value = &record.Add(name);
+    value->fault = &kBadLine;
+    return record.fault.problem == nullptr;
   }
-  return true;
+  bool string(std::string& text) override {
+    if (depth != 1 || value == nullptr) return true;
+    value->text = text;
+    value->fault = text.find('\0') != text.npos ? &kNul : nullptr;
+    return true;
+  }
+  bool start_object(std::size_t) override { return ++depth < kMostDepth; }
+  bool start_array(std::size_t) override { return ++depth < kMostDepth; }
+  bool end_object() override { return depth-- > 0; }
+  bool end_array() override { return depth-- > 0; }
+  bool null() override { return true; }
+  bool boolean(bool) override { return true; }
+  bool number_integer(number_integer_t) override { return true; }
+  bool number_unsigned(number_unsigned_t) override { return true; }
+  bool number_float(number_float_t, const string_t&) override { return true; }
+  bool binary(binary_t&) override { return true; }
+  bool parse_error(std::size_t, const std::string&, const Json::exception&) override {
+    return false;
+  }
+
+ private:
+  static constexpr int kMostDepth = 100;
+
+  Record& record;
+  Value* value = nullptr;
+  int depth = 0;
+};
+
+bool IsSpace(int c) {
+  return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+}
+
+// Stores the bytes of a member with the suffix in the member without it.
+void StoreBytes(Record& record, Value& digits) {
+  const std::string name = digits.name.substr(0, digits.name.size() - kBytesSuffix.size());
+  const std::span<Value> values = record.Values();
+  const auto found = std::ranges::find(values, name, &Value::name);
+  Value& value = found != values.end() ? *found : digits;
+  const std::string text = digits.text;
+  value.name = name;
+  value.isBytes = true;
+  value.text.clear();
+  for (std::size_t i = 0; i < text.size(); i += 2) {
+    if (!AppendHexadecimal(value.text, std::string_view(text).substr(i, 2))) {
+      value.fault = &kBadLine;
+    }
+  }
+  if (value.text.find('\0') != value.text.npos) value.fault = &kNul;
 }
 
 }  // namespace
 
-JsonReader::JsonReader(std::istream& newSource) : source(newSource) {
+void SkipMark(std::istream& source) {
   for (const char c : kUtf8Mark) {
-    if (source.peek() == static_cast<unsigned char>(c)) Get();
+    if (source.peek() == static_cast<unsigned char>(c)) source.get();
   }
+}
+
+JsonReader::JsonReader(std::istream& newSource) : source(newSource) {
+  if (source.peek() == static_cast<unsigned char>(kUtf8Mark.front())) position = kUtf8Mark.size();
+  SkipMark(source);
 }
 
 int JsonReader::Get() {
@@ -37,54 +103,111 @@ int JsonReader::Get() {
   return c;
 }
 
-// Reads up to one of the characters outside texts, beginning with `c`, and returns it.
-int JsonReader::SkipTo(std::string_view ends, int c) {
+// Returns the next character that is no white space.
+int JsonReader::GetNext() {
+  int c = Get();
+  while (IsSpace(c)) c = Get();
+  return c;
+}
+
+// Skips a value that begins with `c`. Returns the character after it, a comma or a closing bracket;
+// kEnd at the end of the source.
+int JsonReader::SkipValue(int c) {
+  int depth = 0;
   bool isText = false;
   for (; c != kEnd; c = Get()) {
-    if (!isText && ends.find(static_cast<char>(c)) != ends.npos) break;
-    if (c == '"') isText = !isText;
-    if (c == '\\' && isText) Get();
+    if (isText && c == '\\') {
+      Get();
+    } else if (c == '"') {
+      isText = !isText;
+    } else if (!isText && (c == '[' || c == '{')) {
+      ++depth;
+    } else if (!isText && (c == ']' || c == '}')) {
+      if (depth-- == 0) return c;
+    } else if (!isText && c == ',' && depth == 0) {
+      return c;
+    }
   }
   return c;
 }
 
+// Moves after the bracket that opens the list.
+bool JsonReader::FindList() {
+  int c = GetNext();
+  isBare = c == '[';
+  if (isBare || c != '{') return isBare;
+  for (c = GetNext(); c == '"'; c = GetNext()) {
+    std::string name;
+    for (c = Get(); c != '"' && c != kEnd; c = Get()) {
+      if (name.size() < kMaxRecord) name += static_cast<char>(c);
+    }
+    if (GetNext() != ':') return false;
+    c = GetNext();
+    if (name == "entries" && c == '[') return true;
+    if (SkipValue(c) != ',') return false;
+  }
+  return false;
+}
+
+// Skips what belongs to the document after its list. Returns the first character after it.
+int JsonReader::SkipRest() {
+  isAtEnd = true;
+  int c = ',';
+  while (!isBare && c == ',') c = SkipValue(Get());
+  return GetNext();
+}
+
 bool JsonReader::Next(Record& record) {
   if (isAtEnd) return false;
-  if (!isInList) SkipTo("[", Get());
-  isInList = true;
-  int c = Get();
-  while (c == ',' || c == ' ' || c == '\t' || c == '\r' || c == '\n') c = Get();
-  if (c == ']') {
-    isAtEnd = true;
-    return false;
+  record.Begin(1, 0);
+  int c = 0;
+  if (!isInList) {
+    isInList = FindList();
+    if (!isInList) c = kEnd;
   }
-  record.Begin(line, position - (c == kEnd ? 0 : 1));
+  if (c != kEnd) {
+    c = GetNext();
+    while (c == ',') c = GetNext();
+    if (c == ']' && (c = SkipRest()) == kEnd) return false;
+    record.Begin(line, position - (c == kEnd ? 0 : 1));
+  }
   record.hasFieldNames = true;
-  if (c == kEnd || (c == '{' && !ReadObject())) {
+  if (!isInList || isAtEnd) {
+    record.SetFault(kBadLine);
+    while (Get() != kEnd) {
+    }
+    isAtEnd = true;
+  } else if (c == kEnd || (c == '{' && !ReadObject())) {
     record.SetFault(kTruncated);
     isAtEnd = true;
   } else if (c == '{') {
     AddValues(record);
   } else {
     record.SetFault(kBadLine);
-    isAtEnd = SkipTo(",]", c) != ',';
+    isAtEnd = SkipValue(c) != ',';
+    if (!isAtEnd) {
+      record.end = position - 1;
+      return true;
+    }
   }
   record.end = position;
   return true;
 }
 
-// Stores the text from a brace to the matching one. Stores no more than kMaxRecord bytes. Returns
+// Stores the text from a brace to the matching one, no more than kMaxRecord bytes and one. Returns
 // false if the source ends before.
 bool JsonReader::ReadObject() {
   object = "{";
   bool isText = false;
+  bool isEscaped = false;
   for (int depth = 1; depth > 0;) {
-    int c = Get();
+    const int c = Get();
     if (c == kEnd) return false;
     if (object.size() <= kMaxRecord) object += static_cast<char>(c);
-    if (isText && c == '\\') {
-      c = Get();
-      if (c != kEnd) object += static_cast<char>(c);
+    if (isEscaped) {
+      isEscaped = false;
+    } else if (isText && c == '\\') {
+      isEscaped = true;
     } else if (c == '"') {
       isText = !isText;
     } else if (!isText) {
@@ -97,23 +220,10 @@ bool JsonReader::ReadObject() {
 void JsonReader::AddValues(Record& record) const {
   if (object.size() > kMaxRecord) return record.SetFault(kRecordTooLong);
   if (!IsUtf8(object)) return record.SetFault(kNotDecodable);
-  const auto entry = nlohmann::ordered_json::parse(object, nullptr, false);
-  if (entry.is_discarded()) return record.SetFault(kBadLine);
-  if (entry.size() > Record::kMaxValues) return record.SetFault(kTooManyValues);
-  for (const auto& [name, text] : entry.items()) {
-    if (name.ends_with(kBytesSuffix)) continue;
-    const auto bytes = entry.find(name + std::string(kBytesSuffix));
-    Value& value = record.Add(name);
-    value.isBytes = bytes != entry.end();
-    const auto& given = value.isBytes ? *bytes : text;
-    if (!given.is_string()) {
-      value.fault = &kBadLine;
-    } else if (!value.isBytes) {
-      value.text = given.template get_ref<const std::string&>();
-    } else if (!AppendBytes(value.text, given.template get_ref<const std::string&>())) {
-      value.fault = &kBadLine;
-    }
-    if (value.text.find('\0') != value.text.npos) value.fault = &kNul;
+  Members members(record);
+  if (!Json::sax_parse(object, &members)) record.SetFault(kBadLine);
+  for (Value& each : record.Values()) {
+    if (each.name.ends_with(kBytesSuffix)) StoreBytes(record, each);
   }
 }
 

@@ -12,6 +12,9 @@
 
 namespace contacts {
 
+// Skips a byte order mark of UTF-8.
+void SkipMark(std::istream& source);
+
 class JsonReader : public Reader {
  public:
   // Skips a byte order mark.
@@ -19,17 +22,21 @@ class JsonReader : public Reader {
 
   // A record is an entry, also one that is not valid JSON: the next entry begins after its brace.
   // The values are the texts of the entry. One with the suffix "-bytes" holds hexadecimal digits
-  // and replaces the text without the suffix.
+  // and replaces the text without the suffix. What follows the list is a record with a fault.
   bool Next(Record& record) override;
 
  private:
   int Get();
-  int SkipTo(std::string_view ends, int c);
+  int GetNext();
+  int SkipValue(int c);
+  bool FindList();
+  int SkipRest();
   bool ReadObject();
   void AddValues(Record& record) const;
 
   std::istream& source;
   bool isInList = false;
+  bool isBare = false;  // the file is the list
   bool isAtEnd = false;
   std::string object;  // the text of an entry
   std::uint64_t line = 1;

@@ -74,7 +74,8 @@ void LdifReader::AddAttribute(Record& record) const {
   const std::string_view line = logical;
   const std::size_t colon = line.find(':');
   const std::string_view description = line.substr(0, colon);
-  if (colon == line.npos || description.empty() || description.starts_with(' ')) {
+  if (colon == line.npos || description.empty() || description.starts_with(' ') ||
+      description.starts_with('\t')) {
     record.SetFault(kBadLine);
     return;
   }
@@ -94,11 +95,13 @@ void LdifReader::SetText(Value& value, std::string_view text) const {
   if (text.starts_with('<')) {
     value.fault = &kUrlReference;
   } else if (text.starts_with(':')) {
-    // The bytes of a file in UTF-16 are UTF-8, as the format prescribes.
+    // The format prescribes UTF-8 for the bytes.
     std::string bytes;
-    if (!DecodeBase64(bytes, text.substr(1))) {
+    const bool isDecoded = DecodeBase64(bytes, text.substr(1));
+    const bool isUtf8 = IsUtf8(bytes) || IsUtf16(encoding);
+    if (!isDecoded) {
       value.fault = &kBadBase64;
-    } else if (!AppendUtf8(value.text, bytes, IsUtf16(encoding) ? Encoding::kUtf8 : encoding)) {
+    } else if (!AppendUtf8(value.text, bytes, isUtf8 ? Encoding::kUtf8 : encoding)) {
       value.fault = &kNotDecodable;
     } else if (bytes.find('\0') != bytes.npos) {
       value.fault = &kNul;

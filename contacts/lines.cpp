@@ -25,20 +25,20 @@ unsigned Lines::UnitAt(std::size_t at) const {
 }
 
 // Returns the position of the first LF or CR from `from` on; the size of the buffer without one.
-std::size_t Lines::FindLineEnd(std::size_t from) const {
+std::size_t Lines::FindLineEnd(std::size_t from) {
   if (unit == 2) {
     while (from + 1 < buffer.size() && UnitAt(from) != '\n' && UnitAt(from) != '\r') from += 2;
     return from + 1 < buffer.size() ? from : buffer.size();
   }
-  const std::string_view rest = std::string_view(buffer).substr(from);
-  const std::string_view line = rest.substr(0, rest.find('\n'));
+  if (newline < from || newline == 0) newline = std::min(buffer.find('\n', from), buffer.size());
+  const std::string_view line = std::string_view(buffer).substr(from, newline - from);
   return from + std::min(line.find('\r'), line.size());
 }
 
 // Removes the bytes before the next line and appends a block of the source.
 bool Lines::Refill() {
   buffer.erase(0, next);
-  next = 0;
+  next = newline = 0;
   const std::size_t size = buffer.size();
   buffer.resize(size + kBlock);
   source.read(buffer.data() + size, kBlock);
@@ -46,15 +46,23 @@ bool Lines::Refill() {
   return buffer.size() != size;
 }
 
+// Counts the double quotes from the beginning of the line, or of a further part of it.
+void Lines::CountQuotes(std::size_t to) {
+  const std::string_view part = std::string_view(buffer).substr(next, to - next);
+  if (std::ranges::count(part, '"') % 2 != 0) hasOddQuotes = !hasOddQuotes;
+}
+
 bool Lines::Next() {
   begin = end;
   std::size_t scanned = 0;  // bytes of the line without an end
   bool isTooLong = false;
+  hasOddQuotes = false;
   std::size_t at = FindLineEnd(next);
   // What follows a CR is needed to tell whether the line ends with CR LF.
   while (at + 2 * unit > buffer.size()) {
     if (buffer.size() - next > kMaxRecord) {
       isTooLong = true;
+      CountQuotes(at);
       end += at - next;
       next = at;
     }
@@ -70,6 +78,7 @@ bool Lines::Next() {
 
   ++number;
   bytes = std::string_view(buffer).substr(next, at - next);
+  if (isTooLong || bytes.size() > kMaxRecord) CountQuotes(at);
   ending = {};
   if (at < buffer.size()) {
     const bool isReturn = UnitAt(at) == '\r';
@@ -86,11 +95,15 @@ bool Lines::Next() {
 
 void Lines::Decode() {
   if (fault != nullptr) bytes = {};
+  if (encoding == Encoding::kUtf8 && bytes.starts_with(kUtf8Mark)) {
+    bytes.remove_prefix(kUtf8Mark.size());
+  }
   text = bytes;
   if (encoding != Encoding::kUtf8 || !IsUtf8(bytes)) {
     decoded.clear();
     if (!AppendUtf8(decoded, bytes, encoding)) fault = &kNotDecodable;
     text = decoded;
+    if (text.starts_with(kUtf8Mark)) text.remove_prefix(kUtf8Mark.size());
   }
   if (fault == nullptr && text.find('\0') != text.npos) fault = &kNul;
 }

@@ -27,7 +27,8 @@ class Lines {
   // after a read failed, which the state of the source tells.
   bool Next();
 
-  // The line without its end, as UTF-8. What cannot be decoded is U+FFFD. Empty if it is too long.
+  // The line without its end and without a byte order mark, as UTF-8. What cannot be decoded is
+  // U+FFFD. Empty if it is too long.
   std::string_view Text() const { return text; }
   // The end: one or two characters, or none for a last line without an end.
   std::string_view Ending() const { return ending; }
@@ -35,6 +36,8 @@ class Lines {
   std::string_view Bytes() const { return bytes; }
   // kNotDecodable, kNul or kRecordTooLong; null if there is no fault.
   const Problem* Fault() const { return fault; }
+  // Whether a line that is too long has an odd number of double quotes.
+  bool HasOddQuotes() const { return hasOddQuotes; }
   bool IsBlank() const {
     return fault == nullptr && text.find_first_not_of(" \t") == std::string_view::npos;
   }
@@ -46,20 +49,23 @@ class Lines {
  private:
   // Returns the unit at a position of the buffer: a byte, or two bytes of UTF-16.
   unsigned UnitAt(std::size_t at) const;
-  std::size_t FindLineEnd(std::size_t from) const;
+  std::size_t FindLineEnd(std::size_t from);
   bool Refill();
+  void CountQuotes(std::size_t to);
   void Decode();
 
   std::istream& source;
   const Encoding encoding;
-  const std::size_t unit;  // bytes of a character that ends a line
-  std::string buffer;      // bytes that were read
-  std::size_t next = 0;    // the position in the buffer of the next line
+  const std::size_t unit;   // bytes of a character that ends a line
+  std::string buffer;       // bytes that were read
+  std::size_t next = 0;     // the position in the buffer of the next line
+  std::size_t newline = 0;  // the position of the first LF from there on; less if not known
   std::string decoded;
   std::string_view text;
   std::string_view ending;
   std::string_view bytes;
   const Problem* fault = nullptr;
+  bool hasOddQuotes = false;
   std::uint64_t number = 0;
   std::uint64_t begin = 0;
   std::uint64_t end = 0;

@@ -57,25 +57,32 @@ std::string_view TakeAddress(std::string_view& text, std::string_view separators
 
 // Returns the characters between the addresses in a text; none for a single address.
 std::string_view SeparatorsOf(std::string_view text, Part part) {
-  constexpr std::string_view kTriple = " ::: ";
-  if (part == Part::kFax) return text.find(kTriple) != text.npos ? ":\n" : "\n";
-  constexpr std::string_view kSeparators = ";,:\n";
-  if (text.find_first_of(kSeparators) == text.npos) return {};
+  const std::string_view separators = part == Part::kFax ? ";:\n" : ";,:\n";
+  const std::string_view needed = part == Part::kFax ? "0123456789" : "@";
   for (std::string_view rest = text; !rest.empty();) {
-    const std::string_view address = TakeAddress(rest, kSeparators);
-    if (!address.empty() && address.find('@') == address.npos) return {};
+    const std::string_view address = TakeAddress(rest, separators);
+    if (!address.empty() && address.find_first_of(needed) == address.npos) return {};
   }
-  return kSeparators;
+  return text.find_first_of(separators) != text.npos ? separators : std::string_view();
 }
 
 bool IsRequired(const Field& field) {
   return field.isRequired;
 }
 
-std::string_view WithoutScheme(std::string_view text, Part part) {
-  const std::string_view scheme = part == Part::kEmail ? "mailto:" : "tel:";
-  if (BeginsInAnyCase(text, scheme)) text.remove_prefix(scheme.size());
-  return text;
+// Returns the address in a form such as "mailto:ann@x.example" or "Ann <ann@x.example>", and the
+// number in "tel:+49;ext=1".
+std::string_view BareAddress(std::string_view text, Part part) {
+  for (const std::string_view scheme : {"mailto:", "smtp:", "tel:"}) {
+    if (BeginsInAnyCase(text, scheme)) {
+      text.remove_prefix(scheme.size());
+      if (part == Part::kFax) text = text.substr(0, text.find(';'));
+    }
+  }
+  const std::size_t open = text.find('<');
+  const bool isInBrackets = part == Part::kEmail && open != text.npos && text.ends_with('>') &&
+                            text.find('@', open) != text.npos;
+  return isInBrackets ? text.substr(open + 1, text.size() - open - 2) : text;
 }
 
 void Store(EntryValue& into, const Value& from, std::string_view text) {
@@ -157,13 +164,13 @@ void Mapping::SetColumns(const Record& record, bool hasHeadings) {
     if (hasHeadings) headings.push_back(each.text);
   }
   ResolveNames();
-  // A field's own name yields to a heading with a meaning: "Address" beside "E-mail" is a street.
+  isOwnExport = !headings.empty() && std::ranges::all_of(headings, [&](const std::string& each) {
+    return UseOfField(each).has_value();
+  });
+  // In another program's file, "Address" is a street.
   for (std::optional<Use>& each : columns) {
-    if (!each || each->meaning.rank != kRankOfField || SourceFor(each->field) != nullptr) continue;
-    const bool isReplaced = std::ranges::any_of(columns, [&](const std::optional<Use>& other) {
-      return other && other->field == each->field && other->meaning.rank < kRankOfField;
-    });
-    if (isReplaced) each.reset();
+    const bool isOwn = each && each->meaning.rank == kRankOfField;
+    if (isOwn && !isOwnExport && SourceFor(each->field) == nullptr) each.reset();
   }
   RequireColumns();
 }
@@ -242,12 +249,10 @@ struct Mapping::Name {
   }
 };
 
-// The addresses of a record, of which one is chosen.
+// Chooses one of the addresses of a record.
 class Mapping::Addresses {
  public:
-  explicit Addresses(Place newPlace) : place(newPlace) {}
-
-  std::size_t Count() const { return count; }
+  Addresses(Place newPlace, EntryValue& newFurther) : place(newPlace), further(newFurther) {}
 
   // Only a cell of a csv file has several addresses.
   void Add(const Value& value, const Use& use, EntryValue& into) {
@@ -261,45 +266,42 @@ class Mapping::Addresses {
 
  private:
   void AddOne(const Value& value, const Use& use, std::string_view text, EntryValue& into) {
-    if (!use.isExact) text = WithoutScheme(text, use.meaning.part);
+    if (!use.isExact) text = BareAddress(text, use.meaning.part);
     if (text.empty() && value.fault == nullptr) return;
+    if (into.column != 0 && EqualInAnyCase(text, into.text)) return;
     const Place there = value.place != Place::kNone ? value.place : use.meaning.place;
     const unsigned distance = place != Place::kNone && there != place ? 1 : 0;
     const auto order = std::tuple(distance, value.preference, use.meaning.rank);
-    if (count != 0 && EqualInAnyCase(text, into.text)) return;
-    ++count;
-    if (count > 1 && order >= best) return;
-    best = order;
-    Store(into, value, text);
+    const bool isBetter = into.column == 0 || order < best;
+    if (into.column != 0 && isBetter) further = into;
+    Store(isBetter ? into : further, value, text);
+    if (isBetter) best = order;
   }
 
   Place place;
-  std::size_t count = 0;
+  EntryValue& further;
   std::tuple<unsigned, unsigned, unsigned> best;
 };
 
-std::size_t Mapping::Map(const Record& record, std::vector<EntryValue>& values) const {
+void Mapping::Map(const Record& record, std::vector<EntryValue>& values,
+                  EntryValue& further) const {
+  const auto clear = [](EntryValue& value) {
+    value.text.clear();
+    value.isBytes = false;
+    value.fault = nullptr;
+    value.column = 0;
+    value.heading = {};
+  };
   values.resize(fields.size());
-  for (EntryValue& each : values) {
-    each.text.clear();
-    each.isBytes = false;
-    each.fault = nullptr;
-    each.column = 0;
-    each.heading = {};
-  }
+  std::ranges::for_each(values, clear);
+  clear(further);
   Name name;
-  Addresses addresses(place);
+  Addresses addresses(place, further);
   for (const Value& value : record.Values()) {
-    std::optional<Use> found;
-    const Use* use = nullptr;
-    if (!columns.empty()) {
-      if (value.column > columns.size()) break;
-      if (columns[value.column - 1]) use = &*columns[value.column - 1];
-    } else if (value.name != "tel" || value.isFax) {
-      found = record.hasFieldNames ? UseOfField(value.name) : UseOf(value.name, 0, false);
-      if (found) use = &*found;
-    }
-    if (use == nullptr) continue;
+    if (!columns.empty() && value.column > columns.size()) break;
+    const std::optional<Use> use =
+        columns.empty() ? UseOf(value, record) : columns[value.column - 1];
+    if (!use) continue;
     EntryValue& into = values[use->field];
     if (use->field == 0) {
       name.Add(value, use->meaning);
@@ -310,7 +312,13 @@ std::size_t Mapping::Map(const Record& record, std::vector<EntryValue>& values) 
     }
   }
   name.StoreTo(values.front());
-  return addresses.Count();
+}
+
+// Of a value in a file other than csv.
+std::optional<Mapping::Use> Mapping::UseOf(const Value& value, const Record& record) const {
+  if (record.hasFieldNames) return UseOfField(value.name);
+  if (value.name == "tel" && !value.isFax) return std::nullopt;
+  return UseOf(value.name, 0, false);
 }
 
 std::string Mapping::SourceOf(std::size_t field) const {
@@ -321,10 +329,8 @@ std::string Mapping::SourceOf(std::size_t field) const {
     const std::string number = "column " + std::to_string(i + 1);
     add(headings.empty() ? number : number + " \"" + headings[i] + '"');
   }
-  if (const FieldSource* source = SourceFor(field); text.empty() && source != nullptr) {
-    text = source->source;
-  }
-  return text;
+  const FieldSource* const source = SourceFor(field);
+  return text.empty() && source != nullptr ? source->source : text;
 }
 
 }  // namespace contacts

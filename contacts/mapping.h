@@ -58,8 +58,12 @@ class Mapping {
   // Returns how many values of the record, as headings of a csv file, are known or are sources.
   std::size_t KnownHeadings(const Record& record) const;
 
-  // Stores a value for each field. Returns how many addresses (or fax numbers) the record has.
-  std::size_t Map(const Record& record, std::vector<EntryValue>& values) const;
+  // Stores a value for each field. If the record has several addresses (or fax numbers), stores
+  // another one in `further`; otherwise its column is 0.
+  void Map(const Record& record, std::vector<EntryValue>& values, EntryValue& further) const;
+
+  // Whether the headings of a csv file are the names of the book's fields and nothing else.
+  bool IsOwnExport() const { return isOwnExport; }
 
   const std::vector<Field>& Fields() const { return fields; }
 
@@ -83,6 +87,7 @@ class Mapping {
   class Addresses;
 
   std::optional<Use> UseOf(std::string_view name, unsigned column, bool isHeading) const;
+  std::optional<Use> UseOf(const Value& value, const Record& record) const;
   std::optional<Use> UseOfMeaning(std::string_view name, bool isHeading) const;
   std::optional<Use> UseOfField(std::string_view name) const;
   const FieldSource* SourceFor(std::size_t field) const;
@@ -95,6 +100,7 @@ class Mapping {
   Place place;
   std::vector<std::string> headings;
   std::vector<std::optional<Use>> columns;  // of a csv file
+  bool isOwnExport = false;
 };
 
 }  // namespace contacts

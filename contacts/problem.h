@@ -44,6 +44,7 @@ inline constexpr Problem kNameFromAddress{"name-from-address",
                                           "the row has no name; its address is used"};
 inline constexpr Problem kShortened{"shortened", "the text was shortened"};
 inline constexpr Problem kOtherKind{"other-kind", "the entry has neither a name nor an address"};
+inline constexpr Problem kRepeatedHeadings{"headings", "the row repeats the headings"};
 inline constexpr Problem kGroup{"group", "groups and distribution lists are not imported"};
 
 }  // namespace contacts

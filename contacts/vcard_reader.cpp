@@ -16,8 +16,11 @@ namespace {
 constexpr std::string_view kIgnored[] = {"photo", "logo", "sound", "key"};
 
 std::optional<Encoding> EncodingOfCharset(std::string_view charset) {
-  if (charset == "iso-8859-1") return Encoding::kLatin1;
-  if (charset == "us-ascii") return Encoding::kUtf8;
+  if (charset == "iso-8859-1" || charset == "iso8859-1" || charset == "latin1") {
+    return Encoding::kLatin1;
+  }
+  if (charset == "cp1252") return Encoding::kWindows1252;
+  if (charset == "us-ascii" || charset == "utf8") return Encoding::kUtf8;
   return EncodingOf(charset);
 }
 
@@ -36,14 +39,18 @@ std::string_view Take(std::string_view& text, std::string_view separators) {
 
 // Appends the text without the escapes of its version, up to a separator that is not escaped, and
 // removes it from `text`.
-void AppendUnescaped(std::string& into, std::string_view& text, char separator, bool isOld) {
+// Returns whether there was an escape that version 2.1 does not have.
+bool AppendUnescaped(std::string& into, std::string_view& text, char separator, bool isOld) {
+  bool hadEscape = false;
   while (!text.empty() && text.front() != separator) {
     const bool isEscape = text.front() == '\\' && text.size() > 1 && (!isOld || text[1] == ';');
     if (isEscape) text.remove_prefix(1);
+    hadEscape = hadEscape || (isEscape && text.front() != ';');
     const bool isNewline = isEscape && LowerCase(text.front()) == 'n';
     into += isNewline ? '\n' : text.front();
     text.remove_prefix(1);
   }
+  return hadEscape;
 }
 
 void AppendWord(std::string& text, std::string_view word) {
@@ -51,15 +58,15 @@ void AppendWord(std::string& text, std::string_view word) {
   text += word;
 }
 
-// Returns the given and the family name of the structured value "family;given;...".
-std::string NameOf(std::string_view text, bool isOld) {
+// Appends the given and the family name of the structured value "family;given;...". Returns what
+// AppendUnescaped does.
+bool AppendName(std::string& into, std::string_view text, bool isOld) {
   std::string family;
-  std::string given;
-  AppendUnescaped(family, text, ';', isOld);
+  bool hadEscape = AppendUnescaped(family, text, ';', isOld);
   if (!text.empty()) text.remove_prefix(1);
-  AppendUnescaped(given, text, ';', isOld);
-  AppendWord(given, family);
-  return given;
+  hadEscape = AppendUnescaped(into, text, ';', isOld) || hadEscape;
+  AppendWord(into, family);
+  return hadEscape;
 }
 
 }  // namespace
@@ -90,10 +97,14 @@ VcardReader::Property::Property(std::string_view line) {
     const std::size_t equals = parameter.find('=');
     // In version 2.1, the values of TYPE and ENCODING can stand alone.
     std::string_view values = equals == parameter.npos ? parameter : parameter.substr(equals + 1);
+    const std::string parameterName =
+        equals == parameter.npos ? "" : LowerCase(parameter.substr(0, equals));
+    std::string unquoted(values);
+    std::erase(unquoted, '"');
+    values = unquoted;
     while (!values.empty()) {
-      std::string each = LowerCase(Take(values, ","));
-      std::erase(each, '"');
-      AddParameter(equals == parameter.npos ? "" : LowerCase(parameter.substr(0, equals)), each);
+      const std::string each = LowerCase(Take(values, ","));
+      AddParameter(parameterName, each);
       if (!values.empty()) values.remove_prefix(1);
     }
   }
@@ -120,43 +131,40 @@ VcardReader::VcardReader(std::istream& source, Encoding newEncoding)
       isUtf16(IsUtf16(newEncoding)),
       encoding(isUtf16 ? Encoding::kUtf8 : newEncoding) {}
 
-// Returns whether the next physical line belongs to the logical line.
-bool VcardReader::Continues(bool isQuotedPrintable) const {
-  const std::string_view text = RawText();
-  return (isQuotedPrintable && logical.ends_with('=')) || text.starts_with(' ') ||
-         text.starts_with('\t');
-}
-
 // Leaves out the further lines of ignored properties.
 bool VcardReader::ReadLogicalLine() {
   if (!hasPhysical && !lines.Next()) return false;
+  const auto usedFault = [&] {
+    // The character set of a property decides about its bytes.
+    return lines.Fault() == &kNotDecodable && !isUtf16 ? nullptr : lines.Fault();
+  };
   logical = RawText();
-  fault = lines.Fault() == &kNotDecodable ? nullptr : lines.Fault();
+  fault = usedFault();
   number = lines.Number();
   begin = lines.Begin();
   end = lines.End();
   const Property property(logical);
   const bool isIgnored = std::ranges::find(kIgnored, property.name) != std::end(kIgnored);
-  while ((hasPhysical = lines.Next()) && Continues(property.isQuotedPrintable)) {
-    end = lines.End();
-    if (isIgnored) continue;
-    if (fault == nullptr && lines.Fault() != &kNotDecodable) fault = lines.Fault();
-    if (logical.size() > kMaxRecord) fault = &kRecordTooLong;
-    if (fault != nullptr) continue;
+  bool isSoft = property.isQuotedPrintable && RawText().ends_with('=');
+  while ((hasPhysical = lines.Next())) {
     std::string_view text = RawText();
-    if (property.isQuotedPrintable && logical.ends_with('=')) {
-      logical.pop_back();
-    } else if (!isOld) {
-      text.remove_prefix(1);
-    }
+    if (!isSoft && !text.starts_with(' ') && !text.starts_with('\t')) break;
+    end = lines.End();
+    if (fault == nullptr) fault = usedFault();
+    if (isIgnored || logical.size() > kMaxRecord) text = {};
+    if (!isIgnored && logical.size() > kMaxRecord) fault = &kRecordTooLong;
+    if (isSoft && logical.ends_with('=')) logical.pop_back();
+    if (!isSoft && !isOld && !text.empty()) text.remove_prefix(1);
     logical += text;
+    isSoft = property.isQuotedPrintable && RawText().ends_with('=');
   }
   if (isIgnored) logical.clear();
   return true;
 }
 
 bool VcardReader::Is(std::string_view property) const {
-  return logical.size() == property.size() && BeginsInAnyCase(logical, property);
+  return BeginsInAnyCase(logical, property) &&
+         logical.find_first_not_of(" \t", property.size()) == std::string::npos;
 }
 
 bool VcardReader::Next(Record& record) {
@@ -183,7 +191,8 @@ void VcardReader::PassOver(Record& record) {
 }
 
 void VcardReader::ReadCard(Record& record) {
-  isOld = false;
+  isOld = hadEscape = false;
+  std::size_t size = 0;  // without ignored properties
   while (ReadLogicalLine()) {
     if (Is("begin:vcard")) {
       hasLogical = true;
@@ -191,7 +200,8 @@ void VcardReader::ReadCard(Record& record) {
     }
     record.end = end;
     if (Is("end:vcard")) return;
-    if (record.end - record.begin > kMaxRecord) record.SetFault(kRecordTooLong);
+    size += logical.size();
+    if (size > kMaxRecord) record.SetFault(kRecordTooLong);
     if (fault != nullptr) record.SetFault(*fault);
     if (record.fault.problem == nullptr && !logical.empty()) AddProperty(record);
   }
@@ -210,10 +220,12 @@ void VcardReader::AddProperty(Record& record) {
   value.isFax = property.isFax;
   SetText(value, property);
   if (property.name == "version") isOld = value.text == "2.1";
-  if (property.name.ends_with("kind") && LowerCase(value.text) == "group") record.isGroup = true;
+  if (isOld && hadEscape) record.SetFault(kBadLine);  // read before the version was known
+  if (property.name.ends_with("kind") && LowerCase(value.text).find("group") != std::string::npos)
+    record.isGroup = true;
 }
 
-void VcardReader::SetText(Value& value, const Property& property) const {
+void VcardReader::SetText(Value& value, const Property& property) {
   std::string bytes;
   if (property.isQuotedPrintable) {
     if (!DecodeQuotedPrintable(bytes, property.value)) value.fault = &kBadQuotedPrintable;
@@ -223,7 +235,7 @@ void VcardReader::SetText(Value& value, const Property& property) const {
     bytes = property.value;
   }
   const std::optional<Encoding> charset =
-      property.charset.empty() ? encoding : EncodingOfCharset(property.charset);
+      property.charset.empty() || isUtf16 ? encoding : EncodingOfCharset(property.charset);
   std::string text;
   if (value.fault != nullptr) return;
   if (!charset) {
@@ -233,10 +245,10 @@ void VcardReader::SetText(Value& value, const Property& property) const {
   } else if (text.find('\0') != text.npos) {
     value.fault = &kNul;
   } else if (property.name == "n") {
-    value.text = NameOf(text, isOld);
+    hadEscape = AppendName(value.text, text, isOld) || hadEscape;
   } else {
     std::string_view rest = text;
-    AppendUnescaped(value.text, rest, '\0', isOld);
+    hadEscape = AppendUnescaped(value.text, rest, '\0', isOld) || hadEscape;
   }
 }
 

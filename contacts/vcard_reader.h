@@ -26,13 +26,12 @@ class VcardReader : public Reader {
   struct Property;
 
   bool ReadLogicalLine();
-  bool Continues(bool isQuotedPrintable) const;
   std::string_view RawText() const { return isUtf16 ? lines.Text() : lines.Bytes(); }
   bool Is(std::string_view property) const;
   void ReadCard(Record& record);
   void PassOver(Record& record);
   void AddProperty(Record& record);
-  void SetText(Value& value, const Property& property) const;
+  void SetText(Value& value, const Property& property);
 
   Lines lines;
   const bool isUtf16;
@@ -40,6 +39,7 @@ class VcardReader : public Reader {
   bool hasPhysical = false;  // whether the line of `lines` is not used yet
   bool hasLogical = false;   // whether the logical line is not used yet
   bool isOld = false;        // whether the card has version 2.1
+  bool hadEscape = false;    // whether a value of the card had an escape of the other versions
 
   // The logical line: bytes of lines without their folds.
   std::string logical;

@@ -26,7 +26,7 @@ void AppendFolded(std::string& file, std::string_view line, std::size_t width,
 
 // Returns whether LDIF can hold the value without encoding.
 bool IsSafeInLdif(std::string_view value) {
-  const auto isSafe = [](unsigned char c) { return c > 0 && c < 0x80 && c != '\n' && c != '\r'; };
+  const auto isSafe = [](unsigned char c) { return c >= 0x20 && c < 0x7F; };
   return std::ranges::all_of(value, isSafe) && !value.starts_with(' ') && !value.starts_with(':') &&
          !value.starts_with('<') && !value.ends_with(' ');
 }
@@ -82,7 +82,7 @@ void AppendCsv(std::string& file, std::span<const std::string> values) {
 }
 
 std::string WithoutFormula(std::string value) {
-  if (value.find_first_of("=+-@\t\r") == 0) value.insert(0, 1, '\'');
+  if (value.find_first_of("=+-@\t\r'") == 0) value.insert(0, 1, '\'');
   return value;
 }
 

@@ -23,7 +23,7 @@ struct Contact {
 void AppendCsv(std::string& file, std::span<const std::string> values);
 
 // Returns the value so that a spreadsheet shows it as text and does not evaluate it as a formula:
-// with an apostrophe before a leading "=", "+", "-", "@", tab or carriage return.
+// with an apostrophe before a leading "=", "+", "-", "@", tab, carriage return or apostrophe.
 std::string WithoutFormula(std::string value);
 
 // The first line of an LDIF file.

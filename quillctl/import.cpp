@@ -164,7 +164,11 @@ void Import::Compare(const quillkit::CScanner& scanner, bool isCleared) {
     // A script is sent as a whole, and replaces entries.
     if (isCleared || source.IsScript() || named == nullptr) return;
     Outcome outcome = Outcome::kNameInBook;
-    if (rule == OnDuplicate::kReplace) outcome = Outcome::kToChange;
+    // A name that was shortened may be that of somebody else.
+    const bool isShortened = (outcomes[named->row] & kShortenedBit) != 0;
+    if (rule == OnDuplicate::kReplace && !isShortened) {
+      outcome = asScript && !SuppliesAll() ? Outcome::kNotCarried : Outcome::kToChange;
+    }
     if (rule != OnDuplicate::kRefuse && HasValuesOf(*named, row)) outcome = Outcome::kPresent;
     Set(named->row, outcome);
   };
@@ -186,6 +190,25 @@ std::int32_t Import::SendRow(const quillkit::CScanner& scanner, const contacts::
   });
 }
 
+bool Import::SuppliesAll() const {
+  for (std::size_t i = 0; i < book.fields.size(); ++i) {
+    if (!source.Supplies(i)) return false;
+  }
+  return true;
+}
+
+bool Import::IsToSend(std::size_t row) const {
+  const Outcome outcome = OutcomeOf(row);
+  return outcome == Outcome::kToAdd || outcome == Outcome::kToChange;
+}
+
+// Whether a row that is to be sent is the one that was surveyed. The file may have changed.
+bool Import::IsUnchanged(std::size_t row, const contacts::Entry& entry) {
+  if (entry.fault.problem != nullptr || entry.isPassedOver) return false;
+  const NameTable::Named* const named = names.Find(entry.values.front());
+  return named != nullptr && named->row == row && HasValuesOf(*named, entry.values);
+}
+
 void Import::SendRows(const quillkit::CScanner& scanner,
                       const std::function<bool()>& isInterrupted) {
   Progress progress("Sending", [&] { return ToSend(); });
@@ -194,22 +217,14 @@ void Import::SendRows(const quillkit::CScanner& scanner,
   source.ForEach([&](contacts::Entry& entry) {
     if (row == outcomes.size()) return false;
     const std::size_t current = row++;
-    const Outcome outcome = OutcomeOf(current);
-    if (outcome != Outcome::kToAdd && outcome != Outcome::kToChange) return true;
+    if (!IsToSend(current)) return true;
     isEnded = isEnded || isInterrupted();
-    if (isEnded) {
-      Set(current, Outcome::kNotSent);
-      return true;
-    }
-    const NameTable::Named* const named = entry.fault.problem == nullptr && !entry.isPassedOver
-                                              ? names.Find(entry.values.front())
-                                              : nullptr;
-    if (named == nullptr || named->row != current || !HasValuesOf(*named, entry.values)) {
-      Set(current, Outcome::kChanged);
+    if (isEnded || !IsUnchanged(current, entry)) {
+      Set(current, isEnded ? Outcome::kNotSent : Outcome::kChanged);
       return true;
     }
     KeepSessionAlive();
-    const std::int32_t status = SendRow(scanner, entry, outcome);
+    const std::int32_t status = SendRow(scanner, entry, OutcomeOf(current));
     ++sent;
     progress.Step();
     Set(current, Outcome::kRefused);  // until it is seen in the book
@@ -221,37 +236,43 @@ void Import::SendRows(const quillkit::CScanner& scanner,
     isEnded = EndsImport(status);
     return true;
   });
+  for (; row < outcomes.size(); ++row) {
+    if (IsToSend(row)) Set(row, Outcome::kChanged);  // it is no longer in the file
+  }
 }
 
-std::int32_t Import::SendScript(quillkit::CScanner& scanner, bool clearFirst) {
-  const quillkit::ScriptBook* const format =
-      quillkit::FindScriptBook(book.target != 0 ? book.target : quillkit::TargetEmail);
+void Import::SendScript(quillkit::CScanner& scanner, bool clearFirst) {
+  const quillkit::ScriptBook& format =
+      *quillkit::FindScriptBook(book.target != 0 ? book.target : quillkit::TargetEmail);
   TemporaryFile script;
   quillkit::ScriptWriter writer;
   if (!writer.Open(script.ReleaseFile())) throw Refusal(kNoTemporaryFile);
-  if (clearFirst && isAdmin) quillkit::WriteClearLine(writer, *format);
+  if (clearFirst) quillkit::WriteClearLine(writer, format);
   std::size_t row = 0;
+  bool isUnchanged = true;
   source.ForEach([&](contacts::Entry& entry) {
     if (row == outcomes.size()) return false;
-    const Outcome outcome = OutcomeOf(row);
-    const bool isToSend = outcome == Outcome::kToAdd || outcome == Outcome::kToChange;
-    if (isToSend || (source.IsScript() && !entry.values.empty())) {
+    isUnchanged = isUnchanged && (!IsToSend(row) || IsUnchanged(row, entry));
+    if (IsToSend(row) || (source.IsScript() && !entry.values.empty())) {
       std::vector<std::string_view> values(entry.values.begin(), entry.values.end());
-      values.resize(format->fieldCount);
-      quillkit::WriteEntry(writer, *format, isAdmin, values);
-    }
-    if (isToSend) {
-      Set(row, Outcome::kRefused);  // until it is seen in the book
-      ++sent;
+      values.resize(format.fieldCount);
+      quillkit::WriteEntry(writer, format, isAdmin, values);
     }
     ++row;
-    return true;
+    return isUnchanged;
   });
   if (!writer.Close()) throw Refusal(kNoTemporaryFile);
+  if (!isUnchanged || row != outcomes.size()) {
+    throw Refusal("the file was changed while it was read; nothing was sent");
+  }
+  for (row = 0; row < outcomes.size(); ++row) {
+    if (!IsToSend(row)) continue;
+    Set(row, Outcome::kRefused);  // until it is seen in the book
+    ++sent;
+  }
   quillkit::ImportOptions options = {};
   options.format = quillkit::ImportFormatScript;
   lastStatus = quillkit::ImportAddressBook(&scanner, script.path().c_str(), &options);
-  return lastStatus;
 }
 
 void Import::Verify(const quillkit::CScanner& scanner) {
@@ -268,12 +289,20 @@ void Import::Verify(const quillkit::CScanner& scanner) {
 
 void Import::ForEach(const Handler& handle) {
   std::size_t row = 0;
+  bool isWanted = true;
+  contacts::Entry place;  // of rows that are no longer in the file
+  place.values.resize(book.fields.size());
   source.ForEach([&](contacts::Entry& entry) {
     if (row == outcomes.size()) return false;
     const unsigned value = outcomes[row] & ~unsigned{kShortenedBit};
     rowStatus = value < kFirstStatus ? 0 : static_cast<std::int32_t>(value - kFirstStatus);
-    return handle(entry, OutcomeOf(row++));
+    place.line = entry.line;
+    place.begin = place.end = entry.end;
+    isWanted = handle(entry, OutcomeOf(row++));
+    return isWanted;
   });
+  rowStatus = 0;
+  for (; isWanted && row < outcomes.size(); ++row) isWanted = handle(place, OutcomeOf(row));
 }
 
 std::uint64_t Import::LineOfName(const std::string& name) {

@@ -61,14 +61,16 @@ class Import {
   // book is full, or when the session is lost.
   void SendRows(const quillkit::CScanner& scanner, const std::function<bool()>& isInterrupted);
 
-  // Sends the rows in one script. Returns the result of the library. Throws a Refusal if the script
-  // cannot be written.
-  std::int32_t SendScript(quillkit::CScanner& scanner, bool clearFirst);
+  // Sends the rows in one script, which begins with a line that clears the book if `clearFirst` is
+  // set. Throws a Refusal, and sends nothing, if the script cannot be written or the file was
+  // changed.
+  void SendScript(quillkit::CScanner& scanner, bool clearFirst);
 
   // Reads the book and finds out which rows are in it.
   void Verify(const quillkit::CScanner& scanner);
 
-  // Passes each row with its outcome to the handler. Returns when that returns false.
+  // Passes each row with its outcome to the handler. Returns when that returns false. A row that is
+  // no longer in the file has no values.
   using Handler = std::function<bool(const contacts::Entry&, Outcome)>;
   void ForEach(const Handler& handle);
 
@@ -104,6 +106,9 @@ class Import {
   Outcome OutcomeOf(std::size_t row) const;
   std::uint64_t HashOfValues(const std::vector<std::string>& values) const;
   bool HasValuesOf(const NameTable::Named& named, const std::vector<std::string>& values) const;
+  bool SuppliesAll() const;
+  bool IsToSend(std::size_t row) const;
+  bool IsUnchanged(std::size_t row, const contacts::Entry& entry);
   std::int32_t SendRow(const quillkit::CScanner& scanner, const contacts::Entry& entry,
                        Outcome outcome);
   std::int32_t ReadBook(const quillkit::CScanner& scanner, const std::string& title,

@@ -44,6 +44,10 @@ void RequireFittingOptions(const ImportRequest& r) {
   if (r.format == "delimited" && r.map.empty()) {
     throw UsageError("--format delimited requires --map, for example --map 2,10");
   }
+  const bool isCsv = r.format.empty() || r.format == "csv";
+  if (!isCsv && !isOwn && (!r.delimiter.empty() || !r.headings.empty())) {
+    throw UsageError("--delimiter and --headings require a csv file");
+  }
   if (r.format != "delimited" && r.skipHeader) {
     throw UsageError("--skip-header requires --format delimited; see --headings");
   }
@@ -71,15 +75,16 @@ const AddressBook& BookFor(const ImportRequest& request, bool isAdmin) {
 
 // Everything that an import needs, in the order of its making.
 struct Prepared {
-  Prepared(const ImportRequest& request, bool isAdmin)
-      : book(BookFor(request, isAdmin)),
+  Prepared(const ImportRequest& request, bool asAdmin)
+      : isAdmin(asAdmin),
+        book(BookFor(request, isAdmin)),
         file(request.file, IsLibraryFormat(request.format)),
-        source(Open(request, isAdmin)),
+        source(Open(request)),
         run(*source, book, RuleOf(request.onDuplicate), isAdmin) {
     run.Survey(request.batch || source->IsScript());
   }
 
-  std::unique_ptr<ImportSource> Open(const ImportRequest& request, bool isAdmin) {
+  std::unique_ptr<ImportSource> Open(const ImportRequest& request) {
     if (IsLibraryFormat(request.format)) return OpenLibraryFormat(request, book, file, isAdmin);
     if (request.format.empty() && IsMailServerExport(file)) {
       throw UsageError(file.Name() + " is a mail server's export; add --format mail");
@@ -87,10 +92,12 @@ struct Prepared {
     return OpenContacts(request, book, file);
   }
 
+  const bool isAdmin;
   const AddressBook& book;
   ImportFile file;
   std::unique_ptr<ImportSource> source;
   Import run;
+  bool wasCleared = false;
 };
 
 std::string Title(const Prepared& prepared) {
@@ -124,8 +131,7 @@ void Report(Prepared& prepared, const ImportRequest& request) {
     std::cout << "T" << Title(prepared).substr(1) << " had " << run.EntriesBefore()
               << " entries and now has " << run.EntriesAfter() << ".\n";
   }
-  ShowEntries(run, prepared.book, request.dryRun ? Outcome::kToAdd : Outcome::kArrived,
-              request.shown);
+  ShowEntries(run, prepared.book, request.dryRun, request.shown);
   ShowFindings(run, request.faultsShown);
 }
 
@@ -146,7 +152,8 @@ void RequireOutcome(Prepared& prepared, const ImportRequest& request) {
   const std::size_t good = request.dryRun ? run.ToSend() : run.Count(Outcome::kArrived);
   if (good == 0 && run.Count(Outcome::kPresent) == 0) {
     throw Refusal("cannot import " + file + ": no row " +
-                  (run.Sent() == 0 ? "is valid; nothing was sent" : "was imported" + status));
+                  (run.Sent() == 0 && !prepared.wasCleared ? "is valid; nothing was sent"
+                                                           : "was imported" + status));
   }
   const char* const verb = rejected == 1 ? " was not imported" : " were not imported";
   throw PartialFailure(CountedRows(rejected, prepared) +
@@ -155,7 +162,12 @@ void RequireOutcome(Prepared& prepared, const ImportRequest& request) {
 
 void Finish(Prepared& prepared, const ImportRequest& request) {
   Report(prepared, request);
-  WriteRejectedRows(request.rejects, prepared.run, *prepared.source, prepared.file);
+  try {
+    WriteRejectedRows(request.rejects, prepared.run, *prepared.source, prepared.file);
+  } catch (const Refusal& why) {
+    throw PartialFailure(std::string(why.what()) + "; " +
+                         CountedRows(prepared.run.Rejected(), prepared) + " were not imported");
+  }
   RequireOutcome(prepared, request);
 }
 
@@ -163,10 +175,16 @@ void Send(Prepared& prepared, const ImportRequest& request, const Session& sessi
   const DeferredTermination untilReported("reading the book, to report each row");
   quillkit::CScanner& scanner = *session.Scanner();
   Import& run = prepared.run;
-  if (request.batch || prepared.source->IsScript()) {
-    run.SendScript(scanner, request.clearFirst);
+  // The script of a library format clears the book itself, as the library's does.
+  const bool isScript = request.batch || prepared.source->IsScript();
+  const bool clearsInScript = request.clearFirst && prepared.source->IsScript() && prepared.isAdmin;
+  if (request.clearFirst && !clearsInScript) {
+    RequireChange(prepared.book.clear(scanner), "clear " + Title(prepared));
+    prepared.wasCleared = true;
+  }
+  if (isScript) {
+    run.SendScript(scanner, clearsInScript);
   } else {
-    if (request.clearFirst) RequireChange(prepared.book.clear(scanner), "clear " + Title(prepared));
     run.SendRows(scanner, [&] { return untilReported.IsRequested(); });
   }
   run.Verify(scanner);
@@ -223,7 +241,7 @@ void SendScriptFile(const ImportFile& file, const Session& session) {
 
 void Preview(Prepared& prepared, const ImportRequest& request) {
   ShowForm(*prepared.source, prepared.file);
-  ShowEntries(prepared.run, prepared.book, Outcome::kToAdd, request.shown);
+  ShowEntries(prepared.run, prepared.book, true, request.shown);
   ShowFindings(prepared.run, request.faultsShown);
 }
 
@@ -260,7 +278,8 @@ std::string PathFault(const std::string& path) {
 }
 
 std::string DelimiterFault(const std::string& text) {
-  return text.size() == 1 || text == "tab" ? "" : "not a single character or \"tab\"";
+  const bool isOne = text.size() == 1 && contacts::kDelimiters.find(text.front()) != text.npos;
+  return isOne || text == "tab" ? "" : R"(not one of "," ";" "|" and "tab")";
 }
 
 void AddFileOptions(CLI::App* command, ImportRequest& into) {
@@ -298,7 +317,7 @@ void AddBookOptions(CLI::App* command, ImportRequest& into) {
       ->add_option("--store-as", into.storeAs, "The encoding in which the appliance stores texts")
       ->check(CLI::IsMember({"utf-8", "windows-1252"}))
       ->capture_default_str();
-  command->add_flag("--shorten", into.shorten, "Shorten texts that are too long, and report them");
+  command->add_flag("--shorten", into.shorten, "Shorten names that are too long, and report them");
   command
       ->add_option("--on-duplicate", into.onDuplicate,
                    "What happens to a row whose name the book, or an earlier row, has")

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "contacts/csv_reader.h"
+#include "contacts/json_reader.h"
 #include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
 #include "quillctl/import_source.h"
@@ -58,9 +59,13 @@ class ContactSource : public ImportSource {
   }
 
   void ForEach(const RowHandler& handle) override {
-    contacts::EntryReader reader(file.Rewind(), form, mapping, options);
-    contacts::Entry entry;
-    while (reader.Next(entry) && handle(entry)) {
+    try {
+      contacts::EntryReader reader(file.Rewind(), form, mapping, options);
+      contacts::Entry entry;
+      while (reader.Next(entry) && handle(entry)) {
+      }
+    } catch (const contacts::FormError&) {
+      // The file was changed after it was opened: it has no rows now.
     }
     file.RequireGood();
   }
@@ -83,16 +88,23 @@ class ContactSource : public ImportSource {
     return text;
   }
 
-  std::string Separator() const override {
-    return form.format == contacts::Format::kJson ? ",\n" : "";
+  std::string Beginning() const override {
+    const bool needsDelimiter = form.format == contacts::Format::kCsv && !form.hasHeadings &&
+                                !IsUtf16(form.encoding) && !form.hasMark;
+    return needsDelimiter ? "sep=" + std::string(1, form.delimiter) + '\n' : std::string();
   }
+  std::string Separator() const override { return IsJson() ? ",\n" : ""; }
   std::string End() const override {
-    if (form.format != contacts::Format::kJson) return {};
-    file.Rewind() >> std::ws;
-    return file.Rewind().peek() == '[' ? "\n]\n" : "\n]}\n";
+    if (!IsJson()) return {};
+    std::istream& stream = file.Rewind();
+    contacts::SkipMark(stream);
+    stream >> std::ws;
+    return stream.peek() == '[' ? "\n]\n" : "\n]}\n";
   }
 
  private:
+  bool IsJson() const { return form.format == contacts::Format::kJson; }
+
   ImportFile& file;
   contacts::Mapping mapping;
   contacts::EntryOptions options;

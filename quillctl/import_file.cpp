@@ -1,5 +1,6 @@
 #include "quillctl/import_file.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <filesystem>
@@ -15,7 +16,7 @@ namespace quillctl {
 ImportFile::ImportFile(const std::string& newPath, bool needsPath) : path(newPath) {
   if (path == "-") {
     ReadStdinAsBinary();
-    Copy(std::cin, needsPath);
+    CopyFrom(std::cin, needsPath);
     return;
   }
   errno = 0;
@@ -27,10 +28,10 @@ ImportFile::ImportFile(const std::string& newPath, bool needsPath) : path(newPat
   std::error_code failure;
   if (std::filesystem::is_regular_file(path, failure)) return;
   std::ifstream device = std::move(stream);
-  Copy(device, needsPath);
+  CopyFrom(device, needsPath);
 }
 
-void ImportFile::Copy(std::istream& from, bool needsPath) {
+void ImportFile::CopyFrom(std::istream& from, bool needsPath) {
   copy.emplace();
   quillkit::OpenFile file = copy->ReleaseFile();
   stream = std::ifstream(copy->path(), std::ios::binary);
@@ -61,6 +62,11 @@ std::string ImportFile::Bytes(std::uint64_t begin, std::uint64_t end) {
   stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   bytes.resize(static_cast<std::size_t>(stream.gcount()));
   return bytes;
+}
+
+void ImportFile::Copy(std::uint64_t begin, std::uint64_t end, quillkit::OpenFile& to) {
+  constexpr std::uint64_t kBlock = 65536;
+  for (; begin < end; begin += kBlock) to.Write(Bytes(begin, std::min(end, begin + kBlock)));
 }
 
 std::string ImportFile::Name() const {

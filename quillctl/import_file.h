@@ -30,6 +30,9 @@ class ImportFile {
   // Returns the bytes between two positions, fewer at the end of the file.
   std::string Bytes(std::uint64_t begin, std::uint64_t end);
 
+  // Appends these bytes to a file.
+  void Copy(std::uint64_t begin, std::uint64_t end, quillkit::OpenFile& to);
+
   // The path under which the library can read the file. REQUIRES: the path is needed.
   const std::string& Path() const { return copy ? copy->path() : path; }
 
@@ -37,7 +40,7 @@ class ImportFile {
   std::string Name() const;
 
  private:
-  void Copy(std::istream& from, bool needsPath);
+  void CopyFrom(std::istream& from, bool needsPath);
 
   std::string path;
   std::optional<TemporaryFile> copy;

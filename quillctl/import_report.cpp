@@ -77,6 +77,12 @@ bool IsOnlyCounted(const contacts::Problem* problem) {
   return problem == &kPresent || problem == &kUnknown || problem == &kNotSent;
 }
 
+// Whether an entry is shown as imported or, in a dry run, as one that would be.
+bool IsShown(Outcome outcome, bool dryRun) {
+  const bool isToSend = outcome == Outcome::kToAdd || outcome == Outcome::kToChange;
+  return dryRun ? isToSend : outcome == Outcome::kArrived;
+}
+
 // Passes the rejection of each rejected row, or the notes of all others, to the handler.
 void ForEachFinding(Import& run, bool rejections, const StatementHandler& handle) {
   run.ForEach([&](const contacts::Entry& entry, Outcome outcome) {
@@ -164,12 +170,12 @@ void ShowForm(const ImportSource& source, const ImportFile& file) {
             << (sources.empty() ? "" : ": " + DisplayedText(sources)) << ".\n";
 }
 
-void ShowEntries(Import& run, const AddressBook& book, Outcome outcome, std::size_t limit) {
+void ShowEntries(Import& run, const AddressBook& book, bool dryRun, std::size_t limit) {
   if (limit == 0) return;
   TextTable table(book.fields);
   std::size_t count = 0;
-  run.ForEach([&](const contacts::Entry& entry, Outcome found) {
-    if (found != outcome) return true;
+  run.ForEach([&](const contacts::Entry& entry, Outcome outcome) {
+    if (!IsShown(outcome, dryRun)) return true;
     table.AddRow(book.WithoutSecret(entry.values));
     return ++count < limit;
   });
@@ -190,9 +196,7 @@ void ShowImportJson(Import& run, const ImportSource& source, const AddressBook& 
   {
     PrintedList entries("entries");
     run.ForEach([&](const contacts::Entry& entry, Outcome outcome) {
-      const bool isShown = dryRun ? outcome == Outcome::kToAdd || outcome == Outcome::kToChange
-                                  : outcome == Outcome::kArrived;
-      if (!isShown) return true;
+      if (!IsShown(outcome, dryRun)) return true;
       Json json = {{"line", entry.line}};
       json.update(ShownRow(book.fields, book.WithoutSecret(entry.values)));
       entries.Add(json);
@@ -241,15 +245,20 @@ void WriteRejectedRows(const std::string& path, Import& run, const ImportSource&
     if (IsRejection(outcome)) parts.push_back({entry.begin, entry.end});
     return true;
   });
-  std::string text = file.Bytes(0, first);
-  for (const Part& each : parts) {
-    if (&each != &parts.front()) text += source.Separator();
-    text += file.Bytes(each.begin, each.end);
-  }
-  text += source.End();
+  // The file may contain passwords: it is created for the owner only, and then filled.
+  WriteTextFile(path, "", quillkit::Readers::kOwner);
+  quillkit::OpenFile rejects = quillkit::OpenFile::ToWrite(path.c_str());
+  std::string head = first == 0 ? source.Beginning() : "";
   // If the first row begins with a byte order mark, it would be lost when the file is imported.
-  if (first == 0 && text.starts_with(contacts::kUtf8Mark)) text.insert(0, contacts::kUtf8Mark);
-  WriteTextFile(path, text, quillkit::Readers::kOwner);  // it may contain passwords
+  if (first == 0 && file.Bytes(0, 3) == contacts::kUtf8Mark) head = contacts::kUtf8Mark;
+  rejects.Write(head);
+  file.Copy(0, first, rejects);
+  for (const Part& each : parts) {
+    if (&each != &parts.front()) rejects.Write(source.Separator());
+    file.Copy(each.begin, each.end, rejects);
+  }
+  rejects.Write(source.End());
+  if (!rejects.Close()) throw Refusal("cannot write " + Quoted(path));
 }
 
 }  // namespace quillctl

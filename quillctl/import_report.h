@@ -15,8 +15,9 @@ namespace quillctl {
 // Prints the format of the file and where the values of the fields come from, in one line.
 void ShowForm(const ImportSource& source, const ImportFile& file);
 
-// Prints a table of the first `limit` rows with this outcome. Prints nothing if there are none.
-void ShowEntries(Import& run, const AddressBook& book, Outcome outcome, std::size_t limit);
+// Prints a table of the first `limit` entries that were imported or, with `dryRun`, would be.
+// Prints nothing if there are none.
+void ShowEntries(Import& run, const AddressBook& book, bool dryRun, std::size_t limit);
 
 // Prints to standard error the rejected rows, with line and reason, and the notes; of each at most
 // `limit`, and how many more there are.
@@ -30,9 +31,8 @@ void ShowImportJson(Import& run, const ImportSource& source, const AddressBook& 
 void RequireRejectsFile(const ImportRequest& request);
 
 // Writes the rejected rows to a file, byte for byte as in the imported file, and after what comes
-// before the first row there. When the rows have been corrected, that file can be imported. An
-// existing file is replaced as a whole. Without such rows, writes nothing. Throws a Refusal if the
-// file cannot be written.
+// before the first row there. When the rows have been corrected, that file can be imported. Without
+// such rows, writes nothing. Throws a Refusal if the file cannot be written.
 void WriteRejectedRows(const std::string& path, Import& run, const ImportSource& source,
                        ImportFile& file);
 

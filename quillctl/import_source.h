@@ -46,7 +46,9 @@ class ImportSource {
   // in a script.
   virtual bool IsScript() const { return false; }
 
-  // The text between the records of a file of rejected rows, and at its end.
+  // The text at the beginning of a file of rejected rows if the imported file has none there; the
+  // text between its records, and at its end.
+  virtual std::string Beginning() const { return {}; }
   virtual std::string Separator() const { return {}; }
   virtual std::string End() const { return {}; }
 };

@@ -2,18 +2,22 @@
 
 #include <algorithm>
 #include <random>
+#include <stdexcept>
 
 namespace quillctl {
 namespace {
 
 constexpr std::size_t kTextSize = std::size_t{64} << 10;
+constexpr std::size_t kMostTexts = std::size_t{64} << 10;
 constexpr std::size_t kFirstSlots = 1024;
 
 }  // namespace
 
-// The seed is random, so that no file can be made whose names all have one hash.
-std::uint64_t HashOf(std::string_view text, std::uint64_t seed) {
-  std::uint64_t hash = seed ^ 0xCBF29CE484222325;
+// The seed is random, so that no file can be made whose texts have chosen hashes.
+std::uint64_t HashOf(std::string_view text, std::uint64_t before) {
+  static const std::uint64_t seed =
+      std::uint64_t{std::random_device()()} << 32 | std::random_device()();
+  std::uint64_t hash = before ^ seed;
   for (const char c : text) hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3;
   return hash ^ hash >> 29;
 }
@@ -25,8 +29,7 @@ std::string_view NameTable::NameOf(const Named& each) const {
 
 // Returns the slot with the name, or the free one where it belongs.
 std::size_t NameTable::SlotOf(std::string_view name) const {
-  static const std::uint64_t seed = std::random_device()();
-  std::size_t slot = static_cast<std::size_t>(HashOf(name, seed)) & (slots.size() - 1);
+  std::size_t slot = static_cast<std::size_t>(HashOf(name)) & (slots.size() - 1);
   while (slots[slot] != kFree && NameOf(named[slots[slot]]) != name) {
     slot = (slot + 1) & (slots.size() - 1);
   }
@@ -53,6 +56,7 @@ NameTable::Named& NameTable::Insert(std::string_view name, bool& isNew) {
 // REQUIRES: the name has at most 255 bytes, as all names of address books.
 std::uint32_t NameTable::Store(std::string_view name) {
   if (texts.empty() || used + 1 + name.size() > kTextSize) {
+    if (texts.size() == kMostTexts) throw std::length_error("the file has too many names");
     texts.push_back(std::make_unique<char[]>(kTextSize));
     used = 0;
   }

@@ -13,7 +13,9 @@
 
 namespace quillctl {
 
-std::uint64_t HashOf(std::string_view text, std::uint64_t seed);
+// Returns a hash that differs in each run of the program. `before` is the hash of what comes
+// before.
+std::uint64_t HashOf(std::string_view text, std::uint64_t before = 0);
 
 class NameTable {
  public:
@@ -26,7 +28,7 @@ class NameTable {
   };
 
   // Returns the row with this name. If there is none, adds one that has no row yet, and sets
-  // `isNew`. References stay valid.
+  // `isNew`. References stay valid. Throws a std::length_error for more than 4 GiB of names.
   Named& Insert(std::string_view name, bool& isNew);
 
   // Returns the row with this name, or null.

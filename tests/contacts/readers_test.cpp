@@ -15,6 +15,8 @@ namespace {
 
 using namespace std::string_literals;
 
+using List = std::vector<std::string>;
+
 Mapping EmailMapping() {
   return Mapping({{"name", Part::kName, 31, true}, {"address", Part::kEmail, 255, true}}, {},
                  Place::kNone);
@@ -40,8 +42,6 @@ std::vector<std::string> Outcomes(const std::string& file, EntryOptions options 
   }
   return outcomes;
 }
-
-using List = std::vector<std::string>;
 
 TEST(Readers, RejectRecordsThatAreTooLargeAndGoOn) {
   const std::string large(kMaxRecord + 100'000, 'x');
@@ -69,6 +69,40 @@ TEST(Readers, RejectRecordsThatAreTooLargeAndGoOn) {
   EXPECT_EQ(Outcomes(R"({"entries": [{"name": ")" + large + R"(", "address": "c"},)" +
                      R"({"name": "Ann", "address": "a@b.example"}]})"),
             (List{"1 record-too-long", "1 Ann <a@b.example>"}));
+}
+
+TEST(Readers, LoseNoRecordAfterABrokenOne) {
+  const struct {
+    std::string file;
+    List outcomes;
+  } cases[] = {
+      // csv: the text of a large quoted value is no row; files one after another
+      {"Name,E-mail\nA,a@x.example,\"" + std::string(kMaxRecord, 'x') +
+           "\nEvil,e@x.example\n\"\nB,b@x.example\n",
+       {"2 record-too-long", "5 B <b@x.example>"}},
+      {"Name,E-mail\nA,a@x.example\n\xEF\xBB\xBFName,E-mail\nB,b@x.example\n",
+       {"2 A <a@x.example>", "3  <>", "4 B <b@x.example>"}},
+      // vCard: a soft line break at the end of an ignored property; a version after a name
+      {"BEGIN:VCARD\nKEY;QUOTED-PRINTABLE:a=\nb\nFN:A\nEMAIL:a@x.example\nEND:VCARD \n"
+       "BEGIN:VCARD \nN:O\\Neil;B\nVERSION:2.1\nEMAIL:b@x.example\nEND:VCARD\n",
+       {"1 A <a@x.example>", "7 bad-line"}},
+      {"BEGIN:VCARD\nFN;X=,,,,:A\nEMAIL;TYPE=\"home,pref\":a@x.example\nEMAIL:b@x.example\nEND:"
+       "VCARD",
+       {"1 A <a@x.example>"}},
+      // LDIF: base64 is UTF-8 whatever the encoding of the file is
+      {"dn: a\nou: \xFC\ncn:: Wm/DqQ==\nmail: a@x.example\n", {"1 Zo\xC3\xA9 <a@x.example>"}},
+      // JSON: a member twice; another list; text after the list; nested lists
+      {R"({"tags": ["x"], "entries": [{"name":"A","name":"B","address":"a@x"}, [1,[2]], "x", )"
+       R"({"name-bytes":"C3","address":"c@x"}], "more": []} {"entries": []})",
+       {"1 bad-line", "1 bad-line", "1 bad-line", "1 \xC3 <c@x>", "1 bad-line"}},
+      {"[{\"name\":" + std::string(200'000, '[') + "\"]}, {\"name\":\"B\",\"address\":\"b@x\"}]",
+       {"1 truncated"}},
+      // Windows-1252 without evidence: a row with UTF-8 is not decoded another way
+      {"Name,E-mail\nZo\xC3\xA9,a@x\nM\xC3\xBCll\xC3,b@x\n\xDCnal,c@x\n",
+       {"2 not-decodable", "3 not-decodable", "4 \xC3\x9Cnal <c@x>"}},
+  };
+  for (const auto& each : cases)
+    EXPECT_EQ(Outcomes(each.file), each.outcomes) << each.file.substr(0, 300);
 }
 
 // The block of the reader ends between any two bytes.

@@ -41,8 +41,8 @@ class CaughtSignals {
   }
 
  private:
-  static constexpr std::array kSignals = {SIGHUP,  SIGINT,  SIGQUIT, SIGTERM,   SIGPIPE, SIGALRM,
-                                          SIGUSR1, SIGUSR2, SIGXCPU, SIGVTALRM, SIGPROF};
+  static constexpr std::array kSignals = {SIGHUP,  SIGINT,  SIGQUIT, SIGTERM, SIGPIPE,   SIGALRM,
+                                          SIGUSR1, SIGUSR2, SIGXCPU, SIGXFSZ, SIGVTALRM, SIGPROF};
   std::array<std::optional<SignalAction>, kSignals.size()> actions;
 };
 
