@@ -14,29 +14,16 @@
 #include <vector>
 
 #include "appliance/scanner.h"
+#include "bridge/record_fields.h"
 #include "quillctl/text_table.h"
 
 namespace quillctl {
-
-// Returns references to the texts of a record, in the order of the book's fields.
-template <class Record>
-auto Texts(Record& r) {
-  if constexpr (requires { r.printerName; }) {
-    return std::tie(r.printerName, r.description, r.printerModel);
-  } else if constexpr (requires { r.number; }) {
-    return std::tie(r.name, r.number, r.third);
-  } else if constexpr (requires { r.password; }) {
-    return std::tie(r.name, r.password, r.third, r.fourth);
-  } else {
-    return std::tie(r.name, r.address);
-  }
-}
 
 // Returns the values of an entry, or of a member of a distribution list.
 template <class Record>
 Row Cells(const Record& record) {
   return std::apply([](const auto&... text) { return Row{std::string(text.View())...}; },
-                    Texts(record));
+                    quillkit::Texts(record));
 }
 
 // Receives one entry. Returns false to receive no more.
