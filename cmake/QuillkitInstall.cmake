@@ -21,7 +21,8 @@ foreach(header IN LISTS public_headers)
   install(FILES src/${header} DESTINATION ${headers}/${folder} COMPONENT Development)
 endforeach()
 install(FILES simulator/simulator.h DESTINATION ${headers}/simulator COMPONENT Simulator)
-install(FILES src/toolkit/api.json DESTINATION ${shared} COMPONENT Development)
+install(FILES src/toolkit/api.json src/toolkit/api.schema.json DESTINATION ${shared}
+        COMPONENT Development)
 install(DIRECTORY examples DESTINATION ${shared} COMPONENT Development)
 
 # The libraries.

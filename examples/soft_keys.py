@@ -34,9 +34,10 @@ class Quillkit:
             raise QuillError(self.text("translate_toolkit_error", status))
 
     def handle(self, name, *arguments):
-        """The handle that a function fills in. Raises if there is no such object."""
+        """The handle that a function fills in. Raises if there is no such object. The last argument is
+        for the error of a call; a function without one ignores it."""
         handle = ctypes.c_uint64()
-        if self.number(name, *arguments, ctypes.byref(handle)) != 1:
+        if self.number(name, *arguments, ctypes.byref(handle), None) != 1:
             raise QuillError(f"{name}: code {self.number('get_last_toolkit_error')}")
         return handle
 
@@ -52,7 +53,7 @@ class Quillkit:
 def add_item(quill, key, **fields):
     item = quill.handle("create_menu_item")
     taken = all(quill.number(f"set_{field}", item, text) == 1 for field, text in fields.items())
-    if not taken or quill.number("fast_item_add", key, item) < 0:
+    if not taken or quill.number("fast_item_add", key, item, None) < 0:
         raise QuillError(f"refused: {fields}")
     quill.number("destroy_menu_item", item)
 

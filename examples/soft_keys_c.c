@@ -24,7 +24,7 @@ static bool add_item(quill_handle key, const char* name, const char* address, co
   bool added;
   if (quill_create_menu_item(&item) != 1) return false;
   added = quill_set_name(item, name) == 1 && quill_set_ip_address(item, address) == 1 &&
-          quill_set_path(item, path) == 1 && quill_fast_item_add(key, item) >= 0;
+          quill_set_path(item, path) == 1 && quill_fast_item_add(key, item, NULL) >= 0;
   quill_destroy_menu_item(item);
   return added;
 }
@@ -72,12 +72,12 @@ static void list_keys(quill_handle keys) {
 
 int main(void) {
   quill_handle box, keys;
+  int32_t error = 0;
   char host[64];
   uint32_t size = sizeof host;
-  if (quill_log_to_quillbox("127.0.0.1", "ADMINISTRATOR", "quill", "", 1, &box) != 1 ||
+  if (quill_log_to_quillbox("127.0.0.1", "ADMINISTRATOR", "quill", "", 1, &box, &error) != 1 ||
       quill_get_top_level_abook(box, &keys) != 1) {
-    // The code is 0 if the library refused without a server call. Do not exit with it.
-    fprintf(stderr, "no login: code %d\n", (int)quill_get_last_toolkit_error());
+    fprintf(stderr, "no login: code %d\n", (int)error);
     return EXIT_FAILURE;
   }
   if (quill_get_scanner_name(box, host, &size) == 1) printf("Connected to %s\n", host);

@@ -181,7 +181,7 @@ check_zip_files() {
   local file simulator=lib/quillkit/simulator
   for file in bin/{Quillkit,quillkit_c}.dll bin/quillctl.exe lib/{Quillkit,quillkit_c}.dll.a \
     lib/libquillkit_classes.a $simulator/IMSPAPI.DLL lib/cmake/Quillkit/QuillkitConfig.cmake \
-    lib/pkgconfig/quillkit.pc share/quillkit/{api.json,quillctl.schema.json,quillctl/contacts.csv,examples/soft_keys.cpp} \
+    lib/pkgconfig/quillkit.pc share/quillkit/{api.json,api.schema.json,quillctl.schema.json,quillctl/contacts.csv,examples/soft_keys.cpp} \
     share/doc/quillkit/{README,CHANGELOG,docs/simulator}.md; do
     [ -f "$1/$file" ] || { echo "$1 lacks $file"; return 1; }
   done

@@ -18,9 +18,17 @@
 #include "base/secret.h"
 #include "capi/call_turn.h"
 #include "capi/handle_table.h"
+#include "capi/recorded_status.h"
+#include "platform/call_scope.h"
 #include "toolkit/quillkit.h"
 
+namespace quillkit {
+class CEmailAB;
+}
+
 namespace quillkit::capi {
+
+struct OpenEntries;
 
 template <class Object>
 inline constexpr HandleKind kKindOf{};
@@ -34,12 +42,16 @@ template <>
 inline constexpr HandleKind kKindOf<CMenuItem> = HandleKind::kItem;
 template <>
 inline constexpr HandleKind kKindOf<CUserRecord> = HandleKind::kUser;
+template <>
+inline constexpr HandleKind kKindOf<OpenEntries> = HandleKind::kEntries;
+template <>
+inline constexpr HandleKind kKindOf<CEmailAB> = HandleKind::kView;
 
 // What a function requires of an object.
 enum class Need {
   kAlive,
   kAliveOrNone,  // the handle may be 0
-  kBookAlive,    // a key whose book, if it has one, is alive
+  kParentAlive,  // belongs to no object, or to one that is alive
   kOwnership     // owned by the application
 };
 
@@ -55,7 +67,7 @@ class ObjectArgument {
     if (entry == nullptr) return fault;
     object = static_cast<Object*>(entry->object);
     if (kNeed == Need::kOwnership && !entry->isAppOwned) return QUILL_E_OWNER;
-    if (kNeed == Need::kBookAlive && entry->parent != 0 && !Handles().IsLive(entry->parent)) {
+    if (kNeed == Need::kParentAlive && entry->parent != 0 && !Handles().IsLive(entry->parent)) {
       return QUILL_E_STALE;
     }
     return 0;
@@ -70,7 +82,7 @@ class ObjectArgument {
 using ScannerArgument = ObjectArgument<CScanner>;
 using BookArgument = ObjectArgument<CTopLevelAB>;
 using KeyArgument = ObjectArgument<CSoftKey>;
-using KeyOnServerArgument = ObjectArgument<CSoftKey, Need::kBookAlive>;
+using KeyOnServerArgument = ObjectArgument<CSoftKey, Need::kParentAlive>;
 using ItemArgument = ObjectArgument<CMenuItem>;
 
 // Passes a text to the work as a copy that is wiped afterwards: it may be a password.
@@ -83,6 +95,32 @@ class TextArgument {
 
  private:
   const char* text;
+};
+
+// A pointer that must not be null.
+template <class Object>
+class Pointer {
+ public:
+  explicit Pointer(Object* newTarget) : target(newTarget) {}
+
+  std::int32_t Check() const { return target != nullptr ? 0 : QUILL_E_ARGUMENT; }
+  Object* Value() const { return target; }
+
+ private:
+  Object* target;
+};
+
+// A number from 0 to `newLast`.
+class Choice {
+ public:
+  Choice(std::int32_t newNumber, std::int32_t newLast) : number(newNumber), last(newLast) {}
+
+  std::int32_t Check() const { return number >= 0 && number <= last ? 0 : QUILL_E_ARGUMENT; }
+  std::int32_t Value() const { return number; }
+
+ private:
+  std::int32_t number;
+  std::int32_t last;
 };
 
 // An argument that receives a number.
@@ -202,6 +240,7 @@ std::int32_t InTurn(Work work, Arguments... arguments) noexcept {
     std::int32_t fault = turn.Fault();
     ((fault = fault != 0 ? fault : Check(arguments)), ...);
     if (fault != 0) return fault;
+    const CallScope scope;
     if constexpr (std::is_void_v<decltype(work(ValueOf(arguments)...))>) {
       work(ValueOf(arguments)...);
       return 1;
@@ -213,6 +252,26 @@ std::int32_t InTurn(Work work, Arguments... arguments) noexcept {
   } catch (...) {
     return QUILL_E_INTERNAL;
   }
+}
+
+// The same for a function whose result `failure` does not say what failed. Stores the error of the
+// call in `*error` unless it is null.
+template <class Work, class... Arguments>
+std::int32_t InTurnReporting(std::int32_t* error, std::int32_t failure, Work work,
+                             Arguments... arguments) noexcept {
+  Status status = kNoError;
+  const std::int32_t result = InTurn(
+      [&](const auto&... values) {
+        const RecordedStatus recorded;
+        const std::int32_t returned = work(values...);
+        status = recorded.Get();
+        return returned;
+      },
+      arguments...);
+  if (result <= QUILL_E_NULL) status = result;
+  if (result == failure && status == kNoError) status = kRefused;
+  if (error != nullptr) *error = status;
+  return result;
 }
 
 // Work that stores its result, a text, a number or a handle, in its first argument.

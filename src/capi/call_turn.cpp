@@ -53,4 +53,11 @@ CallTurn::~CallTurn() {
   if (isOutermost) SendPending();
 }
 
+std::int32_t FaultOfThread() {
+  if (IsForkedChild()) return QUILL_E_FORKED;
+  // Only the thread that holds the lock gets it while a call runs.
+  const std::unique_lock hold(callMutex, std::try_to_lock);
+  return hold && depth != 0 ? QUILL_E_NESTED : 0;
+}
+
 }  // namespace quillkit::capi

@@ -28,6 +28,9 @@ class CallTurn {
   std::int32_t fault = 0;
 };
 
+// Returns what Fault() of a turn would be, without a turn and without waiting.
+std::int32_t FaultOfThread();
+
 }  // namespace quillkit::capi
 
 #endif  // QUILLKIT_CAPI_CALL_TURN_H_

@@ -105,9 +105,10 @@ void HandleTable::EndAt(std::size_t slot) {
   if (entry.kind < HandleKind::kItem) EndChildren(ended);
 }
 
+// Never destroyed: threads may still make calls while the process ends.
 HandleTable& Handles() {
-  static HandleTable table;
-  return table;
+  static auto* const table = new HandleTable;
+  return *table;
 }
 
 }  // namespace quillkit::capi

@@ -20,7 +20,7 @@
 
 namespace quillkit::capi {
 
-enum class HandleKind : std::uint8_t { kScanner = 1, kBook, kKey, kItem, kUser };
+enum class HandleKind : std::uint8_t { kScanner = 1, kBook, kKey, kItem, kUser, kEntries, kView };
 
 struct HandleEntry {
   void* object = nullptr;  // null: the slot is free

@@ -78,20 +78,22 @@ int32_t quill_find_soft_key_index(quill_handle book, const char* name) {
   return InTurn(FindSoftKeyIndex, BookArgument(book), TextArgument(name));
 }
 
-int32_t quill_fast_key_add(quill_handle book, quill_handle key) {
-  return InTurn(FastKeyAdd, BookArgument(book), KeyArgument(key));
+int32_t quill_fast_key_add(quill_handle book, quill_handle key, int32_t* error) {
+  return InTurnReporting(error, -1, FastKeyAdd, BookArgument(book), KeyArgument(key));
 }
 
-int32_t quill_fast_key_remove(quill_handle book, quill_handle key) {
-  return InTurn(RemoveKey, BookArgument(book), KeyArgument(key));
+int32_t quill_fast_key_remove(quill_handle book, quill_handle key, int32_t* error) {
+  return InTurnReporting(error, -1, RemoveKey, BookArgument(book), KeyArgument(key));
 }
 
-int32_t quill_fast_key_modify(quill_handle book, quill_handle key) {
-  return InTurn(WriteKey, BookArgument(book), KeyArgument(key));
+int32_t quill_fast_key_modify(quill_handle book, quill_handle key, int32_t* error) {
+  return InTurnReporting(error, 0, WriteKey, BookArgument(book), KeyArgument(key));
 }
 
-int32_t quill_fast_key_rename(quill_handle book, const char* old_name, quill_handle key) {
-  return InTurn(FastKeyRename, BookArgument(book), TextArgument(old_name), KeyArgument(key));
+int32_t quill_fast_key_rename(quill_handle book, const char* old_name, quill_handle key,
+                              int32_t* error) {
+  return InTurnReporting(error, 0, FastKeyRename, BookArgument(book), TextArgument(old_name),
+                         KeyArgument(key));
 }
 
 int32_t quill_create_soft_key(const char* name, quill_handle book, quill_handle* key) {
@@ -103,9 +105,9 @@ int32_t quill_destroy_soft_key(quill_handle key) {
   return InTurn(kDestroy<DestroySoftKey>, ObjectArgument<CSoftKey, Need::kOwnership>(key));
 }
 
-int32_t quill_load_items(quill_handle book, const char* name, quill_handle* key) {
-  return InTurn(kStoreResult<LoadItems>, HandleResult(key, book), BookArgument(book),
-                TextArgument(name));
+int32_t quill_load_items(quill_handle book, const char* name, quill_handle* key, int32_t* error) {
+  return InTurnReporting(error, 0, kStoreResult<LoadItems>, HandleResult(key, book),
+                         BookArgument(book), TextArgument(name));
 }
 
 int32_t quill_get_key_name(quill_handle key, char* buffer, uint32_t* size) {
@@ -171,21 +173,23 @@ int32_t quill_delete_menu_item(quill_handle key, const char* name, int32_t reloa
                 TextArgument(name));
 }
 
-int32_t quill_fast_item_add(quill_handle key, quill_handle item) {
-  return InTurn(kInvalidateOnChange<FastItemAdd, -1>, KeyOnServerArgument(key), ItemArgument(item));
+int32_t quill_fast_item_add(quill_handle key, quill_handle item, int32_t* error) {
+  return InTurnReporting(error, -1, kInvalidateOnChange<FastItemAdd, -1>, KeyOnServerArgument(key),
+                         ItemArgument(item));
 }
 
-int32_t quill_fast_item_remove(quill_handle key, quill_handle item) {
-  return InTurn(kInvalidateOnChange<FastItemRemove, -1>, KeyOnServerArgument(key),
-                ItemArgument(item));
+int32_t quill_fast_item_remove(quill_handle key, quill_handle item, int32_t* error) {
+  return InTurnReporting(error, -1, kInvalidateOnChange<FastItemRemove, -1>,
+                         KeyOnServerArgument(key), ItemArgument(item));
 }
 
-int32_t quill_fast_item_modify(quill_handle key, quill_handle item) {
-  return InTurn(kInvalidateOnChange<FastItemModify, 0>, KeyOnServerArgument(key),
-                ItemArgument(item));
+int32_t quill_fast_item_modify(quill_handle key, quill_handle item, int32_t* error) {
+  return InTurnReporting(error, 0, kInvalidateOnChange<FastItemModify, 0>, KeyOnServerArgument(key),
+                         ItemArgument(item));
 }
 
-int32_t quill_fast_item_rename(quill_handle key, const char* old_name, quill_handle item) {
-  return InTurn(kInvalidateOnChange<FastItemRename, 0>, KeyOnServerArgument(key),
-                TextArgument(old_name), ItemArgument(item));
+int32_t quill_fast_item_rename(quill_handle key, const char* old_name, quill_handle item,
+                               int32_t* error) {
+  return InTurnReporting(error, 0, kInvalidateOnChange<FastItemRename, 0>, KeyOnServerArgument(key),
+                         TextArgument(old_name), ItemArgument(item));
 }

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "capi/call_frame.h"
+#include "platform/files.h"
 
 using namespace quillkit;
 using namespace quillkit::capi;
@@ -19,7 +20,7 @@ constexpr const char* kErrorTexts[] = {
     /*-1002*/ "the object of the handle no longer exists",
     /*-1003*/ "not a handle of such an object",
     /*-1004*/ "the object has a different owner",
-    /*-1005*/ "an argument is null",
+    /*-1005*/ "an argument is null or out of range",
     /*-1006*/ "the buffer is too small",
     /*-1007*/ "out of memory",
     /*-1008*/ "internal failure",
@@ -90,15 +91,21 @@ const char* quill_version(void) {
   return QUILLKIT_VERSION;
 }
 
+int32_t quill_contract(void) {
+  return QUILL_CONTRACT;
+}
+
 const char* quill_error_text(int32_t error) {
   const auto slot = static_cast<std::uint32_t>(QUILL_E_NULL) - static_cast<std::uint32_t>(error);
   return slot < std::size(kErrorTexts) ? kErrorTexts[slot] : "";
 }
 
 int32_t quill_log_to_quillbox(const char* host, const char* user, const char* password,
-                              const char* third, int32_t load_top_book, quill_handle* scanner) {
-  return InTurn(OpenSession, HandleResult(scanner), TextArgument(host), TextArgument(user),
-                TextArgument(password), TextArgument(third), load_top_book);
+                              const char* third, int32_t load_top_book, quill_handle* scanner,
+                              int32_t* error) {
+  return InTurnReporting(error, 0, OpenSession, HandleResult(scanner), TextArgument(host),
+                         TextArgument(user), TextArgument(password), TextArgument(third),
+                         load_top_book);
 }
 
 int32_t quill_logout(void) {
@@ -158,8 +165,9 @@ int32_t quill_import_address_book(quill_handle scanner, const char* path,
                                   const quill_import_options* options) {
   return InTurn(
       [=](CScanner* box) {
-        return options != nullptr ? ImportAddressBook(box, path, Options(*options).get())
-                                  : ImportAddressBook(box, path, nullptr);
+        if (options == nullptr) return kMissingArgument;
+        const std::string file = path != nullptr ? SystemPath(path) : std::string();
+        return ImportAddressBook(box, file.c_str(), Options(*options).get());
       },
       ScannerArgument(scanner));
 }

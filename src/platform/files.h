@@ -26,6 +26,11 @@ struct CreatedFile {
 // the folder, the path may lead to another file at any time: write to the open file only.
 CreatedFile CreateTemporaryFile(const char* prefix);
 
+// Returns a path in UTF-8 in the encoding that the functions here expect: unchanged on POSIX; on
+// Windows in the code page of the process, if need be as the short path of an existing file.
+// Returns an empty text if there is no such path.
+std::string SystemPath(const std::string& utf8);
+
 // Deletes a file. A failure is ignored.
 void DeleteFileAt(const std::string& path);
 

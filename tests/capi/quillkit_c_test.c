@@ -12,6 +12,7 @@ void SimulatorRecordCalls(int32_t record);
 int32_t SimulatorCallCount(void);
 const char* SimulatorCallText(int32_t index);
 void SimulatorFail(const char* entry, int32_t occurrence, int32_t status);
+void SimulatorSetWakeupPeriod(int32_t milliseconds);
 int32_t SimulatorBookSize(int32_t kind, const char* book, const char* user);
 
 static int failures;
@@ -46,7 +47,7 @@ static const char* TextOf(int32_t (*function)(quill_handle, char*, uint32_t*), q
 static quill_handle box, user, book, key, item, key2, item2, madeKey, madeKeyItem, madeItem;
 
 static int32_t LogIn(const char* host, const char* name, const char* password, quill_handle* to) {
-  return quill_log_to_quillbox(host, name, password, "", 1, to);
+  return quill_log_to_quillbox(host, name, password, "", 1, to, NULL);
 }
 
 static void SetStage(void) {
@@ -57,7 +58,7 @@ static void SetStage(void) {
   EQ(1, quill_get_top_level_abook(box, &book));
   EQ(1, quill_get_key_at(book, 0, &key));
   EQ(1, quill_get_item_at(key, 0, &item));
-  EQ(1, quill_load_items(book, "Desks", &key2));
+  EQ(1, quill_load_items(book, "Desks", &key2, NULL));
   EQ(1, quill_get_item_at(key2, 3, &item2));
   EQ(1, quill_create_soft_key("Archive", book, &madeKey));
   EQ(1, quill_get_item_at(madeKey, 511, &madeKeyItem));
@@ -124,12 +125,12 @@ static void CheckLives(void) {
   LIVES("delete, reload", "XUBMmsO", 0, quill_delete_key(book, "Desks", 1));
   LIVES("modify itself, reload", "XUBMmsO", 0, quill_modify_key(book, key, 1));
   LIVES("rename to another", "XUBKIkiMmsO", 14, quill_rename_soft_key(book, "Workshop", key2));
-  LIVES("fast add", "XUBKIkiMmsO", -1, quill_fast_key_add(book, madeKey));
-  LIVES("fast remove", "XUBkiMmsO", 2, quill_fast_key_remove(book, madeKey));
-  LIVES("fast remove itself", "XUBkiMmsO", 2, quill_fast_key_remove(book, key));
-  LIVES("fast modify", "XUBKkiMsO", 1, quill_fast_key_modify(book, madeKey));
-  LIVES("fast modify itself", "XUBKIkiMmsO", 1, quill_fast_key_modify(book, key));
-  LIVES("fast rename", "XUBKIkiMmsO", 1, quill_fast_key_rename(book, "Archive", madeKey));
+  LIVES("fast add", "XUBKIkiMmsO", -1, quill_fast_key_add(book, madeKey, NULL));
+  LIVES("fast remove", "XUBkiMmsO", 2, quill_fast_key_remove(book, madeKey, NULL));
+  LIVES("fast remove itself", "XUBkiMmsO", 2, quill_fast_key_remove(book, key, NULL));
+  LIVES("fast modify", "XUBKkiMsO", 1, quill_fast_key_modify(book, madeKey, NULL));
+  LIVES("fast modify itself", "XUBKIkiMmsO", 1, quill_fast_key_modify(book, key, NULL));
+  LIVES("fast rename", "XUBKIkiMmsO", 1, quill_fast_key_rename(book, "Archive", madeKey, NULL));
   LIVES("destroy key", "XUBKIkiO", 1, quill_destroy_soft_key(madeKey));
 
   LIVES("set item", "XUBKkiMmsO", 1, quill_set_item_at(key, 5, item2));
@@ -141,11 +142,11 @@ static void CheckLives(void) {
   LIVES("modify own item", "XUBKkiMmsO", 0, quill_modify_menu_item(key, item, 1));
   LIVES("rename item", "XUBKkiMmsO", 0, quill_rename_menu_item(key, "Invoices", item2, 1));
   LIVES("delete item", "XUBKkiMmsO", 0, quill_delete_menu_item(key, "Invoices", 1));
-  LIVES("fast item add", "XUBKkiMmsO", 7, quill_fast_item_add(key, item2));
-  LIVES("fast item remove", "XUBKkiMmsO", 5, quill_fast_item_remove(key, item));
-  LIVES("fast item modify", "XUBKkiMmsO", 1, quill_fast_item_modify(key, madeItem));
-  LIVES("no item", "XUBKIkiMmsO", 0, quill_fast_item_modify(key2, madeItem));
-  LIVES("fast item rename", "XUBKkiMmsO", 1, quill_fast_item_rename(key, "Invoices", item2));
+  LIVES("fast item add", "XUBKkiMmsO", 7, quill_fast_item_add(key, item2, NULL));
+  LIVES("fast item remove", "XUBKkiMmsO", 5, quill_fast_item_remove(key, item, NULL));
+  LIVES("fast item modify", "XUBKkiMmsO", 1, quill_fast_item_modify(key, madeItem, NULL));
+  LIVES("no item", "XUBKIkiMmsO", 0, quill_fast_item_modify(key2, madeItem, NULL));
+  LIVES("fast item rename", "XUBKkiMmsO", 1, quill_fast_item_rename(key, "Invoices", item2, NULL));
   LIVES("destroy item", "XUBKIkiMms", 1, quill_destroy_menu_item(madeItem));
 }
 
@@ -167,7 +168,7 @@ static void Refuse(const char* kinds, int32_t expected, quill_handle h) {
     if (h == 0) EQ(1, quill_destroy_soft_key(output));
   }
   if (strchr(kinds, 'K') != NULL) {
-    EQ(expected, quill_fast_key_remove(book, h));
+    EQ(expected, quill_fast_key_remove(book, h, NULL));
     EQ(expected, quill_destroy_soft_key(h));
     EQ(expected, quill_get_db_item_count(h, &number));
     EQ(expected, quill_remove_item_at(h, 0));
@@ -218,13 +219,13 @@ static void CheckTwoAppliances(void) {
   SetStage();
   EQ(1, LogIn("127.0.0.2", "ADMINISTRATOR", "quill", &otherBox));
   EQ(1, quill_get_top_level_abook(otherBox, &otherBook));
-  EQ(QUILL_E_OWNER, quill_fast_key_modify(otherBook, key));
-  EQ(QUILL_E_OWNER, quill_fast_key_modify(otherBook, madeKey));
+  EQ(QUILL_E_OWNER, quill_fast_key_modify(otherBook, key, NULL));
+  EQ(QUILL_E_OWNER, quill_fast_key_modify(otherBook, madeKey, NULL));
   EQ(1, LogIn("127.0.0.1", "ADMINISTRATOR", "quill", &output));
   EQ(3, quill_get_count(otherBook));
   EQ(QUILL_E_STALE, quill_add_menu_item(madeKey, madeItem, 0));
   EQ(512, quill_get_item_count(madeKey));
-  EQ(2, quill_fast_key_remove(otherBook, madeKey));
+  EQ(2, quill_fast_key_remove(otherBook, madeKey, NULL));
   ClearStage();
 }
 
@@ -275,6 +276,7 @@ static void CheckArguments(void) {
   TEXT_EQ("", quill_error_text(QUILL_E_FORKED - 1));
   TEXT_EQ("", quill_error_text(0));
   TEXT_EQ(QUILLKIT_VERSION, quill_version());
+  EQ(QUILL_CONTRACT, quill_contract());
   ClearStage();
 }
 
@@ -346,6 +348,142 @@ static void CheckSession(void) {
   ClearStage();
 }
 
+// Each call gives its own error. The last error stays what the latest server call made it.
+static void CheckErrors(void) {
+  char longName[33] = "nnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnn";
+  int32_t error = 99;
+#define FAILS(result, status, call) (error = 99, EQ(result, call), EQ(status, error))
+  scene = "errors";
+  SetStage();
+  FAILS(1, 0, quill_load_items(book, "Desks", &output, &error));
+  FAILS(-1, 14, quill_fast_key_add(book, key, &error));
+  FAILS(0, 4, quill_fast_key_rename(book, "None", madeKey, &error));
+  FAILS(-1, 4, quill_fast_item_remove(key2, madeItem, &error));
+  FAILS(QUILL_E_NULL, QUILL_E_NULL, quill_fast_item_add(0, item, &error));
+  FAILS(0, QUILL_STATUS_REFUSED,
+        quill_log_to_quillbox("127.0.0.1", longName, "", "", 1, &output, &error));
+  EQ(4, quill_get_last_toolkit_error());
+  FAILS(0, 2, quill_log_to_quillbox("127.0.0.1", "ADMINISTRATOR", "no", "", 1, &output, &error));
+  ClearStage();
+}
+
+// -------------------------------------------------------------------------------------------
+
+// Adds, reads, changes and deletes an entry of each book, and of a list made for it.
+static void CheckEntries(void) {
+  static const struct {
+    int32_t kind;
+    const char* list;
+    const char* texts[3];
+  } kBooks[] = {{QUILL_BOOK_EMAIL, "", {"zz@mail.example", "", ""}},
+                {QUILL_BOOK_FAX, "", {"1234", "abc", ""}},
+                {QUILL_BOOK_USERS, "", {"secret", "3rd", "4th"}},
+                {QUILL_BOOK_PRINTERS, "", {"By the door", "", ""}},
+                {QUILL_BOOK_PRIVATE_EMAIL, "", {"zz@mail.example", "", ""}},
+                {QUILL_LIST_EMAIL, "New", {"zz@mail.example", "", ""}},
+                {QUILL_LIST_PRIVATE_EMAIL, "New", {"zz@mail.example", "", ""}},
+                {QUILL_LIST_FAX, "New", {"1234", "", ""}}};
+  char names[8][16];
+  size_t i, j;
+  SetStage();
+  for (i = 0; i < sizeof kBooks / sizeof *kBooks; ++i) {
+    quill_entry entry = {"Zz", {"", "", ""}, {1, 0, 0}}, found, page[3];
+    uint32_t before = 0, after = 0, count = 3;
+    quill_handle opened;
+    const int isList = *kBooks[i].list != '\0';
+    sprintf(names[i], "entries of %d", (int)kBooks[i].kind);
+    scene = names[i];
+    for (j = 0; j < 3; ++j) strcpy(entry.texts[j], kBooks[i].texts[j]);
+    EQ(0, quill_open_entries(box, kBooks[i].kind, kBooks[i].list, &opened));
+    EQ(isList ? 0 : QUILL_E_ARGUMENT, quill_create_list(opened));
+    if (isList) EQ(0, quill_enumerate_lists(box, kBooks[i].kind, page, &count));
+    if (!isList) EQ(0, quill_entry_count(opened, &before));
+    EQ(0, quill_add_entry(opened, &entry));
+    EQ(0, quill_entry_count(opened, &after));
+    EQ(before + 1, after);
+    EQ(0, quill_read_entry(opened, "Zz", &found));
+    for (j = 0; j < 3; ++j) TEXT_EQ(entry.texts[j], found.texts[j]);
+    count = 3;
+    EQ(0, quill_read_entries(opened, "Zy", "Z*", 0, 1, page, &count));
+    EQ(1, count);
+    TEXT_EQ("Zz", page[0].name);
+    strcpy(found.name, "Zzz");
+    EQ(QUILL_STATUS_DATA_NOT_FOUND, quill_modify_entry(opened, &found));
+    EQ(0, quill_rename_entry(opened, "Zz", &found));
+    EQ(QUILL_STATUS_DATA_NOT_FOUND, quill_read_entry(opened, "Zz", &entry));
+    EQ(0, quill_delete_entry(opened, "Zzz"));
+    memset(found.texts[0], 'x', sizeof found.texts[0]);
+    EQ(QUILL_STATUS_REFUSED, quill_add_entry(opened, &found));
+    EQ(isList ? 0 : QUILL_E_ARGUMENT, quill_delete_list(opened));
+    EQ(0, quill_close_entries(opened));
+    EQ(QUILL_E_STALE, quill_entry_count(opened, &after));
+  }
+  ClearStage();
+}
+
+// Reads the e-mail book by page in both directions, and through a view.
+static void CheckPages(void) {
+  static const struct {
+    int32_t find, what;  // QUILL_FIND_ or QUILL_GO_
+    const char* key;
+    const char* expected;
+  } kSteps[] = {{0, QUILL_GO_FIRST, "", "Agnes Moreau"},
+                {0, QUILL_GO_AT, "", "Harbour Insurance"},
+                {0, QUILL_GO_PREV, "", "Gareth Pugh"},
+                {0, QUILL_GO_NEXT, "", "Harbour Insurance"},
+                {1, QUILL_FIND_NAME, "Ewa Nowicka", "Ewa Nowicka"},
+                {1, QUILL_FIND_PREFIX, "A", "Agnes Moreau"},
+                {1, QUILL_FIND_NEXT, "", "All staff"},
+                {1, QUILL_FIND_LETTER, "G", "Gareth Pugh"},
+                {0, QUILL_GO_LAST, "", "\xD8"}};
+  quill_entry page[4], entry;
+  quill_handle opened, view;
+  uint32_t count = 4;
+  int32_t mode;
+  size_t i;
+  scene = "pages";
+  SetStage();
+  EQ(0, quill_open_entries(box, QUILL_BOOK_EMAIL, "", &opened));
+  EQ(21, quill_read_entries(opened, "", "", 1, 1, page, &count));
+  EQ(4, count);
+  TEXT_EQ("All staff", page[0].name);
+  count = 2;
+  EQ(21, quill_read_entries(opened, "Ewa Nowicka", "*", 0, 0, page + 1, &count));
+  EQ(2, count);
+  EQ(1, strcmp(page[1].name, page[2].name) < 0 && strcmp(page[2].name, "Ewa Nowicka") < 0);
+  EQ(QUILL_E_ARGUMENT, quill_read_entries(opened, "", "", -1, 1, page, &count));
+  EQ(QUILL_E_ARGUMENT, quill_open_entries(box, 3, "", &output));
+  EQ(QUILL_E_ARGUMENT, quill_open_view(box, 3, &view));
+  for (mode = QUILL_VIEW_FULL; mode >= QUILL_VIEW_SLIDING; --mode) {
+    EQ(0, quill_open_view(box, mode, &view));
+    for (i = 0; i < (mode == QUILL_VIEW_SLIDING ? sizeof kSteps / sizeof *kSteps : 2); ++i) {
+      scene = kSteps[i].expected;
+      EQ(0, kSteps[i].find ? quill_view_find(view, kSteps[i].what, kSteps[i].key, &entry)
+                           : quill_view_go(view, kSteps[i].what, 13, &entry));
+      EQ(0, strncmp(kSteps[i].expected, entry.name, strlen(kSteps[i].expected)));
+    }
+    EQ(4, quill_view_go(view, QUILL_GO_AT, 1000, &entry));
+    EQ(0, quill_close_view(view));
+  }
+  SimulatorFail("IMSPReadAB", 1, 8);
+  EQ(8, quill_open_view(box, QUILL_VIEW_FULL, &view));
+  ClearStage();
+}
+
+// A wait sends the keep-alive.
+static void CheckWait(void) {
+  scene = "wait";
+  SetStage();
+  SimulatorSetWakeupPeriod(20);
+  quill_logout();
+  EQ(1, LogIn("127.0.0.1", "ADMINISTRATOR", "quill", &box));
+  EQ(1, quill_wait(200));
+  TEXT_EQ("IMSPWakeup", SimulatorCallText(SimulatorCallCount() - 1));
+  EQ(1, quill_event_descriptor() >= -1);
+  EQ(1, quill_dispatch_events() >= 0);
+  ClearStage();
+}
+
 // Runs last: after it the process has no server.
 static void CheckExit(void) {
   scene = "exit";
@@ -363,6 +501,10 @@ static void CheckExit(void) {
 
 int main(void) {
   CheckSession();
+  CheckErrors();
+  CheckEntries();
+  CheckPages();
+  CheckWait();
   CheckImport();
   CheckArguments();
   CheckLives();

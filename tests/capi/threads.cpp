@@ -42,7 +42,8 @@ void Expect(const char* what, std::int64_t expected, std::int64_t found) {
 void LogIn() {
   quill_handle box = 0;
   quill_handle keys = 0;
-  Expect("login", 1, quill_log_to_quillbox("127.0.0.1", "ADMINISTRATOR", "quill", "", 1, &box));
+  Expect("login", 1,
+         quill_log_to_quillbox("127.0.0.1", "ADMINISTRATOR", "quill", "", 1, &box, nullptr));
   Expect("book", 1, quill_get_top_level_abook(box, &keys));
   book = keys;
 }
@@ -59,7 +60,7 @@ template <class Call>
 std::int32_t OnLiveKey(const std::string& name, Call call) {
   return OnLiveBook([&](quill_handle keys) {
     quill_handle key = 0;
-    const std::int32_t found = quill_load_items(keys, name.c_str(), &key);
+    const std::int32_t found = quill_load_items(keys, name.c_str(), &key, nullptr);
     return found == 1 ? call(key) : found;
   });
 }

@@ -121,14 +121,15 @@ TEST_F(PasswordTest, IsOnlyInTheUserRecordAndOnlyDuringASession) {
   Expect(4, "Exit", [] { Exit(), TheAgent.LoadServerLibrary(); });
   Expect(6, "login before another", logIn);
   Expect(4, "another login", [] { LogToQuillbox(kHost, kUser, kNone, kNone, 0); });
-  Expect(6, "quill_log_to_quillbox",
-         [&] { quill_log_to_quillbox("127.0.0.1", "Ann", password.c_str(), "", 0, &box); });
+  Expect(6, "quill_log_to_quillbox", [&] {
+    quill_log_to_quillbox("127.0.0.1", "Ann", password.c_str(), "", 0, &box, nullptr);
+  });
   Expect(4, "quill_logout", [] { quill_logout(); });
   SimulatorClearFaults();
   Expect(4, "refused login", logIn);
   Expect(4, "too long password", [&] { LogToQuillbox(kHost, kUser, tooLong, kNone, 0); });
   Expect(4, "too long password of quill_log_to_quillbox",
-         [&] { quill_log_to_quillbox("127.0.0.1", "Ann", tooLong.c_str(), "", 0, &box); });
+         [&] { quill_log_to_quillbox("127.0.0.1", "Ann", tooLong.c_str(), "", 0, &box, nullptr); });
 }
 
 // The exported functions continue after these calls and overwrite part of the stack.

@@ -81,6 +81,10 @@ CreatedFile CreateTemporaryFile(const char* prefix) {
   return {std::move(path), std::move(file)};
 }
 
+std::string SystemPath(const std::string& utf8) {
+  return utf8;
+}
+
 void DeleteFileAt(const std::string& path) {
   unlink(path.c_str());
 }
