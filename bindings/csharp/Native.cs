@@ -114,20 +114,20 @@ namespace Quillkit
         public const int EntryTextSize = 256;
         public const int ImportColumns = 4;
 
-        // An entry of a book, or a member of a list.
+        // An entry of a book, or a member of a list. Its size and the offsets of its fields, in bytes.
         public const int EntrySize = 812;
-        public const int EntryName = 0;
-        public const int EntryTexts = 32;
-        public const int EntryNumbers = 800;
+        public const int EntryNameOffset = 0;
+        public const int EntryTextsOffset = 32;
+        public const int EntryNumbersOffset = 800;
 
-        // The options of an import.
+        // The options of an import. Its size and the offsets of its fields, in bytes.
         public const int ImportOptionsSize = 36;
-        public const int ImportOptionsSkipHeader = 0;
-        public const int ImportOptionsClearFirst = 4;
-        public const int ImportOptionsFormat = 8;
-        public const int ImportOptionsTargetBook = 12;
-        public const int ImportOptionsColumnCount = 16;
-        public const int ImportOptionsColumnMap = 20;
+        public const int ImportOptionsSkipHeaderOffset = 0;
+        public const int ImportOptionsClearFirstOffset = 4;
+        public const int ImportOptionsFormatOffset = 8;
+        public const int ImportOptionsTargetBookOffset = 12;
+        public const int ImportOptionsColumnCountOffset = 16;
+        public const int ImportOptionsColumnMapOffset = 20;
 
         // The version of the library.
         [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
@@ -469,5 +469,56 @@ namespace Quillkit
         [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
         public static extern int quill_import_address_book(ulong scanner, byte[] path,
             byte[] options);
+    }
+
+    // The texts of codes.
+    internal static class Messages
+    {
+        internal static string Of(int code)
+        {
+            switch (code)
+            {
+                case -1001: return "the handle is 0";
+                case -1002: return "the object of the handle no longer exists";
+                case -1003: return "not a handle of such an object";
+                case -1004: return "the object has a different owner";
+                case -1005: return "an argument is null or out of range";
+                case -1006: return "the buffer is too small";
+                case -1007: return "out of memory";
+                case -1008: return "internal failure";
+                case -1009: return "the thread is inside another call";
+                case -1010: return "the process is a fork of the one that loaded the library";
+                case 0: return "No Error";
+                case 1: return "Duplicated Login";
+                case 2: return "Invalid User or Password";
+                case 3: return "Address Book Not Found";
+                case 4: return "Data Not Found";
+                case 5: return "No More Addresses";
+                case 6: return "General Failure";
+                case 7: return "Invalid Field";
+                case 8: return "Address Book Locked";
+                case 9: return "Duplicated Address Book's Name";
+                case 10: return "Not Logged In";
+                case 11: return "Access Denied";
+                case 12: return "Static Address Book";
+                case 13: return "Call Not Implemented";
+                case 14: return "Name Conflict";
+                case 15: return "IMSP Idle";
+                case 16: return "IMSP Server Busy";
+                case 17: return "Bad Command";
+                case 18: return "IMSP Failure";
+                case 19: return "Timeout Expired";
+                case 20: return "IMSP Unitialized";
+                case 21: return "More Data Available than request";
+                case 22: return "IMSP Busy";
+                case 24: return "Address Book Full";
+                case 25: return "Invalid host name";
+                case -1: return "Not connected, invalid argument, no such file, or a text that is too long";
+                case -2: return "The input file cannot be read";
+                case -3: return "An argument is missing";
+                case -11: return "Unknown import format";
+                default: return "Unknown error";
+            }
+        }
     }
 }

@@ -2,6 +2,7 @@
 """The functions, constants and structures of quillkit_c, as they are."""
 from ctypes import POINTER, Structure, c_char, c_char_p, c_int32, c_uint32, c_uint64
 
+VERSION = "0.1.0"
 CONTRACT = 1
 FILES = {"windows": "quillkit_c.dll", "posix": "libquillkit_c.so"}
 
@@ -147,10 +148,10 @@ STATUS_TEXTS = {
     22: "IMSP Busy",
     24: "Address Book Full",
     25: "Invalid host name",
-    -1: "Unknown Error Code !",
-    -2: "Unknown Error Code !",
-    -3: "Unknown Error Code !",
-    -11: "Unknown Error Code !",
+    -1: "Not connected, invalid argument, no such file, or a text that is too long",
+    -2: "The input file cannot be read",
+    -3: "An argument is missing",
+    -11: "Unknown import format",
 }
 
 
@@ -165,172 +166,446 @@ class ImportOptions(Structure):
                 ("target_book", c_int32), ("column_count", c_int32), ("column_map", c_int32 * 4)]
 
 
-# Result, then the arguments.
+# Style of the result, its type, and the arguments: name, type, direction.
 FUNCTIONS = {
-    # The version of the library. ()
-    "quill_version": (c_char_p,),
-    # The number of the library's interface. ()
-    "quill_contract": (c_int32,),
-    # The text of an error of quillkit_c. (error)
-    "quill_error_text": (c_char_p, c_int32),
-    # Waits and keeps the session alive. (milliseconds)
-    "quill_wait": (c_int32, c_uint32),
-    # The descriptor that is readable while a keep-alive is due. ()
-    "quill_event_descriptor": (c_int32,),
-    # Sends the keep-alive if it is due. ()
-    "quill_dispatch_events": (c_int32,),
-    # Logs in to an appliance. (host, user, password, third, load_top_book, scanner, error)
-    "quill_log_to_quillbox": (c_int32, c_char_p, c_char_p, c_char_p, c_char_p, c_int32,
-        POINTER(c_uint64), POINTER(c_int32)),
-    # Ends the session; the objects stay. ()
-    "quill_logout": (c_int32,),
-    # Destroys the objects that the library owns and unloads the server library. ()
-    "quill_exit": (c_int32,),
-    # The last recorded status. ()
-    "quill_get_last_toolkit_error": (c_int32,),
-    # The text of a status. (code, buffer, size)
-    "quill_translate_toolkit_error": (c_int32, c_int32, c_char_p, POINTER(c_uint32)),
-    # The host as passed at login. (scanner, buffer, size)
-    "quill_get_scanner_name": (c_int32, c_uint64, c_char_p, POINTER(c_uint32)),
-    # The version that the server reported at login. (scanner, buffer, size)
-    "quill_get_scanner_version": (c_int32, c_uint64, c_char_p, POINTER(c_uint32)),
-    # The model that the server reported at login. (scanner, buffer, size)
-    "quill_get_scanner_model": (c_int32, c_uint64, c_char_p, POINTER(c_uint32)),
-    # The IPv4 address, in network byte order. (scanner, value)
-    "quill_get_scanner_address": (c_int32, c_uint64, POINTER(c_uint32)),
-    # The user who is logged in. (scanner, user)
-    "quill_get_current_connected_user": (c_int32, c_uint64, POINTER(c_uint64)),
-    # Whether ADMINISTRATOR is logged in. (scanner)
-    "quill_is_admin_connected": (c_int32, c_uint64),
-    # The top-level book of the open session. (scanner, book)
-    "quill_get_top_level_abook": (c_int32, c_uint64, POINTER(c_uint64)),
-    # The number of keys in memory. (book)
-    "quill_get_count": (c_int32, c_uint64),
-    # Reads the keys again, with or without items. (book, with_items)
-    "quill_load_top_level_abook": (c_int32, c_uint64, c_int32),
-    # Adds a key on the server. (book, name, reload)
-    "quill_add_key": (c_int32, c_uint64, c_char_p, c_int32),
-    # Deletes a key and its items on the server. (book, name, reload)
-    "quill_delete_key": (c_int32, c_uint64, c_char_p, c_int32),
-    # Writes a key on the server. (book, key, reload)
-    "quill_modify_key": (c_int32, c_uint64, c_uint64, c_int32),
-    # Renames a key on the server. (book, old_name, key)
-    "quill_rename_soft_key": (c_int32, c_uint64, c_char_p, c_uint64),
-    # The key at an index. (book, index, key)
-    "quill_get_key_at": (c_int32, c_uint64, c_int32, POINTER(c_uint64)),
-    # The index of the key with a name. (book, name)
-    "quill_find_soft_key_index": (c_int32, c_uint64, c_char_p),
-    # Adds a key on the server and in memory. (book, key, error)
-    "quill_fast_key_add": (c_int32, c_uint64, c_uint64, POINTER(c_int32)),
-    # Removes a key on the server and in memory. (book, key, error)
-    "quill_fast_key_remove": (c_int32, c_uint64, c_uint64, POINTER(c_int32)),
-    # Writes a key on the server and in memory. (book, key, error)
-    "quill_fast_key_modify": (c_int32, c_uint64, c_uint64, POINTER(c_int32)),
-    # Renames a key on the server and in memory. (book, old_name, key, error)
-    "quill_fast_key_rename": (c_int32, c_uint64, c_char_p, c_uint64, POINTER(c_int32)),
-    # Makes a key that the application owns. (name, book, key)
-    "quill_create_soft_key": (c_int32, c_char_p, c_uint64, POINTER(c_uint64)),
-    # Frees a key that the application owns. (key)
-    "quill_destroy_soft_key": (c_int32, c_uint64),
-    # The key with a name, if its items can be read. (book, name, key, error)
-    "quill_load_items": (c_int32, c_uint64, c_char_p, POINTER(c_uint64), POINTER(c_int32)),
-    # The key's name. (key, buffer, size)
-    "quill_get_key_name": (c_int32, c_uint64, c_char_p, POINTER(c_uint32)),
-    # Whether no items are in memory. (key)
-    "quill_is_soft_key_empty": (c_int32, c_uint64),
-    # The number of items in memory. (key)
-    "quill_get_item_count": (c_int32, c_uint64),
-    # The number of items on the server. (key, count)
-    "quill_get_db_item_count": (c_int32, c_uint64, POINTER(c_uint32)),
-    # The item at an index. (key, index, item)
-    "quill_get_item_at": (c_int32, c_uint64, c_int32, POINTER(c_uint64)),
-    # Copies an item over the one at an index, in memory. (key, index, item)
-    "quill_set_item_at": (c_int32, c_uint64, c_int32, c_uint64),
-    # Removes the item at an index, in memory. (key, index)
-    "quill_remove_item_at": (c_int32, c_uint64, c_int32),
-    # The first item whose name matches. (key, pattern, whole_name)
-    "quill_find_first_item": (c_int32, c_uint64, c_char_p, c_int32),
-    # The next item whose name matches. (key, whole_name)
-    "quill_find_next_item": (c_int32, c_uint64, c_int32),
-    # The index of the item with an item's name. (key, item)
-    "quill_find_menu_item_index": (c_int32, c_uint64, c_uint64),
-    # Adds an item on the server. (key, item, reload)
-    "quill_add_menu_item": (c_int32, c_uint64, c_uint64, c_int32),
-    # Writes an item on the server. (key, item, reload)
-    "quill_modify_menu_item": (c_int32, c_uint64, c_uint64, c_int32),
-    # Renames an item on the server. (key, old_name, item, reload)
-    "quill_rename_menu_item": (c_int32, c_uint64, c_char_p, c_uint64, c_int32),
-    # Deletes an item on the server. (key, name, reload)
-    "quill_delete_menu_item": (c_int32, c_uint64, c_char_p, c_int32),
-    # Adds an item on the server and in memory. (key, item, error)
-    "quill_fast_item_add": (c_int32, c_uint64, c_uint64, POINTER(c_int32)),
-    # Removes an item on the server and in memory. (key, item, error)
-    "quill_fast_item_remove": (c_int32, c_uint64, c_uint64, POINTER(c_int32)),
-    # Writes an item on the server and in memory. (key, item, error)
-    "quill_fast_item_modify": (c_int32, c_uint64, c_uint64, POINTER(c_int32)),
-    # Renames an item on the server and in memory. (key, old_name, item, error)
-    "quill_fast_item_rename": (c_int32, c_uint64, c_char_p, c_uint64, POINTER(c_int32)),
-    # Makes a blank item that the application owns. (item)
-    "quill_create_menu_item": (c_int32, POINTER(c_uint64)),
-    # Frees an item that the application owns. (item)
-    "quill_destroy_menu_item": (c_int32, c_uint64),
-    # The item's name. (item, buffer, size)
-    "quill_get_item_name": (c_int32, c_uint64, c_char_p, POINTER(c_uint32)),
-    # The item's address. (item, buffer, size)
-    "quill_ip_address": (c_int32, c_uint64, c_char_p, POINTER(c_uint32)),
-    # The item's path. (item, buffer, size)
-    "quill_path": (c_int32, c_uint64, c_char_p, POINTER(c_uint32)),
-    # The item's application tag. (item, buffer, size)
-    "quill_app_tag": (c_int32, c_uint64, c_char_p, POINTER(c_uint32)),
-    # The item's file format. (item, value)
-    "quill_file_format": (c_int32, c_uint64, POINTER(c_uint32)),
-    # The item's settings. (item, value)
-    "quill_settings": (c_int32, c_uint64, POINTER(c_uint32)),
-    # Stores the item's name. (item, text)
-    "quill_set_name": (c_int32, c_uint64, c_char_p),
-    # Stores the item's address. (item, text)
-    "quill_set_ip_address": (c_int32, c_uint64, c_char_p),
-    # Stores the item's path. (item, text)
-    "quill_set_path": (c_int32, c_uint64, c_char_p),
-    # Stores the item's application tag. (item, text)
-    "quill_set_app_tag": (c_int32, c_uint64, c_char_p),
-    # Stores the item's file format. (item, value)
-    "quill_set_file_format": (c_int32, c_uint64, c_uint32),
-    # Stores the item's settings. (item, value)
-    "quill_set_settings": (c_int32, c_uint64, c_uint32),
-    # Opens the entries of a book, or the members of a list. (scanner, kind, name, entries)
-    "quill_open_entries": (c_int32, c_uint64, c_int32, c_char_p, POINTER(c_uint64)),
-    # Closes them. (entries)
-    "quill_close_entries": (c_int32, c_uint64),
-    # The number of entries on the server. (entries, count)
-    "quill_entry_count": (c_int32, c_uint64, POINTER(c_uint32)),
-    # Reads a page of entries. (entries, first, filter, skip, direction, page, count)
-    "quill_read_entries": (c_int32, c_uint64, c_char_p, c_char_p, c_int32, c_int32, POINTER(Entry),
-        POINTER(c_uint32)),
-    # Reads one entry by its name. (entries, name, entry)
-    "quill_read_entry": (c_int32, c_uint64, c_char_p, POINTER(Entry)),
-    # Adds an entry. (entries, entry)
-    "quill_add_entry": (c_int32, c_uint64, POINTER(Entry)),
-    # Replaces the entry with an entry's name. (entries, entry)
-    "quill_modify_entry": (c_int32, c_uint64, POINTER(Entry)),
-    # Replaces an entry by one with another name. (entries, old_name, entry)
-    "quill_rename_entry": (c_int32, c_uint64, c_char_p, POINTER(Entry)),
-    # Deletes an entry by its name. (entries, name)
-    "quill_delete_entry": (c_int32, c_uint64, c_char_p),
-    # Reads the names of all lists of a kind. (scanner, kind, lists, count)
-    "quill_enumerate_lists": (c_int32, c_uint64, c_int32, POINTER(Entry), POINTER(c_uint32)),
-    # Creates a list without members. (entries)
-    "quill_create_list": (c_int32, c_uint64),
-    # Deletes a list with its members. (entries)
-    "quill_delete_list": (c_int32, c_uint64),
-    # Opens a view of the public e-mail book. (scanner, mode, view)
-    "quill_open_view": (c_int32, c_uint64, c_int32, POINTER(c_uint64)),
-    # Closes a view. (view)
-    "quill_close_view": (c_int32, c_uint64),
-    # Moves a view and reads the entry there. (view, where, index, entry)
-    "quill_view_go": (c_int32, c_uint64, c_int32, c_int32, POINTER(Entry)),
-    # Finds an entry by its name. (view, what, key, entry)
-    "quill_view_find": (c_int32, c_uint64, c_int32, c_char_p, POINTER(Entry)),
-    # Fills an address book from a file. (scanner, path, options)
-    "quill_import_address_book": (c_int32, c_uint64, c_char_p, POINTER(ImportOptions)),
+    # The version of the library.
+    "quill_version": ("text", c_char_p, (
+    )),
+    # The number of the library's interface.
+    "quill_contract": ("number", c_int32, (
+    )),
+    # The text of an error of quillkit_c.
+    "quill_error_text": ("text", c_char_p, (
+        ("error", c_int32, "in"),
+    )),
+    # Waits and keeps the session alive.
+    "quill_wait": ("flag", c_int32, (
+        ("milliseconds", c_uint32, "in"),
+    )),
+    # The descriptor that is readable while a keep-alive is due.
+    "quill_event_descriptor": ("number", c_int32, (
+    )),
+    # Sends the keep-alive if it is due.
+    "quill_dispatch_events": ("number", c_int32, (
+    )),
+    # Logs in to an appliance.
+    "quill_log_to_quillbox": ("handle", c_int32, (
+        ("host", c_char_p, "in"),
+        ("user", c_char_p, "in"),
+        ("password", c_char_p, "in"),
+        ("third", c_char_p, "in"),
+        ("load_top_book", c_int32, "in"),
+        ("scanner", POINTER(c_uint64), "out"),
+        ("error", POINTER(c_int32), "out"),
+    )),
+    # Ends the session; the objects stay.
+    "quill_logout": ("none", c_int32, (
+    )),
+    # Destroys the objects that the library owns and unloads the server library.
+    "quill_exit": ("none", c_int32, (
+    )),
+    # The last recorded status.
+    "quill_get_last_toolkit_error": ("status", c_int32, (
+    )),
+    # The text of a status.
+    "quill_translate_toolkit_error": ("flag", c_int32, (
+        ("code", c_int32, "in"),
+        ("buffer", c_char_p, "out"),
+        ("size", POINTER(c_uint32), "inout"),
+    )),
+    # The host as passed at login.
+    "quill_get_scanner_name": ("text", c_int32, (
+        ("scanner", c_uint64, "in"),
+        ("buffer", c_char_p, "out"),
+        ("size", POINTER(c_uint32), "inout"),
+    )),
+    # The version that the server reported at login.
+    "quill_get_scanner_version": ("text", c_int32, (
+        ("scanner", c_uint64, "in"),
+        ("buffer", c_char_p, "out"),
+        ("size", POINTER(c_uint32), "inout"),
+    )),
+    # The model that the server reported at login.
+    "quill_get_scanner_model": ("text", c_int32, (
+        ("scanner", c_uint64, "in"),
+        ("buffer", c_char_p, "out"),
+        ("size", POINTER(c_uint32), "inout"),
+    )),
+    # The IPv4 address, in network byte order.
+    "quill_get_scanner_address": ("value", c_int32, (
+        ("scanner", c_uint64, "in"),
+        ("value", POINTER(c_uint32), "out"),
+    )),
+    # The user who is logged in.
+    "quill_get_current_connected_user": ("handle", c_int32, (
+        ("scanner", c_uint64, "in"),
+        ("user", POINTER(c_uint64), "out"),
+    )),
+    # Whether ADMINISTRATOR is logged in.
+    "quill_is_admin_connected": ("flag", c_int32, (
+        ("scanner", c_uint64, "in"),
+    )),
+    # The top-level book of the open session.
+    "quill_get_top_level_abook": ("handle", c_int32, (
+        ("scanner", c_uint64, "in"),
+        ("book", POINTER(c_uint64), "out"),
+    )),
+    # The number of keys in memory.
+    "quill_get_count": ("count", c_int32, (
+        ("book", c_uint64, "in"),
+    )),
+    # Reads the keys again, with or without items.
+    "quill_load_top_level_abook": ("status", c_int32, (
+        ("book", c_uint64, "in"),
+        ("with_items", c_int32, "in"),
+    )),
+    # Adds a key on the server.
+    "quill_add_key": ("status", c_int32, (
+        ("book", c_uint64, "in"),
+        ("name", c_char_p, "in"),
+        ("reload", c_int32, "in"),
+    )),
+    # Deletes a key and its items on the server.
+    "quill_delete_key": ("status", c_int32, (
+        ("book", c_uint64, "in"),
+        ("name", c_char_p, "in"),
+        ("reload", c_int32, "in"),
+    )),
+    # Writes a key on the server.
+    "quill_modify_key": ("status", c_int32, (
+        ("book", c_uint64, "in"),
+        ("key", c_uint64, "in"),
+        ("reload", c_int32, "in"),
+    )),
+    # Renames a key on the server.
+    "quill_rename_soft_key": ("status", c_int32, (
+        ("book", c_uint64, "in"),
+        ("old_name", c_char_p, "in"),
+        ("key", c_uint64, "in"),
+    )),
+    # The key at an index.
+    "quill_get_key_at": ("handle", c_int32, (
+        ("book", c_uint64, "in"),
+        ("index", c_int32, "in"),
+        ("key", POINTER(c_uint64), "out"),
+    )),
+    # The index of the key with a name.
+    "quill_find_soft_key_index": ("index", c_int32, (
+        ("book", c_uint64, "in"),
+        ("name", c_char_p, "in"),
+    )),
+    # Adds a key on the server and in memory.
+    "quill_fast_key_add": ("count", c_int32, (
+        ("book", c_uint64, "in"),
+        ("key", c_uint64, "in"),
+        ("error", POINTER(c_int32), "out"),
+    )),
+    # Removes a key on the server and in memory.
+    "quill_fast_key_remove": ("count", c_int32, (
+        ("book", c_uint64, "in"),
+        ("key", c_uint64, "in"),
+        ("error", POINTER(c_int32), "out"),
+    )),
+    # Writes a key on the server and in memory.
+    "quill_fast_key_modify": ("flag", c_int32, (
+        ("book", c_uint64, "in"),
+        ("key", c_uint64, "in"),
+        ("error", POINTER(c_int32), "out"),
+    )),
+    # Renames a key on the server and in memory.
+    "quill_fast_key_rename": ("flag", c_int32, (
+        ("book", c_uint64, "in"),
+        ("old_name", c_char_p, "in"),
+        ("key", c_uint64, "in"),
+        ("error", POINTER(c_int32), "out"),
+    )),
+    # Makes a key that the application owns.
+    "quill_create_soft_key": ("flag", c_int32, (
+        ("name", c_char_p, "in"),
+        ("book", c_uint64, "in"),
+        ("key", POINTER(c_uint64), "out"),
+    )),
+    # Frees a key that the application owns.
+    "quill_destroy_soft_key": ("none", c_int32, (
+        ("key", c_uint64, "in"),
+    )),
+    # The key with a name, if its items can be read.
+    "quill_load_items": ("handle", c_int32, (
+        ("book", c_uint64, "in"),
+        ("name", c_char_p, "in"),
+        ("key", POINTER(c_uint64), "out"),
+        ("error", POINTER(c_int32), "out"),
+    )),
+    # The key's name.
+    "quill_get_key_name": ("text", c_int32, (
+        ("key", c_uint64, "in"),
+        ("buffer", c_char_p, "out"),
+        ("size", POINTER(c_uint32), "inout"),
+    )),
+    # Whether no items are in memory.
+    "quill_is_soft_key_empty": ("flag", c_int32, (
+        ("key", c_uint64, "in"),
+    )),
+    # The number of items in memory.
+    "quill_get_item_count": ("count", c_int32, (
+        ("key", c_uint64, "in"),
+    )),
+    # The number of items on the server.
+    "quill_get_db_item_count": ("status", c_int32, (
+        ("key", c_uint64, "in"),
+        ("count", POINTER(c_uint32), "out"),
+    )),
+    # The item at an index.
+    "quill_get_item_at": ("handle", c_int32, (
+        ("key", c_uint64, "in"),
+        ("index", c_int32, "in"),
+        ("item", POINTER(c_uint64), "out"),
+    )),
+    # Copies an item over the one at an index, in memory.
+    "quill_set_item_at": ("flag", c_int32, (
+        ("key", c_uint64, "in"),
+        ("index", c_int32, "in"),
+        ("item", c_uint64, "in"),
+    )),
+    # Removes the item at an index, in memory.
+    "quill_remove_item_at": ("flag", c_int32, (
+        ("key", c_uint64, "in"),
+        ("index", c_int32, "in"),
+    )),
+    # The first item whose name matches.
+    "quill_find_first_item": ("index", c_int32, (
+        ("key", c_uint64, "in"),
+        ("pattern", c_char_p, "in"),
+        ("whole_name", c_int32, "in"),
+    )),
+    # The next item whose name matches.
+    "quill_find_next_item": ("index", c_int32, (
+        ("key", c_uint64, "in"),
+        ("whole_name", c_int32, "in"),
+    )),
+    # The index of the item with an item's name.
+    "quill_find_menu_item_index": ("index", c_int32, (
+        ("key", c_uint64, "in"),
+        ("item", c_uint64, "in"),
+    )),
+    # Adds an item on the server.
+    "quill_add_menu_item": ("status", c_int32, (
+        ("key", c_uint64, "in"),
+        ("item", c_uint64, "in"),
+        ("reload", c_int32, "in"),
+    )),
+    # Writes an item on the server.
+    "quill_modify_menu_item": ("status", c_int32, (
+        ("key", c_uint64, "in"),
+        ("item", c_uint64, "in"),
+        ("reload", c_int32, "in"),
+    )),
+    # Renames an item on the server.
+    "quill_rename_menu_item": ("status", c_int32, (
+        ("key", c_uint64, "in"),
+        ("old_name", c_char_p, "in"),
+        ("item", c_uint64, "in"),
+        ("reload", c_int32, "in"),
+    )),
+    # Deletes an item on the server.
+    "quill_delete_menu_item": ("status", c_int32, (
+        ("key", c_uint64, "in"),
+        ("name", c_char_p, "in"),
+        ("reload", c_int32, "in"),
+    )),
+    # Adds an item on the server and in memory.
+    "quill_fast_item_add": ("count", c_int32, (
+        ("key", c_uint64, "in"),
+        ("item", c_uint64, "in"),
+        ("error", POINTER(c_int32), "out"),
+    )),
+    # Removes an item on the server and in memory.
+    "quill_fast_item_remove": ("count", c_int32, (
+        ("key", c_uint64, "in"),
+        ("item", c_uint64, "in"),
+        ("error", POINTER(c_int32), "out"),
+    )),
+    # Writes an item on the server and in memory.
+    "quill_fast_item_modify": ("flag", c_int32, (
+        ("key", c_uint64, "in"),
+        ("item", c_uint64, "in"),
+        ("error", POINTER(c_int32), "out"),
+    )),
+    # Renames an item on the server and in memory.
+    "quill_fast_item_rename": ("flag", c_int32, (
+        ("key", c_uint64, "in"),
+        ("old_name", c_char_p, "in"),
+        ("item", c_uint64, "in"),
+        ("error", POINTER(c_int32), "out"),
+    )),
+    # Makes a blank item that the application owns.
+    "quill_create_menu_item": ("flag", c_int32, (
+        ("item", POINTER(c_uint64), "out"),
+    )),
+    # Frees an item that the application owns.
+    "quill_destroy_menu_item": ("none", c_int32, (
+        ("item", c_uint64, "in"),
+    )),
+    # The item's name.
+    "quill_get_item_name": ("text", c_int32, (
+        ("item", c_uint64, "in"),
+        ("buffer", c_char_p, "out"),
+        ("size", POINTER(c_uint32), "inout"),
+    )),
+    # The item's address.
+    "quill_ip_address": ("text", c_int32, (
+        ("item", c_uint64, "in"),
+        ("buffer", c_char_p, "out"),
+        ("size", POINTER(c_uint32), "inout"),
+    )),
+    # The item's path.
+    "quill_path": ("text", c_int32, (
+        ("item", c_uint64, "in"),
+        ("buffer", c_char_p, "out"),
+        ("size", POINTER(c_uint32), "inout"),
+    )),
+    # The item's application tag.
+    "quill_app_tag": ("text", c_int32, (
+        ("item", c_uint64, "in"),
+        ("buffer", c_char_p, "out"),
+        ("size", POINTER(c_uint32), "inout"),
+    )),
+    # The item's file format.
+    "quill_file_format": ("value", c_int32, (
+        ("item", c_uint64, "in"),
+        ("value", POINTER(c_uint32), "out"),
+    )),
+    # The item's settings.
+    "quill_settings": ("value", c_int32, (
+        ("item", c_uint64, "in"),
+        ("value", POINTER(c_uint32), "out"),
+    )),
+    # Stores the item's name.
+    "quill_set_name": ("flag", c_int32, (
+        ("item", c_uint64, "in"),
+        ("text", c_char_p, "in"),
+    )),
+    # Stores the item's address.
+    "quill_set_ip_address": ("flag", c_int32, (
+        ("item", c_uint64, "in"),
+        ("text", c_char_p, "in"),
+    )),
+    # Stores the item's path.
+    "quill_set_path": ("flag", c_int32, (
+        ("item", c_uint64, "in"),
+        ("text", c_char_p, "in"),
+    )),
+    # Stores the item's application tag.
+    "quill_set_app_tag": ("flag", c_int32, (
+        ("item", c_uint64, "in"),
+        ("text", c_char_p, "in"),
+    )),
+    # Stores the item's file format.
+    "quill_set_file_format": ("flag", c_int32, (
+        ("item", c_uint64, "in"),
+        ("value", c_uint32, "in"),
+    )),
+    # Stores the item's settings.
+    "quill_set_settings": ("flag", c_int32, (
+        ("item", c_uint64, "in"),
+        ("value", c_uint32, "in"),
+    )),
+    # Opens the entries of a book, or the members of a list.
+    "quill_open_entries": ("status", c_int32, (
+        ("scanner", c_uint64, "in"),
+        ("kind", c_int32, "in"),
+        ("name", c_char_p, "in"),
+        ("entries", POINTER(c_uint64), "out"),
+    )),
+    # Closes them.
+    "quill_close_entries": ("status", c_int32, (
+        ("entries", c_uint64, "in"),
+    )),
+    # The number of entries on the server.
+    "quill_entry_count": ("status", c_int32, (
+        ("entries", c_uint64, "in"),
+        ("count", POINTER(c_uint32), "out"),
+    )),
+    # Reads a page of entries.
+    "quill_read_entries": ("status", c_int32, (
+        ("entries", c_uint64, "in"),
+        ("first", c_char_p, "in"),
+        ("filter", c_char_p, "in"),
+        ("skip", c_int32, "in"),
+        ("direction", c_int32, "in"),
+        ("page", POINTER(Entry), "out"),
+        ("count", POINTER(c_uint32), "inout"),
+    )),
+    # Reads one entry by its name.
+    "quill_read_entry": ("status", c_int32, (
+        ("entries", c_uint64, "in"),
+        ("name", c_char_p, "in"),
+        ("entry", POINTER(Entry), "out"),
+    )),
+    # Adds an entry.
+    "quill_add_entry": ("status", c_int32, (
+        ("entries", c_uint64, "in"),
+        ("entry", POINTER(Entry), "in"),
+    )),
+    # Replaces the entry with an entry's name.
+    "quill_modify_entry": ("status", c_int32, (
+        ("entries", c_uint64, "in"),
+        ("entry", POINTER(Entry), "in"),
+    )),
+    # Replaces an entry by one with another name.
+    "quill_rename_entry": ("status", c_int32, (
+        ("entries", c_uint64, "in"),
+        ("old_name", c_char_p, "in"),
+        ("entry", POINTER(Entry), "in"),
+    )),
+    # Deletes an entry by its name.
+    "quill_delete_entry": ("status", c_int32, (
+        ("entries", c_uint64, "in"),
+        ("name", c_char_p, "in"),
+    )),
+    # Reads the names of all lists of a kind.
+    "quill_enumerate_lists": ("status", c_int32, (
+        ("scanner", c_uint64, "in"),
+        ("kind", c_int32, "in"),
+        ("lists", POINTER(Entry), "out"),
+        ("count", POINTER(c_uint32), "inout"),
+    )),
+    # Creates a list without members.
+    "quill_create_list": ("status", c_int32, (
+        ("entries", c_uint64, "in"),
+    )),
+    # Deletes a list with its members.
+    "quill_delete_list": ("status", c_int32, (
+        ("entries", c_uint64, "in"),
+    )),
+    # Opens a view of the public e-mail book.
+    "quill_open_view": ("status", c_int32, (
+        ("scanner", c_uint64, "in"),
+        ("mode", c_int32, "in"),
+        ("view", POINTER(c_uint64), "out"),
+    )),
+    # Closes a view.
+    "quill_close_view": ("status", c_int32, (
+        ("view", c_uint64, "in"),
+    )),
+    # Moves a view and reads the entry there.
+    "quill_view_go": ("status", c_int32, (
+        ("view", c_uint64, "in"),
+        ("where", c_int32, "in"),
+        ("index", c_int32, "in"),
+        ("entry", POINTER(Entry), "out"),
+    )),
+    # Finds an entry by its name.
+    "quill_view_find": ("status", c_int32, (
+        ("view", c_uint64, "in"),
+        ("what", c_int32, "in"),
+        ("key", c_char_p, "in"),
+        ("entry", POINTER(Entry), "out"),
+    )),
+    # Fills an address book from a file.
+    "quill_import_address_book": ("status", c_int32, (
+        ("scanner", c_uint64, "in"),
+        ("path", c_char_p, "in"),
+        ("options", POINTER(ImportOptions), "in"),
+    )),
 }

@@ -1,0 +1,133 @@
+"""Loading quillkit_c, and calling its functions with Python's values and exceptions."""
+from __future__ import annotations
+
+import ctypes
+import os
+import pathlib
+import threading
+from typing import Any
+
+from . import _native
+from .errors import LoadError, QuillError
+
+TEXT_ENCODING = "latin-1"  # the library has no character set; this maps bytes to characters one to one
+
+
+def encoded(text: str) -> bytes:
+    """A text argument. The library would ignore what follows a NUL."""
+    if "\0" in text:
+        raise ValueError("a text contains a NUL character")
+    return text.encode(TEXT_ENCODING)
+
+
+class Function:
+    """A function of quillkit_c. It takes the arguments that go in, except sizes of text buffers, and
+    returns what comes out. It raises a QuillError if the call fails; an optional object that does
+    not exist is None, and an index that does not exist is -1."""
+
+    def __init__(self, library: ctypes.CDLL, name: str) -> None:
+        self._style, result, self._arguments = _native.FUNCTIONS[name]
+        self._call = getattr(library, name)
+        self._call.restype = result
+        self._call.argtypes = [kind for _, kind, _ in self._arguments]
+
+    def __call__(self, *given: Any, accept: tuple[int, ...] = (0,)) -> Any:
+        """`accept` lists the statuses that are no failure; if there are several, returns the status."""
+        values, passed, outputs = iter(given), [], {}
+        for name, kind, direction in self._arguments:
+            if name in ("buffer", "size"):
+                continue
+            if direction == "out" and hasattr(kind, "_type_") and not issubclass(kind._type_, ctypes.Structure):
+                outputs[name] = kind._type_()
+                passed.append(ctypes.byref(outputs[name]))
+            else:
+                value = next(values)
+                passed.append(encoded(value) if isinstance(value, str) else value)
+        if self._style == "text":
+            return self._text(passed)
+        result = self._call(*passed)
+        if self._call.restype is ctypes.c_int32 and result <= _native.E_NULL:
+            raise QuillError(result)
+        error = outputs.pop("error", None)
+        stored = next(iter(outputs.values())).value if outputs else None
+        if self._style == "status":
+            if result not in accept:
+                raise QuillError(result)
+            return result if len(accept) > 1 else stored
+        if error is not None and result == (-1 if self._style == "count" else 0):
+            raise QuillError(error.value)
+        if self._style == "flag" and outputs and result == 0:
+            raise QuillError(_native.E_MEMORY)
+        if outputs:
+            return stored or (None if self._style == "handle" else 0)
+        return bool(result) if self._style == "flag" else result
+
+    def _text(self, passed: list[Any]) -> str:
+        if self._call.restype is not ctypes.c_int32:
+            return self._call(*passed).decode(TEXT_ENCODING)
+        size = ctypes.c_uint32(256)
+        result = _native.E_BUFFER
+        while result == _native.E_BUFFER:
+            buffer = ctypes.create_string_buffer(size.value)
+            result = self._call(*passed, buffer, ctypes.byref(size))
+        if result != 1:
+            raise QuillError(result)
+        return buffer.value.decode(TEXT_ENCODING)
+
+
+class Library:
+    """The loaded library: `library.add_key` is quill_add_key."""
+
+    def __init__(self, path: str | os.PathLike[str]) -> None:
+        if os.name == "nt" and ctypes.sizeof(ctypes.c_void_p) == 8:
+            raise LoadError(f"{path} is a 32-bit DLL, as the server library is, and this Python is a 64-bit "
+                            "program: use a 32-bit Python")
+        try:
+            self._library = ctypes.CDLL(os.fspath(path))
+        except OSError as why:
+            raise LoadError(f"cannot load {path}: {why}; set QUILLKIT_LIBRARY to its path") from why
+        contract = getattr(self._library, "quill_contract", lambda: 0)()
+        if contract != _native.CONTRACT:
+            raise LoadError(f"{_path_of(self._library)} has contract {contract}, but this package needs "
+                            f"contract {_native.CONTRACT}: install the package of the library's version")
+
+    def __getattr__(self, name: str) -> Function:
+        if f"quill_{name}" not in _native.FUNCTIONS:
+            raise AttributeError(name)
+        function = Function(self._library, f"quill_{name}")
+        setattr(self, name, function)
+        return function
+
+
+class _Place(ctypes.Structure):
+    """What dladdr() reports about an address."""
+    _fields_ = [("path", ctypes.c_char_p), ("base", ctypes.c_void_p), ("name", ctypes.c_char_p),
+                ("address", ctypes.c_void_p)]
+
+
+def _path_of(library: ctypes.CDLL) -> str:
+    """The file that the system has loaded."""
+    if os.name == "nt":
+        path = ctypes.create_unicode_buffer(1024)
+        ctypes.windll.kernel32.GetModuleFileNameW(ctypes.c_void_p(library._handle), path, len(path))  # type: ignore
+        return path.value
+    place = _Place()
+    function = ctypes.cast(library.quill_version, ctypes.c_void_p)
+    ctypes.CDLL(None).dladdr(function, ctypes.byref(place))
+    return os.fsdecode(place.path or b"the library")
+
+
+_lock = threading.Lock()
+_loaded: Library | None = None
+
+
+def load(path: str | os.PathLike[str] | None = None) -> Library:
+    """Loads quillkit_c once: from `path`, from $QUILLKIT_LIBRARY, beside this package, or where the
+    system finds it. Raises a LoadError."""
+    global _loaded
+    with _lock:
+        if _loaded is None:
+            file = _native.FILES["windows" if os.name == "nt" else "posix"]
+            beside = pathlib.Path(__file__).with_name(file)
+            _loaded = Library(path or os.environ.get("QUILLKIT_LIBRARY") or (beside if beside.exists() else file))
+        return _loaded

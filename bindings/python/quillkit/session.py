@@ -1,0 +1,158 @@
+"""A session with an appliance."""
+from __future__ import annotations
+
+import asyncio
+import os
+import socket
+import struct
+import time
+from collections.abc import Sequence
+from types import TracebackType
+
+from . import _native
+from ._library import load
+from .entries import EmailEntry, Entries, FaxEntry, Lists, PrinterEntry, UserEntry, View
+from .errors import QuillError
+from .keys import Keys
+
+_SLICE = 0.2  # seconds of a wait after which Python can handle a signal
+
+
+class Session:
+    """The one session of this process. It begins with the object and ends with close(), at the end of
+    a `with` block.
+
+    The library keeps the session alive by a timer of this thread, which runs in every call, in
+    wait() and in dispatch(). In an `async with` block the event loop runs it."""
+
+    def __init__(self, host: str, user: str, password: str, *, third: str = "", load_keys: bool = True,
+                 library: str | os.PathLike[str] | None = None) -> None:
+        self._library = load(library)
+        self.handle: int = self._library.log_to_quillbox(host, user, password, third, load_keys)
+
+    def close(self) -> None:
+        """Logs out. Keys stay readable; calls to the server fail."""
+        self._library.logout()
+
+    def __enter__(self) -> Session:
+        return self
+
+    def __exit__(self, kind: type[BaseException] | None, value: BaseException | None,
+                 traceback: TracebackType | None) -> None:
+        self.close()
+
+    # --- The appliance ---
+
+    @property
+    def name(self) -> str:
+        return self._library.get_scanner_name(self.handle)
+
+    @property
+    def version(self) -> str:
+        return self._library.get_scanner_version(self.handle)
+
+    @property
+    def model(self) -> str:
+        return self._library.get_scanner_model(self.handle)
+
+    @property
+    def address(self) -> str:
+        """The dotted IPv4 address."""
+        return socket.inet_ntoa(struct.pack("=I", self._library.get_scanner_address(self.handle)))
+
+    @property
+    def is_administrator(self) -> bool:
+        return self._library.is_admin_connected(self.handle)
+
+    # --- Its books ---
+
+    @property
+    def keys(self) -> Keys:
+        """The soft keys. Only ADMINISTRATOR and TOOLKIT have them."""
+        book = self._library.get_top_level_abook(self.handle)
+        if book is None:
+            raise QuillError(_native.STATUS_NOT_LOGGED_IN)
+        return Keys(self._library, book)
+
+    @property
+    def email(self) -> Entries[EmailEntry]:
+        return Entries(self._library, self.handle, _native.BOOK_EMAIL)
+
+    @property
+    def fax(self) -> Entries[FaxEntry]:
+        return Entries(self._library, self.handle, _native.BOOK_FAX)
+
+    @property
+    def users(self) -> Entries[UserEntry]:
+        return Entries(self._library, self.handle, _native.BOOK_USERS)
+
+    @property
+    def printers(self) -> Entries[PrinterEntry]:
+        return Entries(self._library, self.handle, _native.BOOK_PRINTERS)
+
+    @property
+    def private(self) -> Entries[EmailEntry]:
+        """The private e-mail book of the connected user."""
+        return Entries(self._library, self.handle, _native.BOOK_PRIVATE_EMAIL)
+
+    @property
+    def email_lists(self) -> Lists[EmailEntry]:
+        return Lists(self._library, self.handle, _native.LIST_EMAIL)
+
+    @property
+    def fax_lists(self) -> Lists[FaxEntry]:
+        return Lists(self._library, self.handle, _native.LIST_FAX)
+
+    @property
+    def private_lists(self) -> Lists[EmailEntry]:
+        return Lists(self._library, self.handle, _native.LIST_PRIVATE_EMAIL)
+
+    def view(self, mode: int = _native.VIEW_SLIDING) -> View:
+        """A view of the public e-mail book."""
+        return View(self._library, self.handle, mode)
+
+    def import_file(self, path: str | os.PathLike[str], *, format: int = _native.FORMAT_DELIMITED,
+                    target: int = _native.TARGET_EMAIL, columns: Sequence[int] = (0, 1),
+                    skip_header: bool = False, clear_first: bool = False) -> None:
+        """Fills an address book from a file. Entry i of `columns` is the column of the file, from 0, for
+        field i of the book, or -1."""
+        options = _native.ImportOptions(skip_header, clear_first, format, target, len(columns))
+        options.column_map[:len(columns)] = columns
+        self._library.import_address_book(self.handle, os.fsencode(path), options)
+
+    # --- The keep-alive. On the thread that logged in. ---
+
+    def wait(self, seconds: float) -> None:
+        """Waits, and keeps the session alive."""
+        end = time.monotonic() + seconds
+        while (left := end - time.monotonic()) > 0:
+            self._library.wait(round(min(left, _SLICE) * 1000))
+
+    def fileno(self) -> int:
+        """A descriptor that is readable when dispatch() has to be called; -1 on Windows."""
+        return self._library.event_descriptor()
+
+    def dispatch(self) -> None:
+        """Sends the keep-alive if it is due."""
+        self._library.dispatch_events()
+
+    async def __aenter__(self) -> Session:
+        loop = asyncio.get_running_loop()
+        if self.fileno() >= 0:
+            loop.add_reader(self.fileno(), self.dispatch)
+        else:
+            self._task = loop.create_task(self._dispatch_often())
+        return self
+
+    async def __aexit__(self, kind: type[BaseException] | None, value: BaseException | None,
+                        traceback: TracebackType | None) -> None:
+        if self.fileno() >= 0:
+            asyncio.get_running_loop().remove_reader(self.fileno())
+        else:
+            self._task.cancel()
+        self.close()
+
+    async def _dispatch_often(self) -> None:
+        while True:
+            await asyncio.sleep(_SLICE)
+            self.dispatch()
