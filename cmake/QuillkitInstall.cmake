@@ -2,7 +2,7 @@
 #
 #   Runtime      the shared libraries
 #   Development  headers, class library, CMake package, pkg-config, description of the functions,
-#                examples
+#                bindings, examples
 #   Simulator    the simulated appliance, outside the default library path
 #   Tools        quillctl, its manual page and its sample files
 #   Documents    README, CHANGELOG and docs/
@@ -23,7 +23,8 @@ endforeach()
 install(FILES simulator/simulator.h DESTINATION ${headers}/simulator COMPONENT Simulator)
 install(FILES src/toolkit/api.json src/toolkit/api.schema.json DESTINATION ${shared}
         COMPONENT Development)
-install(DIRECTORY examples DESTINATION ${shared} COMPONENT Development)
+install(DIRECTORY examples bindings DESTINATION ${shared} COMPONENT Development
+        PATTERN __pycache__ EXCLUDE)
 
 # The libraries.
 foreach(target Quillkit quillkit_classes IMSPAPI)
