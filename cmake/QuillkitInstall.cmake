@@ -56,6 +56,24 @@ install(TARGETS Quillkit quillkit_c EXPORT QuillkitTargets INCLUDES DESTINATION 
         RUNTIME COMPONENT Runtime
         LIBRARY COMPONENT Runtime NAMELINK_COMPONENT Development
         ARCHIVE COMPONENT Development)
+if(WIN32)
+  # For other linkers: the .def files, and import libraries in the form of MSVC.
+  find_program(QUILLKIT_DLLTOOL llvm-dlltool REQUIRED)
+  foreach(def src/toolkit/quillkit.def src/capi/quillkit_c.def)
+    cmake_path(GET def STEM name)
+    string(REPLACE quillkit.dll Quillkit.dll dll ${name}.dll)
+    string(REPLACE .dll .lib library ${dll})
+    add_custom_command(OUTPUT ${library} DEPENDS ${def} VERBATIM
+                       COMMAND ${QUILLKIT_DLLTOOL} -m i386 -d ${PROJECT_SOURCE_DIR}/${def} -D ${dll}
+                               -l ${library})
+    list(APPEND msvc_libraries ${PROJECT_BINARY_DIR}/${library})
+    string(REPLACE .dll .def installed ${dll})
+    install(FILES ${def} DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Development
+            RENAME ${installed})
+  endforeach()
+  add_custom_target(msvc_libraries ALL DEPENDS ${msvc_libraries})
+  install(FILES ${msvc_libraries} DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Development)
+endif()
 install(TARGETS quillkit_classes EXPORT QuillkitTargets INCLUDES DESTINATION ${headers}
         ARCHIVE COMPONENT Development)
 install(TARGETS IMSPAPI EXPORT QuillkitSimulatorTargets INCLUDES DESTINATION ${headers}

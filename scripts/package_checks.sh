@@ -38,6 +38,7 @@ check_zip() (
       i686-w64-mingw32-g++-posix -D CMAKE_TOOLCHAIN_FILE="$PWD/cmake/i686-mingw.cmake" &&
     check_texts "$scratch/by_cmake/build/classes.exe" &&
     check_texts "$scratch/by_pkg_config/classes.exe" &&
+    build_without_runtime "$scratch/$name" "$1/bin/without_runtime.exe" &&
     build_installed_examples "$scratch/$name" "$scratch" \
       -D CMAKE_TOOLCHAIN_FILE="$PWD/cmake/i686-mingw.cmake" &&
     echo "$name.zip passes all checks"
@@ -167,6 +168,14 @@ check_deb() {
   check_hardening "$root" && check_installed_quillctl "$root/usr" && echo "$name passes all checks"
 }
 
+# build_without_runtime PREFIX PROGRAM: clang for MSVC links a program with the import library.
+build_without_runtime() {
+  clang --target=i686-pc-windows-msvc -std=c99 -Wall -Wextra -Werror -ffreestanding -nostdlib -fuse-ld=lld \
+    -I"$1/include/quillkit" tests/package/without_runtime.c "$1/lib/quillkit_c.lib" -o "$2" \
+    -Wl,-entry:Start,-subsystem:console,-safeseh:no &&
+    echo "clang for MSVC links a program with quillkit_c.lib"
+}
+
 # check_texts PROGRAM: the program contains the string resources of the class library, which its
 # archive cannot hold.
 check_texts() {
@@ -179,7 +188,9 @@ check_texts() {
 # check_zip_files PREFIX: all expected files exist, and the libraries carry the version.
 check_zip_files() {
   local file simulator=lib/quillkit/simulator
-  for file in bin/{Quillkit,quillkit_c}.dll bin/quillctl.exe lib/{Quillkit,quillkit_c}.dll.a \
+  for file in bin/{Quillkit,quillkit_c}.dll bin/quillctl.exe lib/{Quillkit,quillkit_c}.{dll.a,def,lib} \
+    include/quillkit/{toolkit/quillkit,capi/quillkit_c,import/import_options}.h \
+    share/doc/quillkit/docs/guide/which_library.md share/quillkit/bindings/{csharp/Native.cs,python/pyproject.toml} \
     lib/libquillkit_classes.a $simulator/IMSPAPI.DLL lib/cmake/Quillkit/QuillkitConfig.cmake \
     lib/pkgconfig/quillkit.pc share/quillkit/{api.json,api.schema.json,quillctl.schema.json,quillctl/contacts.csv,examples/soft_keys.cpp} \
     share/doc/quillkit/{README,CHANGELOG,docs/simulator}.md; do

@@ -1,6 +1,6 @@
 using System;
-using System.Collections.Generic;
 using System.Diagnostics;
+using System.IO;
 using System.Text;
 
 namespace Quillkit
@@ -60,8 +60,13 @@ namespace Quillkit
             isChecked = true;
         }
 
+        // The file that the system has loaded. Mono does not list it among the modules.
         private static string Path()
         {
+            const string maps = "/proc/self/maps";
+            if (File.Exists(maps))
+                foreach (string line in File.ReadLines(maps))
+                    if (line.Contains("/lib" + Native.Library)) return line.Substring(line.IndexOf('/'));
             foreach (ProcessModule each in Process.GetCurrentProcess().Modules)
                 if (each.FileName.Contains(Native.Library)) return each.FileName;
             return Native.Library;

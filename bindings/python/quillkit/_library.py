@@ -43,7 +43,7 @@ class Function:
             else:
                 value = next(values)
                 passed.append(encoded(value) if isinstance(value, str) else value)
-        if self._style == "text":
+        if self._style == "text" or "buffer" in (name for name, _, _ in self._arguments):
             return self._text(passed)
         result = self._call(*passed)
         if self._call.restype is ctypes.c_int32 and result <= _native.E_NULL:
