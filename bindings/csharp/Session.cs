@@ -44,13 +44,13 @@ namespace Quillkit
             }
         }
 
-        // The soft keys. Only ADMINISTRATOR and TOOLKIT have them.
+        // The soft keys. Only ADMINISTRATOR and TOOLKIT have them, during a session.
         public Keys Keys
         {
             get
             {
                 int result = Native.quill_get_top_level_abook(Handle, out ulong book);
-                Library.Reported(result, 0, result == 0 ? Native.StatusNotLoggedIn : result);
+                Library.Reported(result, 0, result == 0 ? Native.StatusNoSuchBook : result);
                 return new Keys(book);
             }
         }

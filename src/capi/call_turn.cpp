@@ -55,9 +55,14 @@ CallTurn::~CallTurn() {
 
 std::int32_t FaultOfThread() {
   if (IsForkedChild()) return QUILL_E_FORKED;
-  // Only the thread that holds the lock gets it while a call runs.
-  const std::unique_lock hold(callMutex, std::try_to_lock);
-  return hold && depth != 0 ? QUILL_E_NESTED : 0;
+  // Only the thread that is inside a call gets the lock while it runs.
+  if (callMutex.try_lock()) {
+    const bool isInside = depth != 0;
+    callMutex.unlock();
+    if (isInside) return QUILL_E_NESTED;
+    SendPending();  // the lock may have kept a keep-alive waiting
+  }
+  return 0;
 }
 
 }  // namespace quillkit::capi

@@ -467,6 +467,13 @@ static void CheckPages(void) {
   }
   SimulatorFail("IMSPReadAB", 1, 8);
   EQ(8, quill_open_view(box, QUILL_VIEW_FULL, &view));
+  EQ(0, quill_open_view(box, QUILL_VIEW_SLIDING, &view));
+  EQ(0, quill_view_go(view, QUILL_GO_FIRST, 0, &entry));
+  EQ(1, LogIn("127.0.0.1", "ADMINISTRATOR", "quill", &output));
+  EQ(QUILL_E_STALE, quill_view_go(view, QUILL_GO_NEXT, 0, &entry));
+  EQ(QUILL_E_STALE, quill_delete_entry(opened, "All staff"));
+  EQ(0, quill_close_view(view));
+  EQ(0, quill_close_entries(opened));
   ClearStage();
 }
 

@@ -68,10 +68,10 @@ class Session:
 
     @property
     def keys(self) -> Keys:
-        """The soft keys. Only ADMINISTRATOR and TOOLKIT have them."""
+        """The soft keys. Only ADMINISTRATOR and TOOLKIT have them, during a session."""
         book = self._library.get_top_level_abook(self.handle)
         if book is None:
-            raise QuillError(_native.STATUS_NOT_LOGGED_IN)
+            raise QuillError(_native.STATUS_NO_SUCH_BOOK)
         return Keys(self._library, book)
 
     @property
@@ -126,7 +126,8 @@ class Session:
         """Waits, and keeps the session alive."""
         end = time.monotonic() + seconds
         while (left := end - time.monotonic()) > 0:
-            self._library.wait(round(min(left, _SLICE) * 1000))
+            if not self._library.wait(round(min(left, _SLICE) * 1000)):
+                break  # the thread has to quit
 
     def fileno(self) -> int:
         """A descriptor that is readable when dispatch() has to be called; -1 on Windows."""

@@ -1,5 +1,7 @@
 // The Windows part of files: drafts that another process has open, and the resources of the DLL.
 
+#include "platform/files.h"
+
 #include <gtest/gtest.h>
 #include <windows.h>
 
@@ -25,6 +27,13 @@ TEST(Win32FilesTest, WriteFileWholeKeepsTheDraftOfARunningWriter) {
   EXPECT_TRUE(WriteFileWhole(folder.PathOf("file"), "newer"));
   EXPECT_FALSE(std::filesystem::exists(draft));
   EXPECT_EQ(ReadBytes(folder.PathOf("file")), "newer");
+}
+
+TEST(Win32FilesTest, ConvertsPathsFromUtf8ToTheCodePage) {
+  if (GetACP() != 1252) GTEST_SKIP() << "another code page";
+  EXPECT_EQ(SystemPath("caf\xC3\xA9.csv"), "caf\xE9.csv");
+  EXPECT_EQ(SystemPath("\xD0\x96.csv"), "");  // no such file, so no short path either
+  EXPECT_EQ(SystemPath("\xFF"), "");
 }
 
 TEST(Win32FilesTest, LibraryContainsItsMessageTextsAndItsVersion) {
