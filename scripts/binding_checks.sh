@@ -112,23 +112,32 @@ except quillkit.LoadError as error:
   grep -m 1 -oF "$library has contract 99, but these classes need contract 1:" <<<"$text"
 }
 
-# check_exits SCRATCH RUNS: the interpreter and the runtime end with 1,000 live objects. No server call
-# follows the logout but the one that unloads the server library.
-check_exits() {
-  local run program programs=("python3 tests/bindings/exit_test.py")
-  has_tool mono && programs+=("mono $1/exit.exe")
-  for program in "${programs[@]}"; do
-    for ((run = 0; run < $2; ++run)); do
-      rm -f "$1/journal"
-      # shellcheck disable=SC2086 # the words of a command
-      if ! QUILLBOX_JOURNAL=$1/journal timeout 60 $program "$run" ||
-        ! sed '1,/^IMSPLogout/d' "$1/journal" | diff - <(echo "IMSPTerminate = 0"); then
-        echo "$program $run: no proper end"
-        return 1
-      fi
-    done
-    echo "$program: $2 runs end with 1,000 live objects"
+# check_exits_of RUNS JOURNAL PROGRAM...: runs a program that ends with 1,000 live objects. No server
+# call follows the logout but the one that unloads the server library.
+check_exits_of() {
+  local runs=$1 journal=$2 run
+  shift 2
+  for ((run = 0; run < runs; ++run)); do
+    rm -f "$journal"
+    if ! QUILLBOX_JOURNAL=$journal timeout 60 "$@" "$run" ||
+      ! sed '1,/^IMSPLogout/d' "$journal" | diff - <(echo "IMSPTerminate = 0"); then
+      echo "$* $run: no proper end"
+      return 1
+    fi
   done
+  echo "${1##*/}: $runs runs end with 1,000 live objects"
+}
+
+# check_exits SCRATCH RUNS: the interpreter and the runtime, at the same time.
+check_exits() {
+  local python pid
+  python=$(python3 -c 'import sys; print(sys.executable)')
+  check_exits_of "$2" "$1/journal" "$python" tests/bindings/exit_test.py &
+  pid=$!
+  if has_tool mono && [ -f "$1/exit.exe" ]; then
+    check_exits_of "$2" "$1/journal2" mono "$1/exit.exe" || { wait "$pid"; return 1; }
+  fi
+  wait "$pid"
 }
 
 # check_bindings FOLDER RUNS: all of them, with the libraries in the folder.

@@ -1,12 +1,11 @@
 """A session with an appliance."""
 from __future__ import annotations
 
-import asyncio
 import os
 import socket
 import struct
 import time
-from collections.abc import Sequence
+from collections.abc import Awaitable, Callable, Sequence
 from types import TracebackType
 
 from . import _native
@@ -138,22 +137,21 @@ class Session:
         self._library.dispatch_events()
 
     async def __aenter__(self) -> Session:
+        import asyncio  # takes longer to import than this package
         loop = asyncio.get_running_loop()
         if self.fileno() >= 0:
             loop.add_reader(self.fileno(), self.dispatch)
+            self._stop = lambda: loop.remove_reader(self.fileno())
         else:
-            self._task = loop.create_task(self._dispatch_often())
+            self._stop = loop.create_task(self._dispatch_often(asyncio.sleep)).cancel
         return self
 
     async def __aexit__(self, kind: type[BaseException] | None, value: BaseException | None,
                         traceback: TracebackType | None) -> None:
-        if self.fileno() >= 0:
-            asyncio.get_running_loop().remove_reader(self.fileno())
-        else:
-            self._task.cancel()
+        self._stop()
         self.close()
 
-    async def _dispatch_often(self) -> None:
+    async def _dispatch_often(self, sleep: Callable[[float], Awaitable[None]]) -> None:
         while True:
-            await asyncio.sleep(_SLICE)
+            await sleep(_SLICE)
             self.dispatch()
