@@ -155,7 +155,7 @@ pack() {
 
 # check_deb FOLDER SCRATCH: packs a build folder as a .deb and checks what the package contains.
 check_deb() {
-  local name deb root=$2/root
+  local name deb file root=$2/root
   name=quillkit_${quillkit_version}_$(dpkg --print-architecture).deb
   deb=$1/packages/$name
   pack "$1" "$name" && dpkg-deb -x "$deb" "$root" || return 1
@@ -165,6 +165,9 @@ check_deb() {
     echo "$name: unexpected dependencies or copyright"
     return 1
   fi
+  for file in api.json api.schema.json bindings/python/pyproject.toml bindings/csharp/Native.cs; do
+    [ -f "$root/usr/share/quillkit/$file" ] || { echo "$name lacks $file"; return 1; }
+  done
   check_hardening "$root" && check_installed_quillctl "$root/usr" && echo "$name passes all checks"
 }
 
