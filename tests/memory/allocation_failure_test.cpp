@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <functional>
 #include <iterator>
 #include <memory>
 #include <new>
@@ -191,6 +192,48 @@ TEST_F(Login, SendsKeepAlivesAfterALoginThatFailedToAllocate) {
     EXPECT_EQ(QuillkitDispatchEvents(), 1);
     Logout();
   } while (HasAllocationFailed());
+}
+
+// The calls of quillkit_c for entries. Each fails with an error if an allocation fails.
+TEST_F(Login, EntryCallsReportAFailedAllocation) {
+  quill_handle box = 0;
+  quill_handle users = 0;
+  quill_entry page[2] = {};
+  std::uint32_t count = 0;
+  quill_log_to_quillbox("127.0.0.1", "ADMINISTRATOR", "quill", "", 0, &box, nullptr);
+  ASSERT_EQ(quill_open_entries(box, QUILL_BOOK_USERS, "", &users), 0);
+  SimulatorRecordCalls(0);  // the journal would allocate
+  const std::function<std::int32_t()> calls[] = {
+      [&] {
+        quill_handle list = 0;
+        const std::int32_t result = quill_open_entries(box, 768, kLongName.c_str(), &list);
+        quill_close_entries(list);
+        return result;
+      },
+      [&] {
+        quill_handle view = 0;
+        const std::int32_t result = quill_open_view(box, QUILL_VIEW_FULL, &view);
+        quill_close_view(view);
+        return result;
+      },
+      [&] { return quill_read_entries(users, "", "*", 0, 1, page, &count); },
+      [&] { return quill_enumerate_lists(box, 768, page, &count); },
+  };
+  for (const auto& call : calls) {
+    count = 2;
+    EXPECT_GE(call(), 0);
+    int failing = 0;
+    do {
+      const long before = LiveBlocks();
+      count = 2;
+      FailAllocation(++failing);
+      const std::int32_t result = call();
+      FailAllocation(0);
+      EXPECT_EQ(result < 0, HasAllocationFailed()) << failing;
+      EXPECT_EQ(LiveBlocks(), before) << "memory leaked";
+    } while (HasAllocationFailed());
+  }
+  quill_close_entries(users);
 }
 
 INSTANTIATE_TEST_SUITE_P(Functions, AllocationFailure, testing::ValuesIn(AllOperations()),
