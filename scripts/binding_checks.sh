@@ -63,7 +63,16 @@ check_without_runtime_exe() {
 
 # compile_csharp PROGRAM SOURCE: compiles a program with the classes.
 compile_csharp() {
-  mcs -nowarn:0414 -out:"$1" "$2" bindings/csharp/*.cs
+  mcs -nowarn:0414 -r:System.Core -out:"$1" "$2" bindings/csharp/*.cs
+}
+
+# check_layers SCRATCH: what the story does not use of the layers prints the expected lines.
+check_layers() {
+  python3 tests/bindings/layers.py | diff tests/bindings/layers.txt - || return 1
+  has_tool mcs && has_tool mono || return 0
+  compile_csharp "$1/layers.exe" tests/bindings/Layers.cs &&
+    mono "$1/layers.exe" | diff tests/bindings/layers.txt - &&
+    echo "the layers of Python and C# print the expected lines"
 }
 
 # check_ended_handles FOLDER SCRATCH: a program made from toolkit/api.json uses each handle after each
@@ -146,6 +155,6 @@ check_bindings() (
   trap 'rm -rf "$scratch"' EXIT
   folder=$(realpath "$1")
   export LD_LIBRARY_PATH=$folder PYTHONPATH=$PWD/bindings/python PYTHONDONTWRITEBYTECODE=1
-  check_same_story && check_c_compilers "$folder" "$scratch" &&
+  check_same_story && check_c_compilers "$folder" "$scratch" && check_layers "$scratch" &&
     check_ended_handles "$folder" "$scratch" && check_texts_of_codes && check_refusals "$scratch" && check_exits "$scratch" "$2"
 )
