@@ -39,7 +39,7 @@ void CheckBatch(std::string_view user, const std::string& script) {
   static const ScratchFolder folder;
   const std::string path = folder.Write("script", script);
   Store store;
-  const Status status = RunBatch(store, user, path.c_str());
+  const Status status = RunBatch(store, Limits(), user, path.c_str());
   Require(status == kNoError || status == kInvalidField || status == kBadCommand,
           "the status is a documented one");
   const std::string content = Content(store);
@@ -47,7 +47,7 @@ void CheckBatch(std::string_view user, const std::string& script) {
     Require(store.Find({BookKind::kUsers, {}, {}})->Find(EntryKey(account)) != nullptr,
             "the three fixed accounts remain");
   }
-  Require(RunBatch(store, user, path.c_str()) == status && Content(store) == content,
+  Require(RunBatch(store, Limits(), user, path.c_str()) == status && Content(store) == content,
           "a second run has the same result");
 }
 

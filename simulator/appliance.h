@@ -11,6 +11,7 @@
 #include "simulator/faults.h"
 #include "simulator/journal.h"
 #include "simulator/journal_file.h"
+#include "simulator/limits.h"
 #include "simulator/log_book.h"
 #include "simulator/reply_defects.h"
 #include "simulator/session.h"
@@ -27,6 +28,7 @@ struct ApplianceSettings {
   std::uint32_t timeout = 30'000;  // of a new session; all times in milliseconds
   std::uint32_t wakeupPeriod = 60'000;
   std::uint32_t latency = 0;
+  Limits limits;
 };
 
 class Appliance {

@@ -58,7 +58,7 @@ Status SetNumbers(Record& record, LineParser& line) {
   return status;
 }
 
-Status SetEntry(Store& store, LineParser& line) {
+Status SetEntry(Store& store, const Limits& limits, LineParser& line) {
   const BookType* const type = ScriptBookOf(line.Word());
   if (type == nullptr) return kBadCommand;
   Record record(type->recordSize);
@@ -74,7 +74,7 @@ Status SetEntry(Store& store, LineParser& line) {
     if (status != kNoError) fit = status;
   }
   if (!line.IsAtEnd()) return kBadCommand;
-  return fit != kNoError ? fit : store.Put({type->kind, {}, {}}, record.data());
+  return fit != kNoError ? fit : store.Put({type->kind, {}, {}}, record.data(), limits);
 }
 
 Status ClearBook(Store& store, LineParser& line) {
@@ -83,11 +83,11 @@ Status ClearBook(Store& store, LineParser& line) {
   return store.ClearBook({type->kind, {}, {}}, {});
 }
 
-Status RunLine(Store& store, std::string_view text) {
+Status RunLine(Store& store, const Limits& limits, std::string_view text) {
   LineParser line(text);
   const std::string_view command = line.Word();
   if (command == "CA") return ClearBook(store, line);
-  return command == "SE" ? SetEntry(store, line) : kBadCommand;
+  return command == "SE" ? SetEntry(store, limits, line) : kBadCommand;
 }
 
 bool IsBlank(std::string_view line) {
@@ -99,16 +99,16 @@ bool IsText(std::string_view line) {
   return line.find('\0') == std::string_view::npos;
 }
 
-Status RunCommands(Store& store, TextLines& script) {
+Status RunCommands(Store& store, const Limits& limits, TextLines& script) {
   while (const auto line = script.Next()) {
     if (IsBlank(*line)) continue;
-    const Status status = IsText(*line) ? RunLine(store, *line) : kBadCommand;
+    const Status status = IsText(*line) ? RunLine(store, limits, *line) : kBadCommand;
     if (status != kNoError) return status;
   }
   return kNoError;
 }
 
-Status RunPairs(Store& store, std::string_view user, TextLines& script) {
+Status RunPairs(Store& store, const Limits& limits, std::string_view user, TextLines& script) {
   const BookPath path{BookKind::kPrivateEmail, {}, user};
   while (const auto name = script.Next()) {
     if (IsBlank(*name)) continue;
@@ -119,7 +119,7 @@ Status RunPairs(Store& store, std::string_view user, TextLines& script) {
     if (script.IsCut()) break;
     if (!address || !IsText(*address)) return kBadCommand;
     if (entry.SetAddress(*address) == 0) return kInvalidField;
-    const Status status = store.Put(path, &entry);
+    const Status status = store.Put(path, &entry, limits);
     if (status != kNoError) return status;
   }
   return kNoError;
@@ -127,11 +127,11 @@ Status RunPairs(Store& store, std::string_view user, TextLines& script) {
 
 }  // namespace
 
-Status RunBatch(Store& store, std::string_view user, const char* path) {
+Status RunBatch(Store& store, const Limits& limits, std::string_view user, const char* path) {
   TextLines script(path);
   if (!script.IsReadable()) return kBadCommand;
-  const Status status =
-      user == kAdministratorName ? RunCommands(store, script) : RunPairs(store, user, script);
+  const Status status = user == kAdministratorName ? RunCommands(store, limits, script)
+                                                   : RunPairs(store, limits, user, script);
   if (status != kNoError) return status;
   if (!script.IsReadable()) return kBadCommand;
   return script.IsCut() ? kInvalidField : kNoError;

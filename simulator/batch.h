@@ -30,8 +30,8 @@ namespace quillbox {
 //
 // Returns 0; 17 for a file that cannot be read, for any other line, and for a name without an
 // address; 7 for an empty name between quotes, for a text or number that does not fit its field,
-// and for a line that is too long (simulator/text_lines.h).
-Status RunBatch(Store& store, std::string_view user, const char* path);
+// and for a line that is too long (simulator/text_lines.h); 24 for a new entry of a full book.
+Status RunBatch(Store& store, const Limits& limits, std::string_view user, const char* path);
 
 }  // namespace quillbox
 

@@ -59,8 +59,8 @@ Status IMSPCreateAB(ABIdent* book) {
   return Serve(
       {"IMSPCreateAB"},
       [book](Appliance& appliance) {
-        return ChangeBook(appliance, book, [](Store& store, const BookPath& path) {
-          return store.CreateBook(path);
+        return ChangeBook(appliance, book, [&](Store& store, const BookPath& path) {
+          return store.CreateBook(path, appliance.settings.limits);
         });
       },
       book);

@@ -67,6 +67,10 @@ void SimulatorSetLatency(std::uint32_t milliseconds) {
   TheAppliance().settings.latency = milliseconds;
 }
 
+std::int32_t SimulatorSetLimit(const char* limit, std::uint32_t most) {
+  return TheAppliance().settings.limits.Set(TextOf(limit), most) ? 1 : 0;
+}
+
 void SimulatorSetServerText(const char* text) {
   TheAppliance().settings.serverText = TextOf(text);
   TheAppliance().settings.hasServerText = text != nullptr;

@@ -117,9 +117,10 @@ Status IMSPCreateEntry(ABIdent* book, void* record) {
       {"IMSPCreateEntry"},
       [=](Appliance& appliance) {
         if (book == nullptr || record == nullptr) return kInvalidField;
-        return ChangeEntry(
-            appliance, *book, nullptr, record, Action::kCreateEntry,
-            [&](Store& store, const BookPath& path) { return store.CreateEntry(path, record); });
+        return ChangeEntry(appliance, *book, nullptr, record, Action::kCreateEntry,
+                           [&](Store& store, const BookPath& path) {
+                             return store.CreateEntry(path, record, appliance.settings.limits);
+                           });
       },
       book, RecordArgument{record});
 }

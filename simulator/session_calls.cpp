@@ -154,8 +154,10 @@ Status IMSPBatchConfiguration(const char* path) {
       [path](Appliance& appliance) {
         if (path == nullptr) return kInvalidField;
         const std::string& user = appliance.session.User();
-        const Status status =
-            user == kGuestName ? kAccessDenied : RunBatch(appliance.contents.store, user, path);
+        const Status status = user == kGuestName
+                                  ? kAccessDenied
+                                  : RunBatch(appliance.contents.store, appliance.settings.limits,
+                                             user, path);
         appliance.log.Add(user, "batch " + std::to_string(status));
         return status;
       },

@@ -97,6 +97,14 @@ void SimulatorAdvanceClock(std::uint32_t milliseconds);
 // nothing and returns 19 after the time-out.
 void SimulatorSetLatency(std::uint32_t milliseconds);
 
+// Changes a limit of the appliance. A call that would exceed it changes nothing and returns 24. 0
+// removes the limit. Returns 1, or 0 for an unknown limit. SimulatorPutEntry and SimulatorSeed
+// ignore limits.
+//   keys 11, items 512 (of each key), email 200,000, fax 2,048, accounts 4,096, printers 256,
+//   models 16, lists 512 (of e-mail and of fax), members 512 (of each list), private-lists 100 and
+//   private-entries 2,000 (of each user)
+std::int32_t SimulatorSetLimit(const char* limit, std::uint32_t most);
+
 // Sets the text that IMSPIOCtl 12 returns. Null: the returned record holds a null pointer.
 void SimulatorSetServerText(const char* text);
 

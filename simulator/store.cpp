@@ -60,7 +60,7 @@ BookSet* Store::BooksOf(BookKind kind, std::string_view user) {
   return type != nullptr && !type->IsFixed() ? &GroupOf(*type, user).named[kind] : nullptr;
 }
 
-Status Store::CreateBook(const BookPath& path) {
+Status Store::CreateBook(const BookPath& path, const Limits& limits) {
   const BookType* const type = TypeOf(path.kind);
   if (type == nullptr) return kNoSuchBook;
   if (type->IsFixed() || path.name.name == kPrivateBook) return kDuplicateBook;
@@ -69,8 +69,9 @@ Status Store::CreateBook(const BookPath& path) {
   if (books.Find(path.name) != nullptr) return kDuplicateBook;
   if (path.kind == BookKind::kKeyItems) {
     const CMenuItem entry = KeyEntry(path.name);
-    return CreateEntry({BookKind::kTop, {}, {}}, &entry);
+    return CreateEntry({BookKind::kTop, {}, {}}, &entry, limits);
   }
+  if (limits.HasAllBooks(path.kind, books.Size())) return kBookFull;
   books[path.name];
   MarkChanged();
   return kNoError;
@@ -119,12 +120,13 @@ Status Store::ClearBook(const BookPath& path, std::string_view filter) {
   return kNoError;
 }
 
-Status Store::CreateEntry(const BookPath& path, const void* record) {
+Status Store::CreateEntry(const BookPath& path, const void* record, const Limits& limits) {
   Book* const book = Find(path);
   if (book == nullptr) return kNoSuchBook;
   const BookType& type = *TypeOf(path.kind);
   if (!IsStorable(type, record)) return kInvalidField;
   if (book->Find(NameOf(record)) != nullptr) return kNameConflict;
+  if (limits.IsFull(path.kind, book->Size())) return kBookFull;
   Insert(*book, type, record);
   return kNoError;
 }
@@ -155,15 +157,19 @@ Status Store::DeleteEntry(const BookPath& path, const EntryKey& key) {
   return kNoError;
 }
 
-Status Store::Put(const BookPath& path, const void* record) {
+Status Store::Put(const BookPath& path, const void* record, const Limits& limits) {
   const BookType* const type = TypeOf(path.kind);
   if (type == nullptr) return kNoSuchBook;
   if (!IsStorable(*type, record)) return kInvalidField;
   if (!type->IsFixed() && Find(path) == nullptr) {
-    const Status status = CreateBook(path);
+    const Status status = CreateBook(path, limits);
     if (status != kNoError) return status;
   }
-  Insert(*Find(path), *type, record);
+  Book& book = *Find(path);
+  if (limits.IsFull(path.kind, book.Size()) && book.Find(NameOf(record)) == nullptr) {
+    return kBookFull;
+  }
+  Insert(book, *type, record);
   return kNoError;
 }
 

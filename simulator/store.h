@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "simulator/book_type.h"
+#include "simulator/limits.h"
 #include "simulator/ordered.h"
 #include "simulator/protocol.h"
 
@@ -52,8 +53,8 @@ class Store {
   // --- Books ---
 
   // Returns 9 for a fixed book, an existing name, or PRIVATEAB, which is reserved for renaming
-  // lists; 7 for an empty name or one without a NUL.
-  Status CreateBook(const BookPath& path);
+  // lists; 7 for an empty name or one without a NUL; 24 at the limit.
+  Status CreateBook(const BookPath& path, const Limits& limits = Limits::None());
 
   // Empties the e-mail, printer and private books instead of deleting them: applications delete
   // them and then add entries. Returns 12 for any other fixed book, 3 for an unknown name.
@@ -68,8 +69,10 @@ class Store {
 
   // --- Entries ---
 
-  // Returns 3 for an unknown book; 7 for a record that is not storable; 14 for an existing name.
-  Status CreateEntry(const BookPath& path, const void* record);
+  // Returns 3 for an unknown book; 7 for a record that is not storable; 14 for an existing name; 24
+  // for a full book.
+  Status CreateEntry(const BookPath& path, const void* record,
+                     const Limits& limits = Limits::None());
 
   // Replaces an entry by a record, which may have another name. Returns 3 for an unknown book; 4
   // for an unknown entry; 7, 14 as above; 11 for a new name of a permanent account.
@@ -79,9 +82,10 @@ class Store {
   Status DeleteEntry(const BookPath& path, const EntryKey& key);
 
   // Creates or replaces an entry. Creates the book if it does not exist. Returns 3 for an unknown
-  // kind; 7 for a record that is not storable; the status of CreateBook if that fails.
+  // kind; 7 for a record that is not storable; 24 for a new entry of a full book; the status of
+  // CreateBook if that fails.
   // REQUIRES: the book is not LOGAB.
-  Status Put(const BookPath& path, const void* record);
+  Status Put(const BookPath& path, const void* record, const Limits& limits = Limits::None());
 
   // --- As a whole ---
 

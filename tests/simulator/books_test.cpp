@@ -115,6 +115,51 @@ TEST_F(BooksTest, ChangesTheBookOfAKeyTogetherWithItsEntry) {
   EXPECT_EQ(Size(kTop), 0);
 }
 
+TEST_F(BooksTest, ReturnsBookFullAtALimitUntilItIsRaised) {
+  struct Case {
+    const char* limit;
+    BookKind kind;
+    const char* book;  // null: each entry has a list of its own
+    std::int32_t most, before;
+    std::string call;
+  };
+  const Case cases[] = {
+      {"keys", kTop, "", 11, 0, "CreateAB 512:New"},
+      {"items", kKeyItems, "Scan", 512, 0, "CreateEntry 512:Scan New"},
+      {"email", kEmail, "", 3, 0, "CreateEntry 1:EMAILAB New"},
+      {"fax", kFax, "", 2048, 0, "CreateEntry 2:FAXAB New"},
+      {"accounts", kUsers, "", 4096, 3, "CreateEntry 4:USERSAB New"},
+      {"printers", kPrinters, "", 256, 0, "CreateEntry 8:PRINTERSAB New"},
+      {"models", kModels, "", 16, 0, "CreateEntry 2048:MODELAB New"},
+      {"lists", kPublicList, nullptr, 512, 0, "CreateAB 64:New"},
+      {"lists", kFaxList, nullptr, 512, 0, "CreateAB 768:New"},
+      {"members", kPublicList, "Team", 512, 0, "CreateEntry 64:Team New"},
+      {"members", kPrivateList, "Team", 512, 0, "CreateEntry 128:Team New"},
+      {"members", kFaxList, "Team", 512, 0, "CreateEntry 768:Team New"},
+      {"private-lists", kPrivateList, nullptr, 100, 0, "CreateAB 128:New"},
+      {"private-entries", kPrivateEmail, "", 2000, 0, "CreateEntry 16:PRIVATEAB New"},
+  };
+  for (const Case& each : cases) {
+    SCOPED_TRACE(each.call);
+    SimulatorReset();
+    LogInAsAdministrator();
+    SimulatorSetLimit("email", 3);
+    for (std::int32_t i = each.before; i < each.most; ++i) {
+      const std::string name = std::to_string(i);
+      std::string record = name;
+      record.resize(2000);  // longer than any record
+      SimulatorPutEntry(each.kind, each.book != nullptr ? each.book : name.c_str(), "ADMINISTRATOR",
+                        record.data());
+    }
+    Expect(kBookFull, {each.call});
+    SimulatorSetLimit(each.limit, static_cast<std::uint32_t>(each.most) + 1);
+    Expect(kNoError, {each.call});
+        SimulatorSetLimit(each.limit, 0);
+    Expect(kNoError, {each.call + '2'});
+  }
+  EXPECT_EQ(SimulatorSetLimit("key", 3), 0);
+}
+
 TEST_F(BooksTest, MovesPrivateBooksWithTheirAccountAndKeepsTheFixedAccounts) {
   Expect(kNoError, {"CreateEntry 4:USERSAB Eve"});
   Expect(kNameConflict, {"ModifyEntry 4:USERSAB TOOLKIT Eve"});
