@@ -24,12 +24,12 @@ std::string Content(const Store& store) {
   store.ForEachBook([&](const BookPath& path, const Book& book) {
     const BookType& type = *TypeOf(path.kind);
     content += std::to_string(book.Size()) + ' ';
-    for (std::size_t i = 0; i < book.Size(); ++i) {
-      const auto& [name, record] = *book.At(i);
+    for (const auto& [name, stored] : book) {
+      const std::string record = stored.Bytes();
       Require(record.size() == type.recordSize, "a record has the size that its book requires");
       Require(IsStorable(type, record.data()), "the texts of a record end inside their fields");
       Require(NameOf(record.data()) == name, "a record is stored under its name");
-      content.append(record.begin(), record.end());
+      content += record;
     }
   });
   return content;

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "simulator/warning.h"
+
 namespace quillbox {
 
 void Appliance::Reset() {
@@ -9,7 +11,23 @@ void Appliance::Reset() {
   fresh.isInitialised = isInitialised;
   fresh.stateFile = std::move(stateFile);
   fresh.journalFile = std::move(journalFile);
+  fresh.isLenient = isLenient;
+  fresh.isMisconfigured = isMisconfigured;
   *this = std::move(fresh);
+}
+
+std::optional<Status> Appliance::BeginChange() {
+  const std::string fault = stateFile.Begin(contents);
+  if (fault.empty()) return std::nullopt;
+  Warn(kStateVariable, fault);
+  return isLenient ? std::nullopt : std::optional(kServerFailure);
+}
+
+Status Appliance::EndChange(Status status) {
+  const std::string fault = stateFile.End(contents);
+  if (fault.empty()) return status;
+  Warn(kStateVariable, fault + "; the change is not saved");
+  return isLenient ? status : kServerFailure;
 }
 
 }  // namespace quillbox

@@ -5,6 +5,7 @@
 #define QUILLKIT_SIMULATOR_APPLIANCE_H_
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -45,14 +46,18 @@ class Appliance {
   bool isInitialised = false;  // between IMSPInit and IMSPTerminate
   StateFile stateFile;
   JournalFile journalFile;
+  bool isLenient = false;        // continue after mistakes in the configuration and failing files
+  bool isMisconfigured = false;  // every call fails
 
-  // Restores the initial state, except `isInitialised` and the two files.
+  // Restores the initial state, except `isInitialised`, the two files and the two flags after them.
   void Reset();
 
-  // Updates the state file, if there is one.
-  void SaveChange() {
-    if (stateFile.IsOpen() && contents.store.ResetChanged()) stateFile.Save(contents);
-  }
+  // Gives the contents to this process alone, with the changes of other processes, until EndChange.
+  // Returns nothing, or the status of a call that cannot be served.
+  std::optional<Status> BeginChange();
+
+  // Saves what changed. Returns the status of the call, or that of a change that cannot be saved.
+  Status EndChange(Status status);
 
   // Returns whether the session is open. First drops a session that made no call for too long.
   bool HasSession() { return session.IsOpen(clock, settings.wakeupPeriod); }

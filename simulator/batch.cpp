@@ -5,6 +5,7 @@
 #include <cstring>
 #include <iterator>
 #include <optional>
+#include <string>
 
 #include "simulator/book_type.h"
 #include "simulator/line_parser.h"
@@ -32,7 +33,7 @@ const BookType* ScriptBookOf(std::string_view word) {
 }
 
 // Stores a text in a field of a record. Returns 0, or 7 if it does not fit.
-Status SetField(Record& record, const TextField& field, std::string_view text) {
+Status SetField(std::string& record, const TextField& field, std::string_view text) {
   if (text.size() >= field.size) return kInvalidField;
   std::copy(text.begin(), text.end(), record.data() + field.offset);
   return kNoError;
@@ -40,7 +41,7 @@ Status SetField(Record& record, const TextField& field, std::string_view text) {
 
 // Stores the numbers that follow the texts of a user. Returns 0; 17 if they cannot be read; 7 if
 // one is too large.
-Status SetNumbers(Record& record, LineParser& line) {
+Status SetNumbers(std::string& record, LineParser& line) {
   constexpr std::uint32_t kHighest[] = {1, 1, 15, 15};
   std::uint32_t numbers[std::size(kHighest)] = {};
   Status status = kNoError;
@@ -61,7 +62,7 @@ Status SetNumbers(Record& record, LineParser& line) {
 Status SetEntry(Store& store, const Limits& limits, LineParser& line) {
   const BookType* const type = ScriptBookOf(line.Word());
   if (type == nullptr) return kBadCommand;
-  Record record(type->recordSize);
+  std::string record(type->recordSize, '\0');
   Status fit = kNoError;  // returned only if the whole line can be parsed
   for (const TextField& field : type->texts) {
     const auto text = line.Quoted();

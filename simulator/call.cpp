@@ -18,14 +18,17 @@ bool WaitForAnswer(const Appliance& appliance) {
 }  // namespace
 
 std::optional<Status> CheckCall(Appliance& appliance, const ServedCall& entry) {
+  // A library whose start fails only reports that the server library is missing.
+  if (appliance.isMisconfigured && entry.need != Precondition::kNothing) return kServerFailure;
   if (const auto fault = appliance.faults.CountCall(entry.name)) return fault;
   if (!WaitForAnswer(appliance)) return kTimeoutExpired;
   if (entry.need == Precondition::kNothing) return std::nullopt;
   if (!appliance.isInitialised) return kNotInitialised;
-  if (entry.need == Precondition::kLibrary) return std::nullopt;
-  if (!appliance.HasSession()) return kNotLoggedIn;
-  appliance.session.KeepAlive(appliance.clock);
-  return std::nullopt;
+  if (entry.need == Precondition::kSession) {
+    if (!appliance.HasSession()) return kNotLoggedIn;
+    appliance.session.KeepAlive(appliance.clock);
+  }
+  return appliance.BeginChange();
 }
 
 void RecordCall(Appliance& appliance, std::string text, Status status) {

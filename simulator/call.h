@@ -25,7 +25,8 @@ struct ServedCall {
 };
 
 // Returns nothing if the call may run. A call that needs a session then keeps the session alive.
-// Otherwise returns the status of the call: that of a fault, 19 after the time-out, 20 or 10.
+// Otherwise returns the status of the call: that of a fault, 19 after the time-out, 20, 10, or 18
+// if the configuration or the state file is not usable.
 std::optional<Status> CheckCall(Appliance& appliance, const ServedCall& entry);
 
 // Adds a call to the journal and to the journal file, if they are on.
@@ -40,13 +41,12 @@ Status Serve(const ServedCall& entry, Work work, const Arguments&... arguments) 
   std::string text;
   if (isRecorded) text = CallText(entry.name, arguments...);
   const std::optional<Status> refusal = CheckCall(appliance, entry);
-  const Status status = refusal ? *refusal : work(appliance);
+  const Status status = refusal ? *refusal : appliance.EndChange(work(appliance));
   const bool isFailure = refusal || (status != kNoError && status != kMoreData);
   if (isFailure && entry.count != nullptr && !appliance.defects.KeepsFailedCount())
     *entry.count = 0;
   (appliance.defects.ScribbleArgument(arguments), ...);
   if (isRecorded) RecordCall(appliance, std::move(text), status);
-  appliance.SaveChange();
   return status;
 }
 

@@ -11,6 +11,13 @@ BookPath PathOf(BookKind kind, const char* book, const char* user) {
   return {kind, EntryKey::Of(TextOf(book)), TextOf(user)};
 }
 
+// Returns the appliance with the changes that other processes made.
+Appliance& PresentAppliance() {
+  Appliance& appliance = TheAppliance();
+  if (!appliance.BeginChange()) appliance.EndChange(kNoError);
+  return appliance;
+}
+
 std::int32_t CopyLogRecord(const LogBook& log, std::string_view user, std::size_t index,
                            void* record) {
   if (index >= log.Size(user)) return 0;
@@ -20,7 +27,7 @@ std::int32_t CopyLogRecord(const LogBook& log, std::string_view user, std::size_
 
 std::int32_t CopyRecord(const Record* found, void* record) {
   if (found == nullptr) return 0;
-  std::memcpy(record, found->data(), found->size());
+  found->CopyTo(record);
   return 1;
 }
 
@@ -81,7 +88,7 @@ const char* SimulatorSessionUser() {
 }
 
 std::int32_t SimulatorBookSize(BookKind kind, const char* book, const char* user) {
-  Appliance& appliance = TheAppliance();
+  Appliance& appliance = PresentAppliance();
   if (kind == BookKind::kLog) return static_cast<std::int32_t>(appliance.log.Size({}));
   const Book* const found = appliance.contents.store.Find(PathOf(kind, book, user));
   return found != nullptr ? static_cast<std::int32_t>(found->Size()) : -1;
@@ -89,7 +96,7 @@ std::int32_t SimulatorBookSize(BookKind kind, const char* book, const char* user
 
 std::int32_t SimulatorEntryAt(BookKind kind, const char* book, const char* user, std::int32_t index,
                               void* record) {
-  Appliance& appliance = TheAppliance();
+  Appliance& appliance = PresentAppliance();
   if (index < 0 || record == nullptr) return 0;
   const auto place = static_cast<std::size_t>(index);
   if (kind == BookKind::kLog) return CopyLogRecord(appliance.log, {}, place, record);
@@ -100,7 +107,7 @@ std::int32_t SimulatorEntryAt(BookKind kind, const char* book, const char* user,
 
 std::int32_t SimulatorFindEntry(BookKind kind, const char* book, const char* user, const char* name,
                                 void* record) {
-  Appliance& appliance = TheAppliance();
+  Appliance& appliance = PresentAppliance();
   if (name == nullptr || record == nullptr) return 0;
   if (kind == BookKind::kLog) return CopyLogRecord(appliance.log, name, 0, record);
   const Book* const found = appliance.contents.store.Find(PathOf(kind, book, user));
@@ -117,7 +124,9 @@ std::int32_t SimulatorPutEntry(BookKind kind, const char* book, const char* user
     appliance.log.Append(line);
     return 1;
   }
-  return appliance.contents.store.Put(PathOf(kind, book, user), record) == kNoError ? 1 : 0;
+  if (appliance.BeginChange()) return 0;
+  const Status status = appliance.contents.store.Put(PathOf(kind, book, user), record);
+  return appliance.EndChange(status) == kNoError ? 1 : 0;
 }
 
 void SimulatorRecordCalls(std::int32_t record) {

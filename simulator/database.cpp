@@ -22,14 +22,14 @@ Status RunDatabaseCommand(Contents& contents, std::string_view command) {
   if (word == "DBCHECK.......") return kNoError;
   if (word == "DBBACKUP......") {
     contents.backups.insert_or_assign(name, contents.store);
-    contents.store.MarkChanged();
+    contents.store.MarkWhole();
     return kNoError;
   }
   if (word != "DBRESTORE.....") return kBadCommand;
   const auto backup = contents.backups.find(name);
   if (backup == contents.backups.end()) return kDataNotFound;
   contents.store = backup->second;
-  contents.store.MarkChanged();
+  contents.store.MarkWhole();
   return kNoError;
 }
 

@@ -1,7 +1,5 @@
 // The entry points for the entries of a book.
 
-#include <cstring>
-
 #include "bridge/imsp_api.h"
 #include "simulator/call.h"
 #include "simulator/reading.h"
@@ -104,7 +102,7 @@ Status IMSPReadEntryProperties(ABIdent* book, EntryKey* key, void* record) {
         return Read(appliance, *book, [&](const Book& found) {
           const Record* const entry = found.Find(*key);
           if (entry == nullptr) return kDataNotFound;
-          std::memcpy(record, entry->data(), entry->size());
+          entry->CopyTo(record);
           appliance.defects.Fill(*TypeOf(book->kind), record);
           return kNoError;
         });

@@ -18,12 +18,25 @@ std::string Variable(const char* variable) {
 }  // namespace
 
 void ReadEnvironment(Appliance& appliance) {
+  appliance.isLenient = !Variable(kLenientVariable).empty();
+  const auto check = [&appliance](const char* variable, const std::string& fault,
+                                  const char* leniency) {
+    if (fault.empty()) return;
+    Warn(variable,
+         fault + "; " + (appliance.isLenient ? leniency : "every call but IMSPInit fails"));
+    if (!appliance.isLenient) appliance.isMisconfigured = true;
+  };
   const std::string state = Variable(kStateVariable);
-  if (!state.empty()) appliance.stateFile.Open(state, appliance.contents);
+  if (!state.empty()) {
+    check(kStateVariable, appliance.stateFile.Open(state, appliance.contents),
+          "starting with the initial books; changes will not be saved");
+  }
   const std::string journal = Variable(kJournalVariable);
-  if (!journal.empty()) appliance.journalFile.Open(journal);
-  const std::string fault = ScriptFaults(Variable(kFaultsVariable), appliance.faults);
-  if (!fault.empty()) Warn(kFaultsVariable, fault + "; no call fails");
+  if (!journal.empty()) {
+    check(kJournalVariable, appliance.journalFile.Open(journal), "no call is recorded");
+  }
+  check(kFaultsVariable, ScriptFaults(Variable(kFaultsVariable), appliance.faults),
+        "no call fails");
 }
 
 }  // namespace quillbox

@@ -7,7 +7,8 @@ namespace quillbox {
 
 class Appliance;
 
-// Each variable (simulator/warning.h) may be missing or empty.
+// Each variable (simulator/warning.h) may be missing or empty. A mistake is reported on standard
+// error, and every call fails.
 void ReadEnvironment(Appliance& appliance);
 
 }  // namespace quillbox

@@ -10,7 +10,7 @@ namespace {
 constexpr char kDigits[] = "0123456789ABCDEF";
 
 bool IsPlain(char c, std::string_view also) {
-  return c >= ' ' && c <= '~' && c != '\\' && also.find(c) == also.npos;
+  return c >= ' ' && c <= '~' && c != '\\' && (also.empty() || also.find(c) == also.npos);
 }
 
 // Decodes an escape: the text begins with its letter, "x" or "z". Appends its bytes and removes it
@@ -55,17 +55,19 @@ std::string Escaped(std::string_view bytes, std::string_view also) {
 }
 
 std::optional<std::string> Unescaped(std::string_view text, std::size_t limit) {
+  constexpr std::size_t kReserved = 1024;  // more than any record
   std::string bytes;
+  bytes.reserve(std::min(limit, kReserved));
   while (!text.empty()) {
-    const char c = text.front();
-    text.remove_prefix(1);
-    if (c != '\\') {
-      if (!IsPlain(c, {})) return std::nullopt;
-      bytes += c;
-    } else if (!DecodeEscape(text, bytes, limit)) {
-      return std::nullopt;
-    }
+    const auto end = std::ranges::find_if_not(text, [](char c) { return IsPlain(c, {}); });
+    const auto plain = static_cast<std::size_t>(end - text.begin());
+    bytes.append(text.substr(0, plain));
+    text.remove_prefix(plain);
     if (bytes.size() > limit) return std::nullopt;
+    if (text.empty()) break;
+    const bool isEscape = text.front() == '\\';
+    text.remove_prefix(1);
+    if (!isEscape || !DecodeEscape(text, bytes, limit) || bytes.size() > limit) return std::nullopt;
   }
   return bytes;
 }

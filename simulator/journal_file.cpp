@@ -5,9 +5,9 @@
 
 namespace quillbox {
 
-void JournalFile::Open(const std::string& path) {
+std::string JournalFile::Open(const std::string& path) {
   file.open(path, std::ios::binary | std::ios::app);
-  if (!file.is_open()) Warn(kJournalVariable, "cannot open the file");
+  return file.is_open() ? "" : "cannot open the file";
 }
 
 void JournalFile::Add(std::string_view text, Status status) {

@@ -13,9 +13,9 @@ namespace quillbox {
 
 class JournalFile {
  public:
-  // Appends to the file, so that consecutive processes can share it. A failure is reported on
-  // standard error. Called once.
-  void Open(const std::string& path);
+  // Appends to the file, so that consecutive processes can share it. Returns an empty text, or the
+  // description of a failure. Called once.
+  std::string Open(const std::string& path);
 
   bool IsOpen() const { return file.is_open(); }
 

@@ -10,16 +10,24 @@
 #include <ext/pb_ds/tree_policy.hpp>
 
 #include <cstddef>
-#include <functional>
+#include <cstring>
 #include <utility>
 
 #include "simulator/protocol.h"
 
 namespace quillbox {
 
+// The order of keys: unsigned bytes up to the first NUL.
+struct NameOrder {
+  bool operator()(const EntryKey& a, const EntryKey& b) const {
+    return std::strncmp(reinterpret_cast<const char*>(&a), reinterpret_cast<const char*>(&b),
+                        sizeof a) < 0;
+  }
+};
+
 template <class Value>
 class Ordered {
-  using Tree = __gnu_pbds::tree<EntryKey, Value, std::less<EntryKey>, __gnu_pbds::rb_tree_tag,
+  using Tree = __gnu_pbds::tree<EntryKey, Value, NameOrder, __gnu_pbds::rb_tree_tag,
                                 __gnu_pbds::tree_order_statistics_node_update>;
 
  public:
@@ -36,6 +44,10 @@ class Ordered {
   ~Ordered() = default;
 
   std::size_t Size() const { return tree.size(); }
+
+  // The names and values, in order.
+  Iterator begin() const { return tree.begin(); }
+  Iterator end() const { return tree.end(); }
 
   // Returns the value of this name, or null.
   Value* Find(const EntryKey& key) {

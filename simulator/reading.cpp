@@ -48,7 +48,7 @@ Status ReadRecords(const Book& book, const BookType& type, const ReplyDefects& d
   return DeliverMatches(request, defects, book,
                         [&](const EntryKey&, const Record& record, std::size_t slot) {
                           char* const place = static_cast<char*>(records) + slot * type.recordSize;
-                          std::memcpy(place, record.data(), type.recordSize);
+                          record.CopyTo(place);
                           defects.Fill(type, place);
                         });
 }

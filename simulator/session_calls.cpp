@@ -25,7 +25,7 @@ std::optional<CUserEntry> FindAccount(Appliance& appliance, const EntryKey& name
       appliance.contents.store.Find({BookKind::kUsers, {}, {}})->Find(name);
   if (record == nullptr) return std::nullopt;
   CUserEntry account;
-  std::memcpy(&account, record->data(), sizeof account);
+  record->CopyTo(&account);
   return account;
 }
 
@@ -154,10 +154,9 @@ Status IMSPBatchConfiguration(const char* path) {
       [path](Appliance& appliance) {
         if (path == nullptr) return kInvalidField;
         const std::string& user = appliance.session.User();
-        const Status status = user == kGuestName
-                                  ? kAccessDenied
-                                  : RunBatch(appliance.contents.store, appliance.settings.limits,
-                                             user, path);
+        const Status status = user == kGuestName ? kAccessDenied
+                                                 : RunBatch(appliance.contents.store,
+                                                            appliance.settings.limits, user, path);
         appliance.log.Add(user, "batch " + std::to_string(status));
         return status;
       },

@@ -1,6 +1,7 @@
 #include "simulator/store.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "simulator/protocol.h"
@@ -9,9 +10,14 @@
 namespace quillbox {
 namespace {
 
+// The permanent accounts and their initial passwords.
+constexpr std::pair<std::string_view, std::string_view> kPermanentAccounts[] = {
+    {kAdministratorName, "quill"}, {kToolkitName, "KELP"}, {kGuestName, ""}};
+
 bool IsPermanent(BookKind kind, const EntryKey& key) {
   return kind == BookKind::kUsers &&
-         (key.name == kAdministratorName || key.name == kToolkitName || key.name == kGuestName);
+         std::ranges::any_of(kPermanentAccounts,
+                             [&key](const auto& account) { return key.name == account.first; });
 }
 
 bool IsUsableName(const EntryKey& name) {
@@ -32,13 +38,27 @@ CMenuItem KeyEntry(const EntryKey& key) {
 }  // namespace
 
 Store::Store() {
-  constexpr std::pair<std::string_view, std::string_view> kAccounts[] = {
-      {kAdministratorName, "quill"}, {kToolkitName, "KELP"}, {kGuestName, ""}};
-  for (const auto& [name, password] : kAccounts) {
+  for (const auto& [name, password] : kPermanentAccounts) {
     CUserEntry account;
     account.SetName(name);
     account.SetPassword(password);
     Put({BookKind::kUsers, {}, {}}, &account);
+  }
+}
+
+std::string_view Store::InitialPassword(std::string_view account) {
+  for (const auto& [name, password] : kPermanentAccounts) {
+    if (name == account) return password;
+  }
+  return {};
+}
+
+void Store::AddChanges(StoreChanges more) {
+  if (changes.isWhole) return;
+  if (more.isWhole) {
+    MarkWhole();
+  } else {
+    std::ranges::move(more.places, std::back_inserter(changes.places));
   }
 }
 
@@ -73,7 +93,7 @@ Status Store::CreateBook(const BookPath& path, const Limits& limits) {
   }
   if (limits.HasAllBooks(path.kind, books.Size())) return kBookFull;
   books[path.name];
-  MarkChanged();
+  Note(path);
   return kNoError;
 }
 
@@ -86,7 +106,7 @@ Status Store::DeleteBook(const BookPath& path) {
   }
   if (!type->IsFixed()) {
     if (!BooksOf(path.kind, path.user)->Erase(path.name)) return kNoSuchBook;
-    MarkChanged();
+    Note(path);
     return kNoError;
   }
   return IsEmptiedByDelete(path.kind) ? ClearBook(path, {}) : kStaticBook;
@@ -99,7 +119,8 @@ Status Store::RenameBook(const BookPath& path, const EntryKey& name) {
   if (name == path.name) return kNoError;
   if (name.name == kPrivateBook || books->Find(name) != nullptr) return kDuplicateBook;
   books->Rename(path.name, name);
-  MarkChanged();
+  Note(path);
+  Note({path.kind, name, path.user});
   return kNoError;
 }
 
@@ -107,6 +128,7 @@ Status Store::ClearBook(const BookPath& path, std::string_view filter) {
   Book* const book = Find(path);
   if (book == nullptr) return kNoSuchBook;
   IndexRun run = NameFilter(filter).Matches(*book);
+  const bool isWhole = run.Size() != 0 && run.Size() == book->Size();
   while (run.Size() != 0) {
     const EntryKey key = book->At(run.begin)->first;
     if (IsPermanent(path.kind, key)) {
@@ -114,9 +136,11 @@ Status Store::ClearBook(const BookPath& path, std::string_view filter) {
       continue;
     }
     book->Erase(key);
-    OnErased(path.kind, key);
+    OnErased(path, key);
+    if (!isWhole) Note(path, key);
     --run.end;
   }
+  if (isWhole) Note(path);
   return kNoError;
 }
 
@@ -127,7 +151,7 @@ Status Store::CreateEntry(const BookPath& path, const void* record, const Limits
   if (!IsStorable(type, record)) return kInvalidField;
   if (book->Find(NameOf(record)) != nullptr) return kNameConflict;
   if (limits.IsFull(path.kind, book->Size())) return kBookFull;
-  Insert(*book, type, record);
+  Insert(*book, path, record);
   return kNoError;
 }
 
@@ -142,9 +166,9 @@ Status Store::ModifyEntry(const BookPath& path, const EntryKey& key, const void*
     if (book->Find(name) != nullptr) return kNameConflict;
     if (IsPermanent(path.kind, key)) return kAccessDenied;
     book->Rename(key, name);
-    OnRenamed(path.kind, key, name);
+    OnRenamed(path, key, name);
   }
-  Insert(*book, type, record);
+  Insert(*book, path, record);
   return kNoError;
 }
 
@@ -153,7 +177,8 @@ Status Store::DeleteEntry(const BookPath& path, const EntryKey& key) {
   if (book == nullptr) return kNoSuchBook;
   if (IsPermanent(path.kind, key)) return kAccessDenied;
   if (!book->Erase(key)) return kDataNotFound;
-  OnErased(path.kind, key);
+  OnErased(path, key);
+  Note(path, key);
   return kNoError;
 }
 
@@ -165,39 +190,57 @@ Status Store::Put(const BookPath& path, const void* record, const Limits& limits
     const Status status = CreateBook(path, limits);
     if (status != kNoError) return status;
   }
-  Book& book = *Find(path);
+  return PutInto(*Find(path), path, record, limits);
+}
+
+Status Store::PutInto(Book& book, const BookPath& path, const void* record, const Limits& limits) {
+  if (!IsStorable(*TypeOf(path.kind), record)) return kInvalidField;
   if (limits.IsFull(path.kind, book.Size()) && book.Find(NameOf(record)) == nullptr) {
     return kBookFull;
   }
-  Insert(book, *type, record);
+  Insert(book, path, record);
   return kNoError;
 }
 
-// Stores a storable record under its name. Replaces an existing one.
-void Store::Insert(Book& book, const BookType& type, const void* record) {
-  const char* const bytes = static_cast<const char*>(record);
-  const EntryKey key = NameOf(record);
-  book[key].assign(bytes, bytes + type.recordSize);
-  if (type.kind == BookKind::kTop) KeyBooks()[key];
-  MarkChanged();
+// Notes a change of an entry, or of a whole book.
+void Store::Note(const BookPath& path, const std::optional<EntryKey>& entry) {
+  if (changes.isWhole) return;
+  const BookType& type = *TypeOf(path.kind);
+  changes.places.push_back({path.kind, type.IsFixed() ? EntryKey(type.fixedName) : path.name,
+                            std::string(type.isPrivate ? path.user : std::string_view()), entry});
 }
 
-void Store::OnErased(BookKind kind, const EntryKey& key) {
-  MarkChanged();
-  if (kind == BookKind::kTop) KeyBooks().Erase(key);
-  if (kind != BookKind::kUsers) return;
+// Stores a storable record under its name. Replaces an existing one.
+void Store::Insert(Book& book, const BookPath& path, const void* record) {
+  const EntryKey key = NameOf(record);
+  book[key] = Record({static_cast<const char*>(record), TypeOf(path.kind)->recordSize});
+  if (path.kind == BookKind::kTop) KeyBooks()[key];
+  Note(path, key);
+}
+
+void Store::OnErased(const BookPath& path, const EntryKey& key) {
+  if (path.kind == BookKind::kTop) KeyBooks().Erase(key);
+  if (path.kind != BookKind::kUsers) return;
   const auto found = privateBooks.find(key.name.View());
   if (found != privateBooks.end()) privateBooks.erase(found);
 }
 
-void Store::OnRenamed(BookKind kind, const EntryKey& from, const EntryKey& to) {
-  if (kind == BookKind::kTop) KeyBooks().Rename(from, to);
-  if (kind != BookKind::kUsers) return;
+// The books that move with the entry are noted after it.
+void Store::OnRenamed(const BookPath& path, const EntryKey& from, const EntryKey& to) {
+  Note(path, from);
+  Note(path, to);
+  if (path.kind == BookKind::kTop) {
+    KeyBooks().Rename(from, to);
+    Note({BookKind::kKeyItems, to, {}});
+  }
+  if (path.kind != BookKind::kUsers) return;
   auto group = privateBooks.extract(std::string(from.name.View()));
   if (group.empty()) return;
   privateBooks.erase(std::string(to.name.View()));
   group.key() = to.name.View();
-  privateBooks.insert(std::move(group));
+  const auto moved = privateBooks.insert(std::move(group)).position;
+  const auto note = [this](const BookPath& book, const Book&) { Note(book); };
+  VisitGroup(moved->second, moved->first, note);
 }
 
 }  // namespace quillbox

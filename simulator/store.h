@@ -12,7 +12,10 @@
 #ifndef QUILLKIT_SIMULATOR_STORE_H_
 #define QUILLKIT_SIMULATOR_STORE_H_
 
+#include <cstdint>
+#include <cstring>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -25,8 +28,29 @@
 
 namespace quillbox {
 
-// The bytes of one record, of the size that the type of the book defines.
-using Record = std::vector<char>;
+// The bytes of one record, of the size that the type of the book defines. Records end with many
+// zeros, which take no memory.
+class Record {
+ public:
+  Record() = default;
+  explicit Record(std::string_view bytes)
+      : kept(bytes.substr(0, bytes.find_last_not_of('\0') + 1)),
+        size(static_cast<std::uint32_t>(bytes.size())) {}
+
+  std::size_t Size() const { return size; }
+
+  // `bytes` has this size.
+  void CopyTo(void* bytes) const {
+    std::memcpy(bytes, kept.data(), kept.size());
+    std::memset(static_cast<char*>(bytes) + kept.size(), 0, size - kept.size());
+  }
+
+  std::string Bytes() const { return kept + std::string(size - kept.size(), '\0'); }
+
+ private:
+  std::string kept;
+  std::uint32_t size = 0;
+};
 using Book = Ordered<Record>;
 using BookSet = Ordered<Book>;
 
@@ -36,6 +60,24 @@ struct BookPath {
   BookKind kind = BookKind::kNone;
   EntryKey name;
   std::string_view user;
+};
+
+// What has changed in a store since it was last asked.
+struct StoreChanges {
+  // An entry, or a book with all its entries.
+  struct Place {
+    BookKind kind = BookKind::kNone;
+    EntryKey book;
+    std::string user;
+    std::optional<EntryKey> entry;
+
+    BookPath Path() const { return {kind, book, user}; }
+  };
+
+  bool isWhole = false;  // everything may have changed; `places` is empty
+  std::vector<Place> places;
+
+  bool IsEmpty() const { return !isWhole && places.empty(); }
 };
 
 class Store {
@@ -62,6 +104,7 @@ class Store {
 
   // Returns 3 for an unknown book; 7 for a new name that is empty or has no NUL; 9 for an existing
   // new name or PRIVATEAB.
+  // REQUIRES: the book is not that of a key.
   Status RenameBook(const BookPath& path, const EntryKey& name);
 
   // Removes the entries that match the filter. Returns 3 for an unknown book.
@@ -87,6 +130,10 @@ class Store {
   // REQUIRES: the book is not LOGAB.
   Status Put(const BookPath& path, const void* record, const Limits& limits = Limits::None());
 
+  // The same for a book that Find(path) returned.
+  Status PutInto(Book& book, const BookPath& path, const void* record,
+                 const Limits& limits = Limits::None());
+
   // --- As a whole ---
 
   // Calls `visit` with the path and contents of every book: first the shared ones, then the private
@@ -97,9 +144,13 @@ class Store {
     for (const auto& [user, group] : privateBooks) VisitGroup(group, user, visit);
   }
 
-  // Whether the store changed since the last call of this function. True for a new store.
-  bool ResetChanged() { return std::exchange(hasChanged, false); }
-  void MarkChanged() { hasChanged = true; }
+  // Returns what changed since the last call of this function. Everything, for a new store.
+  StoreChanges TakeChanges() { return std::exchange(changes, {}); }
+  void AddChanges(StoreChanges more);
+  void MarkWhole() { changes = {true, {}}; }
+
+  // The password that a permanent account has at first. "" for any other account.
+  static std::string_view InitialPassword(std::string_view account);
 
  private:
   // The shared books, or those of one user.
@@ -123,13 +174,14 @@ class Store {
 
   BookGroup& GroupOf(const BookType& type, std::string_view user);
   BookSet& KeyBooks() { return publicBooks.named[BookKind::kKeyItems]; }
-  void Insert(Book& book, const BookType& type, const void* record);
-  void OnErased(BookKind kind, const EntryKey& key);
-  void OnRenamed(BookKind kind, const EntryKey& from, const EntryKey& to);
+  void Note(const BookPath& path, const std::optional<EntryKey>& entry = {});
+  void Insert(Book& book, const BookPath& path, const void* record);
+  void OnErased(const BookPath& path, const EntryKey& key);
+  void OnRenamed(const BookPath& path, const EntryKey& from, const EntryKey& to);
 
   BookGroup publicBooks;
   std::map<std::string, BookGroup, std::less<>> privateBooks;  // by user
-  bool hasChanged = true;
+  StoreChanges changes{true, {}};
 };
 
 // Everything that an appliance stores except the log.

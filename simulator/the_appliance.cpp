@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "simulator/environment.h"
+#include "simulator/warning.h"
 
 namespace quillbox {
 namespace {
@@ -12,7 +13,10 @@ Appliance* instance = nullptr;
 // Destroys the appliance when the library or the process ends.
 struct Destroyer {
   ~Destroyer() {
-    if (instance != nullptr) instance->SaveChange();
+    if (instance != nullptr) {
+      const std::string fault = instance->stateFile.Close(instance->contents);
+      if (!fault.empty()) Warn(kStateVariable, fault);
+    }
     delete std::exchange(instance, nullptr);
   }
 };

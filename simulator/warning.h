@@ -11,6 +11,8 @@ namespace quillbox {
 inline constexpr const char* kStateVariable = "QUILLBOX_STATE";      // the path of a StateFile
 inline constexpr const char* kFaultsVariable = "QUILLBOX_FAULTS";    // a text for ScriptFaults
 inline constexpr const char* kJournalVariable = "QUILLBOX_JOURNAL";  // the path of a JournalFile
+// Not empty: continue after a mistake in another variable, and if a file cannot be used.
+inline constexpr const char* kLenientVariable = "QUILLBOX_LENIENT";
 
 // Writes "simulated Quillbox: VARIABLE: TEXT" and a newline to standard error. Reports an invalid
 // value of an environment variable.

@@ -49,7 +49,8 @@ SE usersab "Dan" "" "" "" 1 1 2 3)"),
   EXPECT_EQ(Size(BookKind::kEmail), 0);
   EXPECT_EQ(Size(BookKind::kUsers), 3);
   SimulatorSetLimit("email", 1);
-  EXPECT_EQ(Run("SE emailab \"A\" \"1\"\nSE emailab \"A\" \"2\"\nSE emailab \"B\" \"\"\n"), kBookFull);
+  EXPECT_EQ(Run("SE emailab \"A\" \"1\"\nSE emailab \"A\" \"2\"\nSE emailab \"B\" \"\"\n"),
+            kBookFull);
   EXPECT_EQ(Find<CEmailEntry>(BookKind::kEmail, "A").address, "2");
   EXPECT_EQ(IMSPBatchConfiguration(folder.Path().string().c_str()), kBadCommand)
       << "a folder cannot be read as a script";

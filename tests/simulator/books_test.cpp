@@ -154,7 +154,7 @@ TEST_F(BooksTest, ReturnsBookFullAtALimitUntilItIsRaised) {
     Expect(kBookFull, {each.call});
     SimulatorSetLimit(each.limit, static_cast<std::uint32_t>(each.most) + 1);
     Expect(kNoError, {each.call});
-        SimulatorSetLimit(each.limit, 0);
+    SimulatorSetLimit(each.limit, 0);
     Expect(kNoError, {each.call + '2'});
   }
   EXPECT_EQ(SimulatorSetLimit("key", 3), 0);

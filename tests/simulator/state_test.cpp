@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <random>
-#include <sstream>
 #include <string>
 #include <string_view>
 
@@ -13,6 +12,7 @@
 #include "simulator/escaped_text.h"
 #include "simulator/fault_script.h"
 #include "simulator/state_file.h"
+#include "simulator/state_text.h"
 #include "tests/support/email_entry.h"
 #include "tests/support/menu_item.h"
 #include "tests/support/scratch_folder.h"
@@ -47,30 +47,19 @@ Contents Sample() {
   return contents;
 }
 
-std::string TextOf(const Contents& contents) {
-  std::ostringstream out;
-  WriteState(out, contents);
-  return out.str();
-}
-
 class StateTest : public testing::Test {
  protected:
-  // Returns a description of the error in the text.
-  std::string Read(std::string_view text, Contents& contents) const {
-    TextLines lines(folder.Write("state", text).c_str());
-    return ReadState(lines, contents);
-  }
-
   const ScratchFolder folder;
+  const std::string kept = folder.PathOf("kept");
 };
 
 TEST_F(StateTest, ReadsBackEveryBookUnchanged) {
-  const std::string text = TextOf(Sample());
+  const std::string text = StateText(Sample());
   EXPECT_THAT(text, HasSubstr("book 512 \"Empty\" \"\"\nbook "));
   EXPECT_THAT(text, HasSubstr("book 128 \"Friends\" \"Agnes\"\nentry "));
   Contents read;
-  ASSERT_EQ(Read(text, read), "");
-  EXPECT_EQ(TextOf(read), text);
+  ASSERT_EQ(ReadState(text, read), "");
+  EXPECT_EQ(StateText(read), text);
   EXPECT_NE(read.store.Find(Path(BookKind::kKeyItems, "Desks")), nullptr);
 }
 
@@ -80,7 +69,7 @@ TEST_F(StateTest, ReportsTheLineAndTheReasonOfAnError) {
     std::string lines, fault;
   } cases[] = {
       {"", "truncated"},
-      {"end\nend\n", "line 3: unexpected line after the end"},
+      {"end\nen\nend\n", "line 3: not a line of a state file"},
       {"end x\n", "line 2: not a line of a state file"},
       {"\r\n\nbok 1\nend\n", "line 4: not a line of a state file"},
       {"book 1 \"EMAILAB\"\nend\n", "line 2: invalid book line"},
@@ -95,19 +84,21 @@ TEST_F(StateTest, ReportsTheLineAndTheReasonOfAnError) {
       {"book 512 \"" + std::string(32, 'n') + "\" \"\"\nend\n", "line 2: invalid b"},
       {"backup \"a\"\nbackup \"a\"\nend\n", "line 3: duplicate backup name"},
       {"book 512 \"Desks\" \"\"\nbackup \"a\"\nentry \"x\"\nend\n", "line 4: entry outside"},
-      {std::string(5000, ' ') + "\nend\n", "line 2: line too long"},
+      {"book 1 \"\" \"\"\nremove Agnes\nend\n", "line 3: invalid removal"},
+      {"book 1 \"\" \"\"\nend\nclear\nend\n", "line 4: nothing to clear"},
+      {"drop 5 \"Desks\" \"\"\nend\n", "line 2: unknown book"},
   };
   Contents contents;
   for (const auto& each : cases) {
     contents = {};
-    EXPECT_THAT(Read("quillbox state 1\n" + each.lines, contents), HasSubstr(each.fault))
+    EXPECT_THAT(ReadState("quillbox state 1\n" + each.lines, contents), HasSubstr(each.fault))
         << each.lines;
   }
-  EXPECT_THAT(Read("", contents), HasSubstr("not a state file"));
+  EXPECT_THAT(ReadState("", contents), HasSubstr("not a state file"));
 }
 
 TEST_F(StateTest, ReadsBackEveryTextThatItAccepts) {
-  const std::string good = TextOf(Sample());
+  const std::string good = StateText(Sample());
   std::mt19937 random(20260725);
   for (int round = 0; round < 400; ++round) {
     SCOPED_TRACE(testing::Message() << "round " << round);
@@ -115,70 +106,143 @@ TEST_F(StateTest, ReadsBackEveryTextThatItAccepts) {
     text[random() % text.size()] =
         round % 2 == 0 ? static_cast<char>(random()) : good[random() % good.size()];
     Contents contents;
-    if (!Read(text, contents).empty()) continue;
-    const std::string once = TextOf(contents);
+    if (!ReadState(text, contents).empty()) continue;
+    const std::string once = StateText(contents);
     Contents again;
-    EXPECT_EQ(Read(once, again), "");
-    EXPECT_EQ(TextOf(again), once);
+    EXPECT_EQ(ReadState(once, again), "");
+    EXPECT_EQ(StateText(again), once);
   }
 }
 
-TEST_F(StateTest, CreatesItsFileAndNeverOverwritesADamagedOne) {
-  const std::string path = folder.PathOf("kept");
-  Contents first = Sample();
-  StateFile made;
-  made.Open(path, first);
-  EXPECT_EQ(ReadBytes(path), TextOf(first));
-  first.store.DeleteBook(Path(BookKind::kKeyItems, "Desks"));
-  made.Save(first);
-
-  Contents second;
-  StateFile opened;
-  opened.Open(path, second);
-  EXPECT_EQ(TextOf(second), TextOf(first));
-  EXPECT_FALSE(second.store.ResetChanged());
-  EXPECT_THAT(folder.Names(), testing::ElementsAre("kept"));
-
-  WriteBytes(path, TextOf(first).substr(0, 500));
-  testing::internal::CaptureStderr();
-  StateFile damaged;
-  damaged.Open(path, second);
-  EXPECT_FALSE(damaged.IsOpen());
-  EXPECT_EQ(TextOf(second), TextOf(first));
-  EXPECT_EQ(ReadBytes(path).size(), 500U);
-  damaged.Open(folder.Path().string(), second);
-  EXPECT_FALSE(damaged.IsOpen());
-  damaged.Open(folder.PathOf("missing/state"), second);
-  const std::string warnings = testing::internal::GetCapturedStderr();
-  for (const char* warning : {"QUILLBOX_STATE: line ", "cannot read", "cannot write"}) {
-    EXPECT_THAT(warnings, HasSubstr(warning));
-  }
+TEST_F(StateTest, HidesPasswordsOnRequest) {
+  Contents contents = Sample();
+  CUserEntry user;
+  user.SetName("Agnes");
+  user.SetPassword("linden");
+  contents.store.Put(Path(BookKind::kUsers), &user);
+  user.SetName("ADMINISTRATOR");
+  user.SetPassword("changed");
+  contents.store.Put(Path(BookKind::kUsers), &user);
+  const std::string text = StateText(contents, Passwords::kHidden);
+  EXPECT_THAT(text, Not(testing::AnyOf(HasSubstr("linden"), HasSubstr("changed"))));
+  EXPECT_THAT(text, HasSubstr("ADMINISTRATOR\\z19;quill"));
 }
 
-TEST(Store, ReportsEachSuccessfulChangeOnce) {
-  Store store;
-  EXPECT_TRUE(store.ResetChanged());
-  const CMenuItem item = MakeItem("Scan");
-  const EntryKey name("Scan");
-  const BookPath key = Path(BookKind::kKeyItems, "Desks");
-  const BookPath list = Path(BookKind::kPublicList, "Staff");
-  EXPECT_EQ(store.DeleteEntry(key, name), kNoSuchBook);
-  EXPECT_FALSE(store.ResetChanged());
-  const auto expectChange = [&store](Status status) {
-    EXPECT_EQ(status, kNoError);
-    EXPECT_TRUE(store.ResetChanged());
-    EXPECT_FALSE(store.ResetChanged());
+TEST_F(StateTest, RefusesAFileThatItCannotUseAndNeverOverwritesIt) {
+  Contents contents = Sample();
+  const std::string text = StateText(contents);
+  WriteBytes(kept, text.substr(0, 500));
+  const std::pair<std::string, std::string> cases[] = {
+      {kept, "line "},
+      {folder.Path().string(), "not a file"},
+      {folder.PathOf("missing/state"), "cannot lock"},
   };
-  expectChange(store.CreateBook(key));
-  expectChange(store.CreateEntry(key, &item));
-  expectChange(store.ModifyEntry(key, name, &item));
-  expectChange(store.DeleteEntry(key, name));
-  expectChange(store.Put(key, &item));
-  expectChange(store.ClearBook(key, ""));
-  expectChange(store.DeleteBook(key));
-  expectChange(store.CreateBook(list));
-  expectChange(store.RenameBook(list, EntryKey("All")));
-  expectChange(store.DeleteBook(Path(BookKind::kPublicList, "All")));
+  for (const auto& [place, fault] : cases) {
+    StateFile file;
+    EXPECT_THAT(file.Open(place, contents), HasSubstr(fault));
+    EXPECT_FALSE(file.IsOpen());
+  }
+  EXPECT_EQ(StateText(contents), text);
+  EXPECT_EQ(ReadBytes(kept), text.substr(0, 500));
+}
+
+// Two processes that share a file, and a random change of one of them.
+class SharedStateTest : public StateTest {
+ protected:
+  struct Process {
+    Contents contents;
+    StateFile file;
+  };
+
+  SharedStateTest() {
+    for (Process& each : processes) EXPECT_EQ(each.file.Open(kept, each.contents), "");
+  }
+
+  std::string_view AnyName() {
+    constexpr std::string_view kNames[] = {"A", "B", "C"};
+    return kNames[random() % std::size(kNames)];
+  }
+
+  void Change(Contents& contents) {
+    constexpr BookKind kKinds[] = {
+        BookKind::kEmail,    BookKind::kUsers,   BookKind::kTop,         BookKind::kPrivateEmail,
+        BookKind::kKeyItems, BookKind::kFaxList, BookKind::kPrivateList, BookKind::kPublicList};
+    Store& store = contents.store;
+    const BookPath path = Path(kKinds[random() % std::size(kKinds)], AnyName(), AnyName());
+    std::string record(AnyName());
+    record.resize(2000);  // longer than any record
+    record[40] = AnyName()[0];
+    switch (random() % 8) {
+      case 0:
+        store.DeleteBook(path);
+        break;
+      case 1:
+        store.RenameBook(Path(BookKind::kPrivateList, AnyName(), AnyName()), EntryKey(AnyName()));
+        break;
+      case 2:
+        store.ClearBook(path, AnyName());
+        break;
+      case 3:
+        store.ClearBook(path, {});
+        break;
+      case 4:
+        store.DeleteEntry(path, EntryKey(AnyName()));
+        break;
+      case 5:
+        store.ModifyEntry(path, EntryKey(AnyName()), record.data());
+        break;
+      default:
+        store.Put(path, record.data());
+    }
+  }
+
+  std::mt19937 random{20261126};
+  Process processes[2];
+};
+
+TEST_F(SharedStateTest, GivesEachProcessTheChangesOfTheOther) {
+  for (int step = 0; step < 1000; ++step) {
+    Process& changing = processes[random() % 2];
+    ASSERT_EQ(changing.file.Begin(changing.contents), "") << "step " << step;
+    Change(changing.contents);
+    if (step % 100 == 50) changing.contents.backups["night"] = changing.contents.store;
+    if (step % 100 == 50) changing.contents.store.MarkWhole();
+    ASSERT_EQ(changing.file.End(changing.contents), "");
+    Process& other = processes[&changing == &processes[0] ? 1 : 0];
+    ASSERT_EQ(other.file.Begin(other.contents), "") << "step " << step;
+    ASSERT_EQ(other.file.End(other.contents), "");
+    ASSERT_EQ(StateText(other.contents), StateText(changing.contents)) << "step " << step;
+  }
+}
+
+TEST_F(SharedStateTest, LosesOnlyTheChangeThatWasInterrupted) {
+  Process& process = processes[0];
+  const auto put = [&](const char* name) {
+    const CMenuItem item = MakeItem(name);
+    EXPECT_EQ(process.file.Begin(process.contents), "");
+    process.contents.store.Put(Path(BookKind::kKeyItems, "Desks"), &item);
+    EXPECT_EQ(process.file.End(process.contents), "");
+    return ReadBytes(kept);
+  };
+  const std::string one = put("One");
+  const std::string two = put("Two");
+  for (std::size_t size = one.size(); size <= two.size(); ++size) {
+    WriteBytes(kept, two.substr(0, size));  // the last line end may be missing
+    Process next;
+    ASSERT_EQ(next.file.Open(kept, next.contents), "") << size;
+    EXPECT_EQ(next.contents.store.Find(Path(BookKind::kKeyItems, "Desks"))->Size(),
+              size + 1 >= two.size() ? 2U : 1U);
+  }
+  WriteBytes(kept, two.substr(0, two.size() - 1));
+  Process next;
+  ASSERT_EQ(next.file.Open(kept, next.contents), "");
+  process.contents = {};
+  process.file = {};
+  ASSERT_EQ(process.file.Open(kept, process.contents), "");
+  put("Three");
+  EXPECT_EQ(process.file.Close(process.contents), "");
+  EXPECT_EQ(ReadBytes(kept), StateText(process.contents)) << "a small file ends with a checkpoint";
+  EXPECT_THAT(folder.Names(), testing::ElementsAre("kept", "kept.lock"));
 }
 
 TEST(EscapedText, ReadsOnlyTheFormThatItWrites) {
