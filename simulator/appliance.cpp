@@ -11,6 +11,7 @@ void Appliance::Reset() {
   fresh.isInitialised = isInitialised;
   fresh.stateFile = std::move(stateFile);
   fresh.journalFile = std::move(journalFile);
+  fresh.report = std::move(report);
   fresh.isLenient = isLenient;
   fresh.isMisconfigured = isMisconfigured;
   *this = std::move(fresh);

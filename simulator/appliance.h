@@ -5,6 +5,8 @@
 #define QUILLKIT_SIMULATOR_APPLIANCE_H_
 
 #include <cstdint>
+#include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,6 +17,7 @@
 #include "simulator/limits.h"
 #include "simulator/log_book.h"
 #include "simulator/reply_defects.h"
+#include "simulator/run_report.h"
 #include "simulator/session.h"
 #include "simulator/state_file.h"
 #include "simulator/store.h"
@@ -29,6 +32,8 @@ struct ApplianceSettings {
   std::uint32_t timeout = 30'000;  // of a new session; all times in milliseconds
   std::uint32_t wakeupPeriod = 60'000;
   std::uint32_t latency = 0;
+  std::map<std::string, std::uint32_t, std::less<>> latencies;  // by entry point, instead
+  std::uint32_t clockStep = 0;  // by which a call advances the clock
   Limits limits;
 };
 
@@ -42,14 +47,16 @@ class Appliance {
   Clock clock;
   Journal journal;
   Faults faults;
+  bool mayHaveUnfiredFaults = false;
   ReplyDefects defects;
   bool isInitialised = false;  // between IMSPInit and IMSPTerminate
   StateFile stateFile;
   JournalFile journalFile;
+  RunReport report;
   bool isLenient = false;        // continue after mistakes in the configuration and failing files
   bool isMisconfigured = false;  // every call fails
 
-  // Restores the initial state, except `isInitialised`, the two files and the two flags after them.
+  // Restores the initial state, except `isInitialised`, the three files and the flags after them.
   void Reset();
 
   // Gives the contents to this process alone, with the changes of other processes, until EndChange.
@@ -58,6 +65,8 @@ class Appliance {
 
   // Saves what changed. Returns the status of the call, or that of a change that cannot be saved.
   Status EndChange(Status status);
+
+  bool IsRecording() const { return journal.IsRecording() || journalFile.IsOpen(); }
 
   // Returns whether the session is open. First drops a session that made no call for too long.
   bool HasSession() { return session.IsOpen(clock, settings.wakeupPeriod); }
@@ -70,8 +79,8 @@ class Appliance {
   }
 };
 
-// Adds a small office to an appliance in its initial state.
-void Seed(Appliance& appliance);
+// Adds a small office to a store in its initial state.
+void Seed(Store& store);
 
 }  // namespace quillbox
 

@@ -1,27 +1,29 @@
 #include "simulator/call.h"
 
 #include <algorithm>
-#include <chrono>
-#include <thread>
 
 namespace quillbox {
 namespace {
 
-// Waits for the latency, at most for the time-out. Returns whether the call was in time.
-bool WaitForAnswer(const Appliance& appliance) {
-  const std::uint32_t latency = appliance.settings.latency;
-  if (latency == 0) return true;
-  std::this_thread::sleep_for(std::chrono::milliseconds(std::min(latency, appliance.timeout)));
-  return latency <= appliance.timeout;
+// Waits for the latency and the delay of a fault, at most for the time-out. Returns whether the
+// call was in time.
+bool WaitForAnswer(Appliance& appliance, std::string_view entryPoint, std::uint32_t delay) {
+  const ApplianceSettings& settings = appliance.settings;
+  const auto found = settings.latencies.find(entryPoint);
+  const std::uint64_t latency =
+      std::uint64_t{delay} + (found != settings.latencies.end() ? found->second : settings.latency);
+  const bool isInTime = latency <= appliance.timeout;
+  appliance.clock.Wait(isInTime ? static_cast<std::uint32_t>(latency) : appliance.timeout);
+  return isInTime;
 }
 
-}  // namespace
-
-std::optional<Status> CheckCall(Appliance& appliance, const ServedCall& entry) {
-  // A library whose start fails only reports that the server library is missing.
-  if (appliance.isMisconfigured && entry.need != Precondition::kNothing) return kServerFailure;
-  if (const auto fault = appliance.faults.CountCall(entry.name)) return fault;
-  if (!WaitForAnswer(appliance)) return kTimeoutExpired;
+// Returns the status of a call that does not run.
+std::optional<Status> Refusal(Appliance& appliance, const ServedCall& entry,
+                              const FaultEffect& effect) {
+  if (effect.isSessionLost) appliance.session.Close();
+  if (effect.status && effect.delay == 0) return effect.status;
+  if (!WaitForAnswer(appliance, entry.name, effect.delay)) return kTimeoutExpired;
+  if (effect.status) return effect.status;
   if (entry.need == Precondition::kNothing) return std::nullopt;
   if (!appliance.isInitialised) return kNotInitialised;
   if (entry.need == Precondition::kSession) {
@@ -31,8 +33,36 @@ std::optional<Status> CheckCall(Appliance& appliance, const ServedCall& entry) {
   return appliance.BeginChange();
 }
 
-void RecordCall(Appliance& appliance, std::string text, Status status) {
-  if (appliance.journalFile.IsOpen()) appliance.journalFile.Add(text, status);
+}  // namespace
+
+CallStart StartCall(Appliance& appliance, const ServedCall& entry, CallFacts facts) {
+  // A library whose start fails only reports that the server library is missing.
+  if (appliance.isMisconfigured && entry.need != Precondition::kNothing) {
+    return {kServerFailure, false, {}};
+  }
+  appliance.clock.Advance(appliance.settings.clockStep);
+  facts.entryPoint = entry.name;
+  if (facts.account.empty()) facts.account = appliance.session.User();
+  facts.time = static_cast<std::uint64_t>(appliance.clock.Elapsed().count());
+  const Fault* const fault = appliance.faults.CountCall(facts);
+  const FaultEffect effect = fault != nullptr ? fault->effect : FaultEffect();
+  CallStart start;
+  if (fault != nullptr) {
+    start.fault = fault->text;
+    appliance.report.AddFault(fault->text);
+  }
+  appliance.defects.SetForCall(effect.defects);
+  start.refusal = Refusal(appliance, entry, effect);
+  start.isReplyLost = effect.isReplyLost && !start.refusal;
+  return start;
+}
+
+void EndCall(Appliance& appliance, std::string text, Status status, const CallStart& start) {
+  appliance.defects.SetForCall(0);
+  appliance.report.SetSession(!appliance.session.Account().empty());
+  if (appliance.journalFile.IsOpen()) {
+    appliance.journalFile.Add({appliance.clock.Timestamp(), text, status, start.fault});
+  }
   if (appliance.journal.IsRecording()) appliance.journal.Add(std::move(text), status);
 }
 

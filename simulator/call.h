@@ -1,5 +1,5 @@
-// The steps common to all entry points: journal, faults, latency, session, then the work of the
-// entry point, then the state file.
+// The steps common to all entry points: faults, latency, session and state file, then the work of
+// the entry point, then the journal.
 
 #ifndef QUILLKIT_SIMULATOR_CALL_H_
 #define QUILLKIT_SIMULATOR_CALL_H_
@@ -9,6 +9,7 @@
 #include <string>
 #include <utility>
 
+#include "simulator/call_facts.h"
 #include "simulator/protocol.h"
 #include "simulator/the_appliance.h"
 
@@ -24,29 +25,39 @@ struct ServedCall {
   std::uint32_t* count = nullptr;  // a failed call sets it to 0; may be null
 };
 
-// Returns nothing if the call may run. A call that needs a session then keeps the session alive.
-// Otherwise returns the status of the call: that of a fault, 19 after the time-out, 20, 10, or 18
-// if the configuration or the state file is not usable.
-std::optional<Status> CheckCall(Appliance& appliance, const ServedCall& entry);
+// The result of the steps before the work of a call.
+struct CallStart {
+  // Nothing if the call may run. Otherwise the status of the call: that of a fault, 19 after the
+  // time-out, 20, 10, or 18 if the configuration or the state file is not usable.
+  std::optional<Status> refusal;
+  bool isReplyLost = false;
+  std::string fault;  // that applies to the call
+};
 
-// Adds a call to the journal and to the journal file, if they are on.
-void RecordCall(Appliance& appliance, std::string text, Status status);
+// A call that needs a session keeps it alive.
+CallStart StartCall(Appliance& appliance, const ServedCall& entry, CallFacts facts);
+
+// Adds a call to the journal and to the journal file, if they are on, and ends its wrong replies.
+void EndCall(Appliance& appliance, std::string text, Status status, const CallStart& start);
 
 // Serves a call. `work` receives the appliance and returns the status. `arguments` are shown in the
 // journal.
 template <class Work, class... Arguments>
 Status Serve(const ServedCall& entry, Work work, const Arguments&... arguments) {
   Appliance& appliance = TheAppliance();
-  const bool isRecorded = appliance.journal.IsRecording() || appliance.journalFile.IsOpen();
   std::string text;
-  if (isRecorded) text = CallText(entry.name, arguments...);
-  const std::optional<Status> refusal = CheckCall(appliance, entry);
-  const Status status = refusal ? *refusal : appliance.EndChange(work(appliance));
-  const bool isFailure = refusal || (status != kNoError && status != kMoreData);
+  if (appliance.IsRecording()) text = CallText(entry.name, arguments...);
+  CallFacts facts;
+  (facts.Add(arguments), ...);
+  const CallStart start = StartCall(appliance, entry, std::move(facts));
+  Status status = start.refusal ? *start.refusal : appliance.EndChange(work(appliance));
+  if (start.isReplyLost) status = kTimeoutExpired;
+  const bool isFailure =
+      start.refusal || start.isReplyLost || (status != kNoError && status != kMoreData);
   if (isFailure && entry.count != nullptr && !appliance.defects.KeepsFailedCount())
     *entry.count = 0;
   (appliance.defects.ScribbleArgument(arguments), ...);
-  if (isRecorded) RecordCall(appliance, std::move(text), status);
+  EndCall(appliance, std::move(text), status, start);
   return status;
 }
 

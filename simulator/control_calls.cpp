@@ -1,6 +1,9 @@
 #include <cstring>
+#include <string>
 #include <string_view>
+#include <vector>
 
+#include "simulator/scenario.h"
 #include "simulator/simulator.h"
 #include "simulator/the_appliance.h"
 
@@ -46,7 +49,18 @@ void SimulatorReset() {
 
 void SimulatorSeed() {
   TheAppliance().Reset();
-  Seed(TheAppliance());
+  Seed(TheAppliance().contents.store);
+}
+
+const char* SimulatorLoadScenario(const char* path) {
+  static std::string fault;
+  Scenario scenario;
+  fault = ReadScenario(std::string(TextOf(path)), scenario);
+  if (fault.empty()) {
+    TheAppliance().Reset();
+    fault = ApplyScenario(scenario, TheAppliance());
+  }
+  return fault.empty() ? nullptr : fault.c_str();
 }
 
 void SimulatorSetIdentity(const char* bytes, std::uint32_t size) {
@@ -153,6 +167,14 @@ Status SimulatorCallStatus(std::int32_t index) {
 
 void SimulatorFail(const char* entry, std::int32_t occurrence, Status status) {
   TheAppliance().faults.Add(TextOf(entry), occurrence, status);
+}
+
+const char* SimulatorUnfiredFault(std::int32_t index) {
+  static std::string text;
+  const std::vector<std::string> unfired = TheAppliance().faults.Unfired();
+  if (index < 0 || static_cast<std::size_t>(index) >= unfired.size()) return nullptr;
+  text = unfired[static_cast<std::size_t>(index)];
+  return text.c_str();
 }
 
 void SimulatorClearFaults() {

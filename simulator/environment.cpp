@@ -4,7 +4,9 @@
 #include <string>
 
 #include "simulator/appliance.h"
+#include "simulator/escaped_text.h"
 #include "simulator/fault_script.h"
+#include "simulator/scenario.h"
 #include "simulator/warning.h"
 
 namespace quillbox {
@@ -15,28 +17,72 @@ std::string Variable(const char* variable) {
   return value != nullptr ? value : "";
 }
 
-}  // namespace
+// Reports mistakes. Unless the appliance is lenient, its calls then fail.
+class Mistakes {
+ public:
+  explicit Mistakes(Appliance& newAppliance) : appliance(newAppliance) {}
 
-void ReadEnvironment(Appliance& appliance) {
-  appliance.isLenient = !Variable(kLenientVariable).empty();
-  const auto check = [&appliance](const char* variable, const std::string& fault,
-                                  const char* leniency) {
+  // `leniency` is what a lenient appliance does. An empty fault is no mistake.
+  void Check(const char* variable, const std::string& fault, const char* leniency) const {
     if (fault.empty()) return;
     Warn(variable,
          fault + "; " + (appliance.isLenient ? leniency : "every call but IMSPInit fails"));
     if (!appliance.isLenient) appliance.isMisconfigured = true;
+  }
+
+ private:
+  Appliance& appliance;
+};
+
+constexpr const char* kNoFile = "starting with the initial books; changes will not be saved";
+constexpr const char* kNoJournal = "no call is recorded";
+
+// Applies the scenario and returns it. Without one, returns one that has no files.
+Scenario ReadScenarioVariable(Appliance& appliance, const Mistakes& mistakes) {
+  Scenario scenario;
+  scenario.journalForm = JournalForm::kPlain;
+  const std::string path = Variable(kScenarioVariable);
+  if (path.empty()) return scenario;
+  std::string fault = ReadScenario(path, scenario);
+  if (fault.empty()) fault = ApplyScenario(scenario, appliance);
+  mistakes.Check(kScenarioVariable, fault, "it is ignored");
+  return fault.empty() ? scenario : Scenario();
+}
+
+void OpenJournal(Appliance& appliance, const Mistakes& mistakes, const std::string& path,
+                 JournalForm form) {
+  const std::string name = Variable(kJournalFormVariable);
+  const auto named = JournalFormOf(name);
+  if (!name.empty() && !named) {
+    mistakes.Check(kJournalFormVariable, "unknown form \"" + Escaped(name) + '"', kNoJournal);
+    return;
+  }
+  mistakes.Check(kJournalVariable, appliance.journalFile.Open(path, named.value_or(form)),
+                 kNoJournal);
+}
+
+}  // namespace
+
+void ReadEnvironment(Appliance& appliance) {
+  appliance.isLenient = !Variable(kLenientVariable).empty();
+  const Mistakes mistakes(appliance);
+  const Scenario scenario = ReadScenarioVariable(appliance, mistakes);
+  const auto fileOf = [](const char* variable, const std::string& file) {
+    const std::string path = Variable(variable);
+    return path.empty() ? file : path;
   };
-  const std::string state = Variable(kStateVariable);
+  const std::string state = fileOf(kStateVariable, scenario.state);
   if (!state.empty()) {
-    check(kStateVariable, appliance.stateFile.Open(state, appliance.contents),
-          "starting with the initial books; changes will not be saved");
+    mistakes.Check(kStateVariable, appliance.stateFile.Open(state, appliance.contents), kNoFile);
   }
-  const std::string journal = Variable(kJournalVariable);
-  if (!journal.empty()) {
-    check(kJournalVariable, appliance.journalFile.Open(journal), "no call is recorded");
+  const std::string journal = fileOf(kJournalVariable, scenario.journal);
+  if (!journal.empty()) OpenJournal(appliance, mistakes, journal, scenario.journalForm);
+  const std::string report = Variable(kReportVariable);
+  if (!report.empty()) {
+    mistakes.Check(kReportVariable, appliance.report.Open(report), "nothing is reported");
   }
-  check(kFaultsVariable, ScriptFaults(Variable(kFaultsVariable), appliance.faults),
-        "no call fails");
+  mistakes.Check(kFaultsVariable, ScriptFaults(Variable(kFaultsVariable), appliance.faults),
+                 "no call fails");
 }
 
 }  // namespace quillbox

@@ -37,6 +37,11 @@ bool DecodeEscape(std::string_view& text, std::string& bytes, std::size_t limit)
 
 }  // namespace
 
+std::string HexadecimalByte(char c) {
+  const auto byte = static_cast<unsigned char>(c);
+  return {kDigits[byte >> 4], kDigits[byte & 0xF]};
+}
+
 std::string Escaped(std::string_view bytes, std::string_view also) {
   std::string text;
   for (std::size_t i = 0; i < bytes.size(); ++i) {
@@ -47,8 +52,7 @@ std::string Escaped(std::string_view bytes, std::string_view also) {
     } else if (IsPlain(bytes[i], also)) {
       text += bytes[i];
     } else {
-      const auto byte = static_cast<unsigned char>(bytes[i]);
-      text += {'\\', 'x', kDigits[byte >> 4], kDigits[byte & 0xF]};
+      text += "\\x" + HexadecimalByte(bytes[i]);
     }
   }
   return text;

@@ -13,6 +13,9 @@
 
 namespace quillbox {
 
+// The byte as two hexadecimal digits.
+std::string HexadecimalByte(char c);
+
 // Also escapes the characters in `also`.
 std::string Escaped(std::string_view bytes, std::string_view also = {});
 

@@ -1,44 +1,14 @@
 #include "simulator/fault_script.h"
 
-#include <algorithm>
 #include <cstdint>
-#include <iterator>
 #include <utility>
 
+#include "simulator/entry_points.h"
 #include "simulator/escaped_text.h"
 #include "simulator/whole_number.h"
 
 namespace quillbox {
 namespace {
-
-constexpr std::string_view kEntryPoints[] = {"IMSPInit",
-                                             "IMSPTerminate",
-                                             "IMSPLogin",
-                                             "IMSPLogout",
-                                             "IMSPWakeup",
-                                             "IMSPAbort",
-                                             "IMSPIOCtl",
-                                             "IMSPCheckString",
-                                             "IMSPBatchConfiguration",
-                                             "IMSPChangeIdentity",
-                                             "IMSPCreateAB",
-                                             "IMSPDeleteAB",
-                                             "IMSPClearAB",
-                                             "IMSPSizeofAB",
-                                             "IMSPReadAB",
-                                             "IMSPListABEntries",
-                                             "IMSPListAB",
-                                             "IMSPReadPageBoundaries",
-                                             "IMSPCreateEntry",
-                                             "IMSPReadEntryProperties",
-                                             "IMSPModifyEntry",
-                                             "IMSPDeleteEntry",
-                                             "IMSPExport",
-                                             "IMSPGetExportFile",
-                                             "IMSPImport",
-                                             "IMSPImpExpState",
-                                             "IMSPImpExpAbort",
-                                             "*"};
 
 // Splits a text at the first `separator`. Without one, the second part is empty.
 std::pair<std::string_view, std::string_view> Split(std::string_view text, char separator) {
@@ -54,7 +24,7 @@ std::string AddFault(std::string_view text, Faults& faults) {
   if (!status || !occurrence || *occurrence < 0) {
     return '"' + Escaped(text) + "\" does not have the form ENTRY:OCCURRENCE=STATUS";
   }
-  if (std::ranges::find(kEntryPoints, entry) == std::end(kEntryPoints)) {
+  if (!IsEntryPoint(entry)) {
     return "unknown entry point \"" + Escaped(entry) + '"';
   }
   faults.Add(entry == "*" ? std::string_view() : entry, *occurrence, *status);

@@ -19,6 +19,9 @@ class LineParser {
 
   bool IsAtEnd() const { return rest.empty(); }
 
+  // What was not parsed yet.
+  std::string_view Rest() const { return rest; }
+
   // The characters up to the next space or tab. Empty at the end.
   std::string_view Word() {
     const std::string_view word = rest.substr(0, rest.find_first_of(kSeparators));

@@ -16,6 +16,9 @@ class ReplyDefects {
  public:
   void Set(std::uint32_t newDefects);
 
+  // Adds wrong replies for one call. 0 ends them.
+  void SetForCall(std::uint32_t newDefects) { ofCall = newDefects; }
+
   // Increases all reported sizes by this number, independent of the wrong replies.
   void InflateSizes(std::uint32_t by) { inflation = by; }
 
@@ -50,9 +53,10 @@ class ReplyDefects {
   std::uint32_t Size(std::size_t size);
 
  private:
-  bool IsOn(SimulatorDefect defect) const { return (defects & defect) != 0; }
+  bool IsOn(SimulatorDefect defect) const { return ((defects | ofCall) & defect) != 0; }
 
   std::uint32_t defects = 0;
+  std::uint32_t ofCall = 0;
   std::uint32_t sizeError = 0;
   std::uint32_t inflation = 0;
 };

@@ -176,8 +176,7 @@ void SeedKeys(Store& store) {
 
 }  // namespace
 
-void Seed(Appliance& appliance) {
-  Store& store = appliance.contents.store;
+void Seed(Store& store) {
   SeedAccounts(store);
   SeedAddresses(store, Fixed(BookKind::kEmail), kEmail);
   SeedAddresses(store, {BookKind::kPublicList, EntryKey("Minutes"), {}}, kMinutes);

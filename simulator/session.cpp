@@ -1,14 +1,8 @@
 #include "simulator/session.h"
 
-namespace quillbox {
+#include <chrono>
 
-std::chrono::milliseconds Clock::Since(const Moment& moment) const {
-  using std::chrono::milliseconds;
-  constexpr milliseconds kLeastCounted{100};
-  const auto real =
-      std::chrono::duration_cast<milliseconds>(std::chrono::steady_clock::now() - moment.real);
-  return advanced - moment.advanced + (real < kLeastCounted ? milliseconds{0} : real);
-}
+namespace quillbox {
 
 void Session::Open(std::string_view newAccount, const Clock& clock) {
   isOpen = true;

@@ -1,33 +1,15 @@
-// The only session of the server library, and the clock that determines when it is dropped.
+// The only session of the server library.
 
 #ifndef QUILLKIT_SIMULATOR_SESSION_H_
 #define QUILLKIT_SIMULATOR_SESSION_H_
 
-#include <chrono>
 #include <cstdint>
 #include <string>
 #include <string_view>
 
+#include "simulator/clock.h"
+
 namespace quillbox {
-
-// Real time plus the time added by SimulatorAdvanceClock.
-class Clock {
- public:
-  struct Moment {
-    std::chrono::steady_clock::time_point real;
-    std::chrono::milliseconds advanced{0};
-  };
-
-  Moment Now() const { return {std::chrono::steady_clock::now(), advanced}; }
-  void Advance(std::uint32_t milliseconds) { advanced += std::chrono::milliseconds(milliseconds); }
-
-  // The time since a moment. Real time below a tenth of a second does not count, so that tests with
-  // a short period do not depend on the load of the machine.
-  std::chrono::milliseconds Since(const Moment& moment) const;
-
- private:
-  std::chrono::milliseconds advanced{0};
-};
 
 class Session {
  public:

@@ -78,6 +78,12 @@ void SimulatorReset();
 // list, and soft keys with items.
 void SimulatorSeed();
 
+// Resets the appliance and applies a scenario file (docs/scenarios.md) to it, except its lines
+// "state" and "journal". Returns null, or the line and description of an error; the appliance is
+// then unchanged, or in its initial state if the books of the scenario cannot be read. The text is
+// valid until the next call of this function.
+const char* SimulatorLoadScenario(const char* path);
+
 // Sets the identity text that IMSPLogin returns: `size` bytes, cut at the caller's capacity,
 // followed by a NUL if there is room. Default: "Quillbox 40 - 3.1 - K7".
 void SimulatorSetIdentity(const char* bytes, std::uint32_t size);
@@ -163,6 +169,12 @@ Status SimulatorCallStatus(std::int32_t index);
 // the session alive.
 void SimulatorFail(const char* entry, std::int32_t occurrence, Status status);
 void SimulatorClearFaults();
+
+// Returns a description of a fault that has not made any call fail, or null for an index out of
+// range. The faults of a scenario and of the environment count, too. When a test ends, index 0
+// should return null: otherwise the test did not test what it intended to. Valid until the next
+// call of this function.
+const char* SimulatorUnfiredFault(std::int32_t index);
 
 // Sets the wrong replies from now on: a combination of SimulatorDefect, 0 for none.
 void SimulatorSetDefects(std::uint32_t defects);

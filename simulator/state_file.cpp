@@ -26,10 +26,27 @@ std::string LockPath(const std::string& path) {
   return path + ".lock";
 }
 
+// Reads the file from this offset. Returns an empty text, or the description of a failure.
+std::string ReadFrom(const std::string& path, std::uintmax_t offset, std::string& text) {
+  const std::uintmax_t found = SizeOf(path);
+  if (found > kLargest) return "the file is too large";
+  text.resize(static_cast<std::size_t>(found > offset ? found - offset : 0));
+  std::ifstream file(path, std::ios::binary);
+  file.seekg(static_cast<std::streamoff>(offset));
+  file.read(text.data(), static_cast<std::streamsize>(text.size()));
+  return file ? "" : "cannot read the file";
+}
+
 constexpr const char* kCannotWrite = "cannot write the file";
 constexpr const char* kCannotLock = "cannot lock the file";
 
 }  // namespace
+
+std::string ReadStateFile(const std::string& path, Contents& contents) {
+  std::string text;
+  std::string fault = ReadFrom(path, 0, text);
+  return fault.empty() ? ReadState(text, contents) : fault;
+}
 
 std::string StateFile::Open(const std::string& path, Contents& contents) {
   std::error_code failure;
@@ -90,20 +107,10 @@ std::string StateFile::Close(Contents& contents) {
   return fault.empty() ? failure : fault;
 }
 
-std::string StateFile::ReadFrom(std::uintmax_t offset, std::string& text) const {
-  const std::uintmax_t found = SizeOf(keptPath);
-  if (found > kLargest) return "the file is too large";
-  text.resize(static_cast<std::size_t>(found > offset ? found - offset : 0));
-  std::ifstream file(keptPath, std::ios::binary);
-  file.seekg(static_cast<std::streamoff>(offset));
-  file.read(text.data(), static_cast<std::streamsize>(text.size()));
-  return file ? "" : "cannot read the file";
-}
-
 // Replaces the contents by those of the file.
 std::string StateFile::Load(Contents& contents) {
   std::string text;
-  std::string fault = ReadFrom(0, text);
+  std::string fault = ReadFrom(keptPath, 0, text);
   if (!fault.empty()) return fault;
   Contents read;
   fault = ReadState(text, read);
@@ -130,7 +137,7 @@ std::string StateFile::LoadChanges(Contents& contents) {
   std::string text;
   std::string fault;
   if (SizeOf(keptPath) != size) {
-    fault = ReadFrom(size, text);
+    fault = ReadFrom(keptPath, size, text);
     text.resize(CompleteSize(text));
     if (fault.empty()) fault = ReadChanges(text, contents);
     size += text.size();

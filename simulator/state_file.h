@@ -16,6 +16,10 @@
 
 namespace quillbox {
 
+// Fills contents that are in the initial state from the file at `path`, without a lock. Returns an
+// empty text, or the description of an error; then discard the contents.
+std::string ReadStateFile(const std::string& path, Contents& contents);
+
 class StateFile {
  public:
   // Fills the contents from the file at `path`. If there is none, creates it from the contents,
@@ -39,8 +43,6 @@ class StateFile {
   std::string Close(Contents& contents);
 
  private:
-  // The text of the file from this offset.
-  std::string ReadFrom(std::uintmax_t offset, std::string& text) const;
   std::string Load(Contents& contents);
   std::string LoadChanges(Contents& contents);
   std::string Append(const std::string& change);

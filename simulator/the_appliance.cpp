@@ -10,13 +10,19 @@ namespace {
 
 Appliance* instance = nullptr;
 
+void Finish(Appliance& appliance) {
+  const std::string failure = appliance.stateFile.Close(appliance.contents);
+  if (!failure.empty()) Warn(kStateVariable, failure);
+  if (appliance.mayHaveUnfiredFaults || appliance.isLenient || appliance.report.IsOpen()) return;
+  for (const std::string& each : appliance.faults.Unfired()) {
+    Warn("unfired fault", each);
+  }
+}
+
 // Destroys the appliance when the library or the process ends.
 struct Destroyer {
   ~Destroyer() {
-    if (instance != nullptr) {
-      const std::string fault = instance->stateFile.Close(instance->contents);
-      if (!fault.empty()) Warn(kStateVariable, fault);
-    }
+    if (instance != nullptr) Finish(*instance);
     delete std::exchange(instance, nullptr);
   }
 };
@@ -29,7 +35,7 @@ const Destroyer destroyer;
 Appliance& TheAppliance() {
   if (instance == nullptr) {
     instance = new Appliance;
-    Seed(*instance);
+    Seed(instance->contents.store);
     ReadEnvironment(*instance);
   }
   return *instance;

@@ -4,8 +4,8 @@
 
 namespace quillbox {
 
-void Warn(std::string_view variable, std::string_view text) {
-  std::cerr << "simulated Quillbox: " << variable << ": " << text << std::endl;
+void Warn(std::string_view subject, std::string_view text) {
+  std::cerr << "simulated Quillbox: " << subject << ": " << text << std::endl;
 }
 
 }  // namespace quillbox

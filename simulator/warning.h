@@ -11,12 +11,15 @@ namespace quillbox {
 inline constexpr const char* kStateVariable = "QUILLBOX_STATE";      // the path of a StateFile
 inline constexpr const char* kFaultsVariable = "QUILLBOX_FAULTS";    // a text for ScriptFaults
 inline constexpr const char* kJournalVariable = "QUILLBOX_JOURNAL";  // the path of a JournalFile
+inline constexpr const char* kJournalFormVariable = "QUILLBOX_JOURNAL_FORMAT";  // JournalFormOf
+inline constexpr const char* kScenarioVariable = "QUILLBOX_SCENARIO";  // the path of a Scenario
+inline constexpr const char* kReportVariable = "QUILLBOX_REPORT";      // the path of a RunReport
 // Not empty: continue after a mistake in another variable, and if a file cannot be used.
 inline constexpr const char* kLenientVariable = "QUILLBOX_LENIENT";
 
-// Writes "simulated Quillbox: VARIABLE: TEXT" and a newline to standard error. Reports an invalid
-// value of an environment variable.
-void Warn(std::string_view variable, std::string_view text);
+// Writes "simulated Quillbox: SUBJECT: TEXT" and a newline to standard error. The subject is the
+// environment variable with the error.
+void Warn(std::string_view subject, std::string_view text);
 
 }  // namespace quillbox
 

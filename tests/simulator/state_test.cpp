@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <random>
 #include <string>
 #include <string_view>
@@ -11,6 +12,7 @@
 #include "bridge/status.h"
 #include "simulator/escaped_text.h"
 #include "simulator/fault_script.h"
+#include "simulator/journal_file.h"
 #include "simulator/state_file.h"
 #include "simulator/state_text.h"
 #include "tests/support/email_entry.h"
@@ -245,6 +247,24 @@ TEST_F(SharedStateTest, LosesOnlyTheChangeThatWasInterrupted) {
   EXPECT_THAT(folder.Names(), testing::ElementsAre("kept", "kept.lock"));
 }
 
+TEST_F(StateTest, WritesTheJournalInEachForm) {
+  const std::pair<const char*, std::string> cases[] = {
+      {"plain", "IMSPAbort = 0\nIMSPDeleteEntry 1: \\xE9\" = 4\n"},
+      {"text", "now IMSPAbort = 0\nnow IMSPDeleteEntry 1: \\xE9\" = 4; line 2\n"},
+      {"json",
+       R"({"time":"now","entryPoint":"IMSPAbort","arguments":"","status":0}
+{"time":"now","entryPoint":"IMSPDeleteEntry","arguments":"1: \u00E9\"","status":4,"fault":"line 2"}
+)"},
+  };
+  for (const auto& [form, text] : cases) {
+    JournalFile file;
+    EXPECT_EQ(file.Open(folder.PathOf(form), *JournalFormOf(form)), "");
+    file.Add({"now", "IMSPAbort", 0, ""});
+    file.Add({"now", "IMSPDeleteEntry 1: \xE9\"", 4, "line 2"});
+    EXPECT_EQ(ReadBytes(folder.PathOf(form)), text);
+  }
+}
+
 TEST(EscapedText, ReadsOnlyTheFormThatItWrites) {
   const std::string bytes("\0a\0\0\0\\\"\x7F\xFF\n ~", 12);
   EXPECT_EQ(Escaped(bytes), "\\x00a\\z3;\\x5C\"\\x7F\\xFF\\x0A ~");
@@ -256,20 +276,27 @@ TEST(EscapedText, ReadsOnlyTheFormThatItWrites) {
   }
 }
 
+std::optional<Status> StatusOf(Faults& faults, std::string_view entryPoint) {
+  CallFacts call;
+  call.entryPoint = entryPoint;
+  const Fault* const fault = faults.CountCall(call);
+  return fault != nullptr ? fault->effect.status : std::nullopt;
+}
+
 TEST(FaultScript, AddsAllFaultsOfATextOrNone) {
   Faults faults;
   EXPECT_EQ(ScriptFaults("IMSPLogin:2=11,*:2=12,*:3=-1,IMSPAbort:0=13", faults), "");
-  EXPECT_EQ(faults.CountCall("IMSPLogin"), std::nullopt);
-  EXPECT_EQ(faults.CountCall("IMSPLogin"), 11)
+  EXPECT_EQ(StatusOf(faults, "IMSPLogin"), std::nullopt);
+  EXPECT_EQ(StatusOf(faults, "IMSPLogin"), 11)
       << "the first of two matching faults applies, and both are removed";
-  EXPECT_EQ(faults.CountCall("IMSPIOCtl"), -1);
-  EXPECT_EQ(faults.CountCall("IMSPAbort"), 13);
-  EXPECT_EQ(faults.CountCall("IMSPAbort"), 13) << "a fault with number 0 applies to every call";
+  EXPECT_EQ(StatusOf(faults, "IMSPIOCtl"), -1);
+  EXPECT_EQ(StatusOf(faults, "IMSPAbort"), 13);
+  EXPECT_EQ(StatusOf(faults, "IMSPAbort"), 13) << "a fault with number 0 applies to every call";
   for (const char* text : {"IMSPLogin", "IMSPLogin:1", "IMSPLogin=1", "IMSPLogin:-1=1", ":1=1",
                            "IMSPLogin:1=1 ", "ImspLogin:1=1", "IMSPLogin:0=1,,"}) {
     EXPECT_NE(ScriptFaults(text, faults), "") << text;
   }
-  EXPECT_EQ(faults.CountCall("IMSPLogin"), std::nullopt);
+  EXPECT_EQ(StatusOf(faults, "IMSPLogin"), std::nullopt);
 }
 
 }  // namespace
