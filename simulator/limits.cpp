@@ -3,7 +3,15 @@
 namespace quillbox {
 namespace {
 
-constexpr Limit kLimits[] = {
+struct Limit {
+  std::string_view name;
+  BookKind kind = BookKind::kNone;
+  bool ofBooks = false;  // of the number of books instead of the entries of each book
+  std::uint32_t most = 0;
+};
+
+// A name has a row for each kind of book that it limits.
+constexpr Limit kLimits[Limits::kCount] = {
     {"keys", BookKind::kTop, false, 11},
     {"items", BookKind::kKeyItems, false, 512},
     {"email", BookKind::kEmail, false, 200'000},
@@ -20,38 +28,27 @@ constexpr Limit kLimits[] = {
     {"private-entries", BookKind::kPrivateEmail, false, 2'000},
 };
 
-Limits WithoutLimits() {
-  Limits limits;
-  for (const Limit& each : kLimits) limits.Set(each.name, 0);
-  return limits;
-}
-
 }  // namespace
 
-std::span<const Limit> Limits::OfAppliance() {
-  return kLimits;
+Limits::Limits() {
+  for (std::size_t i = 0; i < kCount; ++i) most[i] = kLimits[i].most;
 }
 
-const Limits& Limits::None() {
-  static const Limits none = WithoutLimits();
-  return none;
-}
-
-bool Limits::Set(std::string_view name, std::uint32_t most) {
-  for (const Limit& each : kLimits) {
-    if (each.name != name) continue;
-    changed[each.name] = most;
-    return true;
+bool Limits::Set(std::string_view name, std::uint32_t number) {
+  bool isKnown = false;
+  for (std::size_t i = 0; i < kCount; ++i) {
+    if (kLimits[i].name != name) continue;
+    most[i] = number;
+    isKnown = true;
   }
-  return false;
+  return isKnown;
 }
 
 bool Limits::IsReached(BookKind kind, bool ofBooks, std::size_t count) const {
-  for (const Limit& each : kLimits) {
-    if (each.kind != kind || each.ofBooks != ofBooks) continue;
-    const auto found = changed.find(each.name);
-    const std::uint32_t most = found != changed.end() ? found->second : each.most;
-    return most != 0 && count >= most;
+  for (std::size_t i = 0; i < kCount; ++i) {
+    if (kLimits[i].kind == kind && kLimits[i].ofBooks == ofBooks) {
+      return most[i] != 0 && count >= most[i];
+    }
   }
   return false;
 }
