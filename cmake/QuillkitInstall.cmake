@@ -4,7 +4,7 @@
 #   Development  headers, class library, CMake package, pkg-config, description of the functions,
 #                bindings, examples
 #   Simulator    the simulated appliance, outside the default library path
-#   Tools        quillctl, its manual page and its sample files
+#   Tools        quillctl and quillbox, their manual pages, and the sample files of quillctl
 #   Documents    README, CHANGELOG and docs/
 include(CMakePackageConfigHelpers)
 include(QuillkitHeaders)
@@ -21,6 +21,8 @@ foreach(header IN LISTS public_headers)
   install(FILES src/${header} DESTINATION ${headers}/${folder} COMPONENT Development)
 endforeach()
 install(FILES simulator/simulator.h DESTINATION ${headers}/simulator COMPONENT Simulator)
+install(FILES quillbox/testing/quillbox_test.h quillbox/testing/quillbox_pytest.py
+        DESTINATION ${shared}/testing COMPONENT Simulator)
 install(FILES src/toolkit/api.json src/toolkit/api.schema.json DESTINATION ${shared}
         COMPONENT Development)
 install(DIRECTORY examples bindings DESTINATION ${shared} COMPONENT Development
@@ -118,13 +120,16 @@ endif()
 if(TARGET quillctl)
   file(RELATIVE_PATH libraries ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
   # Also search for the server library beside quillctl and in the library folder.
-  set_target_properties(quillctl PROPERTIES INSTALL_RPATH "$ORIGIN;$ORIGIN/${libraries}")
+  set_target_properties(quillctl quillbox PROPERTIES INSTALL_RPATH "$ORIGIN;$ORIGIN/${libraries}")
   install(TARGETS quillctl COMPONENT Tools)
+  install(TARGETS quillbox EXPORT QuillkitToolTargets COMPONENT Tools)
+  install(EXPORT QuillkitToolTargets NAMESPACE Quillkit:: DESTINATION ${package} COMPONENT Tools)
   install(FILES quillctl/quillctl.schema.json DESTINATION ${shared} COMPONENT Tools)
   install(DIRECTORY quillctl/data/ DESTINATION ${shared}/quillctl COMPONENT Tools
           FILES_MATCHING PATTERN "*.csv" PATTERN "*.ldif")
   if(NOT WIN32)
-    install(FILES docs/quillctl.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT Tools)
+    install(FILES docs/quillctl.1 docs/quillbox.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1
+            COMPONENT Tools)
   endif()
 endif()
 

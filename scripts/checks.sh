@@ -39,13 +39,13 @@ check_shared_objects() {
   check_shared_object "$1/libquillkit_c.so" src/capi/quillkit_c.def "${event_loop[@]}"
 }
 
-# check_hardening FOLDER: checks that the four libraries and programs in a folder are hardened.
+# check_hardening FOLDER: checks that the five libraries and programs in a folder are hardened.
 check_hardening() {
   local files
   mapfile -t files < <(find "$1" -type f \( -name 'libQuillkit.so*' -o -name 'libquillkit_c.so*' \
-    -o -name libIMSPAPI.so -o -name quillctl -o -iname '*.dll' -o -name quillctl.exe \))
-  if [ ${#files[@]} != 4 ]; then
-    echo "$1 should hold four libraries and programs, but holds: ${files[*]}"
+    -o -name libIMSPAPI.so -o -name quillctl -o -name quillbox -o -iname '*.dll' -o -name quillctl.exe -o -name quillbox.exe \))
+  if [ ${#files[@]} != 5 ]; then
+    echo "$1 should hold five libraries and programs, but holds: ${files[*]}"
     return 1
   fi
   scripts/check_hardening "${files[@]}"

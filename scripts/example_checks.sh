@@ -56,6 +56,14 @@ compare_examples() {
   echo "$# examples print the expected output: $*"
 }
 
+# check_pytest_example FOLDER: runs the tests of test_panel.py with quillbox in the folder.
+check_pytest_example() {
+  local folder
+  folder=$(realpath "$1")
+  PATH=$folder:$PATH QUILLBOX=$folder/quillbox PYTHONPATH=$PWD/quillbox/testing \
+    /usr/bin/python3 -B -m pytest -q -p no:cacheprovider examples/test_panel.py
+}
+
 # check_python_example FOLDER: runs the Python example with the library in the folder.
 check_python_example() {
   if ! python3 examples/soft_keys.py "$1/libquillkit_c.so" | diff examples/soft_keys.txt -; then

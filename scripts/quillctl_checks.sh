@@ -152,31 +152,31 @@ check_demo() {
   echo "the demo of the installed quillctl matches the transcript"
 }
 
-# check_manual FOLDER: tests that the manual page describes exactly the commands and long options that
-# the quillctl in the folder has, each option with its command.
+# check_manual FOLDER PROGRAM: tests that the manual page of quillctl or quillbox describes exactly the
+# commands and long options that the program in the folder has, each option with its command.
 check_manual() {
-  local page=docs/quillctl.1 offered
+  local page=docs/$2.1 offered
   mandoc -T lint -W warning "$page" || return 1
-  offered=$(offers "$1/quillctl") || return 1
-  if ! diff <(echo "$offered") <(awk '
-    /^\.Sh/ { command = $2 == "OPTIONS" ? "quillctl" : "" }
+  offered=$(offers "$1/$2") || return 1
+  if ! diff <(echo "$offered") <(awk -v program="$2" '
+    /^\.Sh/ { command = $2 == "OPTIONS" ? program : "" }
     /^\.It Ic/ { command = $4 ~ /^[a-z]/ ? $3 " " $4 : $3; print command }
     /^\.It/ && command != "" {
       for (i = 2; i < NF; ++i) if ($i == "Fl" && $(i + 1) ~ /^-/) print command, "-" $(i + 1)
     }' "$page" | sort -u); then
-    echo "$page differs from quillctl --help (< missing in the page, > missing in quillctl)"
+    echo "$page differs from $2 --help (< missing in the page, > missing in the program)"
     return 1
   fi
-  echo "$page describes all $(echo "$offered" | wc -l) commands and options of quillctl"
+  echo "$page describes all $(echo "$offered" | wc -l) commands and options of $2"
 }
 
-# offers QUILLCTL: prints its commands, and each long option after the name of its command, one per
+# offers PROGRAM: prints its commands, and each long option after the name of its command, one per
 # line.
 offers() {
   local command part parts options="s/^  \(-[a-z],\)\{0,1\}\(--[a-z-]*\).*/\2/p"
   local subcommands='/^Subcommands:/,/^$/s/^  \([a-z-]*\) .*/\1/p'
   {
-    "$1" --help | sed -n "$options" | sed 's/^/quillctl /'
+    "$1" --help | sed -n "$options" | sed "s/^/$(basename "$1") /"
     for command in $("$1" --help | sed -n "$subcommands"); do
       parts=$("$1" "$command" --help | sed -n "$subcommands")
       for part in $parts; do offered_by "$1" "$command" "$part"; done

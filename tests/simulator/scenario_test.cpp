@@ -1,6 +1,7 @@
 // Scenarios: the books, limits, settings and faults of a file.
 
 #include "tests/simulator/server_fixture.h"
+#include "tests/support/program_run.h"
 #include "tests/support/scratch_folder.h"
 
 namespace quillkit {
@@ -144,6 +145,10 @@ TEST_F(ScenarioTest, NamesTheFaultsThatHaveNotFired) {
       << "the earlier fault applied to the same call";
   EXPECT_EQ(SimulatorUnfiredFault(1), nullptr);
   SimulatorReset();
+}
+
+TEST(PanelExample, PassesItsTests) {
+  EXPECT_THAT(OutputOf(ProgramFolder(), "panel_test"), HasSubstr("[  PASSED  ] 2 tests.\nexit 0"));
 }
 
 }  // namespace
