@@ -21,6 +21,11 @@ std::string Quoted(const std::string& argument) {
   return quoted + '"';
 }
 
+// Handles every interrupt of the console by doing nothing.
+BOOL WINAPI IgnoreInterrupt(DWORD /*kind*/) {
+  return TRUE;
+}
+
 }  // namespace
 
 const char* const kSimulatorFile = "IMSPAPI.DLL";
@@ -37,8 +42,8 @@ int RunProgram(const std::vector<std::string>& command) {
   std::vector<const char*> arguments;
   for (const std::string& each : quoted) arguments.push_back(each.c_str());
   arguments.push_back(nullptr);
-  // Without a handler, but for this process only: the program handles its own interrupts.
-  SetConsoleCtrlHandler([](DWORD) { return TRUE; }, TRUE);
+  // A handler is not inherited: the program handles its own interrupts.
+  SetConsoleCtrlHandler(IgnoreInterrupt, TRUE);
   return static_cast<int>(_spawnvp(_P_WAIT, command[0].c_str(), arguments.data()));
 }
 
