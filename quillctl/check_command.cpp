@@ -35,9 +35,19 @@ void PrintLine(const Step& step, const Outcome& outcome) {
   std::cout << std::endl;  // a step may take long: show each one at once
 }
 
-std::vector<Step> Steps(bool write) {
+struct Arguments {
+  bool write = false;
+  bool keepAlive = false;
+  bool json = false;
+  std::string save;
+  std::string compare;
+};
+
+std::vector<Step> Steps(const Arguments& arguments) {
   std::vector<Step> steps = ReadingSteps();
-  for (const auto& more : {write ? ChangingSteps() : std::vector<Step>(), ClosingSteps()}) {
+  for (const auto& more : {BookSteps(), arguments.write ? ChangingSteps() : std::vector<Step>(),
+                           ServiceSteps(arguments.write, arguments.keepAlive),
+                           AnswerSteps(arguments.save, arguments.compare), ClosingSteps()}) {
     steps.insert(steps.end(), more.begin(), more.end());
   }
   return steps;
@@ -50,12 +60,13 @@ std::string Summary(std::size_t steps, std::size_t failed, std::size_t skipped) 
                       : "compatibility with Quillkit was not fully tested");
 }
 
-// Runs the steps, the changing ones only if `write` is set. Prints a line for each and the verdict,
+// Runs the steps, the changing ones only if requested. Prints a line for each and the verdict,
 // or all of it as JSON. Unless all steps passed, throws a Refusal with the verdict, or
 // a PartialFailure after an interruption.
-void CheckAppliance(const Credentials& credentials, bool write, bool json) {
+void CheckAppliance(const Credentials& credentials, const Arguments& arguments) {
   CheckRun check(credentials);
-  const std::vector<Step> steps = Steps(write);
+  const bool json = arguments.json;
+  const std::vector<Step> steps = Steps(arguments);
   std::size_t counts[kResults] = {};
   Json list = Json::array();
   for (const Step& step : steps) {
@@ -126,16 +137,20 @@ std::string FreeName(quillkit::CTopLevelAB* book, const std::string& taken) {
 }
 
 void AddCheckCommand(Commands& commands) {
-  struct Arguments {
-    bool write = false;
-    bool json = false;
-  };
   const auto a = std::make_shared<Arguments>();
   CLI::App* check =
       commands.AddWithoutLogin("check", "Test whether an appliance is compatible with Quillkit",
-                               [a](const Credentials& c) { CheckAppliance(c, a->write, a->json); });
+                               [a](const Credentials& c) { CheckAppliance(c, *a); });
   check->add_flag("--write", a->write,
-                  "Also add a soft key with an unused name, change it and delete it again");
+                  "Also add a soft key and an entry with unused names, change and delete them");
+  check->add_flag("--keep-alive", a->keepAlive,
+                  "Also wait for two periods of the keep-alive, usually two minutes");
+  check->add_option("--save-answers", a->save, "Save what the appliance answers in this file")
+      ->type_name("FILE");
+  check
+      ->add_option("--compare-answers", a->compare,
+                   "List the answers that differ from those in this file")
+      ->type_name("FILE");
   AddJson(check, a->json);
 }
 

@@ -86,9 +86,20 @@ struct Step {
 // succeeded.
 std::vector<Step> ReadingSteps();
 
+// Steps that read the address books and the distribution lists and change nothing.
+std::vector<Step> BookSteps();
+
 // Steps that add a key, change it and delete it again. The key is also deleted after a failure or
 // an interruption. If that fails, the last step reports that the key still exists.
 std::vector<Step> ChangingSteps();
+
+// Steps that import an entry and delete it again, and that wait for two periods of the keep-alive.
+// Each only if it is requested.
+std::vector<Step> ServiceSteps(bool write, bool keepAlive);
+
+// Steps that save the answer sheet in a file, and that compare it with a file. An
+// empty path adds no step.
+std::vector<Step> AnswerSteps(const std::string& savePath, const std::string& comparePath);
 
 std::vector<Step> ClosingSteps();
 

@@ -99,6 +99,9 @@ clean_session() {
   printf '%s\n' 'quillbox state 1' 'book 512 "Desks" ""' 'entry "Agnes"' end \
     >"$1/session_damaged"
   cp tests/quillctl/ewa.book "$1/session_ewa.book"
+  cp simulator/answers.json "$1/session_answers"
+  sed 's/code 7, /code 0, /' simulator/answers.json >"$1/session_other_answers"
+  printf '%s\n' 'quillbox scenario 1' 'clock real' 'keep-alive 300' >"$1/session_scenario"
   head -c 300 tests/quillctl/ewa.book >"$1/session_cut.book"
   echo yes >"$1/session_yes"
   echo no >"$1/session_no"

@@ -1,0 +1,198 @@
+// The answer sheet of `quillctl check`: what an appliance answers to a fixed list of questions,
+// which do not depend on its entries.
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "bridge/records.h"
+#include "bridge/the_agent.h"
+#include "quillctl/check_command.h"
+#include "quillctl/displayed_text.h"
+#include "quillctl/failures.h"
+#include "quillctl/json_output.h"
+#include "quillctl/session.h"
+#include "quillctl/text_file.h"
+#include "toolkit/version.h"
+
+namespace quillctl {
+namespace {
+
+using quillkit::ABIdent;
+using quillkit::BookKind;
+using quillkit::EntryKey;
+using quillkit::KeyRange;
+using quillkit::TheAgent;
+
+constexpr const char* kFormatMember = "quillbox-answers";
+constexpr const char* kAbsent = "quillctl absent";  // no book and no entry has this name
+constexpr std::uint32_t kRoom = 4;
+constexpr std::size_t kMaxSheet = std::size_t{1} << 20;
+
+struct Answer {
+  std::string question;
+  std::string answer;  // the status and, if any, the count
+};
+
+// The arguments of a question, and the count that the call changes.
+struct Asked {
+  ABIdent email{BookKind::kEmail, quillkit::kEmailBook};
+  ABIdent wrong{BookKind::kEmail, kAbsent};
+  ABIdent key{BookKind::kKeyItems, kAbsent};
+  ABIdent list{BookKind::kPublicList, kAbsent};
+  ABIdent unknown{static_cast<BookKind>(5), ""};
+  EntryKey absent{kAbsent};
+  EntryKey blank;
+  std::array<char, kRoom * 1024> records{};  // more than any record
+  std::array<quillkit::PageBoundary, kRoom> letters;
+  std::uint32_t count = kRoom;
+};
+
+std::int32_t Read(Asked& a, ABIdent& book, const char* filter, std::int32_t direction) {
+  KeyRange range("", filter);
+  return TheAgent.IMSPReadAB(&book, &range, a.records.data(), &a.count, direction);
+}
+
+struct Question {
+  const char* text;
+  std::int32_t (*ask)(Asked&);
+  bool hasCount = false;
+};
+
+constexpr Question kQuestions[] = {
+    {"size of a key that does not exist",
+     [](Asked& a) { return TheAgent.IMSPSizeofAB(&a.key, &a.count); }, true},
+    {"size of a list that does not exist",
+     [](Asked& a) { return TheAgent.IMSPSizeofAB(&a.list, &a.count); }, true},
+    {"size of the e-mail book under another name",
+     [](Asked& a) { return TheAgent.IMSPSizeofAB(&a.wrong, &a.count); }, true},
+    {"size of a book of an unknown kind",
+     [](Asked& a) { return TheAgent.IMSPSizeofAB(&a.unknown, &a.count); }, true},
+    {"number of entries with a name that does not exist",
+     [](Asked& a) { return TheAgent.IMSPSizeofAB(&a.email, &a.count, kAbsent); }, true},
+    {"read entries with a name that does not exist",
+     [](Asked& a) { return Read(a, a.email, kAbsent, 1); }, true},
+    {"read them backward", [](Asked& a) { return Read(a, a.email, kAbsent, 0); }, true},
+    {"read a key that does not exist", [](Asked& a) { return Read(a, a.key, "*", 1); }, true},
+    {"read a list that does not exist", [](Asked& a) { return Read(a, a.list, "*", 1); }, true},
+    {"census of a list that does not exist",
+     [](Asked& a) { return TheAgent.IMSPReadPageBoundaries(&a.list, a.letters.data(), &a.count); },
+     true},
+    {"read an entry that does not exist",
+     [](Asked& a) {
+       return TheAgent.IMSPReadEntryProperties(&a.email, &a.absent, a.records.data());
+     }},
+    {"read an entry without a name",
+     [](Asked& a) {
+       return TheAgent.IMSPReadEntryProperties(&a.email, &a.blank, a.records.data());
+     }},
+    {"check a text that is too long", [](Asked&) { return TheAgent.IMSPCheckString("text", 3); }},
+    {"check a text with a quote", [](Asked&) { return TheAgent.IMSPCheckString("a\"b", 9); }},
+    {"keep the session alive", [](Asked&) { return TheAgent.IMSPWakeup(); }},
+};
+
+std::string Today() {
+  const std::chrono::year_month_day date(
+      std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now()));
+  const auto twoDigits = [](unsigned number) {
+    return (number < 10 ? "-0" : "-") + std::to_string(number);
+  };
+  return std::to_string(static_cast<int>(date.year())) +
+         twoDigits(static_cast<unsigned>(date.month())) +
+         twoDigits(static_cast<unsigned>(date.day()));
+}
+
+std::string TextMember(const Json& object, const char* name) {
+  const Json value = object.is_object() ? object.value(name, Json()) : Json();
+  if (!value.is_string()) throw UsageError(std::string("an answer has no text \"") + name + '"');
+  return value.get<std::string>();
+}
+
+const Answer* FindAnswer(const std::vector<Answer>& answers, const std::string& question) {
+  const auto found = std::ranges::find(answers, question, &Answer::question);
+  return found != answers.end() ? &*found : nullptr;
+}
+
+// Asks the appliance in the open session. Changes nothing on it.
+std::vector<Answer> AskAppliance(const Session& /*session*/) {
+  std::vector<Answer> answers;
+  for (const Question& each : kQuestions) {
+    Asked asked;
+    std::string answer = CodeAndText(each.ask(asked));
+    if (each.hasCount) answer += "; count " + std::to_string(asked.count);
+    answers.push_back({each.text, std::move(answer)});
+  }
+  return answers;
+}
+
+// Returns the sheet as JSON, with the version of Quillkit, the date and the identity of the
+// appliance.
+std::string SheetOf(const std::vector<Answer>& answers, const Session& session) {
+  Json sheet = {{kFormatMember, 1}, {"quillkit", QUILLKIT_VERSION}, {"date", Today()}};
+  SetText(sheet, "model", quillkit::GetScannerModel(session.Scanner()));
+  SetText(sheet, "version", quillkit::GetScannerVersion(session.Scanner()));
+  sheet["answers"] = Json::array();
+  for (const Answer& each : answers) {
+    sheet["answers"].push_back({{"question", each.question}, {"answer", each.answer}});
+  }
+  return sheet.dump(2) + '\n';
+}
+
+// Throws a UsageError for a file that is not a sheet.
+std::vector<Answer> ParseSheet(const std::string& json) {
+  const Json sheet = Json::parse(json, nullptr, false);
+  if (!sheet.is_object() || sheet.value(kFormatMember, Json()) != Json(1) ||
+      !sheet.contains("answers") || !sheet["answers"].is_array()) {
+    throw UsageError("not an answer sheet: \"quillbox-answers\": 1 or its answers are missing");
+  }
+  std::vector<Answer> answers;
+  for (const Json& each : sheet["answers"]) {
+    answers.push_back({TextMember(each, "question"), TextMember(each, "answer")});
+  }
+  return answers;
+}
+
+// Throws a Refusal that lists the questions with another answer, and those that only one sheet has.
+void RequireSame(const std::vector<Answer>& saved, const std::vector<Answer>& now) {
+  std::string differences;
+  const auto add = [&differences](const std::string& text) {
+    differences += (differences.empty() ? "" : "\n  ") + text;
+  };
+  for (const Answer& each : now) {
+    const Answer* const before = FindAnswer(saved, each.question);
+    if (before != nullptr && before->answer == each.answer) continue;
+    add(each.question + ": " + each.answer +
+        (before != nullptr ? "; in the file: " + before->answer : "; the file has no answer"));
+  }
+  for (const Answer& each : saved) {
+    if (FindAnswer(now, each.question) != nullptr) continue;
+    add(each.question + ": not asked; in the file: " + each.answer);
+  }
+  if (!differences.empty()) throw Refusal(differences);
+}
+
+}  // namespace
+
+std::vector<Step> AnswerSteps(const std::string& savePath, const std::string& comparePath) {
+  std::vector<Step> steps;
+  if (!savePath.empty()) {
+    steps.push_back({"save the answers", [savePath](CheckRun& check) {
+                       const std::vector<Answer> answers = AskAppliance(check.OpenSession());
+                       WriteTextFile(savePath, SheetOf(answers, check.OpenSession()));
+                       return Counted(answers.size(), "answer") + " in " + QuotedFileName(savePath);
+                     }});
+  }
+  if (!comparePath.empty()) {
+    steps.push_back({"compare the answers", [comparePath](CheckRun& check) {
+                       RequireSame(ParseSheet(ReadTextFile(comparePath, kMaxSheet)),
+                                   AskAppliance(check.OpenSession()));
+                       return "they are those in " + QuotedFileName(comparePath);
+                     }});
+  }
+  return steps;
+}
+
+}  // namespace quillctl
