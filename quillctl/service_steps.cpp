@@ -67,7 +67,15 @@ class ImportTrial {
   }
 
  private:
-  std::int32_t Read() { return TheAgent.IMSPReadEntryProperties(&book, &key, &entry); }
+  // Returns the status. Throws a Refusal if the appliance delivers another entry.
+  std::int32_t Read() {
+    entry = {};
+    const std::int32_t status = TheAgent.IMSPReadEntryProperties(&book, &key, &entry);
+    if (status == 0 && !(entry.name == key.name)) {
+      throw Refusal("the appliance delivers another entry");
+    }
+    return status;
+  }
 
   bool isPublic;
   quillkit::ABIdent book;
