@@ -9,6 +9,11 @@ TemporaryFile::TemporaryFile()
   if (!created.file.IsOpen()) throw Refusal(kNoTemporaryFile);
 }
 
+TemporaryFile::TemporaryFile(std::string_view bytes) : TemporaryFile() {
+  created.file.Write(bytes);
+  if (!created.file.Close()) throw Refusal(kNoTemporaryFile);
+}
+
 // Some systems cannot delete an open file.
 TemporaryFile::~TemporaryFile() {
   created.file.Close();

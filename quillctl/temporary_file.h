@@ -4,6 +4,7 @@
 #define QUILLCTL_TEMPORARY_FILE_H_
 
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "platform/files.h"
@@ -20,6 +21,8 @@ class TemporaryFile {
  public:
   // Creates an empty file, open for writing. Throws a Refusal on failure.
   TemporaryFile();
+  // Creates a file with these bytes and closes it. Throws a Refusal on failure.
+  explicit TemporaryFile(std::string_view bytes);
   TemporaryFile(const TemporaryFile&) = delete;
   TemporaryFile& operator=(const TemporaryFile&) = delete;
   ~TemporaryFile();
