@@ -21,6 +21,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/secret.h"
 #include "simulator/book_type.h"
 #include "simulator/limits.h"
 #include "simulator/ordered.h"
@@ -29,10 +30,18 @@
 namespace quillbox {
 
 // The bytes of one record, of the size that the type of the book defines. Records end with many
-// zeros, which take no memory.
+// zeros, which take no memory. They are wiped at the end: a record may hold a password.
 class Record {
  public:
   Record() = default;
+  Record(const Record&) = default;
+  Record(Record&&) = default;
+  Record& operator=(Record other) noexcept {
+    kept.swap(other.kept);
+    std::swap(size, other.size);
+    return *this;
+  }
+  ~Record() { quillkit::WipeBytes(kept.data(), kept.size()); }
   explicit Record(std::string_view bytes)
       : kept(bytes.substr(0, bytes.find_last_not_of('\0') + 1)),
         size(static_cast<std::uint32_t>(bytes.size())) {}
