@@ -9,19 +9,22 @@
 
 transcript=tests/quillctl/transcript
 
-# check_quillctl FOLDER: compares two runs of the quillctl in the folder with the transcript. Also
-# tests password prompts, completion and the JSON output. scripts/check_failures tests failing calls.
+# check_quillctl FOLDER: compares two runs of the quillctl in the folder with the transcript, the
+# second one with a server library that has no entry points but those of a real one. Also tests
+# password prompts, completion and the JSON output. scripts/check_failures tests failing calls.
 check_quillctl() {
-  local pass
-  write_session "$1" quillctl_session.sh \
-    -e "h; s|^\$ .*|echo '&'|p; g" \
-    -e "s|^\$ quillctl \(.*\)|./quillctl \1 2>\&1\\necho status \$?|p" \
-    -e "s|^\$ set |export |p" \
-    -e "s|^\$ show |cat |p"
-  for pass in 1 2; do
-    clean_session "$1"
-    (cd "$1" && env -u QUILLCTL_PASSWORD sh quillctl_session.sh </dev/null) |
-      compare_transcript "$1" "$pass" || return 1
+  local folder
+  ln -f "$1/quillctl" "$1/bare/"
+  cp -r "$1/data" "$1/bare/"
+  for folder in "$1" "$1/bare"; do
+    write_session "$folder" quillctl_session.sh \
+      -e "h; s|^\$ .*|echo '&'|p; g" \
+      -e "s|^\$ quillctl \(.*\)|./quillctl \1 2>\&1\\necho status \$?|p" \
+      -e "s|^\$ set |export |p" \
+      -e "s|^\$ show |cat |p"
+    clean_session "$folder"
+    (cd "$folder" && env -u QUILLCTL_PASSWORD sh quillctl_session.sh </dev/null) |
+      compare_transcript "$folder" "in ${folder#"${1%/*}"/}" || return 1
   done
   if [ "$(stat -c %a "$1/session_state")" != 600 ]; then
     echo "other users can read the simulator's state file, which contains passwords"
