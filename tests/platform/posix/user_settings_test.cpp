@@ -4,6 +4,7 @@
 #include <sys/ptrace.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -11,8 +12,10 @@
 #include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <thread>
 
+#include "platform/written_file.h"
 #include "settings/ldap_settings_store.h"
 #include "tests/platform/user_settings_fixture.h"
 
@@ -155,6 +158,40 @@ TEST_F(SettingsFolderTest, ReadsReturnWholeValuesWhileWritersRunAndAreKilled) {
 
 // --- Processes that are stopped ---
 
+// Starts `work` in a process of its own that this one traces. It stops before the work.
+template <class Work>
+pid_t StartStopped(Work work) {
+  return Start([&] {
+    return ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) == 0 && raise(SIGSTOP) == 0 && work();
+  });
+}
+
+// Power may be lost at any time: the disk must have the bytes before the file has its name.
+TEST_F(SettingsFolderTest, FilesAreSyncedBeforeTheyGetTheirNames) {
+  const std::string file = home.PathOf("file");
+  const std::function<bool()> kWrites[] = {
+      [&] { return WriteText(key, "v", "new") == kSettingsDone; },
+      [&] { return WriteFileWhole(file, "new"); }};
+  for (const auto& write : kWrites) {
+    const pid_t process = StartStopped(write);
+    std::string calls;
+    int status = 0;
+    waitpid(process, &status, WUNTRACED);
+    if (!WIFSTOPPED(status)) GTEST_SKIP() << "processes cannot be traced";
+    ptrace(PTRACE_SETOPTIONS, process, nullptr, PTRACE_O_TRACESYSGOOD);  // to get the call
+    for (; WIFSTOPPED(status); waitpid(process, &status, 0)) {
+      __ptrace_syscall_info call = {};
+      EXPECT_GT(ptrace(PTRACE_GET_SYSCALL_INFO, process, sizeof call, &call), 0);
+      const bool isEntry = call.op == PTRACE_SYSCALL_INFO_ENTRY;
+      if (isEntry && call.entry.nr == SYS_fsync) calls += "sync ";
+      if (isEntry && call.entry.nr == SYS_renameat) calls += "rename ";
+      ptrace(PTRACE_SYSCALL, process, nullptr, nullptr);
+    }
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(calls, "sync rename ");
+  }
+}
+
 // A change of a key is stopped after each of its system calls. It is then killed, or continued
 // after the next change has begun. Each value must be complete, the key must exist with all of its
 // values or not at all, and the next change must remove what a killed one left.
@@ -186,10 +223,7 @@ TEST_F(SettingsFolderTest, ChangesOfStoppedProcessesAreAtomicAndIndependent) {
                    << " system calls, then value " << each.next.text);  // null: a deletion
       fs::remove_all(folder / "inner");
       if (each.isThere) fs::copy(folder / "prepared", folder / "inner");
-      const pid_t process = Start([&] {
-        return ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) == 0 && raise(SIGSTOP) == 0 &&
-               make(each.change);
-      });
+      const pid_t process = StartStopped([&] { return make(each.change); });
       int status = 0;
       waitpid(process, &status, WUNTRACED);
       for (int stop = 0; stop < 2 * calls && WIFSTOPPED(status); ++stop) {  // two a call
