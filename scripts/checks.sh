@@ -32,11 +32,30 @@ check_shared_object() {
   same_names "$file" "$expected" "$found"
 }
 
+# check_side_effects FILE: a library imports no function by which it would change the process (its
+# signals, threads, child processes, environment, locale, folder or file mode mask), end it, or open a
+# network connection.
+check_side_effects() {
+  local names=(_exit _Exit exit quick_exit raise kill tgkill pthread_kill signal sigaction sigprocmask
+    pthread_sigmask sigaltstack alarm setitimer 'fork|vfork|clone|system|popen' 'posix_spawnp?|exec[lv][pe]*'
+    'pthread_create|thrd_create|_ZNSt6thread15.*' 'setenv|unsetenv|putenv|clearenv'
+    'setlocale|uselocale|_ZNSt6locale6global.*' 'f?chdir|_ZNSt10filesystem12current_pathERK.*' umask
+    'socket|socketpair|connect|bind|listen')
+  if nm -D --undefined-only "$1" | sed 's/^ *[A-Za-z] //; s/@.*//' |
+    grep -xE "$(IFS='|' && echo "${names[*]}")"; then
+    echo "$1 imports these functions, which change the process of the application"
+    return 1
+  fi
+  echo "$1 imports no function that changes the process"
+}
+
 # check_shared_objects FOLDER: checks the shared libraries that applications link.
 check_shared_objects() {
   local event_loop=(QuillkitDispatchEvents QuillkitEventDescriptor)
-  check_shared_object "$1/libQuillkit.so" src/toolkit/quillkit.def "${event_loop[@]}"
-  check_shared_object "$1/libquillkit_c.so" src/capi/quillkit_c.def "${event_loop[@]}"
+  check_shared_object "$1/libQuillkit.so" src/toolkit/quillkit.def "${event_loop[@]}" &&
+    check_side_effects "$1/libQuillkit.so" &&
+    check_shared_object "$1/libquillkit_c.so" src/capi/quillkit_c.def "${event_loop[@]}" &&
+    check_side_effects "$1/libquillkit_c.so"
 }
 
 # check_hardening FOLDER: checks that the five libraries and programs in a folder are hardened.
