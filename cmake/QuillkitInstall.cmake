@@ -5,7 +5,7 @@
 #                bindings, examples
 #   Simulator    the simulated appliance, outside the default library path
 #   Tools        quillctl and quillbox, their manual pages, and the sample files of quillctl
-#   Documents    README, CHANGELOG and docs/
+#   Documents    README, CHANGELOG, SECURITY and docs/
 include(CMakePackageConfigHelpers)
 include(QuillkitHeaders)
 
@@ -135,6 +135,6 @@ endif()
 
 # In the same layout as here, so that links between the documents work.
 set(documents ${CMAKE_INSTALL_DATADIR}/doc/quillkit)
-install(FILES README.md CHANGELOG.md DESTINATION ${documents} COMPONENT Documents)
+install(FILES README.md CHANGELOG.md SECURITY.md DESTINATION ${documents} COMPONENT Documents)
 install(DIRECTORY docs DESTINATION ${documents} COMPONENT Documents
         FILES_MATCHING PATTERN "*.md" PATTERN reference EXCLUDE)
