@@ -93,6 +93,14 @@ function(quillkit_exports target def)
   set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${version_script})
 endfunction()
 
+# quillkit_describe_types(target sources): in the build with sanitizers, the debug information of these
+# sources of the current folder contains the types of the exported functions, for scripts/check_abi.
+function(quillkit_describe_types target)
+  if(QUILLKIT_SANITIZE)
+    set_property(SOURCE ${ARGN} TARGET_DIRECTORY ${target} APPEND PROPERTY COMPILE_OPTIONS -g2)
+  endif()
+endfunction()
+
 # quillkit_versioned(target): the shared library carries the project's version, on POSIX in its file
 # names and on Windows as a resource. The resource is a target of its own because the resource
 # compiler does not accept the options of the sources.
