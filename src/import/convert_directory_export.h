@@ -35,10 +35,6 @@ class DirectoryEntry {
   // completes an entry. Name() and Address() are then valid until the next call.
   bool ProcessLine(std::string_view line);
 
-  // Return whether the incomplete entry has the value; false after it was complete.
-  bool HasName() const { return name.IsSeen(); }
-  bool HasAddress() const { return address.IsSeen(); }
-
   // Return the latest values.
   std::string_view Name() const { return name.Value(); }
   std::string_view Address() const { return address.Value(); }

@@ -52,6 +52,25 @@ std::string_view FindAddress(std::string_view text) {
   return text;
 }
 
+// The parts of a row. Missing parts are null.
+struct MailServerRow {
+  std::string_view name;  // also null in a row that ends with its name
+  std::string_view address;
+};
+
+// Splits a row, with its newline if it has one. The values point into `line`, which is changed.
+MailServerRow SplitRow(TextSpan line) {
+  MailServerRow row;
+  if (!View(line).starts_with(kRowWord)) return row;
+  const TextSpan rest = line.subspan(kRowWord.size());
+  if (!BeginsWith(rest, ',')) return row;
+  const TextSpan name = NameField(rest.subspan(1));
+  if (name.data() == nullptr || End(name) == End(line)) return row;
+  row.name = View(name);
+  row.address = FindAddress({End(name) + 1, End(line)});
+  return row;
+}
+
 }  // namespace
 
 std::int32_t ConvertMailServerExport(ConversionJob job) {
@@ -62,7 +81,7 @@ std::int32_t ConvertMailServerExport(ConversionJob job) {
 
   for (TextSpan line; conversion.NextLine(&line);) {
     PumpPendingMessages(job.pumpWindow, job.restoreCursor);
-    const MailServerRow row = SplitMailServerRow(line);
+    const MailServerRow row = SplitRow(line);
     const std::string_view values[] = {row.name, row.address};
     if (row.address.data() != nullptr) {
       conversion.AddEntry(EmailScriptBook(), values);
@@ -71,19 +90,6 @@ std::int32_t ConvertMailServerExport(ConversionJob job) {
     }
   }
   return conversion.Close();
-}
-
-MailServerRow SplitMailServerRow(TextSpan line) {
-  MailServerRow row;
-  if (!View(line).starts_with(kRowWord)) return row;
-  const TextSpan rest = line.subspan(kRowWord.size());
-  row.isMailbox = rest.empty() || rest.front() == ',';
-  if (!row.isMailbox || rest.empty()) return row;
-  const TextSpan name = NameField(rest.subspan(1));
-  if (name.data() == nullptr || End(name) == End(line)) return row;
-  row.name = View(name);
-  row.address = FindAddress({End(name) + 1, End(line)});
-  return row;
 }
 
 }  // namespace quillkit

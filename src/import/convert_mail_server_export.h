@@ -14,25 +14,13 @@
 #define QUILLKIT_IMPORT_CONVERT_MAIL_SERVER_EXPORT_H_
 
 #include <cstdint>
-#include <string_view>
 
 #include "import/conversion_job.h"
-#include "import/line_reader.h"
 
 namespace quillkit {
 
 // Argument and results are those of ConvertDirectoryExport.
 std::int32_t ConvertMailServerExport(ConversionJob job);
-
-// The parts of a row. Missing parts are null.
-struct MailServerRow {
-  bool isMailbox = false;  // whether the first field is the word Mailbox
-  std::string_view name;   // also null in a row that ends with its name
-  std::string_view address;
-};
-
-// Splits a row, with its newline if it has one. The values point into `line`, which is changed.
-MailServerRow SplitMailServerRow(TextSpan line);
 
 }  // namespace quillkit
 
