@@ -76,6 +76,17 @@ Status ReadEntry(OpenEntries* entries, const std::string& name, quill_entry* ent
   });
 }
 
+// Whether a read with this status delivers entries.
+bool IsRead(Status status) {
+  return status == kNoError || status == kMoreData;
+}
+
+// Stores a count of 0 after a read that delivers nothing, also if an argument was refused.
+Status CountRead(Status status, std::uint32_t* count) {
+  if (!IsRead(status) && count != nullptr) *count = 0;
+  return status;
+}
+
 Status ReadPage(OpenEntries* entries, KeyRange range, std::int32_t direction, quill_entry* page,
                 std::uint32_t* count) {
   return WithAccess(entries, [&](auto& access) {
@@ -85,7 +96,7 @@ Status ReadPage(OpenEntries* entries, KeyRange range, std::int32_t direction, qu
     const ScopeExit wipe([&] { WipeBytes(records.data(), capacity * sizeof(Record)); });
     *count = capacity;
     const Status status = access.Read(&range, records.data(), count, direction);
-    if (status != kNoError && status != kMoreData) *count = 0;
+    if (!IsRead(status)) return status;
     const Record* first = records.data() + (direction == 1 ? 0 : capacity - *count);
     for (std::uint32_t i = 0; i < *count; ++i) StoreEntry(first[i], page[i]);
     return status;
@@ -100,7 +111,7 @@ Status EnumerateLists(const CScanner* box, std::int32_t kind, quill_entry* lists
   if (kind == QUILL_LIST_EMAIL) status = box->ListPublicLists(names.data(), count);
   if (kind == QUILL_LIST_PRIVATE_EMAIL) status = box->ListPrivateLists(names.data(), count);
   if (kind == QUILL_LIST_FAX) status = box->ListFaxLists(names.data(), count);
-  if (status != kNoError && status != kMoreData) *count = 0;
+  if (!IsRead(status)) return status;
   for (std::uint32_t i = 0; i < *count; ++i) {
     lists[i] = {};
     names[i].name.View().copy(lists[i].name, sizeof lists[i].name - 1);
@@ -150,7 +161,7 @@ Status CopyEntryOf(Move move, quill_entry* entry) {
     return kNoError;
   }
   const Status status = recorded.Get();
-  return status == kNoError || status == kMoreData ? kDataNotFound : status;
+  return IsRead(status) ? kDataNotFound : status;
 }
 
 Status OpenView(const HandleResult& result, CScanner* box, std::int32_t mode) {
@@ -199,13 +210,14 @@ int32_t quill_entry_count(quill_handle entries, uint32_t* count) {
 
 int32_t quill_read_entries(quill_handle entries, const char* first, const char* filter,
                            int32_t skip, int32_t direction, quill_entry* page, uint32_t* count) {
-  return InTurn(
+  const Status status = InTurn(
       [](OpenEntries* opened, const std::string& after, const std::string& pattern,
          std::int32_t skipped, std::int32_t way, quill_entry* target, std::uint32_t* size) {
         return ReadPage(opened, {after, pattern, skipped}, way, target, size);
       },
       EntriesArgument(entries), TextArgument(first), TextArgument(filter),
       Choice(skip, MaxEmailEntries), Choice(direction, 1), EntryResult(page), CountArgument(count));
+  return CountRead(status, count);
 }
 
 int32_t quill_read_entry(quill_handle entries, const char* name, quill_entry* entry) {
@@ -249,8 +261,9 @@ int32_t quill_delete_entry(quill_handle entries, const char* name) {
 
 int32_t quill_enumerate_lists(quill_handle scanner, int32_t kind, quill_entry* lists,
                               uint32_t* count) {
-  return InTurn(EnumerateLists, ScannerArgument(scanner), kind, EntryResult(lists),
-                CountArgument(count));
+  const Status status = InTurn(EnumerateLists, ScannerArgument(scanner), kind, EntryResult(lists),
+                               CountArgument(count));
+  return CountRead(status, count);
 }
 
 int32_t quill_create_list(quill_handle entries) {

@@ -507,7 +507,7 @@ QUILL_API int32_t QUILL_CALL quill_close_entries(quill_handle entries);
 QUILL_API int32_t QUILL_CALL quill_entry_count(quill_handle entries, uint32_t* count);
 
 // Reads a page: up to `*count` entries, at most QUILL_MAX_EMAIL_ENTRIES, in the order of the book,
-// and stores the number read in `*count`.
+// and stores the number read in `*count`: 0 after every failure.
 //   `first`      The page begins after this name; empty: at the beginning of the book.
 //   `filter`     "*" or empty for all entries, or text and "*" for names that begin with the text.
 //   `skip`       The number of entries to skip first.
@@ -534,8 +534,8 @@ QUILL_API int32_t QUILL_CALL quill_rename_entry(quill_handle entries, const char
 QUILL_API int32_t QUILL_CALL quill_delete_entry(quill_handle entries, const char* name);
 
 // Reads the names of all lists of a kind: up to `*count`, each as an entry without fields, and
-// stores the number read in `*count`. Returns QUILL_E_ARGUMENT for another `kind`.
-// Server calls: IMSPListAB.
+// stores the number read in `*count`: 0 after every failure. Returns QUILL_E_ARGUMENT for another
+// `kind`. Server calls: IMSPListAB.
 QUILL_API int32_t QUILL_CALL quill_enumerate_lists(quill_handle scanner, int32_t kind,
                                                    quill_entry* lists, uint32_t* count);
 

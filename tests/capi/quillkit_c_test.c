@@ -452,6 +452,10 @@ static void CheckPages(void) {
   EQ(2, count);
   EQ(1, strcmp(page[1].name, page[2].name) < 0 && strcmp(page[2].name, "Ewa Nowicka") < 0);
   EQ(QUILL_E_ARGUMENT, quill_read_entries(opened, "", "", -1, 1, page, &count));
+  EQ(0, count);
+  EQ(QUILL_STATUS_REFUSED, quill_read_entries(opened, "", "", 0, 1, page, &count));
+  EQ(QUILL_E_FOREIGN, quill_enumerate_lists(user, QUILL_LIST_FAX, page, (count = 4, &count)));
+  EQ(0, count);
   EQ(QUILL_E_ARGUMENT, quill_open_entries(box, 3, "", &output));
   EQ(QUILL_E_ARGUMENT, quill_open_view(box, 3, &view));
   for (mode = QUILL_VIEW_FULL; mode >= QUILL_VIEW_SLIDING; --mode) {
