@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <memory>
+#include <string_view>
 #include <type_traits>
 #include <vector>
 
 #include "appliance/scanner.h"
+#include "base/name_search.h"
 #include "books/email_ab.h"
 #include "capi/call_frame.h"
 #include "capi/entry_records.h"
@@ -123,29 +125,43 @@ Status ChangeList(OpenEntries* entries, auto change) {
   return entries->isList ? WithAccess(entries, change) : QUILL_E_ARGUMENT;
 }
 
+// Moves a full view to one of its entries, which Last and GetAt do not do. Makes no server call.
+CEmailEntry* MoveTo(CEmailAB& view, CEmailEntry* target) {
+  if (target == nullptr || view.ViewMode() != QUILL_VIEW_FULL) return target;
+  const CEmailEntry* reached = view.First();
+  while (reached != nullptr && reached != target) reached = view.Next();
+  return target;
+}
+
 CEmailEntry* Go(CEmailAB& view, std::int32_t where, std::int32_t index) {
   switch (where) {
     case QUILL_GO_FIRST:
       return view.First();
     case QUILL_GO_LAST:
-      return view.Last();
+      return MoveTo(view, view.Last());
     case QUILL_GO_NEXT:
       return view.Next();
     case QUILL_GO_PREV:
       return view.Prev();
     default:
-      return view.GetAt(index);
+      return MoveTo(view, view.GetAt(index));
   }
+}
+
+// Returns the entry if its name matches, otherwise null: a full view returns the nearest entry if
+// there is no match.
+CEmailEntry* Matching(CEmailEntry* entry, std::string_view key, bool wholeName) {
+  return entry != nullptr && NameMatches(entry->name.View(), key, wholeName) ? entry : nullptr;
 }
 
 CEmailEntry* Find(CEmailAB& view, std::int32_t what, const std::string& key) {
   switch (what) {
     case QUILL_FIND_NAME:
-      return view.Find(key, 0);
+      return Matching(view.Find(key, 1), key, true);
     case QUILL_FIND_PREFIX:
-      return view.FindPrefix(key);
+      return Matching(view.FindPrefix(key), key, false);
     case QUILL_FIND_LETTER:
-      return view.FindLetter(key.c_str()[0]);
+      return Matching(view.FindLetter(key.c_str()[0]), key.substr(0, 1), key.empty());
     default:
       return view.FindNextPrefix();
   }

@@ -535,7 +535,8 @@ QUILL_API int32_t QUILL_CALL quill_delete_entry(quill_handle entries, const char
 
 // Reads the names of all lists of a kind: up to `*count`, each as an entry without fields, and
 // stores the number read in `*count`: 0 after every failure. Returns QUILL_E_ARGUMENT for another
-// `kind`. Server calls: IMSPListAB.
+// `kind`.
+// Server calls: IMSPListAB.
 QUILL_API int32_t QUILL_CALL quill_enumerate_lists(quill_handle scanner, int32_t kind,
                                                    quill_entry* lists, uint32_t* count);
 
@@ -583,7 +584,8 @@ QUILL_API int32_t QUILL_CALL quill_close_view(quill_handle view);
 
 // Move the view, and copy the entry at the new position into `*entry`. `index` is that of
 // QUILL_GO_AT, from 0. Return 0; 4 if there is no such entry; another status if the server fails;
-// QUILL_E_ARGUMENT for an unknown `where` or `what`.
+// QUILL_E_ARGUMENT for an unknown `where` or `what`. A search without a hit can move the view, too.
+// In a full view, QUILL_FIND_NEXT finds nothing.
 // Server calls: those of the view; views/sliding_entry_view.h lists them.
 QUILL_API int32_t QUILL_CALL quill_view_go(quill_handle view, int32_t where, int32_t index,
                                            quill_entry* entry);

@@ -427,15 +427,20 @@ static void CheckPages(void) {
     int32_t find, what;  // QUILL_FIND_ or QUILL_GO_
     const char* key;
     const char* expected;
-  } kSteps[] = {{0, QUILL_GO_FIRST, "", "Agnes Moreau"},
-                {0, QUILL_GO_AT, "", "Harbour Insurance"},
-                {0, QUILL_GO_PREV, "", "Gareth Pugh"},
-                {0, QUILL_GO_NEXT, "", "Harbour Insurance"},
-                {1, QUILL_FIND_NAME, "Ewa Nowicka", "Ewa Nowicka"},
-                {1, QUILL_FIND_PREFIX, "A", "Agnes Moreau"},
-                {1, QUILL_FIND_NEXT, "", "All staff"},
-                {1, QUILL_FIND_LETTER, "G", "Gareth Pugh"},
-                {0, QUILL_GO_LAST, "", "\xD8"}};
+    int32_t absent;  // the modes without such an entry, each as bit 1 << mode
+  } kSteps[] = {{0, QUILL_GO_FIRST, "", "Agnes Moreau", 0},
+                {0, QUILL_GO_AT, "", "Harbour Insurance", 0},
+                {0, QUILL_GO_PREV, "", "Gareth Pugh", 0},
+                {0, QUILL_GO_NEXT, "", "Harbour Insurance", 0},
+                {1, QUILL_FIND_NAME, "Ewa Nowicka", "Ewa Nowicka", 0},
+                {1, QUILL_FIND_NAME, "Ewa", "no such name", 7},
+                {1, QUILL_FIND_PREFIX, "Ewb", "no such prefix", 7},
+                {1, QUILL_FIND_LETTER, "#", "no such letter", 7},
+                {1, QUILL_FIND_PREFIX, "A", "Agnes Moreau", 0},
+                {1, QUILL_FIND_NEXT, "", "All staff", 1 << QUILL_VIEW_FULL},
+                {1, QUILL_FIND_LETTER, "G", "Gareth Pugh", 0},
+                {0, QUILL_GO_LAST, "", "\xD8", 0},
+                {0, QUILL_GO_NEXT, "", "Harbour", 1 << QUILL_VIEW_SLIDING | 1 << QUILL_VIEW_FULL}};
   quill_entry page[4], entry;
   quill_handle opened, view;
   uint32_t count = 4;
@@ -460,11 +465,13 @@ static void CheckPages(void) {
   EQ(QUILL_E_ARGUMENT, quill_open_view(box, 3, &view));
   for (mode = QUILL_VIEW_FULL; mode >= QUILL_VIEW_SLIDING; --mode) {
     EQ(0, quill_open_view(box, mode, &view));
-    for (i = 0; i < (mode == QUILL_VIEW_SLIDING ? sizeof kSteps / sizeof *kSteps : 2); ++i) {
+    for (i = 0; i < sizeof kSteps / sizeof *kSteps; ++i) {
+      const int isAbsent = kSteps[i].absent >> mode & 1;
       scene = kSteps[i].expected;
-      EQ(0, kSteps[i].find ? quill_view_find(view, kSteps[i].what, kSteps[i].key, &entry)
-                           : quill_view_go(view, kSteps[i].what, 13, &entry));
-      EQ(0, strncmp(kSteps[i].expected, entry.name, strlen(kSteps[i].expected)));
+      EQ(isAbsent ? QUILL_STATUS_DATA_NOT_FOUND : 0,
+         kSteps[i].find ? quill_view_find(view, kSteps[i].what, kSteps[i].key, &entry)
+                        : quill_view_go(view, kSteps[i].what, 13, &entry));
+      if (!isAbsent) EQ(0, strncmp(kSteps[i].expected, entry.name, strlen(kSteps[i].expected)));
     }
     EQ(4, quill_view_go(view, QUILL_GO_AT, 1000, &entry));
     EQ(0, quill_close_view(view));
