@@ -3,6 +3,15 @@ import quillkit
 from quillkit import EmailEntry, FaxEntry, Item, PrinterEntry, UserEntry
 
 
+def expect_errors(kind, *calls):
+    for i, call in enumerate(calls):
+        try:
+            call()
+        except kind:
+            continue
+        print(kind.__name__, i, "is missing")
+
+
 def expect_failure(call):
     try:
         call()
@@ -40,6 +49,13 @@ with quillkit.Session("127.0.0.1", "ADMINISTRATOR", "quill") as box:
         expect_failure(lambda: book.delete("Zz"))
     expect_failure(lambda: box.email.add(EmailEntry("n" * 32)))
     print([each.name for each in box.email.page("Gareth Pugh", 2, backward=True)])
+
+    expect_errors(TypeError, lambda: box.fax.add(FaxEntry("Int", 5551234)), lambda: 5 in box.email,
+                  lambda: box.email.add(EmailEntry("Text", flags="1")), lambda: box.email.add(UserEntry("User", "secret")),
+                  lambda: box.email.modify(FaxEntry("Zz")), lambda: box.email.rename("Zz", FaxEntry("Zz")))
+    expect_errors(OverflowError, lambda: box.email.add(EmailEntry("Big", flags=1 << 32)), lambda: box.keys[1 << 32],
+                  lambda: box.email.page(skip=-1 << 32), lambda: box.import_file("x", columns=[1 << 32, 1]))
+    expect_errors(ValueError, lambda: box.import_file("a\0b"), lambda: box.email.page(size=0))
 
     board = box.email_lists.create("Board")
     board.add(EmailEntry("Fenna de Wit", "fenna.dewit@office.example"))

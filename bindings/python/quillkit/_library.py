@@ -13,11 +13,27 @@ from .errors import LoadError, QuillError
 TEXT_ENCODING = "latin-1"  # the library has no character set; this maps bytes to characters one to one
 
 
-def encoded(text: str) -> bytes:
+def encoded(text: str | bytes) -> bytes:
     """A text argument. The library would ignore what follows a NUL."""
-    if "\0" in text:
+    if not isinstance(text, (str, bytes)):
+        raise TypeError(f"a text is needed, not {type(text).__name__}")
+    value = text.encode(TEXT_ENCODING) if isinstance(text, str) else text
+    if b"\0" in value:
         raise ValueError("a text contains a NUL character")
-    return text.encode(TEXT_ENCODING)
+    return value
+
+
+def number(kind: Any, value: int) -> int:
+    """A number argument of this type. ctypes would wrap one that does not fit."""
+    if kind(value).value != value:
+        raise OverflowError(f"{value} does not fit in {8 * ctypes.sizeof(kind)} bits")
+    return value
+
+
+def _argument(kind: Any, value: Any) -> Any:
+    if kind is ctypes.c_char_p and value is not None:
+        return encoded(value)
+    return number(kind, value) if kind in (ctypes.c_int32, ctypes.c_uint32, ctypes.c_uint64) else value
 
 
 class Function:
@@ -41,8 +57,7 @@ class Function:
                 outputs[name] = kind._type_()
                 passed.append(ctypes.byref(outputs[name]))
             else:
-                value = next(values)
-                passed.append(encoded(value) if isinstance(value, str) else value)
+                passed.append(_argument(kind, next(values)))
         if self._style == "text" or "buffer" in (name for name, _, _ in self._arguments):
             return self._text(passed)
         result = self._call(*passed)

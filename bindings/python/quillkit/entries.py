@@ -7,7 +7,7 @@ from collections.abc import Iterator
 from typing import Any, Generic, TypeVar
 
 from . import _native
-from ._library import TEXT_ENCODING, Library, encoded
+from ._library import TEXT_ENCODING, Library, encoded, number
 from .errors import QuillError
 
 PAGE = 64  # entries that an iteration reads at once
@@ -55,8 +55,15 @@ CLASSES: dict[int, type] = {
     _native.LIST_EMAIL: EmailEntry, _native.LIST_PRIVATE_EMAIL: EmailEntry, _native.LIST_FAX: FaxEntry}
 
 
+def _fields(kind: Any, of: type) -> list[str]:
+    """The names of the fields after the name that hold texts, or numbers."""
+    return [field.name for field in dataclasses.fields(kind)[1:] if isinstance(field.default, of)]
+
+
 def _field(text: str, size: int) -> bytes:
     """Raises the error of the library for a text that does not fit its field."""
+    if not isinstance(text, str):
+        raise TypeError(f"a text is needed, not {type(text).__name__}")
     value = encoded(text)
     if len(value) >= size:
         raise QuillError(_native.STATUS_REFUSED)
@@ -64,21 +71,18 @@ def _field(text: str, size: int) -> bytes:
 
 
 def to_native(entry: Any) -> _native.Entry:
-    name, *values = (getattr(entry, field.name) for field in dataclasses.fields(entry))
-    native = _native.Entry(name=_field(name, _native.MAX_NAME + 1))
-    for i, text in enumerate(each for each in values if isinstance(each, str)):
-        native.texts[i].value = _field(text, _native.ENTRY_TEXT_SIZE)
-    for i, number in enumerate(each for each in values if not isinstance(each, str)):
-        native.numbers[i] = number
+    native = _native.Entry(name=_field(entry.name, _native.MAX_NAME + 1))
+    for i, field in enumerate(_fields(entry, str)):
+        native.texts[i].value = _field(getattr(entry, field), _native.ENTRY_TEXT_SIZE)
+    for i, field in enumerate(_fields(entry, int)):
+        native.numbers[i] = number(_native.c_uint32, getattr(entry, field))
     return native
 
 
 def from_native(native: _native.Entry, kind: type[E]) -> E:
-    names = [field.name for field in dataclasses.fields(kind)[1:]]
     texts = [each.value.decode(TEXT_ENCODING) for each in native.texts]
-    count = sum(isinstance(field.default, str) for field in dataclasses.fields(kind)[1:])
-    values = [*texts[:count], *native.numbers]
-    return kind(native.name.decode(TEXT_ENCODING), **dict(zip(names, values)))
+    values: dict[str, Any] = {**dict(zip(_fields(kind, str), texts)), **dict(zip(_fields(kind, int), native.numbers))}
+    return kind(native.name.decode(TEXT_ENCODING), **values)
 
 
 def _close(close: Any, handle: int) -> None:
@@ -122,6 +126,9 @@ class Entries(Owned, Generic[E]):
              backward: bool = False) -> list[E]:
         """Reads up to `size` entries after the name `after`, or before it. `filter` is "*", or the
         beginning of names and "*". Returns an empty list at the end of the book."""
+        if size < 1:
+            raise ValueError("a page has at least one entry")
+        size = min(size, _native.MAX_EMAIL_ENTRIES)
         records = (_native.Entry * size)()
         count = _native.c_uint32(size)
         status = self._library.read_entries(self.handle, after, filter, skip, not backward, records, count,
@@ -144,16 +151,22 @@ class Entries(Owned, Generic[E]):
     def __contains__(self, name: str) -> bool:
         return self.get(name) is not None
 
+    def _to_native(self, entry: E) -> _native.Entry:
+        """Raises a TypeError for an entry of another kind of book: its texts would be stored in other fields."""
+        if not isinstance(entry, self._class):
+            raise TypeError(f"the book holds entries of type {self._class.__name__}, not {type(entry).__name__}")
+        return to_native(entry)
+
     def add(self, entry: E) -> None:
-        self._library.add_entry(self.handle, to_native(entry))
+        self._library.add_entry(self.handle, self._to_native(entry))
 
     def modify(self, entry: E) -> None:
         """Replaces the entry with the name of `entry`."""
-        self._library.modify_entry(self.handle, to_native(entry))
+        self._library.modify_entry(self.handle, self._to_native(entry))
 
     def rename(self, old_name: str, entry: E) -> None:
         """Replaces the entry `old_name` by `entry`."""
-        self._library.rename_entry(self.handle, old_name, to_native(entry))
+        self._library.rename_entry(self.handle, old_name, self._to_native(entry))
 
     def delete(self, name: str) -> None:
         self._library.delete_entry(self.handle, name)

@@ -9,7 +9,7 @@ from collections.abc import Awaitable, Callable, Sequence
 from types import TracebackType
 
 from . import _native
-from ._library import load
+from ._library import load, number
 from .entries import EmailEntry, Entries, FaxEntry, Lists, PrinterEntry, UserEntry, View
 from .errors import QuillError
 from .keys import Keys
@@ -115,8 +115,9 @@ class Session:
                     skip_header: bool = False, clear_first: bool = False) -> None:
         """Fills an address book from a file. Entry i of `columns` is the column of the file, from 0, for
         field i of the book, or -1."""
-        options = _native.ImportOptions(skip_header, clear_first, format, target, len(columns))
-        options.column_map[:len(columns)] = columns
+        options = _native.ImportOptions(skip_header, clear_first, number(_native.c_uint32, format),
+                                        number(_native.c_int32, target), len(columns))
+        options.column_map[:len(columns)] = [number(_native.c_int32, each) for each in columns]
         self._library.import_address_book(self.handle, os.fsencode(path), options)
 
     # --- The keep-alive. On the thread that logged in. ---
