@@ -99,14 +99,18 @@ assert texts.items() <= _native.STATUS_TEXTS.items() and errors == _native.ERROR
 print(len(texts) + len(errors), "messages are those of the library")'
 }
 
-# check_refusals SCRATCH: a library of another contract, and a 32-bit DLL in a 64-bit process, are
-# refused with a message.
+# check_refusals SCRATCH: a library of another contract, a second library, and a 32-bit DLL in a 64-bit
+# process are refused with a message.
 check_refusals() {
   local library=$1/other/libquillkit_c.so text
   mkdir "$1/other"
   gcc -shared -fPIC tests/bindings/other_contract.c -o "$library"
   text=$(QUILLKIT_LIBRARY=$library python3 -c 'import quillkit; quillkit.load()' 2>&1) || true
   grep -F "$library has contract 99, but this package needs contract 1:" <<<"$text" || return 1
+  text=$(QUILLKIT_LIBRARY=libm.so.6 python3 -c 'import quillkit; quillkit.load()' 2>&1) || true
+  grep -F "libm.so.6 has contract 0, but this package needs contract 1:" <<<"$text" || return 1
+  text=$(python3 -c 'import quillkit; quillkit.load(); quillkit.load("other.so")' 2>&1) || true
+  grep -F "cannot load other.so: this process uses libquillkit_c.so already" <<<"$text" || return 1
   python3 -c '
 import ctypes, os, quillkit
 from quillkit._library import Library

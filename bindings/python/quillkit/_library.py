@@ -97,13 +97,14 @@ class Library:
         if os.name == "nt" and ctypes.sizeof(ctypes.c_void_p) == 8:
             raise LoadError(f"{path} is a 32-bit DLL, as the server library is, and this Python is a 64-bit "
                             "program: use a 32-bit Python")
+        self._path = os.fspath(path)
         try:
-            self._library = ctypes.CDLL(os.fspath(path))
+            self._library = ctypes.CDLL(self._path)
         except OSError as why:
             raise LoadError(f"cannot load {path}: {why}; set QUILLKIT_LIBRARY to its path") from why
         contract = getattr(self._library, "quill_contract", lambda: 0)()
         if contract != _native.CONTRACT:
-            raise LoadError(f"{_path_of(self._library)} has contract {contract}, but this package needs "
+            raise LoadError(f"{_path_of(self._library, self._path)} has contract {contract}, but this package needs "
                             f"contract {_native.CONTRACT}: install the package of the library's version")
 
     def __getattr__(self, name: str) -> Function:
@@ -120,8 +121,10 @@ class _Place(ctypes.Structure):
                 ("address", ctypes.c_void_p)]
 
 
-def _path_of(library: ctypes.CDLL) -> str:
-    """The file that the system has loaded."""
+def _path_of(library: ctypes.CDLL, path: str) -> str:
+    """The file that the system has loaded as `path`."""
+    if not hasattr(library, "quill_version"):
+        return path
     if os.name == "nt":
         path = ctypes.create_unicode_buffer(1024)
         ctypes.windll.kernel32.GetModuleFileNameW(ctypes.c_void_p(library._handle), path, len(path))  # type: ignore
@@ -129,7 +132,7 @@ def _path_of(library: ctypes.CDLL) -> str:
     place = _Place()
     function = ctypes.cast(library.quill_version, ctypes.c_void_p)
     ctypes.CDLL(None).dladdr(function, ctypes.byref(place))
-    return os.fsdecode(place.path or b"the library")
+    return os.fsdecode(place.path) if place.path else path
 
 
 _lock = threading.Lock()
@@ -138,11 +141,13 @@ _loaded: Library | None = None
 
 def load(path: str | os.PathLike[str] | None = None) -> Library:
     """Loads quillkit_c once: from `path`, from $QUILLKIT_LIBRARY, beside this package, or where the
-    system finds it. Raises a LoadError."""
+    system finds it. Raises a LoadError, also if the library of another path is loaded already."""
     global _loaded
     with _lock:
         if _loaded is None:
             file = _native.FILES["windows" if os.name == "nt" else "posix"]
             beside = pathlib.Path(__file__).with_name(file)
             _loaded = Library(path or os.environ.get("QUILLKIT_LIBRARY") or (beside if beside.exists() else file))
+        elif path and os.path.abspath(path) != os.path.abspath(_loaded._path):
+            raise LoadError(f"cannot load {os.fspath(path)}: this process uses {_loaded._path} already")
         return _loaded
