@@ -102,6 +102,8 @@ namespace Quillkit
         public List<T> Page(string after = "", int size = PageSize, string filter = "*", int skip = 0,
                             bool backward = false)
         {
+            if (size < 1) throw new ArgumentOutOfRangeException(nameof(size));
+            size = Math.Min(size, Native.MaxEmailEntries);
             var records = new byte[size * Native.EntrySize];
             var count = (uint)size;
             int status = Library.Status(
