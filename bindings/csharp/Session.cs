@@ -1,17 +1,24 @@
 using System;
 using System.Collections.Generic;
+using System.Diagnostics;
 using System.Net;
 using System.Text;
+using System.Threading;
 
 namespace Quillkit
 {
     // The one session of this process. It begins with the object and ends with Dispose, at the end of a
-    // `using` block.
+    // `using` block, or with the next session.
     //
     // The library keeps the session alive by a timer of this thread, which runs in every call, in
     // Wait and in Dispatch; on Windows also when the thread dispatches messages.
     public sealed class Session : IDisposable
     {
+        private const double Slice = 200;  // milliseconds of a wait after which the program can end
+
+        private static Session open;
+        private readonly int thread = Thread.CurrentThread.ManagedThreadId;
+
         public ulong Handle { get; }
 
         public Session(string host, string user, string password, string third = "", bool loadKeys = true)
@@ -22,12 +29,15 @@ namespace Quillkit
                                                       loadKeys ? 1 : 0, out ulong handle, out int error);
             Library.Reported(result, 0, error);
             Handle = handle;
+            open = this;
         }
 
-        // Logs out. Keys stay readable; calls to the server fail.
+        // Logs out, unless this session has ended. Keys stay readable; calls to the server fail.
         public void Dispose()
         {
+            if (open != this) return;
             Native.quill_logout();
+            open = null;
         }
 
         public string Name => Library.Text(Native.quill_get_scanner_name, Handle);
@@ -84,15 +94,29 @@ namespace Quillkit
             Library.Status(Native.quill_import_address_book(Handle, Library.Bytes(path, Encoding.UTF8), options));
         }
 
+        private void RequireOwnThread()
+        {
+            if (Thread.CurrentThread.ManagedThreadId != thread)
+                throw new InvalidOperationException("the session is kept alive only on the thread that logged in");
+        }
+
         // Waits, and keeps the session alive.
         public void Wait(TimeSpan time)
         {
-            Library.Number(Native.quill_wait((uint)time.TotalMilliseconds));
+            RequireOwnThread();
+            if (time < TimeSpan.Zero) throw new ArgumentOutOfRangeException(nameof(time));
+            Stopwatch clock = Stopwatch.StartNew();
+            for (TimeSpan left = time; left > TimeSpan.Zero; left = time - clock.Elapsed)
+            {
+                double slice = Math.Ceiling(Math.Min(left.TotalMilliseconds, Slice));
+                if (Library.Number(Native.quill_wait((uint)slice)) == 0) break;  // the thread has to quit
+            }
         }
 
         // Sends the keep-alive if it is due.
         public void Dispatch()
         {
+            RequireOwnThread();
             Library.Number(Native.quill_dispatch_events());
         }
     }

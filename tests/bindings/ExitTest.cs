@@ -1,5 +1,5 @@
-// Ends the program with 1,000 objects of the library, in random order, while a thread still closes
-// some of them and finalizers close others. usage: ExitTest.exe SEED
+// Ends the program with 1,000 objects of the library, in random order, while a thread waits, another
+// one still closes some of them and finalizers close others. usage: ExitTest.exe SEED
 using System;
 using System.Collections.Generic;
 using System.Threading;
@@ -9,9 +9,19 @@ static class ExitTest
 {
     static readonly List<Owned> objects = new List<Owned>();
 
+    static void Linger(ManualResetEvent isIn)
+    {
+        var first = new Session("127.0.0.1", "ADMINISTRATOR", "quill");
+        isIn.Set();
+        first.Wait(TimeSpan.FromHours(1));
+    }
+
     static void Main(string[] arguments)
     {
         var random = new Random(int.Parse(arguments[0]));
+        var isIn = new ManualResetEvent(false);
+        new Thread(() => Linger(isIn)) { IsBackground = true }.Start();
+        isIn.WaitOne();
         using (var box = new Session("127.0.0.1", "ADMINISTRATOR", "quill"))
         {
             Keys keys = box.Keys;

@@ -2,6 +2,7 @@
 using System;
 using System.Collections.Generic;
 using System.Linq;
+using System.Threading;
 using Quillkit;
 
 static class Layers
@@ -19,6 +20,22 @@ static class Layers
         catch (Exception error) when (error is KeyNotFoundException || error is ArgumentOutOfRangeException)
         {
             Console.WriteLine("absent");
+        }
+    }
+
+    static void ExpectErrors<T>(params Action[] calls) where T : Exception
+    {
+        for (int i = 0; i < calls.Length; ++i)
+        {
+            try
+            {
+                calls[i]();
+            }
+            catch (T)
+            {
+                continue;
+            }
+            Console.WriteLine(typeof(T).Name + " " + i + " is missing");
         }
     }
 
@@ -86,6 +103,17 @@ static class Layers
         box.Dispose();
         ExpectFailure(() => view.At(0));
         ExpectFailure(() => Console.WriteLine(box.Keys));
+        using (var later = new Session("127.0.0.1", "ADMINISTRATOR", "quill"))
+        {
+            box.Dispose();
+            Console.WriteLine(later.Email.Count > 0);
+            ExpectErrors<ArgumentOutOfRangeException>(() => later.Wait(TimeSpan.FromTicks(-1)),
+                                                      () => later.Email.Page(size: 0));
+            var other = new Thread(() => ExpectErrors<InvalidOperationException>(
+                () => later.Wait(TimeSpan.Zero), () => later.Dispatch()));
+            other.Start();
+            other.Join();
+        }
         ExpectFailure(() => Console.WriteLine(new Session("127.0.0.1", "ADMINISTRATOR", "no")));
     }
 }

@@ -1,4 +1,6 @@
 """What the story does not use. Layers.cs does the same in C# and prints the same lines."""
+import concurrent.futures
+
 import quillkit
 from quillkit import EmailEntry, FaxEntry, Item, PrinterEntry, UserEntry
 
@@ -73,4 +75,11 @@ with quillkit.Session("127.0.0.1", "ADMINISTRATOR", "quill") as box:
     box.dispatch()
 expect_failure(lambda: view.at(0))
 expect_failure(lambda: box.keys)
+with quillkit.Session("127.0.0.1", "ADMINISTRATOR", "quill") as later:
+    box.close()
+    print(len(later.email) > 0)
+    expect_errors(ValueError, lambda: later.wait(-1))
+    with concurrent.futures.ThreadPoolExecutor() as pool:
+        for call in (later.dispatch, later.fileno, lambda: later.wait(0)):
+            expect_errors(RuntimeError, pool.submit(call).result)
 expect_failure(lambda: quillkit.Session("127.0.0.1", "ADMINISTRATOR", "no"))

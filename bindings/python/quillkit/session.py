@@ -4,9 +4,11 @@ from __future__ import annotations
 import os
 import socket
 import struct
+import threading
 import time
 from collections.abc import Awaitable, Callable, Sequence
 from types import TracebackType
+from typing import ClassVar
 
 from . import _native
 from ._library import load, number
@@ -19,19 +21,25 @@ _SLICE = 0.2  # seconds of a wait after which Python can handle a signal
 
 class Session:
     """The one session of this process. It begins with the object and ends with close(), at the end of
-    a `with` block.
+    a `with` block, or with the next session.
 
     The library keeps the session alive by a timer of this thread, which runs in every call, in
     wait() and in dispatch(). In an `async with` block the event loop runs it."""
+
+    _open: ClassVar[Session | None] = None
 
     def __init__(self, host: str, user: str, password: str, *, third: str = "", load_keys: bool = True,
                  library: str | os.PathLike[str] | None = None) -> None:
         self._library = load(library)
         self.handle: int = self._library.log_to_quillbox(host, user, password, third, load_keys)
+        self._thread = threading.get_ident()
+        Session._open = self
 
     def close(self) -> None:
-        """Logs out. Keys stay readable; calls to the server fail."""
-        self._library.logout()
+        """Logs out, unless this session has ended. Keys stay readable; calls to the server fail."""
+        if Session._open is self:
+            self._library.logout()
+            Session._open = None
 
     def __enter__(self) -> Session:
         return self
@@ -122,8 +130,15 @@ class Session:
 
     # --- The keep-alive. On the thread that logged in. ---
 
+    def _require_own_thread(self) -> None:
+        if threading.get_ident() != self._thread:
+            raise RuntimeError("the session is kept alive only on the thread that logged in")
+
     def wait(self, seconds: float) -> None:
         """Waits, and keeps the session alive."""
+        self._require_own_thread()
+        if seconds < 0:
+            raise ValueError("a wait cannot be negative")
         end = time.monotonic() + seconds
         while (left := end - time.monotonic()) > 0:
             if not self._library.wait(round(min(left, _SLICE) * 1000)):
@@ -131,10 +146,12 @@ class Session:
 
     def fileno(self) -> int:
         """A descriptor that is readable when dispatch() has to be called; -1 on Windows."""
+        self._require_own_thread()
         return self._library.event_descriptor()
 
     def dispatch(self) -> None:
         """Sends the keep-alive if it is due."""
+        self._require_own_thread()
         self._library.dispatch_events()
 
     async def __aenter__(self) -> Session:
