@@ -92,7 +92,7 @@ namespace Quillkit
         {
             get
             {
-                Library.Status(Native.quill_entry_count(Handle, out uint count));
+                Status(Native.quill_entry_count(Handle, out uint count));
                 return (int)count;
             }
         }
@@ -106,7 +106,7 @@ namespace Quillkit
             size = Math.Min(size, Native.MaxEmailEntries);
             var records = new byte[size * Native.EntrySize];
             var count = (uint)size;
-            int status = Library.Status(
+            int status = Status(
                 Native.quill_read_entries(Handle, Library.Bytes(after), Library.Bytes(filter), skip,
                                           backward ? 0 : 1, records, ref count),
                 Native.StatusDataNotFound, Native.StatusMoreData);
@@ -128,8 +128,8 @@ namespace Quillkit
         public T Find(string name)
         {
             var bytes = new byte[Native.EntrySize];
-            int status = Library.Status(Native.quill_read_entry(Handle, Library.Bytes(name), bytes),
-                                        Native.StatusDataNotFound);
+            int status = Status(Native.quill_read_entry(Handle, Library.Bytes(name), bytes),
+                                Native.StatusDataNotFound);
             return status == 0 ? Entry.From<T>(bytes, 0) : null;
         }
 
@@ -137,24 +137,24 @@ namespace Quillkit
 
         public void Add(T entry)
         {
-            Library.Status(Native.quill_add_entry(Handle, entry.ToNative()));
+            Status(Native.quill_add_entry(Handle, entry.ToNative()));
         }
 
         // Replaces the entry with the name of `entry`.
         public void Modify(T entry)
         {
-            Library.Status(Native.quill_modify_entry(Handle, entry.ToNative()));
+            Status(Native.quill_modify_entry(Handle, entry.ToNative()));
         }
 
         // Replaces the entry `oldName` by `entry`.
         public void Rename(string oldName, T entry)
         {
-            Library.Status(Native.quill_rename_entry(Handle, Library.Bytes(oldName), entry.ToNative()));
+            Status(Native.quill_rename_entry(Handle, Library.Bytes(oldName), entry.ToNative()));
         }
 
         public void Delete(string name)
         {
-            Library.Status(Native.quill_delete_entry(Handle, Library.Bytes(name)));
+            Status(Native.quill_delete_entry(Handle, Library.Bytes(name)));
         }
     }
 
@@ -236,9 +236,9 @@ namespace Quillkit
             return Found(Native.quill_view_find(Handle, what, Library.Bytes(key), bytes), bytes);
         }
 
-        private static EmailEntry Found(int status, byte[] bytes)
+        private EmailEntry Found(int status, byte[] bytes)
         {
-            return Library.Status(status, Native.StatusDataNotFound) == 0 ? Entry.From<EmailEntry>(bytes, 0) : null;
+            return Status(status, Native.StatusDataNotFound) == 0 ? Entry.From<EmailEntry>(bytes, 0) : null;
         }
 
         public EmailEntry First() => Go(Native.GoFirst);

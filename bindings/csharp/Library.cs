@@ -133,6 +133,14 @@ namespace Quillkit
             Handle = handle;
         }
 
+        // Library.Status for a call with the handle: until then the object is not collected, which would
+        // end the handle during the call.
+        protected int Status(int status, params int[] accepted)
+        {
+            GC.KeepAlive(this);
+            return Library.Status(status, accepted);
+        }
+
         // An error means that the object has ended already.
         protected abstract void End(ulong handle);
 
