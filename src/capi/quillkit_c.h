@@ -232,6 +232,7 @@ QUILL_API const char* QUILL_CALL quill_error_text(int32_t error);
 // Waits, and keeps the session alive meanwhile: sends the keep-alive when it is due, on Windows by
 // dispatching the messages of the thread. Other threads can make calls. Returns 1 after the time; 0
 // as soon as the thread gets a quit message, which is posted again.
+// Server calls: IMSPWakeup if it is due.
 QUILL_API int32_t QUILL_CALL quill_wait(uint32_t milliseconds);
 
 // For a program with an event loop. quill_event_descriptor returns a descriptor that is readable
@@ -239,6 +240,7 @@ QUILL_API int32_t QUILL_CALL quill_wait(uint32_t milliseconds);
 // if the system cannot create one. It stays the same for the life of the thread; do not read, write
 // or close it. quill_dispatch_events sends the keep-alive if it is due, on Windows by dispatching
 // the pending messages of the thread, and returns the number of timers or messages that it handled.
+// Server calls: IMSPWakeup if it is due.
 QUILL_API int32_t QUILL_CALL quill_event_descriptor(void);
 QUILL_API int32_t QUILL_CALL quill_dispatch_events(void);
 
@@ -574,9 +576,9 @@ enum {
   QUILL_FIND_NEXT = 3     // the next entry for the prefix of the latest search; `key` is ignored
 };
 
-// quill_open_view stores the handle of a new view. Returns 0; a status other than 0 for a full view
-// that cannot be read; QUILL_E_ARGUMENT for an unknown `mode`. quill_close_view ends the view and
-// returns 0.
+// quill_open_view stores the handle of a new view. Returns 0; 21 for a full view of more than 512
+// entries; another status for one that cannot be read; QUILL_E_ARGUMENT for an unknown `mode`.
+// quill_close_view ends the view and returns 0.
 // Server calls: IMSPReadAB for a full view.
 QUILL_API int32_t QUILL_CALL quill_open_view(quill_handle scanner, int32_t mode,
                                              quill_handle* view);
@@ -586,7 +588,8 @@ QUILL_API int32_t QUILL_CALL quill_close_view(quill_handle view);
 // QUILL_GO_AT, from 0. Return 0; 4 if there is no such entry; another status if the server fails;
 // QUILL_E_ARGUMENT for an unknown `where` or `what`. A search without a hit can move the view, too.
 // In a full view, QUILL_FIND_NEXT finds nothing.
-// Server calls: those of the view; views/sliding_entry_view.h lists them.
+// Server calls: some of IMSPSizeofAB, IMSPReadPageBoundaries and IMSPReadAB, but none of a full
+// view; views/sliding_entry_view.h and views/letter_entry_view.h list them.
 QUILL_API int32_t QUILL_CALL quill_view_go(quill_handle view, int32_t where, int32_t index,
                                            quill_entry* entry);
 QUILL_API int32_t QUILL_CALL quill_view_find(quill_handle view, int32_t what, const char* key,
