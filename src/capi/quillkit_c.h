@@ -92,8 +92,9 @@
 // size of 0. The one text with an encoding is the path of quill_import_address_book: UTF-8, on
 // Windows too.
 //
-// Names. A key or item has a name of at most 31 characters. quill_create_soft_key and the functions
-// that change the server do not check that: they send a longer name as the empty name.
+// Names. A key, item, entry or list has a name of at most 31 characters. quill_create_soft_key and
+// the functions that call the server do not check a name that is passed as a text: they send a
+// longer one as the empty name.
 //
 // Numbers. Signed 32-bit unless stated otherwise. A flag is a number; nonzero means yes.
 //
@@ -514,7 +515,8 @@ QUILL_API int32_t QUILL_CALL quill_entry_count(quill_handle entries, uint32_t* c
 //   `filter`     "*" or empty for all entries, or text and "*" for names that begin with the text.
 //   `skip`       The number of entries to skip first.
 //   `direction`  1; or 0 to read the page before `first`, in the same order.
-// Returns 0 if the page holds all that is left, 21 if more entries follow, 4 if there are none.
+// Returns 0 if the page holds all that is left, 21 if more entries follow, 4 if there are none, -1
+// for a `*count` of 0.
 // Server calls: IMSPReadAB.
 QUILL_API int32_t QUILL_CALL quill_read_entries(quill_handle entries, const char* first,
                                                 const char* filter, int32_t skip, int32_t direction,
@@ -536,8 +538,8 @@ QUILL_API int32_t QUILL_CALL quill_rename_entry(quill_handle entries, const char
 QUILL_API int32_t QUILL_CALL quill_delete_entry(quill_handle entries, const char* name);
 
 // Reads the names of all lists of a kind: up to `*count`, each as an entry without fields, and
-// stores the number read in `*count`: 0 after every failure. Returns QUILL_E_ARGUMENT for another
-// `kind`.
+// stores the number read in `*count`: 0 after every failure. Returns -1 for a `*count` of 0, and
+// QUILL_E_ARGUMENT for another `kind`.
 // Server calls: IMSPListAB.
 QUILL_API int32_t QUILL_CALL quill_enumerate_lists(quill_handle scanner, int32_t kind,
                                                    quill_entry* lists, uint32_t* count);
