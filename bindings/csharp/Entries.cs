@@ -15,19 +15,12 @@ namespace Quillkit
         internal byte[] ToNative()
         {
             var bytes = new byte[Native.EntrySize];
-            Store(bytes, Native.EntryNameOffset, Name, Native.MaxName);
+            Library.Name(Name).CopyTo(bytes, Native.EntryNameOffset);
             for (int i = 0; i < Texts.Length; ++i)
-                Store(bytes, Native.EntryTextsOffset + i * Native.EntryTextSize, Texts[i], Native.EntryTextSize - 1);
+                Library.Bytes(Texts[i], Native.EntryTextSize - 1)
+                    .CopyTo(bytes, Native.EntryTextsOffset + i * Native.EntryTextSize);
             Buffer.BlockCopy(Numbers, 0, bytes, Native.EntryNumbersOffset, Buffer.ByteLength(Numbers));
             return bytes;
-        }
-
-        // Throws the error of the library for a text that does not fit its field.
-        private static void Store(byte[] bytes, int start, string text, int longest)
-        {
-            byte[] stored = Library.Bytes(text);
-            if (stored.Length > longest + 1) throw new QuillException(Native.StatusRefused);
-            stored.CopyTo(bytes, start);
         }
 
         internal static T From<T>(byte[] bytes, int start) where T : Entry, new()
@@ -79,7 +72,7 @@ namespace Quillkit
 
         private static ulong Open(ulong scanner, int kind, string name)
         {
-            Library.Status(Native.quill_open_entries(scanner, kind, Library.Bytes(name), out ulong handle));
+            Library.Status(Native.quill_open_entries(scanner, kind, Library.Name(name), out ulong handle));
             return handle;
         }
 
@@ -107,7 +100,7 @@ namespace Quillkit
             var records = new byte[size * Native.EntrySize];
             var count = (uint)size;
             int status = Status(
-                Native.quill_read_entries(Handle, Library.Bytes(after), Library.Bytes(filter), skip,
+                Native.quill_read_entries(Handle, Library.Name(after), Library.Name(filter), skip,
                                           backward ? 0 : 1, records, ref count),
                 Native.StatusDataNotFound, Native.StatusMoreData);
             var page = new List<T>();
@@ -128,7 +121,7 @@ namespace Quillkit
         public T Find(string name)
         {
             var bytes = new byte[Native.EntrySize];
-            int status = Status(Native.quill_read_entry(Handle, Library.Bytes(name), bytes),
+            int status = Status(Native.quill_read_entry(Handle, Library.Name(name), bytes),
                                 Native.StatusDataNotFound);
             return status == 0 ? Entry.From<T>(bytes, 0) : null;
         }
@@ -149,12 +142,12 @@ namespace Quillkit
         // Replaces the entry `oldName` by `entry`.
         public void Rename(string oldName, T entry)
         {
-            Status(Native.quill_rename_entry(Handle, Library.Bytes(oldName), entry.ToNative()));
+            Status(Native.quill_rename_entry(Handle, Library.Name(oldName), entry.ToNative()));
         }
 
         public void Delete(string name)
         {
-            Status(Native.quill_delete_entry(Handle, Library.Bytes(name)));
+            Status(Native.quill_delete_entry(Handle, Library.Name(name)));
         }
     }
 
@@ -233,7 +226,7 @@ namespace Quillkit
         private EmailEntry FindBy(int what, string key)
         {
             var bytes = new byte[Native.EntrySize];
-            return Found(Native.quill_view_find(Handle, what, Library.Bytes(key), bytes), bytes);
+            return Found(Native.quill_view_find(Handle, what, Library.Name(key), bytes), bytes);
         }
 
         private EmailEntry Found(int status, byte[] bytes)
@@ -248,6 +241,9 @@ namespace Quillkit
         public EmailEntry At(int index) => Go(Native.GoAt, index);
         public EmailEntry Find(string name) => FindBy(Native.FindName, name);
         public EmailEntry FindPrefix(string prefix) => FindBy(Native.FindPrefix, prefix);
+
+        // The first entry whose name begins with this letter.
+        public EmailEntry FindLetter(char letter) => FindBy(Native.FindLetter, letter.ToString());
 
         // The next entry for the prefix of the latest search.
         public EmailEntry FindNext() => FindBy(Native.FindNext, "");

@@ -46,7 +46,7 @@ namespace Quillkit
 
         private static ulong Create(string name, ulong book)
         {
-            int made = Native.quill_create_soft_key(Library.Bytes(name), book, out ulong handle);
+            int made = Native.quill_create_soft_key(Library.Name(name), book, out ulong handle);
             Library.Reported(made, 0, made == 0 ? Native.EMemory : made);
             return handle;
         }
@@ -96,9 +96,12 @@ namespace Quillkit
             }
         }
 
+        // The items of now: the loop may change the key.
         public IEnumerator<Item> GetEnumerator()
         {
-            for (int i = 0; i < Count; ++i) yield return this[i];
+            var items = new List<Item>();
+            for (int i = 0; i < Count; ++i) items.Add(this[i]);
+            return items.GetEnumerator();
         }
 
         IEnumerator IEnumerable.GetEnumerator() => GetEnumerator();
@@ -120,7 +123,7 @@ namespace Quillkit
         public void Rename(string oldName, Item item)
         {
             using (var made = new ItemHandle(item))
-                Library.Reported(Native.quill_fast_item_rename(Handle, Library.Bytes(oldName), made.Handle,
+                Library.Reported(Native.quill_fast_item_rename(Handle, Library.Name(oldName), made.Handle,
                                                                out int error), 0, error);
         }
 
@@ -168,9 +171,12 @@ namespace Quillkit
             return Library.Number(Native.quill_find_soft_key_index(Handle, Library.Bytes(name)));
         }
 
+        // The keys of now: the loop may add and delete keys.
         public IEnumerator<Key> GetEnumerator()
         {
-            for (int i = 0; i < Count; ++i) yield return this[i];
+            var keys = new List<Key>();
+            for (int i = 0; i < Count; ++i) keys.Add(this[i]);
+            return keys.GetEnumerator();
         }
 
         IEnumerator IEnumerable.GetEnumerator() => GetEnumerator();
@@ -192,7 +198,7 @@ namespace Quillkit
         public void Rename(string oldName, string newName)
         {
             using (var made = new KeyHandle(newName, Handle))
-                Library.Reported(Native.quill_fast_key_rename(Handle, Library.Bytes(oldName), made.Handle,
+                Library.Reported(Native.quill_fast_key_rename(Handle, Library.Name(oldName), made.Handle,
                                                               out int error), 0, error);
         }
 

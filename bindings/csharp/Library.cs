@@ -83,8 +83,23 @@ namespace Quillkit
         {
             var strict = Encoding.GetEncoding(encoding.CodePage, EncoderFallback.ExceptionFallback,
                                               DecoderFallback.ReplacementFallback);
+            if (text == null) throw new ArgumentNullException(nameof(text));
             if (text.IndexOf('\0') >= 0) throw new ArgumentException("a text contains a NUL character");
             return strict.GetBytes(text + '\0');
+        }
+
+        // A text of at most this length. Throws the error of the library for a longer one.
+        internal static byte[] Bytes(string text, int longest)
+        {
+            byte[] bytes = Bytes(text);
+            if (bytes.Length > longest + 1) throw new QuillException(Native.StatusRefused);
+            return bytes;
+        }
+
+        // The name of an object on the appliance. The library would send a longer one as the empty name.
+        internal static byte[] Name(string name)
+        {
+            return Bytes(name, Native.MaxName);
         }
 
         // The text at a place in the bytes, up to its NUL.

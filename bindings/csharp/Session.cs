@@ -83,6 +83,8 @@ namespace Quillkit
                            int[] columns = null, bool skipHeader = false, bool clearFirst = false)
         {
             columns = columns ?? new[] { 0, 1 };
+            if (columns.Length > Native.ImportColumns)
+                throw new ArgumentException("a book has at most " + Native.ImportColumns + " fields", nameof(columns));
             var options = new byte[Native.ImportOptionsSize];
             Action<int, int> Store = (offset, value) => BitConverter.GetBytes(value).CopyTo(options, offset);
             Store(Native.ImportOptionsSkipHeaderOffset, skipHeader ? 1 : 0);

@@ -71,7 +71,8 @@ static class Layers
         ExpectFailure(() => key.Remove("Two"));
         ExpectFailure(() => key.Add(new Item { Name = new string('n', 32) }));
         ExpectFailure(() => Console.WriteLine(box.Keys["None"]));
-        box.Keys.Delete("Desks");
+        foreach (Key each in box.Keys)
+            if (each.Name.StartsWith("D")) box.Keys.Delete(each.Name);
         Console.WriteLine(Shown(box.Keys.Select(each => each.Name)));
 
         Try(box.Email, new EmailEntry { Address = "zz@mail.example" }, (a, b) => a.Address == b.Address);
@@ -82,7 +83,14 @@ static class Layers
             (a, b) => a.Password == b.Password && a.Third == b.Third && a.Fourth == b.Fourth && a.Tag == b.Tag &&
                       a.Flags == b.Flags && a.Nibbles == b.Nibbles);
         Try(box.Private, new EmailEntry { Address = "zz@mail.example" }, (a, b) => a.Address == b.Address);
-        ExpectFailure(() => box.Email.Add(new EmailEntry { Name = new string('n', 32) }));
+        string longName = new string('n', 32);
+        foreach (Action call in new Action[] { () => box.Email.Add(new EmailEntry { Name = longName }),
+                                               () => box.Email.Page(longName), () => box.Email.Find(longName),
+                                               () => box.EmailLists.Create(longName), () => box.Keys.Add(longName) })
+            ExpectFailure(call);
+        ExpectErrors<ArgumentNullException>(() => box.Email.Find(null),
+                                            () => box.Fax.Add(new FaxEntry { Number = null }));
+        ExpectErrors<ArgumentException>(() => box.Import("x", columns: new int[5]));
         Console.WriteLine(Shown(box.Email.Page("Gareth Pugh", 2, backward: true).Select(each => each.Name)));
 
         Entries<EmailEntry> board = box.EmailLists.Create("Board");
@@ -97,7 +105,7 @@ static class Layers
         View view = box.OpenView();
         Console.WriteLine($"{view.First().Name} {view.Next().Name} {view.Prev().Name} {view.At(13).Name} " +
                           $"{view.Find("Ewa Nowicka").Name} {view.FindPrefix("A").Name} {view.FindNext().Name} " +
-                          $"{view.Last() == null} {view.At(1000) == null}");
+                          $"{view.FindLetter('G').Name} {view.Last() == null} {view.At(1000) == null}");
         box.Wait(TimeSpan.FromSeconds(0.05));
         box.Dispatch();
         box.Dispose();

@@ -36,7 +36,9 @@ with quillkit.Session("127.0.0.1", "ADMINISTRATOR", "quill") as box:
     expect_failure(lambda: key.remove("Two"))
     expect_failure(lambda: key.add(Item("n" * 32)))
     expect_failure(lambda: box.keys["None"])
-    box.keys.delete("Desks")
+    for each in box.keys:
+        if each.name.startswith("D"):
+            box.keys.delete(each.name)
     print([each.name for each in box.keys])
 
     for book, entry in [(box.email, EmailEntry("Zz", "zz@mail.example")), (box.fax, FaxEntry("Zz", "1", "2")),
@@ -49,12 +51,16 @@ with quillkit.Session("127.0.0.1", "ADMINISTRATOR", "quill") as box:
         book.delete("Zz")
         expect_failure(lambda: book["Zz"])
         expect_failure(lambda: book.delete("Zz"))
-    expect_failure(lambda: box.email.add(EmailEntry("n" * 32)))
+    long_name = "n" * 32
+    for call in [lambda: box.email.add(EmailEntry(long_name)), lambda: box.email.page(long_name),
+                 lambda: box.email.get(long_name), lambda: box.email_lists.create(long_name),
+                 lambda: box.keys.add(long_name)]:
+        expect_failure(call)
     print([each.name for each in box.email.page("Gareth Pugh", 2, backward=True)])
 
     expect_errors(TypeError, lambda: box.fax.add(FaxEntry("Int", 5551234)), lambda: 5 in box.email,
-                  lambda: box.email.add(EmailEntry("Text", flags="1")), lambda: box.email.add(UserEntry("User", "secret")),
-                  lambda: box.email.modify(FaxEntry("Zz")), lambda: box.email.rename("Zz", FaxEntry("Zz")))
+                  lambda: box.email.add(EmailEntry("Text", flags="1")),
+                  lambda: box.email.add(UserEntry("User", "secret")), lambda: box.email.modify(FaxEntry("Zz")), lambda: box.email.rename("Zz", FaxEntry("Zz")))
     expect_errors(OverflowError, lambda: box.email.add(EmailEntry("Big", flags=1 << 32)), lambda: box.keys[1 << 32],
                   lambda: box.email.page(skip=-1 << 32), lambda: box.import_file("x", columns=[1 << 32, 1]))
     expect_errors(ValueError, lambda: box.import_file("a\0b"), lambda: box.email.page(size=0))
@@ -70,7 +76,8 @@ with quillkit.Session("127.0.0.1", "ADMINISTRATOR", "quill") as box:
 
     view = box.view()
     print(view.first().name, view.next().name, view.prev().name, view.at(13).name, view.find("Ewa Nowicka").name,
-          view.find_prefix("A").name, view.find_next().name, view.last() is None, view.at(1000) is None)
+          view.find_prefix("A").name, view.find_next().name, view.find_letter("G").name, view.last() is None,
+          view.at(1000) is None)
     box.wait(0.05)
     box.dispatch()
 expect_failure(lambda: view.at(0))

@@ -23,6 +23,21 @@ def encoded(text: str | bytes) -> bytes:
     return value
 
 
+def field(text: str, size: int) -> bytes:
+    """A text for a field of `size` bytes. Raises the error of the library if it does not fit."""
+    if not isinstance(text, str):
+        raise TypeError(f"a text is needed, not {type(text).__name__}")
+    value = encoded(text)
+    if len(value) >= size:
+        raise QuillError(_native.STATUS_REFUSED)
+    return value
+
+
+def name(text: str) -> bytes:
+    """The name of an object on the appliance. The library would send a longer one as the empty name."""
+    return field(text, _native.MAX_NAME + 1)
+
+
 def number(kind: Any, value: int) -> int:
     """A number argument of this type. ctypes would wrap one that does not fit."""
     if kind(value).value != value:

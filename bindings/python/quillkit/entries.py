@@ -4,10 +4,11 @@ from __future__ import annotations
 import dataclasses
 import weakref
 from collections.abc import Iterator
+from types import TracebackType
 from typing import Any, Generic, TypeVar
 
 from . import _native
-from ._library import TEXT_ENCODING, Library, encoded, number
+from ._library import TEXT_ENCODING, Library, field, name as name_of, number
 from .errors import QuillError
 
 PAGE = 64  # entries that an iteration reads at once
@@ -57,25 +58,15 @@ CLASSES: dict[int, type] = {
 
 def _fields(kind: Any, of: type) -> list[str]:
     """The names of the fields after the name that hold texts, or numbers."""
-    return [field.name for field in dataclasses.fields(kind)[1:] if isinstance(field.default, of)]
-
-
-def _field(text: str, size: int) -> bytes:
-    """Raises the error of the library for a text that does not fit its field."""
-    if not isinstance(text, str):
-        raise TypeError(f"a text is needed, not {type(text).__name__}")
-    value = encoded(text)
-    if len(value) >= size:
-        raise QuillError(_native.STATUS_REFUSED)
-    return value
+    return [each.name for each in dataclasses.fields(kind)[1:] if isinstance(each.default, of)]
 
 
 def to_native(entry: Any) -> _native.Entry:
-    native = _native.Entry(name=_field(entry.name, _native.MAX_NAME + 1))
-    for i, field in enumerate(_fields(entry, str)):
-        native.texts[i].value = _field(getattr(entry, field), _native.ENTRY_TEXT_SIZE)
-    for i, field in enumerate(_fields(entry, int)):
-        native.numbers[i] = number(_native.c_uint32, getattr(entry, field))
+    native = _native.Entry(name=name_of(entry.name))
+    for i, text in enumerate(_fields(entry, str)):
+        native.texts[i].value = field(getattr(entry, text), _native.ENTRY_TEXT_SIZE)
+    for i, each in enumerate(_fields(entry, int)):
+        native.numbers[i] = number(_native.c_uint32, getattr(entry, each))
     return native
 
 
@@ -93,6 +84,9 @@ def _close(close: Any, handle: int) -> None:
         pass
 
 
+O = TypeVar("O", bound="Owned")
+
+
 class Owned:
     """An object of the library that this process owns. It ends with close(), or with its last
     reference."""
@@ -104,17 +98,27 @@ class Owned:
     def close(self) -> None:
         self._end()
 
+    def __enter__(self: O) -> O:
+        return self
+
+    def __exit__(self, kind: type[BaseException] | None, value: BaseException | None,
+                 traceback: TracebackType | None) -> None:
+        self.close()
+
 
 class Entries(Owned, Generic[E]):
     """The entries of a book, or the members of a list, on the server. Nothing is cached."""
 
     def __init__(self, library: Library, scanner: int, kind: int, name: str = "") -> None:
-        super().__init__(library.close_entries, library.open_entries(scanner, kind, name))
+        super().__init__(library.close_entries, library.open_entries(scanner, kind, name_of(name)))
         self._library = library
         self._class: type[E] = CLASSES[kind]
 
     def __len__(self) -> int:
         return self._library.entry_count(self.handle)
+
+    def __bool__(self) -> bool:
+        return True  # without a call to the server
 
     def __iter__(self) -> Iterator[E]:
         page = self.page()
@@ -131,8 +135,8 @@ class Entries(Owned, Generic[E]):
         size = min(size, _native.MAX_EMAIL_ENTRIES)
         records = (_native.Entry * size)()
         count = _native.c_uint32(size)
-        status = self._library.read_entries(self.handle, after, filter, skip, not backward, records, count,
-                                            accept=(0, _native.STATUS_DATA_NOT_FOUND, _native.STATUS_MORE_DATA))
+        status = self._library.read_entries(self.handle, name_of(after), name_of(filter), skip, not backward, records,
+                                            count, accept=(0, _native.STATUS_DATA_NOT_FOUND, _native.STATUS_MORE_DATA))
         delivered = 0 if status == _native.STATUS_DATA_NOT_FOUND else count.value
         return [from_native(each, self._class) for each in records[:delivered]]
 
@@ -145,7 +149,7 @@ class Entries(Owned, Generic[E]):
     def get(self, name: str) -> E | None:
         """The entry of this name, or None."""
         native = _native.Entry()
-        status = self._library.read_entry(self.handle, name, native, accept=(0, _native.STATUS_DATA_NOT_FOUND))
+        status = self._library.read_entry(self.handle, name_of(name), native, accept=(0, _native.STATUS_DATA_NOT_FOUND))
         return from_native(native, self._class) if status == 0 else None
 
     def __contains__(self, name: str) -> bool:
@@ -166,10 +170,10 @@ class Entries(Owned, Generic[E]):
 
     def rename(self, old_name: str, entry: E) -> None:
         """Replaces the entry `old_name` by `entry`."""
-        self._library.rename_entry(self.handle, old_name, self._to_native(entry))
+        self._library.rename_entry(self.handle, name_of(old_name), self._to_native(entry))
 
     def delete(self, name: str) -> None:
-        self._library.delete_entry(self.handle, name)
+        self._library.delete_entry(self.handle, name_of(name))
 
 
 class Lists(Generic[E]):
@@ -230,10 +234,14 @@ class View(Owned):
         return self._move(self._library.view_go, _native.GO_AT, index)
 
     def find(self, name: str) -> EmailEntry | None:
-        return self._move(self._library.view_find, _native.FIND_NAME, name)
+        return self._move(self._library.view_find, _native.FIND_NAME, name_of(name))
 
     def find_prefix(self, prefix: str) -> EmailEntry | None:
-        return self._move(self._library.view_find, _native.FIND_PREFIX, prefix)
+        return self._move(self._library.view_find, _native.FIND_PREFIX, name_of(prefix))
+
+    def find_letter(self, letter: str) -> EmailEntry | None:
+        """The first entry whose name begins with this letter."""
+        return self._move(self._library.view_find, _native.FIND_LETTER, name_of(letter))
 
     def find_next(self) -> EmailEntry | None:
         """The next entry for the prefix of the latest search."""

@@ -6,7 +6,7 @@ import dataclasses
 from collections.abc import Iterator
 
 from . import _native
-from ._library import Library
+from ._library import Library, name as name_of
 from .entries import Owned
 from .errors import QuillError
 
@@ -51,8 +51,15 @@ class Key:
     def __len__(self) -> int:
         return self._library.get_item_count(self.handle)
 
+    def __bool__(self) -> bool:
+        return True  # also without items
+
     def __iter__(self) -> Iterator[Item]:
-        return (self[i] for i in range(len(self)))
+        """The items of now: the loop may change the key."""
+        return iter([self[i] for i in range(len(self))])
+
+    def __contains__(self, name: str) -> bool:
+        return self._library.find_first_item(self.handle, name, 1) >= 0
 
     def __getitem__(self, place: int | str) -> Item:
         """The item at an index, or with a name."""
@@ -78,7 +85,7 @@ class Key:
     def rename(self, old_name: str, item: Item) -> None:
         """Replaces the item `old_name` by `item`."""
         with contextlib.closing(ItemHandle(self._library, item)) as made:
-            self._library.fast_item_rename(self.handle, old_name, made.handle)
+            self._library.fast_item_rename(self.handle, name_of(old_name), made.handle)
 
     def remove(self, name: str) -> None:
         with contextlib.closing(ItemHandle(self._library, Item(name))) as made:
@@ -94,8 +101,12 @@ class Keys:
     def __len__(self) -> int:
         return self._library.get_count(self.handle)
 
+    def __bool__(self) -> bool:
+        return True  # also without keys
+
     def __iter__(self) -> Iterator[Key]:
-        return (self[i] for i in range(len(self)))
+        """The keys of now: the loop may add and delete keys."""
+        return iter([self[i] for i in range(len(self))])
 
     def __getitem__(self, place: int | str) -> Key:
         """The key at an index, or with a name."""
@@ -113,7 +124,7 @@ class Keys:
         return self._library.find_soft_key_index(self.handle, name) >= 0
 
     def _named(self, name: str) -> contextlib.closing[Owned]:
-        handle = self._library.create_soft_key(name, self.handle)
+        handle = self._library.create_soft_key(name_of(name), self.handle)
         return contextlib.closing(Owned(self._library.destroy_soft_key, handle))
 
     def add(self, name: str) -> Key:
@@ -128,7 +139,7 @@ class Keys:
 
     def rename(self, old_name: str, new_name: str) -> None:
         with self._named(new_name) as made:
-            self._library.fast_key_rename(self.handle, old_name, made.handle)
+            self._library.fast_key_rename(self.handle, name_of(old_name), made.handle)
 
     def reload(self) -> None:
         """Loads all keys again. The Key objects of before end."""

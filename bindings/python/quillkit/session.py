@@ -155,6 +155,7 @@ class Session:
         self._library.dispatch_events()
 
     async def __aenter__(self) -> Session:
+        self._require_own_thread()
         import asyncio  # takes longer to import than this package
         loop = asyncio.get_running_loop()
         if self.fileno() >= 0:
