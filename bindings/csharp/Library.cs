@@ -40,9 +40,7 @@ namespace Quillkit
         internal static void Check()
         {
             if (isChecked) return;
-            if (Environment.OSVersion.Platform == PlatformID.Win32NT && IntPtr.Size == 8)
-                throw new LoadException("quillkit_c.dll is a 32-bit DLL, as the server library is, and this is a " +
-                                        "64-bit program: compile it for x86 (/platform:x86)");
+            CheckBits(Environment.OSVersion.Platform, IntPtr.Size);
             int contract = 0;
             try
             {
@@ -58,6 +56,13 @@ namespace Quillkit
                 throw new LoadException($"{Path()} has contract {contract}, but these classes need contract " +
                                         $"{Native.Contract}: use those of the library's version");
             isChecked = true;
+        }
+
+        internal static void CheckBits(PlatformID system, int pointerSize)
+        {
+            if (system == PlatformID.Win32NT && pointerSize == 8)
+                throw new LoadException("quillkit_c.dll is a 32-bit DLL, as the server library is, and this is a " +
+                                        "64-bit program: compile it for x86 (/platform:x86)");
         }
 
         // The file that the system has loaded. Mono does not list it among the modules.

@@ -90,6 +90,7 @@ static class Layers
             ExpectFailure(call);
         ExpectErrors<ArgumentNullException>(() => box.Email.Find(null),
                                             () => box.Fax.Add(new FaxEntry { Number = null }));
+        ExpectErrors<LoadException>(() => Library.CheckBits(PlatformID.Win32NT, 8));
         ExpectErrors<ArgumentException>(() => box.Import("x", columns: new int[5]));
         Console.WriteLine(Shown(box.Email.Page("Gareth Pugh", 2, backward: true).Select(each => each.Name)));
 
