@@ -35,9 +35,7 @@ namespace Quillkit
         // Logs out, unless this session has ended. Keys stay readable; calls to the server fail.
         public void Dispose()
         {
-            if (open != this) return;
-            Native.quill_logout();
-            open = null;
+            if (open == this && Native.quill_logout() == 1) open = null;
         }
 
         public string Name => Library.Text(Native.quill_get_scanner_name, Handle);
