@@ -13,11 +13,15 @@ from .errors import LoadError, QuillError
 TEXT_ENCODING = "latin-1"  # the library has no character set; this maps bytes to characters one to one
 
 
-def encoded(text: str | bytes) -> bytes:
-    """A text argument. The library would ignore what follows a NUL."""
-    if not isinstance(text, (str, bytes)):
+def encoded(text: str) -> bytes:
+    """A text as the bytes of an argument."""
+    if not isinstance(text, str):
         raise TypeError(f"a text is needed, not {type(text).__name__}")
-    value = text.encode(TEXT_ENCODING) if isinstance(text, str) else text
+    return _without_nul(text.encode(TEXT_ENCODING))
+
+
+def _without_nul(value: bytes) -> bytes:
+    """The library would ignore what follows a NUL."""
     if b"\0" in value:
         raise ValueError("a text contains a NUL character")
     return value
@@ -25,8 +29,6 @@ def encoded(text: str | bytes) -> bytes:
 
 def field(text: str, size: int) -> bytes:
     """A text for a field of `size` bytes. Raises the error of the library if it does not fit."""
-    if not isinstance(text, str):
-        raise TypeError(f"a text is needed, not {type(text).__name__}")
     value = encoded(text)
     if len(value) >= size:
         raise QuillError(_native.STATUS_REFUSED)
@@ -47,7 +49,7 @@ def number(kind: Any, value: int) -> int:
 
 def _argument(kind: Any, value: Any) -> Any:
     if kind is ctypes.c_char_p and value is not None:
-        return encoded(value)
+        return _without_nul(value) if isinstance(value, bytes) else encoded(value)
     return number(kind, value) if kind in (ctypes.c_int32, ctypes.c_uint32, ctypes.c_uint64) else value
 
 

@@ -8,7 +8,7 @@ from types import TracebackType
 from typing import Any, Generic, TypeVar
 
 from . import _native
-from ._library import TEXT_ENCODING, Library, field, name as name_of, number
+from ._library import TEXT_ENCODING, Library, encoded, field, name as name_of, number
 from .errors import QuillError
 
 PAGE = 64  # entries that an iteration reads at once
@@ -189,8 +189,11 @@ class Lists(Generic[E]):
                                       accept=(0, _native.STATUS_DATA_NOT_FOUND, _native.STATUS_MORE_DATA))
         return iter([each.name.decode(TEXT_ENCODING) for each in names[:count.value]])
 
+    def __contains__(self, name: str) -> bool:
+        return encoded(name).decode(TEXT_ENCODING) in iter(self)
+
     def __getitem__(self, name: str) -> Entries[E]:
-        if name not in iter(self):
+        if name not in self:
             raise KeyError(name)
         return Entries(self._library, self._scanner, self._kind, name)
 
