@@ -92,7 +92,8 @@ static class Layers
                                             () => box.Fax.Add(new FaxEntry { Number = null }));
         ExpectErrors<LoadException>(() => Library.CheckBits(PlatformID.Win32NT, 8));
         ExpectErrors<ArgumentException>(() => box.Import("x", columns: new int[5]));
-        Console.WriteLine(Shown(box.Email.Page("Gareth Pugh", 2, backward: true).Select(each => each.Name)));
+        Console.WriteLine(Shown(box.Email.Page("Gareth Pugh", 2, backward: true).Select(each => each.Name)) + " " +
+                          box.Email.Page(size: 5289369).Count);
 
         Entries<EmailEntry> board = box.EmailLists.Create("Board");
         board.Add(new EmailEntry { Name = "Fenna de Wit", Address = "fenna.dewit@office.example" });

@@ -56,12 +56,13 @@ with quillkit.Session("127.0.0.1", "ADMINISTRATOR", "quill") as box:
                  lambda: box.email.get(long_name), lambda: box.email_lists.create(long_name),
                  lambda: box.keys.add(long_name)]:
         expect_failure(call)
-    print([each.name for each in box.email.page("Gareth Pugh", 2, backward=True)])
+    print([each.name for each in box.email.page("Gareth Pugh", 2, backward=True)], len(box.email.page(size=5289369)))
 
     expect_errors(TypeError, lambda: box.fax.add(FaxEntry("Int", 5551234)), lambda: 5 in box.email,
                   lambda: 5 in box.email_lists, lambda: 5 in box.keys, lambda: Item("x") in box.keys[0],
                   lambda: box.email.add(EmailEntry("Text", flags="1")),
-                  lambda: box.email.add(UserEntry("User", "secret")), lambda: box.email.modify(FaxEntry("Zz")), lambda: box.email.rename("Zz", FaxEntry("Zz")))
+                  lambda: box.email.add(UserEntry("User", "secret")), lambda: box.email.modify(FaxEntry("Zz")),
+                  lambda: box.email.rename("Zz", FaxEntry("Zz")))
     expect_errors(OverflowError, lambda: box.email.add(EmailEntry("Big", flags=1 << 32)), lambda: box.keys[1 << 32],
                   lambda: box.email.page(skip=-1 << 32), lambda: box.import_file("x", columns=[1 << 32, 1]))
     expect_errors(ValueError, lambda: box.import_file("a\0b"), lambda: box.email.page(size=0))
