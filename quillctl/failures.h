@@ -31,48 +31,34 @@ class Failure : public std::runtime_error {
   int status;
 };
 
-// The appliance, the library or the user refused, a check failed, or a file cannot be written.
-class Refusal : public Failure {
+// A Base with an exit status of its own.
+template <class Base, int kStatus>
+class FailureWith : public Base {
  public:
-  explicit Refusal(const std::string& text, int exitStatus = kExitRefused)
-      : Failure(text, exitStatus) {}
+  explicit FailureWith(const std::string& text, int exitStatus = kStatus)
+      : Base(text, exitStatus) {}
 };
+
+// The appliance, the library or the user refused, a check failed, or a file cannot be written.
+using Refusal = FailureWith<Failure, kExitRefused>;
 
 // Something that the command line names does not exist on the appliance.
-class NotFound : public Refusal {
- public:
-  explicit NotFound(const std::string& text) : Refusal(text, kExitNotFound) {}
-};
+using NotFound = FailureWith<Refusal, kExitNotFound>;
 
 // The login failed: the appliance cannot be reached, or it refused the account.
-class LoginRefusal : public Refusal {
- public:
-  explicit LoginRefusal(const std::string& text) : Refusal(text, kExitNoLogin) {}
-};
+using LoginRefusal = FailureWith<Refusal, kExitNoLogin>;
 
 // The command line or an input file is invalid.
-class UsageError : public Failure {
- public:
-  explicit UsageError(const std::string& text) : Failure(text, kExitUsage) {}
-};
+using UsageError = FailureWith<Failure, kExitUsage>;
 
 // Some changes were made and others not, or some rows were not imported.
-class PartialFailure : public Failure {
- public:
-  explicit PartialFailure(const std::string& text) : Failure(text, kExitPartial) {}
-};
+using PartialFailure = FailureWith<Failure, kExitPartial>;
 
 // The appliance may have made a change, but the result cannot be read.
-class UnknownResult : public Failure {
- public:
-  explicit UnknownResult(const std::string& text) : Failure(text, kExitUnknown) {}
-};
+using UnknownResult = FailureWith<Failure, kExitUnknown>;
 
 // The appliance differs from the file that it was compared with.
-class Differs : public Failure {
- public:
-  explicit Differs(const std::string& text) : Failure(text, kExitDiffers) {}
-};
+using Differs = FailureWith<Failure, kExitDiffers>;
 
 // Returns "code 14, Name Conflict" for a status. For local codes, which are negative and have no
 // text in the library, the text is defined here.
