@@ -105,7 +105,8 @@ std::int32_t DeleteEntry(const CScanner& scanner, const std::string& name) {
 
 template <auto Access>
 AddressBook Book(std::string_view word, std::string_view title, std::int32_t target, Row fields,
-                 std::size_t requiredFields, std::int32_t (*clear)(CScanner&)) {
+                 std::size_t requiredFields, std::int32_t (*clear)(CScanner&),
+                 std::size_t secretField = AddressBook::kNone) {
   return {word,
           title,
           target,
@@ -117,15 +118,8 @@ AddressBook Book(std::string_view word, std::string_view title, std::int32_t tar
           AddEntry<Access>,
           ChangeEntry<Access>,
           DeleteEntry<Access>,
-          clear};
-}
-
-AddressBook UserBook() {
-  AddressBook book = Book<&CScanner::UserEntries>(
-      "users", "user book", quillkit::TargetUsers, {"Name", "Password", "Third", "Fourth"}, 1,
-      [](CScanner& scanner) { return scanner.ClearUsersBook(); });
-  book.secretField = 1;
-  return book;
+          clear,
+          secretField};
 }
 
 }  // namespace
@@ -135,8 +129,8 @@ Row AddressBook::WithoutSecret(Row row) const {
   return row;
 }
 
-std::span<const AddressBook> PublicBooks() {
-  static const std::array<AddressBook, 4> books = {
+std::span<const AddressBook> AllBooks() {
+  static const std::array<AddressBook, 5> books = {
       Book<&CScanner::EmailEntries>("email", "e-mail book", quillkit::TargetEmail,
                                     {"Name", "Address"}, 2,
                                     [](CScanner& scanner) { return scanner.ClearEmailBook(); }),
@@ -146,39 +140,30 @@ std::span<const AddressBook> PublicBooks() {
       Book<&CScanner::PrinterEntries>(
           "printers", "printer book", quillkit::TargetPrinters, {"Name", "Description", "Model"}, 1,
           [](CScanner& scanner) { return scanner.ClearPrintersBook(); }),
-      UserBook()};
+      Book<&CScanner::UserEntries>(
+          "users", "user book", quillkit::TargetUsers, {"Name", "Password", "Third", "Fourth"}, 1,
+          [](CScanner& scanner) { return scanner.ClearUsersBook(); }, 1),
+      Book<&CScanner::PrivateEntries>(
+          "private", "private e-mail book", 0, {"Name", "Address"}, 2,
+          [](CScanner& scanner) { return scanner.PrivateEntries().ClearBook(); })};
   return books;
 }
 
-std::span<const AddressBook> PrivateBook() {
-  static const std::array<AddressBook, 1> book = {Book<&CScanner::PrivateEntries>(
-      "private", "private e-mail book", 0, {"Name", "Address"}, 2,
-      [](CScanner& scanner) { return scanner.PrivateEntries().ClearBook(); })};
-  return book;
+std::span<const AddressBook> PublicBooks() {
+  return AllBooks().first(4);
 }
 
-std::span<const AddressBook> FindBook(std::string_view word) {
-  const std::span<const AddressBook> books = PublicBooks();
-  for (std::size_t i = 0; i < books.size(); ++i) {
-    if (books[i].word == word) return books.subspan(i, 1);
-  }
-  return {};
+std::span<const AddressBook> PrivateBook() {
+  return AllBooks().last(1);
 }
 
 const AddressBook& BookOf(std::string_view word) {
-  const AddressBook& own = PrivateBook().front();
-  return word == own.word ? own : FindBook(word).front();
-}
-
-std::vector<std::string> BookWords() {
-  std::vector<std::string> words;
-  for (const AddressBook& each : PublicBooks()) words.emplace_back(each.word);
-  return words;
+  return *std::ranges::find(AllBooks(), word, &AddressBook::word);
 }
 
 std::vector<std::string> AllBookWords() {
-  std::vector<std::string> words = BookWords();
-  words.emplace_back(PrivateBook().front().word);
+  std::vector<std::string> words;
+  for (const AddressBook& each : AllBooks()) words.emplace_back(each.word);
   return words;
 }
 

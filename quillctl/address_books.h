@@ -62,20 +62,19 @@ struct AddressBook {
   Row WithoutSecret(Row row) const;
 };
 
+// All books: those of PublicBooks(), then that of PrivateBook().
+std::span<const AddressBook> AllBooks();
+
 // The books that imports of the administrator fill. The e-mail book is the first.
 std::span<const AddressBook> PublicBooks();
 
 // The book that imports of any other account fill: its own.
 std::span<const AddressBook> PrivateBook();
 
-// Returns the public book with this word, or an empty span.
-std::span<const AddressBook> FindBook(std::string_view word);
-
-// Returns the book with this word, also the private one. REQUIRES: there is one.
+// Returns the book with this word. REQUIRES: there is one.
 const AddressBook& BookOf(std::string_view word);
 
-// Return the words of the public books, or of all books.
-std::vector<std::string> BookWords();
+// Returns the words of all books.
 std::vector<std::string> AllBookWords();
 
 // Returns all entries of the book, none for a missing book. Returns nothing if they cannot be read,

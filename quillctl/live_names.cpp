@@ -52,8 +52,7 @@ Names EntryNames(const Session& session, const NameQuery& query) {
     if (isWanted) names.push_back(row[0]);
     return isWanted && names.size() <= kMaxNames;
   };
-  const std::vector<std::string> books = AllBookWords();
-  if (!std::ranges::count(books, query.scope)) return {};
+  if (!std::ranges::count(AllBooks(), query.scope, &AddressBook::word)) return {};
   BookOf(query.scope).read(*session.Scanner(), query.prefix, query.prefix.substr(0, 1) + '*', keep);
   // A shell inserts what all names have in common. That is wrong if further names are missing.
   if (names.size() > kMaxNames) names.clear();
