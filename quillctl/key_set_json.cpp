@@ -14,21 +14,6 @@ namespace quillctl {
 namespace {
 
 constexpr const char* kFormatMember = "quillbox-keys";
-constexpr const char* kUtf8 = "utf-8";
-constexpr const char* kLatin1 = "latin-1";
-
-bool HoldsUtf8(const ItemFields& item) {
-  return std::ranges::all_of(
-      kItemTexts, [&](const ItemText& text) { return contacts::IsUtf8(item.*text.field); });
-}
-
-bool HoldsUtf8(const KeySet& keys) {
-  return std::ranges::all_of(keys, [](const KeyFields& key) {
-    return contacts::IsUtf8(key.name) &&
-           std::ranges::all_of(key.items, [](const ItemFields& item) { return HoldsUtf8(item); });
-  });
-}
-
 // Returns the text with one byte for each character. Throws a UsageError for a character outside
 // Latin-1.
 std::string Latin1FromUtf8(const std::string& utf8, const std::string& where) {
@@ -77,9 +62,9 @@ class Reader {
     if (file.value(kFormatMember, Json()) != Json(1)) {
       throw UsageError("not a key file: \"quillbox-keys\": 1 is missing");
     }
-    const Json encoding = file.value("encoding", Json(kUtf8));
-    isLatin1 = encoding == Json(kLatin1);
-    if (!isLatin1 && encoding != Json(kUtf8)) {
+    const Json encoding = file.value("encoding", Json(WordOf(contacts::Encoding::kUtf8)));
+    isLatin1 = encoding == WordOf(contacts::Encoding::kLatin1);
+    if (!isLatin1 && encoding != WordOf(contacts::Encoding::kUtf8)) {
       throw UsageError("the file's \"encoding\" is neither \"utf-8\" nor \"latin-1\"");
     }
     KeySet keys;
@@ -166,14 +151,12 @@ class Reader {
   bool isLatin1 = false;
 };
 
-}  // namespace
-
-std::string JsonOf(const KeySet& keys) {
-  const bool isUtf8 = HoldsUtf8(keys);
-  const auto text = [isUtf8](const std::string& bytes) {
+// Stores the file of the keys. Returns false if a text is not valid in the encoding.
+bool Store(Json& file, const KeySet& keys, contacts::Encoding encoding) {
+  bool isValid = true;
+  const auto text = [&](const std::string& bytes) {
     std::string utf8;
-    contacts::AppendUtf8(utf8, bytes,
-                         isUtf8 ? contacts::Encoding::kUtf8 : contacts::Encoding::kLatin1);
+    isValid = contacts::AppendUtf8(utf8, bytes, encoding) && isValid;
     return utf8;
   };
   Json list = Json::array();
@@ -187,8 +170,17 @@ std::string JsonOf(const KeySet& keys) {
     }
     list.push_back({{"name", text(key.name)}, {"items", items}});
   }
-  const Json file = {
-      {kFormatMember, 1}, {"encoding", isUtf8 ? kUtf8 : kLatin1}, {"keys", std::move(list)}};
+  file = {{kFormatMember, 1}, {"encoding", WordOf(encoding)}, {"keys", std::move(list)}};
+  return isValid;
+}
+
+}  // namespace
+
+std::string JsonOf(const KeySet& keys) {
+  Json file;
+  if (!Store(file, keys, contacts::Encoding::kUtf8)) {
+    Store(file, keys, contacts::Encoding::kLatin1);
+  }
   return file.dump(2) + '\n';
 }
 
