@@ -13,13 +13,6 @@ std::string NameFault(const std::string& name) {
 
 }  // namespace
 
-CLI::App* Commands::Add(const char* name, const char* help, std::function<void(Session&)> action) {
-  return AddWithoutLogin(name, help, [run = std::move(action)](const Credentials& credentials) {
-    Session session(credentials);
-    run(session);
-  });
-}
-
 CLI::App* Commands::AddWithoutLogin(const char* name, const char* help, Action action) {
   CLI::App* command = app.add_subcommand(name, help);
   command->callback([into = parsed, run = std::move(action)] { *into = run; });

@@ -24,8 +24,22 @@ class Commands {
   // `program` must outlive this object.
   explicit Commands(CLI::App& program) : app(program), parsed(std::make_shared<Action>()) {}
 
-  // Adds a command that logs in and then runs `action`.
-  CLI::App* Add(const char* name, const char* help, std::function<void(Session&)> action);
+  // A command, and where it stores the arguments that its options parse.
+  template <class Arguments>
+  struct Added {
+    CLI::App* app;
+    Arguments& arguments;
+  };
+
+  // Adds a command, which owns its arguments. It runs `run` with a Session, for which it logs in,
+  // or with the Credentials.
+  template <class Context, class Arguments>
+  Added<Arguments> Add(const char* name, const char* help,
+                       void (*run)(const Context&, const Arguments&)) {
+    const auto a = std::make_shared<Arguments>();
+    return {AddWithoutLogin(name, help, [run, a](const Credentials& c) { run(Context(c), *a); }),
+            *a};
+  }
 
   // Adds a command that runs without a login. `action` can log in with the credentials.
   CLI::App* AddWithoutLogin(const char* name, const char* help, Action action);
@@ -50,7 +64,7 @@ CLI::Validator NumberInRange(std::uint32_t min, std::uint32_t max);
 // Requires the name of a key, an item or an entry as the option's value.
 CLI::Option* AsName(CLI::Option* option);
 
-// Adds a positional argument that names a key, an item or an entry.
+// Adds a required argument that names a key, an item or an entry.
 CLI::Option* AddName(CLI::App* command, const char* title, std::string& into, const char* help);
 
 // Adds an option whose value is a number from `min` to `max`, in decimal or, after "0x", in

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <iostream>
 #include <map>
-#include <memory>
 #include <span>
 #include <string>
 #include <vector>
@@ -167,6 +166,14 @@ compdef _quillctl quillctl
     -a '(quillctl complete (commandline -opc)[2..-1] (commandline -ct) 2>/dev/null)'
 )script"}};
 
+struct Arguments {
+  std::string shell;
+};
+
+void PrintScript(const Credentials&, const Arguments& a) {
+  std::cout << std::ranges::find(kShells, a.shell, &Shell::name)->script;
+}
+
 }  // namespace
 
 void PrintCompletions(const CLI::App& program, std::span<const std::string> words) {
@@ -186,15 +193,11 @@ void PrintCompletions(const CLI::App& program, std::span<const std::string> word
 }
 
 void AddCompletionCommand(Commands& commands) {
-  const auto shell = std::make_shared<std::string>();
   Words names;
   for (const Shell& each : kShells) names.emplace_back(each.name);
-  CLI::App* completion = commands.AddWithoutLogin(
-      "completion", "Print a script that completes commands and options in a shell",
-      [shell](const Credentials&) {
-        std::cout << std::ranges::find(kShells, *shell, &Shell::name)->script;
-      });
-  completion->add_option("shell", *shell, "The shell")->required()->check(CLI::IsMember(names));
+  const auto [completion, a] = commands.Add(
+      "completion", "Print a script that completes commands and options in a shell", PrintScript);
+  completion->add_option("shell", a.shell, "The shell")->required()->check(CLI::IsMember(names));
 }
 
 }  // namespace quillctl

@@ -2,7 +2,7 @@
 // restores them from it.
 
 #include <iostream>
-#include <memory>
+#include <string>
 
 #include "quillctl/colour.h"
 #include "quillctl/commands.h"
@@ -95,11 +95,17 @@ void RequireApplied(const Session& session, const KeySet& wanted) {
                        Described(missing.front()));
 }
 
+struct Arguments {
+  std::string file;
+  bool yes = false;
+  bool dryRun = false;
+};
+
 // Writes the keys and their items as JSON (key_set_json.h) to a file, or to standard output if
-// `path` is empty or "-". Throws a Refusal and writes nothing if a key or an item cannot be read.
-void ExportKeys(const Session& session, const std::string& path, bool yes) {
-  ConfirmOverwrite(yes, path);
-  WriteOutput(path, JsonOf(ReadKeySet(session)), "Exported the keys to " + Quoted(path) + '.');
+// its path is empty or "-". Throws a Refusal and writes nothing if a key or an item cannot be read.
+void ExportKeys(const Session& session, const Arguments& a) {
+  ConfirmOverwrite(a.yes, a.file);
+  WriteOutput(a.file, JsonOf(ReadKeySet(session)), "Exported the keys to " + Quoted(a.file) + '.');
 }
 
 KeySet ReadKeyFile(const std::string& path) {
@@ -126,26 +132,26 @@ std::vector<KeySetChange> ShowChanges(const Session& session, const KeySet& want
 
 // Prints the differences between the appliance and the file. Throws a Differs if there are any, and
 // a UsageError for an invalid file, without a server call.
-void DiffKeys(const Credentials& credentials, const std::string& path) {
-  const KeySet wanted = ReadKeyFile(path);
+void DiffKeys(const Credentials& credentials, const Arguments& a) {
+  const KeySet wanted = ReadKeyFile(a.file);
   const Session session(credentials);
   if (ShowChanges(session, wanted).empty()) return;
-  throw Differs("the keys and items of the appliance differ from those in " + Quoted(path));
+  throw Differs("the keys and items of the appliance differ from those in " + Quoted(a.file));
 }
 
 // Prints the differences. After confirmation, makes the appliance's keys those of the file. Throws
 // a UsageError as DiffKeys does; a Refusal if the user does not confirm; and what Make() and
 // RequireApplied() throw.
-void ApplyKeys(const Credentials& credentials, const std::string& path, bool yes, bool dryRun) {
-  const KeySet wanted = ReadKeyFile(path);
+void ApplyKeys(const Credentials& credentials, const Arguments& a) {
+  const KeySet wanted = ReadKeyFile(a.file);
   const Session session(credentials);
   const std::vector<KeySetChange> changes = ShowChanges(session, wanted);
   if (changes.empty()) {
     std::cout << "Nothing to change: the appliance already has these keys and items.\n";
     return;
   }
-  if (dryRun) return;
-  Confirm(yes, "Make these changes?");
+  if (a.dryRun) return;
+  Confirm(a.yes, "Make these changes?");
   Make(session, changes);
   RequireApplied(session, wanted);
   std::cout << "Made " << Counted(changes.size(), "change") << ".\n";
@@ -154,30 +160,22 @@ void ApplyKeys(const Credentials& credentials, const std::string& path, bool yes
 }  // namespace
 
 void AddConfigCommands(Commands& commands) {
-  struct Arguments {
-    std::string file;
-    bool yes = false;
-    bool dryRun = false;
-  };
   constexpr const char* kFileHelp = "A file written by config export";
   Commands config =
       commands.AddGroup("config", "Save, compare and restore the soft keys with their items");
-  const auto a = std::make_shared<Arguments>();
-  CLI::App* save = config.Add("export", "Write all keys and items as JSON",
-                              [a](Session& s) { ExportKeys(s, a->file, a->yes); });
-  save->add_option("file", a->file, "The file (default: standard output)")->type_name("FILE");
-  AddYes(save, a->yes);
+  const auto [save, saved] = config.Add("export", "Write all keys and items as JSON", ExportKeys);
+  save->add_option("file", saved.file, "The file (default: standard output)")->type_name("FILE");
+  AddYes(save, saved.yes);
 
-  CLI::App* diff = config.AddWithoutLogin("diff", "Print how the appliance differs from a file",
-                                          [a](const Credentials& c) { DiffKeys(c, a->file); });
-  diff->add_option("file", a->file, kFileHelp)->required()->type_name("FILE");
+  const auto [diff, compared] =
+      config.Add("diff", "Print how the appliance differs from a file", DiffKeys);
+  diff->add_option("file", compared.file, kFileHelp)->required()->type_name("FILE");
 
-  CLI::App* apply = config.AddWithoutLogin(
-      "apply", "Replace all keys and items with those in a file",
-      [a](const Credentials& c) { ApplyKeys(c, a->file, a->yes, a->dryRun); });
-  apply->add_option("file", a->file, kFileHelp)->required()->type_name("FILE");
-  CLI::Option* yes = AddYes(apply, a->yes);
-  apply->add_flag("--dry-run", a->dryRun, "Print the differences, without changing anything")
+  const auto [apply, applied] =
+      config.Add("apply", "Replace all keys and items with those in a file", ApplyKeys);
+  apply->add_option("file", applied.file, kFileHelp)->required()->type_name("FILE");
+  CLI::Option* yes = AddYes(apply, applied.yes);
+  apply->add_flag("--dry-run", applied.dryRun, "Print the differences, without changing anything")
       ->excludes(yes);
 }
 

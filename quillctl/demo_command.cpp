@@ -2,7 +2,7 @@
 
 #include <filesystem>
 #include <iostream>
-#include <memory>
+#include <string>
 #include <system_error>
 
 #include "quillctl/commands.h"
@@ -28,23 +28,27 @@ void Heading(const char* text) {
 
 void ShowAppliance(const Session& session) {
   std::cout << "== The appliance\n";
-  ShowInfo(session);
+  ShowInfo(session, {});
   Heading("The soft keys and their items");
-  ShowKeys(session);
+  ShowKeys(session, {});
   std::cout << '\n';
-  ShowItems(session, "");
+  ShowItems(session, {});
 }
 
 void ChangeSoftKeys(const Session& session) {
   Heading("Add a key with three items");
-  AddKey(session, kKey);
-  AddItem(session, kKey, {"Invoices in", "files.example.com", "/in", "ledger", 3, 0x10002});
-  AddItem(session, kKey, {"Invoices out", "files.example.com", "/out", "ledger", 3, 0x10002});
-  AddItem(session, kKey, {"Tax office", "tax.example.org", "/upload", "records", 1, 0x20021});
-  RenameItem(session, kKey, "Tax office", "Tax adviser");
-  ShowItems(session, kKey);
+  AddKey(session, {.name = kKey});
+  for (const ItemValues& each : {
+           ItemValues{{"Invoices in", "files.example.com", "/in", "ledger"}, {3, 0x10002}},
+           ItemValues{{"Invoices out", "files.example.com", "/out", "ledger"}, {3, 0x10002}},
+           ItemValues{{"Tax office", "tax.example.org", "/upload", "records"}, {1, 0x20021}},
+       }) {
+    AddItem(session, {.key = kKey, .values = each});
+  }
+  RenameItem(session, {.key = kKey, .name = "Tax office", .newName = "Tax adviser"});
+  ShowItems(session, {.key = kKey});
   Heading("Find all items whose name begins with \"Invoices\"");
-  FindItems(session, "Invoices", false);
+  FindItems(session, {.name = "Invoices"});
 }
 
 // Returns the path of a file in the data folder. Throws a UsageError if it does not exist.
@@ -57,39 +61,32 @@ std::string DataFile(const std::string& folder, const char* name) {
   return path.string();
 }
 
-struct DataFiles {
-  explicit DataFiles(const std::string& folder)
-      : contacts(DataFile(folder, "contacts.csv")),
-        directory(DataFile(folder, "directory.ldif")),
-        mailServer(DataFile(folder, "mailserver.csv")) {}
-
-  std::string contacts;
-  std::string directory;
-  std::string mailServer;
+// The imports of a demonstration. An empty format or book is the default.
+struct DemoImport {
+  const char* heading;
+  const char* file;
+  const char* format;
+  const char* book;
+};
+constexpr DemoImport kImports[] = {
+    {"Import a contact manager's export into the e-mail book", "contacts.csv", "", "email"},
+    {"Import the same file into the fax book", "contacts.csv", "", "fax"},
+    {"Import a directory export", "directory.ldif", "", ""},
+    {"Import a mail server's export, as the library converts it", "mailserver.csv", "mail", ""},
 };
 
-void ImportFile(const Session& session, const char* heading, const std::string& file,
-                const char* format, const char* book) {
-  Heading(heading);
+void ImportFile(const Session& session, const DemoImport& what, const std::string& folder) {
+  Heading(what.heading);
   ImportRequest request;
-  request.file = file;
-  request.format = format;
-  request.book = book;
+  request.file = DataFile(folder, what.file);
+  request.format = what.format;
+  request.book = what.book;
   request.faultsShown = 3;
   try {
     ImportInSession(request, session);
   } catch (const PartialFailure& why) {  // the files have rows that cannot be imported
     std::cerr << "quillctl: " << why.what() << '\n';
   }
-}
-
-void ImportFiles(const Session& session, const DataFiles& files) {
-  ImportFile(session, "Import a contact manager's export into the e-mail book", files.contacts, "",
-             "email");
-  ImportFile(session, "Import the same file into the fax book", files.contacts, "", "fax");
-  ImportFile(session, "Import a directory export", files.directory, "", "");
-  ImportFile(session, "Import a mail server's export, as the library converts it", files.mailServer,
-             "mail", "");
 }
 
 // Returns the folder of the sample files: "data" in the program's folder if it exists, as in a
@@ -101,17 +98,24 @@ std::string DemoDataFolder() {
   return (folder / QUILLCTL_INSTALLED_DATA).lexically_normal().string();
 }
 
+struct Arguments {
+  std::string folder = DemoDataFolder();
+};
+
 // Shows the appliance, adds a soft key with items, imports the three sample files into the address
 // books, deletes the key and logs out. Throws a UsageError and does nothing if a file is missing.
 // Stops at the first step that throws.
-void RunDemo(Session& session, const std::string& dataFolder) {
-  const DataFiles files(dataFolder);
+void RunDemo(const Credentials& given, const Arguments& a) {
+  Credentials credentials = given;
+  if (!credentials.password) credentials.password = kSimulatedPassword;
+  Session session(credentials);
+  for (const DemoImport& each : kImports) DataFile(a.folder, each.file);
   ShowAppliance(session);
   ChangeSoftKeys(session);
-  ImportFiles(session, files);
+  for (const DemoImport& each : kImports) ImportFile(session, each, a.folder);
   Heading("Delete the key");
-  DeleteKey(session, kKey);
-  ShowKeys(session);
+  DeleteKey(session, {.name = kKey, .yes = true});
+  ShowKeys(session, {});
   session.LogOut();
   std::cout << "\nLogged out.\n";
 }
@@ -119,17 +123,9 @@ void RunDemo(Session& session, const std::string& dataFolder) {
 }  // namespace
 
 void AddDemoCommand(Commands& commands) {
-  const auto folder = std::make_shared<std::string>(DemoDataFolder());
-  CLI::App* demo =
-      commands.AddWithoutLogin("demo", "Demonstrate Quillkit; adds entries to the address books",
-                               [folder](const Credentials& given) {
-                                 Credentials credentials = given;
-                                 if (!credentials.password)
-                                   credentials.password = kSimulatedPassword;
-                                 Session session(credentials);
-                                 RunDemo(session, *folder);
-                               });
-  demo->add_option("--data", *folder,
+  const auto [demo, a] =
+      commands.Add("demo", "Demonstrate Quillkit; adds entries to the address books", RunDemo);
+  demo->add_option("--data", a.folder,
                    "The folder of the files to import (default: the sample files)");
 }
 

@@ -26,7 +26,6 @@ namespace {
 // The values that options give to the fields of an entry, by the name of the field.
 using Values = std::map<std::string, std::optional<std::string>>;
 
-// The arguments of a command, which keeps them alive.
 struct Arguments {
   std::string book;
   std::string name;
@@ -292,24 +291,27 @@ std::string LetterFault(const std::string& text) {
 
 constexpr std::uint32_t kMaxLimit = 999'999;
 
+using Added = Commands::Added<Arguments>;
 using Run = void (*)(const Session&, const Arguments&);
 
-// Adds a command whose first argument is a book. It logs in and calls `run`.
-CLI::App* AddBookCommand(Commands& entry, const char* name, const char* help, Run run,
-                         const std::shared_ptr<Arguments>& a, bool withUsers = true) {
-  CLI::App* command = entry.Add(name, help, [a, run](Session& session) { run(session, *a); });
+// Adds a command whose first argument is a book.
+Added AddBookCommand(Commands& entry, const char* name, const char* help, Run run,
+                     bool withUsers = true) {
+  const Added added = entry.Add(name, help, run);
   std::vector<std::string> books = AllBookWords();
   if (!withUsers) std::erase(books, kUsers);
-  command->add_option("book", a->book, "The book")->required()->check(CLI::IsMember(books));
-  return command;
+  added.app->add_option("book", added.arguments.book, "The book")
+      ->required()
+      ->check(CLI::IsMember(books));
+  return added;
 }
 
 // Adds a command whose arguments are a book and an entry.
-CLI::App* AddEntryCommand(Commands& entry, const char* name, const char* help, Run run,
-                          const std::shared_ptr<Arguments>& a, bool withUsers = false) {
-  CLI::App* command = AddBookCommand(entry, name, help, run, a, withUsers);
-  AddName(command, "name", a->name, "The entry's name");
-  return command;
+Added AddEntryCommand(Commands& entry, const char* name, const char* help, Run run,
+                      bool withUsers = false) {
+  const Added added = AddBookCommand(entry, name, help, run, withUsers);
+  AddName(added.app, "name", added.arguments.name, "The entry's name");
+  return added;
 }
 
 // Adds an option for each field of the books that entries can be added to.
@@ -325,61 +327,62 @@ void AddValues(CLI::App* command, Values& values) {
 }
 
 void AddReadingCommands(Commands& entry) {
-  auto a = std::make_shared<Arguments>();
-  CLI::App* list = AddBookCommand(entry, "list", "List the entries in order", ListEntries, a);
-  AsName(list->add_option("--from", a->from, "List the entries after this name"));
-  list->add_option("--letter", a->letter, "List the entries that begin with this character")
+  const auto [list, listed] =
+      AddBookCommand(entry, "list", "List the entries in order", ListEntries);
+  AsName(list->add_option("--from", listed.from, "List the entries after this name"));
+  list->add_option("--letter", listed.letter, "List the entries that begin with this character")
       ->check(LetterFault, "");
-  AddNumber(list, "--limit", a->limit, "List at most this number of entries", 1, kMaxLimit);
-  AddJson(list, a->json);
-  list->add_flag("--json-lines", a->jsonLines, "Print each entry as JSON on a line of its own")
+  AddNumber(list, "--limit", listed.limit, "List at most this number of entries", 1, kMaxLimit);
+  AddJson(list, listed.json);
+  list->add_flag("--json-lines", listed.jsonLines, "Print each entry as JSON on a line of its own")
       ->excludes(list->get_option("--json"));
 
-  a = std::make_shared<Arguments>();
-  CLI::App* find = AddBookCommand(entry, "find", "Find entries by name", FindEntries, a);
-  AddName(find, "pattern", a->name, "The name or its beginning");
-  find->add_flag("--whole", a->wholeName, "Match the whole name only");
-  AddJson(find, a->json);
+  const auto [find, found] = AddBookCommand(entry, "find", "Find entries by name", FindEntries);
+  AddName(find, "pattern", found.name, "The name or its beginning");
+  find->add_flag("--whole", found.wholeName, "Match the whole name only");
+  AddJson(find, found.json);
 
-  a = std::make_shared<Arguments>();
-  AddJson(AddEntryCommand(entry, "show", "Show an entry", ShowEntry, a, true), a->json);
+  const auto [show, shown] = AddEntryCommand(entry, "show", "Show an entry", ShowEntry, true);
+  AddJson(show, shown.json);
 
-  AddBookCommand(entry, "count", "Print the number of entries", CountEntries,
-                 std::make_shared<Arguments>());
+  AddBookCommand(entry, "count", "Print the number of entries", CountEntries);
 
-  a = std::make_shared<Arguments>();
-  CLI::App* save = AddBookCommand(entry, "export", "Write the entries to a file", ExportEntries, a);
-  save->add_option("file", a->file, "The file (default: standard output)")->type_name("FILE");
-  save->add_option("--format", a->format, "The format of the file")
+  const auto [save, saved] =
+      AddBookCommand(entry, "export", "Write the entries to a file", ExportEntries);
+  save->add_option("file", saved.file, "The file (default: standard output)")->type_name("FILE");
+  save->add_option("--format", saved.format, "The format of the file")
       ->check(CLI::IsMember(EntryFileFormats()))
       ->capture_default_str();
-  save->add_flag("--spreadsheet", a->spreadsheet,
+  save->add_flag("--spreadsheet", saved.spreadsheet,
                  "csv only: write UTF-8 with a byte order mark, and mark values that a spreadsheet "
                  "would treat as formulas");
-  AddYes(save, a->yes);
+  AddYes(save, saved.yes);
 }
 
 void AddChangingCommands(Commands& entry) {
-  const auto a = std::make_shared<Arguments>();
-  AddValues(AddEntryCommand(entry, "add", "Add an entry", AddEntry, a), a->values);
+  const auto [add, added] = AddEntryCommand(entry, "add", "Add an entry", AddEntry);
+  AddValues(add, added.values);
 
-  CLI::App* edit = AddEntryCommand(entry, "edit", "Change fields of an entry", EditEntry, a);
-  AsName(edit->add_option("--name", a->newName, "The new name"));
-  AddValues(edit, a->values);
+  const auto [edit, edited] =
+      AddEntryCommand(entry, "edit", "Change fields of an entry", EditEntry);
+  AsName(edit->add_option("--name", edited.newName, "The new name"));
+  AddValues(edit, edited.values);
 
-  AddYes(AddEntryCommand(entry, "delete", "Delete an entry", DeleteEntry, a), a->yes);
-  AddYes(AddBookCommand(entry, "clear", "Delete all entries of a book", ClearBook, a, false),
-         a->yes);
+  const auto [remove, removed] = AddEntryCommand(entry, "delete", "Delete an entry", DeleteEntry);
+  AddYes(remove, removed.yes);
+
+  const auto [clear, cleared] =
+      AddBookCommand(entry, "clear", "Delete all entries of a book", ClearBook, false);
+  AddYes(clear, cleared.yes);
 }
 
 }  // namespace
 
 void AddBookCommands(Commands& commands) {
   Commands book = commands.AddGroup("book", "List the address books");
-  const auto a = std::make_shared<Arguments>();
-  AddJson(book.Add("list", "List the public books and their numbers of entries",
-                   [a](Session& session) { ListBooks(session, *a); }),
-          a->json);
+  const auto [list, a] =
+      book.Add("list", "List the public books and their numbers of entries", ListBooks);
+  AddJson(list, a.json);
 }
 
 void AddEntryCommands(Commands& commands) {

@@ -3,7 +3,6 @@
 #include <array>
 #include <bit>
 #include <iostream>
-#include <memory>
 
 #include "quillctl/commands.h"
 #include "quillctl/json_output.h"
@@ -20,7 +19,7 @@ std::string DottedAddress(std::uint32_t address) {
   return text;
 }
 
-void ShowInfo(const Session& session, bool json) {
+void ShowInfo(const Session& session, const InfoArguments& a) {
   quillkit::CScanner* scanner = session.Scanner();
   const bool isAdmin = quillkit::IsAdminConnected(scanner) != 0;
   const Row rows[] = {{"Name", quillkit::GetScannerName(scanner)},
@@ -28,7 +27,7 @@ void ShowInfo(const Session& session, bool json) {
                       {"Model", quillkit::GetScannerModel(scanner)},
                       {"Version", quillkit::GetScannerVersion(scanner)},
                       {"User", session.User()}};
-  if (json) {
+  if (a.json) {
     Json info;
     for (const Row& row : rows) SetText(info, LowerCase(row[0]), row[1]);
     info["administrator"] = isAdmin;
@@ -42,10 +41,8 @@ void ShowInfo(const Session& session, bool json) {
 }
 
 void AddInfoCommand(Commands& commands) {
-  const auto json = std::make_shared<bool>(false);
-  AddJson(commands.Add("info", "Show the appliance and the account",
-                       [json](Session& session) { ShowInfo(session, *json); }),
-          *json);
+  const auto [info, a] = commands.Add("info", "Show the appliance and the account", ShowInfo);
+  AddJson(info, a.json);
 }
 
 }  // namespace quillctl

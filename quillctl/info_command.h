@@ -13,7 +13,11 @@ namespace quillctl {
 // Returns the dotted text of an IPv4 address in network byte order.
 std::string DottedAddress(std::uint32_t address);
 
-void ShowInfo(const Session& session, bool json = false);
+struct InfoArguments {
+  bool json = false;
+};
+
+void ShowInfo(const Session& session, const InfoArguments& a);
 
 }  // namespace quillctl
 

@@ -2,8 +2,9 @@
 
 #include <algorithm>
 #include <iostream>
-#include <memory>
-#include <optional>
+#include <iterator>
+#include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -12,7 +13,6 @@
 #include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
 #include "quillctl/json_output.h"
-#include "quillctl/key_set.h"
 #include "quillctl/system/deferred_termination.h"
 #include "quillctl/text_table.h"
 
@@ -60,108 +60,99 @@ ItemFields ItemOf(quillkit::CSoftKey* key, const std::string& name) {
   return FieldsOf(quillkit::GetItemAt(key, index));
 }
 
+// Stores the given values in the fields.
+void Apply(const ItemValues& values, ItemFields& fields) {
+  for (std::size_t i = 0; i < std::size(kItemTexts); ++i) {
+    if (values.texts[i]) fields.*kItemTexts[i].field = *values.texts[i];
+  }
+  for (std::size_t i = 0; i < std::size(kItemNumbers); ++i) {
+    if (values.numbers[i]) fields.*kItemNumbers[i].field = *values.numbers[i];
+  }
+}
+
 }  // namespace
 
-void ShowItems(const Session& session, const std::string& key, bool json) {
+void ShowItems(const Session& session, const ItemArguments& a) {
   quillkit::CTopLevelAB* book = session.LoadKeys(true);
-  if (!key.empty()) FindKey(book, key);
+  if (!a.key.empty()) FindKey(book, a.key);
   FoundItems found;
   for (std::int32_t i = 0; i < quillkit::GetCount(book); ++i) {
     quillkit::CSoftKey* each = quillkit::GetKeyAt(book, i);
     const std::string name = quillkit::GetKeyName(each);
-    if (!key.empty() && key != name) continue;
+    if (!a.key.empty() && a.key != name) continue;
     for (ItemFields& item : ItemsOf(each)) found.emplace_back(name, std::move(item));
   }
-  PrintItems(found, json);
+  PrintItems(found, a.json);
 }
 
-void AddItem(const Session& session, const std::string& key, const ItemFields& fields) {
+void AddItem(const Session& session, const ItemArguments& a) {
+  ItemFields fields;
+  Apply(a.values, fields);
   const OwnedItem item = MakeItem(fields);
-  quillkit::CSoftKey* found = FindKey(session.LoadKeys(true), key);
-  const std::string what = DescribedItem(fields.name, key);
+  quillkit::CSoftKey* found = FindKey(session.LoadKeys(true), a.key);
+  const std::string what = DescribedItem(fields.name, a.key);
   RequireChange(quillkit::AddMenuItem(found, item.get(), 0), "add " + what);
   std::cout << "Added " << what << ".\n";
 }
 
-void RenameItem(const Session& session, const std::string& key, const std::string& oldName,
-                const std::string& newName) {
-  quillkit::CSoftKey* found = FindKey(session.LoadKeys(true), key);
-  const std::string what = DescribedItem(oldName, key);
-  ItemFields fields = ItemOf(found, oldName);
-  fields.name = newName;
+void RenameItem(const Session& session, const ItemArguments& a) {
+  quillkit::CSoftKey* found = FindKey(session.LoadKeys(true), a.key);
+  const std::string what = DescribedItem(a.name, a.key);
+  ItemFields fields = ItemOf(found, a.name);
+  fields.name = a.newName;
   const OwnedItem item = MakeItem(fields);
-  RequireChange(quillkit::RenameMenuItem(found, oldName, item.get(), 0), "rename " + what);
-  std::cout << "Renamed " << what << " to " << Quoted(newName) << ".\n";
+  RequireChange(quillkit::RenameMenuItem(found, a.name, item.get(), 0), "rename " + what);
+  std::cout << "Renamed " << what << " to " << Quoted(a.newName) << ".\n";
 }
 
-void FindItems(const Session& session, const std::string& pattern, bool wholeName, bool json) {
+void FindItems(const Session& session, const ItemArguments& a) {
   quillkit::CTopLevelAB* book = session.LoadKeys(true);
   FoundItems found;
   for (std::int32_t i = 0; i < quillkit::GetCount(book); ++i) {
-    AddMatches(found, quillkit::GetKeyAt(book, i), pattern, wholeName ? 1 : 0);
+    AddMatches(found, quillkit::GetKeyAt(book, i), a.name, a.wholeName ? 1 : 0);
   }
-  if (json || !found.empty()) PrintItems(found, json);
+  if (a.json || !found.empty()) PrintItems(found, a.json);
   if (found.empty()) {
-    throw NotFound((wholeName ? "no item has the name " : "no item has a name that begins with ") +
-                   Quoted(pattern));
+    throw NotFound(
+        (a.wholeName ? "no item has the name " : "no item has a name that begins with ") +
+        Quoted(a.name));
   }
 }
 
 namespace {
 
-// New values for an item. Fields without a value do not change.
-struct ItemEdit {
-  std::optional<std::string> name;
-  std::optional<std::string> address;
-  std::optional<std::string> path;
-  std::optional<std::string> appTag;
-  std::optional<std::uint32_t> fileFormat;
-  std::optional<std::uint32_t> settings;
-};
-
-template <class Value>
-void SetIfGiven(Value& field, const std::optional<Value>& value) {
-  if (value) field = *value;
-}
-
-void EditItem(const Session& session, const std::string& key, const std::string& name,
-              const ItemEdit& edit) {
-  quillkit::CSoftKey* found = FindKey(session.LoadKeys(true), key);
-  const std::string what = DescribedItem(name, key);
-  const ItemFields before = ItemOf(found, name);
+void EditItem(const Session& session, const ItemArguments& a) {
+  quillkit::CSoftKey* found = FindKey(session.LoadKeys(true), a.key);
+  const std::string what = DescribedItem(a.name, a.key);
+  const ItemFields before = ItemOf(found, a.name);
   ItemFields fields = before;
-  SetIfGiven(fields.name, edit.name);
-  SetIfGiven(fields.address, edit.address);
-  SetIfGiven(fields.path, edit.path);
-  SetIfGiven(fields.appTag, edit.appTag);
-  SetIfGiven(fields.fileFormat, edit.fileFormat);
-  SetIfGiven(fields.settings, edit.settings);
+  Apply(a.values, fields);
   if (fields == before) {
     std::cout << "Nothing to change: " << what << " already has these values.\n";
     return;
   }
   const OwnedItem item = MakeItem(fields);
-  RequireChange(fields.name == name ? quillkit::ModifyMenuItem(found, item.get(), 0)
-                                    : quillkit::RenameMenuItem(found, name, item.get(), 0),
+  RequireChange(fields.name == a.name ? quillkit::ModifyMenuItem(found, item.get(), 0)
+                                      : quillkit::RenameMenuItem(found, a.name, item.get(), 0),
                 "change " + what);
   std::cout << "Changed " << what << ".\n";
 }
 
-void ShowItem(const Session& session, const std::string& key, const std::string& name, bool json) {
-  const ItemFields item = ItemOf(FindKey(session.LoadKeys(true), key), name);
-  if (json) {
-    PrintJson(ShownItem(key, item));
+void ShowItem(const Session& session, const ItemArguments& a) {
+  const ItemFields item = ItemOf(FindKey(session.LoadKeys(true), a.key), a.name);
+  if (a.json) {
+    PrintJson(ShownItem(a.key, item));
   } else {
-    PrintItems({{key, item}}, false);
+    PrintItems({{a.key, item}}, false);
   }
 }
 
-void DeleteItem(const Session& session, const std::string& key, const std::string& name, bool yes) {
-  quillkit::CSoftKey* found = FindKey(session.LoadKeys(true), key);
-  ItemOf(found, name);
-  const std::string what = DescribedItem(name, key);
-  Confirm(yes, "Delete " + what + '?');
-  RequireChange(quillkit::DeleteMenuItem(found, name, 0), "delete " + what);
+void DeleteItem(const Session& session, const ItemArguments& a) {
+  quillkit::CSoftKey* found = FindKey(session.LoadKeys(true), a.key);
+  ItemOf(found, a.name);
+  const std::string what = DescribedItem(a.name, a.key);
+  Confirm(a.yes, "Delete " + what + '?');
+  RequireChange(quillkit::DeleteMenuItem(found, a.name, 0), "delete " + what);
   std::cout << "Deleted " << what << ".\n";
 }
 
@@ -181,8 +172,8 @@ bool HasItem(const Session& session, const std::string& key, const std::string& 
 
 // Moves an item to another key. Adds it there before it deletes it here, so that a failure can
 // leave the item under both keys but never lose it.
-void MoveToKey(const Session& session, const std::string& key, const std::string& name,
-               const std::string& target) {
+void MoveItem(const Session& session, const ItemArguments& a) {
+  const auto& [key, name, target] = std::tie(a.key, a.name, a.newName);
   if (key == target) throw UsageError("--to must name a different soft key");
   const Items items = ReadItems(session, key);
   const auto found = std::ranges::find(items, name, &ItemFields::name);
@@ -209,100 +200,63 @@ void MoveToKey(const Session& session, const std::string& key, const std::string
   std::cout << "Moved " << DescribedItem(name, key) << " to the key " << Quoted(target) << ".\n";
 }
 
-constexpr const char* kKeyHelp = "The soft key";
-constexpr const char* kItemHelp = "The item's name";
-
-// The arguments of a command, which shares their ownership.
-struct Arguments {
-  std::string key;
-  std::string name;
-  std::string newName;
-  ItemFields item;
-  ItemEdit edit;
-  bool wholeName = false;
-  bool json = false;
-  bool yes = false;
-};
-using Run = void (*)(const Session&, const Arguments&);
-
-// Adds a command whose arguments are a key and an item. It logs in and calls `run`.
-CLI::App* AddItemCommand(Commands& items, const char* name, const char* help, Run run,
-                         const std::shared_ptr<Arguments>& a) {
-  CLI::App* command = items.Add(name, help, [a, run](Session& session) { run(session, *a); });
-  AddName(command, "key", a->key, kKeyHelp);
-  AddName(command, "name", a->name, kItemHelp);
-  return command;
+// Adds a command whose arguments are a key and an item.
+Commands::Added<ItemArguments> AddItemCommand(Commands& items, const char* name, const char* help,
+                                              void (*run)(const Session&, const ItemArguments&)) {
+  const auto added = items.Add(name, help, run);
+  AddName(added.app, "key", added.arguments.key, "The soft key");
+  AddName(added.app, "name", added.arguments.name, "The item's name");
+  return added;
 }
 
-// Adds options for all fields of an item except its name. Fields is ItemFields or ItemEdit.
-template <class Fields>
-void AddItemOptions(CLI::App* command, Fields& into) {
-  command->add_option("--address", into.address, "The address, at most 255 bytes");
-  command->add_option("--path", into.path, "The path, at most 127 bytes");
-  command->add_option("--application", into.appTag, "The application tag, at most 127 bytes");
-  AddNumber(command, "--file-format", into.fileFormat, "The file format", 0, UINT32_MAX);
-  AddNumber(command, "--settings", into.settings, "The settings, for example 65538 or 0x10002", 0,
+// Adds options for all fields of an item except its name.
+void AddItemOptions(CLI::App* command, ItemValues& into) {
+  for (std::size_t i = 1; i < std::size(kItemTexts); ++i) {
+    const ItemText& each = kItemTexts[i];
+    command->add_option(
+        std::string("--") + each.word, into.texts[i],
+        "The " + std::string(each.title) + ", at most " + std::to_string(each.limit) + " bytes");
+  }
+  AddNumber(command, "--file-format", into.numbers[0], "The file format", 0, UINT32_MAX);
+  AddNumber(command, "--settings", into.numbers[1], "The settings, for example 65538 or 0x10002", 0,
             UINT32_MAX);
 }
 
 void AddReadingCommands(Commands& items) {
-  const auto a = std::make_shared<Arguments>();
-  CLI::App* list = items.Add("list", "List the items under the soft keys",
-                             [a](Session& s) { ShowItems(s, a->key, a->json); });
-  AddName(list, "key", a->key, "The soft key (default: all keys)")->required(false);
-  AddJson(list, a->json);
+  const auto [list, listed] = items.Add("list", "List the items under the soft keys", ShowItems);
+  AddName(list, "key", listed.key, "The soft key (default: all keys)")->required(false);
+  AddJson(list, listed.json);
 
-  CLI::App* find = items.Add("find", "Find items by name under all soft keys",
-                             [a](Session& s) { FindItems(s, a->name, a->wholeName, a->json); });
-  find->add_option("pattern", a->name, "The name or its beginning")->required();
-  find->add_flag("--whole", a->wholeName, "Match the whole name only");
-  AddJson(find, a->json);
+  const auto [find, found] = items.Add("find", "Find items by name under all soft keys", FindItems);
+  find->add_option("pattern", found.name, "The name or its beginning")->required();
+  find->add_flag("--whole", found.wholeName, "Match the whole name only");
+  AddJson(find, found.json);
 
-  AddJson(AddItemCommand(
-              items, "show", "Show an item",
-              [](const Session& s, const Arguments& each) {
-                ShowItem(s, each.key, each.name, each.json);
-              },
-              a),
-          a->json);
+  const auto [show, shown] = AddItemCommand(items, "show", "Show an item", ShowItem);
+  AddJson(show, shown.json);
 }
 
 void AddChangingCommands(Commands& items) {
-  const auto a = std::make_shared<Arguments>();
-  CLI::App* add = items.Add("add", "Add an item under a soft key",
-                            [a](Session& s) { AddItem(s, a->key, a->item); });
-  AddName(add, "key", a->key, kKeyHelp);
-  AddName(add, "name", a->item.name, kItemHelp);
-  AddItemOptions(add, a->item);
+  const auto [add, added] = items.Add("add", "Add an item under a soft key", AddItem);
+  AddName(add, "key", added.key, "The soft key");
+  AsName(add->add_option("name", added.values.texts[0], "The item's name"))->required();
+  AddItemOptions(add, added.values);
 
-  CLI::App* edit = AddItemCommand(
-      items, "edit", "Change fields of an item",
-      [](const Session& s, const Arguments& each) { EditItem(s, each.key, each.name, each.edit); },
-      a);
-  AsName(edit->add_option("--name", a->edit.name, "The new name"));
-  AddItemOptions(edit, a->edit);
+  const auto [edit, edited] = AddItemCommand(items, "edit", "Change fields of an item", EditItem);
+  AsName(edit->add_option("--name", edited.values.texts[0], "The new name"));
+  AddItemOptions(edit, edited.values);
 
-  CLI::App* rename = items.Add("rename", "Rename an item",
-                               [a](Session& s) { RenameItem(s, a->key, a->name, a->newName); });
-  AddName(rename, "key", a->key, kKeyHelp);
-  AddName(rename, "old", a->name, kItemHelp);
-  AddName(rename, "new", a->newName, "The new name");
+  const auto [rename, renamed] = items.Add("rename", "Rename an item", RenameItem);
+  AddName(rename, "key", renamed.key, "The soft key");
+  AddName(rename, "old", renamed.name, "The item's name");
+  AddName(rename, "new", renamed.newName, "The new name");
 
-  CLI::App* move = AddItemCommand(
-      items, "move", "Move an item to another soft key",
-      [](const Session& s, const Arguments& each) {
-        MoveToKey(s, each.key, each.name, each.newName);
-      },
-      a);
-  AsName(move->add_option("--to", a->newName, "The other soft key")->required());
+  const auto [move, moved] =
+      AddItemCommand(items, "move", "Move an item to another soft key", MoveItem);
+  AddName(move, "--to", moved.newName, "The other soft key");
 
-  AddYes(AddItemCommand(
-             items, "delete", "Delete an item",
-             [](const Session& s, const Arguments& each) {
-               DeleteItem(s, each.key, each.name, each.yes);
-             },
-             a),
-         a->yes);
+  const auto [remove, removed] = AddItemCommand(items, "delete", "Delete an item", DeleteItem);
+  AddYes(remove, removed.yes);
 }
 
 }  // namespace

@@ -4,6 +4,9 @@
 #ifndef QUILLCTL_ITEM_COMMANDS_H_
 #define QUILLCTL_ITEM_COMMANDS_H_
 
+#include <cstdint>
+#include <iterator>
+#include <optional>
 #include <string>
 
 #include "quillctl/key_set.h"
@@ -11,18 +14,32 @@
 
 namespace quillctl {
 
-// Lists the items of one key, or of all keys if `key` is empty.
-void ShowItems(const Session& session, const std::string& key, bool json = false);
+// The given values of an item, in the order of kItemTexts and kItemNumbers.
+struct ItemValues {
+  std::optional<std::string> texts[std::size(kItemTexts)];
+  std::optional<std::uint32_t> numbers[std::size(kItemNumbers)];
+};
 
-void AddItem(const Session& session, const std::string& key, const ItemFields& fields);
+struct ItemArguments {
+  std::string key = {};
+  std::string name = {};     // of an item that exists, or the beginning of its name
+  std::string newName = {};  // of the item, or the key that it is moved to
+  ItemValues values = {};
+  bool wholeName = false;
+  bool json = false;
+  bool yes = false;
+};
 
-void RenameItem(const Session& session, const std::string& key, const std::string& oldName,
-                const std::string& newName);
+// Lists the items of one key, or of all keys if none is given.
+void ShowItems(const Session& session, const ItemArguments& a);
 
-// Lists the items under all keys whose name begins with the pattern or, if `wholeName` is set,
+void AddItem(const Session& session, const ItemArguments& a);
+
+void RenameItem(const Session& session, const ItemArguments& a);
+
+// Lists the items under all keys whose name begins with the given one or, if `wholeName` is set,
 // equals it.
-void FindItems(const Session& session, const std::string& pattern, bool wholeName,
-               bool json = false);
+void FindItems(const Session& session, const ItemArguments& a);
 
 }  // namespace quillctl
 

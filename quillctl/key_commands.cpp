@@ -1,7 +1,6 @@
 #include "quillctl/key_commands.h"
 
 #include <iostream>
-#include <memory>
 
 #include "quillctl/commands.h"
 #include "quillctl/confirmation.h"
@@ -13,7 +12,7 @@
 
 namespace quillctl {
 
-void ShowKeys(const Session& session, bool json) {
+void ShowKeys(const Session& session, const KeyArguments& a) {
   quillkit::CTopLevelAB* book = session.LoadKeys(false);
   TextTable table({"Key", "Items"});
   Json keys = Json::array();
@@ -26,60 +25,50 @@ void ShowKeys(const Session& session, bool json) {
     SetText(keys.emplace_back(Json::object()), "key", name);
     keys.back()["items"] = items;
   }
-  PrintList(table, keys, json);
+  PrintList(table, keys, a.json);
 }
 
-void AddKey(const Session& session, const std::string& name) {
+void AddKey(const Session& session, const KeyArguments& a) {
   quillkit::CTopLevelAB* book = session.LoadKeys(false);
-  RequireChange(quillkit::AddKey(book, name, 0), "add the key " + Quoted(name));
-  std::cout << "Added the key " << Quoted(name) << ".\n";
+  RequireChange(quillkit::AddKey(book, a.name, 0), "add the key " + Quoted(a.name));
+  std::cout << "Added the key " << Quoted(a.name) << ".\n";
 }
 
-void DeleteKey(const Session& session, const std::string& name) {
+void DeleteKey(const Session& session, const KeyArguments& a) {
   quillkit::CTopLevelAB* book = session.LoadKeys(false);
-  RequireChange(quillkit::DeleteKey(book, name, 0), "delete the key " + Quoted(name));
-  std::cout << "Deleted the key " << Quoted(name) << ".\n";
+  FindKey(book, a.name);
+  Confirm(a.yes, "Delete the key " + Quoted(a.name) + " with its items?");
+  RequireChange(quillkit::DeleteKey(book, a.name, 0), "delete the key " + Quoted(a.name));
+  std::cout << "Deleted the key " << Quoted(a.name) << ".\n";
 }
 
 namespace {
 
-void RenameKey(const Session& session, const std::string& oldName, const std::string& newName) {
+void RenameKey(const Session& session, const KeyArguments& a) {
   quillkit::CTopLevelAB* book = session.LoadKeys(false);
-  const OwnedKey key = MakeKey(newName, book);
-  RequireChange(quillkit::RenameSoftKey(book, oldName, key.get()),
-                "rename the key " + Quoted(oldName) + " to " + Quoted(newName));
-  std::cout << "Renamed the key " << Quoted(oldName) << " to " << Quoted(newName) << ".\n";
+  const OwnedKey key = MakeKey(a.newName, book);
+  RequireChange(quillkit::RenameSoftKey(book, a.name, key.get()),
+                "rename the key " + Quoted(a.name) + " to " + Quoted(a.newName));
+  std::cout << "Renamed the key " << Quoted(a.name) << " to " << Quoted(a.newName) << ".\n";
 }
 
 }  // namespace
 
 void AddKeyCommands(Commands& commands) {
-  struct Arguments {
-    std::string name;
-    std::string newName;
-    bool json = false;
-    bool yes = false;
-  };
   Commands keys = commands.AddGroup("key", "List, add, rename and delete soft keys");
-  const auto a = std::make_shared<Arguments>();
-  AddJson(keys.Add("list", "List the soft keys", [a](Session& s) { ShowKeys(s, a->json); }),
-          a->json);
+  const auto [list, listed] = keys.Add("list", "List the soft keys", ShowKeys);
+  AddJson(list, listed.json);
 
-  CLI::App* add = keys.Add("add", "Add a soft key", [a](Session& s) { AddKey(s, a->name); });
-  AddName(add, "name", a->name, "The name of the key");
+  const auto [add, added] = keys.Add("add", "Add a soft key", AddKey);
+  AddName(add, "name", added.name, "The name of the key");
 
-  CLI::App* rename = keys.Add("rename", "Rename a soft key",
-                              [a](Session& s) { RenameKey(s, a->name, a->newName); });
-  AddName(rename, "old", a->name, "The name of the key");
-  AddName(rename, "new", a->newName, "The new name");
+  const auto [rename, renamed] = keys.Add("rename", "Rename a soft key", RenameKey);
+  AddName(rename, "old", renamed.name, "The name of the key");
+  AddName(rename, "new", renamed.newName, "The new name");
 
-  CLI::App* remove = keys.Add("delete", "Delete a soft key and its items", [a](Session& s) {
-    FindKey(s.LoadKeys(false), a->name);
-    Confirm(a->yes, "Delete the key " + Quoted(a->name) + " with its items?");
-    DeleteKey(s, a->name);
-  });
-  AddName(remove, "name", a->name, "The name of the key");
-  AddYes(remove, a->yes);
+  const auto [remove, removed] = keys.Add("delete", "Delete a soft key and its items", DeleteKey);
+  AddName(remove, "name", removed.name, "The name of the key");
+  AddYes(remove, removed.yes);
 }
 
 }  // namespace quillctl

@@ -10,12 +10,20 @@
 
 namespace quillctl {
 
-// Lists the keys and how many items each has on the server. Does not read the items.
-void ShowKeys(const Session& session, bool json = false);
+struct KeyArguments {
+  std::string name = {};  // at most 31 characters: of a longer one the library sends an empty one
+  std::string newName = {};
+  bool json = false;
+  bool yes = false;
+};
 
-// Adds a key. The name must not be longer than 31 characters: the library would send an empty name.
-void AddKey(const Session& session, const std::string& name);
-void DeleteKey(const Session& session, const std::string& name);
+// Lists the keys and how many items each has on the server. Does not read the items.
+void ShowKeys(const Session& session, const KeyArguments& a);
+
+void AddKey(const Session& session, const KeyArguments& a);
+
+// Deletes a key after confirmation.
+void DeleteKey(const Session& session, const KeyArguments& a);
 
 }  // namespace quillctl
 

@@ -9,7 +9,6 @@
 #include <cstdint>
 #include <iostream>
 #include <map>
-#include <memory>
 #include <set>
 #include <string>
 #include <type_traits>
@@ -34,8 +33,8 @@ namespace {
 using quillkit::CScanner;
 using quillkit::Status;
 
-// The arguments of a command, which shares their ownership.
 struct Arguments {
+  std::size_t command = 0;  // its index in kCommands
   std::string kind;
   std::string name;
   std::string newName;
@@ -335,35 +334,38 @@ using FaxLists = Lists<quillkit::CFaxAB, &CScanner::FaxEntries, nullptr>;
 using PrivateLists =
     Lists<quillkit::CPrivEmailAB, &CScanner::PrivateEntries, &CScanner::RenamePrivateList>;
 
-// Runs the command at `index` of kCommands.
 template <class Kind>
-void Run(const Session& session, std::size_t index, const Arguments& a) {
+void RunFor(const Session& session, const Arguments& a) {
   Kind lists(session, a.kind);
-  (lists.*kCommands<Kind>[index].run)(a);
+  (lists.*kCommands<Kind>[a.command].run)(a);
+}
+
+const std::map<std::string, void (*)(const Session&, const Arguments&)> kKinds = {
+    {"email", RunFor<EmailLists>}, {"fax", RunFor<FaxLists>}, {"private", RunFor<PrivateLists>}};
+
+void Run(const Session& session, const Arguments& a) {
+  kKinds.at(a.kind)(session, a);
 }
 
 }  // namespace
 
 void AddListCommands(Commands& commands) {
-  static const std::map<std::string, void (*)(const Session&, std::size_t, const Arguments&)>
-      kinds = {{"email", Run<EmailLists>}, {"fax", Run<FaxLists>}, {"private", Run<PrivateLists>}};
   Commands group = commands.AddGroup("list", "List and change distribution lists");
   std::size_t index = 0;
   for (const auto& [name, run, options, help] : kCommands<EmailLists>) {
-    const auto a = std::make_shared<Arguments>();
-    CLI::App* command = group.Add(
-        name, help, [a, i = index++](Session& session) { kinds.at(a->kind)(session, i, *a); });
-    command->add_option("kind", a->kind, "The kind of list")
+    const auto [command, a] = group.Add(name, help, Run);
+    a.command = index++;
+    command->add_option("kind", a.kind, "The kind of list")
         ->required()
         ->check(CLI::IsMember(std::vector<std::string>{"email", "fax", "private"}));
-    if ((options & kName) != 0) AddName(command, "name", a->name, "The list's name");
-    if ((options & kNewName) != 0) AddName(command, "new", a->newName, "The new name");
+    if ((options & kName) != 0) AddName(command, "name", a.name, "The list's name");
+    if ((options & kNewName) != 0) AddName(command, "new", a.newName, "The new name");
     if ((options & kMembers) != 0) {
-      AsName(command->add_option("members", a->members, "The names of the members"))
+      AsName(command->add_option("members", a.members, "The names of the members"))
           ->required(run != &EmailLists::Create);
     }
-    if ((options & kJson) != 0) AddJson(command, a->json);
-    if ((options & kYes) != 0) AddYes(command, a->yes);
+    if ((options & kJson) != 0) AddJson(command, a.json);
+    if ((options & kYes) != 0) AddYes(command, a.yes);
   }
 }
 

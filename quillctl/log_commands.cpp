@@ -1,7 +1,6 @@
 // The commands `log` and `database`.
 
 #include <iostream>
-#include <memory>
 #include <vector>
 
 #include "appliance/scanner.h"
@@ -21,7 +20,6 @@ struct Arguments {
   bool json = false;
   bool yes = false;
 };
-using SharedArguments = std::shared_ptr<Arguments>;
 
 // Reads the records of a user, without the zero bytes at their ends.
 std::vector<std::string> ReadLog(const Session& session, const std::string& user) {
@@ -97,54 +95,55 @@ void CheckDatabase(const Session& session, const Arguments&) {
   std::cout << "The appliance found no fault in its database.\n";
 }
 
-using Run = void (*)(const Session&, const Arguments&);
-
 // "*" selects all records, and "_!" begins a list of users whose records are kept.
 std::string UserFault(const std::string& user) {
   const bool isFilter = user.find('*') != user.npos || user.starts_with("_!");
   return isFilter ? "a name cannot contain * or begin with _!" : "";
 }
 
+using Added = Commands::Added<Arguments>;
+using Run = void (*)(const Session&, const Arguments&);
+
 // Adds a command for the records of one user or of all.
-CLI::App* AddLogCommand(Commands& log, const char* name, const char* help, Run run,
-                        const SharedArguments& a) {
-  CLI::App* command = log.Add(name, help, [a, run](Session& s) { run(s, *a); });
-  AsName(command->add_option("user", a->user, "The account (default: all)"))->check(UserFault, "");
-  return command;
+Added AddLogCommand(Commands& log, const char* name, const char* help, Run run) {
+  const Added added = log.Add(name, help, run);
+  AsName(added.app->add_option("user", added.arguments.user, "The account (default: all)"))
+      ->check(UserFault, "");
+  return added;
 }
 
-CLI::App* AddTexts(CLI::App* command, const SharedArguments& a) {
-  command->add_option("first", a->first, "The first text for the appliance")->required();
-  command->add_option("second", a->second, "The second text for the appliance")->required();
-  return command;
+// Adds a command with two texts for the appliance.
+Added AddTextCommand(Commands& database, const char* name, const char* help, Run run) {
+  const Added added = database.Add(name, help, run);
+  added.app->add_option("first", added.arguments.first, "The first text for the appliance")
+      ->required();
+  added.app->add_option("second", added.arguments.second, "The second text for the appliance")
+      ->required();
+  return added;
 }
 
 }  // namespace
 
 void AddLogCommands(Commands& commands) {
   Commands log = commands.AddGroup("log", "Show, count and clear the records of the log");
-  const auto a = std::make_shared<Arguments>();
-  AddJson(AddLogCommand(log, "show", "Show records as text and hexadecimal", ShowLog, a), a->json);
-  AddLogCommand(log, "count", "Print the number of records", CountLog, a);
-  CLI::App* clear = AddLogCommand(log, "clear", "Delete records", ClearLog, a);
-  clear->add_flag("--except-system", a->exceptSystem, "Keep those of ADMINISTRATOR and GUEST")
+  const auto [show, shown] =
+      AddLogCommand(log, "show", "Show records as text and hexadecimal", ShowLog);
+  AddJson(show, shown.json);
+  AddLogCommand(log, "count", "Print the number of records", CountLog);
+  const auto [clear, cleared] = AddLogCommand(log, "clear", "Delete records", ClearLog);
+  clear->add_flag("--except-system", cleared.exceptSystem, "Keep those of ADMINISTRATOR and GUEST")
       ->excludes(clear->get_option("user"));
-  AddYes(clear, a->yes);
+  AddYes(clear, cleared.yes);
 }
 
 void AddDatabaseCommands(Commands& commands) {
   Commands database =
       commands.AddGroup("database", "Back up, restore and check the appliance's database");
-  const auto a = std::make_shared<Arguments>();
-  AddTexts(
-      database.Add("backup", "Back up the database", [a](Session& s) { BackUpDatabase(s, *a); }),
-      a);
-  AddYes(AddTexts(database.Add("restore", "Restore the database",
-                               [a](Session& s) { RestoreDatabase(s, *a); }),
-                  a),
-         a->yes);
-  database.Add("check", "Let the appliance check its database",
-               [a](Session& s) { CheckDatabase(s, *a); });
+  AddTextCommand(database, "backup", "Back up the database", BackUpDatabase);
+  const auto [restore, a] =
+      AddTextCommand(database, "restore", "Restore the database", RestoreDatabase);
+  AddYes(restore, a.yes);
+  database.Add("check", "Let the appliance check its database", CheckDatabase);
 }
 
 }  // namespace quillctl

@@ -136,8 +136,13 @@ PrivateBook ParseFile(const std::string& text) {
   throw UsageError("the file is damaged, or is not a backup of a private book");
 }
 
-void BackUp(const Session& session, const std::string& path, bool yes) {
-  ConfirmOverwrite(yes, path);
+struct Arguments {
+  std::string file;
+  bool yes = false;
+};
+
+void BackUp(const Session& session, const Arguments& a) {
+  ConfirmOverwrite(a.yes, a.file);
   const PrivateBook book = ReadBook(session);
   std::string section;
   quillkit::Archive archive(&section);
@@ -146,7 +151,8 @@ void BackUp(const Session& session, const std::string& path, bool yes) {
   if (ParseFile(text).contents != book.contents) {
     throw Refusal("the private book changed while it was read; try again");
   }
-  WriteOutput(path, text, "Saved the private book " + book.Sizes() + " to " + Quoted(path) + '.',
+  WriteOutput(a.file, text,
+              "Saved the private book " + book.Sizes() + " to " + Quoted(a.file) + '.',
               quillkit::Readers::kOwner);
 }
 
@@ -162,15 +168,15 @@ void RequireRestored(const Session& session, const Contents& before, const Conte
                        "; keep the file and restore it again");
 }
 
-void Restore(const Credentials& credentials, const std::string& path, bool yes) {
-  const PrivateBook wanted = ParseFile(ReadTextFile(path, kMaxBackup));
+void Restore(const Credentials& credentials, const Arguments& a) {
+  const PrivateBook wanted = ParseFile(ReadTextFile(a.file, kMaxBackup));
   const Session session(credentials);
   const PrivateBook before = ReadBook(session);
   if (before.user->name != wanted.user->name) {
     throw UsageError("the file is the backup of the account " + Quoted(wanted.user->Name()));
   }
-  Confirm(yes, "Replace the private book " + before.Sizes() + " with the one in the file " +
-                   wanted.Sizes() + '?');
+  Confirm(a.yes, "Replace the private book " + before.Sizes() + " with the one in the file " +
+                     wanted.Sizes() + '?');
   const DeferredTermination termination("restoring the private book");
   // The library cannot replace a book that does not exist.
   const bool isDone = before.contents.empty() ? wanted.Book()->WriteBack() == 0
@@ -181,26 +187,23 @@ void Restore(const Credentials& credentials, const std::string& path, bool yes) 
   std::cout << "Restored the private book " << wanted.Sizes() << ".\n";
 }
 
+// Adds a command for a file.
+template <class Context>
+void AddFileCommand(Commands& book, const char* name, const char* help,
+                    void (*run)(const Context&, const Arguments&)) {
+  const auto [command, a] = book.Add(name, help, run);
+  command->add_option("file", a.file, "The file (-: standard input or output)")
+      ->required()
+      ->type_name("FILE");
+  AddYes(command, a.yes);
+}
+
 }  // namespace
 
 void AddPrivateCommands(Commands& commands) {
-  struct Arguments {
-    std::string file;
-    bool yes = false;
-  };
   Commands book = commands.AddGroup("private", "Save and restore the account's private book");
-  const auto a = std::make_shared<Arguments>();
-  CLI::App* save = book.Add("backup", "Save the private book to a file",
-                            [a](Session& s) { BackUp(s, a->file, a->yes); });
-  CLI::App* restore =
-      book.AddWithoutLogin("restore", "Replace the private book with the one in a file",
-                           [a](const Credentials& c) { Restore(c, a->file, a->yes); });
-  for (CLI::App* each : {save, restore}) {
-    each->add_option("file", a->file, "The file (-: standard input or output)")
-        ->required()
-        ->type_name("FILE");
-    AddYes(each, a->yes);
-  }
+  AddFileCommand(book, "backup", "Save the private book to a file", BackUp);
+  AddFileCommand(book, "restore", "Replace the private book with the one in a file", Restore);
 }
 
 }  // namespace quillctl

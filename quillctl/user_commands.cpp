@@ -1,7 +1,6 @@
 // The commands `user` and `printer`. Their books are small: they are read as a whole.
 
 #include <iostream>
-#include <memory>
 #include <vector>
 
 #include "books/printer_ab.h"
@@ -19,7 +18,6 @@ namespace {
 using quillkit::CUserAB;
 using quillkit::CUserRecord;
 
-// The arguments of a command, which keeps them alive.
 struct Arguments {
   std::string name;
   std::string passwordFile;
@@ -28,8 +26,6 @@ struct Arguments {
   bool json = false;
   bool yes = false;
 };
-
-using Run = void (*)(const Session&, const Arguments&);
 
 // Returns all entries of a book that has at most `limit` entries. Throws a Refusal if they cannot
 // be read, or if their number is not the one that the appliance reports.
@@ -218,45 +214,47 @@ void DefaultPrinter(const Session& session, const Arguments& a) {
   if (!isFound) throw NotFound("no printer is the default; see quillctl printer list");
 }
 
-// Adds a command whose argument is an account. It logs in and calls `run`.
-CLI::App* AddUserCommand(Commands& user, const char* name, const char* help, Run run,
-                         const std::shared_ptr<Arguments>& a) {
-  CLI::App* command = user.Add(name, help, [a, run](Session& s) { run(s, *a); });
-  AddName(command, "name", a->name, "The name of the account");
-  return command;
+using Added = Commands::Added<Arguments>;
+
+// Adds a command whose argument is an account.
+template <class Context>
+Added AddUserCommand(Commands& user, const char* name, const char* help,
+                     void (*run)(const Context&, const Arguments&)) {
+  const Added added = user.Add(name, help, run);
+  AddName(added.app, "name", added.arguments.name, "The name of the account");
+  return added;
 }
 
 }  // namespace
 
 void AddUserCommands(Commands& commands) {
   Commands user = commands.AddGroup("user", "List, show and change the accounts of the appliance");
-  const auto a = std::make_shared<Arguments>();
-  AddJson(user.Add("list", "List the accounts", [a](Session& s) { ListUsers(s, *a); }), a->json);
-  AddJson(AddUserCommand(user, "show", "Show an account", ShowUser, a), a->json);
-  CLI::App* add = user.AddWithoutLogin("add", "Add an account, turned on",
-                                       [a](const Credentials& c) { AddUser(c, *a); });
-  AddName(add, "name", a->name, "The name of the account");
-  add->add_option("--new-password-file", a->passwordFile,
+  const auto [list, listed] = user.Add("list", "List the accounts", ListUsers);
+  AddJson(list, listed.json);
+  const auto [show, shown] = AddUserCommand(user, "show", "Show an account", ShowUser);
+  AddJson(show, shown.json);
+  const auto [add, added] = AddUserCommand(user, "add", "Add an account, turned on", AddUser);
+  add->add_option("--new-password-file", added.passwordFile,
                   "Read its password from the first line of a file (default: ask)")
       ->type_name("FILE");
-  add->add_option("--third-text", a->third, "Its third text, at most 255 bytes");
-  add->add_option("--fourth-text", a->fourth, "Its fourth text, at most 255 bytes");
-  AddUserCommand(user, "on", "Turn on an account", Switch<true>, a);
-  AddUserCommand(user, "off", "Turn off an account", Switch<false>, a);
-  AddYes(AddUserCommand(user, "delete", "Delete an account and its log", DeleteUser, a), a->yes);
+  add->add_option("--third-text", added.third, "Its third text, at most 255 bytes");
+  add->add_option("--fourth-text", added.fourth, "Its fourth text, at most 255 bytes");
+  AddUserCommand(user, "on", "Turn on an account", Switch<true>);
+  AddUserCommand(user, "off", "Turn off an account", Switch<false>);
+  const auto [remove, removed] =
+      AddUserCommand(user, "delete", "Delete an account and its log", DeleteUser);
+  AddYes(remove, removed.yes);
 }
 
 void AddPrinterCommands(Commands& commands) {
   Commands printer = commands.AddGroup("printer", "List printers and set the default printer");
-  const auto a = std::make_shared<Arguments>();
-  AddJson(printer.Add("list", "List the printers", [a](Session& s) { ListPrinters(s, *a); }),
-          a->json);
-  AddJson(printer.Add("models", "List the printer models", [a](Session& s) { ListModels(s, *a); }),
-          a->json);
-  AddName(printer.Add("default", "Show or set the default printer",
-                      [a](Session& s) { DefaultPrinter(s, *a); }),
-          "name", a->name, "The new default printer")
-      ->required(false);
+  const auto [list, listed] = printer.Add("list", "List the printers", ListPrinters);
+  AddJson(list, listed.json);
+  const auto [models, read] = printer.Add("models", "List the printer models", ListModels);
+  AddJson(models, read.json);
+  const auto [select, selected] =
+      printer.Add("default", "Show or set the default printer", DefaultPrinter);
+  AddName(select, "name", selected.name, "The new default printer")->required(false);
 }
 
 }  // namespace quillctl
