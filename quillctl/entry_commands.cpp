@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <iostream>
 #include <map>
-#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -273,13 +272,11 @@ void ClearBook(const Session& session, const Arguments& arguments) {
 // cannot be read.
 void ExportEntries(const Session& session, const Arguments& arguments) {
   const AddressBook& book = BookOf(arguments.book);
-  const std::unique_ptr<EntryFile> file =
-      MakeEntryFile(arguments.format, book, arguments.spreadsheet);
+  const EntryFileWriter write = EntryFileWriterFor(arguments.format, book, arguments.spreadsheet);
   ConfirmOverwrite(arguments.yes, arguments.file);
   const std::optional<std::vector<Row>> entries = ReadAllEntries(book, *session.Scanner());
   if (!entries) throw Refusal("cannot read the " + TitleOf(book) + " completely");
-  for (const Row& each : *entries) file->Add(each);
-  WriteOutput(arguments.file, file->Text(),
+  WriteOutput(arguments.file, write(book, *entries),
               "Exported " + CountedEntries(entries->size()) + " of the " + TitleOf(book) + " to " +
                   Quoted(arguments.file) + '.');
 }

@@ -1,13 +1,12 @@
 #include "quillctl/entry_file.h"
 
 #include <algorithm>
-#include <utility>
+#include <cstddef>
 
 #include "contacts/encoding.h"
 #include "contacts/writers.h"
 #include "quillctl/failures.h"
 #include "quillctl/json_output.h"
-#include "quillctl/text_file.h"
 
 namespace quillctl {
 namespace {
@@ -19,97 +18,76 @@ Row WithoutPassword(const AddressBook& book, Row row) {
   return row;
 }
 
-class CsvFile : public EntryFile {
- public:
-  CsvFile(const AddressBook& newBook, bool spreadsheet)
-      : book(newBook), forSpreadsheet(spreadsheet), text(spreadsheet ? contacts::kUtf8Mark : "") {
-    contacts::AppendCsv(text, WithoutPassword(book, book.fields));
-  }
-
-  void Add(const Row& row) override {
-    Row cells = WithoutPassword(book, row);
-    if (forSpreadsheet) {
-      for (std::string& each : cells) each = contacts::WithoutFormula(Utf8Text(each));
+template <bool kForSpreadsheet>
+std::string WriteCsv(const AddressBook& book, const std::vector<Row>& entries) {
+  std::string text(kForSpreadsheet ? contacts::kUtf8Mark : "");
+  contacts::AppendCsv(text, WithoutPassword(book, book.fields));
+  for (const Row& each : entries) {
+    Row cells = WithoutPassword(book, each);
+    if (kForSpreadsheet) {
+      for (std::string& cell : cells) cell = contacts::WithoutFormula(Utf8Text(cell));
     }
     contacts::AppendCsv(text, cells);
   }
-
-  std::string Text() override { return std::move(text); }
-
- private:
-  const AddressBook& book;
-  bool forSpreadsheet;
-  std::string text;
-};
+  return text;
+}
 
 contacts::Contact ContactOf(const AddressBook& book, const Row& row) {
   if (book.target == quillkit::TargetFax) return {row[0], {}, row[1], row[2]};
   return {row[0], row[1], {}, {}};
 }
 
-class LdifFile : public EntryFile {
- public:
-  explicit LdifFile(const AddressBook& newBook) : book(newBook) {}
+std::string WriteLdif(const AddressBook& book, const std::vector<Row>& entries) {
+  std::string text(contacts::kLdifHeading);
+  for (const Row& each : entries) contacts::AppendLdif(text, ContactOf(book, each));
+  return text;
+}
 
-  void Add(const Row& row) override { contacts::AppendLdif(text, ContactOf(book, row)); }
-  std::string Text() override { return std::move(text); }
-
- private:
-  const AddressBook& book;
-  std::string text{contacts::kLdifHeading};
-};
-
-class VcardFile : public EntryFile {
- public:
-  explicit VcardFile(const AddressBook& newBook) : book(newBook) {}
-
-  void Add(const Row& row) override {
-    Row utf8 = row;
-    std::ranges::transform(row, utf8.begin(), Utf8Text);
-    contacts::AppendVcard(text, ContactOf(book, utf8));
-  }
-  std::string Text() override { return std::move(text); }
-
- private:
-  const AddressBook& book;
+std::string WriteVcards(const AddressBook& book, const std::vector<Row>& entries) {
   std::string text;
-};
-
-class JsonFile : public EntryFile {
- public:
-  explicit JsonFile(const AddressBook& newBook) : book(newBook) {}
-
-  void Add(const Row& row) override {
-    entries.push_back(ShownRow(WithoutPassword(book, book.fields), WithoutPassword(book, row)));
+  for (Row each : entries) {
+    std::ranges::transform(each, each.begin(), Utf8Text);
+    contacts::AppendVcard(text, ContactOf(book, each));
   }
+  return text;
+}
 
-  std::string Text() override {
-    Json file = {{"quillbox-entries", 1}, {"book", book.word}};
-    file["entries"] = std::move(entries);
-    return file.dump(2) + '\n';
+std::string WriteJson(const AddressBook& book, const std::vector<Row>& entries) {
+  Json file = {{"quillbox-entries", 1}, {"book", book.word}, {"entries", Json::array()}};
+  for (const Row& each : entries) {
+    file["entries"].push_back(
+        ShownRow(WithoutPassword(book, book.fields), WithoutPassword(book, each)));
   }
+  return file.dump(2) + '\n';
+}
 
- private:
-  const AddressBook& book;
-  Json entries = Json::array();
+struct Format {
+  const char* name;
+  EntryFileWriter write;
+  bool holdsAnyBook;  // not only books of addresses or numbers
 };
+constexpr Format kFormats[] = {{"csv", WriteCsv<false>, true},
+                               {"ldif", WriteLdif, false},
+                               {"vcard", WriteVcards, false},
+                               {"json", WriteJson, true}};
 
 }  // namespace
 
 std::vector<std::string> EntryFileFormats() {
-  return {"csv", "ldif", "vcard", "json"};
+  std::vector<std::string> names;
+  for (const Format& each : kFormats) names.emplace_back(each.name);
+  return names;
 }
 
-std::unique_ptr<EntryFile> MakeEntryFile(const std::string& format, const AddressBook& book,
-                                         bool spreadsheet) {
+EntryFileWriter EntryFileWriterFor(const std::string& format, const AddressBook& book,
+                                   bool spreadsheet) {
   if (spreadsheet && format != "csv") throw UsageError("--spreadsheet requires --format csv");
-  if (format == "csv") return std::make_unique<CsvFile>(book, spreadsheet);
-  if (format == "json") return std::make_unique<JsonFile>(book);
-  if (book.requiredFields < 2) {
+  if (spreadsheet) return WriteCsv<true>;
+  const Format& found = *std::ranges::find(kFormats, format, &Format::name);
+  if (!found.holdsAnyBook && book.requiredFields < 2) {
     throw UsageError("the " + std::string(book.title) + " can be exported as csv or json only");
   }
-  if (format == "ldif") return std::make_unique<LdifFile>(book);
-  return std::make_unique<VcardFile>(book);
+  return found.write;
 }
 
 }  // namespace quillctl
