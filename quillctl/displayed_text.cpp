@@ -105,6 +105,21 @@ std::string DisplayedText(std::string_view text) {
   return displayed;
 }
 
+std::vector<std::string> FormsOf(const std::string& typed) {
+  std::string form;
+  const bool hasForm = contacts::IsUtf8(typed) && contacts::AppendWindows1252(form, typed);
+  if (!hasForm || form == typed) return {typed};
+  return {typed, form};
+}
+
+std::string StoredName(const std::string& typed,
+                       const std::function<bool(const std::string&)>& exists) {
+  const std::vector<std::string> forms = FormsOf(typed);
+  if (forms.size() == 1) return typed;
+  const auto found = std::ranges::find_if(forms, exists);
+  return found == forms.end() ? typed : *found;
+}
+
 std::string Quoted(std::string_view text) {
   return '"' + DisplayedText(text) + '"';
 }

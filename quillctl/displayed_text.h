@@ -5,6 +5,7 @@
 #define QUILLCTL_DISPLAYED_TEXT_H_
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,6 +29,16 @@ std::string DisplayedText(std::string_view text);
 
 // Returns two hexadecimal digits for each byte.
 std::string HexadecimalBytes(std::string_view bytes);
+
+// Returns the names that a typed one can mean: the name itself and, if it is UTF-8 beyond ASCII and
+// has a form in Windows-1252, that form. A terminal sends UTF-8, but an appliance may store another
+// character set.
+std::vector<std::string> FormsOf(const std::string& typed);
+
+// Returns the first form for which `exists`; the name as typed if there is none, and, without
+// calling `exists`, if it has no other form.
+std::string StoredName(const std::string& typed,
+                       const std::function<bool(const std::string&)>& exists);
 
 // Returns DisplayedText between double quotes.
 std::string Quoted(std::string_view text);

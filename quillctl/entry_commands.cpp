@@ -103,24 +103,16 @@ class EntryPrinter {
   std::uint32_t count = 0;
 };
 
-// Reads the entries that match `filter` and passes each one to the handler. Throws a Refusal if
-// they cannot be read.
-void ForEachEntry(const Session& session, const Arguments& arguments, const std::string& filter,
-                  const RowHandler& handle) {
-  const AddressBook& book = BookOf(arguments.book);
-  const std::int32_t status = book.read(*session.Scanner(), arguments.from, filter, handle);
+// Reads the entries after the name `from` that match `filter`, and passes each one to the handler.
+// Throws a Refusal if they cannot be read.
+void ForEachEntry(const Session& session, const AddressBook& book, const std::string& from,
+                  const std::string& filter, const RowHandler& handle) {
+  const std::int32_t status = book.read(*session.Scanner(), from, filter, handle);
   const std::string what = "read the " + TitleOf(book);
   if (status == quillkit::kUnusableInput) {
     throw Refusal("cannot " + what + ": the appliance delivers invalid entries");
   }
   RequireSuccess(status, what);
-}
-
-void ListEntries(const Session& session, const Arguments& arguments) {
-  EntryPrinter printer(BookOf(arguments.book), arguments);
-  ForEachEntry(session, arguments, arguments.letter + '*',
-               [&](Row row) { return printer.Add(std::move(row)); });
-  printer.Finish();
 }
 
 // Returns the entry of this name, if there is one.
@@ -136,20 +128,39 @@ std::optional<Row> FindEntry(const Session& session, const AddressBook& book,
   return found;
 }
 
-void FindEntries(const Session& session, const Arguments& given) {
-  Arguments arguments = given;
+void ListEntries(const Session& session, const Arguments& arguments) {
   const AddressBook& book = BookOf(arguments.book);
   EntryPrinter printer(book, arguments);
-  // The book is in the order of names: those that begin with the pattern follow the entry that has
-  // it as its name.
-  if (std::optional<Row> same = FindEntry(session, book, arguments.name)) {
-    printer.Add(std::move(*same));
-  }
-  if (!arguments.wholeName) {
-    arguments.from = arguments.name;
-    ForEachEntry(session, arguments, arguments.name.substr(0, 1) + '*', [&](Row row) {
-      return row[0].starts_with(arguments.name) && printer.Add(std::move(row));
+  const std::string from = StoredName(arguments.from, [&](const std::string& name) {
+    return FindEntry(session, book, name).has_value();
+  });
+  for (const std::string& letter : FormsOf(arguments.letter)) {
+    if (!printer.IsEmpty()) break;
+    // The appliance selects by one byte.
+    ForEachEntry(session, book, from, letter.substr(0, 1) + '*', [&](Row row) {
+      const bool isWanted = letter.size() < 2 || row[0].starts_with(letter);
+      return !isWanted || printer.Add(std::move(row));
     });
+  }
+  printer.Finish();
+}
+
+// Prints the entry of this name and, unless the whole name is wanted, those that begin with it.
+void PrintMatches(const Session& session, const Arguments& arguments, const std::string& name,
+                  EntryPrinter& printer) {
+  const AddressBook& book = BookOf(arguments.book);
+  if (std::optional<Row> same = FindEntry(session, book, name)) printer.Add(std::move(*same));
+  if (arguments.wholeName) return;
+  // The book is in the order of names: those that begin with the name follow its entry.
+  ForEachEntry(session, book, name, name.substr(0, 1) + '*',
+               [&](Row row) { return row[0].starts_with(name) && printer.Add(std::move(row)); });
+}
+
+void FindEntries(const Session& session, const Arguments& arguments) {
+  const AddressBook& book = BookOf(arguments.book);
+  EntryPrinter printer(book, arguments);
+  for (const std::string& each : FormsOf(arguments.name)) {
+    if (printer.IsEmpty()) PrintMatches(session, arguments, each, printer);
   }
   if (arguments.json || !printer.IsEmpty()) printer.Finish();
   if (!printer.IsEmpty()) return;
@@ -182,10 +193,13 @@ void ListBooks(const Session& session, const Arguments& arguments) {
   PrintList(table, books, arguments.json);
 }
 
+// Returns the entry of this name, with the name as the book has it. Throws a NotFound if there is
+// none.
 Row ReadEntry(const Session& session, const AddressBook& book, const std::string& name) {
-  std::optional<Row> found = FindEntry(session, book, name);
-  if (!found) RequireEntry(quillkit::kDataNotFound, book, name, "read");
-  return std::move(*found);
+  for (const std::string& each : FormsOf(name)) {
+    if (std::optional<Row> found = FindEntry(session, book, each)) return std::move(*found);
+  }
+  throw NotFound("the " + TitleOf(book) + " has no entry " + Quoted(name));
 }
 
 void ShowEntry(const Session& session, const Arguments& arguments) {
@@ -241,8 +255,12 @@ void EditEntry(const Session& session, const Arguments& arguments) {
     hasChanged = row != before;
     return hasChanged;
   };
-  RequireEntry(book.change(book, *session.Scanner(), arguments.name, edit), book, arguments.name,
-               "change");
+  std::int32_t status = quillkit::kDataNotFound;
+  for (const std::string& each : FormsOf(arguments.name)) {
+    if (status != quillkit::kDataNotFound) break;
+    status = book.change(book, *session.Scanner(), each, edit);
+  }
+  RequireEntry(status, book, arguments.name, "change");
   const std::string what = DescribedEntry(book, arguments.name);
   if (hasChanged) {
     std::cout << "Changed " << what << ".\n";
@@ -253,10 +271,10 @@ void EditEntry(const Session& session, const Arguments& arguments) {
 
 void DeleteEntry(const Session& session, const Arguments& arguments) {
   const AddressBook& book = BookOf(arguments.book);
-  ReadEntry(session, book, arguments.name);
-  const std::string what = DescribedEntry(book, arguments.name);
+  const std::string name = ReadEntry(session, book, arguments.name).front();
+  const std::string what = DescribedEntry(book, name);
   Confirm(arguments.yes, "Delete " + what + '?');
-  RequireEntry(book.remove(*session.Scanner(), arguments.name), book, arguments.name, "delete");
+  RequireEntry(book.remove(*session.Scanner(), name), book, name, "delete");
   std::cout << "Deleted " << what << ".\n";
 }
 
@@ -281,9 +299,9 @@ void ExportEntries(const Session& session, const Arguments& arguments) {
                   Quoted(arguments.file) + '.');
 }
 
-// The appliance selects by one byte.
 std::string LetterFault(const std::string& text) {
-  return text.size() == 1 ? "" : "not a single byte";
+  const bool isCharacter = text.size() == 1 || DisplayedWidth(DisplayedText(text)) == 1;
+  return isCharacter ? "" : "not a single character";
 }
 
 constexpr std::uint32_t kMaxLimit = 999'999;

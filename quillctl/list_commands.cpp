@@ -70,6 +70,11 @@ class Lists {
     if constexpr (!kIsPrivate) book.Attach(session.Scanner(), 0);
   }
 
+  // Returns the name of a list as the appliance has it, if it has the list.
+  std::string NameOf(const std::string& typed) {
+    return StoredName(typed, [&](const std::string& name) { return ReadNames().contains(name); });
+  }
+
   void Print(const Arguments& a) {
     TextTable table({"List", "Members"});
     Json lists = Json::array();
@@ -199,8 +204,14 @@ class Lists {
   // Returns the members that a command names: new ones made of entries, or some of those present.
   Members MembersFor(const Arguments& a, const Members& present, bool adds) const {
     Members members;
-    for (const std::string& name : a.members) {
-      if (std::ranges::count(a.members, name) > 1) throw UsageError("a member is given twice");
+    for (const std::string& typed : a.members) {
+      const std::string name = StoredName(typed, [&](const std::string& each) {
+        return adds ? EntryOf(each).first == quillkit::kNoError
+                    : std::ranges::count(present, each, &Member::Name) != 0;
+      });
+      if (std::ranges::count(members, name, &Member::Name) != 0) {
+        throw UsageError("a member is given twice");
+      }
       const auto found = std::ranges::find(present, name, &Member::Name);
       const bool isPresent = found != present.end();
       if (adds && isPresent) throw Refusal(Named(a.name) + " already has " + Quoted(name));
@@ -212,10 +223,16 @@ class Lists {
     throw Refusal(Named(a.name) + " would have " + CountedMembers(count) + "; the limit is 512");
   }
 
-  Member MemberFrom(const std::string& name) const {
+  // Reads the entry of this name.
+  std::pair<Status, Member> EntryOf(const std::string& name) const {
     Member entry;
     entry.SetName(name);
     const Status status = (scanner.*kEntries)().ReadOne(&entry);
+    return {status, entry};
+  }
+
+  Member MemberFrom(const std::string& name) const {
+    auto [status, entry] = EntryOf(name);
     const std::string what = "the entry " + Quoted(name) + " of the " + std::string(source.title);
     if (status == quillkit::kDataNotFound) throw NotFound("cannot find " + what);
     RequireSuccess(status, "read " + what);
@@ -337,7 +354,9 @@ using PrivateLists =
 template <class Kind>
 void RunFor(const Session& session, const Arguments& a) {
   Kind lists(session, a.kind);
-  (lists.*kCommands<Kind>[a.command].run)(a);
+  Arguments stored = a;
+  stored.name = lists.NameOf(a.name);
+  (lists.*kCommands<Kind>[a.command].run)(stored);
 }
 
 const std::map<std::string, void (*)(const Session&, const Arguments&)> kKinds = {

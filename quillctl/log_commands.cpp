@@ -35,6 +35,12 @@ std::vector<std::string> ReadLog(const Session& session, const std::string& user
   return records;
 }
 
+// Returns the name of the user as the records have it.
+std::string UserOf(const Session& session, const Arguments& a) {
+  return StoredName(a.user,
+                    [&](const std::string& user) { return !ReadLog(session, user).empty(); });
+}
+
 // Returns the bytes with a space in place of each group of zero bytes.
 std::string TextOf(const std::string& bytes) {
   std::string text;
@@ -47,29 +53,30 @@ std::string TextOf(const std::string& bytes) {
 
 void ShowLog(const Session& session, const Arguments& a) {
   std::vector<Row> rows;
-  for (const std::string& each : ReadLog(session, a.user)) {
+  for (const std::string& each : ReadLog(session, UserOf(session, a))) {
     rows.push_back({TextOf(each), HexadecimalBytes(each)});
   }
   PrintRows({"Text", "Bytes"}, rows, a.json);
 }
 
 void CountLog(const Session& session, const Arguments& a) {
-  std::cout << ReadLog(session, a.user).size() << '\n';
+  std::cout << ReadLog(session, UserOf(session, a)).size() << '\n';
 }
 
 // Clears the log. Afterwards the appliance may already have added records, but those from before
 // must not be there any more. It is unknown which of them --except-system keeps.
 void ClearLog(const Session& session, const Arguments& a) {
-  const std::vector<std::string> before = ReadLog(session, a.user);
+  const std::string user = UserOf(session, a);
+  const std::vector<std::string> before = ReadLog(session, user);
   if (before.empty()) throw NotFound("there are no such records");
   Confirm(a.yes, "Delete the records of the log (" + std::to_string(before.size()) + ')' +
                      (a.exceptSystem ? ", except those of ADMINISTRATOR and GUEST?" : "?"));
   const quillkit::CScanner& scanner = *session.Scanner();
-  RequireChange(a.exceptSystem ? scanner.ClearLogExceptSystem() : scanner.ClearLog(a.user),
+  RequireChange(a.exceptSystem ? scanner.ClearLogExceptSystem() : scanner.ClearLog(user),
                 "clear the log");
   if (!a.exceptSystem) {
     const std::vector<std::string> now =
-        ReadBack("the log may have changed", [&] { return ReadLog(session, a.user); });
+        ReadBack("the log may have changed", [&] { return ReadLog(session, user); });
     if (now.size() >= before.size() && now.front() == before.front()) {
       throw Refusal("cannot clear the log: the appliance did not make the change");
     }

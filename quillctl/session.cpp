@@ -35,9 +35,13 @@ Session::Session(const Credentials& newCredentials) : credentials(newCredentials
 }
 
 void Session::LogIn() {
-  scanner = quillkit::LogToQuillbox(credentials.host, credentials.user, *credentials.password,
-                                    credentials.third, 0);
-  isOpen = scanner != nullptr;
+  for (const std::string& user : FormsOf(credentials.user)) {
+    scanner = quillkit::LogToQuillbox(credentials.host, user, *credentials.password,
+                                      credentials.third, 0);
+    isOpen = scanner != nullptr;
+    if (isOpen) credentials.user = user;
+    if (isOpen || quillkit::GetLastToolkitError() != quillkit::kWrongUser) break;
+  }
   if (isOpen) return;
   throw LoginRefusal("cannot log in to " + Quoted(credentials.host) + " as " +
                      Quoted(credentials.user) + ": " + LoginFault(credentials));

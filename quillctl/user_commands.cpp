@@ -1,5 +1,6 @@
 // The commands `user` and `printer`. Their books are small: they are read as a whole.
 
+#include <algorithm>
 #include <iostream>
 #include <vector>
 
@@ -58,8 +59,13 @@ struct Account {
   Account(const Session& newSession, const std::string& name, bool isNew = false)
       : session(newSession) {
     book.Attach(session.Scanner(), 0, 0);
-    for (const auto& each : ReadUsers(session)) {
-      if (each.name != name) continue;
+    const std::vector<quillkit::CUserEntry> users = ReadUsers(session);
+    const auto isUser = [&users](const std::string& form) {
+      return std::ranges::any_of(users, [&](const auto& each) { return each.name == form; });
+    };
+    const std::string stored = isNew ? name : StoredName(name, isUser);
+    for (const auto& each : users) {
+      if (each.name != stored) continue;
       user.SetFrom(&book, each);
       user.tag = each.tag;
     }
@@ -130,19 +136,20 @@ void Switch(const Session& session, const Arguments& a) {
     account.RequireChanged((kOn ? account.user.TurnOn(0) : account.user.TurnOff(0)) != 0,
                            "turn " + verb);
   }
-  std::cout << "The account " << Quoted(a.name) << " is " << verb << ".\n";
+  std::cout << "The account " << Quoted(account.user.Name()) << " is " << verb << ".\n";
 }
 
 void DeleteUser(const Session& session, const Arguments& a) {
   Account account(session, a.name);
-  Confirm(a.yes, "Delete " + Described(a.name) + " and its log?");
+  const std::string what = Described(account.user.Name());
+  Confirm(a.yes, "Delete " + what + " and its log?");
   const DeferredTermination termination("deleting the account");
   try {
     account.RequireChanged(account.book.DeleteUser(&account.user, 0), "delete", true);
   } catch (const Refusal& why) {
     throw Refusal(std::string(why.what()) + "; its log may have been cleared");
   }
-  std::cout << "Deleted " << Described(a.name) << ".\n";
+  std::cout << "Deleted " << what << ".\n";
 }
 
 std::vector<Row> ReadPrinters(const Session& session) {
@@ -170,8 +177,11 @@ void ListModels(const Session& session, const Arguments& a) {
 
 // Makes a printer the only default. If it is one of several defaults, the library clears it: then
 // only the second try succeeds.
-void SetDefaultPrinter(const Session& session, const std::string& name) {
+void SetDefaultPrinter(const Session& session, const std::string& typed) {
   const std::vector<Row> before = ReadPrinters(session);
+  const std::string name = StoredName(typed, [&](const std::string& form) {
+    return std::ranges::any_of(before, [&](const Row& each) { return each.front() == form; });
+  });
   std::vector<Row> wanted = before;
   bool isFound = false;
   for (Row& each : wanted) {

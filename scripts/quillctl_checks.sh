@@ -30,7 +30,8 @@ check_quillctl() {
     echo "other users can read the simulator's state file, which contains passwords"
     return 1
   fi
-  scripts/check_interactive "$1/quillctl" && check_completion "$1" && scripts/check_json_schema &&
+  scripts/check_interactive "$1/quillctl" && check_completion "$1" && check_typed_names "$1" &&
+    scripts/check_json_schema &&
     scripts/check_corpus "$1/quillctl"
 }
 
@@ -70,6 +71,43 @@ END
   status=$?
   rm -rf "$cache"
   return "$status"
+}
+
+# check_typed_names FOLDER: tests that a name typed in UTF-8 finds the one that the simulator has in
+# Windows-1252. Windows reads command lines in another character set: these are not in the transcript.
+check_typed_names() {
+  local folder state line expected shown status=0
+  state=$(mktemp -d)
+  while IFS='|' read -r line expected; do
+    shown=$(folder=$1 && eval "set -- $line" &&
+      QUILLBOX_STATE=$state/session QUILLCTL_PASSWORD=quill "$folder/quillctl" "$@" 2>&1)
+    grep -qF "$expected" <<<"$shown" && continue
+    echo "quillctl $line: expected $expected, but got $shown"
+    status=1
+  done <<'END'
+entry show email "Bertil Sjögren"|Address  bertil.sjogren@office.example
+entry find email Å|Åkesson, Olof
+entry find email "Østergaard A/S" --whole|Østergaard A/S
+entry list email --letter Ø|Østergaard A/S
+entry list email --from "Vikárová, Jana" --limit 1|Würth Schreinerei
+entry list email --letter Åk|not a single character
+entry edit email "Dietmar Klöpfer" --address dk@office.example|Changed the entry
+entry add email "Å" --address a@office.example|Added the entry
+entry list email --letter Å|a@office.example
+entry find email Å|a@office.example
+list create email $'B\374ro' "Bertil Sjögren"|Created the e-mail list "Büro" with 1 member
+list create email Büro|already exists
+list add email Büro "Bertil Sjögren"|already has "Bertil Sjögren"
+list remove email Büro "Bertil Sjögren" --yes|Removed 1 member
+list rename email Büro Bureau|Renamed the e-mail list "Büro"
+user off "Carmen Ibáñez"|The account "Carmen Ibáñez" is off
+--user "Bertil Sjögren" --password harbour info|User           Bertil Sjögren
+--user "Bertil Sjögren" --password harbour log count "Bertil Sjögren"|1
+entry delete email "Würth Schreinerei" --yes|Deleted the entry "Würth Schreinerei"
+entry show email "Würth Schreinerei"|has no entry "Würth Schreinerei"
+END
+  rm -rf "$state"
+  [ "$status" = 0 ] && echo "quillctl finds names in Windows-1252 that are typed in UTF-8"
 }
 
 # check_quillctl_exe FOLDER: compares one run of quillctl.exe with the transcript. All commands run in
