@@ -72,4 +72,10 @@ void AddJson(CLI::App* command, bool& into) {
   command->add_flag("--json", into, "Print the output as JSON");
 }
 
+void AddJsonLines(CLI::App* command, bool& json, bool& lines) {
+  AddJson(command, json);
+  command->add_flag("--json-lines", lines, "Print each element as JSON on a line of its own")
+      ->excludes(command->get_option("--json"));
+}
+
 }  // namespace quillctl

@@ -86,6 +86,9 @@ std::vector<std::string> CommandNames(const CLI::App& group);
 // Adds --json.
 void AddJson(CLI::App* command, bool& into);
 
+// Adds --json and --json-lines, of which only one can be given.
+void AddJsonLines(CLI::App* command, bool& json, bool& lines);
+
 // Add the commands of each family.
 void AddKeyCommands(Commands& commands);
 void AddItemCommands(Commands& commands);

@@ -9,6 +9,7 @@
 #include "quillctl/confirmation.h"
 #include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
+#include "quillctl/json_output.h"
 #include "quillctl/key_set.h"
 #include "quillctl/key_set_json.h"
 #include "quillctl/progress.h"
@@ -99,6 +100,7 @@ struct Arguments {
   std::string file;
   bool yes = false;
   bool dryRun = false;
+  bool json = false;
 };
 
 // Writes the keys and their items as JSON (key_set_json.h) to a file, or to standard output if
@@ -117,9 +119,32 @@ KeySet ReadKeyFile(const std::string& path) {
   }
 }
 
+// Returns an object with the kind of the change, its key and, for an item, its fields before and
+// after the change.
+Json ShownChange(const KeySetChange& change) {
+  // In the order of KeySetChange::Kind.
+  static constexpr const char* kKinds[] = {"delete-item", "delete-key", "change-item", "add-key",
+                                           "add-item"};
+  const bool isChanged = change.kind == KeySetChange::kChangeItem;
+  Json json = {{"change", kKinds[change.kind]}};
+  SetText(json, "key", change.key);
+  if (isChanged) json["before"] = ShownItem(change.key, change.before);
+  if (change.kind == KeySetChange::kDeleteItem) json["before"] = ShownItem(change.key, change.item);
+  if (isChanged || change.kind == KeySetChange::kAddItem) {
+    json["after"] = ShownItem(change.key, change.item);
+  }
+  return json;
+}
+
 // Prints the changes that make the appliance's keys the wanted ones, and returns them.
-std::vector<KeySetChange> ShowChanges(const Session& session, const KeySet& wanted) {
+std::vector<KeySetChange> ShowChanges(const Session& session, const KeySet& wanted, bool json) {
   std::vector<KeySetChange> changes = Difference(ReadKeySet(session), wanted);
+  if (json) {
+    Json list = Json::array();
+    for (const KeySetChange& change : changes) list.push_back(ShownChange(change));
+    PrintJson(list);
+    return changes;
+  }
   for (const KeySetChange& change : changes) {
     const std::string line = Described(change);
     std::cout << Coloured(line, line[0] == '-'   ? Colour::kRed
@@ -135,7 +160,7 @@ std::vector<KeySetChange> ShowChanges(const Session& session, const KeySet& want
 void DiffKeys(const Credentials& credentials, const Arguments& a) {
   const KeySet wanted = ReadKeyFile(a.file);
   const Session session(credentials);
-  if (ShowChanges(session, wanted).empty()) return;
+  if (ShowChanges(session, wanted, a.json).empty()) return;
   throw Differs("the keys and items of the appliance differ from those in " + Quoted(a.file));
 }
 
@@ -145,7 +170,7 @@ void DiffKeys(const Credentials& credentials, const Arguments& a) {
 void ApplyKeys(const Credentials& credentials, const Arguments& a) {
   const KeySet wanted = ReadKeyFile(a.file);
   const Session session(credentials);
-  const std::vector<KeySetChange> changes = ShowChanges(session, wanted);
+  const std::vector<KeySetChange> changes = ShowChanges(session, wanted, false);
   if (changes.empty()) {
     std::cout << "Nothing to change: the appliance already has these keys and items.\n";
     return;
@@ -170,6 +195,7 @@ void AddConfigCommands(Commands& commands) {
   const auto [diff, compared] =
       config.Add("diff", "Print how the appliance differs from a file", DiffKeys);
   diff->add_option("file", compared.file, kFileHelp)->required()->type_name("FILE");
+  AddJson(diff, compared.json);
 
   const auto [apply, applied] =
       config.Add("apply", "Replace all keys and items with those in a file", ApplyKeys);

@@ -9,6 +9,7 @@
 #include <string>
 #include <utility>
 
+#include "books/user_record.h"
 #include "quillctl/address_books.h"
 #include "quillctl/commands.h"
 #include "quillctl/confirmation.h"
@@ -180,10 +181,18 @@ void CountEntries(const Session& session, const Arguments& arguments) {
   std::cout << CountOf(session, BookOf(arguments.book)) << '\n';
 }
 
+// Returns whether the account gets a private book.
+bool HasPrivateBook(const Session& session) {
+  quillkit::CUserRecord user;
+  user.SetName(session.User());
+  user.CreatePrivateBook();
+  return user.PrivateBook() != nullptr;
+}
+
 void ListBooks(const Session& session, const Arguments& arguments) {
   TextTable table({"Book", "Entries", "Fields"});
   Json books = Json::array();
-  for (const AddressBook& each : PublicBooks()) {
+  for (const AddressBook& each : HasPrivateBook(session) ? AllBooks() : PublicBooks()) {
     const std::uint32_t count = CountOf(session, each);
     Row fields = each.fields;
     std::ranges::transform(fields, fields.begin(), LowerCase);
@@ -348,14 +357,12 @@ void AddReadingCommands(Commands& entry) {
   list->add_option("--letter", listed.letter, "List the entries that begin with this character")
       ->check(LetterFault, "");
   AddNumber(list, "--limit", listed.limit, "List at most this number of entries", 1, kMaxLimit);
-  AddJson(list, listed.json);
-  list->add_flag("--json-lines", listed.jsonLines, "Print each entry as JSON on a line of its own")
-      ->excludes(list->get_option("--json"));
+  AddJsonLines(list, listed.json, listed.jsonLines);
 
   const auto [find, found] = AddBookCommand(entry, "find", "Find entries by name", FindEntries);
   AddName(find, "pattern", found.name, "The name or its beginning");
   find->add_flag("--whole", found.wholeName, "Match the whole name only");
-  AddJson(find, found.json);
+  AddJsonLines(find, found.json, found.jsonLines);
 
   const auto [show, shown] = AddEntryCommand(entry, "show", "Show an entry", ShowEntry, true);
   AddJson(show, shown.json);
@@ -395,8 +402,7 @@ void AddChangingCommands(Commands& entry) {
 
 void AddBookCommands(Commands& commands) {
   Commands book = commands.AddGroup("book", "List the address books");
-  const auto [list, a] =
-      book.Add("list", "List the public books and their numbers of entries", ListBooks);
+  const auto [list, a] = book.Add("list", "List the books and their numbers of entries", ListBooks);
   AddJson(list, a.json);
 }
 

@@ -21,18 +21,20 @@ namespace {
 
 using FoundItems = std::vector<std::pair<std::string, ItemFields>>;  // with their key's name
 
-void PrintItems(const FoundItems& found, bool json) {
+void PrintItems(const FoundItems& found, const ItemArguments& a) {
   TextTable table({"Key", "Item", "Address", "Path", "Application", "Format", "Settings"});
   Json items = Json::array();
   for (const auto& [key, item] : found) {
-    if (json) {
+    if (a.jsonLines) {
+      std::cout << ShownItem(key, item).dump() << '\n';
+    } else if (a.json) {
       items.push_back(ShownItem(key, item));
     } else {
       table.AddRow({key, item.name, item.address, item.path, item.appTag,
                     std::to_string(item.fileFormat), Hexadecimal(item.settings)});
     }
   }
-  PrintList(table, items, json);
+  if (!a.jsonLines) PrintList(table, items, a.json);
 }
 
 // Adds the items of the key that match.
@@ -82,7 +84,7 @@ void ShowItems(const Session& session, const ItemArguments& a) {
     if (!a.key.empty() && a.key != name) continue;
     for (ItemFields& item : ItemsOf(each)) found.emplace_back(name, std::move(item));
   }
-  PrintItems(found, a.json);
+  PrintItems(found, a);
 }
 
 void AddItem(const Session& session, const ItemArguments& a) {
@@ -111,7 +113,7 @@ void FindItems(const Session& session, const ItemArguments& a) {
   for (std::int32_t i = 0; i < quillkit::GetCount(book); ++i) {
     AddMatches(found, quillkit::GetKeyAt(book, i), a.name, a.wholeName ? 1 : 0);
   }
-  if (a.json || !found.empty()) PrintItems(found, a.json);
+  if (a.json || !found.empty()) PrintItems(found, a);
   if (found.empty()) {
     throw NotFound(
         (a.wholeName ? "no item has the name " : "no item has a name that begins with ") +
@@ -143,7 +145,7 @@ void ShowItem(const Session& session, const ItemArguments& a) {
   if (a.json) {
     PrintJson(ShownItem(a.key, item));
   } else {
-    PrintItems({{a.key, item}}, false);
+    PrintItems({{a.key, item}}, a);
   }
 }
 
@@ -225,12 +227,12 @@ void AddItemOptions(CLI::App* command, ItemValues& into) {
 void AddReadingCommands(Commands& items) {
   const auto [list, listed] = items.Add("list", "List the items under the soft keys", ShowItems);
   AddName(list, "key", listed.key, "The soft key (default: all keys)")->required(false);
-  AddJson(list, listed.json);
+  AddJsonLines(list, listed.json, listed.jsonLines);
 
   const auto [find, found] = items.Add("find", "Find items by name under all soft keys", FindItems);
   find->add_option("pattern", found.name, "The name or its beginning")->required();
   find->add_flag("--whole", found.wholeName, "Match the whole name only");
-  AddJson(find, found.json);
+  AddJsonLines(find, found.json, found.jsonLines);
 
   const auto [show, shown] = AddItemCommand(items, "show", "Show an item", ShowItem);
   AddJson(show, shown.json);

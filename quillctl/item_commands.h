@@ -27,6 +27,7 @@ struct ItemArguments {
   ItemValues values = {};
   bool wholeName = false;
   bool json = false;
+  bool jsonLines = false;
   bool yes = false;
 };
 

@@ -162,8 +162,12 @@ std::vector<Row> ReadPrinters(const Session& session) {
   return rows;
 }
 
+void PrintPrinters(const std::vector<Row>& rows, bool json) {
+  PrintRows({"Name", "Description", "Model", "Default"}, rows, json, "default");
+}
+
 void ListPrinters(const Session& session, const Arguments& a) {
-  PrintRows({"Name", "Description", "Model", "Default"}, ReadPrinters(session), a.json, "default");
+  PrintPrinters(ReadPrinters(session), a.json);
 }
 
 void ListModels(const Session& session, const Arguments& a) {
@@ -175,9 +179,9 @@ void ListModels(const Session& session, const Arguments& a) {
   PrintRows({"Model", "Text"}, rows, a.json);
 }
 
-// Makes a printer the only default. If it is one of several defaults, the library clears it: then
-// only the second try succeeds.
-void SetDefaultPrinter(const Session& session, const std::string& typed) {
+// Makes a printer the only default, and returns the printers. If it is one of several defaults, the
+// library clears it: then only the second try succeeds.
+std::vector<Row> SetDefaultPrinter(const Session& session, const std::string& typed) {
   const std::vector<Row> before = ReadPrinters(session);
   const std::string name = StoredName(typed, [&](const std::string& form) {
     return std::ranges::any_of(before, [&](const Row& each) { return each.front() == form; });
@@ -201,7 +205,7 @@ void SetDefaultPrinter(const Session& session, const std::string& typed) {
     error = quillkit::GetLastToolkitError();
     now = ReadBack("the default printer may have changed", [&] { return ReadPrinters(session); });
   }
-  if (now == wanted) return;
+  if (now == wanted) return now;
   const std::string text = "cannot make " + Quoted(name) + " the only default printer: " +
                            (error != 0 ? CodeAndText(error) : "the appliance did not change it");
   if (now == before) throw Refusal(text);
@@ -209,19 +213,20 @@ void SetDefaultPrinter(const Session& session, const std::string& typed) {
 }
 
 void DefaultPrinter(const Session& session, const Arguments& a) {
-  if (!a.name.empty()) {
+  std::vector<Row> rows;
+  if (a.name.empty()) {
+    rows = ReadPrinters(session);
+  } else {
     const DeferredTermination termination("making one printer the default");
-    SetDefaultPrinter(session, a.name);
-    std::cout << DisplayedText(a.name) << '\n';
-    return;
+    rows = SetDefaultPrinter(session, a.name);
   }
-  bool isFound = false;
-  for (const Row& each : ReadPrinters(session)) {
-    if (each.back() != "yes") continue;
-    std::cout << DisplayedText(each.front()) << '\n';
-    isFound = true;
+  std::erase_if(rows, [](const Row& each) { return each.back() != "yes"; });
+  if (a.json) {
+    PrintPrinters(rows, true);
+  } else {
+    for (const Row& each : rows) std::cout << DisplayedText(each.front()) << '\n';
   }
-  if (!isFound) throw NotFound("no printer is the default; see quillctl printer list");
+  if (rows.empty()) throw NotFound("no printer is the default; see quillctl printer list");
 }
 
 using Added = Commands::Added<Arguments>;
@@ -265,6 +270,7 @@ void AddPrinterCommands(Commands& commands) {
   const auto [select, selected] =
       printer.Add("default", "Show or set the default printer", DefaultPrinter);
   AddName(select, "name", selected.name, "The new default printer")->required(false);
+  AddJson(select, selected.json);
 }
 
 }  // namespace quillctl
