@@ -10,7 +10,6 @@
 #include "quillctl/failures.h"
 #include "quillctl/password.h"
 #include "quillctl/progress.h"
-#include "quillctl/suggestion.h"
 #include "toolkit/version.h"
 
 namespace quillctl {

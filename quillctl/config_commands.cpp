@@ -1,10 +1,10 @@
 // `quillctl config`: saves the keys and items of an appliance to a file, compares them with it, and
 // restores them from it.
 
+#include <cstdlib>
 #include <iostream>
 #include <string>
 
-#include "quillctl/colour.h"
 #include "quillctl/commands.h"
 #include "quillctl/confirmation.h"
 #include "quillctl/displayed_text.h"
@@ -14,6 +14,7 @@
 #include "quillctl/key_set_json.h"
 #include "quillctl/progress.h"
 #include "quillctl/system/deferred_termination.h"
+#include "quillctl/system/terminal.h"
 #include "quillctl/text_file.h"
 
 namespace quillctl {
@@ -136,6 +137,16 @@ Json ShownChange(const KeySetChange& change) {
   return json;
 }
 
+// Returns the line of a change in a colour, if standard output is a terminal that shows colours,
+// and the environment variable NO_COLOR is not set or empty.
+std::string Coloured(const std::string& line) {
+  const char* const unwanted = std::getenv("NO_COLOR");
+  static const bool hasColours = (unwanted == nullptr || *unwanted == '\0') && StdoutHasColours();
+  if (!hasColours) return line;
+  const char* const colour = line[0] == '-' ? "31" : line[0] == '+' ? "32" : "33";
+  return std::string("\x1B[") + colour + 'm' + line + "\x1B[0m";
+}
+
 // Prints the changes that make the appliance's keys the wanted ones, and returns them.
 std::vector<KeySetChange> ShowChanges(const Session& session, const KeySet& wanted, bool json) {
   std::vector<KeySetChange> changes = Difference(ReadKeySet(session), wanted);
@@ -146,11 +157,7 @@ std::vector<KeySetChange> ShowChanges(const Session& session, const KeySet& want
     return changes;
   }
   for (const KeySetChange& change : changes) {
-    const std::string line = Described(change);
-    std::cout << Coloured(line, line[0] == '-'   ? Colour::kRed
-                                : line[0] == '+' ? Colour::kGreen
-                                                 : Colour::kYellow)
-              << '\n';
+    std::cout << Coloured(Described(change)) << '\n';
   }
   return changes;
 }

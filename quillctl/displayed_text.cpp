@@ -1,6 +1,7 @@
 #include "quillctl/displayed_text.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "contacts/encoding.h"
 
@@ -18,53 +19,32 @@ std::size_t CharacterLength(std::string_view text) {
   return length;
 }
 
-enum class Encoding { kDetected, kUtf8, kWindows1252, kLatin1 };
-Encoding displayEncoding = Encoding::kDetected;
-
 std::string Utf8FromWindows1252(std::string_view text) {
   std::string utf8;
   for (const char byte : text) contacts::AppendWindows1252Character(utf8, byte);
   return utf8;
 }
 
-std::string Converted(std::string_view text, contacts::Encoding from) {
-  std::string utf8;
-  contacts::AppendUtf8(utf8, text, from);
-  return utf8;
-}
-
-struct EncodingName {
-  const char* name;
-  Encoding encoding;
-};
-constexpr EncodingName kEncodings[] = {{"utf-8", Encoding::kUtf8},
-                                       {"windows-1252", Encoding::kWindows1252},
-                                       {"latin-1", Encoding::kLatin1}};
+std::optional<contacts::Encoding> displayEncoding;
 
 }  // namespace
 
 std::vector<std::string> DisplayEncodings() {
-  std::vector<std::string> names;
-  for (const EncodingName& each : kEncodings) names.emplace_back(each.name);
-  return names;
+  return {"utf-8", "windows-1252", "latin-1"};
 }
 
 void SetDisplayEncoding(std::string_view name) {
-  displayEncoding = std::ranges::find(kEncodings, name, &EncodingName::name)->encoding;
+  displayEncoding = contacts::EncodingOf(name);
 }
 
 std::string Utf8Text(std::string_view text) {
-  switch (displayEncoding) {
-    case Encoding::kDetected:
-      return contacts::IsUtf8(text) ? std::string(text) : Utf8FromWindows1252(text);
-    case Encoding::kUtf8:
-      return Converted(text, contacts::Encoding::kUtf8);
-    case Encoding::kWindows1252:
-      return Utf8FromWindows1252(text);
-    case Encoding::kLatin1:
-      return Converted(text, contacts::Encoding::kLatin1);
-  }
-  return {};
+  using contacts::Encoding;
+  const Encoding detected = contacts::IsUtf8(text) ? Encoding::kUtf8 : Encoding::kWindows1252;
+  const Encoding encoding = displayEncoding.value_or(detected);
+  if (encoding == Encoding::kWindows1252) return Utf8FromWindows1252(text);
+  std::string utf8;
+  contacts::AppendUtf8(utf8, text, encoding);
+  return utf8;
 }
 
 namespace {

@@ -1,5 +1,7 @@
 #include "quillctl/failures.h"
 
+#include <map>
+
 #include "bridge/status.h"
 #include "toolkit/quillkit.h"
 
@@ -20,24 +22,16 @@ std::string LibraryText(std::int32_t code) {
   return text.substr(0, text.find('\0'));
 }
 
-struct LocalCode {
-  std::int32_t code;
-  std::string_view text;
-};
-
-// Codes that the library returns without a server call. It has no texts for them.
-constexpr LocalCode kLocalCodes[] = {
-    {-1, "file not found, invalid argument or not connected"},
-    {-2, "cannot read the file"},
-    {-3, "missing argument"},
-    {-11, "unknown import format"},
-};
-
+// Returns the text of a code that the library returns without a server call. It has none for them.
 std::string LocalText(std::int32_t code) {
-  for (const LocalCode& each : kLocalCodes) {
-    if (each.code == code) return std::string(each.text);
-  }
-  return {};
+  static const std::map<std::int32_t, const char*> texts = {
+      {-1, "file not found, invalid argument or not connected"},
+      {-2, "cannot read the file"},
+      {-3, "missing argument"},
+      {-11, "unknown import format"},
+  };
+  const auto found = texts.find(code);
+  return found == texts.end() ? "" : found->second;
 }
 
 }  // namespace
