@@ -99,15 +99,14 @@ void RequireApplied(const Session& session, const KeySet& wanted) {
 
 struct Arguments {
   std::string file;
-  bool yes = false;
-  bool dryRun = false;
+  Consent consent;
   bool json = false;
 };
 
 // Writes the keys and their items as JSON (key_set_json.h) to a file, or to standard output if
 // its path is empty or "-". Throws a Refusal and writes nothing if a key or an item cannot be read.
 void ExportKeys(const Session& session, const Arguments& a) {
-  ConfirmOverwrite(a.yes, a.file);
+  ConfirmOverwrite(a.consent.yes, a.file);
   WriteOutput(a.file, JsonOf(ReadKeySet(session)), "Exported the keys to " + Quoted(a.file) + '.');
 }
 
@@ -182,8 +181,8 @@ void ApplyKeys(const Credentials& credentials, const Arguments& a) {
     std::cout << "Nothing to change: the appliance already has these keys and items.\n";
     return;
   }
-  if (a.dryRun) return;
-  Confirm(a.yes, "Make these changes?");
+  if (a.consent.dryRun) return;
+  Confirm(a.consent.yes, "Make these changes?");
   Make(session, changes);
   RequireApplied(session, wanted);
   std::cout << "Made " << Counted(changes.size(), "change") << ".\n";
@@ -197,7 +196,7 @@ void AddConfigCommands(Commands& commands) {
       commands.AddGroup("config", "Save, compare and restore the soft keys with their items");
   const auto [save, saved] = config.Add("export", "Write all keys and items as JSON", ExportKeys);
   save->add_option("file", saved.file, "The file (default: standard output)")->type_name("FILE");
-  AddYes(save, saved.yes);
+  AddYes(save, saved.consent.yes);
 
   const auto [diff, compared] =
       config.Add("diff", "Print how the appliance differs from a file", DiffKeys);
@@ -207,9 +206,7 @@ void AddConfigCommands(Commands& commands) {
   const auto [apply, applied] =
       config.Add("apply", "Replace all keys and items with those in a file", ApplyKeys);
   apply->add_option("file", applied.file, kFileHelp)->required()->type_name("FILE");
-  CLI::Option* yes = AddYes(apply, applied.yes);
-  apply->add_flag("--dry-run", applied.dryRun, "Print the differences, without changing anything")
-      ->excludes(yes);
+  AddConsent(apply, applied.consent);
 }
 
 }  // namespace quillctl

@@ -28,6 +28,20 @@ void Confirm(bool yes, const std::string& question) {
   if (answer != "y" && answer != "yes") throw Refusal("not confirmed; nothing was changed");
 }
 
+void AddConsent(CLI::App* command, Consent& into) {
+  CLI::Option* yes = AddYes(command, into.yes);
+  command->add_flag("--dry-run", into.dryRun, "Print what would be done, without changing anything")
+      ->excludes(yes);
+}
+
+bool Agreed(const Consent& consent, const std::string& action) {
+  if (!consent.dryRun) Confirm(consent.yes, action + '?');
+  if (consent.dryRun) {
+    std::cout << "Would " << LowerCase(action.substr(0, 1)) << action.substr(1) << ".\n";
+  }
+  return !consent.dryRun;
+}
+
 bool IsStandardOutput(const std::string& path) {
   std::error_code failure;
   return path.empty() || path == "-" || std::filesystem::equivalent(path, "/dev/stdout", failure);

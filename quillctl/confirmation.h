@@ -19,6 +19,19 @@ CLI::Option* AddYes(CLI::App* command, bool& into);
 // "yes", and a UsageError if standard input is not a terminal.
 void Confirm(bool yes, const std::string& question);
 
+// How the user agrees to a command that deletes, clears or replaces more than one thing.
+struct Consent {
+  bool yes = false;
+  bool dryRun = false;
+};
+
+// Adds --yes and --dry-run, of which only one can be given.
+void AddConsent(CLI::App* command, Consent& into);
+
+// Returns true after Confirm() with the action, such as "Delete 3 entries", as a question. In a dry
+// run prints what would be done, and returns false.
+bool Agreed(const Consent& consent, const std::string& action);
+
 // Returns whether the path is that of standard output: empty, "-", or the file that it is.
 bool IsStandardOutput(const std::string& path);
 

@@ -114,7 +114,7 @@ void RunDemo(const Credentials& given, const Arguments& a) {
   ChangeSoftKeys(session);
   for (const DemoImport& each : kImports) ImportFile(session, each, a.folder);
   Heading("Delete the key");
-  DeleteKey(session, {.name = kKey, .yes = true});
+  DeleteKey(session, {.name = kKey, .consent = {.yes = true}});
   ShowKeys(session, {});
   session.LogOut();
   std::cout << "\nLogged out.\n";

@@ -40,7 +40,7 @@ struct Arguments {
   bool spreadsheet = false;
   bool json = false;
   bool jsonLines = false;
-  bool yes = false;
+  Consent consent;
 };
 
 constexpr const char* kUsers = "users";
@@ -282,7 +282,7 @@ void DeleteEntry(const Session& session, const Arguments& arguments) {
   const AddressBook& book = BookOf(arguments.book);
   const std::string name = ReadEntry(session, book, arguments.name).front();
   const std::string what = DescribedEntry(book, name);
-  Confirm(arguments.yes, "Delete " + what + '?');
+  Confirm(arguments.consent.yes, "Delete " + what + '?');
   RequireEntry(book.remove(*session.Scanner(), name), book, name, "delete");
   std::cout << "Deleted " << what << ".\n";
 }
@@ -290,7 +290,7 @@ void DeleteEntry(const Session& session, const Arguments& arguments) {
 void ClearBook(const Session& session, const Arguments& arguments) {
   const AddressBook& book = BookOf(arguments.book);
   const std::string what = CountedEntries(CountOf(session, book)) + " of the " + TitleOf(book);
-  Confirm(arguments.yes, "Delete " + what + '?');
+  if (!Agreed(arguments.consent, "Delete " + what)) return;
   RequireChange(book.clear(*session.Scanner()), "clear the " + TitleOf(book));
   std::cout << "Deleted " << what << ".\n";
 }
@@ -300,7 +300,7 @@ void ClearBook(const Session& session, const Arguments& arguments) {
 void ExportEntries(const Session& session, const Arguments& arguments) {
   const AddressBook& book = BookOf(arguments.book);
   const EntryFileWriter write = EntryFileWriterFor(arguments.format, book, arguments.spreadsheet);
-  ConfirmOverwrite(arguments.yes, arguments.file);
+  ConfirmOverwrite(arguments.consent.yes, arguments.file);
   const std::optional<std::vector<Row>> entries = ReadAllEntries(book, *session.Scanner());
   if (!entries) throw Refusal("cannot read the " + TitleOf(book) + " completely");
   WriteOutput(arguments.file, write(book, *entries),
@@ -378,7 +378,7 @@ void AddReadingCommands(Commands& entry) {
   save->add_flag("--spreadsheet", saved.spreadsheet,
                  "csv only: write UTF-8 with a byte order mark, and mark values that a spreadsheet "
                  "would treat as formulas");
-  AddYes(save, saved.yes);
+  AddYes(save, saved.consent.yes);
 }
 
 void AddChangingCommands(Commands& entry) {
@@ -391,11 +391,11 @@ void AddChangingCommands(Commands& entry) {
   AddValues(edit, edited.values);
 
   const auto [remove, removed] = AddEntryCommand(entry, "delete", "Delete an entry", DeleteEntry);
-  AddYes(remove, removed.yes);
+  AddYes(remove, removed.consent.yes);
 
   const auto [clear, cleared] =
       AddBookCommand(entry, "clear", "Delete all entries of a book", ClearBook, false);
-  AddYes(clear, cleared.yes);
+  AddConsent(clear, cleared.consent);
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include <iostream>
 
 #include "quillctl/commands.h"
-#include "quillctl/confirmation.h"
 #include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
 #include "quillctl/json_output.h"
@@ -37,7 +36,7 @@ void AddKey(const Session& session, const KeyArguments& a) {
 void DeleteKey(const Session& session, const KeyArguments& a) {
   quillkit::CTopLevelAB* book = session.LoadKeys(false);
   FindKey(book, a.name);
-  Confirm(a.yes, "Delete the key " + Quoted(a.name) + " with its items?");
+  if (!Agreed(a.consent, "Delete the key " + Quoted(a.name) + " with its items")) return;
   RequireChange(quillkit::DeleteKey(book, a.name, 0), "delete the key " + Quoted(a.name));
   std::cout << "Deleted the key " << Quoted(a.name) << ".\n";
 }
@@ -68,7 +67,7 @@ void AddKeyCommands(Commands& commands) {
 
   const auto [remove, removed] = keys.Add("delete", "Delete a soft key and its items", DeleteKey);
   AddName(remove, "name", removed.name, "The name of the key");
-  AddYes(remove, removed.yes);
+  AddConsent(remove, removed.consent);
 }
 
 }  // namespace quillctl

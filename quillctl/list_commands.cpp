@@ -40,7 +40,7 @@ struct Arguments {
   std::string newName;
   std::vector<std::string> members;
   bool json = false;
-  bool yes = false;
+  Consent consent;
 };
 
 std::string CountedMembers(std::size_t count) {
@@ -133,7 +133,7 @@ class Lists {
 
   void Delete(const Arguments& a) {
     const std::string what = Named(a.name) + " with " + CountedMembers(ReadNamed(a.name).size());
-    Confirm(a.yes, "Delete " + what + '?');
+    if (!Agreed(a.consent, "Delete " + what)) return;
     DeleteList(a.name);
     std::cout << "Deleted " << what << ".\n";
   }
@@ -247,7 +247,7 @@ class Lists {
     const Members members = MembersFor(a, present, adds);
     const std::string what =
         CountedMembers(members.size()) + (adds ? " to " : " from ") + Named(a.name);
-    if (!adds) Confirm(a.yes, "Remove " + what + '?');
+    if (!adds && !Agreed(a.consent, "Remove " + what)) return;
     ChangeMembers(a.name, adds ? Change::kAdd : Change::kRemove, members, present.size(),
                   (adds ? "add " : "remove ") + what, DeferredTermination(kStopping));
     std::cout << (adds ? "Added " : "Removed ") << what << ".\n";
@@ -325,7 +325,7 @@ class Lists {
 };
 
 // What a command needs besides the kind.
-enum Options : unsigned { kName = 1, kNewName = 2, kMembers = 4, kJson = 8, kYes = 16 };
+enum Options : unsigned { kName = 1, kNewName = 2, kMembers = 4, kJson = 8, kConsent = 16 };
 
 template <class Kind>
 struct ListCommand {
@@ -341,9 +341,9 @@ constexpr ListCommand<Kind> kCommands[] = {
     {"create", &Kind::Create, kName | kMembers, "Create a list of entries of the book"},
     {"rename", &Kind::Rename, kName | kNewName, "Rename a list"},
     {"copy", &Kind::Copy, kName | kNewName, "Copy a list"},
-    {"delete", &Kind::Delete, kName | kYes, "Delete a list"},
+    {"delete", &Kind::Delete, kName | kConsent, "Delete a list"},
     {"add", &Kind::Add, kName | kMembers, "Add entries of the book to a list"},
-    {"remove", &Kind::Remove, kName | kMembers | kYes, "Remove members from a list"},
+    {"remove", &Kind::Remove, kName | kMembers | kConsent, "Remove members from a list"},
 };
 
 using EmailLists = Lists<quillkit::CEmailAB, &CScanner::EmailEntries, &CScanner::RenamePublicList>;
@@ -384,7 +384,7 @@ void AddListCommands(Commands& commands) {
           ->required(run != &EmailLists::Create);
     }
     if ((options & kJson) != 0) AddJson(command, a.json);
-    if ((options & kYes) != 0) AddYes(command, a.yes);
+    if ((options & kConsent) != 0) AddConsent(command, a.consent);
   }
 }
 

@@ -18,7 +18,7 @@ struct Arguments {
   std::string second;
   bool exceptSystem = false;
   bool json = false;
-  bool yes = false;
+  Consent consent;
 };
 
 // Reads the records of a user, without the zero bytes at their ends.
@@ -69,8 +69,10 @@ void ClearLog(const Session& session, const Arguments& a) {
   const std::string user = UserOf(session, a);
   const std::vector<std::string> before = ReadLog(session, user);
   if (before.empty()) throw NotFound("there are no such records");
-  Confirm(a.yes, "Delete the records of the log (" + std::to_string(before.size()) + ')' +
-                     (a.exceptSystem ? ", except those of ADMINISTRATOR and GUEST?" : "?"));
+  const std::string action = "Delete the records of the log (" + std::to_string(before.size()) +
+                             ')' +
+                             (a.exceptSystem ? ", except those of ADMINISTRATOR and GUEST" : "");
+  if (!Agreed(a.consent, action)) return;
   const quillkit::CScanner& scanner = *session.Scanner();
   RequireChange(a.exceptSystem ? scanner.ClearLogExceptSystem() : scanner.ClearLog(user),
                 "clear the log");
@@ -91,7 +93,7 @@ void BackUpDatabase(const Session& session, const Arguments& a) {
 }
 
 void RestoreDatabase(const Session& session, const Arguments& a) {
-  Confirm(a.yes, "Replace all books and accounts of the appliance with the backup?");
+  Confirm(a.consent.yes, "Replace all books and accounts of the appliance with the backup?");
   RequireChange(session.Scanner()->RestoreDatabase(a.first.c_str(), a.second.c_str()),
                 "restore the database");
   std::cout << "Restored the database.\n";
@@ -140,7 +142,7 @@ void AddLogCommands(Commands& commands) {
   const auto [clear, cleared] = AddLogCommand(log, "clear", "Delete records", ClearLog);
   clear->add_flag("--except-system", cleared.exceptSystem, "Keep those of ADMINISTRATOR and GUEST")
       ->excludes(clear->get_option("user"));
-  AddYes(clear, cleared.yes);
+  AddConsent(clear, cleared.consent);
 }
 
 void AddDatabaseCommands(Commands& commands) {
@@ -149,7 +151,7 @@ void AddDatabaseCommands(Commands& commands) {
   AddTextCommand(database, "backup", "Back up the database", BackUpDatabase);
   const auto [restore, a] =
       AddTextCommand(database, "restore", "Restore the database", RestoreDatabase);
-  AddYes(restore, a.yes);
+  AddYes(restore, a.consent.yes);
   database.Add("check", "Let the appliance check its database", CheckDatabase);
 }
 

@@ -138,11 +138,11 @@ PrivateBook ParseFile(const std::string& text) {
 
 struct Arguments {
   std::string file;
-  bool yes = false;
+  Consent consent;
 };
 
 void BackUp(const Session& session, const Arguments& a) {
-  ConfirmOverwrite(a.yes, a.file);
+  ConfirmOverwrite(a.consent.yes, a.file);
   const PrivateBook book = ReadBook(session);
   std::string section;
   quillkit::Archive archive(&section);
@@ -175,8 +175,9 @@ void Restore(const Credentials& credentials, const Arguments& a) {
   if (before.user->name != wanted.user->name) {
     throw UsageError("the file is the backup of the account " + Quoted(wanted.user->Name()));
   }
-  Confirm(a.yes, "Replace the private book " + before.Sizes() + " with the one in the file " +
-                     wanted.Sizes() + '?');
+  const std::string action =
+      "Replace the private book " + before.Sizes() + " with the one in the file " + wanted.Sizes();
+  if (!Agreed(a.consent, action)) return;
   const DeferredTermination termination("restoring the private book");
   // The library cannot replace a book that does not exist.
   const bool isDone = before.contents.empty() ? wanted.Book()->WriteBack() == 0
@@ -189,21 +190,25 @@ void Restore(const Credentials& credentials, const Arguments& a) {
 
 // Adds a command for a file.
 template <class Context>
-void AddFileCommand(Commands& book, const char* name, const char* help,
-                    void (*run)(const Context&, const Arguments&)) {
-  const auto [command, a] = book.Add(name, help, run);
-  command->add_option("file", a.file, "The file (-: standard input or output)")
+Commands::Added<Arguments> AddFileCommand(Commands& book, const char* name, const char* help,
+                                          void (*run)(const Context&, const Arguments&)) {
+  const auto added = book.Add(name, help, run);
+  added.app->add_option("file", added.arguments.file, "The file (-: standard input or output)")
       ->required()
       ->type_name("FILE");
-  AddYes(command, a.yes);
+  return added;
 }
 
 }  // namespace
 
 void AddPrivateCommands(Commands& commands) {
   Commands book = commands.AddGroup("private", "Save and restore the account's private book");
-  AddFileCommand(book, "backup", "Save the private book to a file", BackUp);
-  AddFileCommand(book, "restore", "Replace the private book with the one in a file", Restore);
+  const auto [save, saved] =
+      AddFileCommand(book, "backup", "Save the private book to a file", BackUp);
+  AddYes(save, saved.consent.yes);
+  const auto [restore, restored] =
+      AddFileCommand(book, "restore", "Replace the private book with the one in a file", Restore);
+  AddConsent(restore, restored.consent);
 }
 
 }  // namespace quillctl
