@@ -148,6 +148,11 @@ void RequireOutcome(Prepared& prepared, const ImportRequest& request) {
     throw UnknownResult("sent " + file + status + "; " + Title(prepared) +
                         " cannot be read completely, so it is unknown which rows were imported");
   }
+  // Some accounts cannot be deleted.
+  const bool hasPermanent = prepared.book.secretField != AddressBook::kNone;
+  if (request.clearFirst && !hasPermanent && run.EntriesAfter() > run.Count(Outcome::kArrived)) {
+    throw PartialFailure("imported " + file + ", but " + Title(prepared) + " was not cleared");
+  }
   if (rejected == 0 && status.empty()) return;
   const std::size_t good = request.dryRun ? run.ToSend() : run.Count(Outcome::kArrived);
   if (good == 0 && run.Count(Outcome::kPresent) == 0) {
