@@ -139,6 +139,7 @@ std::string StateFile::LoadChanges(Contents& contents) {
   if (SizeOf(keptPath) != size) {
     fault = ReadFrom(keptPath, size, text);
     text.resize(CompleteSize(text));
+    if (!text.empty()) endsInLine = text.back() == '\n';
     if (fault.empty()) fault = ReadChanges(text, contents);
     size += text.size();
     contents.store.TakeChanges();

@@ -219,15 +219,15 @@ TEST_F(SharedStateTest, GivesEachProcessTheChangesOfTheOther) {
 
 TEST_F(SharedStateTest, LosesOnlyTheChangeThatWasInterrupted) {
   Process& process = processes[0];
-  const auto put = [&](const char* name) {
+  const auto put = [&](const char* name, Process& changing) {
     const CMenuItem item = MakeItem(name);
-    EXPECT_EQ(process.file.Begin(process.contents), "");
-    process.contents.store.Put(Path(BookKind::kKeyItems, "Desks"), &item);
-    EXPECT_EQ(process.file.End(process.contents), "");
+    EXPECT_EQ(changing.file.Begin(changing.contents), "");
+    changing.contents.store.Put(Path(BookKind::kKeyItems, "Desks"), &item);
+    EXPECT_EQ(changing.file.End(changing.contents), "");
     return ReadBytes(kept);
   };
-  const std::string one = put("One");
-  const std::string two = put("Two");
+  const std::string one = put("One", process);
+  const std::string two = put("Two", process);
   for (std::size_t size = one.size(); size <= two.size(); ++size) {
     WriteBytes(kept, two.substr(0, size));  // the last line end may be missing
     Process next;
@@ -236,12 +236,15 @@ TEST_F(SharedStateTest, LosesOnlyTheChangeThatWasInterrupted) {
               size + 1 >= two.size() ? 2U : 1U);
   }
   WriteBytes(kept, two.substr(0, two.size() - 1));
+  put("Three", processes[1]);
+  EXPECT_EQ(ReadBytes(kept), StateText(processes[1].contents)) << "a process that ran meanwhile";
+  WriteBytes(kept, two.substr(0, two.size() - 1));
   Process next;
   ASSERT_EQ(next.file.Open(kept, next.contents), "");
   process.contents = {};
   process.file = {};
   ASSERT_EQ(process.file.Open(kept, process.contents), "");
-  put("Three");
+  put("Three", process);
   EXPECT_EQ(process.file.Close(process.contents), "");
   EXPECT_EQ(ReadBytes(kept), StateText(process.contents)) << "a small file ends with a checkpoint";
   EXPECT_THAT(folder.Names(), testing::ElementsAre("kept", "kept.lock"));
