@@ -94,6 +94,7 @@ std::string StateFile::End(Contents& contents) {
   } else if (!changes.IsEmpty()) {
     fault = Append(ChangeText(contents.store, changes));
   }
+  mustLoad = mustLoad || !fault.empty();
   lock = FileLock();
   return fault;
 }
@@ -117,6 +118,7 @@ std::string StateFile::Load(Contents& contents) {
   if (!fault.empty()) return fault;
   contents = std::move(read);
   contents.store.TakeChanges();
+  mustLoad = false;
   size = CompleteSize(text);
   endsInLine = text[static_cast<std::size_t>(size) - 1] == '\n';
   stateSize = size;
@@ -133,19 +135,22 @@ std::string StateFile::LoadChanges(Contents& contents) {
     contents.store.MarkWhole();
     return {};
   }
-  if (CountCheckpoints() != checkpoints || SizeOf(keptPath) < size) return Load(contents);
-  std::string text;
-  std::string fault;
+  if (mustLoad || CountCheckpoints() != checkpoints || SizeOf(keptPath) < size) {
+    return Load(contents);
+  }
   if (SizeOf(keptPath) != size) {
-    fault = ReadFrom(keptPath, size, text);
+    std::string text;
+    std::string fault = ReadFrom(keptPath, size, text);
     text.resize(CompleteSize(text));
-    if (!text.empty()) endsInLine = text.back() == '\n';
     if (fault.empty()) fault = ReadChanges(text, contents);
-    size += text.size();
     contents.store.TakeChanges();
+    mustLoad = !fault.empty();
+    if (mustLoad) return fault;
+    if (!text.empty()) endsInLine = text.back() == '\n';
+    size += text.size();
   }
   contents.store.AddChanges(std::move(own));
-  return fault;
+  return {};
 }
 
 // Removes what an interrupted process left behind the last complete change.
@@ -168,6 +173,7 @@ std::string StateFile::Checkpoint(Contents& contents) {
     return kCannotWrite;
   }
   contents.store.TakeChanges();
+  mustLoad = false;
   size = stateSize = text.size();
   endsInLine = true;
   checkpoints = CountCheckpoints();

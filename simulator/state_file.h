@@ -31,12 +31,13 @@ class StateFile {
   bool IsOpen() const { return !keptPath.empty(); }
 
   // Waits until no other process uses the file, and makes the changes of other processes. Returns
-  // an empty text, or the description of a failure; End then does nothing. Without a file, does
-  // nothing.
+  // an empty text, or the description of a failure; End then does nothing. While the file contains
+  // a change that cannot be read, each Begin fails. Without a file, does nothing.
   std::string Begin(Contents& contents);
 
   // Writes what changed since Begin, and lets other processes use the file. A process that is
-  // killed loses at most this change. The result is that of Begin.
+  // killed loses at most this change. The result is that of Begin; after a failure, the next Begin
+  // replaces the contents by those of the file.
   std::string End(Contents& contents);
 
   // The same as Begin and End. Makes a checkpoint if the file is small or has grown much.
@@ -55,6 +56,7 @@ class StateFile {
   std::uintmax_t stateSize = 0;    // of the complete state at its beginning
   std::uintmax_t checkpoints = 0;  // the number that belongs to `size`
   bool endsInLine = true;          // whether the file ends with a line end
+  bool mustLoad = false;           // whether the contents differ from what was read and written
 };
 
 }  // namespace quillbox

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <optional>
 #include <random>
 #include <string>
@@ -248,6 +249,27 @@ TEST_F(SharedStateTest, LosesOnlyTheChangeThatWasInterrupted) {
   EXPECT_EQ(process.file.Close(process.contents), "");
   EXPECT_EQ(ReadBytes(kept), StateText(process.contents)) << "a small file ends with a checkpoint";
   EXPECT_THAT(folder.Names(), testing::ElementsAre("kept", "kept.lock"));
+}
+
+TEST_F(SharedStateTest, HasOnlyWhatTheFileContains) {
+  auto& [contents, file] = processes[0];
+  const CMenuItem item = MakeItem("One");
+  ASSERT_EQ(file.Begin(contents), "");
+  contents.store.Put(Path(BookKind::kKeyItems, "Desks"), &item);
+  std::filesystem::rename(kept, folder.PathOf("moved"));
+  std::filesystem::create_directory(kept);
+  EXPECT_THAT(file.End(contents), HasSubstr("cannot write"));
+  std::filesystem::remove(kept);
+  std::filesystem::rename(folder.PathOf("moved"), kept);
+  EXPECT_EQ(file.Begin(contents), "");
+  EXPECT_EQ(StateText(contents), ReadBytes(kept)) << "without the change that was not written";
+  EXPECT_EQ(file.End(contents), "");
+  const std::string good = ReadBytes(kept);
+  WriteBytes(kept, good + "clear\nend\n");
+  EXPECT_THAT(file.Begin(contents), HasSubstr("nothing to clear"));
+  EXPECT_THAT(file.Begin(contents), HasSubstr("nothing to clear"));
+  WriteBytes(kept, good);
+  EXPECT_EQ(file.Begin(contents), "");
 }
 
 TEST_F(StateTest, WritesTheJournalInEachForm) {
