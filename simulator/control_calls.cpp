@@ -171,6 +171,7 @@ void SimulatorFail(const char* entry, std::int32_t occurrence, Status status) {
 
 const char* SimulatorUnfiredFault(std::int32_t index) {
   static std::string text;
+  if (TheAppliance().mayHaveUnfiredFaults) return nullptr;
   const std::vector<std::string> unfired = TheAppliance().faults.Unfired();
   if (index < 0 || static_cast<std::size_t>(index) >= unfired.size()) return nullptr;
   text = unfired[static_cast<std::size_t>(index)];

@@ -99,8 +99,9 @@ std::uint32_t SimulatorTimeout();
 // Advances the appliance's clock without waiting.
 void SimulatorAdvanceClock(std::uint32_t milliseconds);
 
-// Makes every later call wait this long, in real time. If that exceeds the time-out, the call does
-// nothing and returns 19 after the time-out.
+// Makes every later call take this long. It waits, unless the scenario has a simulated clock: then
+// the clock advances. If that exceeds the time-out, the call does nothing and returns 19 after the
+// time-out.
 void SimulatorSetLatency(std::uint32_t milliseconds);
 
 // Changes a limit of the appliance. A call that would exceed it changes nothing and returns 24. 0
@@ -171,9 +172,9 @@ void SimulatorFail(const char* entry, std::int32_t occurrence, Status status);
 void SimulatorClearFaults();
 
 // Returns a description of a fault that has not made any call fail, or null for an index out of
-// range. The faults of a scenario and of the environment count, too. When a test ends, index 0
-// should return null: otherwise the test did not test what it intended to. Valid until the next
-// call of this function.
+// range, or if the scenario allows unfired faults. The faults of a scenario and of the environment
+// count, too. When a test ends, index 0 should return null: otherwise the test did not test what it
+// intended to. Valid until the next call of this function.
 const char* SimulatorUnfiredFault(std::int32_t index);
 
 // Sets the wrong replies from now on: a combination of SimulatorDefect, 0 for none.

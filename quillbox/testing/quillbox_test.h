@@ -10,7 +10,7 @@
 //   }
 //
 // Each test begins with a new appliance and the initial office. It fails if a fault made no call
-// fail, and if its session is still open at the end.
+// fail, unless the scenario allows that, and if its session is still open at the end.
 
 #ifndef QUILLKIT_QUILLBOX_TESTING_QUILLBOX_TEST_H_
 #define QUILLKIT_QUILLBOX_TESTING_QUILLBOX_TEST_H_
@@ -20,6 +20,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <fstream>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -34,7 +35,8 @@ class QuillboxTest : public testing::Test {
   // Replaces the appliance by that of a scenario, given as its lines without the first one. The
   // paths in it are relative to the folder for temporary files. The test fails if it is invalid.
   static void UseScenario(const std::string& lines) {
-    const std::string path = testing::TempDir() + "quillbox_test.scenario";
+    const std::string path =
+        testing::TempDir() + "quillbox_test." + std::to_string(std::random_device()());
     std::ofstream(path, std::ios::binary) << "quillbox scenario 1\n" << lines;
     UseScenarioFile(path);
     std::remove(path.c_str());

@@ -144,6 +144,8 @@ TEST_F(ScenarioTest, NamesTheFaultsThatHaveNotFired) {
   EXPECT_STREQ(SimulatorUnfiredFault(0), "line 3: fault IMSPWakeup nth 2 status 9")
       << "the earlier fault applied to the same call";
   EXPECT_EQ(SimulatorUnfiredFault(1), nullptr);
+  ASSERT_EQ(Load("unfired allowed\nfault IMSPWakeup nth 2 status 8\n"), "");
+  EXPECT_EQ(SimulatorUnfiredFault(0), nullptr);
   SimulatorReset();
 }
 
