@@ -18,6 +18,8 @@ import pytest
 # The statuses with which `quillbox run` reports an unfired fault, an appliance that was not used and
 # an invalid scenario.
 _OF_QUILLBOX = (123, 124, 125)
+# What it reports whatever the status of the program is.
+_REPORTS = ("quillbox: unfired fault:", "quillbox: sessions that were not closed:")
 
 
 class Quillbox:
@@ -40,13 +42,15 @@ class Quillbox:
 
     def run(self, *command, **options):
         """Runs a program on the appliance and returns the subprocess.CompletedProcess. `options` are
-        those of subprocess.run. A fault that makes no call fail, and a program that does not use the
-        appliance, is an AssertionError."""
+        those of subprocess.run. A fault that makes no call fail, a session that is not closed, and a
+        program that does not use the appliance, is an AssertionError."""
         done = subprocess.run(
             [self._command, "run", "--state", self._state, "--journal", self._journal, "--form", "json",
              self._folder / "scenario", "--", *command],
             capture_output=True, text=True, check=False, **options)
         assert done.returncode not in _OF_QUILLBOX, done.stderr
+        reports = [line for line in done.stderr.splitlines() if line.startswith(_REPORTS)]
+        assert not reports, done.stderr
         return done
 
     def calls(self):
