@@ -30,7 +30,8 @@ begin office
 #latency 20
 #latency IMSPReadAB 500
 
-# The clock: simulated, each call taking one step, or real.
+# The clock: simulated, each call taking one step, or real. Latencies and delays wait, and the
+# keep-alive period passes between calls, only with clock real.
 #clock simulated start 2026-01-01 step 1000
 #clock real
 
@@ -39,7 +40,7 @@ begin office
 #fault IMSPCreateEntry book 512:Desks name "Agnes" reply lost
 #fault IMSPReadAB first 2 delay 5000
 #fault IMSPReadAB account "Eve" reply short
-#fault * after 60000 session lost
+#fault * after 60000 nth 1 session lost
 #fault * probability 0.05 status 19
 #seed 7
 #unfired allowed
