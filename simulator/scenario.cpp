@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <iterator>
 #include <system_error>
+#include <utility>
 
 #include "simulator/entry_points.h"
 #include "simulator/scenario_line.h"
@@ -325,11 +326,15 @@ std::string ReadScenario(const std::string& path, Scenario& scenario) {
 }
 
 std::string ReadBeginning(const std::string& begin, Contents& contents) {
-  contents = {};
-  if (begin == "office") Seed(contents.store);
-  if (begin == "office" || begin == "empty") return {};
-  const std::string fault = ReadStateFile(begin, contents);
-  return fault.empty() ? "" : begin + ": " + fault;
+  Contents read;
+  if (begin == "office") {
+    Seed(read.store);
+  } else if (begin != "empty") {
+    const std::string fault = ReadStateFile(begin, read);
+    if (!fault.empty()) return begin + ": " + fault;
+  }
+  contents = std::move(read);
+  return {};
 }
 
 std::string ApplyScenario(const Scenario& scenario, Appliance& appliance) {

@@ -40,8 +40,8 @@ struct Scenario {
 // or the line and description of the first error.
 std::string ReadScenario(const std::string& path, Scenario& scenario);
 
-// Fills contents with initial books: "office", "empty", or those of a state file. Returns an empty
-// text, or the description of an error.
+// Replaces contents by initial books: "office", "empty", or those of a state file. Returns an empty
+// text, or the description of an error; then the contents stay unchanged.
 std::string ReadBeginning(const std::string& begin, Contents& contents);
 
 // Applies a scenario to an appliance in its initial state, except the two files. Returns an empty

@@ -85,6 +85,9 @@ TEST_F(ScenarioTest, BeginsWithTheBooksTheAccountsAndTheSettings) {
   EXPECT_EQ(Size(BookKind::kPublicList, "Team"), 0);
   EXPECT_EQ(Size(BookKind::kTop), 0);
   SimulatorReset();
+  folder.Write("dump", "quillbox state 2\nbook 64 \"Lost\" \"\"\nend\nclear\nend\n");
+  EXPECT_THAT(Load("begin dump\n"), HasSubstr("nothing to clear"));
+  EXPECT_EQ(Size(BookKind::kPublicList, "Lost"), -1) << "no half of the books";
 }
 
 TEST_F(ScenarioTest, MakesTheCallsFailThatAFaultDescribes) {
