@@ -59,12 +59,14 @@ std::string SimulatorFolder() {
   throw CommandFailure(std::string("cannot find ") + kSimulatorFile, kExitNotStarted);
 }
 
+// An empty path removes an inherited value.
 void SetPath(const char* name, const std::string& path) {
   std::error_code failure;
-  if (!path.empty()) SetVariable(name, fs::absolute(path, failure).string());
+  SetVariable(name, path.empty() ? "" : fs::absolute(path, failure).string());
 }
 
-// Sets the environment of the application.
+// Sets the environment of the application. The files are those of the options and the scenario:
+// inherited variables have no effect on them.
 void SetEnvironment(const RunOptions& options, const Scenario& scenario, const RunFolder& folder) {
   const std::string libraries = Variable(kLibraryPathVariable);
   SetVariable(kLibraryPathVariable, libraries.empty()
@@ -73,10 +75,9 @@ void SetEnvironment(const RunOptions& options, const Scenario& scenario, const R
   SetPath(kScenarioVariable, options.scenario);
   SetPath(kReportVariable, folder.PathOf("report"));
   SetPath(kJournalVariable, options.journal);
-  if (!options.form.empty()) SetVariable(kJournalFormVariable, options.form);
-  const bool hasState = !scenario.state.empty() || !Variable(kStateVariable).empty();
-  SetPath(kStateVariable,
-          options.state.empty() && !hasState ? folder.PathOf("state") : options.state);
+  SetVariable(kJournalFormVariable, options.form);
+  SetPath(kStateVariable, options.state.empty() && scenario.state.empty() ? folder.PathOf("state")
+                                                                          : options.state);
 }
 
 // The faults of the scenario and of the environment.
