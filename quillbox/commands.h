@@ -18,7 +18,8 @@ struct RunOptions {
 };
 
 // Runs an application on the simulated appliance of a scenario, in a new folder. Returns its exit
-// status. If that is 0, returns kExitUnused if the application made no call, and kExitUnfired if a
+// status, or kExitNotStarted if the simulated appliance cannot use the files of the run. If that
+// status is 0, returns kExitUnused if the application made no call, and kExitUnfired if a
 // fault did not fire although the scenario requires it. Reports both, and sessions that were not
 // closed, on standard error.
 int Run(const RunOptions& options);

@@ -20,7 +20,9 @@ constexpr const char* kFooter =
     "status of the application. If the application succeeds:\n"
     "  123  a fault of the scenario did not fire\n"
     "  124  the application made no call to the simulated appliance\n"
-    "  125  the scenario is invalid, or the application cannot be started";
+    "In any case:\n"
+    "  125  the scenario is invalid, a file of it cannot be used, or the application cannot be\n"
+    "       started";
 
 constexpr const char* kStateHelp = "A file as for QUILLBOX_STATE";
 

@@ -88,22 +88,24 @@ std::vector<std::string> AllFaults(const Scenario& scenario) {
   return faults.Unfired();
 }
 
-// Reports what the run lacks. Returns the status for a run whose application succeeded.
-int Judge(const std::string& report, const std::vector<std::string>& faults, bool mayBeUnfired) {
+// Reports what the run lacks. Returns the status of a run whose application has this one.
+int Judge(int application, const std::string& report, const std::vector<std::string>& faults,
+          bool mayBeUnfired) {
   std::error_code failure;
   if (!fs::exists(report, failure)) {
     std::cerr << "quillbox: the application made no call to the simulated appliance\n";
-    return kExitUnused;
+    return application != 0 ? application : kExitUnused;
   }
   const RunResult result = ReadRunReport(report);
+  if (result.hasMistake) return kExitNotStarted;  // the simulator has reported it
   if (result.openSessions != 0) {
     std::cerr << "quillbox: sessions that were not closed: " << result.openSessions << '\n';
   }
-  int status = 0;
+  int status = application;
   for (const std::string& each : faults) {
     if (result.fired.contains(each) || mayBeUnfired) continue;
     std::cerr << "quillbox: unfired fault: " << each << '\n';
-    status = kExitUnfired;
+    if (status == 0) status = kExitUnfired;
   }
   return status;
 }
@@ -123,8 +125,7 @@ int Run(const RunOptions& options) {
   SetEnvironment(options, scenario, folder);
   const int status = RunProgram(options.command);
   if (status < 0) throw CommandFailure("cannot run " + options.command[0], kExitNotStarted);
-  const int judged = Judge(folder.PathOf("report"), faults, scenario.mayHaveUnfiredFaults);
-  return status != 0 ? status : judged;
+  return Judge(status, folder.PathOf("report"), faults, scenario.mayHaveUnfiredFaults);
 }
 
 }  // namespace quillbox

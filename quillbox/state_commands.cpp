@@ -1,5 +1,7 @@
+#include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <system_error>
 
 #include "platform/written_file.h"
 #include "quillbox/appliance_dump.h"
@@ -44,6 +46,11 @@ void Check(const std::string& path) {
   Require(path, ReadScenario(path, scenario), kExitUsage);
   Contents contents;
   Require(path, ReadBeginning(scenario.begin, contents), kExitUsage);
+  std::error_code failure;
+  if (std::filesystem::exists(scenario.state, failure)) {
+    contents = {};
+    Require(path + ": " + scenario.state, ReadStateFile(scenario.state, contents), kExitUsage);
+  }
   std::cout << path << ": valid; faults: " << scenario.faults.size() << '\n';
 }
 

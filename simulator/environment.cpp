@@ -27,7 +27,9 @@ class Mistakes {
     if (fault.empty()) return;
     Warn(variable,
          fault + "; " + (appliance.isLenient ? leniency : "every call but IMSPInit fails"));
-    if (!appliance.isLenient) appliance.isMisconfigured = true;
+    if (appliance.isLenient) return;
+    appliance.isMisconfigured = true;
+    appliance.report.AddMistake();
   }
 
  private:
@@ -66,6 +68,10 @@ void OpenJournal(Appliance& appliance, const Mistakes& mistakes, const std::stri
 void ReadEnvironment(Appliance& appliance) {
   appliance.isLenient = !Variable(kLenientVariable).empty();
   const Mistakes mistakes(appliance);
+  const std::string report = Variable(kReportVariable);
+  if (!report.empty()) {
+    mistakes.Check(kReportVariable, appliance.report.Open(report), "nothing is reported");
+  }
   const Scenario scenario = ReadScenarioVariable(appliance, mistakes);
   const auto fileOf = [](const char* variable, const std::string& file) {
     const std::string path = Variable(variable);
@@ -77,10 +83,6 @@ void ReadEnvironment(Appliance& appliance) {
   }
   const std::string journal = fileOf(kJournalVariable, scenario.journal);
   if (!journal.empty()) OpenJournal(appliance, mistakes, journal, scenario.journalForm);
-  const std::string report = Variable(kReportVariable);
-  if (!report.empty()) {
-    mistakes.Check(kReportVariable, appliance.report.Open(report), "nothing is reported");
-  }
   mistakes.Check(kFaultsVariable, ScriptFaults(Variable(kFaultsVariable), appliance.faults),
                  "no call fails");
 }

@@ -10,6 +10,7 @@
 namespace quillbox {
 namespace {
 
+constexpr std::string_view kMistake = "mistake";
 constexpr std::string_view kFault = "fault ";
 constexpr std::string_view kSession = "session ";
 
@@ -21,6 +22,10 @@ std::string RunReport::Open(const std::string& newPath) {
   std::random_device random;
   process = std::to_string(random()) + '-' + std::to_string(random());
   return Add("") ? "" : "cannot write the file";
+}
+
+void RunReport::AddMistake() const {
+  Add(std::string(kMistake) + '\n');
 }
 
 void RunReport::AddFault(const std::string& text) const {
@@ -50,6 +55,8 @@ RunResult ReadRunReport(const std::string& path) {
       result.fired.insert(line.substr(kFault.size()));
     } else if (line.starts_with(kSession)) {
       sessions[line.substr(0, line.rfind(' '))] = line.ends_with('1');
+    } else if (line == kMistake) {
+      result.hasMistake = true;
     }
   }
   result.openSessions = static_cast<std::size_t>(

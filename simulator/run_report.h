@@ -1,6 +1,7 @@
 // What happens in the processes of a run, for `quillbox run`: a file to which each process appends
 // lines.
 //
+//   mistake               the process cannot use its environment
 //   fault TEXT            this fault has fired
 //   session PROCESS 1     the process has opened its session
 //   session PROCESS 0     the process, or the appliance, has closed it
@@ -22,6 +23,7 @@ class RunReport {
   bool IsOpen() const { return !path.empty(); }
 
   // Without a file, these do nothing.
+  void AddMistake() const;
   void AddFault(const std::string& text) const;
   void SetSession(bool isOpen);
 
@@ -37,6 +39,7 @@ class RunReport {
 struct RunResult {
   std::set<std::string> fired;   // the texts of the faults
   std::size_t openSessions = 0;  // that no process closed
+  bool hasMistake = false;       // in the environment of a process
 };
 
 RunResult ReadRunReport(const std::string& path);
