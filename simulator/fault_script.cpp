@@ -34,12 +34,13 @@ std::string AddFault(std::string_view text, Faults& faults) {
 }  // namespace
 
 std::string ScriptFaults(std::string_view text, Faults& faults) {
+  if (text.empty()) return {};
   Faults added = faults;
-  while (!text.empty()) {
-    const auto [first, rest] = Split(text, ',');
-    std::string fault = AddFault(first, added);
+  for (std::size_t end = 0; end != text.npos;) {
+    end = text.find(',');
+    std::string fault = AddFault(text.substr(0, end), added);
     if (!fault.empty()) return fault;
-    text = rest;
+    if (end != text.npos) text.remove_prefix(end + 1);
   }
   faults = std::move(added);
   return {};

@@ -41,8 +41,10 @@ std::string EntryPoint(ScenarioLine& line) {
   return name == "*" ? "" : name;
 }
 
+constexpr std::string_view kTime = "a time in milliseconds";
+
 std::uint32_t Time(ScenarioLine& line) {
-  return line.Number("a time in milliseconds", 0, kLongestTime);
+  return line.Number(kTime, 0, kLongestTime);
 }
 
 // --- The parts of a fault: a word, and what follows it ---
@@ -103,7 +105,11 @@ constexpr FaultPart kFaultParts[] = {
      },
      true},
     {"reply", ReadReply, true},
-    {"delay", [](ScenarioLine& line, Fault& fault) { fault.effect.delay = Time(line); }, true},
+    {"delay",
+     [](ScenarioLine& line, Fault& fault) {
+       fault.effect.delay = line.Number(kTime, 1, kLongestTime);
+     },
+     true},
     {"session",
      [](ScenarioLine& line, Fault& fault) {
        if (line.Text("\"lost\"") != "lost") throw ScenarioError("a session can only be lost");
@@ -111,6 +117,12 @@ constexpr FaultPart kFaultParts[] = {
      },
      true},
 };
+
+// Whether the effect changes the reply of a call that is served. A call with a status is not.
+bool NeedsServedCall(const FaultEffect& effect) {
+  constexpr std::uint32_t kOfAnyCall = kDefectFailedCount | kDefectScribble;
+  return effect.isReplyLost || (effect.defects & ~kOfAnyCall) != 0;
+}
 
 Fault ReadFault(ScenarioLine& line) {
   Fault fault;
@@ -131,6 +143,9 @@ Fault ReadFault(ScenarioLine& line) {
     hasEffect = hasEffect || part->isEffect;
   }
   if (!hasEffect) throw ScenarioError("the fault needs a status, reply, delay or session");
+  if (fault.effect.status && NeedsServedCall(fault.effect)) {
+    throw ScenarioError("a call with a status has no such reply");
+  }
   return fault;
 }
 
@@ -193,8 +208,10 @@ void ReadClock(ScenarioLine& line, Scenario& scenario) {
     return;
   }
   if (kind != "simulated") throw ScenarioError("the clock is neither real nor simulated");
+  std::vector<std::string> seen;
   while (!line.IsAtEnd()) {
     const std::string word = line.Text("start or step");
+    if (std::ranges::count(seen, word) != 0) throw ScenarioError("two parts \"" + word + '"');
     if (word == "start") {
       scenario.clock = DateOf(line.Text("a date"));
     } else if (word == "step") {
@@ -202,6 +219,7 @@ void ReadClock(ScenarioLine& line, Scenario& scenario) {
     } else {
       throw ScenarioError("unknown part \"" + word + "\" of the clock");
     }
+    seen.push_back(word);
   }
 }
 
@@ -233,40 +251,55 @@ void ReadJournal(ScenarioLine& line, Scenario& scenario) {
   scenario.journalForm = *form;
 }
 
+enum class Repeated { kNever, kForOtherNames, kAlways };
+
 struct Directive {
   std::string_view word;
   void (*read)(ScenarioLine&, Scenario&);
-  bool canRepeat = false;
+  Repeated repeated = Repeated::kNever;
 };
 constexpr Directive kDirectives[] = {
     {"begin", [](ScenarioLine& line, Scenario& to) { to.begin = line.Text("the books"); }},
     {"account", [](ScenarioLine& line, Scenario& to) { to.accounts.push_back(ReadAccount(line)); },
-     true},
-    {"limit", ReadLimit, true},
+     Repeated::kAlways},
+    {"limit", ReadLimit, Repeated::kForOtherNames},
     {"identity", [](ScenarioLine& line,
                     Scenario& to) { to.settings.identity = line.Text("an identity", 255); }},
     {"timeout", [](ScenarioLine& line, Scenario& to) { to.settings.timeout = Time(line); }},
     {"keep-alive", [](ScenarioLine& line, Scenario& to) { to.settings.wakeupPeriod = Time(line); }},
-    {"latency", ReadLatency, true},
+    {"latency", ReadLatency, Repeated::kForOtherNames},
     {"clock", ReadClock},
     {"replies", [](ScenarioLine& line, Scenario& to) { to.defects = ReadDefects(line); }},
     {"seed", [](ScenarioLine& line, Scenario& to) { to.seed = line.Number("a seed"); }},
-    {"fault", [](ScenarioLine& line, Scenario& to) { to.faults.push_back(ReadFault(line)); }, true},
+    {"fault", [](ScenarioLine& line, Scenario& to) { to.faults.push_back(ReadFault(line)); },
+     Repeated::kAlways},
     {"unfired", ReadUnfired},
     {"state", [](ScenarioLine& line, Scenario& to) { to.state = line.Text("a file"); }},
     {"journal", ReadJournal},
 };
 
-// Reads a line, which is neither empty nor a comment. `seen` are the directives of earlier lines.
+// What a line sets, of which there can be one: the directive, or the directive and its name.
+std::string SubjectOf(const Directive& directive, ScenarioLine line) {
+  std::string subject(directive.word);
+  if (directive.repeated == Repeated::kNever || line.IsAtEnd()) return subject;
+  const std::string name = line.Text("a name");
+  // A latency without a name is that of all entry points.
+  return subject + ' ' + (WholeNumber<std::uint32_t>(name) ? "*" : name);
+}
+
+// Reads a line, which is neither empty nor a comment. `seen` are the subjects of earlier lines.
 void ReadLine(std::string_view text, Scenario& scenario, std::vector<std::string>& seen) {
   ScenarioLine line(text);
   const std::string word = line.Text("a directive");
   const Directive* const directive = std::ranges::find(kDirectives, word, &Directive::word);
   if (directive == std::end(kDirectives)) throw ScenarioError("unknown directive \"" + word + '"');
-  if (!directive->canRepeat && std::ranges::count(seen, word) != 0) {
-    throw ScenarioError("a second line \"" + word + '"');
+  if (directive->repeated != Repeated::kAlways) {
+    std::string subject = SubjectOf(*directive, line);
+    if (std::ranges::count(seen, subject) != 0) {
+      throw ScenarioError("a second line \"" + subject + '"');
+    }
+    seen.push_back(std::move(subject));
   }
-  seen.push_back(word);
   directive->read(line, scenario);
   line.End();
 }

@@ -17,6 +17,9 @@ std::string ScenarioLine::Text(std::string_view what, std::size_t limit) {
   if (IsAtEnd()) throw ScenarioError(std::string(what) + " is missing");
   if (!parser.Rest().starts_with('"')) {
     const std::string_view word = parser.Word();
+    if (word.find('"') != word.npos) {
+      throw ScenarioError(Quoted(word) + " has a quote inside; write the whole text in quotes");
+    }
     if (word.size() <= limit) return std::string(word);
     throw ScenarioError(Quoted(word) + " is too long");
   }

@@ -64,6 +64,13 @@ TEST_F(ScenarioTest, ReportsTheLineAndTheReasonOfAnError) {
       {"fault * nth 2", "needs a status, reply, delay or session"},
       {"fault * status", "a status is missing"},
       {"fault * soon status 8", "unknown part \"soon\""},
+      {"fault * status 0 reply short", "a call with a status has no such reply"},
+      {"fault * reply lost status 8", "a call with a status has no such reply"},
+      {"fault * delay 0", "is not a time in milliseconds from 1"},
+      {"fault * name Bob\" status 8", "has a quote inside"},
+      {"clock simulated step 1 step 2", "two parts \"step\""},
+      {"limit keys 3\nlimit email 4\nlimit keys 5", "line 4: a second line \"limit keys\""},
+      {"latency 3\nlatency IMSPAbort 4\nlatency * 5", "line 4: a second line \"latency *\""},
   };
   for (const auto& each : cases) EXPECT_THAT(Load(each.line), HasSubstr(each.fault)) << each.line;
   EXPECT_THAT(SimulatorLoadScenario("missing"), HasSubstr("cannot read"));
