@@ -1,12 +1,15 @@
 #include "simulator/environment.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <string>
+#include <string_view>
 
 #include "simulator/appliance.h"
 #include "simulator/escaped_text.h"
 #include "simulator/fault_script.h"
 #include "simulator/scenario.h"
+#include "simulator/system/variables.h"
 #include "simulator/warning.h"
 
 namespace quillbox {
@@ -38,6 +41,14 @@ class Mistakes {
 
 constexpr const char* kNoFile = "starting with the initial books; changes will not be saved";
 constexpr const char* kNoJournal = "no call is recorded";
+
+void CheckNames(const Mistakes& mistakes) {
+  for (const std::string& name : VariableNames(kVariablePrefix)) {
+    const bool isKnown = std::ranges::count(kVariables, std::string_view(name)) != 0;
+    if (isKnown || Variable(name.c_str()).empty()) continue;
+    mistakes.Check(Escaped(name).c_str(), "unknown variable", "it is ignored");
+  }
+}
 
 // Applies the scenario and returns it. Without one, returns one that has no files.
 Scenario ReadScenarioVariable(Appliance& appliance, const Mistakes& mistakes) {
@@ -72,6 +83,7 @@ void ReadEnvironment(Appliance& appliance) {
   if (!report.empty()) {
     mistakes.Check(kReportVariable, appliance.report.Open(report), "nothing is reported");
   }
+  CheckNames(mistakes);
   const Scenario scenario = ReadScenarioVariable(appliance, mistakes);
   const auto fileOf = [](const char* variable, const std::string& file) {
     const std::string path = Variable(variable);

@@ -17,6 +17,12 @@ inline constexpr const char* kReportVariable = "QUILLBOX_REPORT";      // the pa
 // Not empty: continue after a mistake in another variable, and if a file cannot be used.
 inline constexpr const char* kLenientVariable = "QUILLBOX_LENIENT";
 
+inline constexpr const char* kVariables[] = {
+    kStateVariable,    kFaultsVariable, kJournalVariable, kJournalFormVariable,
+    kScenarioVariable, kReportVariable, kLenientVariable};
+// Another variable that begins with this is misspelt.
+inline constexpr const char* kVariablePrefix = "QUILLBOX_";
+
 // Writes "simulated Quillbox: SUBJECT: TEXT" and a newline to standard error. The subject is the
 // environment variable with the error.
 void Warn(std::string_view subject, std::string_view text);
