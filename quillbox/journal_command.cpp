@@ -32,7 +32,10 @@ std::uintmax_t PrintFrom(const std::string& path, std::uintmax_t offset) {
 }  // namespace
 
 void ShowJournal(const std::string& path, bool follow) {
-  if (!follow && !std::ifstream(path)) throw CommandFailure("cannot read " + path);
+  if (!std::ifstream(path)) {
+    if (!follow) throw CommandFailure("cannot read " + path);
+    std::cerr << "quillbox: waiting for " << path << std::endl;
+  }
   std::uintmax_t offset = PrintFrom(path, 0);
   while (follow && std::cout) {
     std::this_thread::sleep_for(kPause);

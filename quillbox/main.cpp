@@ -123,7 +123,8 @@ int Main(int argc, char** argv) {
   // The application's arguments, after "--", are not options of quillbox.
   std::vector<std::string> words(argv + 1, argv + argc);
   const auto separator = std::ranges::find(words, "--");
-  if (separator != words.end()) {
+  const bool hasApplication = separator != words.end();
+  if (hasApplication) {
     arguments.run.command.assign(separator + 1, words.end());
     words.erase(separator, words.end());
   }
@@ -132,6 +133,9 @@ int Main(int argc, char** argv) {
     app.parse(words);
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? 0 : kExitUsage;
+  }
+  if (hasApplication && !app.got_subcommand("run")) {
+    throw CommandFailure("only run has an application after --", kExitUsage);
   }
   const int status = action();
   if (!std::cout.flush()) throw CommandFailure("cannot write to standard output");

@@ -76,8 +76,8 @@ void SetEnvironment(const RunOptions& options, const Scenario& scenario, const R
   SetPath(kReportVariable, folder.PathOf("report"));
   SetPath(kJournalVariable, options.journal);
   SetVariable(kJournalFormVariable, options.form);
-  SetPath(kStateVariable, options.state.empty() && scenario.state.empty() ? folder.PathOf("state")
-                                                                          : options.state);
+  SetPath(kStateVariable,
+          options.state.empty() && scenario.state.empty() ? folder.PathOf("state") : options.state);
 }
 
 // The faults of the scenario and of the environment.
@@ -118,6 +118,9 @@ int Run(const RunOptions& options) {
   }
   Scenario scenario;
   Require(options.scenario, ReadScenario(options.scenario, scenario), kExitNotStarted);
+  if (!options.form.empty() && options.journal.empty() && scenario.journal.empty()) {
+    throw CommandFailure("run: --form needs a journal", kExitUsage);
+  }
   Contents contents;
   Require(options.scenario, ReadBeginning(scenario.begin, contents), kExitNotStarted);
   const std::vector<std::string> faults = AllFaults(scenario);

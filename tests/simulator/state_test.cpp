@@ -317,8 +317,9 @@ TEST(FaultScript, AddsAllFaultsOfATextOrNone) {
   EXPECT_EQ(StatusOf(faults, "IMSPIOCtl"), -1);
   EXPECT_EQ(StatusOf(faults, "IMSPAbort"), 13);
   EXPECT_EQ(StatusOf(faults, "IMSPAbort"), 13) << "a fault with number 0 applies to every call";
-  for (const char* text : {"IMSPLogin", "IMSPLogin:1", "IMSPLogin=1", "IMSPLogin:-1=1", ":1=1",
-                           "IMSPLogin:1=1 ", "ImspLogin:1=1", "IMSPLogin:0=1,,", "IMSPLogin:1=1,", ","}) {
+  for (const char* text :
+       {"IMSPLogin", "IMSPLogin:1", "IMSPLogin=1", "IMSPLogin:-1=1", ":1=1", "IMSPLogin:1=1 ",
+        "ImspLogin:1=1", "IMSPLogin:0=1,,", "IMSPLogin:1=1,", ","}) {
     EXPECT_NE(ScriptFaults(text, faults), "") << text;
   }
   EXPECT_EQ(StatusOf(faults, "IMSPLogin"), std::nullopt);
