@@ -266,8 +266,10 @@ TEST_F(SharedStateTest, HasOnlyWhatTheFileContains) {
   EXPECT_EQ(file.End(contents), "");
   const std::string good = ReadBytes(kept);
   WriteBytes(kept, good + "clear\nend\n");
-  EXPECT_THAT(file.Begin(contents), HasSubstr("nothing to clear"));
-  EXPECT_THAT(file.Begin(contents), HasSubstr("nothing to clear"));
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_THAT(file.Begin(contents), HasSubstr("nothing to clear"));
+    EXPECT_EQ(file.End(contents), "");
+  }
   WriteBytes(kept, good);
   EXPECT_EQ(file.Begin(contents), "");
 }
