@@ -95,7 +95,9 @@ Status ReadPage(OpenEntries* entries, KeyRange range, std::int32_t direction, qu
     using Record = RecordOf<decltype(access)>;
     const std::uint32_t capacity = std::min<std::uint32_t>(*count, MaxEmailEntries);
     std::vector<Record> records(capacity);
-    const ScopeExit wipe([&] { WipeBytes(records.data(), capacity * sizeof(Record)); });
+    const ScopeExit wipe([&] {
+      if (!records.empty()) WipeBytes(records.data(), records.size() * sizeof(Record));
+    });
     *count = capacity;
     const Status status = access.Read(&range, records.data(), count, direction);
     if (!IsRead(status)) return status;
