@@ -75,7 +75,7 @@ bool AppendName(std::string& into, std::string_view text, bool isOld) {
 struct VcardReader::Property {
   explicit Property(std::string_view line);
 
-  void AddParameter(std::string_view name, std::string_view value);
+  void AddParameter(std::string_view parameter, std::string_view text);
 
   std::string name;  // in lower case, without the group
   std::string charset;

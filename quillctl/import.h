@@ -50,8 +50,8 @@ class Import {
   Import(const Import&) = delete;
   Import& operator=(const Import&) = delete;
 
-  // Reads the file and decides about each row. `asScript`: the rows are to be sent in a script.
-  void Survey(bool asScript);
+  // Reads the file and decides about each row. `inScript`: the rows are to be sent in a script.
+  void Survey(bool inScript);
 
   // Reads the book and, unless it is going to be cleared, compares the rows with its entries.
   // Throws a Refusal if the book cannot be read.
