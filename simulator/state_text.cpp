@@ -137,7 +137,7 @@ class StateReader {
   }
 
   std::string ReadBook(LineParser& line) {
-    const std::string fault = ReadPath(line);
+    std::string fault = ReadPath(line);
     if (!fault.empty()) return fault;
     if (!type->IsFixed()) store->CreateBook(Path());
     book = store->Find(Path());
