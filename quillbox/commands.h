@@ -28,7 +28,7 @@ int Run(const RunOptions& options);
 void WriteTemplate(const std::string& path);
 
 // Tests a scenario, and prints a summary of it.
-void Check(const std::string& scenario);
+void Check(const std::string& path);
 
 struct DumpOptions {
   std::string source;  // a state file, or "" for an appliance

@@ -46,7 +46,7 @@ struct Asked {
   ABIdent unknown{static_cast<BookKind>(5), ""};
   EntryKey absent{kAbsent};
   EntryKey blank;
-  std::array<char, kRoom * 1024> records{};  // more than any record
+  std::array<char, std::size_t{kRoom} * 1024> records{};  // more than any record
   std::array<quillkit::PageBoundary, kRoom> letters;
   std::uint32_t count = kRoom;
 };
@@ -57,8 +57,8 @@ std::int32_t Read(Asked& a, ABIdent& book, const char* filter, std::int32_t dire
 }
 
 struct Question {
-  const char* text;
-  std::int32_t (*ask)(Asked&);
+  const char* text = nullptr;
+  std::int32_t (*ask)(Asked&) = nullptr;
   bool hasCount = false;
 };
 

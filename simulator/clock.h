@@ -23,8 +23,8 @@ class Clock {
   // From now on the clock only shows the time added to this date.
   void Simulate(std::chrono::sys_seconds date);
 
-  // Waits in real time, or advances a simulated clock.
-  void Wait(std::uint32_t milliseconds);
+  // Waits this many milliseconds in real time, or advances a simulated clock by them.
+  void Wait(std::uint32_t time);
 
   // The time since a moment. Real time below a tenth of a second does not count, so that tests with
   // a short period do not depend on the load of the machine.

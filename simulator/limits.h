@@ -36,7 +36,7 @@ class Limits {
 
   bool IsReached(BookKind kind, bool ofBooks, std::size_t count) const;
 
-  std::array<std::uint32_t, kCount> most;  // in the order of the table; 0: none
+  std::array<std::uint32_t, kCount> most = {};  // in the order of the table; 0: none
 };
 
 }  // namespace quillbox

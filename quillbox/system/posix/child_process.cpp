@@ -1,12 +1,12 @@
 #include "quillbox/system/child_process.h"
 
 #include <spawn.h>
-#include <stdlib.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 
 namespace quillbox {
 namespace {
@@ -48,6 +48,7 @@ void SetVariable(const char* name, const std::string& value) {
 
 int RunProgram(const std::vector<std::string>& command) {
   std::vector<char*> arguments;
+  arguments.reserve(command.size() + 1);
   for (const std::string& each : command) arguments.push_back(const_cast<char*>(each.c_str()));
   arguments.push_back(nullptr);
   const InterruptsIgnored ignored;
