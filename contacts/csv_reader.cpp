@@ -1,5 +1,5 @@
-// An own reader: the header-only libraries read the whole file into memory, or do not tell in which
-// line a row begins.
+// The header-only csv libraries read the whole file into memory, or do not report in which line a
+// row begins.
 
 #include "contacts/csv_reader.h"
 

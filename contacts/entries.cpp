@@ -5,6 +5,8 @@
 #include <string_view>
 #include <utility>
 
+#include "contacts/ascii.h"
+
 namespace contacts {
 namespace {
 
@@ -13,10 +15,6 @@ void RemoveFormulaMark(std::string& text) {
   const bool isMarked = text.size() > 1 && text.front() == '\'' &&
                         std::string_view("=+-@\t\r'").find(text[1]) != std::string_view::npos;
   if (isMarked) text.erase(0, 1);
-}
-
-bool IsBlank(std::string_view text) {
-  return text.find_first_not_of(" \t\r\n") == text.npos;
 }
 
 void Reject(Entry& entry, Finding finding) {
@@ -58,26 +56,26 @@ void EntryReader::SetEntry(Entry& entry) {
   for (std::string& each : entry.values) each.clear();
   if (record.fault.problem != nullptr) {
     entry.fault = record.fault;
-    if (const std::size_t column = record.fault.column; column != 0) {
-      entry.fault.heading =
-          column <= mapping.Headings().size() ? mapping.Headings()[column - 1] : "";
-    }
+    entry.fault.heading = HeadingOf(record.fault.column, {});
   } else if (RepeatsHeadings()) {
     entry.isPassedOver = true;
-    entry.notes.push_back({&kRepeatedHeadings, 0, {}, 0});
+    entry.notes.push_back({.problem = &kRepeatedHeadings});
   } else if (record.isGroup) {
-    entry.notes.push_back({&kGroup, 0, {}, 0});
+    entry.notes.push_back({.problem = &kGroup});
   } else {
     mapping.Map(record, values, further);
     Check(entry);
   }
 }
 
+std::string EntryReader::HeadingOf(unsigned column, std::string_view name) const {
+  const std::vector<std::string>& headings = mapping.Headings();
+  return column != 0 && column <= headings.size() ? headings[column - 1] : std::string(name);
+}
+
 Finding EntryReader::FindingOf(const Problem& problem, const EntryValue& value,
                                std::size_t width) const {
-  const bool hasHeading = value.column != 0 && value.column <= mapping.Headings().size();
-  return {&problem, value.column,
-          hasHeading ? mapping.Headings()[value.column - 1] : std::string(value.heading), width};
+  return {&problem, value.column, HeadingOf(value.column, value.heading), width};
 }
 
 // As where files were put one after another.
@@ -90,7 +88,7 @@ bool EntryReader::RepeatsHeadings() const {
 void EntryReader::RejectExtraColumns(Entry& entry) const {
   for (const Value& each : record.Values()) {
     if (each.column > mapping.Headings().size() && !each.text.empty()) {
-      return Reject(entry, {&kExtraColumn, each.column, {}, 0});
+      return Reject(entry, {.problem = &kExtraColumn, .column = each.column});
     }
   }
 }
@@ -107,18 +105,18 @@ void EntryReader::Check(Entry& entry) {
       std::ranges::all_of(values, [](const EntryValue& each) { return each.text.empty(); });
   if (isEmpty && form.format == Format::kLdif && entry.fault.problem == nullptr) {
     entry.isPassedOver = true;
-    entry.notes.push_back({&kOtherKind, 0, {}, 0});
+    entry.notes.push_back({.problem = &kOtherKind});
     return;
   }
-  if (record.isFragment) Reject(entry, {&kBadLine, 0, {}, 0});
+  if (record.isFragment) Reject(entry, {.problem = &kBadLine});
   for (std::size_t i = 1; i < fields.size(); ++i) {
-    if (fields[i].isRequired && IsBlank(values[i].text)) Reject(entry, {&kNoAddress, 0, {}, 0});
+    if (fields[i].isRequired && IsBlank(values[i].text)) Reject(entry, {.problem = &kNoAddress});
   }
   if (IsBlank(name.text) && fields.size() > 1 && fields[1].isRequired) {
     name = values[1];
-    if (entry.fault.problem == nullptr) entry.notes.push_back({&kNameFromAddress, 0, {}, 0});
+    if (entry.fault.problem == nullptr) entry.notes.push_back({.problem = &kNameFromAddress});
   }
-  if (IsBlank(name.text)) Reject(entry, {&kNoName, 0, {}, 0});
+  if (IsBlank(name.text)) Reject(entry, {.problem = &kNoName});
   for (const Value& each : record.Values()) {
     if (each.fault == &kUrlReference)
       entry.notes.push_back({&kUrlReference, each.column, each.name, 0});

@@ -7,6 +7,7 @@
 #include <istream>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "contacts/form.h"
@@ -49,6 +50,8 @@ class EntryReader {
   void StoreValue(Entry& entry, std::size_t field);
   bool RepeatsHeadings() const;
   void RejectExtraColumns(Entry& entry) const;
+  // The heading of a column; `name` if it has none.
+  std::string HeadingOf(unsigned column, std::string_view name) const;
   Finding FindingOf(const Problem& problem, const EntryValue& value, std::size_t width = 0) const;
 
   const Form form;

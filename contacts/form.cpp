@@ -7,11 +7,11 @@
 #include <string>
 #include <tuple>
 
+#include "contacts/ascii.h"
 #include "contacts/csv_reader.h"
 #include "contacts/json_reader.h"
 #include "contacts/ldif_reader.h"
 #include "contacts/lines.h"
-#include "contacts/lower_case.h"
 #include "contacts/vcard_reader.h"
 
 namespace contacts {
@@ -70,6 +70,16 @@ bool HasDigitOrAt(const Record& record) {
   });
 }
 
+// Sets what the first row tells of a reading.
+void SetFirstRow(Reading& reading, const Record& row, const Mapping& mapping) {
+  reading.known = mapping.KnownHeadings(row);
+  reading.columns = row.Values().size();
+  reading.maybeHeadings = !HasDigitOrAt(row);
+  for (const Value& each : row.Values()) {
+    reading.firstRow += (reading.firstRow.empty() ? "[" : " [") + each.text + ']';
+  }
+}
+
 Reading Try(std::string_view sample, Encoding encoding, char delimiter, const Mapping& mapping) {
   std::istringstream source{std::string(sample)};
   CsvReader reader(source, encoding, delimiter);
@@ -79,18 +89,11 @@ Reading Try(std::string_view sample, Encoding encoding, char delimiter, const Ma
   std::size_t rows = 0;
   std::size_t regular = 0;
   for (; rows < kMostRowsTried && reader.Next(record); ++rows) {
-    if (rows == 0) {
-      if (record.fault.problem != nullptr) return reading;
-      reading.known = mapping.KnownHeadings(record);
-      reading.columns = record.Values().size();
-      for (const Value& each : record.Values()) {
-        reading.firstRow += (reading.firstRow.empty() ? "[" : " [") + each.text + ']';
-      }
-    }
-    if (rows < 2)
-      reading.maybeHeadings =
-          HasDigitOrAt(record) == (rows == 1) && (rows == 0 || reading.maybeHeadings);
-    if (record.fault.problem == nullptr && record.Values().size() == reading.columns) ++regular;
+    const bool isGood = record.fault.problem == nullptr;
+    if (rows == 0 && !isGood) return reading;
+    if (rows == 0) SetFirstRow(reading, record, mapping);
+    if (rows == 1 && !HasDigitOrAt(record)) reading.maybeHeadings = false;
+    if (isGood && record.Values().size() == reading.columns) ++regular;
   }
   if (rows > 0) reading.regular = static_cast<double>(regular) / static_cast<double>(rows);
   return reading;
@@ -102,11 +105,8 @@ std::string_view Beginning(std::string_view sample) {
   return sample.substr(0, sample.find('\n', std::min(kEnough, sample.size())));
 }
 
-char RecogniseDelimiter(std::string_view sample, Encoding encoding, const Mapping& mapping) {
-  std::istringstream source{std::string(sample)};
-  Lines lines(source, encoding);
-  if (lines.Next() && SeparatorLine(lines.Text()) != '\0') return SeparatorLine(lines.Text());
-
+// Returns the reading with the delimiter that divides the sample best.
+Reading BestReading(std::string_view sample, Encoding encoding, const Mapping& mapping) {
   Reading best;
   Reading tied;
   for (const char delimiter : kDelimiters) {
@@ -115,13 +115,25 @@ char RecogniseDelimiter(std::string_view sample, Encoding encoding, const Mappin
     tied = best.columns != 0 && best.Rank() == reading.Rank() ? best : Reading();
     best = std::move(reading);
   }
-  if (best.columns == 0 && Try(sample, encoding, best.delimiter, mapping).columns == 0) {
-    throw FormError("the file has none of the known formats");
+  if (tied.columns != 0) {
+    throw FormError("two delimiters are possible: with \"" + std::string(1, tied.delimiter) +
+                    "\" the first row is " + tied.firstRow + ", with \"" +
+                    std::string(1, best.delimiter) + "\" it is " + best.firstRow);
   }
-  if (tied.columns == 0) return best.delimiter;
-  throw FormError("two delimiters are possible: with \"" + std::string(1, tied.delimiter) +
-                  "\" the first row is " + tied.firstRow + ", with \"" +
-                  std::string(1, best.delimiter) + "\" it is " + best.firstRow);
+  if (best.columns == 0) best = Try(Beginning(sample), encoding, best.delimiter, mapping);
+  if (best.columns == 0) throw FormError("the file has none of the known formats");
+  return best;
+}
+
+// Returns the reading with the delimiter that is known, or that a separator line names.
+Reading RecogniseReading(std::string_view sample, Encoding encoding, const KnownForm& known,
+                         const Mapping& mapping) {
+  std::istringstream source{std::string(sample)};
+  Lines lines(source, encoding);
+  char delimiter = lines.Next() ? SeparatorLine(lines.Text()) : '\0';
+  if (known.delimiter) delimiter = *known.delimiter;
+  return delimiter != '\0' ? Try(Beginning(sample), encoding, delimiter, mapping)
+                           : BestReading(sample, encoding, mapping);
 }
 
 }  // namespace
@@ -148,9 +160,8 @@ Form Recognise(std::string_view sample, const KnownForm& known, const Mapping& m
     form.encoding = Encoding::kUtf8;
   }
   if (form.format != Format::kCsv) return form;
-  form.delimiter =
-      known.delimiter ? *known.delimiter : RecogniseDelimiter(sample, form.encoding, mapping);
-  const Reading reading = Try(Beginning(sample), form.encoding, form.delimiter, mapping);
+  const Reading reading = RecogniseReading(sample, form.encoding, known, mapping);
+  form.delimiter = reading.delimiter;
   form.hasHeadings = known.hasHeadings.value_or(reading.known != 0);
   if (!known.hasHeadings && !form.hasHeadings && reading.maybeHeadings) {
     throw FormError("the headings are not known, or this is no line of headings: " +

@@ -40,7 +40,7 @@ struct KnownForm {
 // How many bytes at the beginning of a file Recognise() looks at.
 inline constexpr std::size_t kSampleSize = std::size_t{1} << 20;
 
-// Returns the form of a file that begins with the sample. `mapping` tells which headings are known.
+// Returns the form of a file that begins with the sample. `mapping` knows the headings.
 // Throws a FormError if the form cannot be told, or is not supported.
 Form Recognise(std::string_view sample, const KnownForm& known, const Mapping& mapping);
 

@@ -4,7 +4,7 @@
 #include <span>
 #include <string>
 
-#include "contacts/lower_case.h"
+#include "contacts/ascii.h"
 
 namespace contacts {
 namespace {

@@ -159,25 +159,17 @@ int JsonReader::SkipRest() {
 
 bool JsonReader::Next(Record& record) {
   if (isAtEnd) return false;
-  record.Begin(1, 0);
-  int c = 0;
-  if (!isInList) {
-    isInList = FindList();
-    if (!isInList) c = kEnd;
+  if (!isInList && !FindList()) return PassOverRest(record, 1, 0);
+  isInList = true;
+  int c = GetNext();
+  while (c == ',') c = GetNext();
+  if (c == ']') {
+    c = SkipRest();
+    return c != kEnd && PassOverRest(record, line, position - 1);
   }
-  if (c != kEnd) {
-    c = GetNext();
-    while (c == ',') c = GetNext();
-    if (c == ']' && (c = SkipRest()) == kEnd) return false;
-    record.Begin(line, position - (c == kEnd ? 0 : 1));
-  }
+  record.Begin(line, position - (c == kEnd ? 0 : 1));
   record.hasFieldNames = true;
-  if (!isInList || isAtEnd) {
-    record.SetFault(kBadLine);
-    while (Get() != kEnd) {
-    }
-    isAtEnd = true;
-  } else if (c == kEnd || (c == '{' && !ReadObject())) {
+  if (c == kEnd || (c == '{' && !ReadObject())) {
     record.SetFault(kTruncated);
     isAtEnd = true;
   } else if (c == '{') {
@@ -185,12 +177,21 @@ bool JsonReader::Next(Record& record) {
   } else {
     record.SetFault(kBadLine);
     isAtEnd = SkipValue(c) != ',';
-    if (!isAtEnd) {
-      record.end = position - 1;
-      return true;
-    }
+  }
+  // The comma after a value that is no entry is not part of the record.
+  const bool hasComma = c != '{' && !isAtEnd;
+  record.end = position - (hasComma ? 1 : 0);
+  return true;
+}
+
+// Makes one record of the rest of the file, which is no entry. Returns true.
+bool JsonReader::PassOverRest(Record& record, std::uint64_t firstLine, std::uint64_t begin) {
+  record.Begin(firstLine, begin);
+  record.SetFault(kBadLine);
+  while (Get() != kEnd) {
   }
   record.end = position;
+  isAtEnd = true;
   return true;
 }
 

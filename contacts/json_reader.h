@@ -31,6 +31,7 @@ class JsonReader : public Reader {
   int SkipValue(int c);
   bool FindList();
   int SkipRest();
+  bool PassOverRest(Record& record, std::uint64_t firstLine, std::uint64_t begin);
   bool ReadObject();
   void AddValues(Record& record) const;
 

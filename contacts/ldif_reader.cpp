@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "contacts/lower_case.h"
+#include "contacts/ascii.h"
 #include "contacts/transfer_encoding.h"
 
 namespace contacts {
@@ -13,12 +13,6 @@ constexpr std::string_view kGroupClasses[] = {
     "groupofnames", "groupofuniquenames", "groupofurls",     "group",
     "mailgroup",    "posixgroup",         "rfc822mailgroup", "nismailalias"};
 
-std::string_view WithoutSpaces(std::string_view text) {
-  while (text.starts_with(' ') || text.starts_with('\t')) text.remove_prefix(1);
-  while (text.ends_with(' ') || text.ends_with('\t')) text.remove_suffix(1);
-  return text;
-}
-
 }  // namespace
 
 bool LdifReader::BeginsEntry() const {
@@ -26,7 +20,7 @@ bool LdifReader::BeginsEntry() const {
 }
 
 bool LdifReader::IsBlank() const {
-  return fault == nullptr && WithoutSpaces(logical).empty();
+  return fault == nullptr && contacts::IsBlank(logical);
 }
 
 // Passes over comments.
@@ -107,7 +101,7 @@ void LdifReader::SetText(Value& value, std::string_view text) const {
       value.fault = &kNul;
     }
   } else {
-    value.text = WithoutSpaces(text);
+    value.text = Trimmed(text);
   }
 }
 

@@ -1,7 +1,6 @@
 #include "contacts/lines.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace contacts {
 namespace {
@@ -58,7 +57,7 @@ bool Lines::Next() {
   bool isTooLong = false;
   hasOddQuotes = false;
   std::size_t at = FindLineEnd(next);
-  // What follows a CR is needed to tell whether the line ends with CR LF.
+  // The byte after a CR decides whether the line ends with CR LF.
   while (at + 2 * unit > buffer.size()) {
     if (buffer.size() - next > kMaxRecord) {
       isTooLong = true;

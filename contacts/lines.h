@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 
+#include "contacts/ascii.h"
 #include "contacts/encoding.h"
 #include "contacts/problem.h"
 
@@ -24,7 +25,7 @@ class Lines {
   Lines(std::istream& newSource, Encoding newEncoding);
 
   // Moves to the next line. Lines end with LF, CR LF or CR. Returns false after the last one, and
-  // after a read failed, which the state of the source tells.
+  // after a failed read; the state of the source distinguishes the two.
   bool Next();
 
   // The line without its end and without a byte order mark, as UTF-8. What cannot be decoded is
@@ -38,9 +39,7 @@ class Lines {
   const Problem* Fault() const { return fault; }
   // Whether a line that is too long has an odd number of double quotes.
   bool HasOddQuotes() const { return hasOddQuotes; }
-  bool IsBlank() const {
-    return fault == nullptr && text.find_first_not_of(" \t") == std::string_view::npos;
-  }
+  bool IsBlank() const { return fault == nullptr && contacts::IsBlank(text); }
 
   std::uint64_t Number() const { return number; }  // from 1
   std::uint64_t Begin() const { return begin; }    // the position of its first byte

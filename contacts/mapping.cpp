@@ -2,11 +2,10 @@
 
 #include <algorithm>
 #include <charconv>
-#include <limits>
 #include <tuple>
 #include <utility>
 
-#include "contacts/lower_case.h"
+#include "contacts/ascii.h"
 
 namespace contacts {
 namespace {
@@ -22,12 +21,6 @@ bool IsName(Part part) {
   return part == Part::kName || part == Part::kGivenName || part == Part::kFamilyName;
 }
 
-bool EqualInAnyCase(std::string_view a, std::string_view b) {
-  return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
-           return LowerCase(x) == LowerCase(y);
-         });
-}
-
 // Returns the number that the text is, or 0.
 unsigned NumberOf(std::string_view text) {
   unsigned number = 0;
@@ -41,16 +34,10 @@ std::string Listed(const std::vector<std::string>& texts) {
   return list.empty() ? "none" : list;
 }
 
-std::string_view WithoutSpaces(std::string_view text) {
-  constexpr std::string_view kSpaces = " \t\r\n";
-  text.remove_prefix(std::min(text.find_first_not_of(kSpaces), text.size()));
-  return text.substr(0, text.find_last_not_of(kSpaces) + 1);
-}
-
 // Removes the first of several addresses from a text, and returns it.
 std::string_view TakeAddress(std::string_view& text, std::string_view separators) {
   const std::size_t end = text.find_first_of(separators);
-  const std::string_view address = WithoutSpaces(text.substr(0, end));
+  const std::string_view address = Trimmed(text.substr(0, end));
   text.remove_prefix(end == text.npos ? text.size() : end + 1);
   return address;
 }
@@ -323,11 +310,10 @@ std::optional<Mapping::Use> Mapping::UseOf(const Value& value, const Record& rec
 
 std::string Mapping::SourceOf(std::size_t field) const {
   std::string text;
-  const auto add = [&](const std::string& source) { text += (text.empty() ? "" : ", ") + source; };
   for (std::size_t i = 0; i < columns.size(); ++i) {
     if (!columns[i] || columns[i]->field != field) continue;
-    const std::string number = "column " + std::to_string(i + 1);
-    add(headings.empty() ? number : number + " \"" + headings[i] + '"');
+    text += (text.empty() ? "column " : ", column ") + std::to_string(i + 1);
+    if (!headings.empty()) text += " \"" + headings[i] + '"';
   }
   const FieldSource* const source = SourceFor(field);
   return text.empty() && source != nullptr ? source->source : text;

@@ -34,9 +34,9 @@ struct Value {
 // A statement about a record, or about one value of it.
 struct Finding {
   const Problem* problem = nullptr;
-  unsigned column = 0;    // 0: the whole record
-  std::string heading;    // of the column
-  std::size_t limit = 0;  // for kTooLong and kShortened: the largest size in bytes
+  unsigned column = 0;       // 0: the whole record
+  std::string heading = {};  // of the column
+  std::size_t limit = 0;     // for kTooLong and kShortened: the largest size in bytes
 };
 
 // The values keep their memory when the record is read again.

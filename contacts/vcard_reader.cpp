@@ -1,4 +1,4 @@
-// An own reader: there is no vCard library that serves both systems.
+// Debian has no vCard library for both systems.
 
 #include "contacts/vcard_reader.h"
 
@@ -6,7 +6,7 @@
 #include <charconv>
 #include <optional>
 
-#include "contacts/lower_case.h"
+#include "contacts/ascii.h"
 #include "contacts/transfer_encoding.h"
 
 namespace contacts {
@@ -24,7 +24,7 @@ std::optional<Encoding> EncodingOfCharset(std::string_view charset) {
   return EncodingOf(charset);
 }
 
-// Removes the beginning of the text up to the separator, outside double quotes, and returns it.
+// Removes the beginning of the text up to a separator outside double quotes, and returns it.
 std::string_view Take(std::string_view& text, std::string_view separators) {
   bool isQuoted = false;
   std::size_t at = 0;
@@ -38,8 +38,7 @@ std::string_view Take(std::string_view& text, std::string_view separators) {
 }
 
 // Appends the text without the escapes of its version, up to a separator that is not escaped, and
-// removes it from `text`.
-// Returns whether there was an escape that version 2.1 does not have.
+// removes it from `text`. Returns whether there was an escape that version 2.1 does not have.
 bool AppendUnescaped(std::string& into, std::string_view& text, char separator, bool isOld) {
   bool hadEscape = false;
   while (!text.empty() && text.front() != separator) {
@@ -51,6 +50,12 @@ bool AppendUnescaped(std::string& into, std::string_view& text, char separator, 
     text.remove_prefix(1);
   }
   return hadEscape;
+}
+
+// Returns the name of a property in lower case, without its group.
+std::string NameOf(std::string_view line) {
+  const std::string_view full = Take(line, ";:");
+  return LowerCase(full.substr(full.rfind('.') + 1));
 }
 
 void AppendWord(std::string& text, std::string_view word) {
@@ -88,9 +93,8 @@ struct VcardReader::Property {
   std::string_view value;
 };
 
-VcardReader::Property::Property(std::string_view line) {
-  const std::string_view full = Take(line, ";:");
-  name = LowerCase(full.substr(full.rfind('.') + 1));
+VcardReader::Property::Property(std::string_view line) : name(NameOf(line)) {
+  Take(line, ";:");
   while (line.starts_with(';')) {
     line.remove_prefix(1);
     std::string_view parameter = Take(line, ";:");
@@ -143,9 +147,12 @@ bool VcardReader::ReadLogicalLine() {
   number = lines.Number();
   begin = lines.Begin();
   end = lines.End();
-  const Property property(logical);
-  const bool isIgnored = std::ranges::find(kIgnored, property.name) != std::end(kIgnored);
-  bool isSoft = property.isQuotedPrintable && RawText().ends_with('=');
+  const std::string name = NameOf(logical);
+  const bool isIgnored = std::ranges::find(kIgnored, name) != std::end(kIgnored);
+  const auto hasSoftBreak = [&] {
+    return RawText().ends_with('=') && Property(logical).isQuotedPrintable;
+  };
+  bool isSoft = hasSoftBreak();
   while ((hasPhysical = lines.Next())) {
     std::string_view text = RawText();
     if (!isSoft && !text.starts_with(' ') && !text.starts_with('\t')) break;
@@ -156,7 +163,7 @@ bool VcardReader::ReadLogicalLine() {
     if (isSoft && logical.ends_with('=')) logical.pop_back();
     if (!isSoft && !isOld && !text.empty()) text.remove_prefix(1);
     logical += text;
-    isSoft = property.isQuotedPrintable && RawText().ends_with('=');
+    isSoft = hasSoftBreak();
   }
   if (isIgnored) logical.clear();
   return true;
@@ -164,14 +171,13 @@ bool VcardReader::ReadLogicalLine() {
 
 bool VcardReader::Is(std::string_view property) const {
   return BeginsInAnyCase(logical, property) &&
-         logical.find_first_not_of(" \t", property.size()) == std::string::npos;
+         IsBlank(std::string_view(logical).substr(property.size()));
 }
 
 bool VcardReader::Next(Record& record) {
   while (hasLogical || ReadLogicalLine()) {
     hasLogical = false;
-    const bool isBlank = logical.find_first_not_of(" \t") == std::string::npos;
-    if (isBlank && fault == nullptr) continue;
+    if (IsBlank(logical) && fault == nullptr) continue;
     record.Begin(number, begin);
     record.end = end;
     if (Is("begin:vcard")) {
