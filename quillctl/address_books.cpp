@@ -167,25 +167,32 @@ std::vector<std::string> AllBookWords() {
   return words;
 }
 
+std::int32_t ReadCompletely(const AddressBook& book, const quillkit::CScanner& scanner,
+                            const std::string& activity, const std::function<void(Row)>& handle) {
+  std::uint32_t count = 0;
+  std::size_t entries = 0;
+  Progress progress(activity + " the " + std::string(book.title),
+                    [&] { return book.count(scanner, &count) == quillkit::kNoError ? count : 0; });
+  const std::int32_t status = book.read(scanner, {}, "*", [&](Row row) {
+    handle(std::move(row));
+    ++entries;
+    progress.Step();
+    return true;
+  });
+  if (status != quillkit::kNoError) return status;
+  const std::int32_t counted = book.count(scanner, &count);
+  const bool isMissing = counted == quillkit::kNoSuchBook || counted == quillkit::kDataNotFound;
+  if (entries == 0 && isMissing) return quillkit::kNoError;
+  if (counted != quillkit::kNoError) return counted;
+  return count == entries ? quillkit::kNoError : quillkit::kUnusableInput;
+}
+
 std::optional<std::vector<Row>> ReadAllEntries(const AddressBook& book,
                                                const quillkit::CScanner& scanner) {
   std::vector<Row> rows;
-  Progress progress("Reading the " + std::string(book.title), [&] {
-    std::uint32_t total = 0;
-    return book.count(scanner, &total) == quillkit::kNoError ? total : 0;
-  });
-  const auto keep = [&](Row row) {
-    rows.push_back(std::move(row));
-    progress.Step();
-    return true;
-  };
-  if (book.read(scanner, {}, "*", keep) != quillkit::kNoError) return std::nullopt;
-  std::uint32_t count = 0;
-  const quillkit::Status status = book.count(scanner, &count);
-  const bool isMissing = status == quillkit::kNoSuchBook || status == quillkit::kDataNotFound;
-  if (rows.empty() && isMissing) return rows;
-  if (status != quillkit::kNoError || rows.size() != count) return std::nullopt;
-  return rows;
+  const std::int32_t status =
+      ReadCompletely(book, scanner, "Reading", [&](Row row) { rows.push_back(std::move(row)); });
+  return status == quillkit::kNoError ? std::optional(std::move(rows)) : std::nullopt;
 }
 
 }  // namespace quillctl

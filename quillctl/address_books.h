@@ -77,8 +77,13 @@ const AddressBook& BookOf(std::string_view word);
 // Returns the words of all books.
 std::vector<std::string> AllBookWords();
 
-// Returns all entries of the book, none for a missing book. Returns nothing if they cannot be read,
-// or if their number is not the one that the appliance reports.
+// Reads the book, shows the progress of the activity, such as "Reading", and passes each entry to
+// the handler. A missing book has no entries. Returns 0; a status; or -2 if the number of entries
+// is not the one that the appliance reports.
+std::int32_t ReadCompletely(const AddressBook& book, const quillkit::CScanner& scanner,
+                            const std::string& activity, const std::function<void(Row)>& handle);
+
+// Returns all entries of the book, or nothing if ReadCompletely() fails.
 std::optional<std::vector<Row>> ReadAllEntries(const AddressBook& book,
                                                const quillkit::CScanner& scanner);
 

@@ -12,7 +12,8 @@ namespace quillctl {
 namespace {
 
 constexpr std::uint8_t kShortenedBit = 0x80;
-constexpr std::uint8_t kFirstStatus = 0x40;
+constexpr std::uint8_t kStatusBit = 0x40;
+constexpr std::uint8_t kLowBits = 0x3F;  // the outcome, or with kStatusBit the status
 
 bool HasShortenedName(const contacts::Entry& entry) {
   return std::ranges::any_of(entry.notes, [](const contacts::Finding& each) {
@@ -59,9 +60,12 @@ std::size_t Import::Rejected() const {
   return rejected;
 }
 
+std::int32_t Import::StatusOf(std::size_t row) const {
+  return (outcomes[row] & kStatusBit) != 0 ? outcomes[row] & kLowBits : 0;
+}
+
 Outcome Import::OutcomeOf(std::size_t row) const {
-  const unsigned value = outcomes[row] & ~unsigned{kShortenedBit};
-  return value < kFirstStatus ? static_cast<Outcome>(value) : Outcome::kRefused;
+  return StatusOf(row) == 0 ? static_cast<Outcome>(outcomes[row] & kLowBits) : Outcome::kRefused;
 }
 
 void Import::Set(std::size_t row, Outcome outcome) {
@@ -71,20 +75,27 @@ void Import::Set(std::size_t row, Outcome outcome) {
                                             static_cast<std::uint8_t>(outcome));
 }
 
+// The row was sent. It counts as refused until it is seen in the book.
+void Import::SetRefused(std::size_t row, std::int32_t status) {
+  Set(row, Outcome::kRefused);
+  ++sent;
+  if (status != quillkit::kNoError) lastStatus = status;
+  if (status <= 0 || status > kLowBits) return;
+  outcomes[row] = static_cast<std::uint8_t>((outcomes[row] & kShortenedBit) | kStatusBit | status);
+}
+
 // Of the values that the file supplies, other than the name.
-std::uint64_t Import::HashOfValues(const std::vector<std::string>& values) const {
+NameTable::Hash Import::HashOfValues(const std::vector<std::string>& values) const {
   std::uint64_t hash = 0;
   for (std::size_t i = 1; i < values.size(); ++i) {
     if (source.Supplies(i)) hash = HashOf(values[i], hash + values[i].size());
   }
-  return hash;
+  return {static_cast<std::uint32_t>(hash), static_cast<std::uint32_t>(hash >> 32)};
 }
 
 bool Import::HasValuesOf(const NameTable::Named& named,
                          const std::vector<std::string>& values) const {
-  const std::uint64_t hash = HashOfValues(values);
-  return named.hash[0] == static_cast<std::uint32_t>(hash) &&
-         named.hash[1] == static_cast<std::uint32_t>(hash >> 32);
+  return named.hash == HashOfValues(values);
 }
 
 void Import::Survey(bool inScript) {
@@ -131,48 +142,31 @@ void Import::DecideDuplicate(const contacts::Entry& entry, NameTable::Named& fir
 
 // Makes the last row the one that has the name.
 void Import::SetRow(NameTable::Named& named, const contacts::Entry& entry) const {
-  const std::uint64_t hash = HashOfValues(entry.values);
   named.row = static_cast<std::uint32_t>(outcomes.size() - 1);
   named.line = static_cast<std::uint32_t>(entry.line);
-  named.hash[0] = static_cast<std::uint32_t>(hash);
-  named.hash[1] = static_cast<std::uint32_t>(hash >> 32);
-}
-
-std::int32_t Import::ReadBook(const quillkit::CScanner& scanner, const std::string& title,
-                              const std::function<void(const Row&)>& handle, std::size_t& entries) {
-  std::uint32_t count = 0;
-  entries = 0;
-  Progress progress(title + " the " + std::string(book.title),
-                    [&] { return book.count(scanner, &count) == quillkit::kNoError ? count : 0; });
-  const std::int32_t status = book.read(scanner, {}, "*", [&](const Row& row) {
-    handle(row);
-    ++entries;
-    progress.Step();
-    return true;
-  });
-  if (status != quillkit::kNoError) return status;
-  const std::int32_t counted = book.count(scanner, &count);
-  const bool isMissing = counted == quillkit::kNoSuchBook || counted == quillkit::kDataNotFound;
-  if (entries == 0 && isMissing) return quillkit::kNoError;
-  if (counted != quillkit::kNoError) return counted;
-  return count == entries ? quillkit::kNoError : quillkit::kUnusableInput;
+  named.hash = HashOfValues(entry.values);
 }
 
 void Import::Compare(const quillkit::CScanner& scanner, bool isCleared) {
+  bool suppliesAll = true;
+  for (std::size_t i = 0; i < book.fields.size(); ++i) {
+    suppliesAll = suppliesAll && source.Supplies(i);
+  }
   const auto compare = [&](const Row& row) {
+    ++entriesBefore;
     const NameTable::Named* const named = names.Find(row.front());
     // A script is sent as a whole, and replaces entries.
     if (isCleared || source.IsScript() || named == nullptr) return;
     Outcome outcome = Outcome::kNameInBook;
-    // A name that was shortened may be that of somebody else.
+    // A shortened name may belong to another contact.
     const bool isShortened = (outcomes[named->row] & kShortenedBit) != 0;
     if (rule == OnDuplicate::kReplace && !isShortened) {
-      outcome = asScript && !SuppliesAll() ? Outcome::kNotCarried : Outcome::kToChange;
+      outcome = asScript && !suppliesAll ? Outcome::kNotCarried : Outcome::kToChange;
     }
     if (rule != OnDuplicate::kRefuse && HasValuesOf(*named, row)) outcome = Outcome::kPresent;
     Set(named->row, outcome);
   };
-  const std::int32_t status = ReadBook(scanner, "Reading", compare, entriesBefore);
+  const std::int32_t status = ReadCompletely(book, scanner, "Reading", compare);
   if (status == quillkit::kNoError) return;
   throw Refusal(
       "the " + std::string(book.title) +
@@ -188,13 +182,6 @@ std::int32_t Import::SendRow(const quillkit::CScanner& scanner, const contacts::
     }
     return true;
   });
-}
-
-bool Import::SuppliesAll() const {
-  for (std::size_t i = 0; i < book.fields.size(); ++i) {
-    if (!source.Supplies(i)) return false;
-  }
-  return true;
 }
 
 bool Import::IsToSend(std::size_t row) const {
@@ -225,14 +212,8 @@ void Import::SendRows(const quillkit::CScanner& scanner,
     }
     KeepSessionAlive();
     const std::int32_t status = SendRow(scanner, entry, OutcomeOf(current));
-    ++sent;
+    SetRefused(current, status);
     progress.Step();
-    Set(current, Outcome::kRefused);  // until it is seen in the book
-    if (status != quillkit::kNoError) lastStatus = status;
-    if (status > 0 && status < kFirstStatus) {
-      outcomes[current] = static_cast<std::uint8_t>((outcomes[current] & kShortenedBit) |
-                                                    kFirstStatus | static_cast<unsigned>(status));
-    }
     isEnded = EndsImport(status);
     return true;
   });
@@ -266,9 +247,7 @@ void Import::SendScript(quillkit::CScanner& scanner, bool clearFirst) {
     throw Refusal("the file was changed while it was read; nothing was sent");
   }
   for (row = 0; row < outcomes.size(); ++row) {
-    if (!IsToSend(row)) continue;
-    Set(row, Outcome::kRefused);  // until it is seen in the book
-    ++sent;
+    if (IsToSend(row)) SetRefused(row, quillkit::kNoError);
   }
   quillkit::ImportOptions options = {};
   options.format = quillkit::ImportFormatScript;
@@ -277,11 +256,12 @@ void Import::SendScript(quillkit::CScanner& scanner, bool clearFirst) {
 
 void Import::Verify(const quillkit::CScanner& scanner) {
   const auto find = [&](const Row& row) {
+    ++entriesAfter;
     const NameTable::Named* const named = names.Find(row.front());
     if (named == nullptr || OutcomeOf(named->row) != Outcome::kRefused) return;
     if (HasValuesOf(*named, row)) Set(named->row, Outcome::kArrived);
   };
-  if (ReadBook(scanner, "Verifying", find, entriesAfter) == quillkit::kNoError) return;
+  if (ReadCompletely(book, scanner, "Verifying", find) == quillkit::kNoError) return;
   for (std::size_t row = 0; row < outcomes.size(); ++row) {
     if (OutcomeOf(row) == Outcome::kRefused) Set(row, Outcome::kUnknown);
   }
@@ -294,8 +274,7 @@ void Import::ForEach(const Handler& handle) {
   place.values.resize(book.fields.size());
   source.ForEach([&](contacts::Entry& entry) {
     if (row == outcomes.size()) return false;
-    const unsigned value = outcomes[row] & ~unsigned{kShortenedBit};
-    rowStatus = value < kFirstStatus ? 0 : static_cast<std::int32_t>(value - kFirstStatus);
+    rowStatus = StatusOf(row);
     place.line = entry.line;
     place.begin = place.end = entry.end;
     isWanted = handle(entry, OutcomeOf(row++));

@@ -102,17 +102,17 @@ class Import {
   void Decide(const contacts::Entry& entry);
   void DecideDuplicate(const contacts::Entry& entry, NameTable::Named& first);
   void Set(std::size_t row, Outcome outcome);
+  void SetRefused(std::size_t row, std::int32_t status);
   void SetRow(NameTable::Named& named, const contacts::Entry& entry) const;
+  // The status with which the appliance refused a row; 0 if it did not.
+  std::int32_t StatusOf(std::size_t row) const;
   Outcome OutcomeOf(std::size_t row) const;
-  std::uint64_t HashOfValues(const std::vector<std::string>& values) const;
+  NameTable::Hash HashOfValues(const std::vector<std::string>& values) const;
   bool HasValuesOf(const NameTable::Named& named, const std::vector<std::string>& values) const;
-  bool SuppliesAll() const;
   bool IsToSend(std::size_t row) const;
   bool IsUnchanged(std::size_t row, const contacts::Entry& entry);
   std::int32_t SendRow(const quillkit::CScanner& scanner, const contacts::Entry& entry,
                        Outcome outcome);
-  std::int32_t ReadBook(const quillkit::CScanner& scanner, const std::string& title,
-                        const std::function<void(const Row&)>& handle, std::size_t& entries);
 
   ImportSource& source;
   const AddressBook& book;
@@ -120,8 +120,8 @@ class Import {
   const bool isAdmin;
   bool asScript = false;
   NameTable names;
-  // The outcome of each row, or kFirstStatus and the status that refused it. The highest bit: its
-  // name was shortened.
+  // Of each row its outcome, or a bit and the status that refused it. The highest bit: its name was
+  // shortened.
   std::vector<std::uint8_t> outcomes;
   std::array<std::size_t, 16> counts = {};
   std::size_t noted = 0;  // rows that have a note of their own

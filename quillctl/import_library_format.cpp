@@ -58,7 +58,7 @@ class RowMaker : public quillkit::RowObserver {
     } else if (format != quillkit::ImportFormatMailServer || isHeader || isBlank) {
       return;
     } else {
-      entry.notes.push_back({&kNoEntry, 0, {}, 0});
+      entry.notes.push_back({.problem = &kNoEntry});
     }
     if (!handle(entry)) throw Enough();
     entry = {};
@@ -76,7 +76,7 @@ class RowMaker : public quillkit::RowObserver {
     for (std::size_t i = 0; i < values.size(); ++i) {
       entry.values.emplace_back(values[i].substr(0, book.widths[i]));
       if (values[i].size() > book.widths[i]) {
-        entry.notes.push_back({&contacts::kShortened, 0, {}, book.widths[i]});
+        entry.notes.push_back({.problem = &contacts::kShortened, .limit = book.widths[i]});
       }
     }
   }

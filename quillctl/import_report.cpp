@@ -87,7 +87,7 @@ bool IsShown(Outcome outcome, bool dryRun) {
 void ForEachFinding(Import& run, bool rejections, const StatementHandler& handle) {
   run.ForEach([&](const contacts::Entry& entry, Outcome outcome) {
     if (IsRejection(outcome) != rejections) return true;
-    contacts::Finding of = {ProblemOf(outcome), 0, {}, 0};
+    contacts::Finding of = {.problem = ProblemOf(outcome)};
     if (outcome == Outcome::kRejected) of = entry.fault;
     if (!rejections) {
       for (const contacts::Finding& each : entry.notes) {

@@ -4,6 +4,7 @@
 #ifndef QUILLCTL_NAME_TABLE_H_
 #define QUILLCTL_NAME_TABLE_H_
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <deque>
@@ -19,12 +20,14 @@ std::uint64_t HashOf(std::string_view text, std::uint64_t before = 0);
 
 class NameTable {
  public:
+  using Hash = std::array<std::uint32_t, 2>;  // so that a row has no padding
+
   // A row with a name.
   struct Named {
-    std::uint32_t name;     // the position of its name in the texts
-    std::uint32_t row;      // the number of the row, from 0
-    std::uint32_t line;     // the line of the file
-    std::uint32_t hash[2];  // the halves of a hash of its other values
+    std::uint32_t name;  // the position of its name in the texts
+    std::uint32_t row;   // the number of the row, from 0
+    std::uint32_t line;  // the line of the file
+    Hash hash;           // of its other values
   };
 
   // Returns the row with this name. If there is none, adds one that has no row yet, and sets
@@ -33,8 +36,6 @@ class NameTable {
 
   // Returns the row with this name, or null.
   Named* Find(std::string_view name);
-
-  std::size_t Size() const { return named.size(); }
 
  private:
   static constexpr std::uint32_t kFree = 0xFFFFFFFF;
