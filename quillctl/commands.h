@@ -32,8 +32,8 @@ class Commands {
     Arguments& arguments;
   };
 
-  // Adds a command, which owns its arguments. It runs `run` with a Session, for which it logs in,
-  // or with the Credentials.
+  // Adds a command that owns its arguments and calls `run` with the Credentials, or with a Session
+  // that it opens.
   template <class Context, class Arguments>
   Added<Arguments> Add(const char* name, const char* help,
                        void (*run)(const Context&, const Arguments&)) {

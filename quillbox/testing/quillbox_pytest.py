@@ -15,8 +15,8 @@ import subprocess
 
 import pytest
 
-# The statuses with which `quillbox run` reports an unfired fault, an appliance that was not used and
-# an invalid scenario.
+# `quillbox run` exits with these if a fault did not fire, the appliance was not used, or the scenario
+# is not valid.
 _OF_QUILLBOX = (123, 124, 125)
 # What it reports whatever the status of the program is.
 _REPORTS = ("quillbox: unfired fault:", "quillbox: sessions that were not closed:")
