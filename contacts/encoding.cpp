@@ -56,8 +56,8 @@ bool AppendUtf16(std::string& text, std::string_view bytes, bool isBigEndian) {
   bool isValid = bytes.size() % 2 == 0;
   char32_t high = 0;  // the first half of a character that has two
   for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
-    const auto first = static_cast<unsigned char>(bytes[i]);
-    const auto second = static_cast<unsigned char>(bytes[i + 1]);
+    const char32_t first = static_cast<unsigned char>(bytes[i]);
+    const char32_t second = static_cast<unsigned char>(bytes[i + 1]);
     const char32_t unit = isBigEndian ? first << 8U | second : second << 8U | first;
     const bool isLow = unit >= 0xDC00 && unit < 0xE000;
     const bool isHigh = unit >= 0xD800 && unit < 0xDC00;
