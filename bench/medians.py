@@ -11,23 +11,25 @@ NANOSECONDS = {"ns": 1, "us": 1e3, "ms": 1e6}
 class Rows:
     """The rows of benchmark programs: for each name the median in nanoseconds and the counters."""
 
-    def __init__(self, folder, rounds):
-        self.folder, self.rounds = folder, rounds
+    def __init__(self, folder, processes, rounds):
+        self.folder, self.processes, self.rounds = folder, processes, rounds
         self.rows, self.uncertainty = {}, {}
 
     def run(self, program):
-        """Runs all benchmarks of a program in random order, `rounds` times."""
-        run = subprocess.run(
-            [self.folder / program, "--benchmark_format=json", "--benchmark_min_time=0.05",
-             f"--benchmark_repetitions={self.rounds}",
-             "--benchmark_enable_random_interleaving=true"],
-            check=True, capture_output=True, text=True)
+        """Runs a program `processes` times, each time all its benchmarks in random order, `rounds`
+        times. A process places its memory once, and keeps a place that costs time."""
         times = {}
-        for row in json.loads(run.stdout)["benchmarks"]:
-            if row["run_type"] == "iteration":
-                times.setdefault(row["run_name"], []).append(
-                    row["cpu_time"] * NANOSECONDS[row["time_unit"]])
-                self.rows[row["run_name"]] = row
+        for _ in range(self.processes):
+            run = subprocess.run(
+                [self.folder / program, "--benchmark_format=json", "--benchmark_min_time=0.05",
+                 f"--benchmark_repetitions={self.rounds}",
+                 "--benchmark_enable_random_interleaving=true"],
+                check=True, capture_output=True, text=True)
+            for row in json.loads(run.stdout)["benchmarks"]:
+                if row["run_type"] == "iteration":
+                    times.setdefault(row["run_name"], []).append(
+                        row["cpu_time"] * NANOSECONDS[row["time_unit"]])
+                    self.rows[row["run_name"]] = row
         for name, values in times.items():
             self.rows[name]["nanoseconds"] = statistics.median(values)
             self.uncertainty[name] = uncertainty(values)
