@@ -103,84 +103,76 @@ int JsonReader::Get() {
   return c;
 }
 
-// Returns the next character that is no white space.
-int JsonReader::GetNext() {
-  int c = Get();
-  while (IsSpace(c)) c = Get();
-  return c;
+// Returns the next character that is no white space, without taking it.
+int JsonReader::Peek() {
+  while (IsSpace(source.peek())) Get();
+  return source.peek();
 }
 
-// Skips a value that begins with `c`. Returns the character after it, a comma or a closing bracket;
-// kEnd at the end of the source.
-int JsonReader::SkipValue(int c) {
-  int depth = 0;
+// Stores the text of the next value, no more than kMaxRecord bytes and one. An entry ends with its
+// brace, whatever it holds. Returns false if the source ends before.
+bool JsonReader::ReadValue() {
+  const int open = Peek();
+  const int close = open == '{' ? '}' : open == '[' ? ']' : kEnd;
+  const auto isAfterWord = [&] {
+    const int c = source.peek();
+    return c == kEnd || c == ',' || c == ']' || c == '}' || IsSpace(c);
+  };
+  text.clear();
   bool isText = false;
-  for (; c != kEnd; c = Get()) {
-    if (isText && c == '\\') {
-      Get();
-    } else if (c == '"') {
-      isText = !isText;
-    } else if (!isText && (c == '[' || c == '{')) {
-      ++depth;
-    } else if (!isText && (c == ']' || c == '}')) {
-      if (depth-- == 0) return c;
-    } else if (!isText && c == ',' && depth == 0) {
-      return c;
-    }
-  }
-  return c;
+  bool isEscaped = false;
+  int depth = 0;
+  do {
+    const int c = Get();
+    if (c == kEnd) return false;
+    if (text.size() <= kMaxRecord) text += static_cast<char>(c);
+    const bool isQuote = c == '"' && !isEscaped;
+    isEscaped = isText && c == '\\' && !isEscaped;
+    if (isQuote) isText = !isText;
+    if (!isText && close != kEnd) depth += c == open ? 1 : c == close ? -1 : 0;
+  } while (isText || depth > 0 || (close == kEnd && open != '"' && !isAfterWord()));
+  return true;
 }
 
-// Moves after the bracket that opens the list.
-bool JsonReader::FindList() {
-  int c = GetNext();
-  isBare = c == '[';
-  if (isBare || c != '{') return isBare;
-  for (c = GetNext(); c == '"'; c = GetNext()) {
-    std::string name;
-    for (c = Get(); c != '"' && c != kEnd; c = Get()) {
-      if (name.size() < kMaxRecord) name += static_cast<char>(c);
-    }
-    if (GetNext() != ':') return false;
-    c = GetNext();
-    if (name == "entries" && c == '[') return true;
-    if (SkipValue(c) != ',') return false;
-  }
+// Moves after the bracket that opens the list, from a brace or comma before a member. Returns false
+// if no further member is a list of entries.
+bool JsonReader::MoveToList() {
+  do {
+    Get();
+    if (Peek() != '"' || !ReadValue() || Peek() != ':') return false;
+    const bool isEntries = text == "\"entries\"";
+    Get();
+    isInList = isEntries && Peek() == '[';
+    if (isInList) Get();
+    if (isInList || !ReadValue()) return isInList;
+  } while (Peek() == ',');
   return false;
-}
-
-// Skips what belongs to the document after its list. Returns the first character after it.
-int JsonReader::SkipRest() {
-  isAtEnd = true;
-  int c = ',';
-  while (!isBare && c == ',') c = SkipValue(Get());
-  return GetNext();
 }
 
 bool JsonReader::Next(Record& record) {
   if (isAtEnd) return false;
-  if (!isInList && !FindList()) return PassOverRest(record, 1, 0);
-  isInList = true;
-  int c = GetNext();
-  while (c == ',') c = GetNext();
-  if (c == ']') {
-    c = SkipRest();
-    return c != kEnd && PassOverRest(record, line, position - 1);
+  if (!isInList) {
+    isInList = isBare = Peek() == '[';
+    if (isBare) Get();
+    if (!isBare && (Peek() != '{' || !MoveToList())) return PassOverRest(record, 1, 0);
   }
-  record.Begin(line, position - (c == kEnd ? 0 : 1));
-  record.hasFieldNames = true;
-  if (c == kEnd || (c == '{' && !ReadObject())) {
-    record.SetFault(kTruncated);
+  while (Peek() == ',') Get();
+  while (Peek() == ']') {
+    Get();
+    if (!isBare && Peek() == ',' && MoveToList()) continue;
+    if (!isBare && Peek() == '}') Get();
     isAtEnd = true;
-  } else if (c == '{') {
-    AddValues(record);
-  } else {
-    record.SetFault(kBadLine);
-    isAtEnd = SkipValue(c) != ',';
+    return Peek() != kEnd && PassOverRest(record, line, position);
   }
-  // The comma after a value that is no entry is not part of the record.
-  const bool hasComma = c != '{' && !isAtEnd;
-  record.end = position - (hasComma ? 1 : 0);
+  record.Begin(line, position);
+  record.hasFieldNames = true;
+  isAtEnd = !ReadValue();
+  if (isAtEnd) {
+    record.SetFault(kTruncated);
+  } else {
+    AddValues(record);
+  }
+  record.end = position;
   return true;
 }
 
@@ -195,34 +187,12 @@ bool JsonReader::PassOverRest(Record& record, std::uint64_t firstLine, std::uint
   return true;
 }
 
-// Stores the text from a brace to the matching one, no more than kMaxRecord bytes and one. Returns
-// false if the source ends before.
-bool JsonReader::ReadObject() {
-  object = "{";
-  bool isText = false;
-  bool isEscaped = false;
-  for (int depth = 1; depth > 0;) {
-    const int c = Get();
-    if (c == kEnd) return false;
-    if (object.size() <= kMaxRecord) object += static_cast<char>(c);
-    if (isEscaped) {
-      isEscaped = false;
-    } else if (isText && c == '\\') {
-      isEscaped = true;
-    } else if (c == '"') {
-      isText = !isText;
-    } else if (!isText) {
-      depth += c == '{' ? 1 : c == '}' ? -1 : 0;
-    }
-  }
-  return true;
-}
-
 void JsonReader::AddValues(Record& record) const {
-  if (object.size() > kMaxRecord) return record.SetFault(kRecordTooLong);
-  if (!IsUtf8(object)) return record.SetFault(kNotDecodable);
+  if (!text.starts_with('{')) return record.SetFault(kBadLine);
+  if (text.size() > kMaxRecord) return record.SetFault(kRecordTooLong);
+  if (!IsUtf8(text)) return record.SetFault(kNotDecodable);
   Members members(record);
-  if (!Json::sax_parse(object, &members)) record.SetFault(kBadLine);
+  if (!Json::sax_parse(text, &members)) record.SetFault(kBadLine);
   for (Value& each : record.Values()) {
     if (each.name.ends_with(kBytesSuffix)) StoreBytes(record, each);
   }

@@ -27,19 +27,17 @@ class JsonReader : public Reader {
 
  private:
   int Get();
-  int GetNext();
-  int SkipValue(int c);
-  bool FindList();
-  int SkipRest();
+  int Peek();
+  bool ReadValue();
+  bool MoveToList();
   bool PassOverRest(Record& record, std::uint64_t firstLine, std::uint64_t begin);
-  bool ReadObject();
   void AddValues(Record& record) const;
 
   std::istream& source;
   bool isInList = false;
   bool isBare = false;  // the file is the list
   bool isAtEnd = false;
-  std::string object;  // the text of an entry
+  std::string text;  // of the last value
   std::uint64_t line = 1;
   std::uint64_t position = 0;
 };
