@@ -30,7 +30,8 @@ check_quillctl() {
     echo "other users can read the simulator's state file, which contains passwords"
     return 1
   fi
-  scripts/check_interactive "$1/quillctl" && check_completion "$1" && check_typed_names "$1" &&
+  scripts/check_interactive "$1/quillctl" && check_completion "$1" && check_statuses "$1" &&
+    check_typed_names "$1" &&
     scripts/check_json_schema &&
     scripts/check_corpus "$1/quillctl"
 }
@@ -71,6 +72,24 @@ END
   status=$?
   rm -rf "$cache"
   return "$status"
+}
+
+# check_statuses FOLDER: runs the command lines of tests/quillctl/statuses.txt, each with the simulator's
+# initial state and the faults beside it, and compares their exit statuses.
+check_statuses() {
+  local expected faults line status failed=0 count=0
+  while IFS='|' read -r expected faults line; do
+    status=0
+    (cd "$1" && eval "set -- $line" &&
+      QUILLBOX_FAULTS=${faults// /} QUILLBOX_STATE='' QUILLCTL_PASSWORD=quill ./quillctl "$@") \
+      </dev/null >"$1/session_output" 2>&1 || status=$?
+    count=$((count + 1))
+    [ "$status" = "${expected% }" ] && continue
+    echo "quillctl$line: expected status $expected, but got $status:"
+    cat "$1/session_output"
+    failed=1
+  done <tests/quillctl/statuses.txt
+  [ "$failed" = 0 ] && echo "quillctl ends with the expected status for $count command lines"
 }
 
 # check_typed_names FOLDER: tests that a name typed in UTF-8 finds the one that the simulator has in
