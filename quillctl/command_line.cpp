@@ -82,6 +82,8 @@ constexpr const char* kExamples[] = {
     "list remove email Minutes Archive",
     "entry import contacts.csv --format csv --map 2,10 --skip-header",
     "user add Dora --new-password-file password.txt --third-text 10.0.4.24",
+    "user edit \"Agnes Moreau\" --fourth-text Reception",
+    "user rename \"Agnes Moreau\" \"Agnes Laurent\"",
     "printer default Workshop",
     "log count \"Agnes Moreau\"",
     "log clear --except-system",

@@ -45,7 +45,7 @@ constexpr NamedArgument kNamedArguments[] = {
     {"entry", "find show edit delete", 1, NameQuery::kEntry, nullptr},
     {"list", "show rename copy delete add remove", 1, NameQuery::kList, nullptr},
     {"list", "create add remove", kMembers, NameQuery::kEntry, nullptr},
-    {"user", "show on off delete", 0, NameQuery::kEntry, "users"},
+    {"user", "show edit rename on off delete", 0, NameQuery::kEntry, "users"},
     {"log", "show count clear", 0, NameQuery::kEntry, "users"},
     {"printer", "default", 0, NameQuery::kEntry, "printers"},
 };

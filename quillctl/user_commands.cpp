@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <iostream>
+#include <optional>
+#include <string_view>
 #include <vector>
 
 #include "books/printer_ab.h"
@@ -21,9 +23,10 @@ using quillkit::CUserRecord;
 
 struct Arguments {
   std::string name;
+  std::string newName;
   std::string passwordFile;
-  std::string third;
-  std::string fourth;
+  std::optional<std::string> third;
+  std::optional<std::string> fourth;
   bool json = false;
   bool yes = false;
 };
@@ -53,41 +56,60 @@ std::vector<quillkit::CUserEntry> ReadUsers(const Session& session) {
   return ReadWhole(session.Scanner()->UserEntries(), quillkit::MaxUsers, "accounts");
 }
 
+const quillkit::CUserEntry* FindUser(const std::vector<quillkit::CUserEntry>& users,
+                                     std::string_view name) {
+  const auto found =
+      std::ranges::find_if(users, [&](const auto& each) { return each.name == name; });
+  return found != users.end() ? &*found : nullptr;
+}
+
 // An account of the appliance, with the book through which it is changed.
 struct Account {
-  // Throws a NotFound if there is no account of this name and `isNew` is not set.
-  Account(const Session& newSession, const std::string& name, bool isNew = false)
-      : session(newSession) {
+  explicit Account(const Session& newSession) : session(newSession) {
     book.Attach(session.Scanner(), 0, 0);
+  }
+
+  // Throws a NotFound if there is no account of this name.
+  Account(const Session& newSession, const std::string& typed) : Account(newSession) {
     const std::vector<quillkit::CUserEntry> users = ReadUsers(session);
-    const auto isUser = [&users](const std::string& form) {
-      return std::ranges::any_of(users, [&](const auto& each) { return each.name == form; });
-    };
-    const std::string stored = isNew ? name : StoredName(name, isUser);
-    for (const auto& each : users) {
-      if (each.name != stored) continue;
-      user.SetFrom(&book, each);
-      user.tag = each.tag;
+    name = StoredName(typed,
+                      [&](const std::string& form) { return FindUser(users, form) != nullptr; });
+    const quillkit::CUserEntry* const found = FindUser(users, name);
+    if (found == nullptr) {
+      throw NotFound("the appliance has no account " + Quoted(typed) + "; see quillctl user list");
     }
-    if (!isNew && user.name.IsEmpty()) {
-      throw NotFound("the appliance has no account " + Quoted(name) + "; see quillctl user list");
-    }
+    user.SetFrom(&book, *found);
+    user.tag = found->tag;
+  }
+
+  // Stores the new texts, and the password unless it is null.
+  void Set(const Arguments& a, const std::string* password) {
+    const bool isSet = (password == nullptr || user.SetPassword(*password) != 0) &&
+                       user.SetThird(a.third.value_or(user.Third())) != 0 &&
+                       user.SetFourth(a.fourth.value_or(user.Fourth())) != 0;
+    if (isSet) return;
+    throw UsageError("a password has at most 15 bytes, a third or fourth text at most 255");
   }
 
   // Throws a Refusal with the last error unless a change succeeded. Then reads the account again.
   // Throws a Refusal unless it is as in `user` or, with `isDeleted`, does not exist.
   void RequireChanged(bool succeeded, const std::string& verb, bool isDeleted = false) const {
-    const std::string what = verb + ' ' + Described(user.Name());
-    if (!succeeded) RequireSuccess(quillkit::GetLastToolkitError(), what);
-    const Account now = ReadBack(Described(user.Name()) + " may have changed",
-                                 [&] { return Account(session, user.Name(), true); });
-    const bool isSame = now.user.name == user.name && now.user.third == user.third &&
-                        now.user.fourth == user.fourth && now.user.IsOn() == user.IsOn();
-    if (succeeded && (isDeleted ? now.user.name.IsEmpty() : isSame)) return;
+    const std::string what = verb + ' ' + Described(name);
+    if (!succeeded) RequireChange(quillkit::GetLastToolkitError(), what);
+    const std::vector<quillkit::CUserEntry> users =
+        ReadBack(Described(name) + " may have changed", [&] { return ReadUsers(session); });
+    const quillkit::CUserEntry* const now = FindUser(users, user.name.View());
+    // An appliance may deliver no passwords.
+    const bool isSame = now != nullptr && now->third == user.third && now->fourth == user.fourth &&
+                        now->flags == user.flags &&
+                        (now->password.IsEmpty() || now->password == user.password);
+    const bool isRenamed = user.name == name || FindUser(users, name) == nullptr;
+    if (succeeded && (isDeleted ? now == nullptr : isSame && isRenamed)) return;
     throw Refusal("cannot " + what + ": the appliance did not make the change");
   }
 
   const Session& session;
+  std::string name;  // as the appliance has it
   CUserAB book;
   CUserRecord user;
 };
@@ -119,13 +141,34 @@ void AddUser(const Credentials& credentials, const Arguments& a) {
                                    ? AskForNewPassword(a.name)
                                    : PasswordFromFile(a.passwordFile, "--new-password-file");
   const Session session(credentials);
-  Account account(session, a.name, true);
+  Account account(session);
+  account.name = a.name;
   const std::uint32_t on = 1;  // as an imported account
-  if (account.user.SetFrom(&account.book, a.name, password, a.third, a.fourth, &on, &on) == 0) {
-    throw UsageError("a password has at most 15 bytes, a third or fourth text at most 255");
-  }
+  account.user.SetFrom(&account.book, a.name, {}, {}, {}, &on, &on);
+  account.Set(a, &password);
   account.RequireChanged(account.book.AddUser(&account.user, 0), "add");
   std::cout << "Added " << Described(a.name) << ".\n";
+}
+
+void EditUser(const Credentials& credentials, const Arguments& a) {
+  const bool hasPassword = !a.passwordFile.empty();
+  if (!hasPassword && !a.third && !a.fourth)
+    throw UsageError("name what to change, with an option");
+  const std::string password =
+      hasPassword ? PasswordFromFile(a.passwordFile, "--new-password-file") : "";
+  const Session session(credentials);
+  Account account(session, a.name);
+  account.Set(a, hasPassword ? &password : nullptr);
+  account.RequireChanged(account.book.ModifyUser(&account.user, 0), "change");
+  std::cout << "Changed " << Described(account.name) << ".\n";
+}
+
+void RenameUser(const Session& session, const Arguments& a) {
+  if (a.name == a.newName) throw UsageError("the new name is the old one");
+  Account account(session, a.name);
+  account.user.SetName(a.newName);
+  account.RequireChanged(account.book.RenameUser(account.name, &account.user, 0), "rename");
+  std::cout << "Renamed " << Described(account.name) << " to " << Quoted(a.newName) << ".\n";
 }
 
 template <bool kOn>
@@ -136,12 +179,12 @@ void Switch(const Session& session, const Arguments& a) {
     account.RequireChanged((kOn ? account.user.TurnOn(0) : account.user.TurnOff(0)) != 0,
                            "turn " + verb);
   }
-  std::cout << "The account " << Quoted(account.user.Name()) << " is " << verb << ".\n";
+  std::cout << "The account " << Quoted(account.name) << " is " << verb << ".\n";
 }
 
 void DeleteUser(const Session& session, const Arguments& a) {
   Account account(session, a.name);
-  const std::string what = Described(account.user.Name());
+  const std::string what = Described(account.name);
   Confirm(a.yes, "Delete " + what + " and its log?");
   const DeferredTermination termination("deleting the account");
   try {
@@ -240,6 +283,16 @@ Added AddUserCommand(Commands& user, const char* name, const char* help,
   return added;
 }
 
+// Adds the options for what an account holds. Returns the one for the password.
+CLI::Option* AddTexts(CLI::App* command, Arguments& a) {
+  command->add_option("--third-text", a.third, "Its third text, at most 255 bytes");
+  command->add_option("--fourth-text", a.fourth, "Its fourth text, at most 255 bytes");
+  return command
+      ->add_option("--new-password-file", a.passwordFile,
+                   "Read its new password from the first line of a file")
+      ->type_name("FILE");
+}
+
 }  // namespace
 
 void AddUserCommands(Commands& commands) {
@@ -249,11 +302,12 @@ void AddUserCommands(Commands& commands) {
   const auto [show, shown] = AddUserCommand(user, "show", "Show an account", ShowUser);
   AddJson(show, shown.json);
   const auto [add, added] = AddUserCommand(user, "add", "Add an account, turned on", AddUser);
-  add->add_option("--new-password-file", added.passwordFile,
-                  "Read its password from the first line of a file (default: ask)")
-      ->type_name("FILE");
-  add->add_option("--third-text", added.third, "Its third text, at most 255 bytes");
-  add->add_option("--fourth-text", added.fourth, "Its fourth text, at most 255 bytes");
+  AddTexts(add, added)
+      ->description("Read its password from the first line of a file (default: ask)");
+  const auto [edit, edited] = AddUserCommand(user, "edit", "Change an account", EditUser);
+  AddTexts(edit, edited);
+  const auto [rename, renamed] = AddUserCommand(user, "rename", "Rename an account", RenameUser);
+  AddName(rename, "new", renamed.newName, "The new name");
   AddUserCommand(user, "on", "Turn on an account", Switch<true>);
   AddUserCommand(user, "off", "Turn off an account", Switch<false>);
   const auto [remove, removed] =
