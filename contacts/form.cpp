@@ -71,8 +71,8 @@ bool HasDigitOrAt(const Record& record) {
 }
 
 // Sets what the first row tells of a reading.
-void SetFirstRow(Reading& reading, const Record& row, const Mapping& mapping) {
-  reading.known = mapping.KnownHeadings(row);
+void SetFirstRow(Reading& reading, const Record& row, const HeadingCounter& countKnown) {
+  reading.known = countKnown(row);
   reading.columns = row.Values().size();
   reading.maybeHeadings = !HasDigitOrAt(row);
   for (const Value& each : row.Values()) {
@@ -80,7 +80,8 @@ void SetFirstRow(Reading& reading, const Record& row, const Mapping& mapping) {
   }
 }
 
-Reading Try(std::string_view sample, Encoding encoding, char delimiter, const Mapping& mapping) {
+Reading Try(std::string_view sample, Encoding encoding, char delimiter,
+            const HeadingCounter& countKnown) {
   std::istringstream source{std::string(sample)};
   CsvReader reader(source, encoding, delimiter);
   Reading reading;
@@ -91,7 +92,7 @@ Reading Try(std::string_view sample, Encoding encoding, char delimiter, const Ma
   for (; rows < kMostRowsTried && reader.Next(record); ++rows) {
     const bool isGood = record.fault.problem == nullptr;
     if (rows == 0 && !isGood) return reading;
-    if (rows == 0) SetFirstRow(reading, record, mapping);
+    if (rows == 0) SetFirstRow(reading, record, countKnown);
     if (rows == 1 && !HasDigitOrAt(record)) reading.maybeHeadings = false;
     if (isGood && record.Values().size() == reading.columns) ++regular;
   }
@@ -106,11 +107,11 @@ std::string_view Beginning(std::string_view sample) {
 }
 
 // Returns the reading with the delimiter that divides the sample best.
-Reading BestReading(std::string_view sample, Encoding encoding, const Mapping& mapping) {
+Reading BestReading(std::string_view sample, Encoding encoding, const HeadingCounter& countKnown) {
   Reading best;
   Reading tied;
   for (const char delimiter : kDelimiters) {
-    Reading reading = Try(Beginning(sample), encoding, delimiter, mapping);
+    Reading reading = Try(Beginning(sample), encoding, delimiter, countKnown);
     if (reading.columns < 2 || (best.columns != 0 && reading.Rank() < best.Rank())) continue;
     tied = best.columns != 0 && best.Rank() == reading.Rank() ? best : Reading();
     best = std::move(reading);
@@ -120,20 +121,20 @@ Reading BestReading(std::string_view sample, Encoding encoding, const Mapping& m
                     "\" the first row is " + tied.firstRow + ", with \"" +
                     std::string(1, best.delimiter) + "\" it is " + best.firstRow);
   }
-  if (best.columns == 0) best = Try(Beginning(sample), encoding, best.delimiter, mapping);
+  if (best.columns == 0) best = Try(Beginning(sample), encoding, best.delimiter, countKnown);
   if (best.columns == 0) throw FormError("the file has none of the known formats");
   return best;
 }
 
 // Returns the reading with the delimiter that is known, or that a separator line names.
 Reading RecogniseReading(std::string_view sample, Encoding encoding, const KnownForm& known,
-                         const Mapping& mapping) {
+                         const HeadingCounter& countKnown) {
   std::istringstream source{std::string(sample)};
   Lines lines(source, encoding);
   char delimiter = lines.Next() ? SeparatorLine(lines.Text()) : '\0';
   if (known.delimiter) delimiter = *known.delimiter;
-  return delimiter != '\0' ? Try(Beginning(sample), encoding, delimiter, mapping)
-                           : BestReading(sample, encoding, mapping);
+  return delimiter != '\0' ? Try(Beginning(sample), encoding, delimiter, countKnown)
+                           : BestReading(sample, encoding, countKnown);
 }
 
 }  // namespace
@@ -148,7 +149,7 @@ std::optional<Format> FormatOf(std::string_view word) {
   return static_cast<Format>(found - std::begin(kFormats));
 }
 
-Form Recognise(std::string_view sample, const KnownForm& known, const Mapping& mapping) {
+Form Recognise(std::string_view sample, const KnownForm& known, const HeadingCounter& countKnown) {
   const Mark mark = FindMark(sample);
   if (sample.size() == mark.size) throw FormError("the file is empty");
   Form form;
@@ -160,7 +161,7 @@ Form Recognise(std::string_view sample, const KnownForm& known, const Mapping& m
     form.encoding = Encoding::kUtf8;
   }
   if (form.format != Format::kCsv) return form;
-  const Reading reading = RecogniseReading(sample, form.encoding, known, mapping);
+  const Reading reading = RecogniseReading(sample, form.encoding, known, countKnown);
   form.delimiter = reading.delimiter;
   form.hasHeadings = known.hasHeadings.value_or(reading.known != 0);
   if (!known.hasHeadings && !form.hasHeadings && reading.maybeHeadings) {

@@ -4,16 +4,23 @@
 #define CONTACTS_FORM_H_
 
 #include <cstdint>
+#include <functional>
 #include <istream>
 #include <memory>
 #include <optional>
+#include <stdexcept>
 #include <string_view>
 
 #include "contacts/encoding.h"
-#include "contacts/mapping.h"
 #include "contacts/record.h"
 
 namespace contacts {
+
+// The file is not what it was taken for. The text is for the user.
+class FormError : public std::runtime_error {
+ public:
+  using runtime_error::runtime_error;
+};
 
 enum class Format : std::uint8_t { kCsv, kLdif, kVcard, kJson };
 
@@ -40,9 +47,12 @@ struct KnownForm {
 // How many bytes at the beginning of a file Recognise() looks at.
 inline constexpr std::size_t kSampleSize = std::size_t{1} << 20;
 
-// Returns the form of a file that begins with the sample. `mapping` knows the headings.
-// Throws a FormError if the form cannot be told, or is not supported.
-Form Recognise(std::string_view sample, const KnownForm& known, const Mapping& mapping);
+// Returns how many values of a record are known as headings of a csv file.
+using HeadingCounter = std::function<std::size_t(const Record&)>;
+
+// Returns the form of a file that begins with the sample. Throws a FormError if the form cannot be
+// told, or is not supported.
+Form Recognise(std::string_view sample, const KnownForm& known, const HeadingCounter& countKnown);
 
 // Returns a reader of the source, which must outlive it.
 std::unique_ptr<Reader> MakeReader(std::istream& source, const Form& form);

@@ -6,21 +6,15 @@
 #include <cstddef>
 #include <optional>
 #include <span>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "contacts/form.h"
 #include "contacts/headings.h"
 #include "contacts/record.h"
 
 namespace contacts {
-
-// The file is not what it was taken for. The text is for the user.
-class FormError : public std::runtime_error {
- public:
-  using runtime_error::runtime_error;
-};
 
 // A field of the address book. The first one is the name.
 struct Field {

@@ -1,6 +1,7 @@
 // The entries of a contact file of any format. The input is the file, so that the seeds can be
 // files as other programs write them; its size chooses the options.
 
+#include <functional>
 #include <sstream>
 #include <string>
 
@@ -37,7 +38,8 @@ void CheckFile(const std::string& file) {
   const EntryOptions options{file.size() % 2 == 0 ? Encoding::kUtf8 : Encoding::kWindows1252,
                              file.size() % 5 == 0};
   std::istringstream source(file);
-  EntryReader reader(source, Recognise(file, {}, mapping), mapping, options);
+  const Form form = Recognise(file, {}, std::bind_front(&Mapping::KnownHeadings, &mapping));
+  EntryReader reader(source, form, mapping, options);
   std::uint64_t position = 0;
   std::uint64_t line = 0;
   for (Entry entry; reader.Next(entry);) {

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <functional>
 #include <sstream>
 #include <utility>
 
@@ -53,7 +54,8 @@ class ContactSource : public ImportSource {
     stream.read(sample.data(), static_cast<std::streamsize>(sample.size()));
     sample.resize(static_cast<std::size_t>(stream.gcount()));
     file.RequireGood();
-    form = Recognise(sample, KnownFormOf(request), mapping);
+    form = Recognise(sample, KnownFormOf(request),
+                     std::bind_front(&contacts::Mapping::KnownHeadings, &mapping));
     mapping = contacts::EntryReader(file.Rewind(), form, mapping, options).GetMapping();
   }
 

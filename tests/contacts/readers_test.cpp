@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -26,8 +27,10 @@ Mapping EmailMapping() {
 std::vector<std::string> Outcomes(const std::string& file, EntryOptions options = {},
                                   const KnownForm& known = {}) {
   std::istringstream source(file);
-  const Form form = Recognise(std::string_view(file).substr(0, kSampleSize), known, EmailMapping());
-  EntryReader reader(source, form, EmailMapping(), options);
+  const Mapping mapping = EmailMapping();
+  const Form form = Recognise(std::string_view(file).substr(0, kSampleSize), known,
+                              std::bind_front(&Mapping::KnownHeadings, &mapping));
+  EntryReader reader(source, form, mapping, options);
   std::vector<std::string> outcomes;
   std::uint64_t position = 0;
   for (Entry entry; reader.Next(entry);) {
