@@ -5,8 +5,8 @@
 #include <sstream>
 #include <string>
 
-#include "contacts/entries.h"
 #include "contacts/form.h"
+#include "entries/entries.h"
 #include "fuzz/input.h"
 
 namespace contacts {

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "contacts/entries.h"
+#include "entries/entries.h"
 #include "quillctl/address_books.h"
 #include "quillctl/import_source.h"
 #include "quillctl/name_table.h"

@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "contacts/entries.h"
 #include "contacts/lines.h"
 #include "contacts/writers.h"
+#include "entries/entries.h"
 
 namespace contacts {
 namespace {

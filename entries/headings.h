@@ -1,8 +1,8 @@
 // The meaning of the headings, attributes and properties that programs give to the parts of a
 // contact.
 
-#ifndef CONTACTS_HEADINGS_H_
-#define CONTACTS_HEADINGS_H_
+#ifndef ENTRIES_HEADINGS_H_
+#define ENTRIES_HEADINGS_H_
 
 #include <cstdint>
 #include <optional>
@@ -34,4 +34,4 @@ std::optional<Meaning> MeaningOfAttribute(std::string_view name);
 
 }  // namespace contacts
 
-#endif  // CONTACTS_HEADINGS_H_
+#endif  // ENTRIES_HEADINGS_H_

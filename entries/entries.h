@@ -1,7 +1,7 @@
 // The entries that a contact file holds for an address book.
 
-#ifndef CONTACTS_ENTRIES_H_
-#define CONTACTS_ENTRIES_H_
+#ifndef ENTRIES_ENTRIES_H_
+#define ENTRIES_ENTRIES_H_
 
 #include <cstdint>
 #include <istream>
@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "contacts/form.h"
-#include "contacts/mapping.h"
 #include "contacts/record.h"
+#include "entries/mapping.h"
 
 namespace contacts {
 
@@ -66,4 +66,4 @@ class EntryReader {
 
 }  // namespace contacts
 
-#endif  // CONTACTS_ENTRIES_H_
+#endif  // ENTRIES_ENTRIES_H_

@@ -1,4 +1,4 @@
-#include "contacts/mapping.h"
+#include "entries/mapping.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,4 +1,4 @@
-#include "contacts/headings.h"
+#include "entries/headings.h"
 
 #include <cstddef>
 #include <span>

@@ -1,4 +1,4 @@
-#include "contacts/entries.h"
+#include "entries/entries.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -1,7 +1,7 @@
 // Which values of a record become the fields of an entry.
 
-#ifndef CONTACTS_MAPPING_H_
-#define CONTACTS_MAPPING_H_
+#ifndef ENTRIES_MAPPING_H_
+#define ENTRIES_MAPPING_H_
 
 #include <cstddef>
 #include <optional>
@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "contacts/form.h"
-#include "contacts/headings.h"
 #include "contacts/record.h"
+#include "entries/headings.h"
 
 namespace contacts {
 
@@ -99,4 +99,4 @@ class Mapping {
 
 }  // namespace contacts
 
-#endif  // CONTACTS_MAPPING_H_
+#endif  // ENTRIES_MAPPING_H_
