@@ -7,7 +7,17 @@
 
 #include "contacts/ascii.h"
 
-namespace contacts {
+namespace entries {
+
+using contacts::Encoding;
+using contacts::Finding;
+using contacts::Form;
+using contacts::Format;
+using contacts::FormError;
+using contacts::IsBlank;
+using contacts::Problem;
+using contacts::Value;
+
 namespace {
 
 // Removes the apostrophe that keeps a spreadsheet from reading a formula.
@@ -28,7 +38,7 @@ EntryReader::EntryReader(std::istream& source, const Form& newForm, Mapping newM
     : form(newForm),
       mapping(std::move(newMapping)),
       options(newOptions),
-      reader(MakeReader(source, newForm)) {
+      reader(contacts::MakeReader(source, newForm)) {
   if (form.format != Format::kCsv) return;
   hasFirst = reader->Next(record);
   if (hasFirst && form.hasHeadings && record.fault.problem != nullptr) {
@@ -59,9 +69,9 @@ void EntryReader::SetEntry(Entry& entry) {
     entry.fault.heading = HeadingOf(record.fault.column, {});
   } else if (RepeatsHeadings()) {
     entry.isPassedOver = true;
-    entry.notes.push_back({.problem = &kRepeatedHeadings});
+    entry.notes.push_back({.problem = &contacts::kRepeatedHeadings});
   } else if (record.isGroup) {
-    entry.notes.push_back({.problem = &kGroup});
+    entry.notes.push_back({.problem = &contacts::kGroup});
   } else {
     mapping.Map(record, values, further);
     Check(entry);
@@ -88,7 +98,7 @@ bool EntryReader::RepeatsHeadings() const {
 void EntryReader::RejectExtraColumns(Entry& entry) const {
   for (const Value& each : record.Values()) {
     if (each.column > mapping.Headings().size() && !each.text.empty()) {
-      return Reject(entry, {.problem = &kExtraColumn, .column = each.column});
+      return Reject(entry, {.problem = &contacts::kExtraColumn, .column = each.column});
     }
   }
 }
@@ -105,23 +115,25 @@ void EntryReader::Check(Entry& entry) {
       std::ranges::all_of(values, [](const EntryValue& each) { return each.text.empty(); });
   if (isEmpty && form.format == Format::kLdif && entry.fault.problem == nullptr) {
     entry.isPassedOver = true;
-    entry.notes.push_back({.problem = &kOtherKind});
+    entry.notes.push_back({.problem = &contacts::kOtherKind});
     return;
   }
-  if (record.isFragment) Reject(entry, {.problem = &kBadLine});
+  if (record.isFragment) Reject(entry, {.problem = &contacts::kBadLine});
   for (std::size_t i = 1; i < fields.size(); ++i) {
-    if (fields[i].isRequired && IsBlank(values[i].text)) Reject(entry, {.problem = &kNoAddress});
+    if (fields[i].isRequired && IsBlank(values[i].text))
+      Reject(entry, {.problem = &contacts::kNoAddress});
   }
   if (IsBlank(name.text) && fields.size() > 1 && fields[1].isRequired) {
     name = values[1];
-    if (entry.fault.problem == nullptr) entry.notes.push_back({.problem = &kNameFromAddress});
+    if (entry.fault.problem == nullptr)
+      entry.notes.push_back({.problem = &contacts::kNameFromAddress});
   }
-  if (IsBlank(name.text)) Reject(entry, {.problem = &kNoName});
+  if (IsBlank(name.text)) Reject(entry, {.problem = &contacts::kNoName});
   for (const Value& each : record.Values()) {
-    if (each.fault == &kUrlReference)
-      entry.notes.push_back({&kUrlReference, each.column, each.name, 0});
+    if (each.fault == &contacts::kUrlReference)
+      entry.notes.push_back({&contacts::kUrlReference, each.column, each.name, 0});
   }
-  if (further.column != 0) entry.notes.push_back(FindingOf(kSecondAddress, further));
+  if (further.column != 0) entry.notes.push_back(FindingOf(contacts::kSecondAddress, further));
   for (std::size_t i = 0; i < fields.size() && entry.fault.problem == nullptr; ++i) {
     StoreValue(entry, i);
   }
@@ -133,14 +145,15 @@ void EntryReader::StoreValue(Entry& entry, std::size_t field) {
   std::string& stored = entry.values[field];
   if (value.isBytes || options.storeAs == Encoding::kUtf8) {
     stored = value.text;
-  } else if (!AppendWindows1252(stored, value.text)) {
-    return Reject(entry, FindingOf(kNotStorable, value));
+  } else if (!contacts::AppendWindows1252(stored, value.text)) {
+    return Reject(entry, FindingOf(contacts::kNotStorable, value));
   }
   if (stored.size() <= width) return;
-  if (!options.shorten || field != 0) return Reject(entry, FindingOf(kTooLong, value, width));
+  if (!options.shorten || field != 0)
+    return Reject(entry, FindingOf(contacts::kTooLong, value, width));
   const bool isUtf8 = options.storeAs == Encoding::kUtf8 && !value.isBytes;
-  stored.resize(isUtf8 ? CutUtf8(stored, width).size() : width);
-  entry.notes.push_back(FindingOf(kShortened, value, width));
+  stored.resize(isUtf8 ? contacts::CutUtf8(stored, width).size() : width);
+  entry.notes.push_back(FindingOf(contacts::kShortened, value, width));
 }
 
-}  // namespace contacts
+}  // namespace entries

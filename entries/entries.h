@@ -14,7 +14,7 @@
 #include "contacts/record.h"
 #include "entries/mapping.h"
 
-namespace contacts {
+namespace entries {
 
 // A record as an entry of the book.
 struct Entry {
@@ -22,21 +22,21 @@ struct Entry {
   std::uint64_t begin = 0;
   std::uint64_t end = 0;
   std::vector<std::string> values;  // one for each field, as they are stored
-  Finding fault;                    // why it cannot be imported
-  std::vector<Finding> notes;
+  contacts::Finding fault;          // why it cannot be imported
+  std::vector<contacts::Finding> notes;
   bool isPassedOver = false;  // not an entry for this book; a note tells why
 };
 
 struct EntryOptions {
-  Encoding storeAs = Encoding::kUtf8;  // or kWindows1252
-  bool shorten = false;                // cut names that are too long
+  contacts::Encoding storeAs = contacts::Encoding::kUtf8;  // or kWindows1252
+  bool shorten = false;                                    // cut names that are too long
 };
 
 class EntryReader {
  public:
   // Reads the source from its current position, which is the beginning of the file. Throws a
   // FormError as Mapping::SetColumns does. The source must outlive this object.
-  EntryReader(std::istream& source, const Form& newForm, Mapping newMapping,
+  EntryReader(std::istream& source, const contacts::Form& newForm, Mapping newMapping,
               const EntryOptions& newOptions);
 
   // Reads the next record. Returns false after the last one.
@@ -52,18 +52,19 @@ class EntryReader {
   void RejectExtraColumns(Entry& entry) const;
   // The heading of a column; `name` if it has none.
   std::string HeadingOf(unsigned column, std::string_view name) const;
-  Finding FindingOf(const Problem& problem, const EntryValue& value, std::size_t width = 0) const;
+  contacts::Finding FindingOf(const contacts::Problem& problem, const EntryValue& value,
+                              std::size_t width = 0) const;
 
-  const Form form;
+  const contacts::Form form;
   Mapping mapping;
   const EntryOptions options;
-  std::unique_ptr<Reader> reader;
+  std::unique_ptr<contacts::Reader> reader;
   bool hasFirst = false;  // whether `record` holds the first row of a csv file without headings
-  Record record;
+  contacts::Record record;
   std::vector<EntryValue> values;
   EntryValue further;
 };
 
-}  // namespace contacts
+}  // namespace entries
 
 #endif  // ENTRIES_ENTRIES_H_

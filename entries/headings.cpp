@@ -6,7 +6,11 @@
 
 #include "contacts/ascii.h"
 
-namespace contacts {
+namespace entries {
+
+using contacts::LowerCase;
+using contacts::Place;
+
 namespace {
 
 // Headings with one meaning, each between spaces, as Normalised() returns them.
@@ -96,4 +100,4 @@ std::optional<Meaning> MeaningOfAttribute(std::string_view name) {
   return Find(kAttributes, name);
 }
 
-}  // namespace contacts
+}  // namespace entries

@@ -10,7 +10,7 @@
 
 #include "contacts/record.h"
 
-namespace contacts {
+namespace entries {
 
 enum class Part : std::uint8_t { kName, kGivenName, kFamilyName, kEmail, kFax, kNote };
 
@@ -21,7 +21,7 @@ struct Meaning {
   // A heading such as "Nom", which means the whole name, or this part beside a column of the other
   // part of the name.
   std::optional<Part> beside = {};
-  Place place = Place::kNone;
+  contacts::Place place = contacts::Place::kNone;
 };
 
 // Returns the meaning of a heading of a csv file: in English, German, French, Spanish, Italian or
@@ -32,6 +32,6 @@ std::optional<Meaning> MeaningOfHeading(std::string_view heading);
 // "tel" means a fax number; it is for the caller to find out whether it is one.
 std::optional<Meaning> MeaningOfAttribute(std::string_view name);
 
-}  // namespace contacts
+}  // namespace entries
 
 #endif  // ENTRIES_HEADINGS_H_

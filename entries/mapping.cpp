@@ -7,7 +7,16 @@
 
 #include "contacts/ascii.h"
 
-namespace contacts {
+namespace entries {
+
+using contacts::BeginsInAnyCase;
+using contacts::EqualInAnyCase;
+using contacts::FormError;
+using contacts::Place;
+using contacts::Record;
+using contacts::Trimmed;
+using contacts::Value;
+
 namespace {
 
 // A field's own name as a heading: it counts if there is no other source.
@@ -319,4 +328,4 @@ std::string Mapping::SourceOf(std::size_t field) const {
   return text.empty() && source != nullptr ? source->source : text;
 }
 
-}  // namespace contacts
+}  // namespace entries

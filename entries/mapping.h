@@ -14,7 +14,7 @@
 #include "contacts/record.h"
 #include "entries/headings.h"
 
-namespace contacts {
+namespace entries {
 
 // A field of the address book. The first one is the name.
 struct Field {
@@ -35,7 +35,7 @@ struct FieldSource {
 struct EntryValue {
   std::string text;  // UTF-8, or bytes
   bool isBytes = false;
-  const Problem* fault = nullptr;
+  const contacts::Problem* fault = nullptr;
   unsigned column = 0;  // where it comes from
   std::string_view heading;
 };
@@ -43,18 +43,20 @@ struct EntryValue {
 class Mapping {
  public:
   // `newPlace` selects among several addresses. Throws a FormError if a source names no field.
-  Mapping(std::vector<Field> newFields, std::vector<FieldSource> newSources, Place newPlace);
+  Mapping(std::vector<Field> newFields, std::vector<FieldSource> newSources,
+          contacts::Place newPlace);
 
   // For a csv file. `record` is the line of headings, or the first row of a file without headings.
   // Throws a FormError if a source has no column, or a required field none.
-  void SetColumns(const Record& record, bool hasHeadings);
+  void SetColumns(const contacts::Record& record, bool hasHeadings);
 
   // Returns how many values of the record, as headings of a csv file, are known or are sources.
-  std::size_t KnownHeadings(const Record& record) const;
+  std::size_t KnownHeadings(const contacts::Record& record) const;
 
   // Stores a value for each field. If the record has several addresses (or fax numbers), stores
   // another one in `further`; otherwise its column is 0.
-  void Map(const Record& record, std::vector<EntryValue>& values, EntryValue& further) const;
+  void Map(const contacts::Record& record, std::vector<EntryValue>& values,
+           EntryValue& further) const;
 
   // Whether the headings of a csv file are the names of the book's fields and nothing else.
   bool IsOwnExport() const { return isOwnExport; }
@@ -81,7 +83,7 @@ class Mapping {
   class Addresses;
 
   std::optional<Use> UseOf(std::string_view name, unsigned column, bool isHeading) const;
-  std::optional<Use> UseOf(const Value& value, const Record& record) const;
+  std::optional<Use> UseOf(const contacts::Value& value, const contacts::Record& record) const;
   std::optional<Use> UseOfMeaning(std::string_view name, bool isHeading) const;
   std::optional<Use> UseOfField(std::string_view name) const;
   const FieldSource* SourceFor(std::size_t field) const;
@@ -91,12 +93,12 @@ class Mapping {
 
   std::vector<Field> fields;
   std::vector<FieldSource> sources;
-  Place place;
+  contacts::Place place;
   std::vector<std::string> headings;
   std::vector<std::optional<Use>> columns;  // of a csv file
   bool isOwnExport = false;
 };
 
-}  // namespace contacts
+}  // namespace entries
 
 #endif  // ENTRIES_MAPPING_H_

@@ -12,6 +12,11 @@
 namespace contacts {
 namespace {
 
+using entries::Entry;
+using entries::EntryOptions;
+using entries::EntryReader;
+using entries::Mapping;
+using entries::Part;
 using quillkit::Require;
 
 constexpr std::size_t kNameWidth = 31;

@@ -15,13 +15,13 @@ constexpr std::uint8_t kShortenedBit = 0x80;
 constexpr std::uint8_t kStatusBit = 0x40;
 constexpr std::uint8_t kLowBits = 0x3F;  // the outcome, or with kStatusBit the status
 
-bool HasShortenedName(const contacts::Entry& entry) {
+bool HasShortenedName(const entries::Entry& entry) {
   return std::ranges::any_of(entry.notes, [](const contacts::Finding& each) {
     return each.problem == &contacts::kShortened;
   });
 }
 
-bool IsCarriedByScript(const contacts::Entry& entry) {
+bool IsCarriedByScript(const entries::Entry& entry) {
   return std::ranges::none_of(entry.values, [](const std::string& each) {
     return each.find_first_of("\"\r\n") != each.npos;
   });
@@ -101,14 +101,14 @@ bool Import::HasValuesOf(const NameTable::Named& named,
 void Import::Survey(bool inScript) {
   asScript = inScript;
   Progress progress("Reading the file");
-  source.ForEach([&](contacts::Entry& entry) {
+  source.ForEach([&](entries::Entry& entry) {
     Decide(entry);
     progress.Step();
     return true;
   });
 }
 
-void Import::Decide(const contacts::Entry& entry) {
+void Import::Decide(const entries::Entry& entry) {
   const std::size_t row = outcomes.size();
   outcomes.push_back(static_cast<std::uint8_t>(Outcome::kRejected));
   ++counts[static_cast<std::size_t>(Outcome::kRejected)];
@@ -127,7 +127,7 @@ void Import::Decide(const contacts::Entry& entry) {
 }
 
 // Decides about the last row, whose name another row has.
-void Import::DecideDuplicate(const contacts::Entry& entry, NameTable::Named& first) {
+void Import::DecideDuplicate(const entries::Entry& entry, NameTable::Named& first) {
   const std::size_t row = outcomes.size() - 1;
   const bool isShortened = HasShortenedName(entry) || (outcomes[first.row] & kShortenedBit) != 0;
   if (!source.IsScript() && (isShortened || rule == OnDuplicate::kRefuse)) {
@@ -141,7 +141,7 @@ void Import::DecideDuplicate(const contacts::Entry& entry, NameTable::Named& fir
 }
 
 // Makes the last row the one that has the name.
-void Import::SetRow(NameTable::Named& named, const contacts::Entry& entry) const {
+void Import::SetRow(NameTable::Named& named, const entries::Entry& entry) const {
   named.row = static_cast<std::uint32_t>(outcomes.size() - 1);
   named.line = static_cast<std::uint32_t>(entry.line);
   named.hash = HashOfValues(entry.values);
@@ -173,7 +173,7 @@ void Import::Compare(const quillkit::CScanner& scanner, bool isCleared) {
       " cannot be read completely, so the result could not be verified; nothing was sent");
 }
 
-std::int32_t Import::SendRow(const quillkit::CScanner& scanner, const contacts::Entry& entry,
+std::int32_t Import::SendRow(const quillkit::CScanner& scanner, const entries::Entry& entry,
                              Outcome outcome) {
   if (outcome == Outcome::kToAdd) return book.add(book, scanner, entry.values);
   return book.change(book, scanner, entry.values.front(), [&](Row& row) {
@@ -190,7 +190,7 @@ bool Import::IsToSend(std::size_t row) const {
 }
 
 // Whether a row that is to be sent is the one that was surveyed. The file may have changed.
-bool Import::IsUnchanged(std::size_t row, const contacts::Entry& entry) {
+bool Import::IsUnchanged(std::size_t row, const entries::Entry& entry) {
   if (entry.fault.problem != nullptr || entry.isPassedOver) return false;
   const NameTable::Named* const named = names.Find(entry.values.front());
   return named != nullptr && named->row == row && HasValuesOf(*named, entry.values);
@@ -201,7 +201,7 @@ void Import::SendRows(const quillkit::CScanner& scanner,
   Progress progress("Sending", [&] { return ToSend(); });
   bool isEnded = false;
   std::size_t row = 0;
-  source.ForEach([&](contacts::Entry& entry) {
+  source.ForEach([&](entries::Entry& entry) {
     if (row == outcomes.size()) return false;
     const std::size_t current = row++;
     if (!IsToSend(current)) return true;
@@ -231,7 +231,7 @@ void Import::SendScript(quillkit::CScanner& scanner, bool clearFirst) {
   if (clearFirst) quillkit::WriteClearLine(writer, format);
   std::size_t row = 0;
   bool isUnchanged = true;
-  source.ForEach([&](contacts::Entry& entry) {
+  source.ForEach([&](entries::Entry& entry) {
     if (row == outcomes.size()) return false;
     isUnchanged = isUnchanged && (!IsToSend(row) || IsUnchanged(row, entry));
     if (IsToSend(row) || (source.IsScript() && !entry.values.empty())) {
@@ -270,9 +270,9 @@ void Import::Verify(const quillkit::CScanner& scanner) {
 void Import::ForEach(const Handler& handle) {
   std::size_t row = 0;
   bool isWanted = true;
-  contacts::Entry place;  // of rows that are no longer in the file
+  entries::Entry place;  // of rows that are no longer in the file
   place.values.resize(book.fields.size());
-  source.ForEach([&](contacts::Entry& entry) {
+  source.ForEach([&](entries::Entry& entry) {
     if (row == outcomes.size()) return false;
     rowStatus = StatusOf(row);
     place.line = entry.line;

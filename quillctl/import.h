@@ -71,7 +71,7 @@ class Import {
 
   // Passes each row with its outcome to the handler. Returns when that returns false. A row that is
   // no longer in the file has no values.
-  using Handler = std::function<bool(const contacts::Entry&, Outcome)>;
+  using Handler = std::function<bool(const entries::Entry&, Outcome)>;
   void ForEach(const Handler& handle);
 
   // The status with which the appliance refused the row that ForEach() passes; 0 if it did not.
@@ -99,19 +99,19 @@ class Import {
   std::size_t EntriesAfter() const { return entriesAfter; }
 
  private:
-  void Decide(const contacts::Entry& entry);
-  void DecideDuplicate(const contacts::Entry& entry, NameTable::Named& first);
+  void Decide(const entries::Entry& entry);
+  void DecideDuplicate(const entries::Entry& entry, NameTable::Named& first);
   void Set(std::size_t row, Outcome outcome);
   void SetRefused(std::size_t row, std::int32_t status);
-  void SetRow(NameTable::Named& named, const contacts::Entry& entry) const;
+  void SetRow(NameTable::Named& named, const entries::Entry& entry) const;
   // The status with which the appliance refused a row; 0 if it did not.
   std::int32_t StatusOf(std::size_t row) const;
   Outcome OutcomeOf(std::size_t row) const;
   NameTable::Hash HashOfValues(const std::vector<std::string>& values) const;
   bool HasValuesOf(const NameTable::Named& named, const std::vector<std::string>& values) const;
   bool IsToSend(std::size_t row) const;
-  bool IsUnchanged(std::size_t row, const contacts::Entry& entry);
-  std::int32_t SendRow(const quillkit::CScanner& scanner, const contacts::Entry& entry,
+  bool IsUnchanged(std::size_t row, const entries::Entry& entry);
+  std::int32_t SendRow(const quillkit::CScanner& scanner, const entries::Entry& entry,
                        Outcome outcome);
 
   ImportSource& source;

@@ -12,10 +12,10 @@
 namespace quillctl {
 namespace {
 
-using contacts::Part;
+using entries::Part;
 
-std::vector<contacts::Field> FieldsOf(const AddressBook& book) {
-  std::vector<contacts::Field> fields;
+std::vector<entries::Field> FieldsOf(const AddressBook& book) {
+  std::vector<entries::Field> fields;
   for (std::size_t i = 0; i < book.fields.size(); ++i) {
     std::optional<Part> part;
     if (i == 0) part = Part::kName;
@@ -55,14 +55,14 @@ class ContactSource : public ImportSource {
     sample.resize(static_cast<std::size_t>(stream.gcount()));
     file.RequireGood();
     form = Recognise(sample, KnownFormOf(request),
-                     std::bind_front(&contacts::Mapping::KnownHeadings, &mapping));
-    mapping = contacts::EntryReader(file.Rewind(), form, mapping, options).GetMapping();
+                     std::bind_front(&entries::Mapping::KnownHeadings, &mapping));
+    mapping = entries::EntryReader(file.Rewind(), form, mapping, options).GetMapping();
   }
 
   void ForEach(const RowHandler& handle) override {
     try {
-      contacts::EntryReader reader(file.Rewind(), form, mapping, options);
-      contacts::Entry entry;
+      entries::EntryReader reader(file.Rewind(), form, mapping, options);
+      entries::Entry entry;
       while (reader.Next(entry) && handle(entry)) {
       }
     } catch (const contacts::FormError&) {
@@ -107,18 +107,18 @@ class ContactSource : public ImportSource {
   bool IsJson() const { return form.format == contacts::Format::kJson; }
 
   ImportFile& file;
-  contacts::Mapping mapping;
-  contacts::EntryOptions options;
+  entries::Mapping mapping;
+  entries::EntryOptions options;
   contacts::Form form;
 };
 
 }  // namespace
 
-std::vector<contacts::FieldSource> ParseMap(const std::string& text, const AddressBook& book) {
+std::vector<entries::FieldSource> ParseMap(const std::string& text, const AddressBook& book) {
   std::istringstream source(text);
   contacts::CsvReader reader(source, contacts::Encoding::kUtf8, ',');
   contacts::Record record;
-  std::vector<contacts::FieldSource> sources;
+  std::vector<entries::FieldSource> sources;
   if (!reader.Next(record)) return sources;
   const auto isPair = [](const contacts::Value& each) {
     return each.text.find('=') != each.text.npos;
@@ -136,8 +136,8 @@ std::vector<contacts::FieldSource> ParseMap(const std::string& text, const Addre
     const std::string& value = values[i].text;
     const std::size_t equals = value.find('=');
     sources.push_back(arePairs
-                          ? contacts::FieldSource{value.substr(0, equals), value.substr(equals + 1)}
-                          : contacts::FieldSource{LowerCase(book.fields[i]), value});
+                          ? entries::FieldSource{value.substr(0, equals), value.substr(equals + 1)}
+                          : entries::FieldSource{LowerCase(book.fields[i]), value});
     if (sources.back().source == "-1") sources.back().source.clear();
   }
   return sources;

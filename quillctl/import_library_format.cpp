@@ -85,7 +85,7 @@ class RowMaker : public quillkit::RowObserver {
   const std::uint32_t format;
   std::istream& lines;  // the file, to find the positions of its lines
   const ImportSource::RowHandler& handle;
-  contacts::Entry entry;
+  entries::Entry entry;
   std::uint64_t line = 0;
   std::uint64_t position = 0;
 };
@@ -128,9 +128,9 @@ class LibrarySource : public ImportSource {
   bool IsDelimited() { return options().format == quillkit::ImportFormatDelimited; }
   std::int32_t Target() { return IsDelimited() ? options().targetBook : quillkit::TargetEmail; }
 
-  void SetColumns(const std::vector<contacts::FieldSource>& sources) {
+  void SetColumns(const std::vector<entries::FieldSource>& sources) {
     std::vector<std::int32_t> columns(book.fields.size(), -1);
-    for (const contacts::FieldSource& each : sources) {
+    for (const entries::FieldSource& each : sources) {
       const auto field = std::ranges::find(book.fields, each.field, LowerCase);
       std::int32_t column = -1;
       const char* const last = each.source.data() + each.source.size();

@@ -65,7 +65,7 @@ std::string ReasonOf(const contacts::Finding& finding) {
 
 // A statement about a row.
 struct Statement {
-  const contacts::Entry& entry;
+  const entries::Entry& entry;
   const contacts::Finding& finding;
   std::string reason;
 };
@@ -85,7 +85,7 @@ bool IsShown(Outcome outcome, bool dryRun) {
 
 // Passes the rejection of each rejected row, or the notes of all others, to the handler.
 void ForEachFinding(Import& run, bool rejections, const StatementHandler& handle) {
-  run.ForEach([&](const contacts::Entry& entry, Outcome outcome) {
+  run.ForEach([&](const entries::Entry& entry, Outcome outcome) {
     if (IsRejection(outcome) != rejections) return true;
     contacts::Finding of = {.problem = ProblemOf(outcome)};
     if (outcome == Outcome::kRejected) of = entry.fault;
@@ -174,7 +174,7 @@ void ShowEntries(Import& run, const AddressBook& book, bool dryRun, std::size_t 
   if (limit == 0) return;
   TextTable table(book.fields);
   std::size_t count = 0;
-  run.ForEach([&](const contacts::Entry& entry, Outcome outcome) {
+  run.ForEach([&](const entries::Entry& entry, Outcome outcome) {
     if (!IsShown(outcome, dryRun)) return true;
     table.AddRow(book.WithoutSecret(entry.values));
     return ++count < limit;
@@ -195,7 +195,7 @@ void ShowImportJson(Import& run, const ImportSource& source, const AddressBook& 
   std::cout << text.substr(0, text.rfind('\n'));
   {
     PrintedList entries("entries");
-    run.ForEach([&](const contacts::Entry& entry, Outcome outcome) {
+    run.ForEach([&](const entries::Entry& entry, Outcome outcome) {
       if (!IsShown(outcome, dryRun)) return true;
       Json json = {{"line", entry.line}};
       json.update(ShownRow(book.fields, book.WithoutSecret(entry.values)));
@@ -240,7 +240,7 @@ void WriteRejectedRows(const std::string& path, Import& run, const ImportSource&
   };
   std::vector<Part> parts;
   std::uint64_t first = std::numeric_limits<std::uint64_t>::max();
-  run.ForEach([&](const contacts::Entry& entry, Outcome outcome) {
+  run.ForEach([&](const entries::Entry& entry, Outcome outcome) {
     first = std::min(first, entry.begin);
     if (IsRejection(outcome)) parts.push_back({entry.begin, entry.end});
     return true;

@@ -25,7 +25,7 @@ class ImportSource {
   virtual ~ImportSource() = default;
 
   // Receives one row. The values are as they are stored. Returns false to receive no more.
-  using RowHandler = std::function<bool(contacts::Entry&)>;
+  using RowHandler = std::function<bool(entries::Entry&)>;
 
   // Passes each row to the handler, in the order of the file. Throws a Refusal if the file cannot
   // be read.
@@ -71,7 +71,7 @@ std::unique_ptr<ImportSource> OpenLibraryFormat(const ImportRequest& request,
 
 // Parses the text of --map. "2,10" names the columns of the fields in their order, and -1 is none;
 // "name=2,address=E-mail" names fields. Throws a UsageError for an invalid text.
-std::vector<contacts::FieldSource> ParseMap(const std::string& text, const AddressBook& book);
+std::vector<entries::FieldSource> ParseMap(const std::string& text, const AddressBook& book);
 }  // namespace quillctl
 
 #endif  // QUILLCTL_IMPORT_SOURCE_H_

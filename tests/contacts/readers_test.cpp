@@ -14,6 +14,11 @@
 namespace contacts {
 namespace {
 
+using entries::Entry;
+using entries::EntryOptions;
+using entries::EntryReader;
+using entries::Mapping;
+using entries::Part;
 using namespace std::string_literals;
 
 using List = std::vector<std::string>;
