@@ -1,7 +1,6 @@
 // The answer sheet of `quillctl check`: what an appliance answers to a fixed list of questions,
 // which do not depend on its entries.
 
-#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstdint>
@@ -31,11 +30,6 @@ constexpr const char* kFormatMember = "quillbox-answers";
 constexpr const char* kAbsent = "quillctl absent";  // no book and no entry has this name
 constexpr std::uint32_t kRoom = 4;
 constexpr std::size_t kMaxSheet = std::size_t{1} << 20;
-
-struct Answer {
-  std::string question;
-  std::string answer;  // the status and, if any, the count
-};
 
 // The arguments of a question, and the count that the call changes.
 struct Asked {
@@ -105,71 +99,57 @@ std::string Today() {
          twoDigits(static_cast<unsigned>(date.day()));
 }
 
-std::string TextMember(const Json& object, const char* name) {
-  const Json value = object.is_object() ? object.value(name, Json()) : Json();
-  if (!value.is_string()) throw UsageError(std::string("an answer has no text \"") + name + '"');
-  return value.get<std::string>();
-}
-
-const Answer* FindAnswer(const std::vector<Answer>& answers, const std::string& question) {
-  const auto found = std::ranges::find(answers, question, &Answer::question);
-  return found != answers.end() ? &*found : nullptr;
-}
-
-// Asks the appliance in the open session. Changes nothing on it.
-std::vector<Answer> AskAppliance(const Session& /*session*/) {
-  std::vector<Answer> answers;
+// Asks the appliance in the open session. Changes nothing on it. Returns an object that has each
+// question with the answer: the status and, if any, the count.
+Json AskAppliance(const Session& /*session*/) {
+  Json answers = Json::object();
   for (const Question& each : kQuestions) {
     Asked asked;
     std::string answer = CodeAndText(each.ask(asked));
     if (each.hasCount) answer += "; count " + std::to_string(asked.count);
-    answers.push_back({each.text, std::move(answer)});
+    answers[each.text] = std::move(answer);
   }
   return answers;
 }
 
 // Returns the sheet as JSON, with the version of Quillkit, the date and the identity of the
 // appliance.
-std::string SheetOf(const std::vector<Answer>& answers, const Session& session) {
+std::string SheetOf(const Json& answers, const Session& session) {
   Json sheet = {{kFormatMember, 1}, {"quillkit", QUILLKIT_VERSION}, {"date", Today()}};
   SetText(sheet, "model", quillkit::GetScannerModel(session.Scanner()));
   SetText(sheet, "version", quillkit::GetScannerVersion(session.Scanner()));
-  sheet["answers"] = Json::array();
-  for (const Answer& each : answers) {
-    sheet["answers"].push_back({{"question", each.question}, {"answer", each.answer}});
-  }
+  sheet["answers"] = answers;
   return sheet.dump(2) + '\n';
 }
 
-// Throws a UsageError for a file that is not a sheet.
-std::vector<Answer> ParseSheet(const std::string& json) {
-  const Json sheet = Json::parse(json, nullptr, false);
-  if (!sheet.is_object() || sheet.value(kFormatMember, Json()) != Json(1) ||
-      !sheet.contains("answers") || !sheet["answers"].is_array()) {
-    throw UsageError("not an answer sheet: \"quillbox-answers\": 1 or its answers are missing");
+// Returns the answers. Throws a UsageError for a file that is not a sheet.
+Json ParseSheet(const std::string& text) {
+  const Json sheet = Json::parse(text, nullptr, false);
+  if (sheet.is_object() && sheet.value(kFormatMember, Json()) == Json(1)) {
+    Json answers = sheet.value("answers", Json());
+    if (answers.is_object()) return answers;
   }
-  std::vector<Answer> answers;
-  for (const Json& each : sheet["answers"]) {
-    answers.push_back({TextMember(each, "question"), TextMember(each, "answer")});
-  }
-  return answers;
+  throw UsageError("not an answer sheet: \"quillbox-answers\": 1 or its answers are missing");
 }
 
 // Throws a Refusal that lists the questions with another answer, and those that only one sheet has.
-void RequireSame(const std::vector<Answer>& saved, const std::vector<Answer>& now) {
+void RequireSame(const Json& saved, const Json& now) {
   std::string differences;
-  const auto add = [&differences](const std::string& text) {
-    differences += (differences.empty() ? "" : "\n  ") + text;
+  const auto add = [&differences](const std::string& question, const std::string& text) {
+    differences += (differences.empty() ? "" : "\n  ") + DisplayedText(question) + ": " + text;
   };
-  for (const Answer& each : now) {
-    const Answer* const before = FindAnswer(saved, each.question);
-    if (before != nullptr && before->answer == each.answer) continue;
-    add(each.question + ": " + each.answer +
-        (before != nullptr ? "; in the file: " + before->answer : "; the file has no answer"));
+  const auto inFile = [&saved](const std::string& question) {
+    const Json& answer = saved[question];
+    return "; in the file: " +
+           DisplayedText(answer.is_string() ? answer.get<std::string>() : answer.dump());
+  };
+  for (const auto& [question, answer] : now.items()) {
+    if (saved.contains(question) && saved[question] == answer) continue;
+    add(question, answer.get<std::string>() +
+                      (saved.contains(question) ? inFile(question) : "; the file has no answer"));
   }
-  for (const Answer& each : saved) {
-    if (FindAnswer(now, each.question) != nullptr) continue;
-    add(each.question + ": not asked; in the file: " + each.answer);
+  for (const auto& [question, answer] : saved.items()) {
+    if (!now.contains(question)) add(question, "not asked" + inFile(question));
   }
   if (!differences.empty()) throw Refusal(differences);
 }
@@ -180,7 +160,7 @@ std::vector<Step> AnswerSteps(const std::string& savePath, const std::string& co
   std::vector<Step> steps;
   if (!savePath.empty()) {
     steps.push_back({"save the answers", [savePath](CheckRun& check) {
-                       const std::vector<Answer> answers = AskAppliance(check.OpenSession());
+                       const Json answers = AskAppliance(check.OpenSession());
                        WriteTextFile(savePath, SheetOf(answers, check.OpenSession()));
                        return Counted(answers.size(), "answer") + " in " + QuotedFileName(savePath);
                      }});
