@@ -16,11 +16,11 @@ constexpr std::string_view kGroupClasses[] = {
 }  // namespace
 
 bool LdifReader::BeginsEntry() const {
-  return BeginsInAnyCase(logical, "dn:");
+  return BeginsInAnyCase(logical.text, "dn:");
 }
 
 bool LdifReader::IsBlank() const {
-  return fault == nullptr && contacts::IsBlank(logical);
+  return logical.fault == nullptr && contacts::IsBlank(logical.text);
 }
 
 // Passes over comments.
@@ -28,44 +28,41 @@ bool LdifReader::ReadLogicalLine() {
   do {
     if (!hasPhysical && !lines.Next()) return false;
     hasPhysical = false;
-    logical = lines.Text();
-    fault = lines.Fault();
-    number = lines.Number();
-    begin = lines.Begin();
-    end = lines.End();
+    logical.Begin(lines);
     const bool isBlank = lines.IsBlank();
     while ((hasPhysical = lines.Next()) && !isBlank && lines.Text().starts_with(' ')) {
-      if (fault == nullptr) fault = lines.Fault();
-      if (logical.size() > kMaxRecord) fault = &kRecordTooLong;
-      if (fault == nullptr) logical += lines.Text().substr(1);
-      end = lines.End();
+      if (logical.fault == nullptr) logical.fault = lines.Fault();
+      if (logical.text.size() > kMaxRecord) logical.fault = &kRecordTooLong;
+      if (logical.fault == nullptr) logical.text += lines.Text().substr(1);
+      logical.end = lines.End();
     }
-  } while (logical.starts_with('#'));
+  } while (logical.text.starts_with('#'));
   return true;
 }
 
 bool LdifReader::Next(Record& record) {
   while (hasLogical || ReadLogicalLine()) {
     hasLogical = false;
-    if (IsBlank() || BeginsInAnyCase(logical, "version:")) continue;
-    record.Begin(number, begin);
+    if (IsBlank() || BeginsInAnyCase(logical.text, "version:")) continue;
+    record.Begin(logical.number, logical.begin);
     record.isFragment = !BeginsEntry();
     do {
       AddAttribute(record);
-      record.end = end;
+      record.end = logical.end;
       if (record.end - record.begin > kMaxRecord) record.SetFault(kRecordTooLong);
       hasLogical = ReadLogicalLine();
     } while (hasLogical && !BeginsEntry() && !IsBlank());
-    if (hasLogical && IsBlank()) record.end = end;  // so that records can be put one after another
+    // With the blank line, so that records can be put one after another.
+    if (hasLogical && IsBlank()) record.end = logical.end;
     return true;
   }
   return false;
 }
 
 void LdifReader::AddAttribute(Record& record) const {
-  if (fault != nullptr) record.SetFault(*fault);
+  if (logical.fault != nullptr) record.SetFault(*logical.fault);
   if (record.fault.problem != nullptr) return;
-  const std::string_view line = logical;
+  const std::string_view line = logical.text;
   const std::size_t colon = line.find(':');
   const std::string_view description = line.substr(0, colon);
   if (colon == line.npos || description.empty() || description.starts_with(' ') ||

@@ -4,9 +4,7 @@
 #ifndef CONTACTS_LDIF_READER_H_
 #define CONTACTS_LDIF_READER_H_
 
-#include <cstdint>
 #include <istream>
-#include <string>
 #include <string_view>
 
 #include "contacts/lines.h"
@@ -34,13 +32,7 @@ class LdifReader : public Reader {
   const Encoding encoding;
   bool hasPhysical = false;  // whether the line of `lines` is not used yet
   bool hasLogical = false;   // whether the logical line is not used yet
-
-  // The logical line: lines without their folds.
-  std::string logical;
-  const Problem* fault = nullptr;
-  std::uint64_t number = 0;
-  std::uint64_t begin = 0;
-  std::uint64_t end = 0;
+  LogicalLine logical;       // without the folds
 };
 
 }  // namespace contacts

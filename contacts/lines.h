@@ -70,6 +70,24 @@ class Lines {
   std::uint64_t end = 0;
 };
 
+// A line with the lines that continue it.
+struct LogicalLine {
+  // Sets everything from the current line of the file.
+  void Begin(const Lines& lines) {
+    text = lines.Text();
+    fault = lines.Fault();
+    number = lines.Number();
+    begin = lines.Begin();
+    end = lines.End();
+  }
+
+  std::string text;
+  const Problem* fault = nullptr;
+  std::uint64_t number = 0;
+  std::uint64_t begin = 0;
+  std::uint64_t end = 0;
+};
+
 }  // namespace contacts
 
 #endif  // CONTACTS_LINES_H_

@@ -142,44 +142,42 @@ bool VcardReader::ReadLogicalLine() {
     // The character set of a property decides about its bytes.
     return lines.Fault() == &kNotDecodable && !isUtf16 ? nullptr : lines.Fault();
   };
-  logical = RawText();
-  fault = usedFault();
-  number = lines.Number();
-  begin = lines.Begin();
-  end = lines.End();
-  const std::string name = NameOf(logical);
+  logical.Begin(lines);
+  logical.text = RawText();
+  logical.fault = usedFault();
+  const std::string name = NameOf(logical.text);
   const bool isIgnored = std::ranges::find(kIgnored, name) != std::end(kIgnored);
   const auto hasSoftBreak = [&] {
-    return RawText().ends_with('=') && Property(logical).isQuotedPrintable;
+    return RawText().ends_with('=') && Property(logical.text).isQuotedPrintable;
   };
   bool isSoft = hasSoftBreak();
   while ((hasPhysical = lines.Next())) {
     std::string_view text = RawText();
     if (!isSoft && !text.starts_with(' ') && !text.starts_with('\t')) break;
-    end = lines.End();
-    if (fault == nullptr) fault = usedFault();
-    if (isIgnored || logical.size() > kMaxRecord) text = {};
-    if (!isIgnored && logical.size() > kMaxRecord) fault = &kRecordTooLong;
-    if (isSoft && logical.ends_with('=')) logical.pop_back();
+    logical.end = lines.End();
+    if (logical.fault == nullptr) logical.fault = usedFault();
+    if (isIgnored || logical.text.size() > kMaxRecord) text = {};
+    if (!isIgnored && logical.text.size() > kMaxRecord) logical.fault = &kRecordTooLong;
+    if (isSoft && logical.text.ends_with('=')) logical.text.pop_back();
     if (!isSoft && !isOld && !text.empty()) text.remove_prefix(1);
-    logical += text;
+    logical.text += text;
     isSoft = hasSoftBreak();
   }
-  if (isIgnored) logical.clear();
+  if (isIgnored) logical.text.clear();
   return true;
 }
 
 bool VcardReader::Is(std::string_view property) const {
-  return BeginsInAnyCase(logical, property) &&
-         IsBlank(std::string_view(logical).substr(property.size()));
+  return BeginsInAnyCase(logical.text, property) &&
+         IsBlank(std::string_view(logical.text).substr(property.size()));
 }
 
 bool VcardReader::Next(Record& record) {
   while (hasLogical || ReadLogicalLine()) {
     hasLogical = false;
-    if (IsBlank(logical) && fault == nullptr) continue;
-    record.Begin(number, begin);
-    record.end = end;
+    if (IsBlank(logical.text) && logical.fault == nullptr) continue;
+    record.Begin(logical.number, logical.begin);
+    record.end = logical.end;
     if (Is("begin:vcard")) {
       ReadCard(record);
     } else {
@@ -192,8 +190,8 @@ bool VcardReader::Next(Record& record) {
 
 // Makes one record of everything up to the next card.
 void VcardReader::PassOver(Record& record) {
-  record.SetFault(fault != nullptr ? *fault : kBadLine);
-  while ((hasLogical = ReadLogicalLine()) && !Is("begin:vcard")) record.end = end;
+  record.SetFault(logical.fault != nullptr ? *logical.fault : kBadLine);
+  while ((hasLogical = ReadLogicalLine()) && !Is("begin:vcard")) record.end = logical.end;
 }
 
 void VcardReader::ReadCard(Record& record) {
@@ -204,18 +202,18 @@ void VcardReader::ReadCard(Record& record) {
       hasLogical = true;
       break;
     }
-    record.end = end;
+    record.end = logical.end;
     if (Is("end:vcard")) return;
-    size += logical.size();
+    size += logical.text.size();
     if (size > kMaxRecord) record.SetFault(kRecordTooLong);
-    if (fault != nullptr) record.SetFault(*fault);
-    if (record.fault.problem == nullptr && !logical.empty()) AddProperty(record);
+    if (logical.fault != nullptr) record.SetFault(*logical.fault);
+    if (record.fault.problem == nullptr && !logical.text.empty()) AddProperty(record);
   }
   record.SetFault(kTruncated);
 }
 
 void VcardReader::AddProperty(Record& record) {
-  const Property property(logical);
+  const Property property(logical.text);
   if (!property.hasColon || property.name.empty()) {
     record.SetFault(kBadLine);
     return;

@@ -4,9 +4,7 @@
 #ifndef CONTACTS_VCARD_READER_H_
 #define CONTACTS_VCARD_READER_H_
 
-#include <cstdint>
 #include <istream>
-#include <string>
 #include <string_view>
 
 #include "contacts/lines.h"
@@ -40,13 +38,7 @@ class VcardReader : public Reader {
   bool hasLogical = false;   // whether the logical line is not used yet
   bool isOld = false;        // whether the card has version 2.1
   bool hadEscape = false;    // whether a value of the card had an escape of the other versions
-
-  // The logical line: bytes of lines without their folds.
-  std::string logical;
-  const Problem* fault = nullptr;
-  std::uint64_t number = 0;
-  std::uint64_t begin = 0;
-  std::uint64_t end = 0;
+  LogicalLine logical;       // bytes, without the folds
 };
 
 }  // namespace contacts
