@@ -112,3 +112,20 @@ check_threads() {
   cmake --build build/threads --target quillkit_c_threads
   build/threads/bin/quillkit_c_threads "$1"
 }
+
+# check_32_bits: builds the tests for 32 bits with the sanitizers and runs them. On a machine that runs
+# no 32-bit programs, says so and succeeds.
+check_32_bits() {
+  local probe
+  install_packages g++-multilib lib32asan8 lib32ubsan1 googletest
+  probe=$(mktemp -d)
+  if ! { echo 'int main() { return 0; }' | g++ -m32 -x c++ - -o "$probe/probe" && "$probe/probe"; } 2>/dev/null; then
+    rm -rf "$probe"
+    echo "*** THIS MACHINE RUNS NO 32-BIT PROGRAMS. The tests did not run at 32 bits. ***"
+    return 0
+  fi
+  rm -rf "$probe"
+  build sanitizers32 build/sanitizers32 -D QUILLKIT_BUILD_EXAMPLES=OFF
+  run_tests "32 bits, tests" build/sanitizers32/bin/quillkit_tests
+  run_tests "32 bits, memory" build/sanitizers32/bin/quillkit_memory_tests
+}
