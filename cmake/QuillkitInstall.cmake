@@ -137,4 +137,4 @@ endif()
 set(documents ${CMAKE_INSTALL_DATADIR}/doc/quillkit)
 install(FILES README.md CHANGELOG.md SECURITY.md DESTINATION ${documents} COMPONENT Documents)
 install(DIRECTORY docs DESTINATION ${documents} COMPONENT Documents
-        FILES_MATCHING PATTERN "*.md" PATTERN reference EXCLUDE)
+        FILES_MATCHING PATTERN "*.md" PATTERN "*.svg" PATTERN reference EXCLUDE)
