@@ -1,5 +1,5 @@
 // Timers of the calling thread. Nothing here measures time: a timer that has to run gets the time
-// it needs, and one that must not run gets several periods in which it could.
+// it needs, and one that must not run gets several periods to do so.
 
 #include "platform/thread_timer.h"
 
