@@ -18,4 +18,5 @@ file(WRITE ${documents}/changelog
  -- ${CPACK_PACKAGE_CONTACT}  ${now}
 ")
 execute_process(COMMAND gzip -9n ${documents}/changelog ${share}/man/man1/quillctl.1
+                        ${share}/man/man1/quillbox.1
                 COMMAND_ERROR_IS_FATAL ANY)
