@@ -1,5 +1,5 @@
-// The header-only csv libraries read the whole file into memory, or do not report in which line a
-// row begins.
+// The header-only csv libraries read the whole file into memory, or do not report the line of a
+// row.
 
 #include "contacts/csv_reader.h"
 

@@ -70,7 +70,7 @@ bool HasDigitOrAt(const Record& record) {
   });
 }
 
-// Sets what the first row tells of a reading.
+// Sets the members that depend on the first row.
 void SetFirstRow(Reading& reading, const Record& row, const HeadingCounter& countKnown) {
   reading.known = countKnown(row);
   reading.columns = row.Values().size();

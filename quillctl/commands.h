@@ -92,7 +92,7 @@ std::string Nearest(std::string_view word, const std::vector<std::string>& candi
 // Adds --json.
 void AddJson(CLI::App* command, bool& into);
 
-// Adds --json and --json-lines, of which only one can be given.
+// Adds --json and --json-lines. Only one of them can be given.
 void AddJsonLines(CLI::App* command, bool& json, bool& lines);
 
 // Add the commands of each family.

@@ -25,7 +25,7 @@ struct Consent {
   bool dryRun = false;
 };
 
-// Adds --yes and --dry-run, of which only one can be given.
+// Adds --yes and --dry-run. Only one of them can be given.
 void AddConsent(CLI::App* command, Consent& into);
 
 // Returns true after Confirm() with the action, such as "Delete 3 entries", as a question. In a dry

@@ -74,7 +74,7 @@ class Import {
   using Handler = std::function<bool(const entries::Entry&, Outcome)>;
   void ForEach(const Handler& handle);
 
-  // The status with which the appliance refused the row that ForEach() passes; 0 if it did not.
+  // The appliance's status for the row that ForEach() passes; 0 if it did not refuse the row.
   std::int32_t RowStatus() const { return rowStatus; }
 
   std::size_t Rows() const { return outcomes.size(); }
@@ -91,7 +91,7 @@ class Import {
   // The line of the row that has the name of this one.
   std::uint64_t LineOfName(const std::string& name);
 
-  // The last status other than 0 with which the appliance refused a row; 0 if there is none.
+  // The last status of a refused row; 0 if the appliance refused none.
   std::int32_t LastStatus() const { return lastStatus; }
 
   // The entries of the book before and after the import.
@@ -104,7 +104,7 @@ class Import {
   void Set(std::size_t row, Outcome outcome);
   void SetRefused(std::size_t row, std::int32_t status);
   void SetRow(NameTable::Named& named, const entries::Entry& entry) const;
-  // The status with which the appliance refused a row; 0 if it did not.
+  // The appliance's status for a row; 0 if it did not refuse the row.
   std::int32_t StatusOf(std::size_t row) const;
   Outcome OutcomeOf(std::size_t row) const;
   NameTable::Hash HashOfValues(const std::vector<std::string>& values) const;

@@ -318,8 +318,7 @@ void AddBookOptions(CLI::App* command, ImportRequest& into) {
       ->add_option("--book", into.book,
                    "The book (default: email; for other accounts than ADMINISTRATOR: private)")
       ->check(CLI::IsMember(AllBookWords()));
-  command
-      ->add_option("--store-as", into.storeAs, "The encoding in which the appliance stores texts")
+  command->add_option("--store-as", into.storeAs, "The encoding of the texts on the appliance")
       ->check(CLI::IsMember({"utf-8", "windows-1252"}))
       ->capture_default_str();
   command->add_flag("--shorten", into.shorten, "Shorten names that are too long, and report them");

@@ -103,7 +103,7 @@ std::string ImportEntry(CheckRun& check) {
   return "the entry was deleted again";
 }
 
-// Waits for two periods of the appliance, in which the library makes only keep-alive calls.
+// Waits for two periods of the appliance. Meanwhile the library makes only keep-alive calls.
 std::string KeepAlive(CheckRun& check) {
   check.OpenSession();
   quillkit::IOCtlRecord request;

@@ -278,7 +278,7 @@ constexpr Directive kDirectives[] = {
     {"journal", ReadJournal},
 };
 
-// What a line sets, of which there can be one: the directive, or the directive and its name.
+// What only one line can set: the directive, or the directive and its name.
 std::string SubjectOf(const Directive& directive, ScenarioLine line) {
   std::string subject(directive.word);
   if (directive.repeated == Repeated::kNever || line.IsAtEnd()) return subject;
