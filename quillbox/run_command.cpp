@@ -1,6 +1,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
+#include <optional>
 #include <random>
 #include <system_error>
 
@@ -124,11 +125,12 @@ int Run(const RunOptions& options) {
   Contents contents;
   Require(options.scenario, ReadBeginning(scenario.begin, contents), kExitNotStarted);
   const std::vector<std::string> faults = AllFaults(scenario);
+  DeferTermination();
   const RunFolder folder(options.keep);
   SetEnvironment(options, scenario, folder);
-  const int status = RunProgram(options.command);
-  if (status < 0) throw CommandFailure("cannot run " + options.command[0], kExitNotStarted);
-  return Judge(status, folder.PathOf("report"), faults, scenario.mayHaveUnfiredFaults);
+  const std::optional<int> status = RunProgram(options.command);
+  if (!status) throw CommandFailure("cannot run " + options.command[0], kExitNotStarted);
+  return Judge(*status, folder.PathOf("report"), faults, scenario.mayHaveUnfiredFaults);
 }
 
 }  // namespace quillbox

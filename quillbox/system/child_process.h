@@ -3,6 +3,7 @@
 #ifndef QUILLBOX_SYSTEM_CHILD_PROCESS_H_
 #define QUILLBOX_SYSTEM_CHILD_PROCESS_H_
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,10 +17,14 @@ extern const char kLibraryPathSeparator;
 // Sets a variable of this process, which its children inherit.
 void SetVariable(const char* name, const std::string& value);
 
-// Runs a program, which is searched as a shell does, and waits for its end. Meanwhile, an interrupt
-// from the terminal ends only the program. Returns its exit status, or 128 and the number of the
-// signal that ended it; -1 if it cannot be started.
-int RunProgram(const std::vector<std::string>& command);
+// From now on, a request to end this process does not end it: on POSIX the signals SIGHUP, SIGINT,
+// SIGQUIT and SIGTERM, on Windows what the console sends. Call it before RunProgram.
+void DeferTermination();
+
+// Runs a program, which is searched as a shell does, and waits for its end. Passes the requests to
+// end to it, unless the terminal or the console sends them to all programs. Returns its exit
+// status, or 128 and the number of the signal that ended it; nothing if it cannot be started.
+std::optional<int> RunProgram(const std::vector<std::string>& command);
 
 }  // namespace quillbox
 
