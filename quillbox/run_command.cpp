@@ -92,13 +92,12 @@ std::vector<std::string> AllFaults(const Scenario& scenario) {
 // Reports what the run lacks. Returns the status of a run whose application has this one.
 int Judge(int application, const std::string& report, const std::vector<std::string>& faults,
           bool mayBeUnfired) {
-  std::error_code failure;
-  if (!fs::exists(report, failure)) {
+  const RunResult result = ReadRunReport(report);
+  if (result.hasMistake) return kExitNotStarted;  // the simulator has reported it
+  if (!result.isUsed) {
     std::cerr << "quillbox: the application made no call to the simulated appliance\n";
     return application != 0 ? application : kExitUnused;
   }
-  const RunResult result = ReadRunReport(report);
-  if (result.hasMistake) return kExitNotStarted;  // the simulator has reported it
   if (result.openSessions != 0) {
     std::cerr << "quillbox: sessions that were not closed: " << result.openSessions << '\n';
   }

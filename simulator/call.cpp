@@ -17,6 +17,12 @@ bool WaitForAnswer(Appliance& appliance, std::string_view entryPoint, std::uint3
   return isInTime;
 }
 
+// Whether a call is for the appliance. Quillkit starts and ends the server library in any process
+// that loads it.
+bool IsForAppliance(std::string_view entryPoint) {
+  return entryPoint != "IMSPInit" && entryPoint != "IMSPTerminate";
+}
+
 // Returns the status of a call that does not run.
 std::optional<Status> Refusal(Appliance& appliance, const ServedCall& entry,
                               const FaultEffect& effect) {
@@ -51,6 +57,7 @@ CallStart StartCall(Appliance& appliance, const ServedCall& entry, CallFacts fac
     start.fault = fault->text;
     appliance.report.AddFault(fault->text);
   }
+  if (fault != nullptr || IsForAppliance(entry.name)) appliance.report.SetUsed();
   appliance.defects.SetForCall(effect.defects);
   start.refusal = Refusal(appliance, entry, effect);
   start.isReplyLost = effect.isReplyLost && !start.refusal;

@@ -11,6 +11,7 @@ namespace quillbox {
 namespace {
 
 constexpr std::string_view kMistake = "mistake";
+constexpr std::string_view kUsed = "used";
 constexpr std::string_view kFault = "fault ";
 constexpr std::string_view kSession = "session ";
 
@@ -26,6 +27,11 @@ std::string RunReport::Open(const std::string& newPath) {
 
 void RunReport::AddMistake() const {
   Add(std::string(kMistake) + '\n');
+}
+
+void RunReport::SetUsed() {
+  if (!isUsed) Add(std::string(kUsed) + '\n');
+  isUsed = true;
 }
 
 void RunReport::AddFault(const std::string& text) const {
@@ -57,6 +63,8 @@ RunResult ReadRunReport(const std::string& path) {
       sessions[line.substr(0, line.rfind(' '))] = line.ends_with('1');
     } else if (line == kMistake) {
       result.hasMistake = true;
+    } else if (line == kUsed) {
+      result.isUsed = true;
     }
   }
   result.openSessions = static_cast<std::size_t>(

@@ -2,6 +2,7 @@
 // lines.
 //
 //   mistake               the process cannot use its environment
+//   used                  the process has made a call for the appliance
 //   fault TEXT            this fault has fired
 //   session PROCESS 1     the process has opened its session
 //   session PROCESS 0     the process, or the appliance, has closed it
@@ -24,6 +25,7 @@ class RunReport {
 
   // Without a file, these do nothing.
   void AddMistake() const;
+  void SetUsed();
   void AddFault(const std::string& text) const;
   void SetSession(bool isOpen);
 
@@ -32,6 +34,7 @@ class RunReport {
 
   std::string path;
   std::string process;  // distinguishes the processes of a run
+  bool isUsed = false;
   bool hasSession = false;
 };
 
@@ -40,6 +43,7 @@ struct RunResult {
   std::set<std::string> fired;   // the texts of the faults
   std::size_t openSessions = 0;  // that no process closed
   bool hasMistake = false;       // in the environment of a process
+  bool isUsed = false;           // whether a process made a call for the appliance
 };
 
 RunResult ReadRunReport(const std::string& path);
