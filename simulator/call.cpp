@@ -48,7 +48,7 @@ CallStart StartCall(Appliance& appliance, const ServedCall& entry, CallFacts fac
   }
   appliance.clock.Advance(appliance.settings.clockStep);
   facts.entryPoint = entry.name;
-  if (facts.account.empty()) facts.account = appliance.session.User();
+  if (facts.account.empty() && appliance.HasSession()) facts.account = appliance.session.User();
   facts.time = static_cast<std::uint64_t>(appliance.clock.Elapsed().count());
   const Fault* const fault = appliance.faults.CountCall(facts);
   const FaultEffect effect = fault != nullptr ? fault->effect : FaultEffect();

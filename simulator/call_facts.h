@@ -19,7 +19,7 @@ struct CallFacts {
   BookKind kind = BookKind::kNone;  // of the book; kNone without one
   std::string book;                 // its name
   std::string name;                 // of the entry, or of the user to change to
-  std::string account;              // of the session, or the one that logs in
+  std::string account;              // whose rights apply, or the one that logs in
   std::uint64_t time = 0;           // milliseconds since the first call of the process
 
   // Adds what an argument contains.

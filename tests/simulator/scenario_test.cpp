@@ -112,6 +112,10 @@ TEST_F(ScenarioTest, MakesTheCallsFailThatAFaultDescribes) {
        "0 8 8 "},
       {"fault IMSPWakeup account GUEST status 8", "Wakeup,Login GUEST '',Wakeup", "0 0 8 "},
       {"fault IMSPLogin account GUEST status 8", "Login GUEST '',Login TOOLKIT KELP", "8 0 "},
+      {"fault IMSPWakeup account TOOLKIT status 8", "Wakeup,ChangeIdentity TOOLKIT,Wakeup",
+       "0 0 8 "},
+      {"unfired allowed\nkeep-alive 1\nfault IMSPWakeup account ADMINISTRATOR status 8", "Wakeup",
+       "10 "},  // the session is dropped
       {"fault IMSPCreateEntry nth 1 reply lost", "CreateEntry 1: Ann,CreateEntry 1: Ann", "19 14 "},
       {"fault IMSPWakeup nth 2 session lost", wake, "0 10 10 10 "},
       {"fault * after 3000 session lost\nclock simulated step 1000", wake, "0 10 10 10 "},
