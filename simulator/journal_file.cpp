@@ -1,6 +1,10 @@
 #include "simulator/journal_file.h"
 
+#include <filesystem>
+#include <system_error>
+
 #include "simulator/escaped_text.h"
+#include "simulator/system/file_lock.h"
 #include "simulator/warning.h"
 
 namespace quillbox {
@@ -49,12 +53,15 @@ std::optional<JournalForm> JournalFormOf(std::string_view name) {
 
 std::string JournalFile::Open(const std::string& path, JournalForm newForm) {
   form = newForm;
+  std::error_code failure;
+  keptPath = std::filesystem::absolute(path, failure).string();
   file.open(path, std::ios::binary | std::ios::app);
   return file.is_open() ? "" : "cannot open the file";
 }
 
 void JournalFile::Add(const JournalLine& line) {
   if (!file) return;
+  const FileLock lock(keptPath);  // as in RunReport
   switch (form) {
     case JournalForm::kPlain:
       file << Escaped(line.call) << " = " << line.status;

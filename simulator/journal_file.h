@@ -43,6 +43,7 @@ class JournalFile {
 
  private:
   std::ofstream file;
+  std::string keptPath;
   JournalForm form = JournalForm::kPlain;
 };
 

@@ -7,6 +7,8 @@
 #include <random>
 #include <system_error>
 
+#include "simulator/system/file_lock.h"
+
 namespace quillbox {
 namespace {
 
@@ -44,9 +46,11 @@ void RunReport::SetSession(bool isOpen) {
   Add(std::string(kSession) + process + (isOpen ? " 1\n" : " 0\n"));
 }
 
-// Opens the file for each line: the lines of all processes follow each other.
+// Opens the file for each line: the lines of all processes follow each other. Without the lock, two
+// processes that append at the same time overwrite each other's lines on Windows.
 bool RunReport::Add(const std::string& line) const {
   if (!IsOpen()) return true;
+  const FileLock lock(path);
   std::ofstream file(path, std::ios::binary | std::ios::app);
   file << line;
   return !file.flush().fail();

@@ -43,8 +43,12 @@ constexpr const char* kCannotLock = "cannot lock the file";
 }  // namespace
 
 std::string ReadStateFile(const std::string& path, Contents& contents) {
+  std::error_code failure;
+  FileLock lock;
+  if (fs::exists(LockPath(path), failure)) lock = FileLock(LockPath(path));
   std::string text;
   std::string fault = ReadFrom(path, 0, text);
+  lock = FileLock();
   return fault.empty() ? ReadState(text, contents) : fault;
 }
 

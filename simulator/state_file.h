@@ -16,8 +16,9 @@
 
 namespace quillbox {
 
-// Fills contents that are in the initial state from the file at `path`, without a lock. Returns an
-// empty text, or the description of an error; then discard the contents.
+// Fills contents that are in the initial state from the file at `path`. Processes that use the file
+// wait until it is read: on Windows, they could not replace it. Returns an empty text, or the
+// description of an error; then discard the contents.
 std::string ReadStateFile(const std::string& path, Contents& contents);
 
 class StateFile {
