@@ -53,7 +53,6 @@ void CheckNames(const Mistakes& mistakes) {
 // Applies the scenario and returns it. Without one, returns one that has no files.
 Scenario ReadScenarioVariable(Appliance& appliance, const Mistakes& mistakes) {
   Scenario scenario;
-  scenario.journalForm = JournalForm::kPlain;
   const std::string path = Variable(kScenarioVariable);
   if (path.empty()) return scenario;
   std::string fault = ReadScenario(path, scenario);

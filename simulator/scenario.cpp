@@ -244,8 +244,7 @@ void ReadUnfired(ScenarioLine& line, Scenario& scenario) {
 
 void ReadJournal(ScenarioLine& line, Scenario& scenario) {
   scenario.journal = line.Text("a file");
-  if (line.IsAtEnd()) return;
-  const std::string word = line.Text("a form");
+  const std::string word = line.IsAtEnd() ? "text" : line.Text("a form");
   const auto form = JournalFormOf(word);
   if (!form) throw ScenarioError("unknown form \"" + word + "\" of the journal");
   scenario.journalForm = *form;

@@ -33,7 +33,7 @@ struct Scenario {
   bool mayHaveUnfiredFaults = false;
   std::string state;  // the paths of the state file and the journal file, or ""
   std::string journal;
-  JournalForm journalForm = JournalForm::kTimed;
+  JournalForm journalForm = JournalForm::kPlain;  // also without a journal
 };
 
 // Reads a file. A relative path in it is relative to the folder of the file. Returns an empty text,
