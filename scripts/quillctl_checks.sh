@@ -8,6 +8,7 @@
 # shellcheck shell=bash
 
 transcript=tests/quillctl/transcript
+sessions=("$transcript"/*.txt)
 
 # check_quillctl FOLDER: compares two runs of the quillctl in the folder with the transcript, the
 # second one with a server library that has no entry points but those of a real one. Also tests
@@ -129,17 +130,41 @@ END
   [ "$status" = 0 ] && echo "quillctl finds names in Windows-1252 that are typed in UTF-8"
 }
 
-# check_quillctl_exe FOLDER: compares one run of quillctl.exe with the transcript. All commands run in
-# one Wine process, which is faster.
-check_quillctl_exe() {
-  write_session "$1" quillctl_session.bat \
+# check_commands_exe FOLDER: compares one run of quillctl.exe with the transcript, and one of
+# quillbox.exe with its own; scripts/check_quillbox tests quillbox on Linux. All commands run in one Wine
+# process, which is faster.
+check_commands_exe() {
+  local sessions=("${sessions[@]}" tests/quillbox/session.txt)
+  write_session "$1" commands.bat \
     -e "h; s|[<>]|^&|g; s|^\$ .*|@echo &|p; g" \
-    -e "s|^\$ quillctl \(.*\)|@quillctl.exe \1 2>\&1\\n@echo status %errorlevel%|p" \
+    -e "s|^\$ \(quill[a-z]*\) \(.*\)|@\1.exe \2 2>\&1\\n@echo status %errorlevel%|p" \
     -e "s|^\$ set |@set |p" \
     -e "s|^\$ show |@type |p"
   clean_session "$1"
-  echo '@exit 0' >>"$1/quillctl_session.bat"  # instead of the status of the last run
-  in_wine "$1" cmd /c quillctl_session.bat </dev/null | compare_transcript "$1" 1
+  write_scenarios "$1"
+  echo '@exit 0' >>"$1/commands.bat"  # instead of the status of the last run
+  in_wine "$1" cmd /c commands.bat </dev/null | compare_transcript "$1" 1
+}
+
+# write_scenarios FOLDER: creates the files of the runs of quillbox.exe.
+write_scenarios() {
+  local i
+  printf '%s\n' 'quillbox scenario 1' 'bgin empty' >"$1/session_misspelt"
+  printf '%s\n' 'quillbox scenario 1' 'begin empty' 'fault IMSPCreateEntry nth 3 status 8' \
+    >"$1/session_third"
+  printf '%s\n' 'quillbox scenario 1' 'begin session_dump' 'fault IMSPCreateEntry nth 3 status 8' \
+    >"$1/session_unfired"
+  printf '%s\n' 'quillbox scenario 1' 'begin session_dump' >"$1/session_begun"
+  printf '%s\n' 'quillbox scenario 1' 'begin session_from_appliance' >"$1/session_field"
+  printf 'Name %s,box\n' {1..4} >"$1/session_rows"
+  for i in 1 2 3 4; do printf "Process $i name %s,box\n" {1..5} >"$1/session_rows$i"; done
+  # Runs four processes at the same time, and waits for the file that each of them leaves.
+  printf '%s\r\n' '@echo off' 'for %%i in (1 2 3 4) do start /b cmd /c session_one.bat %%i' \
+    ':again' 'for %%i in (1 2 3 4) do if not exist session_done%%i goto again' \
+    >"$1/session_four.bat"
+  printf '%s\r\n' \
+    '@quillctl entry import --headings no --map 1,2 session_rows%1 >nul 2>&1' \
+    '@echo >session_done%1' >"$1/session_one.bat"
 }
 
 # write_session FOLDER FILE COMMANDS: writes a script that repeats the runs of the transcript. COMMANDS
@@ -147,7 +172,7 @@ check_quillctl_exe() {
 write_session() {
   local script=$1/$2
   shift 2
-  cat "$transcript"/*.txt | sed -n "$@" >"$script"
+  cat "${sessions[@]}" | sed -n "$@" >"$script"
 }
 
 # clean_session FOLDER: creates the input files of the runs. Deletes the session_... files of earlier
@@ -195,8 +220,8 @@ clean_session() {
 compare_transcript() {
   local shown=$1/quillctl_shown.txt
   tr -d '\r' >"$shown"
-  if ! diff <(cat "$transcript"/*.txt) "$shown"; then
-    echo "quillctl, pass $2: the output differs from $transcript (< expected, > actual)"
+  if ! diff <(cat "${sessions[@]}") "$shown"; then
+    echo "quillctl, pass $2: the output differs from ${sessions[*]} (< expected, > actual)"
     return 1
   fi
   if grep -av '^\$' "$shown" | grep -a sesame; then
