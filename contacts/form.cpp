@@ -20,6 +20,7 @@ namespace {
 constexpr std::string_view kFormats[] = {"csv", "ldif", "vcard", "json"};
 
 constexpr std::size_t kMostRowsTried = 200;
+constexpr std::size_t kMostShown = 200;  // bytes of the first row in a message
 
 // Returns the sample without a character at its end that is incomplete.
 std::string_view WholeCharacters(std::string_view sample) {
@@ -75,8 +76,12 @@ void SetFirstRow(Reading& reading, const Record& row, const HeadingCounter& coun
   reading.known = countKnown(row);
   reading.columns = row.Values().size();
   reading.maybeHeadings = !HasDigitOrAt(row);
+  std::string& shown = reading.firstRow;
   for (const Value& each : row.Values()) {
-    reading.firstRow += (reading.firstRow.empty() ? "[" : " [") + each.text + ']';
+    shown += (shown.empty() ? "[" : " [") + each.text + ']';
+    if (shown.size() <= kMostShown) continue;
+    shown = std::string(CutUtf8(shown, kMostShown)) + "...";
+    return;
   }
 }
 
@@ -166,7 +171,7 @@ Form Recognise(std::string_view sample, const KnownForm& known, const HeadingCou
   form.hasHeadings = known.hasHeadings.value_or(reading.known != 0);
   if (!known.hasHeadings && !form.hasHeadings && reading.maybeHeadings) {
     throw FormError("the headings are not known, or this is no line of headings: " +
-                    reading.firstRow);
+                    reading.firstRow + "; add --headings and --map");
   }
   return form;
 }

@@ -33,6 +33,8 @@ inline constexpr Problem kBadQuotedPrintable{"bad-quoted-printable",
                                              "the quoted-printable text is not valid"};
 inline constexpr Problem kUrlReference{"url-reference",
                                        "the value is elsewhere; references are not followed"};
+inline constexpr Problem kBadAddress{"bad-address", "the text is not one address"};
+inline constexpr Problem kBadNumber{"bad-number", "a spreadsheet shortened the number"};
 inline constexpr Problem kChangeRecord{"change-record", "change records are not imported"};
 inline constexpr Problem kBadLine{"bad-line", "the text does not have the form of this format"};
 inline constexpr Problem kTruncated{"truncated", "the record has no end"};

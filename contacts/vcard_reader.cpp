@@ -87,6 +87,7 @@ struct VcardReader::Property {
   bool isQuotedPrintable = false;
   bool isBase64 = false;
   bool isFax = false;
+  bool isForeign = false;  // an address of another kind of mail
   Place place = Place::kNone;
   unsigned preference = kNoPreference;
   bool hasColon = false;
@@ -125,6 +126,7 @@ void VcardReader::Property::AddParameter(std::string_view parameter, std::string
   isQuotedPrintable = isQuotedPrintable || text == "quoted-printable";
   isBase64 = isBase64 || text == "b" || text == "base64";
   isFax = isFax || text == "fax";
+  isForeign = isForeign || text == "x400";
   if (text == "pref") preference = 1;
   if (text == "work") place = Place::kWork;
   if (text == "home") place = Place::kHome;
@@ -223,6 +225,10 @@ void VcardReader::AddProperty(Record& record) {
   value.preference = property.preference;
   value.isFax = property.isFax;
   SetText(value, property);
+  if (property.isForeign) {
+    value.preference = kNoPreference + 1;
+    value.fault = &kBadAddress;
+  }
   if (property.name == "version") isOld = value.text == "2.1";
   if (isOld && hadEscape) record.SetFault(kBadLine);  // read before the version was known
   if (property.name.ends_with("kind") && LowerCase(value.text).find("group") != std::string::npos)

@@ -49,6 +49,7 @@ constexpr Headings kHeadings[] = {
      " indirizzodipostaelettronica postaelettronica emailadres mailadres "},
     {kWork(Part::kEmail), " workemail emailwork businessemail emailgeschäftlich werkemail "},
     {kHome(Part::kEmail), " homeemail emailhome personalemail emailprivat "},
+    {{Part::kPlace}, " emailtype emaillabel "},
     {{Part::kFax},
      " fax faxnumber facsimiletelephonenumber otherfax faxnummer telefax télécopie télécopieur"
      " numérodefax numérodetélécopie númerodefax numerodifax numerofax "},

@@ -12,7 +12,7 @@
 
 namespace entries {
 
-enum class Part : std::uint8_t { kName, kGivenName, kFamilyName, kEmail, kFax, kNote };
+enum class Part : std::uint8_t { kName, kGivenName, kFamilyName, kEmail, kFax, kNote, kPlace };
 
 struct Meaning {
   Part part;

@@ -13,6 +13,7 @@ using contacts::BeginsInAnyCase;
 using contacts::EqualInAnyCase;
 using contacts::FormError;
 using contacts::Place;
+using contacts::Problem;
 using contacts::Record;
 using contacts::Trimmed;
 using contacts::Value;
@@ -66,20 +67,49 @@ bool IsRequired(const Field& field) {
   return field.isRequired;
 }
 
-// Returns the address in a form such as "mailto:ann@x.example" or "Ann <ann@x.example>", and the
-// number in "tel:+49;ext=1".
+// Returns the number in "tel:+49;ext=1", in "+49$twoDimensional" and in a spreadsheet's "=\"049\"".
+std::string_view BareNumber(std::string_view text) {
+  if (text.starts_with("=\"") && text.ends_with('"') && text.size() > 2) {
+    text = text.substr(2, text.size() - 3);
+  }
+  return text.substr(0, text.find_first_of(";$"));
+}
+
+// Returns the address in a form such as "mailto:ann@x.example" or "Ann <ann@x.example>", or the
+// number.
 std::string_view BareAddress(std::string_view text, Part part) {
   for (const std::string_view scheme : {"mailto:", "smtp:", "tel:"}) {
-    if (BeginsInAnyCase(text, scheme)) {
-      text.remove_prefix(scheme.size());
-      if (part == Part::kFax) text = text.substr(0, text.find(';'));
-    }
+    if (BeginsInAnyCase(text, scheme)) text.remove_prefix(scheme.size());
   }
+  if (part == Part::kFax) return BareNumber(text);
   const std::size_t open = text.find('<');
-  const bool isInBrackets = part == Part::kEmail && open != text.npos && text.ends_with('>') &&
-                            text.find('@', open) != text.npos;
+  const bool isInBrackets =
+      open != text.npos && text.ends_with('>') && text.find('@', open) != text.npos;
   return isInBrackets ? text.substr(open + 1, text.size() - open - 2) : text;
 }
+
+// Returns what is wrong with an address: text beside it, or a number such as 4,91E+10.
+const Problem* FaultOf(std::string_view address, Part part) {
+  if (part == Part::kFax) {
+    return address.find("E+") != address.npos ? &contacts::kBadNumber : nullptr;
+  }
+  const bool isOne =
+      address.find('@') == address.npos || address.find_first_of(" \t") == address.npos;
+  return isOne ? nullptr : &contacts::kBadAddress;
+}
+
+// What the column before an address tells of it, such as "* Work"; the asterisk marks the preferred
+// one.
+struct Label {
+  explicit Label(std::string_view text) : isPreferred(text.starts_with('*')) {
+    const std::string lower = contacts::LowerCase(text);
+    if (lower.find("work") != lower.npos) place = Place::kWork;
+    if (lower.find("home") != lower.npos) place = Place::kHome;
+  }
+
+  Place place = Place::kNone;
+  bool isPreferred = false;
+};
 
 void Store(EntryValue& into, const Value& from, std::string_view text) {
   into.text = text;
@@ -115,6 +145,7 @@ std::optional<Mapping::Use> Mapping::UseOfMeaning(std::string_view name, bool is
       isHeading ? MeaningOfHeading(name) : MeaningOfAttribute(name);
   if (!meaning) return std::nullopt;
   if (IsName(meaning->part)) return Use{0, *meaning};
+  if (meaning->part == Part::kPlace) return Use{kNoField, *meaning};
   const auto field = std::ranges::find(fields, meaning->part, &Field::part);
   if (field == fields.end()) return std::nullopt;
   return Use{static_cast<std::size_t>(field - fields.begin()), *meaning};
@@ -139,7 +170,7 @@ std::optional<Mapping::Use> Mapping::UseOf(std::string_view name, unsigned colum
   }
   std::optional<Use> use = UseOfMeaning(name, isHeading);
   if (!use) use = UseOfField(name);
-  if (use && SourceFor(use->field) != nullptr) return std::nullopt;
+  if (use && use->field != kNoField && SourceFor(use->field) != nullptr) return std::nullopt;
   return use;
 }
 
@@ -210,7 +241,8 @@ void Mapping::RequireColumns() const {
   const bool hasAddress = std::any_of(fields.begin() + 1, fields.end(), &IsRequired);
   for (std::size_t i = hasAddress ? 1 : 0; i < fields.size(); ++i) {
     if (!fields[i].isRequired || HasColumn(i)) continue;
-    throw FormError("no column is known to hold the " + fields[i].word + known);
+    throw FormError("no column is known to hold the " + fields[i].word + known +
+                    "; --map names the columns");
   }
 }
 
@@ -251,26 +283,31 @@ class Mapping::Addresses {
   Addresses(Place newPlace, EntryValue& newFurther) : place(newPlace), further(newFurther) {}
 
   // Only a cell of a csv file has several addresses.
-  void Add(const Value& value, const Use& use, EntryValue& into) {
+  void Add(const Value& value, const Use& use, const Label& label, EntryValue& into) {
     const bool isCell = value.name.empty() && !use.isExact;
     const std::string_view separators =
         isCell ? SeparatorsOf(value.text, use.meaning.part) : std::string_view();
     std::string_view rest = value.text;
-    if (separators.empty()) return AddOne(value, use, rest, into);
-    while (!rest.empty()) AddOne(value, use, TakeAddress(rest, separators), into);
+    if (separators.empty()) return AddOne(value, use, label, rest, into);
+    while (!rest.empty()) AddOne(value, use, label, TakeAddress(rest, separators), into);
   }
 
  private:
-  void AddOne(const Value& value, const Use& use, std::string_view text, EntryValue& into) {
+  void AddOne(const Value& value, const Use& use, const Label& label, std::string_view text,
+              EntryValue& into) {
     if (!use.isExact) text = BareAddress(text, use.meaning.part);
     if (text.empty() && value.fault == nullptr) return;
     if (into.column != 0 && EqualInAnyCase(text, into.text)) return;
-    const Place there = value.place != Place::kNone ? value.place : use.meaning.place;
+    Place there = value.place != Place::kNone ? value.place : use.meaning.place;
+    if (there == Place::kNone) there = label.place;
     const unsigned distance = place != Place::kNone && there != place ? 1 : 0;
-    const auto order = std::tuple(distance, value.preference, use.meaning.rank);
+    const unsigned preference = label.isPreferred ? 1 : value.preference;
+    const auto order = std::tuple(distance, preference, use.meaning.rank);
     const bool isBetter = into.column == 0 || order < best;
     if (into.column != 0 && isBetter) further = into;
-    Store(isBetter ? into : further, value, text);
+    EntryValue& stored = isBetter ? into : further;
+    Store(stored, value, text);
+    if (stored.fault == nullptr && !use.isExact) stored.fault = FaultOf(text, use.meaning.part);
     if (isBetter) best = order;
   }
 
@@ -293,16 +330,22 @@ void Mapping::Map(const Record& record, std::vector<EntryValue>& values,
   clear(further);
   Name name;
   Addresses addresses(place, further);
+  Label label("");
   for (const Value& value : record.Values()) {
     if (!columns.empty() && value.column > columns.size()) break;
     const std::optional<Use> use =
         columns.empty() ? UseOf(value, record) : columns[value.column - 1];
     if (!use) continue;
+    if (use->field == kNoField) {
+      label = Label(value.text);
+      continue;
+    }
     EntryValue& into = values[use->field];
     if (use->field == 0) {
       name.Add(value, use->meaning);
     } else if (IsAddress(use->meaning.part)) {
-      addresses.Add(value, *use, into);
+      addresses.Add(value, *use, label, into);
+      label = Label("");
     } else if (into.text.empty()) {
       Store(into, value, value.text);
     }

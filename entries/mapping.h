@@ -73,9 +73,11 @@ class Mapping {
   std::string SourceOf(std::size_t field) const;
 
  private:
+  static constexpr std::size_t kNoField = static_cast<std::size_t>(-1);
+
   // What a value is used for.
   struct Use {
-    std::size_t field = 0;
+    std::size_t field = 0;  // kNoField: it tells the place of the next address
     Meaning meaning;
     bool isExact = false;  // one value, also if it looks like several addresses
   };
