@@ -19,7 +19,7 @@ CLI::Option* AddYes(CLI::App* command, bool& into) {
 void Confirm(bool yes, const std::string& question) {
   if (yes) return;
   if (!StdinIsTerminal()) {
-    throw UsageError("nothing was changed; to confirm without a terminal, add --yes");
+    throw UsageError(question + " Nothing was changed; to confirm without a terminal, add --yes");
   }
   std::cout.flush();
   if (!std::cout) throw Refusal("cannot print what would change; nothing was changed");
@@ -28,18 +28,27 @@ void Confirm(bool yes, const std::string& question) {
   if (answer != "y" && answer != "yes") throw Refusal("not confirmed; nothing was changed");
 }
 
+CLI::Option* AddDryRun(CLI::App* command, bool& into) {
+  return command->add_flag("--dry-run", into,
+                           "Print what would be done, without changing anything");
+}
+
+bool IsDryRun(bool dryRun, const std::string& action) {
+  if (dryRun) {
+    std::cout << "Would " << LowerCase(action.substr(0, 1)) << action.substr(1) << ".\n";
+  }
+  return dryRun;
+}
+
 void AddConsent(CLI::App* command, Consent& into) {
   CLI::Option* yes = AddYes(command, into.yes);
-  command->add_flag("--dry-run", into.dryRun, "Print what would be done, without changing anything")
-      ->excludes(yes);
+  AddDryRun(command, into.dryRun)->excludes(yes);
 }
 
 bool Agreed(const Consent& consent, const std::string& action) {
-  if (!consent.dryRun) Confirm(consent.yes, action + '?');
-  if (consent.dryRun) {
-    std::cout << "Would " << LowerCase(action.substr(0, 1)) << action.substr(1) << ".\n";
-  }
-  return !consent.dryRun;
+  if (IsDryRun(consent.dryRun, action)) return false;
+  Confirm(consent.yes, action + '?');
+  return true;
 }
 
 bool IsStandardOutput(const std::string& path) {

@@ -25,11 +25,17 @@ struct Consent {
   bool dryRun = false;
 };
 
+// Adds --dry-run.
+CLI::Option* AddDryRun(CLI::App* command, bool& into);
+
+// In a dry run prints what the action, such as "Delete 3 entries", would do. Returns whether it is
+// a dry run.
+bool IsDryRun(bool dryRun, const std::string& action);
+
 // Adds --yes and --dry-run. Only one of them can be given.
 void AddConsent(CLI::App* command, Consent& into);
 
-// Returns true after Confirm() with the action, such as "Delete 3 entries", as a question. In a dry
-// run prints what would be done, and returns false.
+// Returns true after Confirm() with the action as a question, and false after IsDryRun().
 bool Agreed(const Consent& consent, const std::string& action);
 
 // Returns whether the path is that of standard output: empty, "-", or the file that it is.

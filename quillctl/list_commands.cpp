@@ -104,13 +104,16 @@ class Lists {
 
   void Create(const Arguments& a) {
     const Members members = MembersFor(a, {}, true);
+    const std::string what = Named(a.name) + " with " + CountedMembers(members.size());
+    if (IsDryRun(a.consent.dryRun, "Create " + what)) return;
     Fill(a.name, members, "create " + Named(a.name), DeferredTermination(kStopping));
-    std::cout << "Created " << Named(a.name) << " with " << CountedMembers(members.size()) << ".\n";
+    std::cout << "Created " << what << ".\n";
   }
 
   void Copy(const Arguments& a) {
     const std::string names = Named(a.name) + " to " + Quoted(a.newName);
     const Members members = ReadNamed(a.name);
+    if (IsDryRun(a.consent.dryRun, "Copy " + names)) return;
     Fill(a.newName, members, "copy " + names, DeferredTermination(kStopping));
     std::cout << "Copied " << names << " with " << CountedMembers(members.size()) << ".\n";
   }
@@ -119,6 +122,7 @@ class Lists {
     if (a.name == a.newName) throw UsageError("the new name is the old one");
     const std::string names = Named(a.name) + " to " + Quoted(a.newName);
     const std::set<Row> rows = RowsOf(ReadNamed(a.name));
+    if (IsDryRun(a.consent.dryRun, "Rename " + names)) return;
     if constexpr (std::is_null_pointer_v<decltype(kRename)>) {
       RenameByCopy(a, "rename " + names);
     } else {
@@ -247,7 +251,9 @@ class Lists {
     const Members members = MembersFor(a, present, adds);
     const std::string what =
         CountedMembers(members.size()) + (adds ? " to " : " from ") + Named(a.name);
-    if (!adds && !Agreed(a.consent, "Remove " + what)) return;
+    if (adds ? IsDryRun(a.consent.dryRun, "Add " + what) : !Agreed(a.consent, "Remove " + what)) {
+      return;
+    }
     ChangeMembers(a.name, adds ? Change::kAdd : Change::kRemove, members, present.size(),
                   (adds ? "add " : "remove ") + what, DeferredTermination(kStopping));
     std::cout << (adds ? "Added " : "Removed ") << what << ".\n";
@@ -325,7 +331,14 @@ class Lists {
 };
 
 // What a command needs besides the kind.
-enum Options : unsigned { kName = 1, kNewName = 2, kMembers = 4, kJson = 8, kConsent = 16 };
+enum Options : unsigned {
+  kName = 1,
+  kNewName = 2,
+  kMembers = 4,
+  kJson = 8,
+  kConsent = 16,
+  kDryRun = 32
+};
 
 template <class Kind>
 struct ListCommand {
@@ -338,11 +351,11 @@ template <class Kind>
 constexpr ListCommand<Kind> kCommands[] = {
     {"list", &Kind::Print, kJson, "List the lists and their numbers of members"},
     {"show", &Kind::Show, kName | kJson, "Show the members of a list"},
-    {"create", &Kind::Create, kName | kMembers, "Create a list of entries of the book"},
-    {"rename", &Kind::Rename, kName | kNewName, "Rename a list"},
-    {"copy", &Kind::Copy, kName | kNewName, "Copy a list"},
+    {"create", &Kind::Create, kName | kMembers | kDryRun, "Create a list of entries of the book"},
+    {"rename", &Kind::Rename, kName | kNewName | kDryRun, "Rename a list"},
+    {"copy", &Kind::Copy, kName | kNewName | kDryRun, "Copy a list"},
     {"delete", &Kind::Delete, kName | kConsent, "Delete a list"},
-    {"add", &Kind::Add, kName | kMembers, "Add entries of the book to a list"},
+    {"add", &Kind::Add, kName | kMembers | kDryRun, "Add entries of the book to a list"},
     {"remove", &Kind::Remove, kName | kMembers | kConsent, "Remove members from a list"},
 };
 
@@ -385,6 +398,7 @@ void AddListCommands(Commands& commands) {
     }
     if ((options & kJson) != 0) AddJson(command, a.json);
     if ((options & kConsent) != 0) AddConsent(command, a.consent);
+    if ((options & kDryRun) != 0) AddDryRun(command, a.consent.dryRun);
   }
 }
 
