@@ -37,6 +37,8 @@ endif()
 # and the fortified functions would need another DLL.
 if(WIN32)
   target_link_options(quillkit_options INTERFACE -Wl,--dynamicbase,--nxcompat)
+  # A time in the file would make each build differ.
+  target_link_options(quillkit_options INTERFACE -Wl,--no-insert-timestamp)
 else()
   # In every build: lazy binding saves registers, which may hold a part of a password, on the stack.
   target_link_options(quillkit_options INTERFACE -Wl,-z,relro,-z,now)
