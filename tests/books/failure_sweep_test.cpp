@@ -226,7 +226,7 @@ Operations FaxOperations() {
       CALL(on.fax.SizeofBook(&count), kStatus, "SizeofAB 2:FAXAB"),
       CALL(on.fax.ClearBook(), kStatus,
            "IOCtl 2 (skips 1), IOCtl 1 (ignored), ClearAB (late, kept, error 0), "
-           "IOCtl 2 (skips 1), IOCtl 1 (ignored), ReadAB (ignored)"),
+           "IOCtl 2 (skips 1), IOCtl 1 (ignored), ReadAB (ignored, loses fax/)"),
       CALL(on.fax.AddEntry(&on.faxZoe, 1), kFlag, "CreateEntry, " + load),
       CALL(on.fax.ReadEntry(&on.faxAnn, 1), kFlag, "ReadEntryProperties, " + load),
       CALL(on.fax.ModifyEntry(&on.faxAnn, 1), kFlag, "ModifyEntry, " + load),
@@ -357,16 +357,17 @@ Operations PrinterOperations() {
   const std::string loadPrinters =
       printers + "(loses printer/; 4: returns 0, loses printer/; 21: returns -2, loses printer/)" +
       ReadPrinter("Ann") + ReadPrinter("Bob");
+  const std::string noModel = "ends, returns 0, loses model/Bob";
   const std::string reloadModels = ", " + models + "(ends, loses model/)";
   const std::string reload = ", " + printers + "(ends, loses printer/)";
   const std::string reloadBoth = reload + ReadPrinter("Ann") + ReadPrinter("Bob");
   return {
       CALL(on.printers.LoadBook(), Count(2),
            models + "(skips 2, loses model/; 4: ends, returns 0, loses model/)" + ReadModel("Ann") +
-               ReadModel("Bob", "; 4: ends, returns 0, loses model/Bob") + ", " + loadPrinters),
+               ReadModel("Bob", "; 4: " + noModel + "; after 2: " + noModel) + ", " + loadPrinters),
       CALL(on.printers.LoadModels(), Count(2),
-           models + "(loses model/; 4: returns 0, loses model/)" + ReadModel("Ann", ", returns 1") +
-               ReadModel("Bob", ", returns 1; 4: returns 0, changed, loses model/Bob")),
+           models + "(loses model/; 4: returns 0, loses model/)" + ReadModel("Ann", ", less 1") +
+               ReadModel("Bob", ", less 1; 4: returns 0, changed, loses model/Bob")),
       CALL(on.printers.LoadPrinters(), Count(2), loadPrinters),
       CALL(on.printers.ServerCount(&count), kStatus, "SizeofAB 8:PRINTERSAB -"),
       CALL(on.printers.ClearBook(), kStatus, kClearBook),
@@ -375,8 +376,8 @@ Operations PrinterOperations() {
       CALL(on.printers.AddModel(&on.newModel, false), Count(2), "CreateEntry", "kept"),
       CALL(on.printers.AddModel(&on.newModel, true), Count(3),
            "CreateEntry 2048:MODELAB Zoe, " + models + "(ends, returns 0, loses model/)" +
-               ReadModel("Ann", ", returns 2") + ReadModel("Bob", ", returns 2") +
-               ReadModel("Zoe", ", returns 2")),
+               ReadModel("Ann", ", less 1") + ReadModel("Bob", ", less 1") +
+               ReadModel("Zoe", ", less 1")),
       CALL(on.printers.ModifyModel(&on.model, true), kFlag,
            "ModifyEntry 2048:MODELAB Ann Ann" + reloadModels + ReadModel("Ann") + ReadModel("Bob")),
       CALL(on.printers.DeleteModel("Ann", true), kFlag,

@@ -17,18 +17,30 @@ namespace {
 
 constexpr Status kCodes[] = {kDataNotFound, 6, kMoreData, kBookFull};
 
+// The codes of two failures: one of each class, and other ones for the second failure if possible.
+constexpr Status kFirstCodes[] = {kDataNotFound, kMoreData, 6};
+constexpr Status kSecondCodes[] = {kDataNotFound, kMoreData, kBookFull};
+
+constexpr std::size_t kMostCalls = 32;  // more than an operation makes
+
 CombinationCount combinations("failure sweep, combinations of operation, call and code");
+CombinationCount pairs("failure sweep, pairs of failing calls and their codes");
+CombinationCount endless("failure sweep, calls from which on all fail, and the code");
 
 struct Call {
   std::string text;
   std::string effects;
 };
 
+// The server calls that fail in a run: their numbers, from 1, and the codes that they return.
+using Failures = std::map<std::size_t, Status>;
+
 struct Effect {
   bool fails = true;
   bool goesOn = false;
   bool changesMemory = false;
   std::ptrdiff_t skipped = 0;
+  std::int64_t less = 0;
   std::optional<std::int64_t> returns;
   std::optional<Status> lastError;
   std::optional<Lines> then;
@@ -59,6 +71,7 @@ Effect ParseEffect(const std::string& text) {
     if (word == "skips") words >> effect.skipped;
     if (word == "changed" || word == "kept") effect.changesMemory = word == "changed";
     if (word == "error") words >> effect.lastError.emplace();
+    if (word == "less") words >> effect.less;
     if (word == "returns") words >> effect.returns.emplace();
     if (word == "then") {
       for (effect.then.emplace(); words >> word;) effect.then->push_back(word);
@@ -70,16 +83,25 @@ Effect ParseEffect(const std::string& text) {
   return effect;
 }
 
-// Returns the effect of a failure with this code, from a text such as "ignored; 4: ends".
-Effect EffectOf(const std::string& effects, Status code) {
-  const std::string codeText = std::to_string(code) + ": ";
-  std::string any;
+// Returns the effect of a failure with this code after earlier ones, from a text such as "ignored;
+// 4: ends; after 2: late".
+Effect EffectOf(const std::string& effects, Status code, const Failures& earlier) {
+  std::map<std::string, std::string> cases;  // by the text before the colon
   std::istringstream parts(effects);
   for (std::string part; std::getline(parts >> std::ws, part, ';');) {
-    if (part.starts_with(codeText)) return ParseEffect(part.substr(codeText.size()));
-    if (part.find(": ") == std::string::npos) any = part;
+    const std::size_t colon = part.find(": ");
+    if (colon == std::string::npos) {
+      cases[""] = part;
+    } else {
+      cases[part.substr(0, colon)] = part.substr(colon + 2);
+    }
   }
-  return ParseEffect(any);
+  for (const auto& each : earlier) {
+    const auto both = cases.find("after " + std::to_string(each.first));
+    if (both != cases.end()) return ParseEffect(both->second);
+  }
+  const auto ofCode = cases.find(std::to_string(code));
+  return ParseEffect(ofCode != cases.end() ? ofCode->second : cases[""]);
 }
 
 bool EndsAsReopened(const Operation& operation) {
@@ -96,8 +118,8 @@ struct Trial {
   Lines reopened;  // in memory, once the books are opened again after an undisturbed run
 };
 
-// Runs the operation. Its call number `failing` returns `code`; 0: none.
-Trial Try(const Operation& operation, CScanner* box, std::size_t failing, Status code) {
+// Runs the operation with these failures.
+Trial Try(const Operation& operation, CScanner* box, const Failures& failures) {
   Stage stage(box, operation.throughOwner);
   if (operation.prepare != nullptr) operation.prepare(stage);
   Trial trial;
@@ -105,7 +127,9 @@ Trial Try(const Operation& operation, CScanner* box, std::size_t failing, Status
   SimulatorRecordCalls(1);
   SimulatorClearJournal();
   TheAgent.SetError(ApplianceTest::kEarlier);
-  if (failing != 0) SimulatorFail(nullptr, static_cast<std::int32_t>(failing), code);
+  for (const auto& [failing, code] : failures) {
+    SimulatorFail(nullptr, static_cast<std::int32_t>(failing), code);
+  }
   trial.result = operation.run(stage);
   trial.lastError = TheAgent.LastError();
   for (std::int32_t i = 0; i < SimulatorCallCount(); ++i) {
@@ -113,7 +137,7 @@ Trial Try(const Operation& operation, CScanner* box, std::size_t failing, Status
   }
   SimulatorClearFaults();
   trial.after = stage.Memory();
-  if (failing == 0 && EndsAsReopened(operation)) {
+  if (failures.empty() && EndsAsReopened(operation)) {
     trial.reopened = Stage(stage.box, operation.throughOwner, Stage::kAsFound).Memory();
   }
   return trial;
@@ -138,24 +162,47 @@ std::string Joined(const Lines& memory) {
   return text;
 }
 
-// Returns the expected result of a run in which call number `failing` fails.
-Trial Expected(const Operation& operation, const Trial& undisturbed, std::size_t failing,
-               Status code) {
-  const std::vector<Call> calls = ParseCalls(operation.calls);
-  const Effect effect = EffectOf(calls[failing - 1].effects, code);
+// Replaces the calls after number `failing` by those of this effect. What happens if one of these
+// fails is the same as in the table.
+void ApplyToCalls(const Effect& effect, std::size_t failing, std::vector<Call>& calls) {
+  const auto next = calls.begin() + static_cast<std::ptrdiff_t>(failing);
+  calls.erase(next, next + std::min(effect.skipped, calls.end() - next));
+  const std::vector<Call> further(next, calls.end());
+  if (!effect.goesOn || effect.then) calls.erase(next, calls.end());
+  for (const std::string& each : effect.then.value_or(Lines())) {
+    const auto same = std::ranges::find_if(
+        further, [&](const Call& call) { return call.text.starts_with(each); });
+    calls.push_back({each, same != further.end() ? same->effects : ""});
+  }
+}
+
+// Returns the expected result of a run with these failures: the effects of the single failures, one
+// after the other. A failure of a call that is not made any more has no effect.
+Trial Expected(const Operation& operation, const Trial& undisturbed, const Failures& failures) {
+  std::vector<Call> calls = ParseCalls(operation.calls);
+  std::vector<Effect> effects;
+  Failures earlier;
   Trial expected = {};
-  expected.result = effect.returns.value_or(effect.fails ? operation.result.Failure(code)
-                                                         : operation.result.success);
+  expected.result = operation.result.success;
+  expected.lastError = undisturbed.lastError;
+  bool changesMemory = true;
+  for (const auto& [failing, code] : failures) {
+    if (failing > calls.size()) break;
+    const Effect& effect =
+        effects.emplace_back(EffectOf(calls[failing - 1].effects, code, earlier));
+    earlier[failing] = code;
+    ApplyToCalls(effect, failing, calls);
+    if (effect.fails) expected.result = operation.result.Failure(code);
+    expected.result = effect.returns.value_or(expected.result - effect.less);
+    std::size_t recorded = calls.size();
+    while (recorded != 0 && calls[recorded - 1].text == "Logout") --recorded;
+    if (recorded == failing) expected.lastError = code;
+    expected.lastError = effect.lastError.value_or(expected.lastError);
+    changesMemory = changesMemory && effect.changesMemory;
+  }
   for (const Call& each : calls) expected.calls.push_back(each.text);
-  const auto next = expected.calls.begin() + static_cast<std::ptrdiff_t>(failing);
-  expected.calls.erase(next, next + effect.skipped);
-  if (!effect.goesOn || effect.then) expected.calls.resize(failing);
-  for (const std::string& each : effect.then.value_or(Lines())) expected.calls.push_back(each);
-  std::size_t recorded = expected.calls.size();
-  while (recorded != 0 && expected.calls[recorded - 1] == "Logout") --recorded;
-  expected.lastError =
-      effect.lastError.value_or(recorded == failing ? code : undisturbed.lastError);
-  expected.after = Changed(effect, effect.changesMemory ? undisturbed.after : undisturbed.before);
+  expected.after = changesMemory ? undisturbed.after : undisturbed.before;
+  for (const Effect& each : effects) expected.after = Changed(each, expected.after);
   return expected;
 }
 
@@ -166,17 +213,32 @@ void CutAsPredicted(Lines& calls, const Lines& predicted) {
   }
 }
 
+// Sets up an appliance and runs the operation with these failures.
+Trial RunAnew(const Operation& operation, const Failures& failures) {
+  SimulatorReset();
+  const Trial trial =
+      Try(operation, LogToQuillbox(kHost, kAdministrator, kPassword, "", 0), failures);
+  Logout();
+  return trial;
+}
+
+// Compares a run with its prediction.
+void Check(const Operation& operation, const Trial& undisturbed, const Failures& failures) {
+  SCOPED_TRACE(testing::PrintToString(failures) + ": the failing calls and their codes");
+  Trial trial = RunAnew(operation, failures);
+  const Trial expected = Expected(operation, undisturbed, failures);
+  CutAsPredicted(trial.calls, expected.calls);
+  EXPECT_EQ(trial.result, expected.result);
+  EXPECT_EQ(trial.lastError, expected.lastError);
+  EXPECT_EQ(trial.calls, expected.calls);
+  EXPECT_EQ(Joined(trial.after), Joined(expected.after));
+}
+
 }  // namespace
 
 TEST_P(FailureSweep, EachFailedCallHasThePredictedEffect) {
   const Operation& operation = GetParam();
-  const auto run = [&](std::size_t failing, Status code) {
-    SimulatorReset();
-    const Trial trial = Try(operation, LogIn(), failing, code);
-    Logout();
-    return trial;
-  };
-  Trial undisturbed = run(0, kNoError);
+  Trial undisturbed = RunAnew(operation, {});
   Lines calls;
   for (const Call& each : ParseCalls(operation.calls)) calls.push_back(each.text);
   CutAsPredicted(undisturbed.calls, calls);
@@ -190,16 +252,38 @@ TEST_P(FailureSweep, EachFailedCallHasThePredictedEffect) {
   }
   for (std::size_t failing = 1; failing <= calls.size(); ++failing) {
     for (const Status code : kCodes) {
-      SCOPED_TRACE(testing::Message()
-                   << "call " << failing << ", " << calls[failing - 1] << ", fails with " << code);
-      Trial trial = run(failing, code);
-      const Trial expected = Expected(operation, undisturbed, failing, code);
-      CutAsPredicted(trial.calls, expected.calls);
-      EXPECT_EQ(trial.result, expected.result);
-      EXPECT_EQ(trial.lastError, expected.lastError);
-      EXPECT_EQ(trial.calls, expected.calls);
-      EXPECT_EQ(Joined(trial.after), Joined(expected.after));
+      Check(operation, undisturbed, {{failing, code}});
       combinations.Add();
+    }
+  }
+}
+
+TEST_P(FailureSweep, TwoFailedCallsHaveTheEffectsOfBoth) {
+  const Operation& operation = GetParam();
+  const Trial undisturbed = RunAnew(operation, {});
+  for (std::size_t first = 1; first <= undisturbed.calls.size(); ++first) {
+    for (const Status code : kFirstCodes) {
+      const Failures one = {{first, code}};
+      const std::size_t made = Expected(operation, undisturbed, one).calls.size();
+      for (std::size_t second = first + 1; second <= made; ++second) {
+        for (const Status secondCode : kSecondCodes) {
+          Check(operation, undisturbed, {{first, code}, {second, secondCode}});
+          pairs.Add();
+        }
+      }
+    }
+  }
+}
+
+TEST_P(FailureSweep, CallsThatFailFromOneOnHaveTheEffectsOfAll) {
+  const Operation& operation = GetParam();
+  const Trial undisturbed = RunAnew(operation, {});
+  for (std::size_t first = 1; first <= undisturbed.calls.size(); ++first) {
+    for (const Status code : kFirstCodes) {
+      Failures all;
+      for (std::size_t failing = first; failing <= kMostCalls; ++failing) all[failing] = code;
+      Check(operation, undisturbed, all);
+      endless.Add();
     }
   }
 }

@@ -1,6 +1,7 @@
 // The failure sweep: runs an operation undisturbed, and then with each of its server calls failing,
-// with code 4 (no data), 21 (more data) and two others. Each run checks the result, the last error,
-// the server calls and the contents of memory. Each operation is a row of a table:
+// with code 4 (no data), 21 (more data) and two others; then with each two of them failing, and
+// with all from one on. Each run checks the result, the last error, the server calls and the
+// contents of memory. Each operation is a row of a table:
 //
 //   CALL(on.fax.DeleteEntry(&on.faxAnn, 1), kFlag,
 //        "DeleteEntry 2:FAXAB Ann, ReadAB (loses fax/; 4: ends, loses fax/)"),
@@ -9,7 +10,7 @@
 //   2. How its result reports success and failure: kStatus, kFlag, Count(n) or kNothing.
 //   3. Its server calls in order, as the journal shows them but without "IMSP". The last arguments
 //      may be omitted. In parentheses: what happens if this call fails. After a semicolon: what
-//      happens instead with one code.
+//      happens instead with one code, or ("after 2: ends") if call number 2 has failed, too.
 //   4. The contents of memory after the undisturbed run. Omitted: the same as in books that are
 //      opened again after it. "kept": as before. "loses" and "becomes": as described below.
 //      "unchecked": not checked. "needs no book", alone or after another word: the operation can
@@ -28,6 +29,7 @@
 // Further words replace a column:
 //
 //   returns N      the result is N
+//   less N         the result is N less
 //   error N        the last error is N
 //   then A B       the further calls are A and B
 //   changed        memory is as after success
@@ -38,6 +40,10 @@
 //
 // The last error is the code if the failing call is the last one, otherwise that of the undisturbed
 // run. A logout never changes it.
+//
+// If several calls fail, their effects are combined. The result is the failure of the last call
+// that makes the operation fail, if there is one. Memory is as after success only if each effect
+// leaves it so, and loses what each effect loses.
 
 #ifndef QUILLKIT_TESTS_SUPPORT_FAILURE_SWEEP_H_
 #define QUILLKIT_TESTS_SUPPORT_FAILURE_SWEEP_H_
