@@ -49,7 +49,10 @@
 #define QUILLKIT_TESTS_SUPPORT_FAILURE_SWEEP_H_
 
 #include <cctype>
+#include <cstddef>
 #include <cstdint>
+#include <functional>
+#include <map>
 #include <ostream>
 #include <string>
 #include <type_traits>
@@ -118,6 +121,50 @@ std::int64_t ResultOf(Run run) {
    },                                        \
    __VA_ARGS__ \
   }
+
+inline bool EndsAsReopened(const Operation& operation) {
+  return operation.notes.empty() || operation.notes == "needs no book";
+}
+
+// The server calls that fail in a run: their numbers, from 1, and the codes that they return.
+using Failures = std::map<std::size_t, Status>;
+
+// The result of a run.
+struct Trial {
+  std::int64_t result;
+  Status lastError;
+  Lines calls;
+  Lines before;  // in memory
+  Lines after;
+};
+
+// Prepares the stage and runs an operation with these failures, through `run`.
+Trial RunOn(Stage& stage, const Operation& operation, const Failures& failures,
+            const std::function<std::int64_t(Stage&)>& run);
+
+// What a row predicts.
+class Prediction {
+ public:
+  struct Call {
+    std::string text;
+    std::string effects;
+  };
+
+  // `undisturbed` is a run without failures.
+  Prediction(const Operation& row, const Trial& newUndisturbed);
+
+  // A run with these failures. A failure of a call that is not made has no effect.
+  Trial With(const Failures& failures) const;
+
+  // The contents of memory after the undisturbed run. `reopened`: the contents of books that are
+  // opened again after it, if EndsAsReopened().
+  Lines After(const Lines& reopened) const;
+
+ private:
+  const Operation& operation;
+  const Trial& undisturbed;
+  const std::vector<Call> undisturbedCalls;
+};
 
 // Runs the sweep for each row of
 // INSTANTIATE_TEST_SUITE_P(Prefix, FailureSweep, testing::ValuesIn(rows), OperationName).
