@@ -13,7 +13,6 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <utility>
 
 #include "base/archive.h"
 #include "base/name_search.h"
@@ -58,8 +57,9 @@ class ListSet {
   void FreeLists();
 
  protected:
-  // Adds a list at the end. Returns the new count.
-  std::int32_t Append(std::unique_ptr<List> list);
+  // Adds a list at the end, which the set then owns. Returns the new count. If an allocation fails,
+  // throws; the list is still the caller's.
+  std::int32_t Append(List* list);
 
   // Adds a list for each row. With `withMembers`, opens it on the book and ignores the status;
   // otherwise sets only its name. The opened lists take over the blocks of the `replaced` lists.
@@ -141,8 +141,8 @@ void ListSet<List>::FreeLists() {
 }
 
 template <class List>
-std::int32_t ListSet<List>::Append(std::unique_ptr<List> list) {
-  lists.push_back(list.release());
+std::int32_t ListSet<List>::Append(List* list) {
+  lists.push_back(list);
   return ListCount();
 }
 
@@ -160,7 +160,8 @@ void ListSet<List>::AppendRows(std::span<const ABIdent> rows, Book* book, std::i
     } else {
       list->SetName(row.name.View());
     }
-    Append(std::move(list));
+    Append(list.get());
+    static_cast<void>(list.release());
   }
 }
 

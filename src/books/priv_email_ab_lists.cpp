@@ -37,7 +37,7 @@ bool CPrivEmailAB::AddList(CPrivEmailDL* list, std::int32_t reload) {
 std::int32_t CPrivEmailAB::AddListLocal(CPrivEmailDL* list) {
   if (list == nullptr || RecordListLimit() || CreateServerList(list->Name()) != kNoError) return -1;
   CreateMembersOf(*list);
-  return Append(std::unique_ptr<CPrivEmailDL>(list));
+  return Append(list);
 }
 
 // Returns whether the copy has 100 lists. If so, records code 24.

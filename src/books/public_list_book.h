@@ -105,7 +105,7 @@ Status PublicListBook<Book, List>::DeleteAllLists() {
 template <class Book, class List>
 std::int32_t PublicListBook<Book, List>::CreateAndAdd(List* list) {
   if (list == nullptr || CreateOnServer(*list) != kNoError) return -1;
-  return this->Append(std::unique_ptr<List>(list));
+  return this->Append(list);
 }
 
 template <class Book, class List>
