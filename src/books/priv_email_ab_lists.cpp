@@ -113,7 +113,7 @@ bool CPrivEmailAB::FillCopy(const CPrivEmailDL& source, const std::string& newNa
 }
 
 // The same with the members of a public list. If it holds none, they are read from the server
-// through the e-mail book that is open on the appliance.
+// through the e-mail book that is open on the appliance. Also fails without memory.
 bool CPrivEmailAB::FillCopyOfPublic(CPubEmailDL* source, const std::string& newName,
                                     CPrivEmailDL* copy) {
   if (source->IsEmpty()) {
@@ -126,8 +126,7 @@ bool CPrivEmailAB::FillCopyOfPublic(CPubEmailDL* source, const std::string& newN
   }
   copy->SetName(newName);
   copy->SetBook(this);
-  copy->AssignFrom(*source);
-  return true;
+  return copy->AssignFrom(*source) != 0;
 }
 
 }  // namespace quillkit

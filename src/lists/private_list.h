@@ -86,7 +86,7 @@ class PrivateList : public ServerList<CEmailEntry, BookClass, BookKind::kPrivate
   std::int32_t RenameLocal(std::string_view key, CEmailEntry* entry);
 
   // Replaces the members by copies of the other list's members, with their flags cleared, unless
-  // that list is empty. The name stays. Returns 1.
+  // that list is empty. The name stays. Returns 1; or 0 and has no members if the allocation fails.
   int AssignFrom(const CEmailDL& other);
 
  private:
@@ -218,7 +218,8 @@ std::int32_t PrivateList<BookClass>::RenameLocal(std::string_view key, CEmailEnt
 
 template <class BookClass>
 int PrivateList<BookClass>::AssignFrom(const CEmailDL& other) {
-  if (&other == this || other.IsEmpty() || !members.Allocate(other.Count())) return 1;
+  if (&other == this || other.IsEmpty()) return 1;
+  if (!members.Allocate(other.Count())) return 0;
   for (std::int32_t i = 0; i < other.Count(); ++i) this->SetAt(i, *other.GetAt(i), 0);
   return 1;
 }
