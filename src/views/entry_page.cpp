@@ -1,6 +1,7 @@
 #include "views/entry_page.h"
 
 #include <algorithm>
+#include <new>
 
 #include "base/name_search.h"
 
@@ -19,7 +20,7 @@ int Compare(std::string_view name, std::string_view key, std::int32_t exact) {
 
 void CEntryPage::Attach(std::int32_t capacity, const BookAccess<CEmailEntry>& newBook) {
   book.emplace(newBook);
-  Allocate(capacity);
+  if (!Allocate(capacity) && capacity > 0) throw std::bad_alloc();
 }
 
 int CEntryPage::UpdateAt(std::int32_t index, const CEmailEntry& entry) {

@@ -29,6 +29,7 @@ class CEntryPage {
   CEntryPage& operator=(const CEntryPage&) = delete;
 
   // Stores the access to the book's entries, whose agent must outlive the page, and allocates.
+  // Throws std::bad_alloc if a capacity above 0 cannot be allocated.
   void Attach(std::int32_t capacity, const BookAccess<CEmailEntry>& newBook);
 
   // --- The block: as EntryBlock ---

@@ -1,6 +1,7 @@
 #include "views/entry_view.h"
 
 #include <algorithm>
+#include <new>
 
 #include "base/name_search.h"
 
@@ -27,7 +28,7 @@ void CEntryView::EndAccess() {
 Status CEntryView::LoadBoundaries(std::int32_t force) {
   if (book == nullptr) return kRefused;
   if (force == 0 && boundaries.block() != nullptr) return kNoError;
-  if (!boundaries.Allocate(kMaxLetters)) return kRefused;
+  if (!boundaries.Allocate(kMaxLetters)) throw std::bad_alloc();
   auto delivered = static_cast<std::uint32_t>(kMaxLetters);
   const Status status = book->ReadBoundaries(boundaries.data(), &delivered);
   if (status != kNoError && status != kMoreData) {

@@ -14,6 +14,8 @@
 //   2. An entry is valid until the next operation on the view.
 //   3. If the server fails (a status other than 0, 21 and 4), navigation returns null; the status
 //      is the agent's last error. Reads return 21 if more entries follow, and 4 if there are none.
+//   4. If the memory for a page or the census cannot be allocated, navigation and the reads of the
+//      census throw std::bad_alloc: null would mean the end of the book. The view stays usable.
 //
 // Without a book, operations return null, 0 or -1 and make no server call. Operations that list no
 // server calls make no server call. `exact` compares whole names if it is 1, otherwise the
@@ -104,7 +106,7 @@ class CEntryView {
   // Reads the census, of at most 128 letters, unless it is present and `force` is 0. An empty
   // census counts as present. Returns 0 if it is present; otherwise the status of the call, with 21
   // if the book has more letters. A status other than 0 and 21 discards the census. Returns -1
-  // without a book or memory. Server calls: IMSPReadPageBoundaries.
+  // without a book. Server calls: IMSPReadPageBoundaries.
   Status LoadBoundaries(std::int32_t force);
 
   // The four operations below load the census. Server calls: those of LoadBoundaries(0).

@@ -58,8 +58,7 @@ CEmailEntry* CLetterEntryView::GetAt(std::int32_t index) {
   const std::int32_t row = RowOfEntry(index, &start);
   if (row < 0) return nullptr;  // without EndAccess
   cursor = index - start;
-  const Status status = Fill(boundaries.At(row)->letter, boundaries.At(row)->count);
-  EndAccess();
+  const Status status = FillAndEndAccess(boundaries.At(row)->letter, boundaries.At(row)->count);
   if (!HasDelivered(status)) return nullptr;
   if (page.IsEmpty()) return MoveTo(0);
   letterIndex = row;
@@ -103,8 +102,13 @@ Status CLetterEntryView::ModifyByKey(std::string_view key, CEmailEntry* entry, s
   return kNoError;
 }
 
-// Reads up to `capacity` entries of a letter.
-Status CLetterEntryView::Fill(char letter, std::int32_t capacity) {
+// Reads up to `capacity` entries of a letter. Calls EndAccess, also if it throws.
+Status CLetterEntryView::FillAndEndAccess(char letter, std::int32_t capacity) {
+  struct AccessEnd {
+    ~AccessEnd() { view.EndAccess(); }
+    CEntryView& view;
+  };
+  const AccessEnd end{*this};
   AttachPage(page, capacity);
   return page.Fill({}, LetterFilter(letter), 1);
 }
@@ -114,8 +118,7 @@ bool CLetterEntryView::LoadRow(std::int32_t row) {
   const PageBoundary* boundary = boundaries.At(row);
   if (boundary == nullptr) return false;
   BeginAccess();
-  const Status status = Fill(boundary->letter, boundary->count);
-  EndAccess();
+  const Status status = FillAndEndAccess(boundary->letter, boundary->count);
   return HasDelivered(status);
 }
 
@@ -140,8 +143,7 @@ CEmailEntry* CLetterEntryView::Seek(std::string_view key, std::int32_t exact) {
       });
   if (boundary == boundaries.end()) return nullptr;
   BeginAccess();
-  const Status status = Fill(letter, boundary->count);
-  EndAccess();
+  const Status status = FillAndEndAccess(letter, boundary->count);
   CEmailEntry* found = HasDelivered(status) ? Locate(lastSearch, exact) : nullptr;
   if (found != nullptr) letterIndex = static_cast<std::int32_t>(boundary - boundaries.begin());
   return found;

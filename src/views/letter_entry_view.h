@@ -95,7 +95,7 @@ class CLetterEntryView : public CEntryView {
 
  private:
   bool HasEntries() const { return book != nullptr && !page.IsEmpty(); }
-  Status Fill(char letter, std::int32_t capacity);
+  Status FillAndEndAccess(char letter, std::int32_t capacity);
   bool LoadRow(std::int32_t row);
   CEmailEntry* MoveTo(std::int32_t index);
   CEmailEntry* Seek(std::string_view key, std::int32_t exact);
