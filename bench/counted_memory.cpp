@@ -43,6 +43,10 @@ void* AllocateOnHeap(std::size_t size) {
   return Counted(__real_malloc(sizeof(Header) + size), size);
 }
 
+void* AllocateZeroedOnHeap(std::size_t size) {
+  return Counted(__real_calloc(1, sizeof(Header) + size), size);
+}
+
 void* ResizeOnHeap(void* block, std::size_t size) {
   Header* header = HeaderOf(block);
   if (header == nullptr) return __real_realloc(block, size);

@@ -40,6 +40,12 @@ void* AllocateOnHeap(std::size_t size) {
   return block;
 }
 
+void* AllocateZeroedOnHeap(std::size_t size) {
+  void* block = MustFail() ? nullptr : __real_calloc(1, size);
+  if (block != nullptr) ++liveBlocks;
+  return block;
+}
+
 void* ResizeOnHeap(void* block, std::size_t size) {
   return MustFail() ? nullptr : __real_realloc(block, size);
 }

@@ -1,7 +1,6 @@
 #include "tests/support/wrapped_heap.h"
 
 #include <cstdint>
-#include <cstring>
 #include <new>
 
 namespace {
@@ -28,9 +27,7 @@ void* __wrap_malloc(std::size_t size) {
 // At most half of the address space, so that a program can add a header to a block of any size.
 void* __wrap_calloc(std::size_t count, std::size_t size) {
   if (size != 0 && count > SIZE_MAX / 2 / size) return nullptr;
-  void* block = quillkit::AllocateOnHeap(count * size);
-  if (block != nullptr) std::memset(block, 0, count * size);
-  return block;
+  return quillkit::AllocateZeroedOnHeap(count * size);
 }
 
 void* __wrap_realloc(void* block, std::size_t size) {

@@ -10,6 +10,7 @@
 // NOLINTBEGIN(bugprone-reserved-identifier): the names by which the linker wraps a function.
 extern "C" {
 void* __real_malloc(std::size_t size);
+void* __real_calloc(std::size_t count, std::size_t size);
 void* __real_realloc(void* block, std::size_t size);
 void __real_free(void* block);
 }
@@ -19,6 +20,7 @@ namespace quillkit {
 
 // The program defines these. They are not called for a null block. Null means a failed allocation.
 void* AllocateOnHeap(std::size_t size);
+void* AllocateZeroedOnHeap(std::size_t size);
 void* ResizeOnHeap(void* block, std::size_t size);
 void FreeOnHeap(void* block);
 
