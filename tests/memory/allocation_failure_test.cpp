@@ -1,22 +1,31 @@
-// The exported functions that allocate memory, with each of their allocations failing in turn: the
-// result, that every object stays usable, and that no memory leaks.
+// The exported functions and the operations of the class library, with each of their allocations
+// failing: alone, with all later ones, and beside a failing server call.
+//
+// The operation then throws std::bad_alloc, or reports a failure, or ends as if one more server
+// call had failed, which the failure sweep predicts. Every entry in memory is one that was there
+// before, or that a predicted run leaves. After that, the same objects can be loaded and released.
+// They then hold what new ones hold, and no memory leaks.
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <chrono>
+#include <climits>
 #include <functional>
 #include <iterator>
 #include <memory>
 #include <new>
-#include <optional>
 #include <stdexcept>
 #include <string>
 #include <thread>
+#include <utility>
+#include <vector>
 
 #include "capi/call_frame.h"
 #include "platform/posix/event_loop.h"
 #include "simulator/simulator.h"
+#include "tests/books/book_operations.h"
+#include "tests/memory/class_operations.h"
 #include "tests/memory/failing_allocations.h"
 #include "tests/support/combination_count.h"
 #include "tests/support/scratch_folder.h"
@@ -25,10 +34,11 @@
 namespace quillkit {
 namespace {
 
-CombinationCount combinations("failed allocations, combinations of function and allocation");
+CombinationCount operations("failed allocations, operations that allocate memory");
+CombinationCount allocations("failed allocations, combinations of operation and allocation");
+CombinationCount pairs("failed allocations, each beside a failing call and its code");
 
-// Too long to be stored in a std::string without an allocation.
-const std::string kLongName(31, 'n');
+constexpr Status kOther = 6;  // a code without a special meaning
 
 struct Destroy {
   void operator()(CSoftKey* key) const { DestroySoftKey(key); }
@@ -69,102 +79,207 @@ std::int64_t Import(const Stage& on, std::uint32_t format) {
   return ImportAddressBook(on.box, importedFile.c_str(), &options);
 }
 
-// The exported functions that allocate memory, and the growth of a block. The server calls are not
-// checked.
+// Those of the failure sweep, those that it does not have, and exported functions with texts that
+// need an allocation.
 Operations AllOperations() {
+  const std::string import = "IOCtl 2, IOCtl 1, BatchConfiguration, IOCtl 2, IOCtl 1";
   Operations all = {
       CALL(WithKey(on, GetItemCount) != 0, kFlag, ""),
       CALL(MakeItem(), kFlag, ""),
-      CALL(AddKey(on.book, kLongName, 1), kStatus, ""),
-      CALL(WithKey(on, [&](CSoftKey* made) { return FastKeyAdd(on.book, made); }), Count(3), ""),
+      CALL(
+          AddKey(on.book, kLongName, 1), kStatus,
+          "CreateEntry, ListABEntries (loses key/; 4: ends, loses key/), "
+          "ReadAB 512:Scan (ignored, loses key/Scan/), ReadAB 512:Send (ignored, loses key/Send/), "
+          "ReadAB (ignored)"),
+      CALL(WithKey(on, [&](CSoftKey* made) { return FastKeyAdd(on.book, made); }), Count(3),
+           "CreateEntry"),
       CALL(WithKey(on, [&](CSoftKey* made) { return FastKeyRename(on.book, "Scan", made); }), kFlag,
-           ""),
+           "ModifyEntry"),
       CALL(FindSoftKeyIndex(on.book, kLongName), Count(-1), ""),
       CALL(FindFirstItem(on.key, kLongName, 1), Count(-1), ""),
       CALL(SetName(&on.item, kLongName), kFlag, ""),
-      CALL(Import(on, ImportFormatDelimited), kStatus, ""),
-      CALL(Import(on, ImportFormatDirectory), kStatus, ""),
-      CALL(Import(on, ImportFormatMailServer), kStatus, ""),
-      CALL(Import(on, ImportFormatScript), kStatus, ""),
+      CALL(Import(on, ImportFormatDelimited), kStatus, import),
+      CALL(Import(on, ImportFormatDirectory), kStatus, import),
+      CALL(Import(on, ImportFormatMailServer), kStatus, import),
+      CALL(Import(on, ImportFormatScript), kStatus, import),
       CALL(GrowAccounts(), kFlag, ""),
   };
   std::ranges::copy(ExportOperations(), std::back_inserter(all));
+  std::ranges::copy(BookOperations(), std::back_inserter(all));
+  std::ranges::copy(ClassOperations(), std::back_inserter(all));
   return all;
 }
 
-// The result of a run.
-struct Trial {
-  std::optional<std::int64_t> result;  // none if std::bad_alloc was thrown
-  Lines keys;                          // in memory
-};
+// The names of the entries from the first one on, at most five.
+Lines Walk(CEmailAB& book) {
+  Lines names;
+  for (const CEmailEntry* each = book.First(); each != nullptr && names.size() < 5;
+       each = book.Next()) {
+    names.emplace_back(each->Name());
+  }
+  return names;
+}
 
 class AllocationFailure : public ApplianceTest, public testing::WithParamInterface<Operation> {
  protected:
   AllocationFailure() { importedFile = folder.Write("file", "SE emailab \"Ann\" \"a\"\n"); }
 
-  // Sets up the stage and runs the operation; its allocation number `failing` fails (0: none).
-  // Every object must be usable afterwards, and is released.
-  static Trial Try(int failing);
+  struct Attempt {
+    Trial trial;
+    bool hasThrown = false;
+  };
 
-  // A run may also report failure in its own way, or lack the items of a key: they could not be
-  // allocated.
-  static void Compare(const Trial& trial, const Trial& undisturbed);
+  // Sets up the stage and runs the operation with these failing calls; its allocation number
+  // `failing` fails. Every object must be usable after that, and is released.
+  static Attempt Try(const Failures& calls, int failing = kNone, Refusal refusal = Refusal::kOnce);
+
+  // Runs the operation with these failing calls and each of its `count` allocations failing.
+  static void RefuseEach(const Prediction& prediction, const Failures& calls, int count,
+                         Refusal refusal);
 
  private:
+  static constexpr int kNone = INT_MAX;
+
+  static void ExpectUsable(std::unique_ptr<Stage> stage);
+  static std::vector<Trial> Predicted(const Prediction& prediction, const Failures& failures);
+  static void Compare(const Attempt& attempt, const std::vector<Trial>& predicted);
+
   const ScratchFolder folder;
   const TemporaryFolder temporary{folder.Path().string()};
+  const EnvironmentVariable settings{"XDG_CONFIG_HOME", folder.Path().string()};
 };
 
-Trial AllocationFailure::Try(int failing) {
+AllocationFailure::Attempt AllocationFailure::Try(const Failures& calls, int failing,
+                                                  Refusal refusal) {
   SimulatorReset();
-  Stage stage(LogIn());
-  if (GetParam().prepare != nullptr) GetParam().prepare(stage);
-  Trial trial;
-  FailAllocation(failing);
-  try {
-    trial.result = GetParam().run(stage);
-  } catch (const std::bad_alloc&) {
-  }
-  FailAllocation(0);
-  CTopLevelAB* const book = stage.box != nullptr ? GetTopLevelAbook(stage.box) : nullptr;
-  trial.keys = Stage::Keys(book);
-  EXPECT_EQ(book != nullptr ? LoadTopLevelAbook(book, 1) : 0, 0);
-  const Lines reloaded = Stage::Keys(book);
-  EXPECT_STREQ(GetKeyName(stage.newKey), "Copy");
+  auto stage = std::make_unique<Stage>(LogIn(), GetParam().throughOwner);
+  Attempt attempt;
+  attempt.trial = RunOn(*stage, GetParam(), calls, [&](Stage& on) {
+    std::int64_t result = 0;
+    FailAllocation(failing, refusal);
+    try {
+      result = GetParam().run(on);
+    } catch (const std::bad_alloc&) {
+      attempt.hasThrown = true;
+    }
+    FailAllocation(0);
+    return result;
+  });
+  if (failing <= AllocationCount()) ExpectUsable(std::move(stage));
+  stage.reset();
   Logout();
-  CScanner* const box = LogToQuillbox(kHost, kAdministrator, kPassword, "", 1);
-  const Lines loaded = Stage::Keys(GetTopLevelAbook(box));
-  EXPECT_FALSE(loaded.empty());
-  EXPECT_EQ(book != nullptr ? reloaded : loaded, loaded);
   SimulatorReset();
   LogIn();
   Logout();
-  return trial;
+  return attempt;
 }
 
-void AllocationFailure::Compare(const Trial& trial, const Trial& undisturbed) {
-  if (!trial.result || trial.result == GetParam().result.Failure(kRefused)) return;
-  EXPECT_EQ(trial.result, undisturbed.result);
-  Lines expected = undisturbed.keys;
-  std::erase_if(expected, [&](const std::string& each) {
-    const std::string key = each.substr(0, each.rfind('/') + 1);
-    return key != "key/" && std::ranges::none_of(trial.keys, [&](const std::string& item) {
-             return item.starts_with(key);
-           });
-  });
-  EXPECT_EQ(trial.keys, expected);
+void AllocationFailure::ExpectUsable(std::unique_ptr<Stage> stage) {
+  EXPECT_STREQ(GetKeyName(stage->newKey), "Copy");
+  if (GetParam().name.find(" view ") != std::string::npos) {
+    EXPECT_THAT(Walk(stage->email), testing::IsSubsetOf({"Ann", "Bob", "Zoe"}));
+  }
+  if (GetTopLevelAbook(stage->box) == nullptr) stage->box = LogIn();
+  stage->Load();
+  const Lines memory = stage->Memory();
+  const Lines entries = Walk(stage->email);
+  CScanner* const box = stage->box;
+  stage.reset();
+  Stage reopened(box, GetParam().throughOwner, Stage::kAsFound);
+  EXPECT_EQ(memory, reopened.Memory());
+  EXPECT_EQ(entries, Walk(reopened.email));
+}
+
+// Returns the runs that an operation may make if it reports no failed allocation: as without one,
+// or as if one more server call had failed. That call may also not be made; the failing calls are
+// then later ones.
+std::vector<Trial> AllocationFailure::Predicted(const Prediction& prediction,
+                                                const Failures& failures) {
+  std::vector<Trial> predicted = {prediction.With(failures)};
+  const std::size_t calls = prediction.With({}).calls.size();
+  for (std::size_t call = 1; call <= calls; ++call) {
+    Failures more = failures;
+    if (more.try_emplace(call, kOther).second) predicted.push_back(prediction.With(more));
+    Failures later = {{call, kOther}};
+    for (const auto& [failing, code] : failures) later[failing + (failing < call ? 0 : 1)] = code;
+    Trial& without = predicted.emplace_back(prediction.With(later));
+    if (without.calls.size() < call) continue;
+    without.calls.erase(without.calls.begin() + static_cast<std::ptrdiff_t>(call) - 1);
+  }
+  return predicted;
+}
+
+// A read without memory leaves no record, instead of blank ones.
+void AllocationFailure::Compare(const Attempt& attempt, const std::vector<Trial>& predicted) {
+  const auto& [trial, hasThrown] = attempt;
+  if (hasThrown || trial.result == GetParam().result.Failure(kRefused)) {
+    for (const std::string& each : trial.after) {
+      EXPECT_TRUE(std::ranges::count(trial.before, each) != 0 ||
+                  std::ranges::any_of(
+                      predicted,
+                      [&](const Trial& run) { return std::ranges::count(run.after, each) != 0; }))
+          << each;
+    }
+    return;
+  }
+  const auto matches = [&](const Trial& each) {
+    Lines calls = trial.calls;
+    CutAsPredicted(calls, each.calls);
+    Lines withoutBlanks = each.after;
+    std::erase_if(withoutBlanks, [](const std::string& line) { return line.ends_with("/="); });
+    return trial.result == each.result && calls == each.calls &&
+           (trial.after == each.after || trial.after == withoutBlanks ||
+            GetParam().notes.starts_with("unchecked"));
+  };
+  EXPECT_TRUE(std::ranges::any_of(predicted, matches))
+      << trial.result << testing::PrintToString(trial.calls) << testing::PrintToString(trial.after);
+}
+
+void AllocationFailure::RefuseEach(const Prediction& prediction, const Failures& calls, int count,
+                                   Refusal refusal) {
+  const std::vector<Trial> predicted = Predicted(prediction, calls);
+  for (int failing = 1; failing <= count; ++failing) {
+    SCOPED_TRACE(testing::Message()
+                 << "calls " << testing::PrintToString(calls) << ", allocation " << failing
+                 << (refusal == Refusal::kOnce ? "" : " and all later"));
+    const long before = LiveBlocks();
+    Compare(Try(calls, failing, refusal), predicted);
+    EXPECT_EQ(LiveBlocks(), before) << "memory leaked";
+  }
 }
 
 TEST_P(AllocationFailure, LeavesEverythingUsableAndLeaksNothing) {
-  const Trial undisturbed = Try(0);
+  const Trial undisturbed = Try({}).trial;
+  const int count = AllocationCount();
   EXPECT_EQ(undisturbed.result, GetParam().result.success);
-  for (int failing = 1;; ++failing) {
-    SCOPED_TRACE(testing::Message() << "allocation " << failing);
-    const long before = LiveBlocks();
-    Compare(Try(failing), undisturbed);
-    EXPECT_EQ(LiveBlocks(), before) << "memory leaked";
-    if (!HasAllocationFailed()) break;
-    combinations.Add();
+  Operation operation = GetParam();
+  if (operation.calls.empty()) {
+    for (const std::string& each : undisturbed.calls) operation.calls += each + ", ";
+  }
+  const Prediction prediction(operation, undisturbed);
+  for (const Refusal refusal : {Refusal::kOnce, Refusal::kForEver}) {
+    RefuseEach(prediction, {}, count, refusal);
+  }
+  RecordProperty("allocations", count);
+  operations.Add(count != 0 ? 1 : 0);
+  allocations.Add(count);
+}
+
+TEST_P(AllocationFailure, BesideAFailingCallIsNoSuccess) {
+  const Trial undisturbed = Try({}).trial;
+  if (AllocationCount() == 0 || GetParam().calls.empty()) return;
+  const Prediction prediction(GetParam(), undisturbed);
+  const std::size_t calls = prediction.With({}).calls.size();
+  for (std::size_t call = 1; call <= calls; ++call) {
+    const Trial other = prediction.With({{call, kOther}});
+    for (const Status code : {kOther, kDataNotFound, kMoreData}) {
+      const Trial each = prediction.With({{call, code}});
+      if (code != kOther && each.calls == other.calls && each.after == other.after) continue;
+      Try({{call, code}});
+      const int count = AllocationCount();
+      RefuseEach(prediction, {{call, code}}, count, Refusal::kOnce);
+      pairs.Add(count);
+    }
   }
 }
 
@@ -191,7 +306,7 @@ TEST_F(Login, SendsKeepAlivesAfterALoginThatFailedToAllocate) {
     std::this_thread::sleep_for(std::chrono::milliseconds(12));
     EXPECT_EQ(QuillkitDispatchEvents(), 1);
     Logout();
-  } while (HasAllocationFailed());
+  } while (failing <= AllocationCount());
 }
 
 // The calls of quillkit_c for entries. Each fails with an error if an allocation fails.
@@ -229,9 +344,9 @@ TEST_F(Login, EntryCallsReportAFailedAllocation) {
       FailAllocation(++failing);
       const std::int32_t result = call();
       FailAllocation(0);
-      EXPECT_EQ(result < 0, HasAllocationFailed()) << failing;
+      EXPECT_EQ(result < 0, failing <= AllocationCount()) << failing;
       EXPECT_EQ(LiveBlocks(), before) << "memory leaked";
-    } while (HasAllocationFailed());
+    } while (failing <= AllocationCount());
   }
   quill_close_entries(users);
 }

@@ -9,25 +9,32 @@
 namespace quillkit {
 namespace {
 
-int untilFailure = 0;  // allocations, with the one that fails; 0: none fails
-bool hasFailed = false;
+int failing = 0;  // the number of the allocation that fails; 0: they are not counted
+int counted = 0;
+Refusal refused = Refusal::kOnce;
 long liveBlocks = 0;
 
 bool MustFail() {
-  if (untilFailure == 0 || IsInsideModuleOf(reinterpret_cast<void*>(&SimulatorReset))) return false;
-  hasFailed = --untilFailure == 0;
-  return hasFailed;
+  if (failing == 0 || IsInsideModuleOf(reinterpret_cast<void*>(&SimulatorReset))) return false;
+  ++counted;
+  return counted == failing || (counted > failing && refused == Refusal::kForEver);
+}
+
+void* Counted(void* block) {
+  if (block != nullptr) ++liveBlocks;
+  return block;
 }
 
 }  // namespace
 
-void FailAllocation(int number) {
-  untilFailure = number;
-  if (number != 0) hasFailed = false;
+void FailAllocation(int number, Refusal refusal) {
+  failing = number;
+  refused = refusal;
+  if (number != 0) counted = 0;
 }
 
-bool HasAllocationFailed() {
-  return hasFailed;
+int AllocationCount() {
+  return counted;
 }
 
 long LiveBlocks() {
@@ -35,15 +42,11 @@ long LiveBlocks() {
 }
 
 void* AllocateOnHeap(std::size_t size) {
-  void* block = MustFail() ? nullptr : __real_malloc(size);
-  if (block != nullptr) ++liveBlocks;
-  return block;
+  return Counted(MustFail() ? nullptr : __real_malloc(size));
 }
 
 void* AllocateZeroedOnHeap(std::size_t size) {
-  void* block = MustFail() ? nullptr : __real_calloc(1, size);
-  if (block != nullptr) ++liveBlocks;
-  return block;
+  return Counted(MustFail() ? nullptr : __real_calloc(1, size));
 }
 
 void* ResizeOnHeap(void* block, std::size_t size) {

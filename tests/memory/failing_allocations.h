@@ -7,11 +7,15 @@
 
 namespace quillkit {
 
-// Makes the allocation with this number fail, counting from 1 from now on; 0: none.
-void FailAllocation(int number);
+// kForEver: also all later ones.
+enum class Refusal { kOnce, kForEver };
 
-// Returns whether that allocation was reached.
-bool HasAllocationFailed();
+// Makes the allocation with this number fail, counting from 1 from now on; 0: none.
+void FailAllocation(int number, Refusal refusal = Refusal::kOnce);
+
+// Returns the number of allocations between the latest FailAllocation of a number above 0 and that
+// of 0.
+int AllocationCount();
 
 // Returns the number of allocated blocks. Only the change between two calls is meaningful.
 long LiveBlocks();

@@ -17,7 +17,7 @@ class CombinationCount {
     if (count != 0) std::printf("%s: %d\n", label, count);
   }
 
-  void Add() { ++count; }
+  void Add(int more = 1) { count += more; }
 
  private:
   const char* const label;

@@ -133,6 +133,12 @@ Trial RunOn(Stage& stage, const Operation& operation, const Failures& failures,
   return trial;
 }
 
+void CutAsPredicted(Lines& calls, const Lines& predicted) {
+  for (std::size_t i = 0; i < std::min(calls.size(), predicted.size()); ++i) {
+    if (calls[i].starts_with(predicted[i] + " ")) calls[i].resize(predicted[i].size());
+  }
+}
+
 Prediction::Prediction(const Operation& row, const Trial& newUndisturbed)
     : operation(row), undisturbed(newUndisturbed), undisturbedCalls(ParseCalls(row.calls)) {}
 

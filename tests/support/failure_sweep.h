@@ -142,6 +142,9 @@ struct Trial {
 Trial RunOn(Stage& stage, const Operation& operation, const Failures& failures,
             const std::function<std::int64_t(Stage&)>& run);
 
+// Removes from each call the arguments that the prediction omits.
+void CutAsPredicted(Lines& calls, const Lines& predicted);
+
 // What a row predicts.
 class Prediction {
  public:

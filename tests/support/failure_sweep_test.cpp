@@ -1,6 +1,5 @@
 #include "tests/support/failure_sweep.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <string>
 
@@ -22,13 +21,6 @@ constexpr std::size_t kMostCalls = 32;  // more than an operation makes
 CombinationCount combinations("failure sweep, combinations of operation, call and code");
 CombinationCount pairs("failure sweep, pairs of failing calls and their codes");
 CombinationCount endless("failure sweep, calls from which on all fail, and the code");
-
-// Removes from each call the arguments that the prediction omits.
-void CutAsPredicted(Lines& calls, const Lines& predicted) {
-  for (std::size_t i = 0; i < std::min(calls.size(), predicted.size()); ++i) {
-    if (calls[i].starts_with(predicted[i] + " ")) calls[i].resize(predicted[i].size());
-  }
-}
 
 // Joins the lines into one text: for texts, a failed comparison shows the lines that differ.
 std::string Joined(const Lines& memory) {

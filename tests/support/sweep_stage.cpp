@@ -102,11 +102,9 @@ void Stage::Furnish() {
   ApplianceTest::PutKey("Send", {"Fax"});
 }
 
-void Stage::OpenBooks() {
+void Stage::Load() {
   book = GetTopLevelAbook(box);
   EXPECT_EQ(LoadTopLevelAbook(book, 1), 0);
-  key = GetKeyAt(book, 0);
-  EXPECT_EQ(CreateSoftKey("Copy", book, &newKey), 1);
   email.Attach(box, 0);
   email.LoadLists(1);
   fax.Attach(box, 1);
@@ -114,6 +112,12 @@ void Stage::OpenBooks() {
   users.Attach(box, 0, 1);
   printers.Attach(box, 1);
   user.LoadPrivateBook();
+}
+
+void Stage::OpenBooks() {
+  Load();
+  key = GetKeyAt(book, 0);
+  EXPECT_EQ(CreateSoftKey("Copy", book, &newKey), 1);
   priv = user.PrivateBook();
   choir->Open(&email, "Board");
   faxChoir->Open(&fax, "Board");

@@ -38,6 +38,9 @@ struct Stage {
   Stage& operator=(const Stage&) = delete;
   ~Stage() { DestroySoftKey(newKey); }
 
+  // Loads the top-level book, the books and the lists of `box`, as at the beginning.
+  void Load();
+
   // All entries, lists, accounts, printers, models, keys and items in memory, sorted, such as
   // "fax/Ann=at". The keys are left out if the application has no access to them.
   Lines Memory();
