@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <map>
 #include <optional>
-#include <regex>
 #include <sstream>
+#include <string_view>
 
 #include "bridge/the_agent.h"
 #include "simulator/simulator.h"
@@ -27,11 +27,20 @@ struct Effect {
   std::map<std::string, std::string> lines;  // what lines of a prefix become; "": they are lost
 };
 
-std::vector<Call> ParseCalls(const std::string& text) {
-  static const std::regex call(R"(([^,(]+)(?: \(([^)]*)\))?(?:, |$))");
+// Parses calls such as "SizeofAB (ends), ReadAB".
+std::vector<Call> ParseCalls(std::string_view text) {
   std::vector<Call> calls;
-  for (std::sregex_iterator each(text.begin(), text.end(), call), end; each != end; ++each) {
-    calls.push_back({(*each)[1], (*each)[2]});
+  while (!text.empty()) {
+    Call& call = calls.emplace_back();
+    const std::size_t end = std::min(text.find_first_of("(,"), text.size());
+    const bool hasEffects = text.substr(end).starts_with('(');
+    call.text = text.substr(0, hasEffects ? end - 1 : end);
+    text.remove_prefix(end);
+    if (hasEffects) {
+      call.effects = text.substr(1, text.find(')') - 1);
+      text.remove_prefix(call.effects.size() + 2);
+    }
+    text.remove_prefix(std::min(std::string_view(", ").size(), text.size()));
   }
   return calls;
 }
