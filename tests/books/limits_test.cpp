@@ -1,5 +1,7 @@
 // The limits of the books, the lists, the panel and its keys.
 
+#include <ostream>
+
 #include "softkeys/top_level_ab.h"
 #include "tests/books/books_fixture.h"
 #include "tests/support/failure_sweep.h"
@@ -21,6 +23,10 @@ struct Limit {
   Operation load;
   Operation count;
 };
+
+std::ostream& operator<<(std::ostream& out, const Limit& each) {
+  return out << each.name;
+}
 
 // At the limit, an addition fails with code 24 and makes no create call. Below it, all additions of
 // a limit add the same name: the first one succeeds, and the server refuses the others.
