@@ -9,7 +9,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <chrono>
 #include <climits>
 #include <functional>
 #include <iterator>
@@ -17,16 +16,15 @@
 #include <new>
 #include <stdexcept>
 #include <string>
-#include <thread>
 #include <utility>
 #include <vector>
 
 #include "capi/call_frame.h"
-#include "platform/posix/event_loop.h"
 #include "simulator/simulator.h"
 #include "tests/books/book_operations.h"
 #include "tests/memory/class_operations.h"
 #include "tests/memory/failing_allocations.h"
+#include "tests/platform/pumping.h"
 #include "tests/support/combination_count.h"
 #include "tests/support/scratch_folder.h"
 #include "tests/toolkit/export_operations.h"
@@ -122,6 +120,14 @@ Lines Walk(CEmailAB& book) {
 
 class AllocationFailure : public ApplianceTest, public testing::WithParamInterface<Operation> {
  protected:
+  // The first exception of a thread allocates memory for all of them.
+  static void SetUpTestSuite() {
+    try {
+      throw std::bad_alloc();
+    } catch (const std::bad_alloc&) {
+    }
+  }
+
   AllocationFailure() { importedFile = folder.Write("file", "SE emailab \"Ann\" \"a\"\n"); }
 
   struct Attempt {
@@ -152,7 +158,8 @@ class AllocationFailure : public ApplianceTest, public testing::WithParamInterfa
 AllocationFailure::Attempt AllocationFailure::Try(const Failures& calls, int failing,
                                                   Refusal refusal) {
   SimulatorReset();
-  auto stage = std::make_unique<Stage>(LogIn(), GetParam().throughOwner);
+  auto stage = std::make_unique<Stage>(LogIn(), GetParam().throughOwner, Stage::kFurnished,
+                                       GetParam().UsesAccounts());
   Attempt attempt;
   attempt.trial = RunOn(*stage, GetParam(), calls, [&](Stage& on) {
     std::int64_t result = 0;
@@ -185,7 +192,7 @@ void AllocationFailure::ExpectUsable(std::unique_ptr<Stage> stage) {
   const Lines entries = Walk(stage->email);
   CScanner* const box = stage->box;
   stage.reset();
-  Stage reopened(box, GetParam().throughOwner, Stage::kAsFound);
+  Stage reopened(box, GetParam().throughOwner, Stage::kAsFound, GetParam().UsesAccounts());
   EXPECT_EQ(memory, reopened.Memory());
   EXPECT_EQ(entries, Walk(reopened.email));
 }
@@ -211,8 +218,8 @@ std::vector<Trial> AllocationFailure::Predicted(const Prediction& prediction,
 
 // A read without memory leaves no record, instead of blank ones.
 void AllocationFailure::Compare(const Attempt& attempt, const std::vector<Trial>& predicted) {
-  const auto& [trial, hasThrown] = attempt;
-  if (hasThrown || trial.result == GetParam().result.Failure(kRefused)) {
+  const Trial& trial = attempt.trial;
+  if (attempt.hasThrown || trial.result == GetParam().result.Failure(kRefused)) {
     for (const std::string& each : trial.after) {
       EXPECT_TRUE(std::ranges::count(trial.before, each) != 0 ||
                   std::ranges::any_of(
@@ -295,6 +302,7 @@ TEST_F(Login, SendsKeepAlivesAfterALoginThatFailedToAllocate) {
   do {
     SCOPED_TRACE(testing::Message() << "allocation " << ++failing);
     SimulatorReset();
+    SimulatorRecordCalls(1);
     SimulatorSetWakeupPeriod(20);
     FailAllocation(failing);
     try {
@@ -303,8 +311,8 @@ TEST_F(Login, SendsKeepAlivesAfterALoginThatFailedToAllocate) {
     }
     FailAllocation(0);
     LogIn();
-    std::this_thread::sleep_for(std::chrono::milliseconds(12));
-    EXPECT_EQ(QuillkitDispatchEvents(), 1);
+    EXPECT_TRUE(PumpUntil([] { return SimulatorCallCount() != 0; }));
+    EXPECT_THAT(TakeCalls(), testing::ElementsAre("IMSPWakeup"));
     Logout();
   } while (failing <= AllocationCount());
 }

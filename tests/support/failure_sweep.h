@@ -80,6 +80,8 @@ constexpr Result Count(std::int64_t success) {
 }
 
 struct Operation {
+  bool UsesAccounts() const { return name.find("on.users") != std::string::npos; }
+
   std::string name;
   std::int64_t (*run)(Stage& stage);
   Result result;

@@ -33,10 +33,12 @@ std::string Joined(const Lines& memory) {
 // `*reopened` the contents of books that are opened again.
 Trial RunAnew(const Operation& operation, const Failures& failures, Lines* reopened = nullptr) {
   SimulatorReset();
-  Stage stage(LogToQuillbox(kHost, kAdministrator, kPassword, "", 0), operation.throughOwner);
+  Stage stage(LogToQuillbox(kHost, kAdministrator, kPassword, "", 0), operation.throughOwner,
+              Stage::kFurnished, operation.UsesAccounts());
   const Trial trial = RunOn(stage, operation, failures, operation.run);
   if (reopened != nullptr && EndsAsReopened(operation)) {
-    *reopened = Stage(stage.box, operation.throughOwner, Stage::kAsFound).Memory();
+    *reopened = Stage(stage.box, operation.throughOwner, Stage::kAsFound, operation.UsesAccounts())
+                    .Memory();
   }
   Logout();
   return trial;

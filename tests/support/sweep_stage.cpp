@@ -55,14 +55,15 @@ void ShowLists(Lines& lines, const std::string& prefix, const Book& book) {
 
 }  // namespace
 
-Stage::Stage(CScanner* newBox, bool throughOwner, Setting setting)
+Stage::Stage(CScanner* newBox, bool throughOwner, Setting setting, bool withAccounts)
     : box(newBox),
       item(MakeItem("Desk")),
       newItem(MakeItem("Fresh")),
       ann(MakeEntry("Ann", "elsewhere")),
       zoe(MakeEntry("Zoe")),
       faxAnn(MakeFax("Ann", "elsewhere")),
-      faxZoe(MakeFax("Zoe")) {
+      faxZoe(MakeFax("Zoe")),
+      loadsAccounts(withAccounts) {
   Name(user, "Ann", throughOwner ? &users : nullptr);
   Name(newUser, "Zoe", throughOwner ? &users : nullptr);
   printerAnn.SetAll(nullptr, "Ann", "elsewhere", "Ann", 0);
@@ -109,7 +110,7 @@ void Stage::Load() {
   email.LoadLists(1);
   fax.Attach(box, 1);
   fax.LoadLists(1);
-  users.Attach(box, 0, 1);
+  users.Attach(box, 0, loadsAccounts ? 1 : 0);
   printers.Attach(box, 1);
   user.LoadPrivateBook();
 }

@@ -32,8 +32,9 @@ struct Stage {
   enum Setting { kFurnished, kAsFound, kWithoutABook };
 
   // The private book is the one of the session, or with `throughOwner` that of an account of the
-  // users' book.
-  explicit Stage(CScanner* newBox, bool throughOwner = false, Setting setting = kFurnished);
+  // users' book. The accounts take most of the time of a load.
+  explicit Stage(CScanner* newBox, bool throughOwner = false, Setting setting = kFurnished,
+                 bool withAccounts = true);
   Stage(const Stage&) = delete;
   Stage& operator=(const Stage&) = delete;
   ~Stage() { DestroySoftKey(newKey); }
@@ -80,6 +81,8 @@ struct Stage {
   void Furnish();
   void OpenBooks();
   void LoadFromArchive(Stage& other);
+
+  const bool loadsAccounts;
 };
 
 }  // namespace quillkit
