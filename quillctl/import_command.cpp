@@ -261,6 +261,7 @@ void RunImport(const ImportRequest& request, const Credentials& credentials) {
   if (request.preview) return Preview(prepared, request);
   RequireRejectsFile(request);
   if (prepared.run.ToSend() == 0 && prepared.run.Rejected() != 0) {
+    if (!request.json) ShowForm(*prepared.source, prepared.file);
     return Finish(prepared, request);
   }
   const Session session(credentials);
@@ -275,8 +276,7 @@ constexpr const char* kMapHelp =
 
 constexpr const char* kFooter =
     "Rows that cannot be imported are reported and not sent. The exit status is 3 if some rows "
-    "were "
-    "not imported, and 5 if the address book cannot be read afterwards.";
+    "were not imported, and 5 if the address book cannot be read afterwards.";
 
 std::string PathFault(const std::string& path) {
   return path.empty() ? "the file name is empty" : "";
