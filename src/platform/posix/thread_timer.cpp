@@ -126,7 +126,11 @@ void ThreadTimers::Schedule() {
 // is not readable until that time.
 void ThreadTimers::SetDescriptor() const {
   itimerspec expiry{};
-  if (firstDue != kNever) expiry.it_value = {firstDue / kSecond, firstDue % kSecond};
+  if (firstDue != kNever) {
+    // The fields have the width of the system.
+    expiry.it_value.tv_sec = static_cast<decltype(timespec::tv_sec)>(firstDue / kSecond);
+    expiry.it_value.tv_nsec = static_cast<decltype(timespec::tv_nsec)>(firstDue % kSecond);
+  }
   timerfd_settime(descriptor, TFD_TIMER_ABSTIME, &expiry, nullptr);
 }
 
