@@ -101,6 +101,7 @@ const Problem* FaultOf(std::string_view address, Part part) {
 // What the column before an address tells of it, such as "* Work"; the asterisk marks the preferred
 // one.
 struct Label {
+  Label() = default;
   explicit Label(std::string_view text) : isPreferred(text.starts_with('*')) {
     const std::string lower = contacts::LowerCase(text);
     if (lower.find("work") != lower.npos) place = Place::kWork;
@@ -282,19 +283,25 @@ class Mapping::Addresses {
  public:
   Addresses(Place newPlace, EntryValue& newFurther) : place(newPlace), further(newFurther) {}
 
+  // Stores the label of the address that follows it.
+  void SetLabel(std::string_view text) { label = Label(text); }
+
   // Only a cell of a csv file has several addresses.
-  void Add(const Value& value, const Use& use, const Label& label, EntryValue& into) {
+  void Add(const Value& value, const Use& use, EntryValue& into) {
     const bool isCell = value.name.empty() && !use.isExact;
     const std::string_view separators =
         isCell ? SeparatorsOf(value.text, use.meaning.part) : std::string_view();
     std::string_view rest = value.text;
-    if (separators.empty()) return AddOne(value, use, label, rest, into);
-    while (!rest.empty()) AddOne(value, use, label, TakeAddress(rest, separators), into);
+    if (separators.empty()) {
+      AddOne(value, use, rest, into);
+    } else {
+      while (!rest.empty()) AddOne(value, use, TakeAddress(rest, separators), into);
+    }
+    label = {};
   }
 
  private:
-  void AddOne(const Value& value, const Use& use, const Label& label, std::string_view text,
-              EntryValue& into) {
+  void AddOne(const Value& value, const Use& use, std::string_view text, EntryValue& into) {
     if (!use.isExact) text = BareAddress(text, use.meaning.part);
     if (text.empty() && value.fault == nullptr) return;
     if (into.column != 0 && EqualInAnyCase(text, into.text)) return;
@@ -313,6 +320,7 @@ class Mapping::Addresses {
 
   Place place;
   EntryValue& further;
+  Label label;
   std::tuple<unsigned, unsigned, unsigned> best;
 };
 
@@ -330,22 +338,20 @@ void Mapping::Map(const Record& record, std::vector<EntryValue>& values,
   clear(further);
   Name name;
   Addresses addresses(place, further);
-  Label label("");
   for (const Value& value : record.Values()) {
     if (!columns.empty() && value.column > columns.size()) break;
     const std::optional<Use> use =
         columns.empty() ? UseOf(value, record) : columns[value.column - 1];
     if (!use) continue;
     if (use->field == kNoField) {
-      label = Label(value.text);
+      addresses.SetLabel(value.text);
       continue;
     }
     EntryValue& into = values[use->field];
     if (use->field == 0) {
       name.Add(value, use->meaning);
     } else if (IsAddress(use->meaning.part)) {
-      addresses.Add(value, *use, label, into);
-      label = Label("");
+      addresses.Add(value, *use, into);
     } else if (into.text.empty()) {
       Store(into, value, value.text);
     }
