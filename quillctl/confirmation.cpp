@@ -28,25 +28,25 @@ void Confirm(bool yes, const std::string& question) {
   if (answer != "y" && answer != "yes") throw Refusal("not confirmed; nothing was changed");
 }
 
-CLI::Option* AddDryRun(CLI::App* command, bool& into) {
-  return command->add_flag("--dry-run", into,
+CLI::Option* AddDryRun(CLI::App* command, Consent& into) {
+  return command->add_flag("--dry-run", into.dryRun,
                            "Print what would be done, without changing anything");
 }
 
-bool IsDryRun(bool dryRun, const std::string& action) {
-  if (dryRun) {
+bool IsDryRun(const Consent& consent, const std::string& action) {
+  if (consent.dryRun) {
     std::cout << "Would " << LowerCase(action.substr(0, 1)) << action.substr(1) << ".\n";
   }
-  return dryRun;
+  return consent.dryRun;
 }
 
 void AddConsent(CLI::App* command, Consent& into) {
   CLI::Option* yes = AddYes(command, into.yes);
-  AddDryRun(command, into.dryRun)->excludes(yes);
+  AddDryRun(command, into)->excludes(yes);
 }
 
 bool Agreed(const Consent& consent, const std::string& action) {
-  if (IsDryRun(consent.dryRun, action)) return false;
+  if (IsDryRun(consent, action)) return false;
   Confirm(consent.yes, action + '?');
   return true;
 }

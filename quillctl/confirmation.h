@@ -26,11 +26,11 @@ struct Consent {
 };
 
 // Adds --dry-run.
-CLI::Option* AddDryRun(CLI::App* command, bool& into);
+CLI::Option* AddDryRun(CLI::App* command, Consent& into);
 
 // In a dry run prints what the action, such as "Delete 3 entries", would do. Returns whether it is
 // a dry run.
-bool IsDryRun(bool dryRun, const std::string& action);
+bool IsDryRun(const Consent& consent, const std::string& action);
 
 // Adds --yes and --dry-run. Only one of them can be given.
 void AddConsent(CLI::App* command, Consent& into);

@@ -35,8 +35,8 @@ std::string HexadecimalBytes(std::string_view bytes);
 // character set.
 std::vector<std::string> FormsOf(const std::string& typed);
 
-// Returns the first form for which `exists` returns true, or the name as typed if there is none. A
-// name that has no other form is returned without a call of `exists`.
+// Returns the first form that `exists` accepts, or the name as typed if it accepts none. A name
+// that has no other form is returned without a call of `exists`.
 std::string StoredName(const std::string& typed,
                        const std::function<bool(const std::string&)>& exists);
 

@@ -105,7 +105,7 @@ class Lists {
   void Create(const Arguments& a) {
     const Members members = MembersFor(a, {}, true);
     const std::string what = Named(a.name) + " with " + CountedMembers(members.size());
-    if (IsDryRun(a.consent.dryRun, "Create " + what)) return;
+    if (IsDryRun(a.consent, "Create " + what)) return;
     Fill(a.name, members, "create " + Named(a.name), DeferredTermination(kStopping));
     std::cout << "Created " << what << ".\n";
   }
@@ -113,7 +113,7 @@ class Lists {
   void Copy(const Arguments& a) {
     const std::string names = Named(a.name) + " to " + Quoted(a.newName);
     const Members members = ReadNamed(a.name);
-    if (IsDryRun(a.consent.dryRun, "Copy " + names)) return;
+    if (IsDryRun(a.consent, "Copy " + names)) return;
     Fill(a.newName, members, "copy " + names, DeferredTermination(kStopping));
     std::cout << "Copied " << names << " with " << CountedMembers(members.size()) << ".\n";
   }
@@ -122,7 +122,7 @@ class Lists {
     if (a.name == a.newName) throw UsageError("the new name is the old one");
     const std::string names = Named(a.name) + " to " + Quoted(a.newName);
     const std::set<Row> rows = RowsOf(ReadNamed(a.name));
-    if (IsDryRun(a.consent.dryRun, "Rename " + names)) return;
+    if (IsDryRun(a.consent, "Rename " + names)) return;
     if constexpr (std::is_null_pointer_v<decltype(kRename)>) {
       RenameByCopy(a, "rename " + names);
     } else {
@@ -251,7 +251,7 @@ class Lists {
     const Members members = MembersFor(a, present, adds);
     const std::string what =
         CountedMembers(members.size()) + (adds ? " to " : " from ") + Named(a.name);
-    if (adds ? IsDryRun(a.consent.dryRun, "Add " + what) : !Agreed(a.consent, "Remove " + what)) {
+    if (adds ? IsDryRun(a.consent, "Add " + what) : !Agreed(a.consent, "Remove " + what)) {
       return;
     }
     ChangeMembers(a.name, adds ? Change::kAdd : Change::kRemove, members, present.size(),
@@ -398,7 +398,7 @@ void AddListCommands(Commands& commands) {
     }
     if ((options & kJson) != 0) AddJson(command, a.json);
     if ((options & kConsent) != 0) AddConsent(command, a.consent);
-    if ((options & kDryRun) != 0) AddDryRun(command, a.consent.dryRun);
+    if ((options & kDryRun) != 0) AddDryRun(command, a.consent);
   }
 }
 

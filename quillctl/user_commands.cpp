@@ -82,9 +82,9 @@ struct Account {
     user.tag = found->tag;
   }
 
-  // Stores the new texts, and the password unless it is null.
-  void Set(const Arguments& a, const std::string* password) {
-    const bool isSet = (password == nullptr || user.SetPassword(*password) != 0) &&
+  // Stores the password and the texts that are given.
+  void Set(const Arguments& a, const std::optional<std::string>& password) {
+    const bool isSet = (!password || user.SetPassword(*password) != 0) &&
                        user.SetThird(a.third.value_or(user.Third())) != 0 &&
                        user.SetFourth(a.fourth.value_or(user.Fourth())) != 0;
     if (isSet) return;
@@ -137,28 +137,26 @@ void ShowUser(const Session& session, const Arguments& a) {
 }
 
 void AddUser(const Credentials& credentials, const Arguments& a) {
-  const std::string password = a.passwordFile.empty()
-                                   ? AskForNewPassword(a.name)
-                                   : PasswordFromFile(a.passwordFile, "--new-password-file");
+  const std::optional<std::string> password =
+      a.passwordFile.empty() ? AskForNewPassword(a.name)
+                             : PasswordFromFile(a.passwordFile, "--new-password-file");
   const Session session(credentials);
   Account account(session);
   account.name = a.name;
   const std::uint32_t on = 1;  // as an imported account
   account.user.SetFrom(&account.book, a.name, {}, {}, {}, &on, &on);
-  account.Set(a, &password);
+  account.Set(a, password);
   account.RequireChanged(account.book.AddUser(&account.user, 0), "add");
   std::cout << "Added " << Described(a.name) << ".\n";
 }
 
 void EditUser(const Credentials& credentials, const Arguments& a) {
-  const bool hasPassword = !a.passwordFile.empty();
-  if (!hasPassword && !a.third && !a.fourth)
-    throw UsageError("name what to change, with an option");
-  const std::string password =
-      hasPassword ? PasswordFromFile(a.passwordFile, "--new-password-file") : "";
+  std::optional<std::string> password;
+  if (!a.passwordFile.empty()) password = PasswordFromFile(a.passwordFile, "--new-password-file");
+  if (!password && !a.third && !a.fourth) throw UsageError("name what to change, with an option");
   const Session session(credentials);
   Account account(session, a.name);
-  account.Set(a, hasPassword ? &password : nullptr);
+  account.Set(a, password);
   account.RequireChanged(account.book.ModifyUser(&account.user, 0), "change");
   std::cout << "Changed " << Described(account.name) << ".\n";
 }
