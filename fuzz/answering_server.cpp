@@ -171,6 +171,17 @@ Status Deliver(const Answer& answer, ABIdent* book, Row* rows, std::uint32_t* co
   return answer.status;
 }
 
+// A read of a range of a book.
+template <class Row>
+Status DeliverPage(ABIdent* book, KeyRange* range, Row* rows, std::uint32_t* count,
+                   std::int32_t direction) {
+  const Answer answer = Begin(book, range);
+  const Status status = Deliver(answer, book, rows, count, direction);
+  answer.Overwrite(book);
+  answer.Overwrite(range);
+  return status;
+}
+
 // A call without a buffer.
 Status Answered(ABIdent* book, EntryKey* key = nullptr, void* record = nullptr) {
   const Answer answer = Begin(book, nullptr, key);
@@ -272,20 +283,12 @@ Status IMSPSizeofAB(ABIdent* book, const char* /*filter*/, std::uint32_t* count)
 
 Status IMSPReadAB(ABIdent* book, KeyRange* range, void* records, std::uint32_t* count,
                   std::int32_t direction) {
-  const Answer answer = Begin(book, range);
-  const Status status = Deliver(answer, book, static_cast<Bytes*>(records), count, direction);
-  answer.Overwrite(book);
-  answer.Overwrite(range);
-  return status;
+  return DeliverPage(book, range, static_cast<Bytes*>(records), count, direction);
 }
 
 Status IMSPListABEntries(ABIdent* book, KeyRange* range, EntryKey* rows, std::uint32_t* count,
                          std::int32_t direction) {
-  const Answer answer = Begin(book, range);
-  const Status status = Deliver(answer, book, rows, count, direction);
-  answer.Overwrite(book);
-  answer.Overwrite(range);
-  return status;
+  return DeliverPage(book, range, rows, count, direction);
 }
 
 Status IMSPListAB(ABIdent* selector, KeyRange* range, ABIdent* books, std::uint32_t* count,

@@ -2,7 +2,7 @@
 // all entry points of bridge/imsp_api.h.
 //
 // The text has a word for each call but IMSPWakeup, which always succeeds. Words are separated by
-// spaces. Four characters, in which a digit chooses its value, and a text:
+// spaces. A word is four characters, each of which chooses a value by a digit, and a text:
 //
 //   status   0 is success; the others are those of kStatuses
 //   number   of the records that are written, as many as fit, or the size that is reported:
