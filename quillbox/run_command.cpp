@@ -5,10 +5,10 @@
 #include <random>
 #include <system_error>
 
+#include "console/system/program_file.h"
 #include "quillbox/commands.h"
 #include "quillbox/failure.h"
 #include "quillbox/system/child_process.h"
-#include "quillctl/system/program_file.h"
 #include "simulator/fault_script.h"
 #include "simulator/scenario.h"
 #include "simulator/warning.h"
@@ -52,7 +52,7 @@ class RunFolder {
 
 // The folder of the simulator: that of this program, or that of the installation.
 std::string SimulatorFolder() {
-  const fs::path own = fs::path(quillctl::ProgramFile()).parent_path();
+  const fs::path own = fs::path(console::ProgramFile()).parent_path();
   std::error_code failure;
   for (const fs::path& each : {own, own / QUILLBOX_INSTALLED_SIMULATOR}) {
     if (fs::exists(each / kSimulatorFile, failure)) return fs::canonical(each, failure).string();

@@ -5,9 +5,9 @@
 #include <utility>
 
 #include "base/secret.h"
+#include "console/progress.h"
+#include "console/system/terminal.h"
 #include "quillctl/failures.h"
-#include "quillctl/progress.h"
-#include "quillctl/system/terminal.h"
 #include "toolkit/quillkit.h"
 #include "views/entry_source.h"
 
@@ -18,11 +18,11 @@ using quillkit::CScanner;
 
 // Stores the values in the record. Throws a UsageError for one that is too long.
 template <class Record>
-void Store(Record& record, const Row& row, const AddressBook& book) {
+void Store(Record& record, const console::Row& row, const AddressBook& book) {
   std::size_t i = 0;
   const auto store = [&](auto& text) {
     if (text.Set(row[i]) == 0) {
-      throw UsageError("the " + LowerCase(book.fields[i]) + " is longer than " +
+      throw UsageError("the " + console::LowerCase(book.fields[i]) + " is longer than " +
                        std::to_string(text.kMaxLength) + " bytes");
     }
     ++i;
@@ -52,14 +52,14 @@ std::int32_t ReadPages(const quillkit::CScanner& scanner, const std::string& fro
   std::vector<typename decltype(entries)::Record> page(kPage);
   quillkit::KeyRange range(from, filter);
   for (std::int32_t left = quillkit::MaxEmailEntries; left > 0;) {
-    KeepSessionAlive();
+    console::KeepSessionAlive();
     std::uint32_t count = kPage;
     const quillkit::Status status = entries.Read(&range, page.data(), &count, 1);
     if (status == quillkit::kDataNotFound) return quillkit::kNoError;
     if (status != quillkit::kNoError && status != quillkit::kMoreData) return status;
     const std::string previous(range.first.View());
     for (std::uint32_t i = 0; i < count; ++i, --left) {
-      Row row = Cells(page[i]);
+      console::Row row = Cells(page[i]);
       if (row[0].empty()) return quillkit::kUnusableInput;  // a blank record
       range.first.Assign(row[0]);
       if (!handle(std::move(row))) return quillkit::kNoError;
@@ -76,7 +76,7 @@ std::int32_t CountEntries(const quillkit::CScanner& scanner, std::uint32_t* coun
 }
 
 template <auto Access>
-std::int32_t AddEntry(const AddressBook& book, const CScanner& scanner, const Row& row) {
+std::int32_t AddEntry(const AddressBook& book, const CScanner& scanner, const console::Row& row) {
   auto entries = (scanner.*Access)();
   quillkit::Wiped<typename decltype(entries)::Record> record;
   Store(record, row, book);
@@ -85,13 +85,13 @@ std::int32_t AddEntry(const AddressBook& book, const CScanner& scanner, const Ro
 
 template <auto Access>
 std::int32_t ChangeEntry(const AddressBook& book, const CScanner& scanner, const std::string& name,
-                         const std::function<bool(Row&)>& edit) {
+                         const std::function<bool(console::Row&)>& edit) {
   auto entries = (scanner.*Access)();
   quillkit::Wiped<typename decltype(entries)::Record> record;
   std::get<0>(Texts(record)).Assign(name);
   const quillkit::Status status = entries.ReadOne(&record);
   if (status != quillkit::kNoError) return status;
-  Row row = Cells(record);
+  console::Row row = Cells(record);
   if (row[0] != name) return quillkit::kUnusableInput;  // another entry
   if (!edit(row)) return quillkit::kNoError;
   Store(record, row, book);
@@ -104,8 +104,8 @@ std::int32_t DeleteEntry(const CScanner& scanner, const std::string& name) {
 }
 
 template <auto Access>
-AddressBook Book(std::string_view word, std::string_view title, std::int32_t target, Row fields,
-                 std::size_t requiredFields, std::int32_t (*clear)(CScanner&),
+AddressBook Book(std::string_view word, std::string_view title, std::int32_t target,
+                 console::Row fields, std::size_t requiredFields, std::int32_t (*clear)(CScanner&),
                  std::size_t secretField = AddressBook::kNone) {
   return {word,
           title,
@@ -124,7 +124,7 @@ AddressBook Book(std::string_view word, std::string_view title, std::int32_t tar
 
 }  // namespace
 
-Row AddressBook::WithoutSecret(Row row) const {
+console::Row AddressBook::WithoutSecret(console::Row row) const {
   if (secretField < row.size() && !row[secretField].empty()) row[secretField] = "(set)";
   return row;
 }
@@ -168,12 +168,14 @@ std::vector<std::string> AllBookWords() {
 }
 
 std::int32_t ReadCompletely(const AddressBook& book, const quillkit::CScanner& scanner,
-                            const std::string& activity, const std::function<void(Row)>& handle) {
+                            const std::string& activity,
+                            const std::function<void(console::Row)>& handle) {
   std::uint32_t count = 0;
   std::size_t entries = 0;
-  Progress progress(activity + " the " + std::string(book.title),
-                    [&] { return book.count(scanner, &count) == quillkit::kNoError ? count : 0; });
-  const std::int32_t status = book.read(scanner, {}, "*", [&](Row row) {
+  console::Progress progress(activity + " the " + std::string(book.title), [&] {
+    return book.count(scanner, &count) == quillkit::kNoError ? count : 0;
+  });
+  const std::int32_t status = book.read(scanner, {}, "*", [&](console::Row row) {
     handle(std::move(row));
     ++entries;
     progress.Step();
@@ -187,11 +189,11 @@ std::int32_t ReadCompletely(const AddressBook& book, const quillkit::CScanner& s
   return count == entries ? quillkit::kNoError : quillkit::kUnusableInput;
 }
 
-std::optional<std::vector<Row>> ReadAllEntries(const AddressBook& book,
-                                               const quillkit::CScanner& scanner) {
-  std::vector<Row> rows;
-  const std::int32_t status =
-      ReadCompletely(book, scanner, "Reading", [&](Row row) { rows.push_back(std::move(row)); });
+std::optional<std::vector<console::Row>> ReadAllEntries(const AddressBook& book,
+                                                        const quillkit::CScanner& scanner) {
+  std::vector<console::Row> rows;
+  const std::int32_t status = ReadCompletely(
+      book, scanner, "Reading", [&](console::Row row) { rows.push_back(std::move(row)); });
   return status == quillkit::kNoError ? std::optional(std::move(rows)) : std::nullopt;
 }
 

@@ -15,19 +15,19 @@
 
 #include "appliance/scanner.h"
 #include "bridge/record_fields.h"
-#include "quillctl/text_table.h"
+#include "console/text_table.h"
 
 namespace quillctl {
 
 // Returns the values of an entry, or of a member of a distribution list.
 template <class Record>
-Row Cells(const Record& record) {
-  return std::apply([](const auto&... text) { return Row{std::string(text.View())...}; },
+console::Row Cells(const Record& record) {
+  return std::apply([](const auto&... text) { return console::Row{std::string(text.View())...}; },
                     quillkit::Texts(record));
 }
 
 // Receives one entry. Returns false to receive no more.
-using RowHandler = std::function<bool(Row)>;
+using RowHandler = std::function<bool(console::Row)>;
 
 struct AddressBook {
   std::string_view word;   // its name on the command line
@@ -35,7 +35,7 @@ struct AddressBook {
   std::int32_t target;     // its number in ImportOptions::targetBook, 0 if it has none
   // The fields in the order of a column map; also the headings of a table. In lower case they are
   // the field names on the command line.
-  Row fields;
+  console::Row fields;
   std::vector<std::size_t> widths;  // the largest value of each field, in bytes
   std::size_t requiredFields;       // an entry needs the first `requiredFields` fields
   // Reads the entries after the name `from`, in the book's order and in pages, and passes each to
@@ -46,11 +46,12 @@ struct AddressBook {
   // Stores the number of entries in `*count` on success. Returns a status.
   std::int32_t (*count)(const quillkit::CScanner& scanner, std::uint32_t* count);
   // Adds an entry. Returns a status. Throws a UsageError for a value that is too long.
-  std::int32_t (*add)(const AddressBook& book, const quillkit::CScanner& scanner, const Row& row);
+  std::int32_t (*add)(const AddressBook& book, const quillkit::CScanner& scanner,
+                      const console::Row& row);
   // Reads the entry `name` and passes it to `edit`. If that returns true, replaces the entry by the
   // edited row. Returns a status, and throws a UsageError as `add` does.
   std::int32_t (*change)(const AddressBook& book, const quillkit::CScanner& scanner,
-                         const std::string& name, const std::function<bool(Row&)>& edit);
+                         const std::string& name, const std::function<bool(console::Row&)>& edit);
   // Deletes the entry `name`, or all entries. Return a status.
   std::int32_t (*remove)(const quillkit::CScanner& scanner, const std::string& name);
   std::int32_t (*clear)(quillkit::CScanner& scanner);
@@ -59,7 +60,7 @@ struct AddressBook {
   static constexpr auto kNone = static_cast<std::size_t>(-1);
 
   // Returns the row with a secret that is not empty replaced by "(set)".
-  Row WithoutSecret(Row row) const;
+  console::Row WithoutSecret(console::Row row) const;
 };
 
 // All books: those of PublicBooks(), then that of PrivateBook().
@@ -81,11 +82,12 @@ std::vector<std::string> AllBookWords();
 // the handler. A missing book has no entries. Returns 0; a status; or -2 if the number of entries
 // is not the one that the appliance reports.
 std::int32_t ReadCompletely(const AddressBook& book, const quillkit::CScanner& scanner,
-                            const std::string& activity, const std::function<void(Row)>& handle);
+                            const std::string& activity,
+                            const std::function<void(console::Row)>& handle);
 
 // Returns all entries of the book, or nothing if ReadCompletely() fails.
-std::optional<std::vector<Row>> ReadAllEntries(const AddressBook& book,
-                                               const quillkit::CScanner& scanner);
+std::optional<std::vector<console::Row>> ReadAllEntries(const AddressBook& book,
+                                                        const quillkit::CScanner& scanner);
 
 }  // namespace quillctl
 

@@ -9,12 +9,12 @@
 
 #include "bridge/records.h"
 #include "bridge/the_agent.h"
+#include "console/displayed_text.h"
+#include "console/json_output.h"
+#include "console/text_file.h"
 #include "quillctl/check_command.h"
-#include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
-#include "quillctl/json_output.h"
 #include "quillctl/session.h"
-#include "quillctl/text_file.h"
 #include "toolkit/version.h"
 
 namespace quillctl {
@@ -101,8 +101,8 @@ std::string Today() {
 
 // Asks the appliance in the open session. Changes nothing on it. Returns an object that has each
 // question with the answer: the status and, if any, the count.
-Json AskAppliance(const Session& /*session*/) {
-  Json answers = Json::object();
+console::Json AskAppliance(const Session& /*session*/) {
+  console::Json answers = console::Json::object();
   for (const Question& each : kQuestions) {
     Asked asked;
     std::string answer = CodeAndText(each.ask(asked));
@@ -114,34 +114,35 @@ Json AskAppliance(const Session& /*session*/) {
 
 // Returns the sheet as JSON, with the version of Quillkit, the date and the identity of the
 // appliance.
-std::string SheetOf(const Json& answers, const Session& session) {
-  Json sheet = {{kFormatMember, 1}, {"quillkit", QUILLKIT_VERSION}, {"date", Today()}};
-  SetText(sheet, "model", quillkit::GetScannerModel(session.Scanner()));
-  SetText(sheet, "version", quillkit::GetScannerVersion(session.Scanner()));
+std::string SheetOf(const console::Json& answers, const Session& session) {
+  console::Json sheet = {{kFormatMember, 1}, {"quillkit", QUILLKIT_VERSION}, {"date", Today()}};
+  console::SetText(sheet, "model", quillkit::GetScannerModel(session.Scanner()));
+  console::SetText(sheet, "version", quillkit::GetScannerVersion(session.Scanner()));
   sheet["answers"] = answers;
   return sheet.dump(2) + '\n';
 }
 
 // Returns the answers. Throws a UsageError for a file that is not a sheet.
-Json ParseSheet(const std::string& text) {
-  const Json sheet = Json::parse(text, nullptr, false);
-  if (sheet.is_object() && sheet.value(kFormatMember, Json()) == Json(1)) {
-    Json answers = sheet.value("answers", Json());
+console::Json ParseSheet(const std::string& text) {
+  const console::Json sheet = console::Json::parse(text, nullptr, false);
+  if (sheet.is_object() && sheet.value(kFormatMember, console::Json()) == console::Json(1)) {
+    console::Json answers = sheet.value("answers", console::Json());
     if (answers.is_object()) return answers;
   }
   throw UsageError("not an answer sheet: \"quillbox-answers\": 1 or its answers are missing");
 }
 
 // Throws a Refusal that lists the questions with another answer, and those that only one sheet has.
-void RequireSame(const Json& saved, const Json& now) {
+void RequireSame(const console::Json& saved, const console::Json& now) {
   std::string differences;
   const auto add = [&differences](const std::string& question, const std::string& text) {
-    differences += (differences.empty() ? "" : "\n  ") + DisplayedText(question) + ": " + text;
+    differences +=
+        (differences.empty() ? "" : "\n  ") + console::DisplayedText(question) + ": " + text;
   };
   const auto inFile = [&saved](const std::string& question) {
-    const Json& answer = saved[question];
+    const console::Json& answer = saved[question];
     return "; in the file: " +
-           DisplayedText(answer.is_string() ? answer.get<std::string>() : answer.dump());
+           console::DisplayedText(answer.is_string() ? answer.get<std::string>() : answer.dump());
   };
   for (const auto& [question, answer] : now.items()) {
     if (saved.contains(question) && saved[question] == answer) continue;
@@ -160,16 +161,17 @@ std::vector<Step> AnswerSteps(const std::string& savePath, const std::string& co
   std::vector<Step> steps;
   if (!savePath.empty()) {
     steps.push_back({"save the answers", [savePath](CheckRun& check) {
-                       const Json answers = AskAppliance(check.OpenSession());
-                       WriteTextFile(savePath, SheetOf(answers, check.OpenSession()));
-                       return Counted(answers.size(), "answer") + " in " + QuotedFileName(savePath);
+                       const console::Json answers = AskAppliance(check.OpenSession());
+                       console::WriteTextFile(savePath, SheetOf(answers, check.OpenSession()));
+                       return console::Counted(answers.size(), "answer") + " in " +
+                              console::QuotedFileName(savePath);
                      }});
   }
   if (!comparePath.empty()) {
     steps.push_back({"compare the answers", [comparePath](CheckRun& check) {
-                       RequireSame(ParseSheet(ReadTextFile(comparePath, kMaxSheet)),
+                       RequireSame(ParseSheet(console::ReadTextFile(comparePath, kMaxSheet)),
                                    AskAppliance(check.OpenSession()));
-                       return "they are those in " + QuotedFileName(comparePath);
+                       return "they are those in " + console::QuotedFileName(comparePath);
                      }});
   }
   return steps;

@@ -7,8 +7,8 @@
 
 #include "bridge/records.h"
 #include "bridge/the_agent.h"
+#include "console/displayed_text.h"
 #include "quillctl/check_command.h"
-#include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
 
 namespace quillctl {
@@ -39,7 +39,7 @@ std::uint32_t SizeOf(ABIdent& book) {
   std::uint32_t size = 0;
   const std::int32_t status = TheAgent.IMSPSizeofAB(&book, &size);
   if (status == quillkit::kAccessDenied) throw Skip("this account cannot read the books");
-  RequireSuccess(status, "count the entries of " + Quoted(std::string(book.name.View())));
+  RequireSuccess(status, "count the entries of " + console::Quoted(std::string(book.name.View())));
   return size;
 }
 
@@ -47,8 +47,8 @@ std::uint32_t SizeOf(ABIdent& book) {
 // its end. Throws a Refusal unless `expected` names arrive, in ascending order.
 std::vector<EntryKey> ReadPage(const CheckedBook& checked, const EntryKey& from,
                                std::int32_t direction, std::uint32_t expected, bool hasMore) {
-  const std::string what =
-      "read " + Quoted(std::string(checked.name)) + (direction == 1 ? " forward" : " backward");
+  const std::string what = "read " + console::Quoted(std::string(checked.name)) +
+                           (direction == 1 ? " forward" : " backward");
   ABIdent book(checked.kind, checked.name);
   KeyRange range(from.name.View(), "*");
   std::vector<char> records(kPage * checked.recordSize);
@@ -89,10 +89,11 @@ std::string ReadBothWays(CheckRun& check) {
     const EntryKey last = names.back();
     names.pop_back();
     if (ReadPage(each, last, 0, part - 1, false) != names) {
-      throw Refusal(Quoted(std::string(each.name)) + " has other entries if it is read backward");
+      throw Refusal(console::Quoted(std::string(each.name)) +
+                    " has other entries if it is read backward");
     }
   }
-  return Counted(entries, "entry", "entries");
+  return console::Counted(entries, "entry", "entries");
 }
 
 std::string ReadCensus(CheckRun& check) {
@@ -105,7 +106,7 @@ std::string ReadCensus(CheckRun& check) {
   std::int64_t sum = 0;
   for (std::uint32_t i = 0; i < std::min(rows, kLetters); ++i) sum += table[i].count;
   if (sum != size) throw Refusal("the letters have other entries than the book");
-  return Counted(std::min(rows, kLetters), "letter");
+  return console::Counted(std::min(rows, kLetters), "letter");
 }
 
 std::string ReadLists(CheckRun& check) {
@@ -128,7 +129,7 @@ std::string ReadLists(CheckRun& check) {
     lists[i].Terminate();
     SizeOf(lists[i]);
   }
-  return Counted(number, "list");
+  return console::Counted(number, "list");
 }
 
 }  // namespace

@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <memory>
 
+#include "console/displayed_text.h"
 #include "quillctl/check_command.h"
-#include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
 #include "quillctl/key_set.h"
 
@@ -91,7 +91,7 @@ std::string ChooseNames(CheckRun& check, Trial& trial) {
   RequireUnknown(trial.book, trial.name);
   RequireUnknown(trial.book, trial.newName);
   trial.allPassed = true;
-  return Quoted(trial.name);
+  return console::Quoted(trial.name);
 }
 
 // Requires that the key of the trial is as expected and that the other keys are unchanged.
@@ -145,7 +145,7 @@ constexpr const char* kMayExist = " may still exist (delete it with quillctl key
 constexpr const char* kExists = " still exists (delete it with quillctl key delete)";
 
 void AppendKey(std::string& list, const std::string& name, const std::string& text) {
-  list += (list.empty() ? "" : "; ") + Quoted(name) + text;
+  list += (list.empty() ? "" : "; ") + console::Quoted(name) + text;
 }
 
 // Reads the keys after the deletion. A failure reports the names of the created keys.

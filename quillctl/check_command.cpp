@@ -3,9 +3,10 @@
 #include <iostream>
 #include <memory>
 
+#include "console/json_output.h"
+#include "console/options.h"
 #include "quillctl/commands.h"
 #include "quillctl/failures.h"
-#include "quillctl/json_output.h"
 #include "quillctl/key_set.h"
 
 namespace quillctl {
@@ -68,7 +69,7 @@ void CheckAppliance(const Credentials& credentials, const Arguments& arguments) 
   const bool json = arguments.json;
   const std::vector<Step> steps = Steps(arguments);
   std::size_t counts[kResults] = {};
-  Json list = Json::array();
+  console::Json list = console::Json::array();
   for (const Step& step : steps) {
     const Outcome outcome = Run(step, check);
     ++counts[outcome.result];
@@ -80,7 +81,7 @@ void CheckAppliance(const Credentials& credentials, const Arguments& arguments) 
     }
   }
   const bool allPassed = counts[kOk] == steps.size();
-  if (json) PrintJson({{"steps", std::move(list)}, {"good", allPassed}});
+  if (json) console::PrintJson({{"steps", std::move(list)}, {"good", allPassed}});
   if (!check.WasLoggedIn()) throw LoginRefusal("cannot log in; the server was not tested");
   if (!allPassed) {
     const std::string summary = Summary(steps.size(), counts[kFailed], counts[kSkipped]);
@@ -151,7 +152,7 @@ void AddCheckCommand(Commands& commands) {
       ->add_option("--compare-answers", a->compare,
                    "List the answers that differ from those in this file")
       ->type_name("FILE");
-  AddJson(check, a->json);
+  console::AddJson(check, a->json);
 }
 
 }  // namespace quillctl

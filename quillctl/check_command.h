@@ -11,9 +11,9 @@
 #include <vector>
 
 #include "bridge/status.h"
+#include "console/system/deferred_termination.h"
 #include "quillctl/key_set.h"
 #include "quillctl/session.h"
-#include "quillctl/system/deferred_termination.h"
 
 namespace quillctl {
 
@@ -66,7 +66,7 @@ class CheckRun {
   bool wasLoggedIn = false;
   std::optional<std::vector<std::string>> listed;
   std::optional<KeySet> keys;
-  std::optional<DeferredTermination> termination;
+  std::optional<console::DeferredTermination> termination;
 };
 
 // Returns a name that no key of the loaded book has and that differs from `taken`.

@@ -5,11 +5,12 @@
 #include <string>
 #include <vector>
 
+#include "console/displayed_text.h"
+#include "console/options.h"
+#include "console/password.h"
+#include "console/progress.h"
 #include "quillctl/commands.h"
-#include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
-#include "quillctl/password.h"
-#include "quillctl/progress.h"
 #include "toolkit/version.h"
 
 namespace quillctl {
@@ -178,8 +179,8 @@ void Parser::Run(int argc, const char* const* argv) {
   } catch (const CLI::ParseError& error) {
     throw UsageError(ErrorText(error));
   }
-  if (isQuiet) Progress::Silence();
-  if (!displayEncoding.empty()) SetDisplayEncoding(displayEncoding);
+  if (isQuiet) console::Progress::Silence();
+  if (!displayEncoding.empty()) console::SetDisplayEncoding(displayEncoding);
   ReadPassword();
   commands.Run(credentials);
 }
@@ -205,18 +206,18 @@ void Parser::AddOptions() {
   app.add_option("--display-encoding", displayEncoding,
                  "The character set of the appliance's texts (default: UTF-8 where a text is valid "
                  "UTF-8, otherwise Windows-1252)")
-      ->check(CLI::IsMember(DisplayEncodings()));
+      ->check(CLI::IsMember(console::DisplayEncodings()));
 }
 
 void Parser::ReadPassword() {
   std::optional<std::string>& password = credentials.password;
   if (password) return;
   if (passwordFile) {
-    password = PasswordFromFile(*passwordFile, "--password-file");
+    password = console::PasswordFromFile(*passwordFile, "--password-file");
   } else if (passwordFromStdin) {
-    password = PasswordFromStdin();
+    password = console::PasswordFromStdin();
   } else {
-    password = PasswordFromEnvironment();
+    password = console::PasswordFromEnvironment();
   }
 }
 
@@ -236,10 +237,10 @@ bool Parser::MayBeSecret(const std::string& word) const {
 
 std::string Parser::UnknownOption(const std::string& word) const {
   if (word.starts_with("--password")) return "unknown option that begins with --password";
-  if (!word.starts_with("--")) return "unknown option " + Quoted(word.substr(0, 2));
+  if (!word.starts_with("--")) return "unknown option " + console::Quoted(word.substr(0, 2));
   const std::string name = word.substr(0, word.find('='));
-  const std::string nearest = Nearest(name, OptionNames(LastParsed(), app));
-  return "unknown option " + Quoted(name) +
+  const std::string nearest = console::Nearest(name, console::OptionNames(LastParsed(), app));
+  return "unknown option " + console::Quoted(name) +
          (nearest.empty() ? "" : "; did you mean " + nearest + '?');
 }
 
@@ -250,8 +251,8 @@ std::string Parser::UnknownCommand(const std::string& word) const {
   const auto found = std::ranges::find(arguments, word);
   const bool isNoun = std::find(found, arguments.end(), last.get_name()) != arguments.end();
   const CLI::App& group = isNoun ? app : last;
-  const std::string nearest = Nearest(word, CommandNames(group));
-  return "unknown command" + (MayBeSecret(word) ? "" : ' ' + Quoted(word)) + "; " +
+  const std::string nearest = console::Nearest(word, console::CommandNames(group));
+  return "unknown command" + (MayBeSecret(word) ? "" : ' ' + console::Quoted(word)) + "; " +
          (nearest.empty() ? "" : "did you mean " + nearest + "? ") + "see " + HelpOf(group);
 }
 

@@ -59,41 +59,11 @@ class Commands {
   std::shared_ptr<Action> parsed;
 };
 
-// Returns a check of a number's text. The error message gives the range.
-CLI::Validator NumberInRange(std::uint32_t min, std::uint32_t max);
-
 // Requires the name of a key, an item or an entry as the option's value.
 CLI::Option* AsName(CLI::Option* option);
 
 // Adds a required argument that names a key, an item or an entry.
 CLI::Option* AddName(CLI::App* command, const char* title, std::string& into, const char* help);
-
-// Adds an option whose value is a number from `min` to `max`, in decimal or, after "0x", in
-// hexadecimal digits. Number is an unsigned integer, or an optional one.
-template <class Number>
-CLI::Option* AddNumber(CLI::App* command, const char* title, Number& into, const char* help,
-                       std::uint32_t min, std::uint32_t max) {
-  return command->add_option(title, into, help)
-      ->type_name("NUMBER")
-      ->check(NumberInRange(min, max));
-}
-
-// Returns the long options of a command and of the program, each once, with "--".
-std::vector<std::string> OptionNames(const CLI::App& command, const CLI::App& program);
-
-// Returns the commands of a group, or of the program.
-std::vector<std::string> CommandNames(const CLI::App& group);
-
-// Returns the candidate that begins with the word; or the one that the fewest insertions, deletions
-// and replacements of characters turn into the word. Returns an empty text if every candidate needs
-// more than one for each three characters of the word.
-std::string Nearest(std::string_view word, const std::vector<std::string>& candidates);
-
-// Adds --json.
-void AddJson(CLI::App* command, bool& into);
-
-// Adds --json and --json-lines. Only one of them can be given.
-void AddJsonLines(CLI::App* command, bool& json, bool& lines);
 
 // Add the commands of each family.
 void AddKeyCommands(Commands& commands);

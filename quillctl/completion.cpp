@@ -8,9 +8,10 @@
 #include <string>
 #include <vector>
 
+#include "console/options.h"
+#include "console/password.h"
 #include "quillctl/commands.h"
 #include "quillctl/live_names.h"
-#include "quillctl/password.h"
 #include "quillctl/system/private_cache.h"
 
 namespace quillctl {
@@ -72,8 +73,8 @@ class Place {
   // Returns the words that may stand here.
   Words Candidates(bool isOption) const {
     if (option != nullptr) return Choices(*option);
-    if (isOption) return OptionNames(*command, root);
-    Words words = CommandNames(*command);
+    if (isOption) return console::OptionNames(*command, root);
+    Words words = console::CommandNames(*command);
     const auto arguments =
         command->get_options([](const CLI::Option* each) { return each->get_positional(); });
     if (words.empty() && positionals.size() < arguments.size()) {
@@ -104,9 +105,9 @@ class Place {
     if (values.contains("password")) {
       login.password = values.at("password");
     } else if (values.contains("password-file")) {
-      login.password = PasswordFromFile(values.at("password-file"), "--password-file");
+      login.password = console::PasswordFromFile(values.at("password-file"), "--password-file");
     } else {
-      login.password = PasswordFromEnvironment();
+      login.password = console::PasswordFromEnvironment();
     }
     return login;
   }

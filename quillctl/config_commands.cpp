@@ -5,17 +5,18 @@
 #include <iostream>
 #include <string>
 
+#include "console/confirmation.h"
+#include "console/displayed_text.h"
+#include "console/json_output.h"
+#include "console/options.h"
+#include "console/progress.h"
+#include "console/system/deferred_termination.h"
+#include "console/system/terminal.h"
+#include "console/text_file.h"
 #include "quillctl/commands.h"
-#include "quillctl/confirmation.h"
-#include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
-#include "quillctl/json_output.h"
 #include "quillctl/key_set.h"
 #include "quillctl/key_set_json.h"
-#include "quillctl/progress.h"
-#include "quillctl/system/deferred_termination.h"
-#include "quillctl/system/terminal.h"
-#include "quillctl/text_file.h"
 
 namespace quillctl {
 namespace {
@@ -67,9 +68,9 @@ class KeySetWriter {
 // Throws a Refusal if the first change fails, and a PartialFailure if a later one fails or the user
 // interrupts.
 void Make(const Session& session, const std::vector<KeySetChange>& changes) {
-  const DeferredTermination termination("stopping after the current change");
+  const console::DeferredTermination termination("stopping after the current change");
   KeySetWriter writer(session);
-  Progress progress("Making changes", [&changes] { return changes.size(); });
+  console::Progress progress("Making changes", [&changes] { return changes.size(); });
   for (std::size_t i = 0; i < changes.size(); ++i) {
     progress.Step();
     try {
@@ -99,35 +100,36 @@ void RequireApplied(const Session& session, const KeySet& wanted) {
 
 struct Arguments {
   std::string file;
-  Consent consent;
+  console::Consent consent;
   bool json = false;
 };
 
 // Writes the keys and their items as JSON (key_set_json.h) to a file, or to standard output if
 // its path is empty or "-". Throws a Refusal and writes nothing if a key or an item cannot be read.
 void ExportKeys(const Session& session, const Arguments& a) {
-  ConfirmOverwrite(a.consent.yes, a.file);
-  WriteOutput(a.file, JsonOf(ReadKeySet(session)), "Exported the keys to " + Quoted(a.file) + '.');
+  console::ConfirmOverwrite(a.consent.yes, a.file);
+  console::WriteOutput(a.file, JsonOf(ReadKeySet(session)),
+                       "Exported the keys to " + console::Quoted(a.file) + '.');
 }
 
 KeySet ReadKeyFile(const std::string& path) {
-  const std::string json = ReadTextFile(path, kMaxFileSize);
+  const std::string json = console::ReadTextFile(path, kMaxFileSize);
   try {
     return ParseKeySet(json);
   } catch (const UsageError& error) {
-    throw UsageError(Quoted(path) + " is not a valid key file: " + error.what());
+    throw UsageError(console::Quoted(path) + " is not a valid key file: " + error.what());
   }
 }
 
 // Returns an object with the kind of the change, its key and, for an item, its fields before and
 // after the change.
-Json ShownChange(const KeySetChange& change) {
+console::Json ShownChange(const KeySetChange& change) {
   // In the order of KeySetChange::Kind.
   static constexpr const char* kKinds[] = {"delete-item", "delete-key", "change-item", "add-key",
                                            "add-item"};
   const bool isChanged = change.kind == KeySetChange::kChangeItem;
-  Json json = {{"change", kKinds[change.kind]}};
-  SetText(json, "key", change.key);
+  console::Json json = {{"change", kKinds[change.kind]}};
+  console::SetText(json, "key", change.key);
   if (isChanged) json["before"] = ShownItem(change.key, change.before);
   if (change.kind == KeySetChange::kDeleteItem) json["before"] = ShownItem(change.key, change.item);
   if (isChanged || change.kind == KeySetChange::kAddItem) {
@@ -140,7 +142,8 @@ Json ShownChange(const KeySetChange& change) {
 // and the environment variable NO_COLOR is not set or empty.
 std::string Coloured(const std::string& line) {
   const char* const unwanted = std::getenv("NO_COLOR");
-  static const bool hasColours = (unwanted == nullptr || *unwanted == '\0') && StdoutHasColours();
+  static const bool hasColours =
+      (unwanted == nullptr || *unwanted == '\0') && console::StdoutHasColours();
   if (!hasColours) return line;
   const char* const colour = line[0] == '-' ? "31" : line[0] == '+' ? "32" : "33";
   return std::string("\x1B[") + colour + 'm' + line + "\x1B[0m";
@@ -150,9 +153,9 @@ std::string Coloured(const std::string& line) {
 std::vector<KeySetChange> ShowChanges(const Session& session, const KeySet& wanted, bool json) {
   std::vector<KeySetChange> changes = Difference(ReadKeySet(session), wanted);
   if (json) {
-    Json list = Json::array();
+    console::Json list = console::Json::array();
     for (const KeySetChange& change : changes) list.push_back(ShownChange(change));
-    PrintJson(list);
+    console::PrintJson(list);
     return changes;
   }
   for (const KeySetChange& change : changes) {
@@ -167,7 +170,8 @@ void DiffKeys(const Credentials& credentials, const Arguments& a) {
   const KeySet wanted = ReadKeyFile(a.file);
   const Session session(credentials);
   if (ShowChanges(session, wanted, a.json).empty()) return;
-  throw Differs("the keys and items of the appliance differ from those in " + Quoted(a.file));
+  throw Differs("the keys and items of the appliance differ from those in " +
+                console::Quoted(a.file));
 }
 
 // Prints the differences. After confirmation, makes the appliance's keys those of the file. Throws
@@ -182,10 +186,10 @@ void ApplyKeys(const Credentials& credentials, const Arguments& a) {
     return;
   }
   if (a.consent.dryRun) return;
-  Confirm(a.consent.yes, "Make these changes?");
+  console::Confirm(a.consent.yes, "Make these changes?");
   Make(session, changes);
   RequireApplied(session, wanted);
-  std::cout << "Made " << Counted(changes.size(), "change") << ".\n";
+  std::cout << "Made " << console::Counted(changes.size(), "change") << ".\n";
 }
 
 }  // namespace
@@ -196,17 +200,17 @@ void AddConfigCommands(Commands& commands) {
       commands.AddGroup("config", "Save, compare and restore the soft keys with their items");
   const auto [save, saved] = config.Add("export", "Write all keys and items as JSON", ExportKeys);
   save->add_option("file", saved.file, "The file (default: standard output)")->type_name("FILE");
-  AddYes(save, saved.consent.yes);
+  console::AddYes(save, saved.consent.yes);
 
   const auto [diff, compared] =
       config.Add("diff", "Print how the appliance differs from a file", DiffKeys);
   diff->add_option("file", compared.file, kFileHelp)->required()->type_name("FILE");
-  AddJson(diff, compared.json);
+  console::AddJson(diff, compared.json);
 
   const auto [apply, applied] =
       config.Add("apply", "Replace all keys and items with those in a file", ApplyKeys);
   apply->add_option("file", applied.file, kFileHelp)->required()->type_name("FILE");
-  AddConsent(apply, applied.consent);
+  console::AddConsent(apply, applied.consent);
 }
 
 }  // namespace quillctl

@@ -5,14 +5,14 @@
 #include <string>
 #include <system_error>
 
+#include "console/displayed_text.h"
+#include "console/system/program_file.h"
 #include "quillctl/commands.h"
-#include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
 #include "quillctl/import_command.h"
 #include "quillctl/info_command.h"
 #include "quillctl/item_commands.h"
 #include "quillctl/key_commands.h"
-#include "quillctl/system/program_file.h"
 
 namespace quillctl {
 namespace {
@@ -55,8 +55,8 @@ void ChangeSoftKeys(const Session& session) {
 std::string DataFile(const std::string& folder, const char* name) {
   const std::filesystem::path path = std::filesystem::path(folder) / name;
   if (std::error_code failure; !std::filesystem::exists(path, failure)) {
-    throw UsageError("cannot find " + std::string(name) + " in the folder " + Quoted(folder) +
-                     "; choose another folder with --data");
+    throw UsageError("cannot find " + std::string(name) + " in the folder " +
+                     console::Quoted(folder) + "; choose another folder with --data");
   }
   return path.string();
 }
@@ -92,7 +92,7 @@ void ImportFile(const Session& session, const DemoImport& what, const std::strin
 // Returns the folder of the sample files: "data" in the program's folder if it exists, as in a
 // build tree, else the installed folder.
 std::string DemoDataFolder() {
-  const std::filesystem::path folder = std::filesystem::path(ProgramFile()).parent_path();
+  const std::filesystem::path folder = std::filesystem::path(console::ProgramFile()).parent_path();
   const std::filesystem::path built = folder / "data";
   if (std::error_code failure; std::filesystem::exists(built, failure)) return built.string();
   return (folder / QUILLCTL_INSTALLED_DATA).lexically_normal().string();

@@ -10,15 +10,16 @@
 #include <utility>
 
 #include "books/user_record.h"
+#include "console/confirmation.h"
+#include "console/displayed_text.h"
+#include "console/json_output.h"
+#include "console/options.h"
+#include "console/text_file.h"
+#include "console/text_table.h"
 #include "quillctl/address_books.h"
 #include "quillctl/commands.h"
-#include "quillctl/confirmation.h"
-#include "quillctl/displayed_text.h"
 #include "quillctl/entry_file.h"
 #include "quillctl/failures.h"
-#include "quillctl/json_output.h"
-#include "quillctl/text_file.h"
-#include "quillctl/text_table.h"
 
 namespace quillctl {
 namespace {
@@ -40,7 +41,7 @@ struct Arguments {
   bool spreadsheet = false;
   bool json = false;
   bool jsonLines = false;
-  Consent consent;
+  console::Consent consent;
 };
 
 constexpr const char* kUsers = "users";
@@ -50,18 +51,18 @@ std::string TitleOf(const AddressBook& book) {
 }
 
 std::string CountedEntries(std::size_t count) {
-  return Counted(count, "entry", "entries");
+  return console::Counted(count, "entry", "entries");
 }
 
 std::string DescribedEntry(const AddressBook& book, const std::string& name) {
-  return "the entry " + Quoted(name) + " of the " + TitleOf(book);
+  return "the entry " + console::Quoted(name) + " of the " + TitleOf(book);
 }
 
 // Throws a Refusal unless the status is 0: a NotFound if the book has no such entry.
 void RequireEntry(std::int32_t status, const AddressBook& book, const std::string& name,
                   const std::string& verb) {
   if (status == quillkit::kDataNotFound) {
-    throw NotFound("the " + TitleOf(book) + " has no entry " + Quoted(name));
+    throw NotFound("the " + TitleOf(book) + " has no entry " + console::Quoted(name));
   }
   const std::string what = verb + ' ' + DescribedEntry(book, name);
   if (status == quillkit::kUnusableInput) {
@@ -78,12 +79,12 @@ class EntryPrinter {
       : book(newBook), arguments(newArguments), table(newBook.fields) {}
 
   // Returns whether more entries are wanted.
-  bool Add(Row row) {
+  bool Add(console::Row row) {
     row = book.WithoutSecret(std::move(row));
     if (arguments.jsonLines) {
-      std::cout << ShownRow(book.fields, row).dump() << '\n';
+      std::cout << console::ShownRow(book.fields, row).dump() << '\n';
     } else if (arguments.json) {
-      entries.push_back(ShownRow(book.fields, row));
+      entries.push_back(console::ShownRow(book.fields, row));
     } else {
       table.AddRow(std::move(row));
     }
@@ -91,7 +92,7 @@ class EntryPrinter {
   }
 
   void Finish() const {
-    if (!arguments.jsonLines) PrintList(table, entries, arguments.json);
+    if (!arguments.jsonLines) console::PrintList(table, entries, arguments.json);
   }
 
   bool IsEmpty() const { return count == 0; }
@@ -99,8 +100,8 @@ class EntryPrinter {
  private:
   const AddressBook& book;
   const Arguments& arguments;
-  TextTable table;
-  Json entries = Json::array();
+  console::TextTable table;
+  console::Json entries = console::Json::array();
   std::uint32_t count = 0;
 };
 
@@ -117,10 +118,10 @@ void ForEachEntry(const Session& session, const AddressBook& book, const std::st
 }
 
 // Returns the entry of this name, if there is one.
-std::optional<Row> FindEntry(const Session& session, const AddressBook& book,
-                             const std::string& name) {
-  std::optional<Row> found;
-  const auto keep = [&found](const Row& row) {
+std::optional<console::Row> FindEntry(const Session& session, const AddressBook& book,
+                                      const std::string& name) {
+  std::optional<console::Row> found;
+  const auto keep = [&found](const console::Row& row) {
     found = row;
     return false;
   };
@@ -132,13 +133,13 @@ std::optional<Row> FindEntry(const Session& session, const AddressBook& book,
 void ListEntries(const Session& session, const Arguments& arguments) {
   const AddressBook& book = BookOf(arguments.book);
   EntryPrinter printer(book, arguments);
-  const std::string from = StoredName(arguments.from, [&](const std::string& name) {
+  const std::string from = console::StoredName(arguments.from, [&](const std::string& name) {
     return FindEntry(session, book, name).has_value();
   });
-  for (const std::string& letter : FormsOf(arguments.letter)) {
+  for (const std::string& letter : console::FormsOf(arguments.letter)) {
     if (!printer.IsEmpty()) break;
     // The appliance selects by one byte.
-    ForEachEntry(session, book, from, letter.substr(0, 1) + '*', [&](Row row) {
+    ForEachEntry(session, book, from, letter.substr(0, 1) + '*', [&](console::Row row) {
       const bool isWanted = letter.size() < 2 || row[0].starts_with(letter);
       return !isWanted || printer.Add(std::move(row));
     });
@@ -150,24 +151,26 @@ void ListEntries(const Session& session, const Arguments& arguments) {
 void PrintMatches(const Session& session, const Arguments& arguments, const std::string& name,
                   EntryPrinter& printer) {
   const AddressBook& book = BookOf(arguments.book);
-  if (std::optional<Row> same = FindEntry(session, book, name)) printer.Add(std::move(*same));
+  if (std::optional<console::Row> same = FindEntry(session, book, name))
+    printer.Add(std::move(*same));
   if (arguments.wholeName) return;
   // The book is in the order of names: those that begin with the name follow its entry.
-  ForEachEntry(session, book, name, name.substr(0, 1) + '*',
-               [&](Row row) { return row[0].starts_with(name) && printer.Add(std::move(row)); });
+  ForEachEntry(session, book, name, name.substr(0, 1) + '*', [&](console::Row row) {
+    return row[0].starts_with(name) && printer.Add(std::move(row));
+  });
 }
 
 void FindEntries(const Session& session, const Arguments& arguments) {
   const AddressBook& book = BookOf(arguments.book);
   EntryPrinter printer(book, arguments);
-  for (const std::string& each : FormsOf(arguments.name)) {
+  for (const std::string& each : console::FormsOf(arguments.name)) {
     if (printer.IsEmpty()) PrintMatches(session, arguments, each, printer);
   }
   if (arguments.json || !printer.IsEmpty()) printer.Finish();
   if (!printer.IsEmpty()) return;
   throw NotFound("the " + TitleOf(book) +
                  (arguments.wholeName ? " has no entry " : " has no entry that begins with ") +
-                 Quoted(arguments.name));
+                 console::Quoted(arguments.name));
 }
 
 std::uint32_t CountOf(const Session& session, const AddressBook& book) {
@@ -190,44 +193,45 @@ bool HasPrivateBook(const Session& session) {
 }
 
 void ListBooks(const Session& session, const Arguments& arguments) {
-  TextTable table({"Book", "Entries", "Fields"});
-  Json books = Json::array();
+  console::TextTable table({"Book", "Entries", "Fields"});
+  console::Json books = console::Json::array();
   for (const AddressBook& each : HasPrivateBook(session) ? AllBooks() : PublicBooks()) {
     const std::uint32_t count = CountOf(session, each);
-    Row fields = each.fields;
-    std::ranges::transform(fields, fields.begin(), LowerCase);
+    console::Row fields = each.fields;
+    std::ranges::transform(fields, fields.begin(), console::LowerCase);
     table.AddRow({std::string(each.word), std::to_string(count), CLI::detail::join(fields, ", ")});
     books.push_back({{"book", each.word}, {"entries", count}, {"fields", fields}});
   }
-  PrintList(table, books, arguments.json);
+  console::PrintList(table, books, arguments.json);
 }
 
 // Returns the entry of this name, with the name as the book has it. Throws a NotFound if there is
 // none.
-Row ReadEntry(const Session& session, const AddressBook& book, const std::string& name) {
-  for (const std::string& each : FormsOf(name)) {
-    if (std::optional<Row> found = FindEntry(session, book, each)) return std::move(*found);
+console::Row ReadEntry(const Session& session, const AddressBook& book, const std::string& name) {
+  for (const std::string& each : console::FormsOf(name)) {
+    if (std::optional<console::Row> found = FindEntry(session, book, each))
+      return std::move(*found);
   }
-  throw NotFound("the " + TitleOf(book) + " has no entry " + Quoted(name));
+  throw NotFound("the " + TitleOf(book) + " has no entry " + console::Quoted(name));
 }
 
 void ShowEntry(const Session& session, const Arguments& arguments) {
   const AddressBook& book = BookOf(arguments.book);
-  const Row row = book.WithoutSecret(ReadEntry(session, book, arguments.name));
+  const console::Row row = book.WithoutSecret(ReadEntry(session, book, arguments.name));
   if (arguments.json) {
-    PrintJson(ShownRow(book.fields, row));
+    console::PrintJson(console::ShownRow(book.fields, row));
     return;
   }
-  TextTable table;
+  console::TextTable table;
   for (std::size_t i = 0; i < row.size(); ++i) table.AddRow({book.fields[i], row[i]});
   table.Print();
 }
 
 // Stores the given values in the row. Throws a UsageError for a field that the book does not have.
-void StoreValues(Row& row, const AddressBook& book, const Values& values) {
+void StoreValues(console::Row& row, const AddressBook& book, const Values& values) {
   for (const auto& [field, value] : values) {
     if (!value) continue;
-    const auto found = std::ranges::find(book.fields, field, LowerCase);
+    const auto found = std::ranges::find(book.fields, field, console::LowerCase);
     if (found == book.fields.end()) {
       throw UsageError("--" + field + " does not apply to the " + TitleOf(book));
     }
@@ -235,16 +239,17 @@ void StoreValues(Row& row, const AddressBook& book, const Values& values) {
   }
 }
 
-void RequireValues(const AddressBook& book, const Row& row) {
+void RequireValues(const AddressBook& book, const console::Row& row) {
   for (std::size_t i = 0; i < book.requiredFields; ++i) {
     if (!row[i].empty()) continue;
-    throw UsageError("an entry of the " + TitleOf(book) + " needs --" + LowerCase(book.fields[i]));
+    throw UsageError("an entry of the " + TitleOf(book) + " needs --" +
+                     console::LowerCase(book.fields[i]));
   }
 }
 
 void AddEntry(const Session& session, const Arguments& arguments) {
   const AddressBook& book = BookOf(arguments.book);
-  Row row(book.fields.size());
+  console::Row row(book.fields.size());
   row[0] = arguments.name;
   StoreValues(row, book, arguments.values);
   RequireValues(book, row);
@@ -256,8 +261,8 @@ void AddEntry(const Session& session, const Arguments& arguments) {
 void EditEntry(const Session& session, const Arguments& arguments) {
   const AddressBook& book = BookOf(arguments.book);
   bool hasChanged = false;
-  const auto edit = [&](Row& row) {
-    const Row before = row;
+  const auto edit = [&](console::Row& row) {
+    const console::Row before = row;
     StoreValues(row, book, arguments.values);
     if (arguments.newName) row[0] = *arguments.newName;
     RequireValues(book, row);
@@ -265,7 +270,7 @@ void EditEntry(const Session& session, const Arguments& arguments) {
     return hasChanged;
   };
   std::int32_t status = quillkit::kDataNotFound;
-  for (const std::string& each : FormsOf(arguments.name)) {
+  for (const std::string& each : console::FormsOf(arguments.name)) {
     if (status != quillkit::kDataNotFound) break;
     status = book.change(book, *session.Scanner(), each, edit);
   }
@@ -282,7 +287,7 @@ void DeleteEntry(const Session& session, const Arguments& arguments) {
   const AddressBook& book = BookOf(arguments.book);
   const std::string name = ReadEntry(session, book, arguments.name).front();
   const std::string what = DescribedEntry(book, name);
-  Confirm(arguments.consent.yes, "Delete " + what + '?');
+  console::Confirm(arguments.consent.yes, "Delete " + what + '?');
   RequireEntry(book.remove(*session.Scanner(), name), book, name, "delete");
   std::cout << "Deleted " << what << ".\n";
 }
@@ -290,7 +295,7 @@ void DeleteEntry(const Session& session, const Arguments& arguments) {
 void ClearBook(const Session& session, const Arguments& arguments) {
   const AddressBook& book = BookOf(arguments.book);
   const std::string what = CountedEntries(CountOf(session, book)) + " of the " + TitleOf(book);
-  if (!Agreed(arguments.consent, "Delete " + what)) return;
+  if (!console::Agreed(arguments.consent, "Delete " + what)) return;
   RequireChange(book.clear(*session.Scanner()), "clear the " + TitleOf(book));
   std::cout << "Deleted " << what << ".\n";
 }
@@ -300,16 +305,17 @@ void ClearBook(const Session& session, const Arguments& arguments) {
 void ExportEntries(const Session& session, const Arguments& arguments) {
   const AddressBook& book = BookOf(arguments.book);
   const EntryFileWriter write = EntryFileWriterFor(arguments.format, book, arguments.spreadsheet);
-  ConfirmOverwrite(arguments.consent.yes, arguments.file);
-  const std::optional<std::vector<Row>> entries = ReadAllEntries(book, *session.Scanner());
+  console::ConfirmOverwrite(arguments.consent.yes, arguments.file);
+  const std::optional<std::vector<console::Row>> entries = ReadAllEntries(book, *session.Scanner());
   if (!entries) throw Refusal("cannot read the " + TitleOf(book) + " completely");
-  WriteOutput(arguments.file, write(book, *entries),
-              "Exported " + CountedEntries(entries->size()) + " of the " + TitleOf(book) + " to " +
-                  Quoted(arguments.file) + '.');
+  console::WriteOutput(arguments.file, write(book, *entries),
+                       "Exported " + CountedEntries(entries->size()) + " of the " + TitleOf(book) +
+                           " to " + console::Quoted(arguments.file) + '.');
 }
 
 std::string LetterFault(const std::string& text) {
-  const bool isCharacter = text.size() == 1 || DisplayedWidth(DisplayedText(text)) == 1;
+  const bool isCharacter =
+      text.size() == 1 || console::DisplayedWidth(console::DisplayedText(text)) == 1;
   return isCharacter ? "" : "not a single character";
 }
 
@@ -356,16 +362,17 @@ void AddReadingCommands(Commands& entry) {
   AsName(list->add_option("--from", listed.from, "List the entries after this name"));
   list->add_option("--letter", listed.letter, "List the entries that begin with this character")
       ->check(LetterFault, "");
-  AddNumber(list, "--limit", listed.limit, "List at most this number of entries", 1, kMaxLimit);
-  AddJsonLines(list, listed.json, listed.jsonLines);
+  console::AddNumber(list, "--limit", listed.limit, "List at most this number of entries", 1,
+                     kMaxLimit);
+  console::AddJsonLines(list, listed.json, listed.jsonLines);
 
   const auto [find, found] = AddBookCommand(entry, "find", "Find entries by name", FindEntries);
   AddName(find, "pattern", found.name, "The name or its beginning");
   find->add_flag("--whole", found.wholeName, "Match the whole name only");
-  AddJsonLines(find, found.json, found.jsonLines);
+  console::AddJsonLines(find, found.json, found.jsonLines);
 
   const auto [show, shown] = AddEntryCommand(entry, "show", "Show an entry", ShowEntry, true);
-  AddJson(show, shown.json);
+  console::AddJson(show, shown.json);
 
   AddBookCommand(entry, "count", "Print the number of entries", CountEntries);
 
@@ -378,7 +385,7 @@ void AddReadingCommands(Commands& entry) {
   save->add_flag("--spreadsheet", saved.spreadsheet,
                  "csv only: write UTF-8 with a byte order mark, and mark values that a spreadsheet "
                  "would treat as formulas");
-  AddYes(save, saved.consent.yes);
+  console::AddYes(save, saved.consent.yes);
 }
 
 void AddChangingCommands(Commands& entry) {
@@ -391,11 +398,11 @@ void AddChangingCommands(Commands& entry) {
   AddValues(edit, edited.values);
 
   const auto [remove, removed] = AddEntryCommand(entry, "delete", "Delete an entry", DeleteEntry);
-  AddYes(remove, removed.consent.yes);
+  console::AddYes(remove, removed.consent.yes);
 
   const auto [clear, cleared] =
       AddBookCommand(entry, "clear", "Delete all entries of a book", ClearBook, false);
-  AddConsent(clear, cleared.consent);
+  console::AddConsent(clear, cleared.consent);
 }
 
 }  // namespace
@@ -403,7 +410,7 @@ void AddChangingCommands(Commands& entry) {
 void AddBookCommands(Commands& commands) {
   Commands book = commands.AddGroup("book", "List the address books");
   const auto [list, a] = book.Add("list", "List the books and their numbers of entries", ListBooks);
-  AddJson(list, a.json);
+  console::AddJson(list, a.json);
 }
 
 void AddEntryCommands(Commands& commands) {

@@ -3,15 +3,16 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "console/json_output.h"
 #include "contacts/encoding.h"
 #include "contacts/writers.h"
+#include "import/import_options.h"
 #include "quillctl/failures.h"
-#include "quillctl/json_output.h"
 
 namespace quillctl {
 namespace {
 
-Row WithoutPassword(const AddressBook& book, Row row) {
+console::Row WithoutPassword(const AddressBook& book, console::Row row) {
   if (book.secretField < row.size()) {
     row.erase(row.begin() + static_cast<std::ptrdiff_t>(book.secretField));
   }
@@ -19,44 +20,45 @@ Row WithoutPassword(const AddressBook& book, Row row) {
 }
 
 template <bool kForSpreadsheet>
-std::string WriteCsv(const AddressBook& book, const std::vector<Row>& entries) {
+std::string WriteCsv(const AddressBook& book, const std::vector<console::Row>& entries) {
   std::string text(kForSpreadsheet ? contacts::kUtf8Mark : "");
   contacts::AppendCsv(text, WithoutPassword(book, book.fields));
-  for (const Row& each : entries) {
-    Row cells = WithoutPassword(book, each);
+  for (const console::Row& each : entries) {
+    console::Row cells = WithoutPassword(book, each);
     if (kForSpreadsheet) {
-      for (std::string& cell : cells) cell = contacts::WithoutFormula(Utf8Text(cell));
+      for (std::string& cell : cells) cell = contacts::WithoutFormula(console::Utf8Text(cell));
     }
     contacts::AppendCsv(text, cells);
   }
   return text;
 }
 
-contacts::Contact ContactOf(const AddressBook& book, const Row& row) {
+contacts::Contact ContactOf(const AddressBook& book, const console::Row& row) {
   if (book.target == quillkit::TargetFax) return {row[0], {}, row[1], row[2]};
   return {row[0], row[1], {}, {}};
 }
 
-std::string WriteLdif(const AddressBook& book, const std::vector<Row>& entries) {
+std::string WriteLdif(const AddressBook& book, const std::vector<console::Row>& entries) {
   std::string text(contacts::kLdifHeading);
-  for (const Row& each : entries) contacts::AppendLdif(text, ContactOf(book, each));
+  for (const console::Row& each : entries) contacts::AppendLdif(text, ContactOf(book, each));
   return text;
 }
 
-std::string WriteVcards(const AddressBook& book, const std::vector<Row>& entries) {
+std::string WriteVcards(const AddressBook& book, const std::vector<console::Row>& entries) {
   std::string text;
-  for (Row each : entries) {
-    std::ranges::transform(each, each.begin(), Utf8Text);
+  for (console::Row each : entries) {
+    std::ranges::transform(each, each.begin(), console::Utf8Text);
     contacts::AppendVcard(text, ContactOf(book, each));
   }
   return text;
 }
 
-std::string WriteJson(const AddressBook& book, const std::vector<Row>& entries) {
-  Json file = {{"quillbox-entries", 1}, {"book", book.word}, {"entries", Json::array()}};
-  for (const Row& each : entries) {
+std::string WriteJson(const AddressBook& book, const std::vector<console::Row>& entries) {
+  console::Json file = {
+      {"quillbox-entries", 1}, {"book", book.word}, {"entries", console::Json::array()}};
+  for (const console::Row& each : entries) {
     file["entries"].push_back(
-        ShownRow(WithoutPassword(book, book.fields), WithoutPassword(book, each)));
+        console::ShownRow(WithoutPassword(book, book.fields), WithoutPassword(book, each)));
   }
   return file.dump(2) + '\n';
 }

@@ -11,7 +11,8 @@
 namespace quillctl {
 
 // Returns a file with the entries of a book. Passwords are left out.
-using EntryFileWriter = std::string (*)(const AddressBook& book, const std::vector<Row>& entries);
+using EntryFileWriter = std::string (*)(const AddressBook& book,
+                                        const std::vector<console::Row>& entries);
 
 // Returns the names of the formats on the command line.
 std::vector<std::string> EntryFileFormats();

@@ -45,7 +45,7 @@ void RequireSuccess(std::int32_t status, std::string_view what) {
   if (status == 0) return;
   const bool isMissing = status == quillkit::kNoSuchBook || status == quillkit::kDataNotFound;
   throw Refusal("cannot " + std::string(what) + ": " + CodeAndText(status),
-                isMissing ? kExitNotFound : kExitRefused);
+                isMissing ? kExitNotFound : console::kExitRefused);
 }
 
 void RequireChange(std::int32_t status, std::string_view what) {

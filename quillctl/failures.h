@@ -1,55 +1,33 @@
-// The exceptions that commands throw on failure. The text is shown to the user; each type has its
-// exit status. Only the functions below turn results of the library into exceptions.
+// The exceptions that commands throw on failure, with the statuses of an appliance and its library.
+// Only the functions below turn results of the library into exceptions.
 
 #ifndef QUILLCTL_FAILURES_H_
 #define QUILLCTL_FAILURES_H_
 
 #include <cstdint>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
+#include "console/failure.h"
+
 namespace quillctl {
 
-inline constexpr int kExitSuccess = 0;
-inline constexpr int kExitRefused = 1;
-inline constexpr int kExitUsage = 2;
+using console::Failure;
+using console::FailureWith;
+using console::Refusal;
+using console::UsageError;
+
 inline constexpr int kExitPartial = 3;
 inline constexpr int kExitNoLogin = 4;
 inline constexpr int kExitUnknown = 5;
 inline constexpr int kExitNotFound = 6;
 inline constexpr int kExitDiffers = 7;
 
-// A failure with its exit status.
-class Failure : public std::runtime_error {
- public:
-  Failure(const std::string& text, int exitStatus) : runtime_error(text), status(exitStatus) {}
-
-  int ExitStatus() const { return status; }
-
- private:
-  int status;
-};
-
-// A Base with an exit status of its own.
-template <class Base, int kStatus>
-class FailureWith : public Base {
- public:
-  explicit FailureWith(const std::string& text, int exitStatus = kStatus)
-      : Base(text, exitStatus) {}
-};
-
-// The appliance, the library or the user refused, a check failed, or a file cannot be written.
-using Refusal = FailureWith<Failure, kExitRefused>;
-
 // Something that the command line names does not exist on the appliance.
 using NotFound = FailureWith<Refusal, kExitNotFound>;
 
 // The login failed: the appliance cannot be reached, or it refused the account.
 using LoginRefusal = FailureWith<Refusal, kExitNoLogin>;
-
-// The command line or an input file is invalid.
-using UsageError = FailureWith<Failure, kExitUsage>;
 
 // Some changes were made and others not, or some rows were not imported.
 using PartialFailure = FailureWith<Failure, kExitPartial>;

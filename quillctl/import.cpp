@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
+#include "console/progress.h"
+#include "console/system/terminal.h"
 #include "import/script.h"
 #include "quillctl/failures.h"
-#include "quillctl/progress.h"
-#include "quillctl/system/terminal.h"
 #include "toolkit/quillkit.h"
 
 namespace quillctl {
@@ -100,7 +100,7 @@ bool Import::HasValuesOf(const NameTable::Named& named,
 
 void Import::Survey(bool inScript) {
   asScript = inScript;
-  Progress progress("Reading the file");
+  console::Progress progress("Reading the file");
   source.ForEach([&](entries::Entry& entry) {
     Decide(entry);
     progress.Step();
@@ -152,7 +152,7 @@ void Import::Compare(const quillkit::CScanner& scanner, bool isCleared) {
   for (std::size_t i = 0; i < book.fields.size(); ++i) {
     suppliesAll = suppliesAll && source.Supplies(i);
   }
-  const auto compare = [&](const Row& row) {
+  const auto compare = [&](const console::Row& row) {
     ++entriesBefore;
     const NameTable::Named* const named = names.Find(row.front());
     // A script is sent as a whole, and replaces entries.
@@ -176,7 +176,7 @@ void Import::Compare(const quillkit::CScanner& scanner, bool isCleared) {
 std::int32_t Import::SendRow(const quillkit::CScanner& scanner, const entries::Entry& entry,
                              Outcome outcome) {
   if (outcome == Outcome::kToAdd) return book.add(book, scanner, entry.values);
-  return book.change(book, scanner, entry.values.front(), [&](Row& row) {
+  return book.change(book, scanner, entry.values.front(), [&](console::Row& row) {
     for (std::size_t i = 1; i < row.size(); ++i) {
       if (source.Supplies(i)) row[i] = entry.values[i];
     }
@@ -198,7 +198,7 @@ bool Import::IsUnchanged(std::size_t row, const entries::Entry& entry) {
 
 void Import::SendRows(const quillkit::CScanner& scanner,
                       const std::function<bool()>& isInterrupted) {
-  Progress progress("Sending", [&] { return ToSend(); });
+  console::Progress progress("Sending", [&] { return ToSend(); });
   bool isEnded = false;
   std::size_t row = 0;
   source.ForEach([&](entries::Entry& entry) {
@@ -210,7 +210,7 @@ void Import::SendRows(const quillkit::CScanner& scanner,
       Set(current, isEnded ? Outcome::kNotSent : Outcome::kChanged);
       return true;
     }
-    KeepSessionAlive();
+    console::KeepSessionAlive();
     const std::int32_t status = SendRow(scanner, entry, OutcomeOf(current));
     SetRefused(current, status);
     progress.Step();
@@ -225,9 +225,9 @@ void Import::SendRows(const quillkit::CScanner& scanner,
 void Import::SendScript(quillkit::CScanner& scanner, bool clearFirst) {
   const quillkit::ScriptBook& format =
       *quillkit::FindScriptBook(book.target != 0 ? book.target : quillkit::TargetEmail);
-  TemporaryFile script;
+  console::TemporaryFile script;
   quillkit::ScriptWriter writer;
-  if (!writer.Open(script.ReleaseFile())) throw Refusal(kNoTemporaryFile);
+  if (!writer.Open(script.ReleaseFile())) throw Refusal(console::kNoTemporaryFile);
   if (clearFirst) quillkit::WriteClearLine(writer, format);
   std::size_t row = 0;
   bool isUnchanged = true;
@@ -242,7 +242,7 @@ void Import::SendScript(quillkit::CScanner& scanner, bool clearFirst) {
     ++row;
     return isUnchanged;
   });
-  if (!writer.Close()) throw Refusal(kNoTemporaryFile);
+  if (!writer.Close()) throw Refusal(console::kNoTemporaryFile);
   if (!isUnchanged || row != outcomes.size()) {
     throw Refusal("the file was changed while it was read; nothing was sent");
   }
@@ -255,7 +255,7 @@ void Import::SendScript(quillkit::CScanner& scanner, bool clearFirst) {
 }
 
 void Import::Verify(const quillkit::CScanner& scanner) {
-  const auto find = [&](const Row& row) {
+  const auto find = [&](const console::Row& row) {
     ++entriesAfter;
     const NameTable::Named* const named = names.Find(row.front());
     if (named == nullptr || OutcomeOf(named->row) != Outcome::kRefused) return;

@@ -10,12 +10,12 @@
 #include <string>
 #include <vector>
 
+#include "console/temporary_file.h"
 #include "entries/entries.h"
 #include "quillctl/address_books.h"
 #include "quillctl/import_source.h"
 #include "quillctl/name_table.h"
 #include "quillctl/session.h"
-#include "quillctl/temporary_file.h"
 
 namespace quillctl {
 

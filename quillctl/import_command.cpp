@@ -7,16 +7,17 @@
 #include <optional>
 #include <string_view>
 
+#include "console/confirmation.h"
+#include "console/displayed_text.h"
+#include "console/options.h"
+#include "console/system/deferred_termination.h"
 #include "contacts/csv_reader.h"
 #include "quillctl/address_books.h"
 #include "quillctl/commands.h"
-#include "quillctl/confirmation.h"
-#include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
 #include "quillctl/import.h"
 #include "quillctl/import_report.h"
 #include "quillctl/import_source.h"
-#include "quillctl/system/deferred_termination.h"
 
 namespace quillctl {
 namespace {
@@ -106,7 +107,7 @@ std::string Title(const Prepared& prepared) {
 
 std::string CountedRows(std::size_t count, const Prepared& prepared) {
   return std::to_string(count) + " of " +
-         Counted(prepared.run.Rows() - prepared.run.Count(Outcome::kPassedOver), "row");
+         console::Counted(prepared.run.Rows() - prepared.run.Count(Outcome::kPassedOver), "row");
 }
 
 void Report(Prepared& prepared, const ImportRequest& request) {
@@ -142,7 +143,7 @@ void RequireOutcome(Prepared& prepared, const ImportRequest& request) {
   const std::size_t rejected = run.Rejected();
   std::string status = run.LastStatus() != 0 ? "; " + CodeAndText(run.LastStatus()) : "";
   if (const std::size_t count = run.Count(Outcome::kNotSent); count != 0) {
-    status = "; the import ended before " + Counted(count, "row") + status;
+    status = "; the import ended before " + console::Counted(count, "row") + status;
   }
   if (run.Count(Outcome::kUnknown) != 0) {
     throw UnknownResult("sent " + file + status + "; " + Title(prepared) +
@@ -177,7 +178,7 @@ void Finish(Prepared& prepared, const ImportRequest& request) {
 }
 
 void Send(Prepared& prepared, const ImportRequest& request, const Session& session) {
-  const DeferredTermination untilReported("reading the book, to report each row");
+  const console::DeferredTermination untilReported("reading the book, to report each row");
   quillkit::CScanner& scanner = *session.Scanner();
   Import& run = prepared.run;
   // The script of a library format clears the book itself, as the library's does.
@@ -202,8 +203,8 @@ void Run(Prepared& prepared, const ImportRequest& request, const Session& sessio
   if (!request.json) ShowForm(*prepared.source, prepared.file);
   if (request.dryRun || run.ToSend() == 0) return Finish(prepared, request);
   if (request.clearFirst) {
-    Confirm(request.yes,
-            "Clear " + Title(prepared) + " and import " + Counted(run.ToSend(), "row") + '?');
+    console::Confirm(request.yes, "Clear " + Title(prepared) + " and import " +
+                                      console::Counted(run.ToSend(), "row") + '?');
   }
   Send(prepared, request, session);
 }
@@ -227,7 +228,7 @@ void SendScriptFile(const ImportFile& file, const Session& session) {
     return counts;
   };
   const std::vector<std::uint32_t> before = sizes();
-  const DeferredTermination untilReported("finishing the import");
+  const console::DeferredTermination untilReported("finishing the import");
   quillkit::ImportOptions options = {};
   options.format = quillkit::ImportFormatScript;
   const std::int32_t status =
@@ -329,14 +330,14 @@ void AddBookOptions(CLI::App* command, ImportRequest& into) {
       ->capture_default_str();
   command->add_flag("--batch", into.batch, "Send one import script, not a call for each row");
   command->add_flag("--clear", into.clearFirst, "Clear the book first");
-  AddYes(command, into.yes);
+  console::AddYes(command, into.yes);
 }
 
 void AddReportOptions(CLI::App* command, ImportRequest& into) {
   command->add_flag("--preview", into.preview,
                     "Show how the file is read, without a login; send nothing");
   command->add_flag("--dry-run", into.dryRun, "Show what would be imported; send nothing");
-  AddNumber(command, "--show", into.shown, "The number of entries to show", 0, UINT32_MAX)
+  console::AddNumber(command, "--show", into.shown, "The number of entries to show", 0, UINT32_MAX)
       ->capture_default_str();
   command
       ->add_option("--rejects", into.rejects,

@@ -3,9 +3,9 @@
 #include <sstream>
 #include <utility>
 
+#include "console/displayed_text.h"
 #include "contacts/csv_reader.h"
 #include "contacts/json_reader.h"
-#include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
 #include "quillctl/import_source.h"
 
@@ -21,7 +21,8 @@ std::vector<entries::Field> FieldsOf(const AddressBook& book) {
     if (i == 0) part = Part::kName;
     if (i > 0 && book.requiredFields > 1) part = Part::kEmail;
     if (book.word == "fax" && i > 0) part = i == 1 ? Part::kFax : Part::kNote;
-    fields.push_back({LowerCase(book.fields[i]), part, book.widths[i], i < book.requiredFields});
+    fields.push_back(
+        {console::LowerCase(book.fields[i]), part, book.widths[i], i < book.requiredFields});
   }
   return fields;
 }
@@ -126,7 +127,8 @@ std::vector<entries::FieldSource> ParseMap(const std::string& text, const Addres
   const auto values = std::as_const(record).Values();
   const bool arePairs = std::ranges::any_of(values, isPair);
   if (record.fault.problem != nullptr || (arePairs && !std::ranges::all_of(values, isPair))) {
-    throw UsageError("--map: " + Quoted(text) + " is not a list such as name=2,address=E-mail");
+    throw UsageError("--map: " + console::Quoted(text) +
+                     " is not a list such as name=2,address=E-mail");
   }
   if (!arePairs && values.size() != book.fields.size()) {
     throw UsageError("--map: the " + std::string(book.title) + " has " +
@@ -137,7 +139,7 @@ std::vector<entries::FieldSource> ParseMap(const std::string& text, const Addres
     const std::size_t equals = value.find('=');
     sources.push_back(arePairs
                           ? entries::FieldSource{value.substr(0, equals), value.substr(equals + 1)}
-                          : entries::FieldSource{LowerCase(book.fields[i]), value});
+                          : entries::FieldSource{console::LowerCase(book.fields[i]), value});
     if (sources.back().source == "-1") sources.back().source.clear();
   }
   return sources;

@@ -7,15 +7,15 @@
 #include <iostream>
 #include <system_error>
 
+#include "console/system/terminal.h"
+#include "console/text_file.h"
 #include "quillctl/failures.h"
-#include "quillctl/system/terminal.h"
-#include "quillctl/text_file.h"
 
 namespace quillctl {
 
 ImportFile::ImportFile(const std::string& newPath, bool needsPath) : path(newPath) {
   if (path == "-") {
-    ReadStdinAsBinary();
+    console::ReadStdinAsBinary();
     CopyFrom(std::cin, needsPath);
     return;
   }
@@ -23,7 +23,7 @@ ImportFile::ImportFile(const std::string& newPath, bool needsPath) : path(newPat
   stream.open(path, std::ios::binary);
   // A folder can be opened, but not read.
   if (!stream.is_open() || (stream.peek(), stream.bad())) {
-    throw UsageError("cannot read " + Name() + ": " + ReadFault(path, errno));
+    throw UsageError("cannot read " + Name() + ": " + console::ReadFault(path, errno));
   }
   std::error_code failure;
   if (std::filesystem::is_regular_file(path, failure)) return;
@@ -38,11 +38,11 @@ void ImportFile::CopyFrom(std::istream& from, bool needsPath) {
   if (!needsPath) quillkit::DeleteFileAt(copy->path());
   std::array<char, 65536> block = {};
   while (from.read(block.data(), block.size()), from.gcount() > 0) {
-    KeepSessionAlive();
+    console::KeepSessionAlive();
     if (!file.Write({block.data(), static_cast<std::size_t>(from.gcount())})) break;
   }
   if (from.bad()) throw UsageError("cannot read " + Name());
-  if (!file.Close() || !stream.is_open()) throw Refusal(kNoTemporaryFile);
+  if (!file.Close() || !stream.is_open()) throw Refusal(console::kNoTemporaryFile);
 }
 
 std::istream& ImportFile::Rewind() {
@@ -70,7 +70,7 @@ void ImportFile::Copy(std::uint64_t begin, std::uint64_t end, quillkit::OpenFile
 }
 
 std::string ImportFile::Name() const {
-  return QuotedFileName(path);
+  return console::QuotedFileName(path);
 }
 
 }  // namespace quillctl

@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-#include "quillctl/temporary_file.h"
+#include "console/temporary_file.h"
 
 namespace quillctl {
 
@@ -43,7 +43,7 @@ class ImportFile {
   void CopyFrom(std::istream& from, bool needsPath);
 
   std::string path;
-  std::optional<TemporaryFile> copy;
+  std::optional<console::TemporaryFile> copy;
   std::ifstream stream;
 };
 

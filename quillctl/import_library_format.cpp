@@ -5,9 +5,9 @@
 #include <system_error>
 #include <utility>
 
+#include "console/displayed_text.h"
 #include "import/convert_file.h"
 #include "import/script.h"
-#include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
 #include "quillctl/import_source.h"
 
@@ -105,7 +105,7 @@ class LibrarySource : public ImportSource {
 
   void ForEach(const RowHandler& handle) override {
     RowMaker rows(*quillkit::FindScriptBook(Target()), options().format, file.Rewind(), handle);
-    TemporaryFile script;
+    console::TemporaryFile script;
     try {
       const std::int32_t status = quillkit::ConvertFile({.sourcePath = file.Path().c_str(),
                                                          .script = script.ReleaseFile(),
@@ -113,7 +113,7 @@ class LibrarySource : public ImportSource {
                                                          .observer = &rows},
                                                         options());
       if (status == quillkit::kUnusableInput) throw UsageError("cannot read " + file.Name());
-      if (status != 0) throw Refusal(kNoTemporaryFile);
+      if (status != 0) throw Refusal(console::kNoTemporaryFile);
     } catch (const Enough&) {
     }
   }
@@ -131,13 +131,13 @@ class LibrarySource : public ImportSource {
   void SetColumns(const std::vector<entries::FieldSource>& sources) {
     std::vector<std::int32_t> columns(book.fields.size(), -1);
     for (const entries::FieldSource& each : sources) {
-      const auto field = std::ranges::find(book.fields, each.field, LowerCase);
+      const auto field = std::ranges::find(book.fields, each.field, console::LowerCase);
       std::int32_t column = -1;
       const char* const last = each.source.data() + each.source.size();
       const auto [end, error] = std::from_chars(each.source.data(), last, column);
       const bool isNumber = each.source.empty() || (error == std::errc() && end == last);
       if (field == book.fields.end() || !isNumber || column < -1) {
-        throw UsageError("--map: " + Quoted(each.field + '=' + each.source) +
+        throw UsageError("--map: " + console::Quoted(each.field + '=' + each.source) +
                          " is no field of the " + std::string(book.title) +
                          " with a column number (0, 1, ...)");
       }

@@ -8,9 +8,9 @@
 #include <utility>
 #include <vector>
 
+#include "console/json_output.h"
+#include "console/text_file.h"
 #include "quillctl/failures.h"
-#include "quillctl/json_output.h"
-#include "quillctl/text_file.h"
 
 namespace quillctl {
 namespace {
@@ -108,7 +108,9 @@ std::string Place(const Statement& statement) {
   std::string text = "line " + std::to_string(statement.entry.line);
   if (statement.finding.column == 0) return text;
   text += ", column " + std::to_string(statement.finding.column);
-  return statement.finding.heading.empty() ? text : text + ' ' + Quoted(statement.finding.heading);
+  return statement.finding.heading.empty()
+             ? text
+             : text + ' ' + console::Quoted(statement.finding.heading);
 }
 
 void ShowSome(Import& run, bool rejections, std::size_t limit) {
@@ -125,11 +127,11 @@ void ShowSome(Import& run, bool rejections, std::size_t limit) {
   }
 }
 
-Json ShownStatement(const Statement& statement) {
-  Json json = {{"line", statement.entry.line}};
+console::Json ShownStatement(const Statement& statement) {
+  console::Json json = {{"line", statement.entry.line}};
   if (statement.finding.column != 0) {
     json["column"] = statement.finding.column;
-    SetText(json, "heading", statement.finding.heading);
+    console::SetText(json, "heading", statement.finding.heading);
   }
   json["code"] = statement.finding.problem->code;
   json["reason"] = statement.reason;
@@ -144,7 +146,7 @@ class PrintedList {
   PrintedList& operator=(const PrintedList&) = delete;
   ~PrintedList() { std::cout << (isEmpty ? "]" : "\n  ]"); }
 
-  void Add(const Json& element) {
+  void Add(const console::Json& element) {
     std::cout << (isEmpty ? "\n    " : ",\n    ") << element.dump();
     isEmpty = false;
   }
@@ -167,12 +169,12 @@ void ShowForm(const ImportSource& source, const ImportFile& file) {
   }
   const std::string sources = source.Sources();
   std::cout << "Reading " << file.Name() << " as " << text
-            << (sources.empty() ? "" : ": " + DisplayedText(sources)) << ".\n";
+            << (sources.empty() ? "" : ": " + console::DisplayedText(sources)) << ".\n";
 }
 
 void ShowEntries(Import& run, const AddressBook& book, bool dryRun, std::size_t limit) {
   if (limit == 0) return;
-  TextTable table(book.fields);
+  console::TextTable table(book.fields);
   std::size_t count = 0;
   run.ForEach([&](const entries::Entry& entry, Outcome outcome) {
     if (!IsShown(outcome, dryRun)) return true;
@@ -189,16 +191,17 @@ void ShowFindings(Import& run, std::size_t limit) {
 }
 
 void ShowImportJson(Import& run, const ImportSource& source, const AddressBook& book, bool dryRun) {
-  Json head = {{"format", source.Format()}, {"encoding", source.Encoding()}};
-  head["delimiter"] = source.Delimiter() ? Json(std::string(1, *source.Delimiter())) : Json();
+  console::Json head = {{"format", source.Format()}, {"encoding", source.Encoding()}};
+  head["delimiter"] =
+      source.Delimiter() ? console::Json(std::string(1, *source.Delimiter())) : console::Json();
   std::string text = head.dump(2);
   std::cout << text.substr(0, text.rfind('\n'));
   {
     PrintedList entries("entries");
     run.ForEach([&](const entries::Entry& entry, Outcome outcome) {
       if (!IsShown(outcome, dryRun)) return true;
-      Json json = {{"line", entry.line}};
-      json.update(ShownRow(book.fields, book.WithoutSecret(entry.values)));
+      console::Json json = {{"line", entry.line}};
+      json.update(console::ShownRow(book.fields, book.WithoutSecret(entry.values)));
       entries.Add(json);
       return true;
     });
@@ -225,7 +228,7 @@ void RequireRejectsFile(const ImportRequest& request) {
   }
   const fs::path folder = fs::path(path).parent_path();
   if (path == "-" || (!folder.empty() && !fs::is_directory(folder, failure))) {
-    throw UsageError("--rejects: cannot write " + Quoted(path) + "; choose another file");
+    throw UsageError("--rejects: cannot write " + console::Quoted(path) + "; choose another file");
   }
   if (fs::exists(path, failure) && !request.force) {
     throw UsageError("--rejects: the file exists; choose another one, or add --force");
@@ -246,7 +249,7 @@ void WriteRejectedRows(const std::string& path, Import& run, const ImportSource&
     return true;
   });
   // The file may contain passwords: it is created for the owner only, and then filled.
-  WriteTextFile(path, "", quillkit::Readers::kOwner);
+  console::WriteTextFile(path, "", quillkit::Readers::kOwner);
   quillkit::OpenFile rejects = quillkit::OpenFile::ToWrite(path.c_str());
   std::string head = first == 0 ? source.Beginning() : "";
   // If the first row begins with a byte order mark, it would be lost when the file is imported.
@@ -258,7 +261,7 @@ void WriteRejectedRows(const std::string& path, Import& run, const ImportSource&
     file.Copy(each.begin, each.end, rejects);
   }
   rejects.Write(source.End());
-  if (!rejects.Close()) throw Refusal("cannot write " + Quoted(path));
+  if (!rejects.Close()) throw Refusal("cannot write " + console::Quoted(path));
 }
 
 }  // namespace quillctl

@@ -4,9 +4,10 @@
 #include <bit>
 #include <iostream>
 
+#include "console/json_output.h"
+#include "console/options.h"
+#include "console/text_table.h"
 #include "quillctl/commands.h"
-#include "quillctl/json_output.h"
-#include "quillctl/text_table.h"
 
 namespace quillctl {
 
@@ -22,27 +23,27 @@ std::string DottedAddress(std::uint32_t address) {
 void ShowInfo(const Session& session, const InfoArguments& a) {
   quillkit::CScanner* scanner = session.Scanner();
   const bool isAdmin = quillkit::IsAdminConnected(scanner) != 0;
-  const Row rows[] = {{"Name", quillkit::GetScannerName(scanner)},
-                      {"Address", DottedAddress(quillkit::GetScannerAddress(scanner))},
-                      {"Model", quillkit::GetScannerModel(scanner)},
-                      {"Version", quillkit::GetScannerVersion(scanner)},
-                      {"User", session.User()}};
+  const console::Row rows[] = {{"Name", quillkit::GetScannerName(scanner)},
+                               {"Address", DottedAddress(quillkit::GetScannerAddress(scanner))},
+                               {"Model", quillkit::GetScannerModel(scanner)},
+                               {"Version", quillkit::GetScannerVersion(scanner)},
+                               {"User", session.User()}};
   if (a.json) {
-    Json info;
-    for (const Row& row : rows) SetText(info, LowerCase(row[0]), row[1]);
+    console::Json info;
+    for (const console::Row& row : rows) console::SetText(info, console::LowerCase(row[0]), row[1]);
     info["administrator"] = isAdmin;
-    PrintJson(info);
+    console::PrintJson(info);
     return;
   }
-  TextTable table;
-  for (const Row& row : rows) table.AddRow(row);
+  console::TextTable table;
+  for (const console::Row& row : rows) table.AddRow(row);
   table.AddRow({"Administrator", isAdmin ? "yes" : "no"});
   table.Print();
 }
 
 void AddInfoCommand(Commands& commands) {
   const auto [info, a] = commands.Add("info", "Show the appliance and the account", ShowInfo);
-  AddJson(info, a.json);
+  console::AddJson(info, a.json);
 }
 
 }  // namespace quillctl

@@ -8,13 +8,15 @@
 #include <utility>
 #include <vector>
 
+#include "console/confirmation.h"
+#include "console/displayed_text.h"
+#include "console/json_output.h"
+#include "console/options.h"
+#include "console/system/deferred_termination.h"
+#include "console/text_table.h"
 #include "quillctl/commands.h"
-#include "quillctl/confirmation.h"
-#include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
-#include "quillctl/json_output.h"
-#include "quillctl/system/deferred_termination.h"
-#include "quillctl/text_table.h"
+#include "quillctl/key_set_json.h"
 
 namespace quillctl {
 namespace {
@@ -22,8 +24,8 @@ namespace {
 using FoundItems = std::vector<std::pair<std::string, ItemFields>>;  // with their key's name
 
 void PrintItems(const FoundItems& found, const ItemArguments& a) {
-  TextTable table({"Key", "Item", "Address", "Path", "Application", "Format", "Settings"});
-  Json items = Json::array();
+  console::TextTable table({"Key", "Item", "Address", "Path", "Application", "Format", "Settings"});
+  console::Json items = console::Json::array();
   for (const auto& [key, item] : found) {
     if (a.jsonLines) {
       std::cout << ShownItem(key, item).dump() << '\n';
@@ -34,7 +36,7 @@ void PrintItems(const FoundItems& found, const ItemArguments& a) {
                     std::to_string(item.fileFormat), Hexadecimal(item.settings)});
     }
   }
-  if (!a.jsonLines) PrintList(table, items, a.json);
+  if (!a.jsonLines) console::PrintList(table, items, a.json);
 }
 
 // Adds the items of the key that match.
@@ -48,7 +50,7 @@ void AddMatches(FoundItems& found, quillkit::CSoftKey* key, const std::string& p
 }
 
 NotFound NoItem(const std::string& key, const std::string& name) {
-  return NotFound("the key " + Quoted(key) + " has no item " + Quoted(name) +
+  return NotFound("the key " + console::Quoted(key) + " has no item " + console::Quoted(name) +
                   "; see quillctl item list");
 }
 
@@ -104,7 +106,7 @@ void RenameItem(const Session& session, const ItemArguments& a) {
   fields.name = a.newName;
   const OwnedItem item = MakeItem(fields);
   RequireChange(quillkit::RenameMenuItem(found, a.name, item.get(), 0), "rename " + what);
-  std::cout << "Renamed " << what << " to " << Quoted(a.newName) << ".\n";
+  std::cout << "Renamed " << what << " to " << console::Quoted(a.newName) << ".\n";
 }
 
 void FindItems(const Session& session, const ItemArguments& a) {
@@ -117,7 +119,7 @@ void FindItems(const Session& session, const ItemArguments& a) {
   if (found.empty()) {
     throw NotFound(
         (a.wholeName ? "no item has the name " : "no item has a name that begins with ") +
-        Quoted(a.name));
+        console::Quoted(a.name));
   }
 }
 
@@ -143,7 +145,7 @@ void EditItem(const Session& session, const ItemArguments& a) {
 void ShowItem(const Session& session, const ItemArguments& a) {
   const ItemFields item = ItemOf(FindKey(session.LoadKeys(true), a.key), a.name);
   if (a.json) {
-    PrintJson(ShownItem(a.key, item));
+    console::PrintJson(ShownItem(a.key, item));
   } else {
     PrintItems({{a.key, item}}, a);
   }
@@ -153,7 +155,7 @@ void DeleteItem(const Session& session, const ItemArguments& a) {
   quillkit::CSoftKey* found = FindKey(session.LoadKeys(true), a.key);
   ItemOf(found, a.name);
   const std::string what = DescribedItem(a.name, a.key);
-  Confirm(a.yes, "Delete " + what + '?');
+  console::Confirm(a.yes, "Delete " + what + '?');
   RequireChange(quillkit::DeleteMenuItem(found, a.name, 0), "delete " + what);
   std::cout << "Deleted " << what << ".\n";
 }
@@ -181,7 +183,7 @@ void MoveItem(const Session& session, const ItemArguments& a) {
   const auto found = std::ranges::find(items, name, &ItemFields::name);
   if (found == items.end()) throw NoItem(key, name);
   const std::string moved = DescribedItem(name, target);
-  const DeferredTermination termination("moving the item");
+  const console::DeferredTermination termination("moving the item");
   RequireChange(quillkit::AddMenuItem(FindKey(session.Book(), target), MakeItem(*found).get(), 0),
                 "add " + moved);
   // Check that the copy exists before the original is deleted.
@@ -192,14 +194,15 @@ void MoveItem(const Session& session, const ItemArguments& a) {
                   ", but does not list it");
   }
   const std::int32_t status = quillkit::DeleteMenuItem(FindKey(session.Book(), key), name, 0);
-  if (status != 0 ||
-      HasItem(session, key, name,
-              "added " + moved + ", but cannot check that it was deleted under " + Quoted(key))) {
+  if (status != 0 || HasItem(session, key, name,
+                             "added " + moved + ", but cannot check that it was deleted under " +
+                                 console::Quoted(key))) {
     throw PartialFailure("cannot delete " + DescribedItem(name, key) + ": " +
                          (status != 0 ? CodeAndText(status) : "the appliance reports success") +
                          "; the item is now under both keys");
   }
-  std::cout << "Moved " << DescribedItem(name, key) << " to the key " << Quoted(target) << ".\n";
+  std::cout << "Moved " << DescribedItem(name, key) << " to the key " << console::Quoted(target)
+            << ".\n";
 }
 
 // Adds a command whose arguments are a key and an item.
@@ -219,23 +222,23 @@ void AddItemOptions(CLI::App* command, ItemValues& into) {
         std::string("--") + each.word, into.texts[i],
         "The " + std::string(each.title) + ", at most " + std::to_string(each.limit) + " bytes");
   }
-  AddNumber(command, "--file-format", into.numbers[0], "The file format", 0, UINT32_MAX);
-  AddNumber(command, "--settings", into.numbers[1], "The settings, for example 65538 or 0x10002", 0,
-            UINT32_MAX);
+  console::AddNumber(command, "--file-format", into.numbers[0], "The file format", 0, UINT32_MAX);
+  console::AddNumber(command, "--settings", into.numbers[1],
+                     "The settings, for example 65538 or 0x10002", 0, UINT32_MAX);
 }
 
 void AddReadingCommands(Commands& items) {
   const auto [list, listed] = items.Add("list", "List the items under the soft keys", ShowItems);
   AddName(list, "key", listed.key, "The soft key (default: all keys)")->required(false);
-  AddJsonLines(list, listed.json, listed.jsonLines);
+  console::AddJsonLines(list, listed.json, listed.jsonLines);
 
   const auto [find, found] = items.Add("find", "Find items by name under all soft keys", FindItems);
   find->add_option("pattern", found.name, "The name or its beginning")->required();
   find->add_flag("--whole", found.wholeName, "Match the whole name only");
-  AddJsonLines(find, found.json, found.jsonLines);
+  console::AddJsonLines(find, found.json, found.jsonLines);
 
   const auto [show, shown] = AddItemCommand(items, "show", "Show an item", ShowItem);
-  AddJson(show, shown.json);
+  console::AddJson(show, shown.json);
 }
 
 void AddChangingCommands(Commands& items) {
@@ -258,7 +261,7 @@ void AddChangingCommands(Commands& items) {
   AddName(move, "--to", moved.newName, "The other soft key");
 
   const auto [remove, removed] = AddItemCommand(items, "delete", "Delete an item", DeleteItem);
-  AddYes(remove, removed.yes);
+  console::AddYes(remove, removed.yes);
 }
 
 }  // namespace

@@ -2,43 +2,46 @@
 
 #include <iostream>
 
+#include "console/displayed_text.h"
+#include "console/json_output.h"
+#include "console/options.h"
+#include "console/text_table.h"
 #include "quillctl/commands.h"
-#include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
-#include "quillctl/json_output.h"
 #include "quillctl/key_set.h"
-#include "quillctl/text_table.h"
 
 namespace quillctl {
 
 void ShowKeys(const Session& session, const KeyArguments& a) {
   quillkit::CTopLevelAB* book = session.LoadKeys(false);
-  TextTable table({"Key", "Items"});
-  Json keys = Json::array();
+  console::TextTable table({"Key", "Items"});
+  console::Json keys = console::Json::array();
   for (std::int32_t i = 0; i < quillkit::GetCount(book); ++i) {
     quillkit::CSoftKey* key = quillkit::GetKeyAt(book, i);
     const std::string name = quillkit::GetKeyName(key);
     std::uint32_t items = 0;
-    RequireSuccess(quillkit::GetDBItemCount(key, &items), "count the items of " + Quoted(name));
+    RequireSuccess(quillkit::GetDBItemCount(key, &items),
+                   "count the items of " + console::Quoted(name));
     table.AddRow({name, std::to_string(items)});
-    SetText(keys.emplace_back(Json::object()), "key", name);
+    console::SetText(keys.emplace_back(console::Json::object()), "key", name);
     keys.back()["items"] = items;
   }
-  PrintList(table, keys, a.json);
+  console::PrintList(table, keys, a.json);
 }
 
 void AddKey(const Session& session, const KeyArguments& a) {
   quillkit::CTopLevelAB* book = session.LoadKeys(false);
-  RequireChange(quillkit::AddKey(book, a.name, 0), "add the key " + Quoted(a.name));
-  std::cout << "Added the key " << Quoted(a.name) << ".\n";
+  RequireChange(quillkit::AddKey(book, a.name, 0), "add the key " + console::Quoted(a.name));
+  std::cout << "Added the key " << console::Quoted(a.name) << ".\n";
 }
 
 void DeleteKey(const Session& session, const KeyArguments& a) {
   quillkit::CTopLevelAB* book = session.LoadKeys(false);
   FindKey(book, a.name);
-  if (!Agreed(a.consent, "Delete the key " + Quoted(a.name) + " with its items")) return;
-  RequireChange(quillkit::DeleteKey(book, a.name, 0), "delete the key " + Quoted(a.name));
-  std::cout << "Deleted the key " << Quoted(a.name) << ".\n";
+  if (!console::Agreed(a.consent, "Delete the key " + console::Quoted(a.name) + " with its items"))
+    return;
+  RequireChange(quillkit::DeleteKey(book, a.name, 0), "delete the key " + console::Quoted(a.name));
+  std::cout << "Deleted the key " << console::Quoted(a.name) << ".\n";
 }
 
 namespace {
@@ -47,8 +50,9 @@ void RenameKey(const Session& session, const KeyArguments& a) {
   quillkit::CTopLevelAB* book = session.LoadKeys(false);
   const OwnedKey key = MakeKey(a.newName, book);
   RequireChange(quillkit::RenameSoftKey(book, a.name, key.get()),
-                "rename the key " + Quoted(a.name) + " to " + Quoted(a.newName));
-  std::cout << "Renamed the key " << Quoted(a.name) << " to " << Quoted(a.newName) << ".\n";
+                "rename the key " + console::Quoted(a.name) + " to " + console::Quoted(a.newName));
+  std::cout << "Renamed the key " << console::Quoted(a.name) << " to " << console::Quoted(a.newName)
+            << ".\n";
 }
 
 }  // namespace
@@ -56,7 +60,7 @@ void RenameKey(const Session& session, const KeyArguments& a) {
 void AddKeyCommands(Commands& commands) {
   Commands keys = commands.AddGroup("key", "List, add, rename and delete soft keys");
   const auto [list, listed] = keys.Add("list", "List the soft keys", ShowKeys);
-  AddJson(list, listed.json);
+  console::AddJson(list, listed.json);
 
   const auto [add, added] = keys.Add("add", "Add a soft key", AddKey);
   AddName(add, "name", added.name, "The name of the key");
@@ -67,7 +71,7 @@ void AddKeyCommands(Commands& commands) {
 
   const auto [remove, removed] = keys.Add("delete", "Delete a soft key and its items", DeleteKey);
   AddName(remove, "name", removed.name, "The name of the key");
-  AddConsent(remove, removed.consent);
+  console::AddConsent(remove, removed.consent);
 }
 
 }  // namespace quillctl

@@ -6,7 +6,7 @@
 
 #include <string>
 
-#include "quillctl/confirmation.h"
+#include "console/confirmation.h"
 #include "quillctl/session.h"
 
 namespace quillctl {
@@ -15,7 +15,7 @@ struct KeyArguments {
   std::string name = {};  // at most 31 characters: of a longer one the library sends an empty one
   std::string newName = {};
   bool json = false;
-  Consent consent = {};
+  console::Consent consent = {};
 };
 
 // Lists the keys and how many items each has on the server. Does not read the items.

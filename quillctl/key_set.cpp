@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <new>
 
-#include "quillctl/displayed_text.h"
+#include "console/displayed_text.h"
 #include "quillctl/failures.h"
 
 namespace quillctl {
@@ -43,7 +43,7 @@ std::string DescribedChanges(const ItemFields& before, const ItemFields& after) 
   for (const ItemText& each : kItemTexts) {
     const std::string& from = before.*each.field;
     const std::string& to = after.*each.field;
-    if (from != to) add(each.word, Quoted(from), Quoted(to));
+    if (from != to) add(each.word, console::Quoted(from), console::Quoted(to));
   }
   if (before.fileFormat != after.fileFormat) {
     add("format", std::to_string(before.fileFormat), std::to_string(after.fileFormat));
@@ -59,7 +59,7 @@ std::string DescribedChanges(const ItemFields& before, const ItemFields& after) 
 quillkit::CSoftKey* FindKey(quillkit::CTopLevelAB* book, const std::string& name) {
   const std::int32_t index = quillkit::FindSoftKeyIndex(book, name);
   if (index < 0)
-    throw NotFound("no soft key has the name " + Quoted(name) + "; see quillctl key list");
+    throw NotFound("no soft key has the name " + console::Quoted(name) + "; see quillctl key list");
   return quillkit::GetKeyAt(book, index);
 }
 
@@ -72,7 +72,7 @@ OwnedKey MakeKey(const std::string& name, quillkit::CTopLevelAB* book) {
 }
 
 void RequireComplete(quillkit::CSoftKey* key) {
-  const std::string name = Quoted(quillkit::GetKeyName(key));
+  const std::string name = console::Quoted(quillkit::GetKeyName(key));
   std::uint32_t stored = 0;
   RequireSuccess(quillkit::GetDBItemCount(key, &stored), "count the items of " + name);
   const auto read = static_cast<std::uint32_t>(quillkit::GetItemCount(key));
@@ -89,7 +89,7 @@ std::vector<ItemFields> ItemsOf(quillkit::CSoftKey* key) {
   for (std::int32_t i = 0; i < count; ++i) {
     items.push_back(FieldsOf(quillkit::GetItemAt(key, i)));
     if (items.back().name.empty()) {
-      throw Refusal("cannot read the items of " + Quoted(quillkit::GetKeyName(key)) +
+      throw Refusal("cannot read the items of " + console::Quoted(quillkit::GetKeyName(key)) +
                     ": received an item without a name");
     }
   }
@@ -136,7 +136,7 @@ std::string Hexadecimal(std::uint32_t word) {
 }
 
 std::string DescribedItem(const std::string& item, const std::string& key) {
-  return "the item " + Quoted(item) + " under the key " + Quoted(key);
+  return "the item " + console::Quoted(item) + " under the key " + console::Quoted(key);
 }
 
 std::vector<KeySetChange> Difference(const KeySet& now, const KeySet& wanted) {
@@ -164,11 +164,11 @@ std::string Described(const KeySetChange& change) {
     case KeySetChange::kDeleteItem:
       return "- " + item;
     case KeySetChange::kDeleteKey:
-      return "- the key " + Quoted(change.key) + " and its items";
+      return "- the key " + console::Quoted(change.key) + " and its items";
     case KeySetChange::kChangeItem:
       return "~ " + item + DescribedChanges(change.before, change.item);
     case KeySetChange::kAddKey:
-      return "+ the key " + Quoted(change.key);
+      return "+ the key " + console::Quoted(change.key);
     case KeySetChange::kAddItem:
       return "+ " + item;
   }

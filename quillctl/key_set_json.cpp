@@ -6,9 +6,9 @@
 #include <limits>
 #include <set>
 
+#include "console/json_output.h"
 #include "contacts/encoding.h"
 #include "quillctl/failures.h"
-#include "quillctl/json_output.h"
 
 namespace quillctl {
 namespace {
@@ -30,8 +30,8 @@ std::string Latin1FromUtf8(const std::string& utf8, const std::string& where) {
 // one; too many members, which take much time; and deep nesting, which takes much memory.
 class ParseGuard {
  public:
-  bool operator()(int depth, Json::parse_event_t event, const Json& parsed) {
-    using Event = Json::parse_event_t;
+  bool operator()(int depth, console::Json::parse_event_t event, const console::Json& parsed) {
+    using Event = console::Json::parse_event_t;
     if (depth > kMaxDepth) throw UsageError("the file is nested too deeply");
     if (event == Event::object_start) objectNames.emplace_back();
     if (event == Event::object_end) objectNames.pop_back();
@@ -46,7 +46,7 @@ class ParseGuard {
   void AddMember(const std::string& name) {
     std::set<std::string>& names = objectNames.back();
     if (!names.insert(name).second) {
-      throw UsageError("an object has two members named " + Quoted(name));
+      throw UsageError("an object has two members named " + console::Quoted(name));
     }
     if (names.size() > kMaxMembers) throw UsageError("an object has too many members");
   }
@@ -57,19 +57,20 @@ class ParseGuard {
 // Reads a key set from parsed JSON. `where` is the position of a value in error messages.
 class Reader {
  public:
-  KeySet Read(const Json& file) {
+  KeySet Read(const console::Json& file) {
     RequireMembers(file, "the file", {kFormatMember, "encoding", "keys"});
-    if (file.value(kFormatMember, Json()) != Json(1)) {
+    if (file.value(kFormatMember, console::Json()) != console::Json(1)) {
       throw UsageError("not a key file: \"quillbox-keys\": 1 is missing");
     }
-    const Json encoding = file.value("encoding", Json(WordOf(contacts::Encoding::kUtf8)));
+    const console::Json encoding =
+        file.value("encoding", console::Json(WordOf(contacts::Encoding::kUtf8)));
     isLatin1 = encoding == WordOf(contacts::Encoding::kLatin1);
     if (!isLatin1 && encoding != WordOf(contacts::Encoding::kUtf8)) {
       throw UsageError("the file's \"encoding\" is neither \"utf-8\" nor \"latin-1\"");
     }
     KeySet keys;
     std::set<std::string> names;
-    for (const Json& each : List(file, "keys", "the file", kMaxKeys)) {
+    for (const console::Json& each : List(file, "keys", "the file", kMaxKeys)) {
       const std::string where = "key " + std::to_string(keys.size() + 1);
       keys.push_back(Key(each, where));
       if (!names.insert(keys.back().name).second) throw UsageError(where + kDuplicate);
@@ -78,17 +79,17 @@ class Reader {
   }
 
  private:
-  static void RequireMembers(const Json& object, const std::string& where,
+  static void RequireMembers(const console::Json& object, const std::string& where,
                              const std::vector<std::string>& known) {
     if (!object.is_object()) throw UsageError(where + " is not an object");
     for (const auto& [name, value] : object.items()) {
       if (std::ranges::find(known, name) != known.end()) continue;
-      throw UsageError(where + " has an unknown member " + Quoted(name));
+      throw UsageError(where + " has an unknown member " + console::Quoted(name));
     }
   }
 
-  static const Json& List(const Json& object, const char* member, const std::string& where,
-                          std::size_t limit) {
+  static const console::Json& List(const console::Json& object, const char* member,
+                                   const std::string& where, std::size_t limit) {
     const auto found = object.find(member);
     if (found == object.end() || !found->is_array()) {
       throw UsageError(where + " has no list \"" + member + "\"");
@@ -99,12 +100,12 @@ class Reader {
     return *found;
   }
 
-  KeyFields Key(const Json& json, const std::string& where) const {
+  KeyFields Key(const console::Json& json, const std::string& where) const {
     RequireMembers(json, where, {"name", "items"});
     KeyFields key{Text(json, "name", where, kItemTexts[0].limit), {}};
     if (key.name.empty()) throw UsageError(where + " has no name");
     std::set<std::string> names;
-    for (const Json& each : List(json, "items", where, kMaxItems)) {
+    for (const console::Json& each : List(json, "items", where, kMaxItems)) {
       const std::string item = where + ", item " + std::to_string(key.items.size() + 1);
       key.items.push_back(Item(each, item));
       if (!names.insert(key.items.back().name).second) throw UsageError(item + kDuplicate);
@@ -112,7 +113,7 @@ class Reader {
     return key;
   }
 
-  ItemFields Item(const Json& json, const std::string& where) const {
+  ItemFields Item(const console::Json& json, const std::string& where) const {
     std::vector<std::string> known;
     for (const ItemText& each : kItemTexts) known.emplace_back(each.word);
     for (const ItemNumber& each : kItemNumbers) known.emplace_back(each.word);
@@ -126,10 +127,10 @@ class Reader {
     return item;
   }
 
-  std::string Text(const Json& object, const char* member, const std::string& where,
+  std::string Text(const console::Json& object, const char* member, const std::string& where,
                    std::size_t limit) const {
     const std::string what = where + ": its " + member;
-    const Json value = object.value(member, Json(""));
+    const console::Json value = object.value(member, console::Json(""));
     if (!value.is_string()) throw UsageError(what + " is not a string");
     std::string text = value.get<std::string>();
     if (isLatin1) text = Latin1FromUtf8(text, what);
@@ -138,8 +139,9 @@ class Reader {
     throw UsageError(what + " is longer than " + std::to_string(limit) + " bytes");
   }
 
-  static std::uint32_t Number(const Json& object, const char* member, const std::string& where) {
-    const Json value = object.value(member, Json(0U));
+  static std::uint32_t Number(const console::Json& object, const char* member,
+                              const std::string& where) {
+    const console::Json value = object.value(member, console::Json(0U));
     if (value.is_number_unsigned() &&
         value.get<std::uint64_t>() <= std::numeric_limits<std::uint32_t>::max()) {
       return value.get<std::uint32_t>();
@@ -152,18 +154,18 @@ class Reader {
 };
 
 // Stores the file of the keys. Returns false if a text is not valid in the encoding.
-bool Store(Json& file, const KeySet& keys, contacts::Encoding encoding) {
+bool Store(console::Json& file, const KeySet& keys, contacts::Encoding encoding) {
   bool isValid = true;
   const auto text = [&](const std::string& bytes) {
     std::string utf8;
     isValid = contacts::AppendUtf8(utf8, bytes, encoding) && isValid;
     return utf8;
   };
-  Json list = Json::array();
+  console::Json list = console::Json::array();
   for (const KeyFields& key : keys) {
-    Json items = Json::array();
+    console::Json items = console::Json::array();
     for (const ItemFields& item : key.items) {
-      Json shown;
+      console::Json shown;
       for (const ItemText& each : kItemTexts) shown[each.word] = text(item.*each.field);
       for (const ItemNumber& each : kItemNumbers) shown[each.word] = item.*each.field;
       items.push_back(std::move(shown));
@@ -177,7 +179,7 @@ bool Store(Json& file, const KeySet& keys, contacts::Encoding encoding) {
 }  // namespace
 
 std::string JsonOf(const KeySet& keys) {
-  Json file;
+  console::Json file;
   if (!Store(file, keys, contacts::Encoding::kUtf8)) {
     Store(file, keys, contacts::Encoding::kLatin1);
   }
@@ -185,16 +187,24 @@ std::string JsonOf(const KeySet& keys) {
 }
 
 KeySet ParseKeySet(std::string_view json) {
-  Json file;
+  console::Json file;
   ParseGuard guard;
   try {
-    file = Json::parse(json, std::ref(guard));
-  } catch (const Json::parse_error& error) {
+    file = console::Json::parse(json, std::ref(guard));
+  } catch (const console::Json::parse_error& error) {
     const std::string_view read = json.substr(0, std::min(error.byte, json.size()));
     throw UsageError("line " + std::to_string(1 + std::ranges::count(read, '\n')) +
                      " is not valid JSON");
   }
   return Reader().Read(file);
+}
+
+console::Json ShownItem(const std::string& key, const ItemFields& item) {
+  console::Json json;
+  console::SetText(json, "key", key);
+  for (const ItemText& each : kItemTexts) console::SetText(json, each.word, item.*each.field);
+  for (const ItemNumber& each : kItemNumbers) json[each.word] = item.*each.field;
+  return json;
 }
 
 }  // namespace quillctl

@@ -21,6 +21,7 @@
 #include <string>
 #include <string_view>
 
+#include "console/json_output.h"
 #include "quillctl/key_set.h"
 
 namespace quillctl {
@@ -32,6 +33,9 @@ std::string JsonOf(const KeySet& keys);
 // items, or a text that is too long. "encoding" is optional, with the default "utf-8". In an item
 // only the name is required.
 KeySet ParseKeySet(std::string_view json);
+
+// Returns the item as `item list --json` shows it.
+console::Json ShownItem(const std::string& key, const ItemFields& item);
 
 }  // namespace quillctl
 

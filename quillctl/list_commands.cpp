@@ -18,14 +18,15 @@
 #include "books/email_ab.h"
 #include "books/fax_ab.h"
 #include "books/priv_email_ab.h"
+#include "console/confirmation.h"
+#include "console/displayed_text.h"
+#include "console/json_output.h"
+#include "console/options.h"
+#include "console/system/deferred_termination.h"
+#include "console/text_table.h"
 #include "quillctl/address_books.h"
 #include "quillctl/commands.h"
-#include "quillctl/confirmation.h"
-#include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
-#include "quillctl/json_output.h"
-#include "quillctl/system/deferred_termination.h"
-#include "quillctl/text_table.h"
 
 namespace quillctl {
 namespace {
@@ -40,11 +41,11 @@ struct Arguments {
   std::string newName;
   std::vector<std::string> members;
   bool json = false;
-  Consent consent;
+  console::Consent consent;
 };
 
 std::string CountedMembers(std::size_t count) {
-  return Counted(count, "member");
+  return console::Counted(count, "member");
 }
 
 // Verifies a change. `isDone` reads what should have changed. Throws a Refusal if it returns false,
@@ -72,57 +73,58 @@ class Lists {
 
   // Returns the name of a list as the appliance has it, if it has the list.
   std::string NameOf(const std::string& typed) {
-    return StoredName(typed, [&](const std::string& name) { return ReadNames().contains(name); });
+    return console::StoredName(typed,
+                               [&](const std::string& name) { return ReadNames().contains(name); });
   }
 
   void Print(const Arguments& a) {
-    TextTable table({"List", "Members"});
-    Json lists = Json::array();
+    console::TextTable table({"List", "Members"});
+    console::Json lists = console::Json::array();
     for (const std::string& name : ReadNames()) {
       const std::size_t members = Read(name).size();
       table.AddRow({name, std::to_string(members)});
-      SetText(lists.emplace_back(Json::object()), "list", name);
+      console::SetText(lists.emplace_back(console::Json::object()), "list", name);
       lists.back()["members"] = members;
     }
-    PrintList(table, lists, a.json);
+    console::PrintList(table, lists, a.json);
   }
 
   void Show(const Arguments& a) {
-    Row fields = source.fields;
+    console::Row fields = source.fields;
     if (kIsPrivate) fields.emplace_back("Book");
-    TextTable table(fields);
-    Json members = Json::array();
+    console::TextTable table(fields);
+    console::Json members = console::Json::array();
     for (const Member& each : ReadNamed(a.name)) {
       table.AddRow(RowOf(each));
-      members.push_back(ShownRow(fields, RowOf(each)));
+      members.push_back(console::ShownRow(fields, RowOf(each)));
     }
-    Json list;
-    SetText(list, "list", a.name);
+    console::Json list;
+    console::SetText(list, "list", a.name);
     list["members"] = std::move(members);
-    PrintList(table, list, a.json);
+    console::PrintList(table, list, a.json);
   }
 
   void Create(const Arguments& a) {
     const Members members = MembersFor(a, {}, true);
     const std::string what = Named(a.name) + " with " + CountedMembers(members.size());
-    if (IsDryRun(a.consent, "Create " + what)) return;
-    Fill(a.name, members, "create " + Named(a.name), DeferredTermination(kStopping));
+    if (console::IsDryRun(a.consent, "Create " + what)) return;
+    Fill(a.name, members, "create " + Named(a.name), console::DeferredTermination(kStopping));
     std::cout << "Created " << what << ".\n";
   }
 
   void Copy(const Arguments& a) {
-    const std::string names = Named(a.name) + " to " + Quoted(a.newName);
+    const std::string names = Named(a.name) + " to " + console::Quoted(a.newName);
     const Members members = ReadNamed(a.name);
-    if (IsDryRun(a.consent, "Copy " + names)) return;
-    Fill(a.newName, members, "copy " + names, DeferredTermination(kStopping));
+    if (console::IsDryRun(a.consent, "Copy " + names)) return;
+    Fill(a.newName, members, "copy " + names, console::DeferredTermination(kStopping));
     std::cout << "Copied " << names << " with " << CountedMembers(members.size()) << ".\n";
   }
 
   void Rename(const Arguments& a) {
     if (a.name == a.newName) throw UsageError("the new name is the old one");
-    const std::string names = Named(a.name) + " to " + Quoted(a.newName);
-    const std::set<Row> rows = RowsOf(ReadNamed(a.name));
-    if (IsDryRun(a.consent, "Rename " + names)) return;
+    const std::string names = Named(a.name) + " to " + console::Quoted(a.newName);
+    const std::set<console::Row> rows = RowsOf(ReadNamed(a.name));
+    if (console::IsDryRun(a.consent, "Rename " + names)) return;
     if constexpr (std::is_null_pointer_v<decltype(kRename)>) {
       RenameByCopy(a, "rename " + names);
     } else {
@@ -137,7 +139,7 @@ class Lists {
 
   void Delete(const Arguments& a) {
     const std::string what = Named(a.name) + " with " + CountedMembers(ReadNamed(a.name).size());
-    if (!Agreed(a.consent, "Delete " + what)) return;
+    if (!console::Agreed(a.consent, "Delete " + what)) return;
     DeleteList(a.name);
     std::cout << "Deleted " << what << ".\n";
   }
@@ -151,17 +153,19 @@ class Lists {
   using Members = std::vector<Member>;
   using Names = std::set<std::string>;
 
-  std::string Named(const std::string& name) const { return "the " + title + ' ' + Quoted(name); }
+  std::string Named(const std::string& name) const {
+    return "the " + title + ' ' + console::Quoted(name);
+  }
 
   // In a private list, a member refers to the public e-mail book if it has no flags.
-  static Row RowOf(const Member& member) {
-    Row row = Cells(member);
+  static console::Row RowOf(const Member& member) {
+    console::Row row = Cells(member);
     if constexpr (kIsPrivate) row.emplace_back(member.HasNoFlags() ? "public" : "private");
     return row;
   }
 
-  static std::set<Row> RowsOf(const Members& members) {
-    std::set<Row> rows;
+  static std::set<console::Row> RowsOf(const Members& members) {
+    std::set<console::Row> rows;
     for (const Member& each : members) rows.insert(RowOf(each));
     return rows;
   }
@@ -201,15 +205,15 @@ class Lists {
   // The same. Throws a NotFound if there is no such list.
   Members ReadNamed(const std::string& name) {
     if (ReadNames().contains(name)) return Read(name);
-    throw NotFound("there is no " + title + ' ' + Quoted(name) + "; see quillctl list list " +
-                   std::string(source.word));
+    throw NotFound("there is no " + title + ' ' + console::Quoted(name) +
+                   "; see quillctl list list " + std::string(source.word));
   }
 
   // Returns the members that a command names: new ones made of entries, or some of those present.
   Members MembersFor(const Arguments& a, const Members& present, bool adds) const {
     Members members;
     for (const std::string& typed : a.members) {
-      const std::string name = StoredName(typed, [&](const std::string& each) {
+      const std::string name = console::StoredName(typed, [&](const std::string& each) {
         return adds ? EntryOf(each).first == quillkit::kNoError
                     : std::ranges::count(present, each, &Member::Name) != 0;
       });
@@ -218,8 +222,9 @@ class Lists {
       }
       const auto found = std::ranges::find(present, name, &Member::Name);
       const bool isPresent = found != present.end();
-      if (adds && isPresent) throw Refusal(Named(a.name) + " already has " + Quoted(name));
-      if (!adds && !isPresent) throw NotFound(Named(a.name) + " has no member " + Quoted(name));
+      if (adds && isPresent) throw Refusal(Named(a.name) + " already has " + console::Quoted(name));
+      if (!adds && !isPresent)
+        throw NotFound(Named(a.name) + " has no member " + console::Quoted(name));
       members.push_back(adds ? MemberFrom(name) : *found);
     }
     const std::size_t count = members.size() + present.size();
@@ -237,10 +242,11 @@ class Lists {
 
   Member MemberFrom(const std::string& name) const {
     auto [status, entry] = EntryOf(name);
-    const std::string what = "the entry " + Quoted(name) + " of the " + std::string(source.title);
+    const std::string what =
+        "the entry " + console::Quoted(name) + " of the " + std::string(source.title);
     if (status == quillkit::kDataNotFound) throw NotFound("cannot find " + what);
     RequireSuccess(status, "read " + what);
-    const Row cells = Cells(entry);
+    const console::Row cells = Cells(entry);
     if (cells[0] != name || cells[1].empty()) throw Refusal(what + " is invalid");
     if constexpr (kIsPrivate) entry.flags = 1;
     return entry;
@@ -251,11 +257,12 @@ class Lists {
     const Members members = MembersFor(a, present, adds);
     const std::string what =
         CountedMembers(members.size()) + (adds ? " to " : " from ") + Named(a.name);
-    if (adds ? IsDryRun(a.consent, "Add " + what) : !Agreed(a.consent, "Remove " + what)) {
+    if (adds ? console::IsDryRun(a.consent, "Add " + what)
+             : !console::Agreed(a.consent, "Remove " + what)) {
       return;
     }
     ChangeMembers(a.name, adds ? Change::kAdd : Change::kRemove, members, present.size(),
-                  (adds ? "add " : "remove ") + what, DeferredTermination(kStopping));
+                  (adds ? "add " : "remove ") + what, console::DeferredTermination(kStopping));
     std::cout << (adds ? "Added " : "Removed ") << what << ".\n";
   }
 
@@ -267,7 +274,7 @@ class Lists {
 
   // Creates a list with these members.
   void Fill(const std::string& name, const Members& members, const std::string& what,
-            const DeferredTermination& termination) {
+            const console::DeferredTermination& termination) {
     const Names names = ReadNames();
     if (names.contains(name)) throw Refusal(Named(name) + " already exists");
     if (names.size() >= kMaxLists) {
@@ -282,17 +289,18 @@ class Lists {
   // Adds or removes members one by one, and then reads the list, which had `present` members.
   // Throws a Refusal if nothing was done, and a PartialFailure if not everything was done.
   void ChangeMembers(const std::string& name, Change change, Members members, std::size_t present,
-                     const std::string& what, const DeferredTermination& termination) {
+                     const std::string& what, const console::DeferredTermination& termination) {
     const bool adds = change != Change::kRemove;
     std::string fault;
     for (Member& each : members) {
       if (!fault.empty()) break;
       auto list = book.MembersOf(name);
       const Status status = adds ? list.Create(&each) : list.Delete(each);
-      if (status != 0) fault = "member " + Quoted(each.Name()) + ": " + CodeAndText(status);
+      if (status != 0)
+        fault = "member " + console::Quoted(each.Name()) + ": " + CodeAndText(status);
       if (termination.IsRequested()) fault = "interrupted";
     }
-    std::set<Row> rows;
+    std::set<console::Row> rows;
     Verify(what, [&] { return (rows = RowsOf(Read(name)), true); });
     std::size_t done = 0;
     for (const Member& each : members) done += rows.contains(RowOf(each)) == adds ? 1 : 0;
@@ -310,7 +318,7 @@ class Lists {
 
   // Copies the list and then deletes the original.
   void RenameByCopy(const Arguments& a, const std::string& what) {
-    const DeferredTermination termination(kStopping);
+    const console::DeferredTermination termination(kStopping);
     Fill(a.newName, Read(a.name), what, termination);
     try {
       if (termination.IsRequested()) throw Refusal("interrupted");
@@ -396,9 +404,9 @@ void AddListCommands(Commands& commands) {
       AsName(command->add_option("members", a.members, "The names of the members"))
           ->required(run != &EmailLists::Create);
     }
-    if ((options & kJson) != 0) AddJson(command, a.json);
-    if ((options & kConsent) != 0) AddConsent(command, a.consent);
-    if ((options & kDryRun) != 0) AddDryRun(command, a.consent);
+    if ((options & kJson) != 0) console::AddJson(command, a.json);
+    if ((options & kConsent) != 0) console::AddConsent(command, a.consent);
+    if ((options & kDryRun) != 0) console::AddDryRun(command, a.consent);
   }
 }
 

@@ -9,13 +9,13 @@
 #include <string_view>
 #include <system_error>
 
+#include "console/displayed_text.h"
+#include "console/text_file.h"
 #include "platform/draft.h"
 #include "quillctl/address_books.h"
-#include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
 #include "quillctl/key_set.h"
 #include "quillctl/system/private_cache.h"
-#include "quillctl/text_file.h"
 
 namespace quillctl {
 namespace {
@@ -47,7 +47,7 @@ Names ItemNames(const Session& session, const std::string& key) {
 // Reads from the prefix on: the appliance selects by the first character only.
 Names EntryNames(const Session& session, const NameQuery& query) {
   Names names;
-  const auto keep = [&](const Row& row) {
+  const auto keep = [&](const console::Row& row) {
     const bool isWanted = row[0].starts_with(query.prefix);
     if (isWanted) names.push_back(row[0]);
     return isWanted && names.size() <= kMaxNames;
@@ -110,14 +110,15 @@ bool IsFresh(const std::string& file) {
 
 Names NamesIn(const std::string& file) {
   Names names;
-  const std::string text = ReadTextFile(file, std::size_t{1} << 20);
-  for (FileLines lines(text); lines.Next();) names.emplace_back(lines.Text());
+  const std::string text = console::ReadTextFile(file, std::size_t{1} << 20);
+  for (console::FileLines lines(text); lines.Next();) names.emplace_back(lines.Text());
   return names;
 }
 
 // Stores the names that fit on a line and cannot control the terminal.
 void Store(const std::string& file, Names& names) {
-  std::erase_if(names, [](const std::string& name) { return DisplayedText(name) != name; });
+  std::erase_if(names,
+                [](const std::string& name) { return console::DisplayedText(name) != name; });
   std::string text;
   for (const std::string& each : names) text += each + '\n';
   quillkit::ReplaceFileAt(file, text, quillkit::Readers::kOwner);

@@ -4,10 +4,11 @@
 #include <vector>
 
 #include "appliance/scanner.h"
+#include "console/confirmation.h"
+#include "console/json_output.h"
+#include "console/options.h"
 #include "quillctl/commands.h"
-#include "quillctl/confirmation.h"
 #include "quillctl/failures.h"
-#include "quillctl/json_output.h"
 
 namespace quillctl {
 namespace {
@@ -18,7 +19,7 @@ struct Arguments {
   std::string second;
   bool exceptSystem = false;
   bool json = false;
-  Consent consent;
+  console::Consent consent;
 };
 
 // Reads the records of a user, without the zero bytes at their ends.
@@ -37,8 +38,8 @@ std::vector<std::string> ReadLog(const Session& session, const std::string& user
 
 // Returns the name of the user as the records have it.
 std::string UserOf(const Session& session, const Arguments& a) {
-  return StoredName(a.user,
-                    [&](const std::string& user) { return !ReadLog(session, user).empty(); });
+  return console::StoredName(
+      a.user, [&](const std::string& user) { return !ReadLog(session, user).empty(); });
 }
 
 // Returns the bytes with a space in place of each group of zero bytes.
@@ -52,11 +53,11 @@ std::string TextOf(const std::string& bytes) {
 }
 
 void ShowLog(const Session& session, const Arguments& a) {
-  std::vector<Row> rows;
+  std::vector<console::Row> rows;
   for (const std::string& each : ReadLog(session, UserOf(session, a))) {
-    rows.push_back({TextOf(each), HexadecimalBytes(each)});
+    rows.push_back({TextOf(each), console::HexadecimalBytes(each)});
   }
-  PrintRows({"Text", "Bytes"}, rows, a.json);
+  console::PrintRows({"Text", "Bytes"}, rows, a.json);
 }
 
 void CountLog(const Session& session, const Arguments& a) {
@@ -72,7 +73,7 @@ void ClearLog(const Session& session, const Arguments& a) {
   const std::string action = "Delete the records of the log (" + std::to_string(before.size()) +
                              ')' +
                              (a.exceptSystem ? ", except those of ADMINISTRATOR and GUEST" : "");
-  if (!Agreed(a.consent, action)) return;
+  if (!console::Agreed(a.consent, action)) return;
   const quillkit::CScanner& scanner = *session.Scanner();
   RequireChange(a.exceptSystem ? scanner.ClearLogExceptSystem() : scanner.ClearLog(user),
                 "clear the log");
@@ -93,7 +94,8 @@ void BackUpDatabase(const Session& session, const Arguments& a) {
 }
 
 void RestoreDatabase(const Session& session, const Arguments& a) {
-  Confirm(a.consent.yes, "Replace all books and accounts of the appliance with the backup?");
+  console::Confirm(a.consent.yes,
+                   "Replace all books and accounts of the appliance with the backup?");
   RequireChange(session.Scanner()->RestoreDatabase(a.first.c_str(), a.second.c_str()),
                 "restore the database");
   std::cout << "Restored the database.\n";
@@ -137,12 +139,12 @@ void AddLogCommands(Commands& commands) {
   Commands log = commands.AddGroup("log", "Show, count and clear the records of the log");
   const auto [show, shown] =
       AddLogCommand(log, "show", "Show records as text and hexadecimal", ShowLog);
-  AddJson(show, shown.json);
+  console::AddJson(show, shown.json);
   AddLogCommand(log, "count", "Print the number of records", CountLog);
   const auto [clear, cleared] = AddLogCommand(log, "clear", "Delete records", ClearLog);
   clear->add_flag("--except-system", cleared.exceptSystem, "Keep those of ADMINISTRATOR and GUEST")
       ->excludes(clear->get_option("user"));
-  AddConsent(clear, cleared.consent);
+  console::AddConsent(clear, cleared.consent);
 }
 
 void AddDatabaseCommands(Commands& commands) {
@@ -151,7 +153,7 @@ void AddDatabaseCommands(Commands& commands) {
   AddTextCommand(database, "backup", "Back up the database", BackUpDatabase);
   const auto [restore, a] =
       AddTextCommand(database, "restore", "Restore the database", RestoreDatabase);
-  AddYes(restore, a.consent.yes);
+  console::AddYes(restore, a.consent.yes);
   database.Add("check", "Let the appliance check its database", CheckDatabase);
 }
 

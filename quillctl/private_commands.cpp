@@ -13,13 +13,13 @@
 #include "books/connected_user.h"
 #include "books/priv_email_ab.h"
 #include "books/user_record.h"
+#include "console/confirmation.h"
+#include "console/displayed_text.h"
+#include "console/system/deferred_termination.h"
+#include "console/text_file.h"
 #include "quillctl/commands.h"
-#include "quillctl/confirmation.h"
-#include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
 #include "quillctl/key_set.h"
-#include "quillctl/system/deferred_termination.h"
-#include "quillctl/text_file.h"
 
 namespace quillctl {
 namespace {
@@ -120,7 +120,7 @@ std::string BytesOf(std::string_view digits) {
 // Makes no server call. Throws a UsageError if the text is not a complete file, or contains what no
 // appliance can store.
 PrivateBook ParseFile(const std::string& text) {
-  FileLines lines(text);
+  console::FileLines lines(text);
   lines.Next();
   const std::string_view title = lines.Text();
   lines.Next();
@@ -138,22 +138,23 @@ PrivateBook ParseFile(const std::string& text) {
 
 struct Arguments {
   std::string file;
-  Consent consent;
+  console::Consent consent;
 };
 
 void BackUp(const Session& session, const Arguments& a) {
-  ConfirmOverwrite(a.consent.yes, a.file);
+  console::ConfirmOverwrite(a.consent.yes, a.file);
   const PrivateBook book = ReadBook(session);
   std::string section;
   quillkit::Archive archive(&section);
   book.user->SerializeWithBook(archive);
-  const std::string text = TitleOf(section) + '\n' + HexadecimalBytes(section) + '\n';
+  const std::string text = TitleOf(section) + '\n' + console::HexadecimalBytes(section) + '\n';
   if (ParseFile(text).contents != book.contents) {
     throw Refusal("the private book changed while it was read; try again");
   }
-  WriteOutput(a.file, text,
-              "Saved the private book " + book.Sizes() + " to " + Quoted(a.file) + '.',
-              quillkit::Readers::kOwner);
+  console::WriteOutput(
+      a.file, text,
+      "Saved the private book " + book.Sizes() + " to " + console::Quoted(a.file) + '.',
+      quillkit::Readers::kOwner);
 }
 
 // Throws a PartialFailure, or a Refusal if nothing was changed, unless the private book of the
@@ -169,16 +170,17 @@ void RequireRestored(const Session& session, const Contents& before, const Conte
 }
 
 void Restore(const Credentials& credentials, const Arguments& a) {
-  const PrivateBook wanted = ParseFile(ReadTextFile(a.file, kMaxBackup));
+  const PrivateBook wanted = ParseFile(console::ReadTextFile(a.file, kMaxBackup));
   const Session session(credentials);
   const PrivateBook before = ReadBook(session);
   if (before.user->name != wanted.user->name) {
-    throw UsageError("the file is the backup of the account " + Quoted(wanted.user->Name()));
+    throw UsageError("the file is the backup of the account " +
+                     console::Quoted(wanted.user->Name()));
   }
   const std::string action =
       "Replace the private book " + before.Sizes() + " with the one in the file " + wanted.Sizes();
-  if (!Agreed(a.consent, action)) return;
-  const DeferredTermination termination("restoring the private book");
+  if (!console::Agreed(a.consent, action)) return;
+  const console::DeferredTermination termination("restoring the private book");
   // The library cannot replace a book that does not exist.
   const bool isDone = before.contents.empty() ? wanted.Book()->WriteBack() == 0
                                               : wanted.user->RestorePrivateBook() == 1;
@@ -205,10 +207,10 @@ void AddPrivateCommands(Commands& commands) {
   Commands book = commands.AddGroup("private", "Save and restore the account's private book");
   const auto [save, saved] =
       AddFileCommand(book, "backup", "Save the private book to a file", BackUp);
-  AddYes(save, saved.consent.yes);
+  console::AddYes(save, saved.consent.yes);
   const auto [restore, restored] =
       AddFileCommand(book, "restore", "Replace the private book with the one in a file", Restore);
-  AddConsent(restore, restored.consent);
+  console::AddConsent(restore, restored.consent);
 }
 
 }  // namespace quillctl

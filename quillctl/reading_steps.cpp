@@ -1,9 +1,9 @@
 #include <algorithm>
 #include <memory>
 
+#include "console/displayed_text.h"
 #include "platform/module.h"
 #include "quillctl/check_command.h"
-#include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
 #include "quillctl/info_command.h"
 #include "quillctl/key_set.h"
@@ -41,11 +41,11 @@ std::string LoadServerLibrary(CheckRun&) {
     if (quillkit::FindEntryPoint(module.get(), each) == nullptr) missing += std::string(" ") + each;
   }
   if (!missing.empty()) throw Refusal("missing entry points:" + missing);
-  return "it has all " + Counted(std::size(kEntryPoints), "entry point");
+  return "it has all " + console::Counted(std::size(kEntryPoints), "entry point");
 }
 
 std::string LogIn(CheckRun& check) {
-  return Quoted(check.LogIn().User());
+  return console::Quoted(check.LogIn().User());
 }
 
 std::string ReadIdentity(CheckRun& check) {
@@ -53,7 +53,7 @@ std::string ReadIdentity(CheckRun& check) {
   const std::string model = quillkit::GetScannerModel(scanner);
   const std::string version = quillkit::GetScannerVersion(scanner);
   if (model.empty() || version.empty()) throw Refusal("the server reports no model or no version");
-  return Quoted(model) + ", version " + Quoted(version) + ", at " +
+  return console::Quoted(model) + ", version " + console::Quoted(version) + ", at " +
          DottedAddress(quillkit::GetScannerAddress(scanner));
 }
 
@@ -83,11 +83,11 @@ std::string ListKeys(CheckRun& check) {
     names.emplace_back(quillkit::GetKeyName(quillkit::GetKeyAt(book, i)));
     if (names.back().empty()) throw Refusal("a key has no name");
     if (std::ranges::count(names, names.back()) > 1) {
-      throw Refusal("two keys have the name " + Quoted(names.back()));
+      throw Refusal("two keys have the name " + console::Quoted(names.back()));
     }
   }
   check.SetListedNames(names);
-  return Counted(names.size(), "key");
+  return console::Counted(names.size(), "key");
 }
 
 // Reads the keys and their items, and keeps them for later steps.
@@ -100,7 +100,7 @@ std::string ReadItems(CheckRun& check) {
   std::size_t items = 0;
   for (const KeyFields& each : keys) items += each.items.size();
   check.SetKeys(std::move(keys));
-  return Counted(items, "item") + "; the server reports the same number";
+  return console::Counted(items, "item") + "; the server reports the same number";
 }
 
 std::string ReadKeyByKey(CheckRun& check) {
@@ -110,8 +110,10 @@ std::string ReadKeyByKey(CheckRun& check) {
     quillkit::CSoftKey* key = quillkit::LoadItems(book, each.name);
     const std::int32_t status = quillkit::GetLastToolkitError();
     const bool isGood = status == 0 || (status == quillkit::kDataNotFound && each.items.empty());
-    if (key == nullptr || !isGood) throw Refusal(Quoted(each.name) + ": " + CodeAndText(status));
-    if (ItemsOf(key) != each.items) throw Refusal(Quoted(each.name) + " now has other items");
+    if (key == nullptr || !isGood)
+      throw Refusal(console::Quoted(each.name) + ": " + CodeAndText(status));
+    if (ItemsOf(key) != each.items)
+      throw Refusal(console::Quoted(each.name) + " now has other items");
   }
   return {};
 }

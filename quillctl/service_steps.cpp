@@ -7,11 +7,11 @@
 
 #include "bridge/records.h"
 #include "bridge/the_agent.h"
+#include "console/displayed_text.h"
+#include "console/temporary_file.h"
 #include "platform/message_pump.h"
 #include "quillctl/check_command.h"
-#include "quillctl/displayed_text.h"
 #include "quillctl/failures.h"
-#include "quillctl/temporary_file.h"
 
 namespace quillctl {
 namespace {
@@ -42,8 +42,9 @@ class ImportTrial {
 
   void Import() {
     const std::string name(key.name.View());
-    const TemporaryFile script(isPublic ? "SE emailab \"" + name + "\" \"" + kAddress + "\"\n"
-                                        : name + '\n' + kAddress + '\n');
+    const console::TemporaryFile script(isPublic
+                                            ? "SE emailab \"" + name + "\" \"" + kAddress + "\"\n"
+                                            : name + '\n' + kAddress + '\n');
     isImported = true;
     RequireStatus(TheAgent.IMSPBatchConfiguration(script.path()), 0);
     const std::int32_t status = Read();
@@ -62,7 +63,7 @@ class ImportTrial {
       return;
     }
     throw Refusal(
-        Quoted(std::string(key.name.View())) +
+        console::Quoted(std::string(key.name.View())) +
         " may still exist (delete it with quillctl entry delete): " + CodeAndText(status));
   }
 

@@ -1,9 +1,9 @@
 #include "quillctl/session.h"
 
 #include "bridge/status.h"
-#include "quillctl/displayed_text.h"
+#include "console/displayed_text.h"
+#include "console/password.h"
 #include "quillctl/failures.h"
-#include "quillctl/password.h"
 
 namespace quillctl {
 namespace {
@@ -28,14 +28,14 @@ std::string LoginFault(const Credentials& credentials) {
 
 Session::Session(const Credentials& newCredentials) : credentials(newCredentials) {
   if (!credentials.password) {
-    credentials.password =
-        AskForPassword(Quoted(credentials.user) + " at " + Quoted(credentials.host));
+    credentials.password = console::AskForPassword(console::Quoted(credentials.user) + " at " +
+                                                   console::Quoted(credentials.host));
   }
   LogIn();
 }
 
 void Session::LogIn() {
-  for (const std::string& user : FormsOf(credentials.user)) {
+  for (const std::string& user : console::FormsOf(credentials.user)) {
     scanner = quillkit::LogToQuillbox(credentials.host, user, *credentials.password,
                                       credentials.third, 0);
     isOpen = scanner != nullptr;
@@ -43,8 +43,8 @@ void Session::LogIn() {
     if (isOpen || quillkit::GetLastToolkitError() != quillkit::kWrongUser) break;
   }
   if (isOpen) return;
-  throw LoginRefusal("cannot log in to " + Quoted(credentials.host) + " as " +
-                     Quoted(credentials.user) + ": " + LoginFault(credentials));
+  throw LoginRefusal("cannot log in to " + console::Quoted(credentials.host) + " as " +
+                     console::Quoted(credentials.user) + ": " + LoginFault(credentials));
 }
 
 Session::~Session() {
@@ -60,7 +60,7 @@ void Session::LogOut() {
 quillkit::CTopLevelAB* Session::Book() const {
   quillkit::CTopLevelAB* book = quillkit::GetTopLevelAbook(scanner);
   if (book != nullptr) return book;
-  throw Refusal("the account " + Quoted(User()) +
+  throw Refusal("the account " + console::Quoted(User()) +
                 " cannot manage soft keys; log in as ADMINISTRATOR or TOOLKIT");
 }
 

@@ -8,12 +8,13 @@
 
 #include "books/printer_ab.h"
 #include "books/user_ab.h"
+#include "console/confirmation.h"
+#include "console/json_output.h"
+#include "console/options.h"
+#include "console/password.h"
+#include "console/system/deferred_termination.h"
 #include "quillctl/commands.h"
-#include "quillctl/confirmation.h"
 #include "quillctl/failures.h"
-#include "quillctl/json_output.h"
-#include "quillctl/password.h"
-#include "quillctl/system/deferred_termination.h"
 
 namespace quillctl {
 namespace {
@@ -49,7 +50,7 @@ std::vector<Entry> ReadWhole(quillkit::BookAccess<Entry> book, std::size_t limit
 }
 
 std::string Described(const std::string& name) {
-  return "the account " + Quoted(name);
+  return "the account " + console::Quoted(name);
 }
 
 std::vector<quillkit::CUserEntry> ReadUsers(const Session& session) {
@@ -72,11 +73,12 @@ struct Account {
   // Throws a NotFound if there is no account of this name.
   Account(const Session& newSession, const std::string& typed) : Account(newSession) {
     const std::vector<quillkit::CUserEntry> users = ReadUsers(session);
-    name = StoredName(typed,
-                      [&](const std::string& form) { return FindUser(users, form) != nullptr; });
+    name = console::StoredName(
+        typed, [&](const std::string& form) { return FindUser(users, form) != nullptr; });
     const quillkit::CUserEntry* const found = FindUser(users, name);
     if (found == nullptr) {
-      throw NotFound("the appliance has no account " + Quoted(typed) + "; see quillctl user list");
+      throw NotFound("the appliance has no account " + console::Quoted(typed) +
+                     "; see quillctl user list");
     }
     user.SetFrom(&book, *found);
     user.tag = found->tag;
@@ -114,16 +116,16 @@ struct Account {
   CUserRecord user;
 };
 
-Row Cells(const CUserRecord& user) {
+console::Row Cells(const CUserRecord& user) {
   return {user.Name(), user.Third(), user.Fourth(), user.IsOn() ? "yes" : "no"};
 }
 
-void PrintUsers(const std::vector<Row>& rows, bool json, bool isObject) {
-  PrintRows({"Name", "Third", "Fourth", "On"}, rows, json, "on", isObject);
+void PrintUsers(const std::vector<console::Row>& rows, bool json, bool isObject) {
+  console::PrintRows({"Name", "Third", "Fourth", "On"}, rows, json, "on", isObject);
 }
 
 void ListUsers(const Session& session, const Arguments& a) {
-  std::vector<Row> rows;
+  std::vector<console::Row> rows;
   for (const auto& each : ReadUsers(session)) {
     CUserRecord user;
     user.SetFrom(nullptr, each);
@@ -138,8 +140,8 @@ void ShowUser(const Session& session, const Arguments& a) {
 
 void AddUser(const Credentials& credentials, const Arguments& a) {
   const std::optional<std::string> password =
-      a.passwordFile.empty() ? AskForNewPassword(a.name)
-                             : PasswordFromFile(a.passwordFile, "--new-password-file");
+      a.passwordFile.empty() ? console::AskForNewPassword(a.name)
+                             : console::PasswordFromFile(a.passwordFile, "--new-password-file");
   const Session session(credentials);
   Account account(session);
   account.name = a.name;
@@ -152,7 +154,8 @@ void AddUser(const Credentials& credentials, const Arguments& a) {
 
 void EditUser(const Credentials& credentials, const Arguments& a) {
   std::optional<std::string> password;
-  if (!a.passwordFile.empty()) password = PasswordFromFile(a.passwordFile, "--new-password-file");
+  if (!a.passwordFile.empty())
+    password = console::PasswordFromFile(a.passwordFile, "--new-password-file");
   if (!password && !a.third && !a.fourth) throw UsageError("name what to change, with an option");
   const Session session(credentials);
   Account account(session, a.name);
@@ -166,7 +169,8 @@ void RenameUser(const Session& session, const Arguments& a) {
   Account account(session, a.name);
   account.user.SetName(a.newName);
   account.RequireChanged(account.book.RenameUser(account.name, &account.user, 0), "rename");
-  std::cout << "Renamed " << Described(account.name) << " to " << Quoted(a.newName) << ".\n";
+  std::cout << "Renamed " << Described(account.name) << " to " << console::Quoted(a.newName)
+            << ".\n";
 }
 
 template <bool kOn>
@@ -177,14 +181,14 @@ void Switch(const Session& session, const Arguments& a) {
     account.RequireChanged((kOn ? account.user.TurnOn(0) : account.user.TurnOff(0)) != 0,
                            "turn " + verb);
   }
-  std::cout << "The account " << Quoted(account.name) << " is " << verb << ".\n";
+  std::cout << "The account " << console::Quoted(account.name) << " is " << verb << ".\n";
 }
 
 void DeleteUser(const Session& session, const Arguments& a) {
   Account account(session, a.name);
   const std::string what = Described(account.name);
-  Confirm(a.yes, "Delete " + what + " and its log?");
-  const DeferredTermination termination("deleting the account");
+  console::Confirm(a.yes, "Delete " + what + " and its log?");
+  const console::DeferredTermination termination("deleting the account");
   try {
     account.RequireChanged(account.book.DeleteUser(&account.user, 0), "delete", true);
   } catch (const Refusal& why) {
@@ -193,8 +197,8 @@ void DeleteUser(const Session& session, const Arguments& a) {
   std::cout << "Deleted " << what << ".\n";
 }
 
-std::vector<Row> ReadPrinters(const Session& session) {
-  std::vector<Row> rows;
+std::vector<console::Row> ReadPrinters(const Session& session) {
+  std::vector<console::Row> rows;
   for (const auto& each :
        ReadWhole(session.Scanner()->PrinterEntries(), quillkit::MaxPrinters, "printers")) {
     rows.push_back({each.printerName.c_str(), each.description.c_str(), each.printerModel.c_str(),
@@ -203,8 +207,8 @@ std::vector<Row> ReadPrinters(const Session& session) {
   return rows;
 }
 
-void PrintPrinters(const std::vector<Row>& rows, bool json) {
-  PrintRows({"Name", "Description", "Model", "Default"}, rows, json, "default");
+void PrintPrinters(const std::vector<console::Row>& rows, bool json) {
+  console::PrintRows({"Name", "Description", "Model", "Default"}, rows, json, "default");
 }
 
 void ListPrinters(const Session& session, const Arguments& a) {
@@ -212,33 +216,35 @@ void ListPrinters(const Session& session, const Arguments& a) {
 }
 
 void ListModels(const Session& session, const Arguments& a) {
-  std::vector<Row> rows;
+  std::vector<console::Row> rows;
   for (const auto& each :
        ReadWhole(session.Scanner()->ModelEntries(), quillkit::MaxPrinterModels, "printer models")) {
     rows.push_back({each.modelName.c_str(), each.modelText.c_str()});
   }
-  PrintRows({"Model", "Text"}, rows, a.json);
+  console::PrintRows({"Model", "Text"}, rows, a.json);
 }
 
 // Makes a printer the only default, and returns the printers. If it is one of several defaults, the
 // library clears it: then only the second try succeeds.
-std::vector<Row> SetDefaultPrinter(const Session& session, const std::string& typed) {
-  const std::vector<Row> before = ReadPrinters(session);
-  const std::string name = StoredName(typed, [&](const std::string& form) {
-    return std::ranges::any_of(before, [&](const Row& each) { return each.front() == form; });
+std::vector<console::Row> SetDefaultPrinter(const Session& session, const std::string& typed) {
+  const std::vector<console::Row> before = ReadPrinters(session);
+  const std::string name = console::StoredName(typed, [&](const std::string& form) {
+    return std::ranges::any_of(before,
+                               [&](const console::Row& each) { return each.front() == form; });
   });
-  std::vector<Row> wanted = before;
+  std::vector<console::Row> wanted = before;
   bool isFound = false;
-  for (Row& each : wanted) {
+  for (console::Row& each : wanted) {
     isFound = isFound || each.front() == name;
     each.back() = each.front() == name ? "yes" : "no";
   }
   if (!isFound) {
-    throw NotFound("the appliance has no printer " + Quoted(name) + "; see quillctl printer list");
+    throw NotFound("the appliance has no printer " + console::Quoted(name) +
+                   "; see quillctl printer list");
   }
   quillkit::CPrinterAB book;
   book.Attach(session.Scanner(), 0);
-  std::vector<Row> now = before;
+  std::vector<console::Row> now = before;
   std::int32_t error = 0;
   for (int tries = 0; tries < 2 && error == 0 && now != wanted; ++tries) {
     book.LoadPrinters();
@@ -247,25 +253,25 @@ std::vector<Row> SetDefaultPrinter(const Session& session, const std::string& ty
     now = ReadBack("the default printer may have changed", [&] { return ReadPrinters(session); });
   }
   if (now == wanted) return now;
-  const std::string text = "cannot make " + Quoted(name) + " the only default printer: " +
+  const std::string text = "cannot make " + console::Quoted(name) + " the only default printer: " +
                            (error != 0 ? CodeAndText(error) : "the appliance did not change it");
   if (now == before) throw Refusal(text);
   throw PartialFailure(text + "; other changes were made, see quillctl printer list");
 }
 
 void DefaultPrinter(const Session& session, const Arguments& a) {
-  std::vector<Row> rows;
+  std::vector<console::Row> rows;
   if (a.name.empty()) {
     rows = ReadPrinters(session);
   } else {
-    const DeferredTermination termination("making one printer the default");
+    const console::DeferredTermination termination("making one printer the default");
     rows = SetDefaultPrinter(session, a.name);
   }
-  std::erase_if(rows, [](const Row& each) { return each.back() != "yes"; });
+  std::erase_if(rows, [](const console::Row& each) { return each.back() != "yes"; });
   if (a.json) {
     PrintPrinters(rows, true);
   } else {
-    for (const Row& each : rows) std::cout << DisplayedText(each.front()) << '\n';
+    for (const console::Row& each : rows) std::cout << console::DisplayedText(each.front()) << '\n';
   }
   if (rows.empty()) throw NotFound("no printer is the default; see quillctl printer list");
 }
@@ -296,9 +302,9 @@ CLI::Option* AddTexts(CLI::App* command, Arguments& a) {
 void AddUserCommands(Commands& commands) {
   Commands user = commands.AddGroup("user", "List, show and change the accounts of the appliance");
   const auto [list, listed] = user.Add("list", "List the accounts", ListUsers);
-  AddJson(list, listed.json);
+  console::AddJson(list, listed.json);
   const auto [show, shown] = AddUserCommand(user, "show", "Show an account", ShowUser);
-  AddJson(show, shown.json);
+  console::AddJson(show, shown.json);
   const auto [add, added] = AddUserCommand(user, "add", "Add an account, turned on", AddUser);
   AddTexts(add, added)
       ->description("Read its password from the first line of a file (default: ask)");
@@ -310,19 +316,19 @@ void AddUserCommands(Commands& commands) {
   AddUserCommand(user, "off", "Turn off an account", Switch<false>);
   const auto [remove, removed] =
       AddUserCommand(user, "delete", "Delete an account and its log", DeleteUser);
-  AddYes(remove, removed.yes);
+  console::AddYes(remove, removed.yes);
 }
 
 void AddPrinterCommands(Commands& commands) {
   Commands printer = commands.AddGroup("printer", "List printers and set the default printer");
   const auto [list, listed] = printer.Add("list", "List the printers", ListPrinters);
-  AddJson(list, listed.json);
+  console::AddJson(list, listed.json);
   const auto [models, read] = printer.Add("models", "List the printer models", ListModels);
-  AddJson(models, read.json);
+  console::AddJson(models, read.json);
   const auto [select, selected] =
       printer.Add("default", "Show or set the default printer", DefaultPrinter);
   AddName(select, "name", selected.name, "The new default printer")->required(false);
-  AddJson(select, selected.json);
+  console::AddJson(select, selected.json);
 }
 
 }  // namespace quillctl

@@ -1,14 +1,14 @@
 // Tables for the screen. Columns are as wide as their widest cell and separated by two spaces. On a
 // terminal, long cells below headings are cut, and end in "…", so that each row fits on a line.
 
-#ifndef QUILLCTL_TEXT_TABLE_H_
-#define QUILLCTL_TEXT_TABLE_H_
+#ifndef CONSOLE_TEXT_TABLE_H_
+#define CONSOLE_TEXT_TABLE_H_
 
 #include <string>
 #include <utility>
 #include <vector>
 
-namespace quillctl {
+namespace console {
 
 // One cell for each column.
 using Row = std::vector<std::string>;
@@ -37,6 +37,6 @@ class TextTable {
   std::vector<Row> rows;
 };
 
-}  // namespace quillctl
+}  // namespace console
 
-#endif  // QUILLCTL_TEXT_TABLE_H_
+#endif  // CONSOLE_TEXT_TABLE_H_

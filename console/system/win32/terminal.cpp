@@ -1,4 +1,4 @@
-#include "quillctl/system/terminal.h"
+#include "console/system/terminal.h"
 
 #include <fcntl.h>
 #include <io.h>
@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <iostream>
 
-namespace quillctl {
+namespace console {
 namespace {
 
 // Belong to the one EchoOff. A console keeps its mode when the program terminates.
@@ -93,4 +93,4 @@ EchoOff::~EchoOff() {
   SetConsoleCtrlHandler(RestoreEcho, FALSE);
 }
 
-}  // namespace quillctl
+}  // namespace console

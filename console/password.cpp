@@ -1,14 +1,14 @@
-#include "quillctl/password.h"
+#include "console/password.h"
 
 #include <cstdlib>
 #include <fstream>
 #include <iostream>
 
-#include "quillctl/displayed_text.h"
-#include "quillctl/failures.h"
-#include "quillctl/system/terminal.h"
+#include "console/displayed_text.h"
+#include "console/failure.h"
+#include "console/system/terminal.h"
 
-namespace quillctl {
+namespace console {
 namespace {
 
 // Far more than the library accepts, so that it refuses a password that is cut here.
@@ -59,4 +59,4 @@ std::string AskForNewPassword(const std::string& account) {
   throw UsageError("the passwords differ; nothing was changed");
 }
 
-}  // namespace quillctl
+}  // namespace console

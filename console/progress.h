@@ -1,14 +1,14 @@
 // Progress of long work, on the terminal of standard error.
 
-#ifndef QUILLCTL_PROGRESS_H_
-#define QUILLCTL_PROGRESS_H_
+#ifndef CONSOLE_PROGRESS_H_
+#define CONSOLE_PROGRESS_H_
 
 #include <chrono>
 #include <cstdint>
 #include <functional>
 #include <string>
 
-namespace quillctl {
+namespace console {
 
 // Work that consists of steps. From half a second on, shows how many of them are done, their rate
 // and the remaining time. The destructor erases that. Shows nothing if standard error is not a
@@ -46,6 +46,6 @@ class Progress {
   bool isShown = false;
 };
 
-}  // namespace quillctl
+}  // namespace console
 
-#endif  // QUILLCTL_PROGRESS_H_
+#endif  // CONSOLE_PROGRESS_H_

@@ -1,12 +1,12 @@
-#include "quillctl/text_table.h"
+#include "console/text_table.h"
 
 #include <algorithm>
 #include <iostream>
 
-#include "quillctl/displayed_text.h"
-#include "quillctl/system/terminal.h"
+#include "console/displayed_text.h"
+#include "console/system/terminal.h"
 
-namespace quillctl {
+namespace console {
 namespace {
 
 constexpr std::size_t kGap = 2;
@@ -68,4 +68,4 @@ void TextTable::Print() const {
   for (const Row& row : rows) PrintRow(widths, row);
 }
 
-}  // namespace quillctl
+}  // namespace console

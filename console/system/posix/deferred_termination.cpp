@@ -1,4 +1,4 @@
-#include "quillctl/system/deferred_termination.h"
+#include "console/system/deferred_termination.h"
 
 #include <unistd.h>
 
@@ -8,9 +8,10 @@
 #include <optional>
 #include <utility>
 
-#include "quillctl/system/posix/caught_signals.h"
+#include "console/program.h"
+#include "console/system/posix/caught_signals.h"
 
-namespace quillctl {
+namespace console {
 namespace {
 
 // A path, for a signal handler.
@@ -47,8 +48,7 @@ extern "C" void RecordRequest(int number) {
     Terminate(number);
   }
   if (isRequested == 0 && announced != nullptr) {
-    Print("\nquillctl: ");
-    Print(announced);
+    for (const char* each : {"\n", ProgramName(), ": ", announced}) Print(each);
     Print("; a second interruption stops at once\n");
   }
   isRequested = 1;
@@ -96,4 +96,4 @@ bool DeferredTermination::IsRequested() const {
   return isRequested != 0;
 }
 
-}  // namespace quillctl
+}  // namespace console

@@ -1,16 +1,16 @@
 // Temporary files.
 
-#ifndef QUILLCTL_TEMPORARY_FILE_H_
-#define QUILLCTL_TEMPORARY_FILE_H_
+#ifndef CONSOLE_TEMPORARY_FILE_H_
+#define CONSOLE_TEMPORARY_FILE_H_
 
 #include <string>
 #include <string_view>
 #include <utility>
 
+#include "console/system/deferred_termination.h"
 #include "platform/files.h"
-#include "quillctl/system/deferred_termination.h"
 
-namespace quillctl {
+namespace console {
 
 inline constexpr const char* kNoTemporaryFile =
     "cannot write a temporary file; check the folder in the variable TMPDIR (on Windows: TMP)";
@@ -37,6 +37,6 @@ class TemporaryFile {
   DeletedOnTermination deletion;
 };
 
-}  // namespace quillctl
+}  // namespace console
 
-#endif  // QUILLCTL_TEMPORARY_FILE_H_
+#endif  // CONSOLE_TEMPORARY_FILE_H_

@@ -1,4 +1,4 @@
-#include "quillctl/text_file.h"
+#include "console/text_file.h"
 
 #include <array>
 #include <cerrno>
@@ -6,13 +6,13 @@
 #include <iostream>
 #include <system_error>
 
+#include "console/displayed_text.h"
+#include "console/failure.h"
+#include "console/system/terminal.h"
 #include "platform/open_file.h"
 #include "platform/written_file.h"
-#include "quillctl/displayed_text.h"
-#include "quillctl/failures.h"
-#include "quillctl/system/terminal.h"
 
-namespace quillctl {
+namespace console {
 namespace {
 
 UsageError TooLarge(const std::string& name, std::size_t limit) {
@@ -88,4 +88,4 @@ std::string_view FileLines::Text() const {
   return text;
 }
 
-}  // namespace quillctl
+}  // namespace console

@@ -1,12 +1,12 @@
 // What happens when the program is asked to terminate, as by Ctrl-C.
 
-#ifndef QUILLCTL_SYSTEM_DEFERRED_TERMINATION_H_
-#define QUILLCTL_SYSTEM_DEFERRED_TERMINATION_H_
+#ifndef CONSOLE_SYSTEM_DEFERRED_TERMINATION_H_
+#define CONSOLE_SYSTEM_DEFERRED_TERMINATION_H_
 
 #include <cstddef>
 #include <string>
 
-namespace quillctl {
+namespace console {
 
 // While this object exists, a request that terminates the program deletes the file first. At most
 // four objects may exist at a time; a further one has no effect. On Windows, a file that is open is
@@ -39,6 +39,6 @@ class DeferredTermination {
   bool IsRequested() const;
 };
 
-}  // namespace quillctl
+}  // namespace console
 
-#endif  // QUILLCTL_SYSTEM_DEFERRED_TERMINATION_H_
+#endif  // CONSOLE_SYSTEM_DEFERRED_TERMINATION_H_

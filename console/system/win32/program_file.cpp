@@ -1,8 +1,8 @@
-#include "quillctl/system/program_file.h"
+#include "console/system/program_file.h"
 
 #include <windows.h>
 
-namespace quillctl {
+namespace console {
 
 std::string ProgramFile() {
   std::string path(MAX_PATH, '\0');
@@ -11,4 +11,4 @@ std::string ProgramFile() {
   return path;
 }
 
-}  // namespace quillctl
+}  // namespace console

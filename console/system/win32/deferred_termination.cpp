@@ -1,4 +1,4 @@
-#include "quillctl/system/deferred_termination.h"
+#include "console/system/deferred_termination.h"
 
 #include <windows.h>
 
@@ -8,7 +8,9 @@
 #include <iostream>
 #include <mutex>
 
-namespace quillctl {
+#include "console/program.h"
+
+namespace console {
 namespace {
 
 // The console calls the handlers in a thread of its own.
@@ -30,7 +32,8 @@ const char* announced = nullptr;
 BOOL WINAPI RecordRequest(DWORD) {
   if (isRequested.exchange(true)) return FALSE;
   if (announced != nullptr) {
-    std::cerr << "\nquillctl: " << announced << "; a second interruption stops at once\n";
+    std::cerr << '\n'
+              << ProgramName() << ": " << announced << "; a second interruption stops at once\n";
   }
   return TRUE;
 }
@@ -64,4 +67,4 @@ bool DeferredTermination::IsRequested() const {
   return isRequested;
 }
 
-}  // namespace quillctl
+}  // namespace console

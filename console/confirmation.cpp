@@ -1,16 +1,16 @@
-#include "quillctl/confirmation.h"
+#include "console/confirmation.h"
 
 #include <filesystem>
 #include <iostream>
 #include <system_error>
 
-#include "quillctl/displayed_text.h"
-#include "quillctl/failures.h"
-#include "quillctl/system/terminal.h"
-#include "quillctl/text_file.h"
-#include "quillctl/text_table.h"
+#include "console/displayed_text.h"
+#include "console/failure.h"
+#include "console/system/terminal.h"
+#include "console/text_file.h"
+#include "console/text_table.h"
 
-namespace quillctl {
+namespace console {
 
 CLI::Option* AddYes(CLI::App* command, bool& into) {
   return command->add_flag("--yes", into, "Do not ask for confirmation");
@@ -73,4 +73,4 @@ void WriteOutput(const std::string& path, const std::string& text, const std::st
   }
 }
 
-}  // namespace quillctl
+}  // namespace console

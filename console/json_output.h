@@ -1,7 +1,7 @@
 // The JSON output of the commands.
 
-#ifndef QUILLCTL_JSON_OUTPUT_H_
-#define QUILLCTL_JSON_OUTPUT_H_
+#ifndef CONSOLE_JSON_OUTPUT_H_
+#define CONSOLE_JSON_OUTPUT_H_
 
 #include <nlohmann/json.hpp>
 
@@ -12,11 +12,10 @@
 #include <utility>
 #include <vector>
 
-#include "quillctl/displayed_text.h"
-#include "quillctl/key_set.h"
-#include "quillctl/text_table.h"
+#include "console/displayed_text.h"
+#include "console/text_table.h"
 
-namespace quillctl {
+namespace console {
 
 using Json = nlohmann::ordered_json;
 
@@ -27,15 +26,6 @@ inline void SetText(Json& json, const std::string& name, const std::string& text
   const bool isExact = utf8 == text;
   json[name] = std::move(utf8);
   if (!isExact) json[name + "-bytes"] = HexadecimalBytes(text);
-}
-
-// Returns the item as `item list --json` shows it.
-inline Json ShownItem(const std::string& key, const ItemFields& item) {
-  Json json;
-  SetText(json, "key", key);
-  for (const ItemText& each : kItemTexts) SetText(json, each.word, item.*each.field);
-  for (const ItemNumber& each : kItemNumbers) json[each.word] = item.*each.field;
-  return json;
 }
 
 // Returns a row of a table as an object. Its members are the headings in lower case.
@@ -73,6 +63,6 @@ inline void PrintRows(const Row& headings, const std::vector<Row>& rows, bool js
   PrintList(table, isObject ? list.front() : list, json);
 }
 
-}  // namespace quillctl
+}  // namespace console
 
-#endif  // QUILLCTL_JSON_OUTPUT_H_
+#endif  // CONSOLE_JSON_OUTPUT_H_

@@ -1,7 +1,7 @@
 // Reading and writing whole files, and iterating over their lines.
 
-#ifndef QUILLCTL_TEXT_FILE_H_
-#define QUILLCTL_TEXT_FILE_H_
+#ifndef CONSOLE_TEXT_FILE_H_
+#define CONSOLE_TEXT_FILE_H_
 
 #include <cstddef>
 #include <string>
@@ -9,7 +9,7 @@
 
 #include "platform/draft.h"
 
-namespace quillctl {
+namespace console {
 
 // Returns the bytes of the file, or of standard input for "-". Throws a UsageError with the reason
 // if it cannot be read or is larger than `limit` bytes. The message gives the limit in MiB.
@@ -43,6 +43,6 @@ class FileLines {
   std::string_view bytes;
 };
 
-}  // namespace quillctl
+}  // namespace console
 
-#endif  // QUILLCTL_TEXT_FILE_H_
+#endif  // CONSOLE_TEXT_FILE_H_

@@ -1,12 +1,12 @@
 // The terminal of the standard streams.
 
-#ifndef QUILLCTL_SYSTEM_TERMINAL_H_
-#define QUILLCTL_SYSTEM_TERMINAL_H_
+#ifndef CONSOLE_SYSTEM_TERMINAL_H_
+#define CONSOLE_SYSTEM_TERMINAL_H_
 
 #include <cstddef>
 #include <string>
 
-namespace quillctl {
+namespace console {
 
 // Returns whether standard input is a terminal.
 bool StdinIsTerminal();
@@ -40,6 +40,6 @@ class EchoOff {
   ~EchoOff();
 };
 
-}  // namespace quillctl
+}  // namespace console
 
-#endif  // QUILLCTL_SYSTEM_TERMINAL_H_
+#endif  // CONSOLE_SYSTEM_TERMINAL_H_

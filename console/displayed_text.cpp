@@ -1,11 +1,11 @@
-#include "quillctl/displayed_text.h"
+#include "console/displayed_text.h"
 
 #include <algorithm>
 #include <optional>
 
 #include "contacts/encoding.h"
 
-namespace quillctl {
+namespace console {
 namespace {
 
 bool IsContinuation(char byte) {
@@ -122,4 +122,4 @@ std::string CutDisplayed(const std::string& displayed, std::size_t width) {
   return displayed.substr(0, end) + "…";
 }
 
-}  // namespace quillctl
+}  // namespace console

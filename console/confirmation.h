@@ -1,7 +1,7 @@
 // Confirmation by the user before something is deleted, cleared or overwritten.
 
-#ifndef QUILLCTL_CONFIRMATION_H_
-#define QUILLCTL_CONFIRMATION_H_
+#ifndef CONSOLE_CONFIRMATION_H_
+#define CONSOLE_CONFIRMATION_H_
 
 #include <CLI/CLI.hpp>
 
@@ -9,7 +9,7 @@
 
 #include "platform/draft.h"
 
-namespace quillctl {
+namespace console {
 
 // Adds --yes.
 CLI::Option* AddYes(CLI::App* command, bool& into);
@@ -50,6 +50,6 @@ void ConfirmOverwrite(bool yes, const std::string& path);
 void WriteOutput(const std::string& path, const std::string& text, const std::string& sentence,
                  quillkit::Readers readers = quillkit::Readers::kUsual);
 
-}  // namespace quillctl
+}  // namespace console
 
-#endif  // QUILLCTL_CONFIRMATION_H_
+#endif  // CONSOLE_CONFIRMATION_H_

@@ -1,10 +1,8 @@
-#include "quillctl/displayed_text.h"
+#include "console/displayed_text.h"
 
 #include <gtest/gtest.h>
 
-#include "quillctl/failures.h"
-
-namespace quillctl {
+namespace console {
 namespace {
 
 TEST(DisplayedText, KeepsUtf8ConvertsWindows1252AndEscapesControlCharacters) {
@@ -29,12 +27,5 @@ TEST(DisplayedText, KeepsUtf8ConvertsWindows1252AndEscapesControlCharacters) {
   for (const auto& each : cases) EXPECT_EQ(DisplayedText(each.stored), each.displayed);
 }
 
-TEST(CodeAndText, HasTheTextOfTheLibraryOrItsOwnForLocalCodes) {
-  EXPECT_EQ(CodeAndText(21), "code 21, More Data Available than request");  // the longest
-  EXPECT_EQ(CodeAndText(23), "code 23, no description");
-  EXPECT_EQ(CodeAndText(-2), "code -2, cannot read the file");
-  EXPECT_EQ(CodeAndText(-7), "code -7, no description");
-}
-
 }  // namespace
-}  // namespace quillctl
+}  // namespace console

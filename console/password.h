@@ -1,12 +1,12 @@
 // Sources of the password other than the command line.
 
-#ifndef QUILLCTL_PASSWORD_H_
-#define QUILLCTL_PASSWORD_H_
+#ifndef CONSOLE_PASSWORD_H_
+#define CONSOLE_PASSWORD_H_
 
 #include <optional>
 #include <string>
 
-namespace quillctl {
+namespace console {
 
 // Return the first line of a file, which `option` names, or of standard input, also for "-". Throw
 // a UsageError if there is none, and if it contains a NUL, because the library ignores what follows
@@ -26,6 +26,6 @@ std::string AskForPassword(const std::string& title);
 // if standard input is not a terminal.
 std::string AskForNewPassword(const std::string& account);
 
-}  // namespace quillctl
+}  // namespace console
 
-#endif  // QUILLCTL_PASSWORD_H_
+#endif  // CONSOLE_PASSWORD_H_

@@ -1,16 +1,16 @@
 // The file of the running program.
 
-#ifndef QUILLCTL_SYSTEM_PROGRAM_FILE_H_
-#define QUILLCTL_SYSTEM_PROGRAM_FILE_H_
+#ifndef CONSOLE_SYSTEM_PROGRAM_FILE_H_
+#define CONSOLE_SYSTEM_PROGRAM_FILE_H_
 
 #include <string>
 
-namespace quillctl {
+namespace console {
 
 // Returns the path of the running program's file, on POSIX with links resolved. Empty if the system
 // does not provide it.
 std::string ProgramFile();
 
-}  // namespace quillctl
+}  // namespace console
 
-#endif  // QUILLCTL_SYSTEM_PROGRAM_FILE_H_
+#endif  // CONSOLE_SYSTEM_PROGRAM_FILE_H_

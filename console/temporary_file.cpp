@@ -1,8 +1,8 @@
-#include "quillctl/temporary_file.h"
+#include "console/temporary_file.h"
 
-#include "quillctl/failures.h"
+#include "console/failure.h"
 
-namespace quillctl {
+namespace console {
 
 TemporaryFile::TemporaryFile()
     : created(quillkit::CreateTemporaryFile("QKC")), deletion(created.path) {
@@ -20,4 +20,4 @@ TemporaryFile::~TemporaryFile() {
   quillkit::DeleteFileAt(created.path);
 }
 
-}  // namespace quillctl
+}  // namespace console

@@ -1,4 +1,4 @@
-#include "quillctl/system/terminal.h"
+#include "console/system/terminal.h"
 
 #include <poll.h>
 #include <sys/ioctl.h>
@@ -11,10 +11,10 @@
 #include <optional>
 #include <string_view>
 
+#include "console/system/posix/caught_signals.h"
 #include "platform/posix/event_loop.h"
-#include "quillctl/system/posix/caught_signals.h"
 
-namespace quillctl {
+namespace console {
 namespace {
 
 // Belong to the one EchoOff.
@@ -101,4 +101,4 @@ EchoOff::~EchoOff() {
   actions.reset();
 }
 
-}  // namespace quillctl
+}  // namespace console

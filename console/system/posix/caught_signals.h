@@ -1,14 +1,14 @@
 // Signal handlers that are installed for a time. The destructors restore the former ones.
 
-#ifndef QUILLCTL_SYSTEM_POSIX_CAUGHT_SIGNALS_H_
-#define QUILLCTL_SYSTEM_POSIX_CAUGHT_SIGNALS_H_
+#ifndef CONSOLE_SYSTEM_POSIX_CAUGHT_SIGNALS_H_
+#define CONSOLE_SYSTEM_POSIX_CAUGHT_SIGNALS_H_
 
 #include <array>
 #include <csignal>
 #include <cstddef>
 #include <optional>
 
-namespace quillctl {
+namespace console {
 
 // The handler of one signal, or SIG_IGN.
 class SignalAction {
@@ -46,6 +46,6 @@ class CaughtSignals {
   std::array<std::optional<SignalAction>, kSignals.size()> actions;
 };
 
-}  // namespace quillctl
+}  // namespace console
 
-#endif  // QUILLCTL_SYSTEM_POSIX_CAUGHT_SIGNALS_H_
+#endif  // CONSOLE_SYSTEM_POSIX_CAUGHT_SIGNALS_H_

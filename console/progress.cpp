@@ -1,13 +1,13 @@
-#include "quillctl/progress.h"
+#include "console/progress.h"
 
 #include <algorithm>
 #include <cmath>
 #include <iostream>
 #include <utility>
 
-#include "quillctl/system/terminal.h"
+#include "console/system/terminal.h"
 
-namespace quillctl {
+namespace console {
 namespace {
 
 using namespace std::chrono_literals;
@@ -71,4 +71,4 @@ std::string Progress::Line(std::chrono::duration<double> passed) const {
   return line;
 }
 
-}  // namespace quillctl
+}  // namespace console

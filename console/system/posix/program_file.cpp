@@ -1,13 +1,13 @@
-#include "quillctl/system/program_file.h"
+#include "console/system/program_file.h"
 
 #include <filesystem>
 #include <system_error>
 
-namespace quillctl {
+namespace console {
 
 std::string ProgramFile() {
   std::error_code failure;
   return std::filesystem::read_symlink("/proc/self/exe", failure).string();
 }
 
-}  // namespace quillctl
+}  // namespace console

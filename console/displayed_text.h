@@ -1,8 +1,8 @@
 // Conversion of the appliance's text for a terminal. Its text is 8-bit without a known character
 // set, and may contain anything.
 
-#ifndef QUILLCTL_DISPLAYED_TEXT_H_
-#define QUILLCTL_DISPLAYED_TEXT_H_
+#ifndef CONSOLE_DISPLAYED_TEXT_H_
+#define CONSOLE_DISPLAYED_TEXT_H_
 
 #include <cstddef>
 #include <functional>
@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-namespace quillctl {
+namespace console {
 
 // The names of the character sets that SetDisplayEncoding accepts.
 std::vector<std::string> DisplayEncodings();
@@ -53,6 +53,6 @@ std::size_t DisplayedWidth(std::string_view displayed);
 // "…".
 std::string CutDisplayed(const std::string& displayed, std::size_t width);
 
-}  // namespace quillctl
+}  // namespace console
 
-#endif  // QUILLCTL_DISPLAYED_TEXT_H_
+#endif  // CONSOLE_DISPLAYED_TEXT_H_

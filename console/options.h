@@ -1,0 +1,47 @@
+// Options that commands share, and the names that a command line can contain.
+
+#ifndef CONSOLE_OPTIONS_H_
+#define CONSOLE_OPTIONS_H_
+
+#include <CLI/CLI.hpp>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace console {
+
+// Returns a check of a number's text. The error message gives the range.
+CLI::Validator NumberInRange(std::uint32_t min, std::uint32_t max);
+
+// Adds an option whose value is a number from `min` to `max`, in decimal or, after "0x", in
+// hexadecimal digits. Number is an unsigned integer, or an optional one.
+template <class Number>
+CLI::Option* AddNumber(CLI::App* command, const char* title, Number& into, const char* help,
+                       std::uint32_t min, std::uint32_t max) {
+  return command->add_option(title, into, help)
+      ->type_name("NUMBER")
+      ->check(NumberInRange(min, max));
+}
+
+// Returns the long options of a command and of the program, each once, with "--".
+std::vector<std::string> OptionNames(const CLI::App& command, const CLI::App& program);
+
+// Returns the commands of a group, or of the program.
+std::vector<std::string> CommandNames(const CLI::App& group);
+
+// Returns the candidate that begins with the word; or the one that the fewest insertions, deletions
+// and replacements of characters turn into the word. Returns an empty text if every candidate needs
+// more than one for each three characters of the word.
+std::string Nearest(std::string_view word, const std::vector<std::string>& candidates);
+
+// Adds --json.
+void AddJson(CLI::App* command, bool& into);
+
+// Adds --json and --json-lines. Only one of them can be given.
+void AddJsonLines(CLI::App* command, bool& json, bool& lines);
+
+}  // namespace console
+
+#endif  // CONSOLE_OPTIONS_H_
