@@ -51,25 +51,10 @@ bool Agreed(const Consent& consent, const std::string& action) {
   return true;
 }
 
-bool IsStandardOutput(const std::string& path) {
-  std::error_code failure;
-  return path.empty() || path == "-" || std::filesystem::equivalent(path, "/dev/stdout", failure);
-}
-
 void ConfirmOverwrite(bool yes, const std::string& path) {
   std::error_code failure;
   if (!IsStandardOutput(path) && std::filesystem::is_regular_file(path, failure)) {
     Confirm(yes, "Overwrite " + Quoted(path) + '?');
-  }
-}
-
-void WriteOutput(const std::string& path, const std::string& text, const std::string& sentence,
-                 quillkit::Readers readers) {
-  if (IsStandardOutput(path)) {
-    std::cout << text;
-  } else {
-    WriteTextFile(path, text, readers);
-    std::cout << sentence << '\n';
   }
 }
 

@@ -7,8 +7,6 @@
 
 #include <string>
 
-#include "platform/draft.h"
-
 namespace console {
 
 // Adds --yes.
@@ -38,17 +36,9 @@ void AddConsent(CLI::App* command, Consent& into);
 // Returns true after Confirm() with the action as a question, and false after IsDryRun().
 bool Agreed(const Consent& consent, const std::string& action);
 
-// Returns whether the path is that of standard output: empty, "-", or the file that it is.
-bool IsStandardOutput(const std::string& path);
-
 // Confirms that the file is overwritten. Returns at once for standard output, if there is no such
 // file, or if it is not a regular file, such as a pipe.
 void ConfirmOverwrite(bool yes, const std::string& path);
-
-// Writes the text to the file with WriteTextFile and prints a sentence, or writes only the text to
-// standard output.
-void WriteOutput(const std::string& path, const std::string& text, const std::string& sentence,
-                 quillkit::Readers readers = quillkit::Readers::kUsual);
 
 }  // namespace console
 

@@ -31,11 +31,6 @@ std::vector<std::string> OptionNames(const CLI::App& command, const CLI::App& pr
 // Returns the commands of a group, or of the program.
 std::vector<std::string> CommandNames(const CLI::App& group);
 
-// Returns the candidate that begins with the word; or the one that the fewest insertions, deletions
-// and replacements of characters turn into the word. Returns an empty text if every candidate needs
-// more than one for each three characters of the word.
-std::string Nearest(std::string_view word, const std::vector<std::string>& candidates);
-
 // Adds --json.
 void AddJson(CLI::App* command, bool& into);
 

@@ -67,6 +67,20 @@ void WriteTextFile(const std::string& path, const std::string& text, quillkit::R
   }
 }
 
+bool IsStandardOutput(const std::string& path) {
+  std::error_code failure;
+  return path.empty() || path == "-" || std::filesystem::equivalent(path, "/dev/stdout", failure);
+}
+
+bool WriteOutput(const std::string& path, const std::string& text, quillkit::Readers readers) {
+  if (!IsStandardOutput(path)) {
+    WriteTextFile(path, text, readers);
+    return true;
+  }
+  std::cout << text;
+  return false;
+}
+
 std::string QuotedFileName(const std::string& path) {
   if (path == "-") return "standard input";
   const std::string name = std::filesystem::path(path).filename().string();

@@ -21,6 +21,14 @@ std::string ReadTextFile(const std::string& path, std::size_t limit);
 void WriteTextFile(const std::string& path, const std::string& text,
                    quillkit::Readers readers = quillkit::Readers::kUsual);
 
+// Returns whether the path is that of standard output: empty, "-", or the file that it is.
+bool IsStandardOutput(const std::string& path);
+
+// Writes the text to standard output, or to another file with WriteTextFile. Returns whether it is
+// another file.
+bool WriteOutput(const std::string& path, const std::string& text,
+                 quillkit::Readers readers = quillkit::Readers::kUsual);
+
 // Returns the reason why a file cannot be read, from an error number. Systems have different
 // numbers for reading a folder.
 std::string ReadFault(const std::string& path, int error);

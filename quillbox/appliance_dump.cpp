@@ -2,15 +2,16 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
-#include <fstream>
 #include <iostream>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "bridge/the_agent.h"
+#include "console/displayed_text.h"
+#include "console/failure.h"
+#include "console/password.h"
 #include "platform/name_service.h"
-#include "quillbox/failure.h"
 
 namespace quillbox {
 namespace {
@@ -31,6 +32,14 @@ std::string NameOfBook(const ABIdent& book) {
          std::string(book.name.View());
 }
 
+std::string PasswordOf(const DumpOptions& options) {
+  if (!options.passwordFile.empty()) {
+    return console::PasswordFromFile(options.passwordFile, "--password-file");
+  }
+  const std::optional<std::string> password = console::PasswordFromEnvironment();
+  return password ? *password : console::AskForPassword(console::Quoted(options.user));
+}
+
 // The server library, and a session.
 class ServerSession {
  public:
@@ -39,37 +48,24 @@ class ServerSession {
     if (!StartSockets() ||
         (login.address = TextToAddress(options.host.c_str()),
          login.address == kNoAddress && !FindHostByName(options.host.c_str(), &login.address))) {
-      throw CommandFailure("cannot find the host " + options.host);
+      throw console::Refusal("cannot find the host " + options.host);
     }
     const std::string password = PasswordOf(options);
     if (login.user.Set(options.user) == 0 || login.password.Set(password) == 0) {
-      throw CommandFailure("the account or its password is too long");
+      throw console::Refusal("the account or its password is too long");
     }
     if (TheAgent.LoadServerLibrary() != kNoError) {
-      throw CommandFailure("the server library cannot be loaded");
+      throw console::Refusal("the server library cannot be loaded");
     }
     std::array<char, 256> identity{};
     const Status status = TheAgent.IMSPLogin(&login, identity.data(), identity.size());
-    if (status != kNoError) throw CommandFailure("cannot log in: " + CodeAndText(status));
+    if (status != kNoError) throw console::Refusal("cannot log in: " + CodeAndText(status));
   }
   ServerSession(const ServerSession&) = delete;
   ServerSession& operator=(const ServerSession&) = delete;
   ~ServerSession() {
     TheAgent.IMSPLogout();
     TheAgent.Shutdown();
-  }
-
- private:
-  static std::string PasswordOf(const DumpOptions& options) {
-    std::string password;
-    if (options.passwordFile.empty()) {
-      const char* const value = std::getenv("QUILLCTL_PASSWORD");
-      return value != nullptr ? value : "";
-    }
-    std::ifstream file(options.passwordFile);
-    if (!std::getline(file, password)) throw CommandFailure("cannot read " + options.passwordFile);
-    if (password.ends_with('\r')) password.pop_back();
-    return password;
   }
 };
 
@@ -86,18 +82,18 @@ Status ReadPages(const std::string& what, Read read, Add add) {
     count = std::min(count, kPage);
     for (std::uint32_t i = 0; i < count; ++i) {
       const EntryKey name = add(i);
-      if (!(last < name)) throw CommandFailure(what + ": the appliance delivers a wrong order");
+      if (!(last < name)) throw console::Refusal(what + ": the appliance delivers a wrong order");
       last = name;
     }
     if (status == kNoError || count == 0) return kNoError;
   }
 }
 
-// Reports a failure to read. Throws a CommandFailure unless the account only has no right to.
+// Reports a failure to read. Throws a Refusal unless the account only has no right to.
 void RequireRead(const std::string& what, Status status) {
   if (status == kNoError) return;
   const std::string text = "cannot read " + what + ": " + CodeAndText(status);
-  if (status != kAccessDenied) throw CommandFailure(text);
+  if (status != kAccessDenied) throw console::Refusal(text);
   std::cerr << "quillbox: " << text << '\n';
 }
 
@@ -114,7 +110,7 @@ void ReadBook(ABIdent book, std::string_view user, Store& store) {
   const auto add = [&](std::uint32_t i) {
     const char* const record = records.data() + i * type.recordSize;
     if (store.Put(path, record) != kNoError) {
-      throw CommandFailure(what + ": the appliance delivers an invalid entry");
+      throw console::Refusal(what + ": the appliance delivers an invalid entry");
     }
     return NameOf(record);
   };

@@ -10,7 +10,7 @@ namespace quillbox {
 
 // Fills a store that is in its initial state: all books but the log; of the private ones, those of
 // the account that logs in. A book that the account may not read is reported on standard error.
-// Throws a CommandFailure if the login or a read fails, or if a record is invalid.
+// Throws a console::Refusal if the login or a read fails, or if a record is invalid.
 void ReadAppliance(const DumpOptions& options, Store& store);
 
 }  // namespace quillbox

@@ -1,4 +1,4 @@
-// The commands of quillbox. Each throws a CommandFailure on failure.
+// The commands of quillbox. Each throws a console::Failure on failure.
 
 #ifndef QUILLBOX_COMMANDS_H_
 #define QUILLBOX_COMMANDS_H_
@@ -24,7 +24,7 @@ struct RunOptions {
 // closed, on standard error.
 int Run(const RunOptions& options);
 
-// Writes a scenario with comments to a new file, or to standard output if the path is empty.
+// Writes a scenario with comments to a new file, or to standard output: an empty path or "-".
 void WriteTemplate(const std::string& path);
 
 // Tests a scenario, and prints a summary of it.
@@ -32,11 +32,11 @@ void Check(const std::string& path);
 
 struct DumpOptions {
   std::string source;  // a state file, or "" for an appliance
-  std::string output;  // a file, or "" for standard output
+  std::string output;  // a file, or "" or "-" for standard output
   bool passwords = false;
   std::string host = "127.0.0.1";
   std::string user = "ADMINISTRATOR";
-  std::string passwordFile;  // "": the environment variable QUILLCTL_PASSWORD
+  std::string passwordFile;  // "": QUILLCTL_PASSWORD, or what the user types
 };
 
 // Writes the books of a state file, or of an appliance, as text.

@@ -5,8 +5,8 @@
 #include <system_error>
 #include <thread>
 
+#include "console/failure.h"
 #include "quillbox/commands.h"
-#include "quillbox/failure.h"
 
 namespace quillbox {
 namespace {
@@ -33,7 +33,7 @@ std::uintmax_t PrintFrom(const std::string& path, std::uintmax_t offset) {
 
 void ShowJournal(const std::string& path, bool follow) {
   if (!std::ifstream(path)) {
-    if (!follow) throw CommandFailure("cannot read " + path);
+    if (!follow) throw console::Refusal("cannot read " + path);
     std::cerr << "quillbox: waiting for " << path << std::endl;
   }
   std::uintmax_t offset = PrintFrom(path, 0);

@@ -4,12 +4,13 @@
 
 #include <algorithm>
 #include <functional>
-#include <iostream>
 #include <string>
 #include <vector>
 
+#include "console/failure.h"
+#include "console/parse_error.h"
+#include "console/program.h"
 #include "quillbox/commands.h"
-#include "quillbox/failure.h"
 #include "toolkit/version.h"
 
 namespace quillbox {
@@ -56,7 +57,8 @@ void AddDump(CLI::App& app, DumpOptions& options, bool& fromAppliance,
       ->needs(appliance)
       ->type_name("ACCOUNT");
   dump->add_option("--password-file", options.passwordFile,
-                   "Its password (default: the variable QUILLCTL_PASSWORD)")
+                   "A file with its password (default: the variable QUILLCTL_PASSWORD; if that\nis "
+                   "not set, asked at the terminal)")
       ->needs(appliance)
       ->type_name("FILE");
   dump->callback([&] {
@@ -112,7 +114,7 @@ void AddCommands(CLI::App& app, Arguments& a, std::function<int()>& action) {
   makes(journal, [&a] { ShowJournal(a.file, !a.onlyPresent); });
 }
 
-int Main(int argc, char** argv) {
+int RunCommandLine(int argc, char** argv) {
   Arguments arguments;
   std::function<int()> action;
   CLI::App app("Run applications on a simulated Quillbox", "quillbox");
@@ -128,32 +130,23 @@ int Main(int argc, char** argv) {
     arguments.run.command.assign(separator + 1, words.end());
     words.erase(separator, words.end());
   }
-  std::ranges::reverse(words);  // CLI11 takes them from the end
   try {
-    app.parse(words);
+    app.parse(
+        std::vector<std::string>(words.rbegin(), words.rend()));  // CLI11 takes the last first
+  } catch (const CLI::Success& help) {
+    return app.exit(help);
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? 0 : kExitUsage;
+    throw console::UsageError(console::ParseErrorText(app, error, words));
   }
   if (hasApplication && !app.got_subcommand("run")) {
-    throw CommandFailure("only run has an application after --", kExitUsage);
+    throw console::UsageError("only run has an application after --");
   }
-  const int status = action();
-  if (!std::cout.flush()) throw CommandFailure("cannot write to standard output");
-  return status;
+  return action();
 }
 
 }  // namespace
 }  // namespace quillbox
 
 int main(int argc, char** argv) {
-  try {
-    return quillbox::Main(argc, argv);
-  } catch (const quillbox::CommandFailure& failure) {
-    std::cout.flush();
-    std::cerr << "quillbox: " << failure.what() << '\n';
-    return failure.ExitStatus();
-  } catch (const std::exception& error) {
-    std::cerr << "quillbox: " << error.what() << '\n';
-    return quillbox::kExitFailed;
-  }
+  return console::RunProgram("quillbox", [&] { return quillbox::RunCommandLine(argc, argv); });
 }

@@ -31,7 +31,7 @@ class RunFolder {
     std::error_code failure;
     path = fs::temp_directory_path(failure) / ("quillbox-" + std::to_string(random()));
     if (failure || !fs::create_directory(path, failure)) {
-      throw CommandFailure("cannot create a folder for temporary files", kExitNotStarted);
+      throw console::Failure("cannot create a folder for temporary files", kExitNotStarted);
     }
     fs::permissions(path, fs::perms::owner_all, failure);
   }
@@ -57,7 +57,7 @@ std::string SimulatorFolder() {
   for (const fs::path& each : {own, own / QUILLBOX_INSTALLED_SIMULATOR}) {
     if (fs::exists(each / kSimulatorFile, failure)) return fs::canonical(each, failure).string();
   }
-  throw CommandFailure(std::string("cannot find ") + kSimulatorFile, kExitNotStarted);
+  throw console::Failure(std::string("cannot find ") + kSimulatorFile, kExitNotStarted);
 }
 
 // An empty path removes an inherited value.
@@ -114,12 +114,12 @@ int Judge(int application, const std::string& report, const std::vector<std::str
 
 int Run(const RunOptions& options) {
   if (options.command.empty()) {
-    throw CommandFailure("run: the application is missing; write it after --", kExitUsage);
+    throw console::UsageError("run: the application is missing; write it after --");
   }
   Scenario scenario;
   Require(options.scenario, ReadScenario(options.scenario, scenario), kExitNotStarted);
   if (!options.form.empty() && options.journal.empty() && scenario.journal.empty()) {
-    throw CommandFailure("run: --form needs a journal", kExitUsage);
+    throw console::UsageError("run: --form needs a journal");
   }
   Contents contents;
   Require(options.scenario, ReadBeginning(scenario.begin, contents), kExitNotStarted);
@@ -128,7 +128,7 @@ int Run(const RunOptions& options) {
   const RunFolder folder(options.keep);
   SetEnvironment(options, scenario, folder);
   const std::optional<int> status = RunProgram(options.command);
-  if (!status) throw CommandFailure("cannot run " + options.command[0], kExitNotStarted);
+  if (!status) throw console::Failure("cannot run " + options.command[0], kExitNotStarted);
   return Judge(*status, folder.PathOf("report"), faults, scenario.mayHaveUnfiredFaults);
 }
 

@@ -1,11 +1,12 @@
 #include <filesystem>
-#include <iostream>
+#include <string>
 #include <string_view>
 #include <system_error>
 
-#include "platform/written_file.h"
+#include "console/displayed_text.h"
+#include "console/failure.h"
+#include "console/text_file.h"
 #include "quillbox/commands.h"
-#include "quillbox/failure.h"
 
 namespace quillbox {
 namespace {
@@ -53,13 +54,10 @@ begin office
 
 void WriteTemplate(const std::string& path) {
   std::error_code failure;
-  if (path.empty()) {
-    std::cout << kTemplate;
-  } else if (std::filesystem::exists(path, failure)) {
-    throw CommandFailure(path + " exists");
-  } else if (!quillkit::WriteFileWhole(path, kTemplate)) {
-    throw CommandFailure("cannot write " + path);
+  if (!console::IsStandardOutput(path) && std::filesystem::exists(path, failure)) {
+    throw console::Refusal(console::Quoted(path) + " exists");
   }
+  console::WriteOutput(path, std::string(kTemplate));
 }
 
 }  // namespace quillbox

@@ -1,9 +1,8 @@
 #include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <system_error>
 
-#include "platform/written_file.h"
+#include "console/text_file.h"
 #include "quillbox/appliance_dump.h"
 #include "quillbox/commands.h"
 #include "quillbox/failure.h"
@@ -20,13 +19,10 @@ void Dump(const DumpOptions& options) {
   } else {
     Require(options.source, ReadStateFile(options.source, contents));
   }
-  const std::string text =
-      StateText(contents, options.passwords ? Passwords::kShown : Passwords::kHidden);
-  if (options.output.empty()) {
-    std::cout << text;
-  } else if (!quillkit::WriteFileWhole(options.output, text, quillkit::Readers::kOwner)) {
-    throw CommandFailure("cannot write " + options.output);
-  }
+  console::WriteOutput(
+      options.output,
+      StateText(contents, options.passwords ? Passwords::kShown : Passwords::kHidden),
+      quillkit::Readers::kOwner);
 }
 
 void Load(const std::string& source, const std::string& state) {
@@ -43,13 +39,14 @@ void Load(const std::string& source, const std::string& state) {
 
 void Check(const std::string& path) {
   Scenario scenario;
-  Require(path, ReadScenario(path, scenario), kExitUsage);
+  Require(path, ReadScenario(path, scenario), console::kExitUsage);
   Contents contents;
-  Require(path, ReadBeginning(scenario.begin, contents), kExitUsage);
+  Require(path, ReadBeginning(scenario.begin, contents), console::kExitUsage);
   std::error_code failure;
   if (std::filesystem::exists(scenario.state, failure)) {
     contents = {};
-    Require(path + ": " + scenario.state, ReadStateFile(scenario.state, contents), kExitUsage);
+    Require(path + ": " + scenario.state, ReadStateFile(scenario.state, contents),
+            console::kExitUsage);
   }
   std::cout << path << ": valid; faults: " << scenario.faults.size() << '\n';
 }

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "console/displayed_text.h"
-#include "console/options.h"
+#include "console/parse_error.h"
 #include "console/password.h"
 #include "console/progress.h"
 #include "quillctl/commands.h"
@@ -39,15 +39,6 @@ constexpr const char* kFooter =
 
 constexpr const char* kCommandFooter =
     "\nFor the login options and the exit statuses, see quillctl --help";
-
-// Returns the command line that prints the help of the program or a command.
-std::string HelpOf(const CLI::App& command) {
-  std::string words;
-  for (const CLI::App* each = &command; each != nullptr; each = each->get_parent()) {
-    words.insert(0, each->get_name() + ' ');
-  }
-  return words + "--help";
-}
 
 // Examples for the help of commands.
 constexpr const char* kExamples[] = {
@@ -134,12 +125,6 @@ class Parser {
   void AddOptions();
   void ReadPassword();
 
-  const CLI::App& LastParsed() const;
-  bool MayBeSecret(const std::string& word) const;
-  std::string UnknownOption(const std::string& word) const;
-  std::string UnknownCommand(const std::string& word) const;
-  std::string ErrorText(const CLI::ParseError& error) const;
-
   CLI::App app{"Manage the soft keys and address books of a Quillbox."};
   Commands commands{app};
   Credentials credentials;
@@ -177,7 +162,7 @@ void Parser::Run(int argc, const char* const* argv) {
     app.exit(help);
     return;
   } catch (const CLI::ParseError& error) {
-    throw UsageError(ErrorText(error));
+    throw UsageError(console::ParseErrorText(app, error, arguments));
   }
   if (isQuiet) console::Progress::Silence();
   if (!displayEncoding.empty()) console::SetDisplayEncoding(displayEncoding);
@@ -219,56 +204,6 @@ void Parser::ReadPassword() {
   } else {
     password = console::PasswordFromEnvironment();
   }
-}
-
-// Returns the program, or the last command that was parsed: a command of the program, or one of its
-// group.
-const CLI::App& Parser::LastParsed() const {
-  const CLI::App* last = &app;
-  while (!last->get_subcommands().empty()) last = last->get_subcommands().front();
-  return *last;
-}
-
-// Returns whether the word comes after an option, so that it may be the password of a misspelt one.
-bool Parser::MayBeSecret(const std::string& word) const {
-  const auto found = std::ranges::find(arguments, word);
-  return found != arguments.begin() && (found - 1)->starts_with('-');
-}
-
-std::string Parser::UnknownOption(const std::string& word) const {
-  if (word.starts_with("--password")) return "unknown option that begins with --password";
-  if (!word.starts_with("--")) return "unknown option " + console::Quoted(word.substr(0, 2));
-  const std::string name = word.substr(0, word.find('='));
-  const std::string nearest = console::Nearest(name, console::OptionNames(LastParsed(), app));
-  return "unknown option " + console::Quoted(name) +
-         (nearest.empty() ? "" : "; did you mean " + nearest + '?');
-}
-
-std::string Parser::UnknownCommand(const std::string& word) const {
-  // Of "entyr list", CLI11 parses `list` as the command of the program. The unknown word before it
-  // is then a misspelt noun.
-  const CLI::App& last = LastParsed();
-  const auto found = std::ranges::find(arguments, word);
-  const bool isNoun = std::find(found, arguments.end(), last.get_name()) != arguments.end();
-  const CLI::App& group = isNoun ? app : last;
-  const std::string nearest = console::Nearest(word, console::CommandNames(group));
-  return "unknown command" + (MayBeSecret(word) ? "" : ' ' + console::Quoted(word)) + "; " +
-         (nearest.empty() ? "" : "did you mean " + nearest + "? ") + "see " + HelpOf(group);
-}
-
-// Messages of CLI11 quote unexpected arguments. One of them may be a password after a misspelt
-// option.
-std::string Parser::ErrorText(const CLI::ParseError& error) const {
-  const std::vector<std::string> unexpected = app.remaining(true);
-  const bool isGroup = !LastParsed().get_subcommands(nullptr).empty();
-  if (unexpected.empty()) {
-    const bool isMissing = isGroup && error.get_name() == "RequiredError";
-    return isMissing ? "missing command; see " + HelpOf(LastParsed()) : error.what();
-  }
-  const std::string& first = unexpected.front();
-  if (first.starts_with('-')) return UnknownOption(first);
-  return isGroup ? UnknownCommand(first)
-                 : "unexpected argument; quote arguments that contain spaces";
 }
 
 }  // namespace

@@ -108,8 +108,9 @@ struct Arguments {
 // its path is empty or "-". Throws a Refusal and writes nothing if a key or an item cannot be read.
 void ExportKeys(const Session& session, const Arguments& a) {
   console::ConfirmOverwrite(a.consent.yes, a.file);
-  console::WriteOutput(a.file, JsonOf(ReadKeySet(session)),
-                       "Exported the keys to " + console::Quoted(a.file) + '.');
+  if (console::WriteOutput(a.file, JsonOf(ReadKeySet(session)))) {
+    std::cout << "Exported the keys to " << console::Quoted(a.file) << ".\n";
+  }
 }
 
 KeySet ReadKeyFile(const std::string& path) {

@@ -308,9 +308,10 @@ void ExportEntries(const Session& session, const Arguments& arguments) {
   console::ConfirmOverwrite(arguments.consent.yes, arguments.file);
   const std::optional<std::vector<console::Row>> entries = ReadAllEntries(book, *session.Scanner());
   if (!entries) throw Refusal("cannot read the " + TitleOf(book) + " completely");
-  console::WriteOutput(arguments.file, write(book, *entries),
-                       "Exported " + CountedEntries(entries->size()) + " of the " + TitleOf(book) +
-                           " to " + console::Quoted(arguments.file) + '.');
+  if (console::WriteOutput(arguments.file, write(book, *entries))) {
+    std::cout << "Exported " << CountedEntries(entries->size()) << " of the " << TitleOf(book)
+              << " to " << console::Quoted(arguments.file) << ".\n";
+  }
 }
 
 std::string LetterFault(const std::string& text) {

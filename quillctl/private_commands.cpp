@@ -151,10 +151,10 @@ void BackUp(const Session& session, const Arguments& a) {
   if (ParseFile(text).contents != book.contents) {
     throw Refusal("the private book changed while it was read; try again");
   }
-  console::WriteOutput(
-      a.file, text,
-      "Saved the private book " + book.Sizes() + " to " + console::Quoted(a.file) + '.',
-      quillkit::Readers::kOwner);
+  if (console::WriteOutput(a.file, text, quillkit::Readers::kOwner)) {
+    std::cout << "Saved the private book " << book.Sizes() << " to " << console::Quoted(a.file)
+              << ".\n";
+  }
 }
 
 // Throws a PartialFailure, or a Refusal if nothing was changed, unless the private book of the
