@@ -24,6 +24,15 @@ std::string FirstLine(std::istream& in, const std::string& fault) {
   return line;
 }
 
+// Prints the question and reads the answer at the terminal, without echo.
+std::string Answer(const std::string& question) {
+  const EchoOff echoOff;
+  std::cerr << question << ": " << std::flush;
+  std::string password = FirstLine(std::cin, "no password was entered");
+  std::cerr << '\n';  // the terminal does not echo the user's newline either
+  return password;
+}
+
 }  // namespace
 
 std::string PasswordFromFile(const std::string& path, const std::string& option) {
@@ -44,18 +53,13 @@ std::optional<std::string> PasswordFromEnvironment() {
 }
 
 std::string AskForPassword(const std::string& title) {
-  if (!StdinIsTerminal()) return {};
-  const EchoOff echoOff;
-  std::cerr << "Password of " << title << ": " << std::flush;
-  std::string password = FirstLine(std::cin, "no password was entered");
-  std::cerr << '\n';  // the terminal does not echo the user's newline either
-  return password;
+  return StdinIsTerminal() ? Answer("Password of " + title) : std::string();
 }
 
 std::string AskForNewPassword(const std::string& account) {
   if (!StdinIsTerminal()) throw UsageError("without a terminal, add --new-password-file");
-  std::string password = AskForPassword("the new account " + Quoted(account));
-  if (AskForPassword("the new account, again") == password) return password;
+  std::string password = Answer("New password of the account " + Quoted(account));
+  if (Answer("The same again") == password) return password;
   throw UsageError("the passwords differ; nothing was changed");
 }
 

@@ -331,9 +331,16 @@ Added AddBookCommand(Commands& entry, const char* name, const char* help, Run ru
   const Added added = entry.Add(name, help, run);
   std::vector<std::string> books = AllBookWords();
   if (!withUsers) std::erase(books, kUsers);
+  const std::string words = CLI::detail::join(books, ",");
+  const auto fault = [books, words](const std::string& word) -> std::string {
+    if (std::ranges::count(books, word) != 0) return "";
+    if (word == kUsers) return "the commands for accounts are those of quillctl user";
+    return console::Quoted(word) + " is not one of the books {" + words + '}';
+  };
   added.app->add_option("book", added.arguments.book, "The book")
       ->required()
-      ->check(CLI::IsMember(books));
+      ->type_name("BOOK:{" + words + '}')
+      ->check(fault, "");
   return added;
 }
 

@@ -1,24 +1,30 @@
 // The commands `log` and `database`.
 
 #include <iostream>
+#include <string>
 #include <vector>
 
 #include "appliance/scanner.h"
 #include "console/confirmation.h"
+#include "console/displayed_text.h"
 #include "console/json_output.h"
 #include "console/options.h"
+#include "quillctl/address_books.h"
 #include "quillctl/commands.h"
 #include "quillctl/failures.h"
 
 namespace quillctl {
 namespace {
 
+constexpr const char* kAllUsers = "*";
+
 struct Arguments {
-  std::string user = "*";  // all users
+  std::string user = kAllUsers;
   std::string first;
   std::string second;
   bool exceptSystem = false;
   bool json = false;
+  bool jsonLines = false;
   console::Consent consent;
 };
 
@@ -36,10 +42,26 @@ std::vector<std::string> ReadLog(const Session& session, const std::string& user
   return records;
 }
 
-// Returns the name of the user as the records have it.
-std::string UserOf(const Session& session, const Arguments& a) {
-  return console::StoredName(
-      a.user, [&](const std::string& user) { return !ReadLog(session, user).empty(); });
+// Returns whether the appliance has such an account, or cannot tell.
+bool MayExist(const Session& session, const std::string& name) {
+  const AddressBook& accounts = BookOf("users");
+  const auto change = [](console::Row&) { return false; };
+  return accounts.change(accounts, *session.Scanner(), name, change) != quillkit::kDataNotFound;
+}
+
+// Reads the records of the user that the arguments name. Sets `user` to the name as the records
+// have it. Throws a NotFound if there are none and no such account.
+std::vector<std::string> ReadLog(const Session& session, const Arguments& a, std::string& user) {
+  std::vector<std::string> records;
+  for (const std::string& each : console::FormsOf(a.user)) {
+    if (records.empty()) records = ReadLog(session, user = each);
+  }
+  if (!records.empty() || a.user == kAllUsers) return records;
+  for (const std::string& each : console::FormsOf(a.user)) {
+    if (MayExist(session, each)) return records;
+  }
+  throw NotFound("the appliance has no account " + console::Quoted(a.user) +
+                 "; see quillctl user list");
 }
 
 // Returns the bytes with a space in place of each group of zero bytes.
@@ -54,21 +76,27 @@ std::string TextOf(const std::string& bytes) {
 
 void ShowLog(const Session& session, const Arguments& a) {
   std::vector<console::Row> rows;
-  for (const std::string& each : ReadLog(session, UserOf(session, a))) {
+  std::string user;
+  for (const std::string& each : ReadLog(session, a, user)) {
     rows.push_back({TextOf(each), console::HexadecimalBytes(each)});
   }
-  console::PrintRows({"Text", "Bytes"}, rows, a.json);
+  const console::Row headings = {"Text", "Bytes"};
+  if (!a.jsonLines) return console::PrintRows(headings, rows, a.json);
+  for (const console::Row& each : rows) {
+    std::cout << console::ShownRow(headings, each).dump() << '\n';
+  }
 }
 
 void CountLog(const Session& session, const Arguments& a) {
-  std::cout << ReadLog(session, UserOf(session, a)).size() << '\n';
+  std::string user;
+  std::cout << ReadLog(session, a, user).size() << '\n';
 }
 
 // Clears the log. Afterwards the appliance may already have added records, but those from before
 // must not be there any more. It is unknown which of them --except-system keeps.
 void ClearLog(const Session& session, const Arguments& a) {
-  const std::string user = UserOf(session, a);
-  const std::vector<std::string> before = ReadLog(session, user);
+  std::string user;
+  const std::vector<std::string> before = ReadLog(session, a, user);
   if (before.empty()) throw NotFound("there are no such records");
   const std::string action = "Delete the records of the log (" + std::to_string(before.size()) +
                              ')' +
@@ -139,7 +167,7 @@ void AddLogCommands(Commands& commands) {
   Commands log = commands.AddGroup("log", "Show, count and clear the records of the log");
   const auto [show, shown] =
       AddLogCommand(log, "show", "Show records as text and hexadecimal", ShowLog);
-  console::AddJson(show, shown.json);
+  console::AddJsonLines(show, shown.json, shown.jsonLines);
   AddLogCommand(log, "count", "Print the number of records", CountLog);
   const auto [clear, cleared] = AddLogCommand(log, "clear", "Delete records", ClearLog);
   clear->add_flag("--except-system", cleared.exceptSystem, "Keep those of ADMINISTRATOR and GUEST")

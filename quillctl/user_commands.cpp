@@ -28,6 +28,7 @@ struct Arguments {
   std::string passwordFile;
   std::optional<std::string> third;
   std::optional<std::string> fourth;
+  bool askPassword = false;
   bool json = false;
   bool yes = false;
 };
@@ -138,10 +139,14 @@ void ShowUser(const Session& session, const Arguments& a) {
   PrintUsers({Cells(Account(session, a.name).user)}, a.json, true);
 }
 
+// Returns the password in the file that the arguments name, or what the user types.
+std::string NewPassword(const Arguments& a) {
+  return a.passwordFile.empty() ? console::AskForNewPassword(a.name)
+                                : console::PasswordFromFile(a.passwordFile, "--new-password-file");
+}
+
 void AddUser(const Credentials& credentials, const Arguments& a) {
-  const std::optional<std::string> password =
-      a.passwordFile.empty() ? console::AskForNewPassword(a.name)
-                             : console::PasswordFromFile(a.passwordFile, "--new-password-file");
+  const std::string password = NewPassword(a);
   const Session session(credentials);
   Account account(session);
   account.name = a.name;
@@ -154,8 +159,7 @@ void AddUser(const Credentials& credentials, const Arguments& a) {
 
 void EditUser(const Credentials& credentials, const Arguments& a) {
   std::optional<std::string> password;
-  if (!a.passwordFile.empty())
-    password = console::PasswordFromFile(a.passwordFile, "--new-password-file");
+  if (a.askPassword || !a.passwordFile.empty()) password = NewPassword(a);
   if (!password && !a.third && !a.fourth) throw UsageError("name what to change, with an option");
   const Session session(credentials);
   Account account(session, a.name);
@@ -309,7 +313,8 @@ void AddUserCommands(Commands& commands) {
   AddTexts(add, added)
       ->description("Read its password from the first line of a file (default: ask)");
   const auto [edit, edited] = AddUserCommand(user, "edit", "Change an account", EditUser);
-  AddTexts(edit, edited);
+  edit->add_flag("--new-password", edited.askPassword, "Ask for its new password")
+      ->excludes(AddTexts(edit, edited));
   const auto [rename, renamed] = AddUserCommand(user, "rename", "Rename an account", RenameUser);
   AddName(rename, "new", renamed.newName, "The new name");
   AddUserCommand(user, "on", "Turn on an account", Switch<true>);
