@@ -88,11 +88,17 @@ std::string_view BareAddress(std::string_view text, Part part) {
   return isInBrackets ? text.substr(open + 1, text.size() - open - 2) : text;
 }
 
+// Returns whether a spreadsheet shortened the number, as in 4,91E+10.
+bool IsShortened(std::string_view number) {
+  const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+  const std::size_t at = number.find("E+");
+  return at != number.npos && at > 0 && at + 2 < number.size() && isDigit(number[at - 1]) &&
+         isDigit(number[at + 2]);
+}
+
 // Returns what is wrong with an address: text beside it, or a number such as 4,91E+10.
 const Problem* FaultOf(std::string_view address, Part part) {
-  if (part == Part::kFax) {
-    return address.find("E+") != address.npos ? &contacts::kBadNumber : nullptr;
-  }
+  if (part == Part::kFax) return IsShortened(address) ? &contacts::kBadNumber : nullptr;
   const bool isOne =
       address.find('@') == address.npos || address.find_first_of(" \t") == address.npos;
   return isOne ? nullptr : &contacts::kBadAddress;

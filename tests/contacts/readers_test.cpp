@@ -30,9 +30,9 @@ Mapping EmailMapping() {
 
 // Returns what becomes of each record: "LINE name <address>" or "LINE code".
 std::vector<std::string> Outcomes(const std::string& file, EntryOptions options = {},
-                                  const KnownForm& known = {}) {
+                                  const KnownForm& known = {},
+                                  const Mapping& mapping = EmailMapping()) {
   std::istringstream source(file);
-  const Mapping mapping = EmailMapping();
   const Form form = Recognise(std::string_view(file).substr(0, kSampleSize), known,
                               std::bind_front(&Mapping::KnownHeadings, &mapping));
   EntryReader reader(source, form, mapping, options);
@@ -49,6 +49,13 @@ std::vector<std::string> Outcomes(const std::string& file, EntryOptions options 
                                    : entry.values[0] + " <" + entry.values[1] + '>'));
   }
   return outcomes;
+}
+
+TEST(Readers, RejectNumbersThatASpreadsheetShortened) {
+  const Mapping fax({{"name", Part::kName, 31, true}, {"number", Part::kFax, 79, true}}, {},
+                    Place::kNone);
+  EXPECT_EQ(Outcomes("Name,Fax\nAnn,\"4,91E+10\"\nBob,OFFICE+49 1\nCy,E+\n", {}, {}, fax),
+            (List{"2 bad-number", "3 Bob <OFFICE+49 1>", "4 Cy <E+>"}));
 }
 
 TEST(Readers, RejectRecordsThatAreTooLargeAndGoOn) {
