@@ -40,6 +40,12 @@ std::vector<std::string> CommandNames(const CLI::App& group) {
   return names;
 }
 
+void RefuseValuesOfFlags(CLI::App& command) {
+  for (CLI::Option* each : command.get_options()) {
+    if (each->get_items_expected_max() == 0) each->disable_flag_override();
+  }
+}
+
 void AddJson(CLI::App* command, bool& into) {
   command->add_flag("--json", into, "Print the output as JSON");
 }

@@ -31,6 +31,10 @@ std::vector<std::string> OptionNames(const CLI::App& command, const CLI::App& pr
 // Returns the commands of a group, or of the program.
 std::vector<std::string> CommandNames(const CLI::App& group);
 
+// Makes every flag of the command refuse a value. Otherwise a message could repeat what follows a
+// mistyped "=".
+void RefuseValuesOfFlags(CLI::App& command);
+
 // Adds --json.
 void AddJson(CLI::App* command, bool& into);
 

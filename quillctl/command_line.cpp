@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "console/displayed_text.h"
+#include "console/options.h"
 #include "console/parse_error.h"
 #include "console/password.h"
 #include "console/progress.h"
@@ -96,10 +97,11 @@ CLI::App* CommandOf(CLI::App& app, const std::string& example) {
   return command;
 }
 
-void AddCommandFooters(CLI::App& app) {
+void CompleteCommands(CLI::App& app) {
   for (CLI::App* command : app.get_subcommands(nullptr)) {
     command->footer(command->get_footer() + kCommandFooter);
-    AddCommandFooters(*command);
+    console::RefuseValuesOfFlags(*command);
+    CompleteCommands(*command);
   }
 }
 
@@ -112,7 +114,7 @@ void AddHelpTexts(CLI::App& app) {
     const std::string own = command->get_footer();
     command->footer("Example: quillctl " + example + '\n' + (own.empty() ? "" : '\n' + own + '\n'));
   }
-  AddCommandFooters(app);
+  CompleteCommands(app);
 }
 
 class Parser {
