@@ -62,7 +62,9 @@ class Place {
       values[option->get_lnames().front()] = word;
       option = nullptr;
     } else if (word.starts_with('-')) {
-      option = OptionWithValue(word);
+      const std::size_t equals = word.find('=');
+      option = OptionWithValue(word.substr(0, equals));
+      if (equals != word.npos && option != nullptr) Pass(word.substr(equals + 1));
     } else if (const CLI::App* const next = Subcommand(word)) {
       command = next;
     } else {
@@ -85,7 +87,13 @@ class Place {
 
   // Returns the query for the names that may stand here, and begin with `prefix`.
   NameQuery Names(const std::string& prefix) const {
-    if (option != nullptr || command == &root) return {};
+    if (command == &root) return {};
+    if (option != nullptr) {
+      const std::string& name = option->get_lnames().front();
+      if (name == "to") return {NameQuery::kKey, "", prefix};  // of item move
+      if (name != "from" || positionals.empty()) return {};    // of entry list
+      return {NameQuery::kEntry, positionals.front(), prefix};
+    }
     for (const NamedArgument& each : kNamedArguments) {
       const Words verbs = CLI::detail::split(each.verbs, ' ');
       if (command->get_parent()->get_name() == each.noun &&

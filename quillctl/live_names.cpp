@@ -46,14 +46,16 @@ Names ItemNames(const Session& session, const std::string& key) {
 
 // Reads from the prefix on: the appliance selects by the first character only.
 Names EntryNames(const Session& session, const NameQuery& query) {
-  Names names;
-  const auto keep = [&](const console::Row& row) {
-    const bool isWanted = row[0].starts_with(query.prefix);
-    if (isWanted) names.push_back(row[0]);
-    return isWanted && names.size() <= kMaxNames;
-  };
   if (!std::ranges::count(AllBooks(), query.scope, &AddressBook::word)) return {};
-  BookOf(query.scope).read(*session.Scanner(), query.prefix, query.prefix.substr(0, 1) + '*', keep);
+  Names names;
+  for (const std::string& prefix : console::FormsOf(query.prefix)) {
+    BookOf(query.scope)
+        .read(*session.Scanner(), prefix, prefix.substr(0, 1) + '*', [&](const console::Row& row) {
+          const bool isWanted = row[0].starts_with(prefix);
+          if (isWanted) names.push_back(row[0]);
+          return isWanted && names.size() <= kMaxNames;
+        });
+  }
   // A shell inserts what all names have in common. That is wrong if further names are missing.
   if (names.size() > kMaxNames) names.clear();
   return names;
@@ -115,8 +117,10 @@ Names NamesIn(const std::string& file) {
   return names;
 }
 
-// Stores the names that fit on a line and cannot control the terminal.
+// Stores the names in UTF-8, in which commands find them, except those that could control the
+// terminal.
 void Store(const std::string& file, Names& names) {
+  for (std::string& each : names) each = console::Utf8Text(each);
   std::erase_if(names,
                 [](const std::string& name) { return console::DisplayedText(name) != name; });
   std::string text;
