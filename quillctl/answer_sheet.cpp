@@ -122,6 +122,15 @@ std::string SheetOf(const console::Json& answers, const Session& session) {
   return sheet.dump(2) + '\n';
 }
 
+// Writes the sheet, and returns whether to a file. A failure says nothing about the appliance.
+bool Save(const std::string& sheet, const std::string& path) {
+  try {
+    return console::WriteOutput(path, sheet);
+  } catch (const Refusal& why) {
+    throw Skip(why.what());
+  }
+}
+
 // Returns the answers. Throws a UsageError for a file that is not a sheet.
 console::Json ParseSheet(const std::string& text) {
   const console::Json sheet = console::Json::parse(text, nullptr, false);
@@ -162,15 +171,15 @@ std::vector<Step> AnswerSteps(const std::string& savePath, const std::string& co
   if (!savePath.empty()) {
     steps.push_back({"save the answers", [savePath](CheckRun& check) {
                        const console::Json answers = AskAppliance(check.OpenSession());
-                       console::WriteTextFile(savePath, SheetOf(answers, check.OpenSession()));
-                       return console::Counted(answers.size(), "answer") + " in " +
-                              console::QuotedFileName(savePath);
+                       const bool isFile = Save(SheetOf(answers, check.OpenSession()), savePath);
+                       return console::Counted(answers.size(), "answer") +
+                              (isFile ? " in " + console::QuotedFileName(savePath) : "");
                      }});
   }
   if (!comparePath.empty()) {
-    steps.push_back({"compare the answers", [comparePath](CheckRun& check) {
-                       RequireSame(ParseSheet(console::ReadTextFile(comparePath, kMaxSheet)),
-                                   AskAppliance(check.OpenSession()));
+    const console::Json saved = ParseSheet(console::ReadTextFile(comparePath, kMaxSheet));
+    steps.push_back({"compare the answers", [comparePath, saved](CheckRun& check) {
+                       RequireSame(saved, AskAppliance(check.OpenSession()));
                        return "they are those in " + console::QuotedFileName(comparePath);
                      }});
   }

@@ -3,6 +3,7 @@
 #include <iostream>
 #include <memory>
 
+#include "console/confirmation.h"
 #include "console/json_output.h"
 #include "console/options.h"
 #include "quillctl/commands.h"
@@ -40,6 +41,7 @@ struct Arguments {
   bool write = false;
   bool keepAlive = false;
   bool json = false;
+  bool yes = false;
   std::string save;
   std::string compare;
 };
@@ -65,9 +67,10 @@ std::string Summary(std::size_t steps, std::size_t failed, std::size_t skipped) 
 // or all of it as JSON. Unless all steps passed, throws a Refusal with the verdict, or
 // a PartialFailure after an interruption.
 void CheckAppliance(const Credentials& credentials, const Arguments& arguments) {
-  CheckRun check(credentials);
   const bool json = arguments.json;
   const std::vector<Step> steps = Steps(arguments);
+  console::ConfirmOverwrite(arguments.yes, arguments.save);
+  CheckRun check(credentials);
   std::size_t counts[kResults] = {};
   console::Json list = console::Json::array();
   for (const Step& step : steps) {
@@ -148,6 +151,7 @@ void AddCheckCommand(Commands& commands) {
                   "Also wait for two periods of the keep-alive, usually two minutes");
   check->add_option("--save-answers", a->save, "Save what the appliance answers in this file")
       ->type_name("FILE");
+  console::AddYes(check, a->yes);
   check
       ->add_option("--compare-answers", a->compare,
                    "List the answers that differ from those in this file")
