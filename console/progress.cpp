@@ -14,7 +14,8 @@ using namespace std::chrono_literals;
 
 constexpr auto kDelay = 500ms;
 constexpr auto kInterval = 100ms;
-constexpr std::size_t kBar = 20;
+constexpr std::size_t kLeastBar = 5;
+constexpr std::size_t kMostBar = 20;
 
 bool isSilent = false;
 
@@ -58,17 +59,17 @@ void Progress::Show(Clock::time_point now) {
 }
 
 std::string Progress::Line(std::chrono::duration<double> passed) const {
-  constexpr std::size_t kRest = 30;  // the columns of the rate and the time
   const double rate = static_cast<double>(done) / passed.count();
-  std::string line = title + "  " + std::to_string(done);
-  if (total >= done && title.size() + 2 * kBar + kRest < columns) {
-    const auto filled = static_cast<std::size_t>(kBar * done / total);
-    line += " of " + std::to_string(total) + "  [" + std::string(filled, '#') +
-            std::string(kBar - filled, '.') + ']';
-  }
-  line += "  " + std::to_string(static_cast<std::uint64_t>(rate)) + "/s";
-  if (total >= done) line += "  " + Duration(static_cast<double>(total - done) / rate) + " left";
-  return line;
+  const bool hasTotal = total >= done;
+  const std::string begin =
+      title + "  " + std::to_string(done) + (hasTotal ? " of " + std::to_string(total) : "");
+  std::string end = "  " + std::to_string(static_cast<std::uint64_t>(rate)) + "/s";
+  if (hasTotal) end += "  " + Duration(static_cast<double>(total - done) / rate) + " left";
+  const std::size_t used = begin.size() + end.size() + 5;  // spaces, brackets and the last column
+  if (!hasTotal || used + kLeastBar > columns) return begin + end;
+  const std::size_t bar = std::min(kMostBar, columns - used);
+  const auto filled = static_cast<std::size_t>(bar * done / total);
+  return begin + "  [" + std::string(filled, '#') + std::string(bar - filled, '.') + ']' + end;
 }
 
 }  // namespace console

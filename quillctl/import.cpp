@@ -198,7 +198,7 @@ bool Import::IsUnchanged(std::size_t row, const entries::Entry& entry) {
 
 void Import::SendRows(const quillkit::CScanner& scanner,
                       const std::function<bool()>& isInterrupted) {
-  console::Progress progress("Sending", [&] { return ToSend(); });
+  console::Progress progress("Sending", [all = ToSend()] { return all; });
   bool isEnded = false;
   std::size_t row = 0;
   source.ForEach([&](entries::Entry& entry) {

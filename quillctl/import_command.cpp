@@ -2,15 +2,18 @@
 
 #include <algorithm>
 #include <array>
+#include <fstream>
 #include <iostream>
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "console/confirmation.h"
 #include "console/displayed_text.h"
 #include "console/options.h"
 #include "console/system/deferred_termination.h"
+#include "contacts/ascii.h"
 #include "contacts/csv_reader.h"
 #include "quillctl/address_books.h"
 #include "quillctl/commands.h"
@@ -185,7 +188,7 @@ void Send(Prepared& prepared, const ImportRequest& request, const Session& sessi
   const bool isScript = request.batch || prepared.source->IsScript();
   const bool clearsInScript = request.clearFirst && prepared.source->IsScript() && prepared.isAdmin;
   if (request.clearFirst && !clearsInScript) {
-    RequireChange(prepared.book.clear(scanner), "clear " + Title(prepared));
+    MakeChange([&] { return prepared.book.clear(scanner); }, "clear " + Title(prepared));
     prepared.wasCleared = true;
   }
   if (isScript) {
@@ -205,8 +208,21 @@ void Run(Prepared& prepared, const ImportRequest& request, const Session& sessio
   if (request.clearFirst) {
     console::Confirm(request.yes, "Clear " + Title(prepared) + " and import " +
                                       console::Counted(run.ToSend(), "row") + '?');
+  } else if (const std::size_t changed = run.Count(Outcome::kToChange); changed != 0) {
+    console::Confirm(request.yes, "Replace the values of " +
+                                      console::Counted(changed, "entry", "entries") + " of " +
+                                      Title(prepared) + '?');
   }
   Send(prepared, request, session);
+}
+
+// Whether a script has a line that does more than set an entry: it may clear a book.
+bool DoesMoreThanSet(const ImportFile& file) {
+  std::ifstream lines(file.Path());
+  for (std::string line; std::getline(lines, line);) {
+    if (!contacts::IsBlank(line) && !line.starts_with("SE ")) return true;
+  }
+  return false;
 }
 
 // Sends the file to the appliance, which runs it, and reports the size of each book that it may
@@ -256,6 +272,9 @@ void RunImport(const ImportRequest& request, const Credentials& credentials) {
   if (request.format == kScript) {
     const ImportFile file(request.file, true);
     const Session session(credentials);
+    if (DoesMoreThanSet(file)) {
+      console::Confirm(request.yes, "Run a script that does more than set entries?");
+    }
     return SendScriptFile(file, session);
   }
   Prepared prepared(request, credentials.user == kAdministrator);
