@@ -22,8 +22,8 @@ std::optional<std::string> PasswordFromEnvironment();
 // UsageError as the other functions do.
 std::string AskForPassword(const std::string& title);
 
-// Asks twice for the new password of an account. Throws a UsageError also if the answers differ, and
-// if standard input is not a terminal.
+// Asks twice for the new password of an account. Throws a UsageError also if the answers differ,
+// and if standard input is not a terminal.
 std::string AskForNewPassword(const std::string& account);
 
 }  // namespace console

@@ -8,6 +8,7 @@
 
 #include "console/displayed_text.h"
 #include "console/failure.h"
+#include "console/system/deferred_termination.h"
 #include "console/system/terminal.h"
 #include "platform/open_file.h"
 #include "platform/written_file.h"
@@ -58,6 +59,7 @@ std::string ReadTextFile(const std::string& path, std::size_t limit) {
 }
 
 void WriteTextFile(const std::string& path, const std::string& text, quillkit::Readers readers) {
+  const DeferredTermination termination("writing the file");  // leaves no part of it behind
   std::error_code failure;
   const auto found = std::filesystem::status(path, failure);
   if (std::filesystem::exists(found) && !std::filesystem::is_regular_file(found)) {

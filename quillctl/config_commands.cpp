@@ -65,24 +65,25 @@ class KeySetWriter {
   bool isStale = false;  // whether the keys in memory differ from those on the server
 };
 
-// Throws a Refusal if the first change fails, and a PartialFailure if a later one fails or the user
-// interrupts.
+// Throws a Refusal if the first change fails, a PartialFailure if a later one fails or the user
+// interrupts, and an UnknownResult if a reply was lost.
 void Make(const Session& session, const std::vector<KeySetChange>& changes) {
   const console::DeferredTermination termination("stopping after the current change");
   KeySetWriter writer(session);
   console::Progress progress("Making changes", [&changes] { return changes.size(); });
   for (std::size_t i = 0; i < changes.size(); ++i) {
     progress.Step();
+    const std::string rest = "; " + std::to_string(i) + " of " + std::to_string(changes.size()) +
+                             " changes were made; to continue, apply the file again";
+    const std::string what = "make the change: " + Described(changes[i]);
     try {
-      if (termination.IsRequested()) throw Refusal("interrupted");
-      RequireStatus(writer.Make(changes[i]), 0);
+      if (termination.IsRequested()) throw Refusal("cannot " + what + ": interrupted");
+      RequireChange(writer.Make(changes[i]), what);
+    } catch (const UnknownResult& why) {
+      throw UnknownResult(why.what() + rest);
     } catch (const Refusal& why) {
-      const std::string text = "cannot make the change: " + Described(changes[i]) + ": " +
-                               why.what() + "; " + std::to_string(i) + " of " +
-                               std::to_string(changes.size()) +
-                               " changes were made; to continue, apply the file again";
-      if (i == 0 && !termination.IsRequested()) throw Refusal(text);
-      throw PartialFailure(text);
+      if (i == 0 && !termination.IsRequested()) throw Refusal(why.what() + rest);
+      throw PartialFailure(why.what() + rest);
     }
   }
 }

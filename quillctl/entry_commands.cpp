@@ -14,6 +14,7 @@
 #include "console/displayed_text.h"
 #include "console/json_output.h"
 #include "console/options.h"
+#include "console/system/deferred_termination.h"
 #include "console/text_file.h"
 #include "console/text_table.h"
 #include "quillctl/address_books.h"
@@ -250,11 +251,13 @@ void RequireValues(const AddressBook& book, const console::Row& row) {
 void AddEntry(const Session& session, const Arguments& arguments) {
   const AddressBook& book = BookOf(arguments.book);
   console::Row row(book.fields.size());
-  row[0] = arguments.name;
   StoreValues(row, book, arguments.values);
+  row[0] = console::StoredName(arguments.name, [&](const std::string& form) {
+    return FindEntry(session, book, form).has_value();  // one that exists is refused
+  });
   RequireValues(book, row);
-  const std::string what = DescribedEntry(book, arguments.name);
-  RequireChange(book.add(book, *session.Scanner(), row), "add " + what);
+  const std::string what = DescribedEntry(book, row[0]);
+  MakeChange([&] { return book.add(book, *session.Scanner(), row); }, "add " + what);
   std::cout << "Added " << what << ".\n";
 }
 
@@ -269,6 +272,7 @@ void EditEntry(const Session& session, const Arguments& arguments) {
     hasChanged = row != before;
     return hasChanged;
   };
+  const console::DeferredTermination termination(kAwaitingReply);
   std::int32_t status = quillkit::kDataNotFound;
   for (const std::string& each : console::FormsOf(arguments.name)) {
     if (status != quillkit::kDataNotFound) break;
@@ -288,6 +292,7 @@ void DeleteEntry(const Session& session, const Arguments& arguments) {
   const std::string name = ReadEntry(session, book, arguments.name).front();
   const std::string what = DescribedEntry(book, name);
   console::Confirm(arguments.consent.yes, "Delete " + what + '?');
+  const console::DeferredTermination termination(kAwaitingReply);
   RequireEntry(book.remove(*session.Scanner(), name), book, name, "delete");
   std::cout << "Deleted " << what << ".\n";
 }
@@ -296,7 +301,7 @@ void ClearBook(const Session& session, const Arguments& arguments) {
   const AddressBook& book = BookOf(arguments.book);
   const std::string what = CountedEntries(CountOf(session, book)) + " of the " + TitleOf(book);
   if (!console::Agreed(arguments.consent, "Delete " + what)) return;
-  RequireChange(book.clear(*session.Scanner()), "clear the " + TitleOf(book));
+  MakeChange([&] { return book.clear(*session.Scanner()); }, "clear the " + TitleOf(book));
   std::cout << "Deleted " << what << ".\n";
 }
 

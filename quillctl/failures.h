@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "console/failure.h"
+#include "console/system/deferred_termination.h"
 
 namespace quillctl {
 
@@ -59,6 +60,17 @@ auto ReadBack(const std::string& failure, Read read) {
   } catch (const Refusal& why) {
     throw UnknownResult(failure + ": " + why.what());
   }
+}
+
+// What a DeferredTermination announces during a call.
+inline constexpr const char* kAwaitingReply = "waiting for the reply of the appliance";
+
+// Makes a change that is one call, and throws as RequireChange does. A request to terminate the
+// program waits for the reply.
+template <class Call>
+void MakeChange(Call call, std::string_view what) {
+  const console::DeferredTermination termination(kAwaitingReply);
+  RequireChange(call(), what);
 }
 
 // Throws a Refusal that gives both codes unless the status is the expected one.

@@ -4,7 +4,6 @@
 #include <iostream>
 #include <iterator>
 #include <string>
-#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -54,14 +53,15 @@ NotFound NoItem(const std::string& key, const std::string& name) {
                   "; see quillctl item list");
 }
 
-// Returns the item of this name under a loaded key. Throws a Refusal if there is none.
+// Returns the item of this name under a loaded key, with the name as it is stored. Throws a Refusal
+// if there is none.
 ItemFields ItemOf(quillkit::CSoftKey* key, const std::string& name) {
-  const std::int32_t index = quillkit::FindFirstItem(key, name, 1);
-  if (index < 0) {
-    RequireComplete(key);
-    throw NoItem(quillkit::GetKeyName(key), name);
+  for (const std::string& each : console::FormsOf(name)) {
+    const std::int32_t index = quillkit::FindFirstItem(key, each, 1);
+    if (index >= 0) return FieldsOf(quillkit::GetItemAt(key, index));
   }
-  return FieldsOf(quillkit::GetItemAt(key, index));
+  RequireComplete(key);
+  throw NoItem(quillkit::GetKeyName(key), name);
 }
 
 // Stores the given values in the fields.
@@ -78,12 +78,12 @@ void Apply(const ItemValues& values, ItemFields& fields) {
 
 void ShowItems(const Session& session, const ItemArguments& a) {
   quillkit::CTopLevelAB* book = session.LoadKeys(true);
-  if (!a.key.empty()) FindKey(book, a.key);
+  const quillkit::CSoftKey* only = a.key.empty() ? nullptr : FindKey(book, a.key);
   FoundItems found;
   for (std::int32_t i = 0; i < quillkit::GetCount(book); ++i) {
     quillkit::CSoftKey* each = quillkit::GetKeyAt(book, i);
     const std::string name = quillkit::GetKeyName(each);
-    if (!a.key.empty() && a.key != name) continue;
+    if (only != nullptr && only != each) continue;
     for (ItemFields& item : ItemsOf(each)) found.emplace_back(name, std::move(item));
   }
   PrintItems(found, a);
@@ -92,28 +92,36 @@ void ShowItems(const Session& session, const ItemArguments& a) {
 void AddItem(const Session& session, const ItemArguments& a) {
   ItemFields fields;
   Apply(a.values, fields);
-  const OwnedItem item = MakeItem(fields);
   quillkit::CSoftKey* found = FindKey(session.LoadKeys(true), a.key);
+  fields.name = console::StoredName(fields.name, [&](const std::string& form) {
+    return quillkit::FindFirstItem(found, form, 1) >= 0;  // one that exists is refused
+  });
+  const OwnedItem item = MakeItem(fields);
   const std::string what = DescribedItem(fields.name, a.key);
-  RequireChange(quillkit::AddMenuItem(found, item.get(), 0), "add " + what);
+  MakeChange([&] { return quillkit::AddMenuItem(found, item.get(), 0); }, "add " + what);
   std::cout << "Added " << what << ".\n";
 }
 
 void RenameItem(const Session& session, const ItemArguments& a) {
   quillkit::CSoftKey* found = FindKey(session.LoadKeys(true), a.key);
-  const std::string what = DescribedItem(a.name, a.key);
   ItemFields fields = ItemOf(found, a.name);
-  fields.name = a.newName;
+  const std::string name = std::exchange(fields.name, a.newName);
+  if (name == a.newName) throw UsageError("the new name is the old one");
+  const std::string what = DescribedItem(name, a.key);
   const OwnedItem item = MakeItem(fields);
-  RequireChange(quillkit::RenameMenuItem(found, a.name, item.get(), 0), "rename " + what);
+  MakeChange([&] { return quillkit::RenameMenuItem(found, name, item.get(), 0); },
+             "rename " + what);
   std::cout << "Renamed " << what << " to " << console::Quoted(a.newName) << ".\n";
 }
 
 void FindItems(const Session& session, const ItemArguments& a) {
   quillkit::CTopLevelAB* book = session.LoadKeys(true);
   FoundItems found;
-  for (std::int32_t i = 0; i < quillkit::GetCount(book); ++i) {
-    AddMatches(found, quillkit::GetKeyAt(book, i), a.name, a.wholeName ? 1 : 0);
+  for (const std::string& form : console::FormsOf(a.name)) {
+    if (!found.empty()) break;
+    for (std::int32_t i = 0; i < quillkit::GetCount(book); ++i) {
+      AddMatches(found, quillkit::GetKeyAt(book, i), form, a.wholeName ? 1 : 0);
+    }
   }
   if (a.json || !found.empty()) PrintItems(found, a);
   if (found.empty()) {
@@ -127,8 +135,8 @@ namespace {
 
 void EditItem(const Session& session, const ItemArguments& a) {
   quillkit::CSoftKey* found = FindKey(session.LoadKeys(true), a.key);
-  const std::string what = DescribedItem(a.name, a.key);
   const ItemFields before = ItemOf(found, a.name);
+  const std::string what = DescribedItem(before.name, a.key);
   ItemFields fields = before;
   Apply(a.values, fields);
   if (fields == before) {
@@ -136,9 +144,13 @@ void EditItem(const Session& session, const ItemArguments& a) {
     return;
   }
   const OwnedItem item = MakeItem(fields);
-  RequireChange(fields.name == a.name ? quillkit::ModifyMenuItem(found, item.get(), 0)
-                                      : quillkit::RenameMenuItem(found, a.name, item.get(), 0),
-                "change " + what);
+  MakeChange(
+      [&] {
+        return fields.name == before.name
+                   ? quillkit::ModifyMenuItem(found, item.get(), 0)
+                   : quillkit::RenameMenuItem(found, before.name, item.get(), 0);
+      },
+      "change " + what);
   std::cout << "Changed " << what << ".\n";
 }
 
@@ -153,56 +165,56 @@ void ShowItem(const Session& session, const ItemArguments& a) {
 
 void DeleteItem(const Session& session, const ItemArguments& a) {
   quillkit::CSoftKey* found = FindKey(session.LoadKeys(true), a.key);
-  ItemOf(found, a.name);
-  const std::string what = DescribedItem(a.name, a.key);
-  console::Confirm(a.yes, "Delete " + what + '?');
-  RequireChange(quillkit::DeleteMenuItem(found, a.name, 0), "delete " + what);
+  const std::string name = ItemOf(found, a.name).name;
+  const std::string what = DescribedItem(name, a.key);
+  console::Confirm(a.consent.yes, "Delete " + what + '?');
+  MakeChange([&] { return quillkit::DeleteMenuItem(found, name, 0); }, "delete " + what);
   std::cout << "Deleted " << what << ".\n";
-}
-
-using Items = std::vector<ItemFields>;
-
-Items ReadItems(const Session& session, const std::string& key) {
-  return ItemsOf(FindKey(session.LoadKeys(true), key));
 }
 
 // Reads the key and returns whether it has the item. Throws an UnknownResult that begins with
 // `failure` if that cannot be read.
 bool HasItem(const Session& session, const std::string& key, const std::string& name,
              const std::string& failure) {
-  const Items items = ReadBack(failure, [&] { return ReadItems(session, key); });
+  const std::vector<ItemFields> items =
+      ReadBack(failure, [&] { return ItemsOf(FindKey(session.LoadKeys(true), key)); });
   return std::ranges::count(items, name, &ItemFields::name) != 0;
 }
 
 // Moves an item to another key. Adds it there before it deletes it here, so that a failure can
 // leave the item under both keys but never lose it.
 void MoveItem(const Session& session, const ItemArguments& a) {
-  const auto& [key, name, target] = std::tie(a.key, a.name, a.newName);
-  if (key == target) throw UsageError("--to must name a different soft key");
-  const Items items = ReadItems(session, key);
-  const auto found = std::ranges::find(items, name, &ItemFields::name);
-  if (found == items.end()) throw NoItem(key, name);
-  const std::string moved = DescribedItem(name, target);
+  quillkit::CTopLevelAB* book = session.LoadKeys(true);
+  quillkit::CSoftKey* const from = FindKey(book, a.key);
+  quillkit::CSoftKey* const to = FindKey(book, a.newName);
+  if (from == to) throw UsageError("--to must name a different soft key");
+  RequireComplete(from);
+  const ItemFields item = ItemOf(from, a.name);
+  const std::string& name = item.name;
+  const std::string source = DescribedItem(name, a.key);
+  const std::string moved = DescribedItem(name, a.newName);
+  if (console::IsDryRun(a.consent,
+                        "Move " + source + " to the key " + console::Quoted(a.newName))) {
+    return;
+  }
   const console::DeferredTermination termination("moving the item");
-  RequireChange(quillkit::AddMenuItem(FindKey(session.Book(), target), MakeItem(*found).get(), 0),
-                "add " + moved);
+  RequireChange(quillkit::AddMenuItem(to, MakeItem(item).get(), 0), "add " + moved);
   // Check that the copy exists before the original is deleted.
   if (!HasItem(
-          session, target, name,
+          session, a.newName, name,
           "nothing was deleted: the appliance accepted " + moved + ", but it cannot be read")) {
     throw Refusal("nothing was deleted: the appliance accepted " + moved +
                   ", but does not list it");
   }
-  const std::int32_t status = quillkit::DeleteMenuItem(FindKey(session.Book(), key), name, 0);
-  if (status != 0 || HasItem(session, key, name,
-                             "added " + moved + ", but cannot check that it was deleted under " +
-                                 console::Quoted(key))) {
-    throw PartialFailure("cannot delete " + DescribedItem(name, key) + ": " +
+  const std::int32_t status = quillkit::DeleteMenuItem(FindKey(session.Book(), a.key), name, 0);
+  if (HasItem(session, a.key, name,
+              "added " + moved + ", but cannot check that it was deleted under " +
+                  console::Quoted(a.key))) {
+    throw PartialFailure("cannot delete " + source + ": " +
                          (status != 0 ? CodeAndText(status) : "the appliance reports success") +
                          "; the item is now under both keys");
   }
-  std::cout << "Moved " << DescribedItem(name, key) << " to the key " << console::Quoted(target)
-            << ".\n";
+  std::cout << "Moved " << source << " to the key " << console::Quoted(a.newName) << ".\n";
 }
 
 // Adds a command whose arguments are a key and an item.
@@ -259,9 +271,10 @@ void AddChangingCommands(Commands& items) {
   const auto [move, moved] =
       AddItemCommand(items, "move", "Move an item to another soft key", MoveItem);
   AddName(move, "--to", moved.newName, "The other soft key");
+  console::AddDryRun(move, moved.consent);
 
   const auto [remove, removed] = AddItemCommand(items, "delete", "Delete an item", DeleteItem);
-  console::AddYes(remove, removed.yes);
+  console::AddYes(remove, removed.consent.yes);
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 
+#include "console/confirmation.h"
 #include "quillctl/key_set.h"
 #include "quillctl/session.h"
 
@@ -28,7 +29,7 @@ struct ItemArguments {
   bool wholeName = false;
   bool json = false;
   bool jsonLines = false;
-  bool yes = false;
+  console::Consent consent = {};
 };
 
 // Lists the items of one key, or of all keys if none is given.

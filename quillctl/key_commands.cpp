@@ -31,28 +31,31 @@ void ShowKeys(const Session& session, const KeyArguments& a) {
 
 void AddKey(const Session& session, const KeyArguments& a) {
   quillkit::CTopLevelAB* book = session.LoadKeys(false);
-  RequireChange(quillkit::AddKey(book, a.name, 0), "add the key " + console::Quoted(a.name));
+  const std::string name = StoredKeyName(book, a.name);  // one that exists is refused
+  MakeChange([&] { return quillkit::AddKey(book, name, 0); },
+             "add the key " + console::Quoted(name));
   std::cout << "Added the key " << console::Quoted(a.name) << ".\n";
 }
 
 void DeleteKey(const Session& session, const KeyArguments& a) {
   quillkit::CTopLevelAB* book = session.LoadKeys(false);
-  FindKey(book, a.name);
-  if (!console::Agreed(a.consent, "Delete the key " + console::Quoted(a.name) + " with its items"))
-    return;
-  RequireChange(quillkit::DeleteKey(book, a.name, 0), "delete the key " + console::Quoted(a.name));
-  std::cout << "Deleted the key " << console::Quoted(a.name) << ".\n";
+  const std::string name = quillkit::GetKeyName(FindKey(book, a.name));
+  const std::string what = "the key " + console::Quoted(name);
+  if (!console::Agreed(a.consent, "Delete " + what + " with its items")) return;
+  MakeChange([&] { return quillkit::DeleteKey(book, name, 0); }, "delete " + what);
+  std::cout << "Deleted " << what << ".\n";
 }
 
 namespace {
 
 void RenameKey(const Session& session, const KeyArguments& a) {
   quillkit::CTopLevelAB* book = session.LoadKeys(false);
+  const std::string name = quillkit::GetKeyName(FindKey(book, a.name));
+  if (name == a.newName) throw UsageError("the new name is the old one");
   const OwnedKey key = MakeKey(a.newName, book);
-  RequireChange(quillkit::RenameSoftKey(book, a.name, key.get()),
-                "rename the key " + console::Quoted(a.name) + " to " + console::Quoted(a.newName));
-  std::cout << "Renamed the key " << console::Quoted(a.name) << " to " << console::Quoted(a.newName)
-            << ".\n";
+  const std::string what = "the key " + console::Quoted(name) + " to " + console::Quoted(a.newName);
+  MakeChange([&] { return quillkit::RenameSoftKey(book, name, key.get()); }, "rename " + what);
+  std::cout << "Renamed " << what << ".\n";
 }
 
 }  // namespace

@@ -56,8 +56,13 @@ std::string DescribedChanges(const ItemFields& before, const ItemFields& after) 
 
 }  // namespace
 
+std::string StoredKeyName(quillkit::CTopLevelAB* book, const std::string& name) {
+  return console::StoredName(
+      name, [&](const std::string& form) { return quillkit::FindSoftKeyIndex(book, form) >= 0; });
+}
+
 quillkit::CSoftKey* FindKey(quillkit::CTopLevelAB* book, const std::string& name) {
-  const std::int32_t index = quillkit::FindSoftKeyIndex(book, name);
+  const std::int32_t index = quillkit::FindSoftKeyIndex(book, StoredKeyName(book, name));
   if (index < 0)
     throw NotFound("no soft key has the name " + console::Quoted(name) + "; see quillctl key list");
   return quillkit::GetKeyAt(book, index);
@@ -120,8 +125,8 @@ OwnedItem MakeItem(const ItemFields& fields) {
   OwnedItem item(made);
   for (const ItemText& each : kItemTexts) {
     if (each.store(made, fields.*each.field) == 1) continue;
-    throw Refusal("the item's " + std::string(each.title) + " is longer than " +
-                  std::to_string(each.limit) + " bytes");
+    throw UsageError("the item's " + std::string(each.title) + " is longer than " +
+                     std::to_string(each.limit) + " bytes");
   }
   quillkit::SetFileFormat(made, fields.fileFormat);
   quillkit::SetSettings(made, fields.settings);

@@ -59,6 +59,9 @@ std::string Hexadecimal(std::uint32_t word);
 // Returns a text such as: the item "Scan" under the key "Copy"
 std::string DescribedItem(const std::string& item, const std::string& key);
 
+// Returns the name as the loaded keys have it (StoredName).
+std::string StoredKeyName(quillkit::CTopLevelAB* book, const std::string& name);
+
 // Returns the key of this name in a loaded book. Throws a Refusal if there is none.
 quillkit::CSoftKey* FindKey(quillkit::CTopLevelAB* book, const std::string& name);
 

@@ -128,7 +128,7 @@ class Lists {
     if constexpr (std::is_null_pointer_v<decltype(kRename)>) {
       RenameByCopy(a, "rename " + names);
     } else {
-      RequireChange((scanner.*kRename)(a.name, a.newName), "rename " + names);
+      MakeChange([&] { return (scanner.*kRename)(a.name, a.newName); }, "rename " + names);
       Verify("rename " + names, [&] {
         const Names now = ReadNames();
         return now.contains(a.newName) && !now.contains(a.name) && RowsOf(Read(a.newName)) == rows;
@@ -268,7 +268,7 @@ class Lists {
 
   void DeleteList(const std::string& name) {
     const std::string what = "delete " + Named(name);
-    RequireChange(book.MembersOf(name).DeleteBook(), what);
+    MakeChange([&] { return book.MembersOf(name).DeleteBook(); }, what);
     Verify(what, [&] { return !ReadNames().contains(name); });
   }
 
@@ -281,7 +281,7 @@ class Lists {
       throw Refusal("cannot " + what + ": the limit of " + std::to_string(kMaxLists) +
                     " is reached");
     }
-    RequireChange(book.MembersOf(name).CreateBook(), what);
+    MakeChange([&] { return book.MembersOf(name).CreateBook(); }, what);
     Verify(what, [&] { return ReadNames().contains(name); });
     ChangeMembers(name, Change::kFill, members, 0, what, termination);
   }

@@ -60,6 +60,7 @@ std::vector<std::string> ReadLog(const Session& session, const Arguments& a, std
   for (const std::string& each : console::FormsOf(a.user)) {
     if (MayExist(session, each)) return records;
   }
+  if (a.json) console::PrintJson(console::Json::array());
   throw NotFound("the appliance has no account " + console::Quoted(a.user) +
                  "; see quillctl user list");
 }
@@ -103,8 +104,9 @@ void ClearLog(const Session& session, const Arguments& a) {
                              (a.exceptSystem ? ", except those of ADMINISTRATOR and GUEST" : "");
   if (!console::Agreed(a.consent, action)) return;
   const quillkit::CScanner& scanner = *session.Scanner();
-  RequireChange(a.exceptSystem ? scanner.ClearLogExceptSystem() : scanner.ClearLog(user),
-                "clear the log");
+  MakeChange(
+      [&] { return a.exceptSystem ? scanner.ClearLogExceptSystem() : scanner.ClearLog(user); },
+      "clear the log");
   if (!a.exceptSystem) {
     const std::vector<std::string> now =
         ReadBack("the log may have changed", [&] { return ReadLog(session, user); });
@@ -116,16 +118,18 @@ void ClearLog(const Session& session, const Arguments& a) {
 }
 
 void BackUpDatabase(const Session& session, const Arguments& a) {
-  RequireChange(session.Scanner()->BackupDatabase(a.first.c_str(), a.second.c_str()),
-                "back up the database");
+  MakeChange([&] { return session.Scanner()->BackupDatabase(a.first.c_str(), a.second.c_str()); },
+             "back up the database");
   std::cout << "Backed up the database.\n";
 }
 
 void RestoreDatabase(const Session& session, const Arguments& a) {
-  console::Confirm(a.consent.yes,
-                   "Replace all books and accounts of the appliance with the backup?");
-  RequireChange(session.Scanner()->RestoreDatabase(a.first.c_str(), a.second.c_str()),
-                "restore the database");
+  if (!console::Agreed(a.consent,
+                       "Replace all books and accounts of the appliance with the backup")) {
+    return;
+  }
+  MakeChange([&] { return session.Scanner()->RestoreDatabase(a.first.c_str(), a.second.c_str()); },
+             "restore the database");
   std::cout << "Restored the database.\n";
 }
 
@@ -181,7 +185,7 @@ void AddDatabaseCommands(Commands& commands) {
   AddTextCommand(database, "backup", "Back up the database", BackUpDatabase);
   const auto [restore, a] =
       AddTextCommand(database, "restore", "Restore the database", RestoreDatabase);
-  console::AddYes(restore, a.consent.yes);
+  console::AddConsent(restore, a.consent);
   database.Add("check", "Let the appliance check its database", CheckDatabase);
 }
 

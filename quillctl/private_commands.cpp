@@ -90,7 +90,8 @@ bool ReadParts(CPrivEmailAB& book) {
 // Reads the private book of the session. Throws a Refusal if it cannot be read completely.
 PrivateBook ReadBook(const Session& session) {
   PrivateBook read(quillkit::ConnectedUser(session.Scanner())->Name());
-  if (read.Book() == nullptr) throw Refusal("this account has no private book");
+  if (read.Book() == nullptr)
+    throw Refusal("this account has no private book; log in as its owner, with --user");
   const bool isRead = ReadParts(*read.Book());
   if (!isRead) RequireSuccess(quillkit::GetLastToolkitError(), "read the private book");
   if (isRead && StoreContents(read)) return read;

@@ -30,7 +30,7 @@ struct Arguments {
   std::optional<std::string> fourth;
   bool askPassword = false;
   bool json = false;
-  bool yes = false;
+  console::Consent consent;
 };
 
 // Returns all entries of a book that has at most `limit` entries. Throws a Refusal if they cannot
@@ -94,9 +94,12 @@ struct Account {
     throw UsageError("a password has at most 15 bytes, a third or fourth text at most 255");
   }
 
-  // Throws a Refusal with the last error unless a change succeeded. Then reads the account again.
-  // Throws a Refusal unless it is as in `user` or, with `isDeleted`, does not exist.
-  void RequireChanged(bool succeeded, const std::string& verb, bool isDeleted = false) const {
+  // Makes a change. Throws a Refusal with the last error unless it succeeds. Then reads the account
+  // again. Throws a Refusal unless it is as in `user` or, with `isDeleted`, does not exist.
+  template <class Call>
+  void Change(const std::string& verb, Call call, bool isDeleted = false) const {
+    const console::DeferredTermination termination(kAwaitingReply);
+    const bool succeeded = call();
     const std::string what = verb + ' ' + Described(name);
     if (!succeeded) RequireChange(quillkit::GetLastToolkitError(), what);
     const std::vector<quillkit::CUserEntry> users =
@@ -149,12 +152,14 @@ void AddUser(const Credentials& credentials, const Arguments& a) {
   const std::string password = NewPassword(a);
   const Session session(credentials);
   Account account(session);
-  account.name = a.name;
+  account.name = console::StoredName(a.name, [&](const std::string& form) {
+    return FindUser(ReadUsers(session), form) != nullptr;  // one that exists is refused
+  });
   const std::uint32_t on = 1;  // as an imported account
-  account.user.SetFrom(&account.book, a.name, {}, {}, {}, &on, &on);
+  account.user.SetFrom(&account.book, account.name, {}, {}, {}, &on, &on);
   account.Set(a, password);
-  account.RequireChanged(account.book.AddUser(&account.user, 0), "add");
-  std::cout << "Added " << Described(a.name) << ".\n";
+  account.Change("add", [&] { return account.book.AddUser(&account.user, 0); });
+  std::cout << "Added " << Described(account.name) << ".\n";
 }
 
 void EditUser(const Credentials& credentials, const Arguments& a) {
@@ -164,7 +169,7 @@ void EditUser(const Credentials& credentials, const Arguments& a) {
   const Session session(credentials);
   Account account(session, a.name);
   account.Set(a, password);
-  account.RequireChanged(account.book.ModifyUser(&account.user, 0), "change");
+  account.Change("change", [&] { return account.book.ModifyUser(&account.user, 0); });
   std::cout << "Changed " << Described(account.name) << ".\n";
 }
 
@@ -172,7 +177,7 @@ void RenameUser(const Session& session, const Arguments& a) {
   if (a.name == a.newName) throw UsageError("the new name is the old one");
   Account account(session, a.name);
   account.user.SetName(a.newName);
-  account.RequireChanged(account.book.RenameUser(account.name, &account.user, 0), "rename");
+  account.Change("rename", [&] { return account.book.RenameUser(account.name, &account.user, 0); });
   std::cout << "Renamed " << Described(account.name) << " to " << console::Quoted(a.newName)
             << ".\n";
 }
@@ -182,8 +187,8 @@ void Switch(const Session& session, const Arguments& a) {
   Account account(session, a.name);
   const std::string verb = kOn ? "on" : "off";
   if (account.user.IsOn() != kOn) {
-    account.RequireChanged((kOn ? account.user.TurnOn(0) : account.user.TurnOff(0)) != 0,
-                           "turn " + verb);
+    account.Change("turn " + verb,
+                   [&] { return (kOn ? account.user.TurnOn(0) : account.user.TurnOff(0)) != 0; });
   }
   std::cout << "The account " << console::Quoted(account.name) << " is " << verb << ".\n";
 }
@@ -191,10 +196,11 @@ void Switch(const Session& session, const Arguments& a) {
 void DeleteUser(const Session& session, const Arguments& a) {
   Account account(session, a.name);
   const std::string what = Described(account.name);
-  console::Confirm(a.yes, "Delete " + what + " and its log?");
+  if (!console::Agreed(a.consent, "Delete " + what + " and its log")) return;
   const console::DeferredTermination termination("deleting the account");
   try {
-    account.RequireChanged(account.book.DeleteUser(&account.user, 0), "delete", true);
+    account.Change(
+        "delete", [&] { return account.book.DeleteUser(&account.user, 0); }, true);
   } catch (const Refusal& why) {
     throw Refusal(std::string(why.what()) + "; its log may have been cleared");
   }
@@ -268,6 +274,10 @@ void DefaultPrinter(const Session& session, const Arguments& a) {
   if (a.name.empty()) {
     rows = ReadPrinters(session);
   } else {
+    if (console::IsDryRun(a.consent,
+                          "Make " + console::Quoted(a.name) + " the only default printer")) {
+      return;
+    }
     const console::DeferredTermination termination("making one printer the default");
     rows = SetDefaultPrinter(session, a.name);
   }
@@ -321,7 +331,7 @@ void AddUserCommands(Commands& commands) {
   AddUserCommand(user, "off", "Turn off an account", Switch<false>);
   const auto [remove, removed] =
       AddUserCommand(user, "delete", "Delete an account and its log", DeleteUser);
-  console::AddYes(remove, removed.yes);
+  console::AddConsent(remove, removed.consent);
 }
 
 void AddPrinterCommands(Commands& commands) {
@@ -332,7 +342,9 @@ void AddPrinterCommands(Commands& commands) {
   console::AddJson(models, read.json);
   const auto [select, selected] =
       printer.Add("default", "Show or set the default printer", DefaultPrinter);
-  AddName(select, "name", selected.name, "The new default printer")->required(false);
+  CLI::Option* name =
+      AddName(select, "name", selected.name, "The new default printer")->required(false);
+  console::AddDryRun(select, selected.consent)->needs(name);
   console::AddJson(select, selected.json);
 }
 

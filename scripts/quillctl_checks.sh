@@ -65,6 +65,10 @@ ke:key
 key rename D:Desks
 item show Desks B:Bertil
 entry edit email Co:Courier\ desk
+entry show email Ber:Bertil\ Sjögren
+entry show email Ø:Østergaard\ A/S
+item move Desks Agnes --to D:Desks
+--host=127.0.0.1 key rename D:Desks
 --user TOOLKIT key rename D:
 key add D:
 entry l:list
@@ -120,6 +124,14 @@ list create email Büro|already exists
 list add email Büro "Bertil Sjögren"|already has "Bertil Sjögren"
 list remove email Büro "Bertil Sjögren" --yes|Removed 1 member
 list rename email Büro Bureau|Renamed the e-mail list "Büro"
+key add $'B\374ro'|Added the key "Büro"
+key add Büro|code 14, Name Conflict
+item add Büro $'Andr\351'|Added the item "André" under the key "Büro"
+item show Büro André|André
+item rename Büro André Andreas|Renamed the item "André" under the key "Büro" to "Andreas"
+item move Büro Andreas --to Desks|Moved the item "Andreas"
+key delete Büro --yes|Deleted the key "Büro"
+entry add email "Bertil Sjögren" --address b@office.example|code 14, Name Conflict
 user off "Carmen Ibáñez"|The account "Carmen Ibáñez" is off
 --user "Bertil Sjögren" --password harbour info|User           Bertil Sjögren
 --user "Bertil Sjögren" --password harbour log count "Bertil Sjögren"|1

@@ -24,8 +24,8 @@ class DeletedOnTermination {
 
 // While this object exists, it records requests to terminate the program, such as Ctrl-C. The first
 // one prints to standard error what the program still does. A second request terminates; on POSIX,
-// SIGHUP does not. Writing to a closed pipe fails and does not terminate. Only one object may exist
-// at a time.
+// SIGHUP does not. Writing to a closed pipe fails and does not terminate. An object that is created
+// while another exists records the same requests, and prints nothing.
 class DeferredTermination {
  public:
   // `reason` is what the program does before it stops, such as "finishing the import". It must be a
@@ -37,6 +37,9 @@ class DeferredTermination {
 
   // Whether termination was requested.
   bool IsRequested() const;
+
+ private:
+  bool isFirst;
 };
 
 }  // namespace console

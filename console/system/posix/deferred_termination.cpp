@@ -35,7 +35,7 @@ extern "C" void Terminate(int number) {
 
 std::optional<CaughtSignals> deletion;  // set while there are files, unless termination is deferred
 
-// Belongs to the one DeferredTermination.
+// Belong to the first DeferredTermination.
 volatile std::sig_atomic_t isRequested = 0;
 const char* announced = nullptr;
 
@@ -82,14 +82,15 @@ DeletedOnTermination::~DeletedOnTermination() {
   }
 }
 
-DeferredTermination::DeferredTermination(const char* reason) {
+DeferredTermination::DeferredTermination(const char* reason) : isFirst(!actions) {
+  if (!isFirst) return;
   isRequested = 0;
   announced = reason;
   actions.emplace();
 }
 
 DeferredTermination::~DeferredTermination() {
-  actions.reset();
+  if (isFirst) actions.reset();
 }
 
 bool DeferredTermination::IsRequested() const {

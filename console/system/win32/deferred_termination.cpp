@@ -25,7 +25,8 @@ BOOL WINAPI DeleteFiles(DWORD) {
   return FALSE;
 }
 
-// Belongs to the one DeferredTermination.
+// Belong to the first DeferredTermination.
+bool isDeferred = false;
 std::atomic<bool> isRequested = false;
 const char* announced = nullptr;
 
@@ -53,13 +54,17 @@ DeletedOnTermination::~DeletedOnTermination() {
   if (slot < paths.size()) paths[slot].clear();
 }
 
-DeferredTermination::DeferredTermination(const char* reason) {
+DeferredTermination::DeferredTermination(const char* reason) : isFirst(!isDeferred) {
+  if (!isFirst) return;
+  isDeferred = true;
   isRequested = false;
   announced = reason;
   SetConsoleCtrlHandler(RecordRequest, TRUE);
 }
 
 DeferredTermination::~DeferredTermination() {
+  if (!isFirst) return;
+  isDeferred = false;
   SetConsoleCtrlHandler(RecordRequest, FALSE);
 }
 
