@@ -16,6 +16,21 @@ ThreadAndTimer OfThisThread(UINT_PTR timer) {
   return {GetCurrentThreadId(), timer};
 }
 
+// Needs no memory, unlike std::mutex, whose first lock allocates the system's object.
+class Lock {
+ public:
+  Lock() { InitializeCriticalSection(&section); }
+  Lock(const Lock&) = delete;
+  Lock& operator=(const Lock&) = delete;
+  ~Lock() { DeleteCriticalSection(&section); }
+
+  void lock() { EnterCriticalSection(&section); }
+  void unlock() { LeaveCriticalSection(&section); }
+
+ private:
+  CRITICAL_SECTION section;
+};
+
 // The routine of each running timer. The system passes OnTimer only the id of a timer.
 class Routines {
  public:
@@ -31,20 +46,20 @@ class Routines {
   }
 
   void Add(UINT_PTR timer, TimerRoutine routine) {
-    const std::lock_guard hold(mutex);
+    const std::lock_guard hold(lock);
     running[OfThisThread(timer)] = routine;
   }
 
   // Returns false if the calling thread has no such timer.
   bool Remove(UINT_PTR timer) {
-    const std::lock_guard hold(mutex);
+    const std::lock_guard hold(lock);
     return running.erase(OfThisThread(timer)) != 0;
   }
 
   void Run(UINT_PTR timer) {
     TimerRoutine routine = nullptr;
     {
-      const std::lock_guard hold(mutex);
+      const std::lock_guard hold(lock);
       const auto found = running.find(OfThisThread(timer));
       if (found != running.end()) routine = found->second;
     }
@@ -52,7 +67,7 @@ class Routines {
   }
 
  private:
-  std::mutex mutex;
+  Lock lock;
   std::map<ThreadAndTimer, TimerRoutine> running;
 };
 
