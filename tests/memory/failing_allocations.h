@@ -1,6 +1,6 @@
 // The program's heap. An allocation can be made to fail: operator new then throws, and the C
 // allocator, when the program's own objects call it, returns null (the linker redirects those
-// calls). Allocations of the server library never fail and are not counted.
+// calls). Allocations of the server library and of exceptions never fail and are not counted.
 
 #ifndef QUILLKIT_TESTS_MEMORY_FAILING_ALLOCATIONS_H_
 #define QUILLKIT_TESTS_MEMORY_FAILING_ALLOCATIONS_H_

@@ -1,4 +1,4 @@
-#include "tests/platform/posix/inside_module.h"
+#include "tests/platform/inside_module.h"
 
 #include <execinfo.h>
 #include <link.h>
