@@ -45,9 +45,18 @@ class Routines {
     }
   }
 
-  void Add(UINT_PTR timer, TimerRoutine routine) {
+  // Returns the id of the new timer, or 0 if the system refuses it.
+  UINT_PTR Start(UINT period, TIMERPROC callback, TimerRoutine routine) {
+    std::map<ThreadAndTimer, TimerRoutine> added;
+    added[{}] = routine;  // the one step that may throw
+    const UINT_PTR timer = SetTimer(nullptr, 0, period, callback);
+    if (timer == 0) return 0;
+    auto node = added.extract(added.begin());
+    node.key() = OfThisThread(timer);
     const std::lock_guard hold(lock);
-    running[OfThisThread(timer)] = routine;
+    running.erase(node.key());  // of an ended thread that had the same id
+    running.insert(std::move(node));
+    return timer;
   }
 
   // Returns false if the calling thread has no such timer.
@@ -90,10 +99,7 @@ void CALLBACK OnTimer(HWND /*window*/, UINT /*message*/, UINT_PTR timer, DWORD /
 }  // namespace
 
 TimerId StartThreadTimer(std::uint32_t period, TimerRoutine routine) {
-  if (routines == nullptr) return 0;
-  const UINT_PTR timer = SetTimer(nullptr, 0, period, OnTimer);
-  if (timer != 0) routines->Add(timer, routine);
-  return timer;
+  return routines != nullptr ? routines->Start(period, OnTimer, routine) : 0;
 }
 
 void StopThreadTimer(TimerId timer) {
