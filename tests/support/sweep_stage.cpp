@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "simulator/simulator.h"
+#include "softkeys/soft_key.h"
 #include "tests/support/appliance_fixture.h"
 #include "tests/support/email_entry.h"
 #include "tests/support/menu_item.h"
@@ -134,6 +135,31 @@ void Stage::LoadFromArchive(Stage& other) {
   CopyContents(other.email, email);
   CopyContents(other.fax, fax);
   CopyContents(*other.priv, *priv);
+}
+
+// A block that is loaded from an archive has no room for more records.
+void Stage::ShrinkBlocks() {
+  for (fax.FirstEntry(); fax.NextEntry() != nullptr;) {  // stored up to the position of the walk
+  }
+  CopyContents(fax, fax);
+  fax.LoadLists(1);
+  CopyContents(*priv, *priv);
+  for (std::int32_t i = 0; i < priv->ListCount(); ++i) priv->ListAt(i)->SetBook(priv);
+  auto items = static_cast<std::uint32_t>(GetItemCount(key));
+  std::string bytes;
+  Archive archive(&bytes);
+  std::string pattern;
+  archive.Exchange(items);
+  archive.Exchange(pattern);
+  for (std::int32_t i = 0; i < GetItemCount(key); ++i) GetItemAt(key, i)->Serialize(archive);
+  quillkit::Load(*key, bytes);
+  for (const char* name : {"Cid", "Dan"}) {
+    const CEmailEntry entry = MakeEntry(name);
+    const CFaxEntry faxEntry = MakeFax(name);
+    SimulatorPutEntry(BookKind::kPublicList, "Board", nullptr, &entry);
+    SimulatorPutEntry(BookKind::kPrivateList, "Board", kAdministrator.c_str(), &entry);
+    SimulatorPutEntry(BookKind::kFaxList, "Board", nullptr, &faxEntry);
+  }
 }
 
 Lines Stage::Keys(CTopLevelAB* book) {

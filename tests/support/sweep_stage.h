@@ -42,6 +42,10 @@ struct Stage {
   // Loads the top-level book, the books and the lists of `box`, as at the beginning.
   void Load();
 
+  // Makes the blocks of records in memory as small as possible and puts more members into the lists
+  // on the appliance, so that additions and reloads need memory.
+  void ShrinkBlocks();
+
   // All entries, lists, accounts, printers, models, keys and items in memory, sorted, such as
   // "fax/Ann=at". The keys are left out if the application has no access to them.
   Lines Memory();
