@@ -106,6 +106,15 @@ check_headers() {
   echo "$2 and $1 compile the exported headers"
 }
 
+# check_interface COMPILER...: a compiler for 32 bits accepts the table of signatures, sizes and offsets
+# of both libraries. scripts/make_bindings writes the table.
+check_interface() {
+  local table=src/capi/api_assertions.cpp
+  echo 'static_assert(sizeof(void*) == 4);' |
+    "$@" -std=c++20 -fsyntax-only -Isrc -x c++ -include "$table" - || return 1
+  echo "$1 ${2-} accepts $(grep -c '^static_assert' "$table") assertions about the interfaces"
+}
+
 # check_threads SECONDS: calls quillkit_c from several threads under the thread sanitizer.
 check_threads() {
   configure threads build/threads
@@ -118,6 +127,8 @@ check_threads() {
 check_32_bits() {
   local probe
   install_packages g++-multilib lib32asan8 lib32ubsan1 googletest
+  check_interface g++ -m32
+  check_interface clang++ -m32
   probe=$(mktemp -d)
   if ! { echo 'int main() { return 0; }' | g++ -m32 -x c++ - -o "$probe/probe" && "$probe/probe"; } 2>/dev/null; then
     rm -rf "$probe"

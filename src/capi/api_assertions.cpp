@@ -1,11 +1,20 @@
 // Generated from src/toolkit/api.json by scripts/make_bindings. Do not edit.
+//
+// The interfaces of both libraries: constants, sizes and offsets of records, signatures.
+
+// clang-format off
+
+#include <string>
+#include <type_traits>
 
 #include "books/email_ab.h"
 #include "books/fax_ab.h"
 #include "bridge/records.h"
 #include "capi/handle_table.h"
+#include "capi/quillkit_c.h"
 #include "import/import_options.h"
 #include "softkeys/top_level_ab.h"
+#include "toolkit/quillkit.h"
 
 namespace quillkit {
 namespace {
@@ -184,6 +193,148 @@ static_assert(offsetof(ImportOptions, importContext) == 12);
 static_assert(offsetof(ImportOptions, targetBook) == 16);
 static_assert(offsetof(ImportOptions, columnCount) == 20);
 static_assert(offsetof(ImportOptions, columnMap) == 24);
+static_assert(std::is_same_v<decltype(LogToQuillbox), CScanner*(const std::string&, const std::string&, const std::string&, const std::string&, std::int32_t)>);
+static_assert(std::is_same_v<decltype(Logout), void()>);
+static_assert(std::is_same_v<decltype(Exit), void()>);
+static_assert(std::is_same_v<decltype(GetLastToolkitError), std::int32_t()>);
+static_assert(std::is_same_v<decltype(TranslateToolkitError), std::int32_t(std::int32_t, char*, std::int32_t*)>);
+static_assert(std::is_same_v<decltype(GetScannerName), const char*(CScanner*)>);
+static_assert(std::is_same_v<decltype(GetScannerVersion), const char*(CScanner*)>);
+static_assert(std::is_same_v<decltype(GetScannerModel), const char*(CScanner*)>);
+static_assert(std::is_same_v<decltype(GetScannerAddress), std::uint32_t(CScanner*)>);
+static_assert(std::is_same_v<decltype(GetCurrentConnectedUser), CUserRecord*(CScanner*)>);
+static_assert(std::is_same_v<decltype(IsAdminConnected), std::int32_t(CScanner*)>);
+static_assert(std::is_same_v<decltype(GetTopLevelAbook), CTopLevelAB*(CScanner*)>);
+static_assert(std::is_same_v<decltype(GetCount), std::int32_t(CTopLevelAB*)>);
+static_assert(std::is_same_v<decltype(LoadTopLevelAbook), std::int32_t(CTopLevelAB*, std::int32_t)>);
+static_assert(std::is_same_v<decltype(AddKey), std::int32_t(CTopLevelAB*, const std::string&, std::int32_t)>);
+static_assert(std::is_same_v<decltype(DeleteKey), std::int32_t(CTopLevelAB*, const std::string&, std::int32_t)>);
+static_assert(std::is_same_v<decltype(ModifyKey), std::int32_t(CTopLevelAB*, CSoftKey*, std::int32_t)>);
+static_assert(std::is_same_v<decltype(RenameSoftKey), std::int32_t(CTopLevelAB*, const std::string&, CSoftKey*)>);
+static_assert(std::is_same_v<decltype(GetKeyAt), CSoftKey*(CTopLevelAB*, std::int32_t)>);
+static_assert(std::is_same_v<decltype(FindSoftKeyIndex), std::int32_t(CTopLevelAB*, const std::string&)>);
+static_assert(std::is_same_v<decltype(FastKeyAdd), std::int32_t(CTopLevelAB*, CSoftKey*)>);
+static_assert(std::is_same_v<decltype(FastKeyRemove), std::int32_t(CTopLevelAB*, CSoftKey*)>);
+static_assert(std::is_same_v<decltype(FastKeyModify), std::int32_t(CTopLevelAB*, CSoftKey*)>);
+static_assert(std::is_same_v<decltype(FastKeyRename), std::int32_t(CTopLevelAB*, const std::string&, CSoftKey*)>);
+static_assert(std::is_same_v<decltype(CreateSoftKey), std::int32_t(const std::string&, CTopLevelAB*, CSoftKey**)>);
+static_assert(std::is_same_v<decltype(DestroySoftKey), void(CSoftKey*)>);
+static_assert(std::is_same_v<decltype(LoadItems), CSoftKey*(CTopLevelAB*, const std::string&)>);
+static_assert(std::is_same_v<decltype(GetKeyName), const char*(CSoftKey*)>);
+static_assert(std::is_same_v<decltype(IsSoftKeyEmpty), std::int32_t(CSoftKey*)>);
+static_assert(std::is_same_v<decltype(GetItemCount), std::int32_t(CSoftKey*)>);
+static_assert(std::is_same_v<decltype(GetDBItemCount), std::int32_t(CSoftKey*, std::uint32_t*)>);
+static_assert(std::is_same_v<decltype(GetItemAt), CMenuItem*(CSoftKey*, std::int32_t)>);
+static_assert(std::is_same_v<decltype(SetItemAt), std::int32_t(CSoftKey*, std::int32_t, CMenuItem*)>);
+static_assert(std::is_same_v<decltype(RemoveItemAt), std::int32_t(CSoftKey*, std::int32_t)>);
+static_assert(std::is_same_v<decltype(FindFirstItem), std::int32_t(CSoftKey*, const std::string&, std::int32_t)>);
+static_assert(std::is_same_v<decltype(FindNextItem), std::int32_t(CSoftKey*, std::int32_t)>);
+static_assert(std::is_same_v<decltype(FindMenuItemIndex), std::int32_t(CSoftKey*, CMenuItem*)>);
+static_assert(std::is_same_v<decltype(AddMenuItem), std::int32_t(CSoftKey*, CMenuItem*, std::int32_t)>);
+static_assert(std::is_same_v<decltype(ModifyMenuItem), std::int32_t(CSoftKey*, CMenuItem*, std::int32_t)>);
+static_assert(std::is_same_v<decltype(RenameMenuItem), std::int32_t(CSoftKey*, const std::string&, CMenuItem*, std::int32_t)>);
+static_assert(std::is_same_v<decltype(DeleteMenuItem), std::int32_t(CSoftKey*, const std::string&, std::int32_t)>);
+static_assert(std::is_same_v<decltype(FastItemAdd), std::int32_t(CSoftKey*, CMenuItem*)>);
+static_assert(std::is_same_v<decltype(FastItemRemove), std::int32_t(CSoftKey*, CMenuItem*)>);
+static_assert(std::is_same_v<decltype(FastItemModify), std::int32_t(CSoftKey*, CMenuItem*)>);
+static_assert(std::is_same_v<decltype(FastItemRename), std::int32_t(CSoftKey*, const std::string&, CMenuItem*)>);
+static_assert(std::is_same_v<decltype(CreateMenuItem), std::int32_t(CMenuItem**)>);
+static_assert(std::is_same_v<decltype(DestroyMenuItem), void(CMenuItem*)>);
+static_assert(std::is_same_v<decltype(GetItemName), const char*(CMenuItem*)>);
+static_assert(std::is_same_v<decltype(IPAddress), const char*(CMenuItem*)>);
+static_assert(std::is_same_v<decltype(Path), const char*(CMenuItem*)>);
+static_assert(std::is_same_v<decltype(AppTag), const char*(CMenuItem*)>);
+static_assert(std::is_same_v<decltype(FileFormat), std::uint32_t(CMenuItem*)>);
+static_assert(std::is_same_v<decltype(Settings), std::uint32_t(CMenuItem*)>);
+static_assert(std::is_same_v<decltype(SetName), std::int32_t(CMenuItem*, const std::string&)>);
+static_assert(std::is_same_v<decltype(SetIPAddress), std::int32_t(CMenuItem*, const std::string&)>);
+static_assert(std::is_same_v<decltype(SetPath), std::int32_t(CMenuItem*, const std::string&)>);
+static_assert(std::is_same_v<decltype(SetAppTag), std::int32_t(CMenuItem*, const std::string&)>);
+static_assert(std::is_same_v<decltype(SetFileFormat), std::int32_t(CMenuItem*, std::uint32_t)>);
+static_assert(std::is_same_v<decltype(SetSettings), std::int32_t(CMenuItem*, std::uint32_t)>);
+static_assert(std::is_same_v<decltype(ImportAddressBook), std::int32_t(CScanner*, const char*, const ImportOptions*)>);
+static_assert(std::is_same_v<decltype(quill_version), const char*()>);
+static_assert(std::is_same_v<decltype(quill_contract), int32_t()>);
+static_assert(std::is_same_v<decltype(quill_error_text), const char*(int32_t)>);
+static_assert(std::is_same_v<decltype(quill_wait), int32_t(uint32_t)>);
+static_assert(std::is_same_v<decltype(quill_event_descriptor), int32_t()>);
+static_assert(std::is_same_v<decltype(quill_dispatch_events), int32_t()>);
+static_assert(std::is_same_v<decltype(quill_log_to_quillbox), int32_t(const char*, const char*, const char*, const char*, int32_t, quill_handle*, int32_t*)>);
+static_assert(std::is_same_v<decltype(quill_logout), int32_t()>);
+static_assert(std::is_same_v<decltype(quill_exit), int32_t()>);
+static_assert(std::is_same_v<decltype(quill_get_last_toolkit_error), int32_t()>);
+static_assert(std::is_same_v<decltype(quill_translate_toolkit_error), int32_t(int32_t, char*, uint32_t*)>);
+static_assert(std::is_same_v<decltype(quill_get_scanner_name), int32_t(quill_handle, char*, uint32_t*)>);
+static_assert(std::is_same_v<decltype(quill_get_scanner_version), int32_t(quill_handle, char*, uint32_t*)>);
+static_assert(std::is_same_v<decltype(quill_get_scanner_model), int32_t(quill_handle, char*, uint32_t*)>);
+static_assert(std::is_same_v<decltype(quill_get_scanner_address), int32_t(quill_handle, uint32_t*)>);
+static_assert(std::is_same_v<decltype(quill_get_current_connected_user), int32_t(quill_handle, quill_handle*)>);
+static_assert(std::is_same_v<decltype(quill_is_admin_connected), int32_t(quill_handle)>);
+static_assert(std::is_same_v<decltype(quill_get_top_level_abook), int32_t(quill_handle, quill_handle*)>);
+static_assert(std::is_same_v<decltype(quill_get_count), int32_t(quill_handle)>);
+static_assert(std::is_same_v<decltype(quill_load_top_level_abook), int32_t(quill_handle, int32_t)>);
+static_assert(std::is_same_v<decltype(quill_add_key), int32_t(quill_handle, const char*, int32_t)>);
+static_assert(std::is_same_v<decltype(quill_delete_key), int32_t(quill_handle, const char*, int32_t)>);
+static_assert(std::is_same_v<decltype(quill_modify_key), int32_t(quill_handle, quill_handle, int32_t)>);
+static_assert(std::is_same_v<decltype(quill_rename_soft_key), int32_t(quill_handle, const char*, quill_handle)>);
+static_assert(std::is_same_v<decltype(quill_get_key_at), int32_t(quill_handle, int32_t, quill_handle*)>);
+static_assert(std::is_same_v<decltype(quill_find_soft_key_index), int32_t(quill_handle, const char*)>);
+static_assert(std::is_same_v<decltype(quill_fast_key_add), int32_t(quill_handle, quill_handle, int32_t*)>);
+static_assert(std::is_same_v<decltype(quill_fast_key_remove), int32_t(quill_handle, quill_handle, int32_t*)>);
+static_assert(std::is_same_v<decltype(quill_fast_key_modify), int32_t(quill_handle, quill_handle, int32_t*)>);
+static_assert(std::is_same_v<decltype(quill_fast_key_rename), int32_t(quill_handle, const char*, quill_handle, int32_t*)>);
+static_assert(std::is_same_v<decltype(quill_create_soft_key), int32_t(const char*, quill_handle, quill_handle*)>);
+static_assert(std::is_same_v<decltype(quill_destroy_soft_key), int32_t(quill_handle)>);
+static_assert(std::is_same_v<decltype(quill_load_items), int32_t(quill_handle, const char*, quill_handle*, int32_t*)>);
+static_assert(std::is_same_v<decltype(quill_get_key_name), int32_t(quill_handle, char*, uint32_t*)>);
+static_assert(std::is_same_v<decltype(quill_is_soft_key_empty), int32_t(quill_handle)>);
+static_assert(std::is_same_v<decltype(quill_get_item_count), int32_t(quill_handle)>);
+static_assert(std::is_same_v<decltype(quill_get_db_item_count), int32_t(quill_handle, uint32_t*)>);
+static_assert(std::is_same_v<decltype(quill_get_item_at), int32_t(quill_handle, int32_t, quill_handle*)>);
+static_assert(std::is_same_v<decltype(quill_set_item_at), int32_t(quill_handle, int32_t, quill_handle)>);
+static_assert(std::is_same_v<decltype(quill_remove_item_at), int32_t(quill_handle, int32_t)>);
+static_assert(std::is_same_v<decltype(quill_find_first_item), int32_t(quill_handle, const char*, int32_t)>);
+static_assert(std::is_same_v<decltype(quill_find_next_item), int32_t(quill_handle, int32_t)>);
+static_assert(std::is_same_v<decltype(quill_find_menu_item_index), int32_t(quill_handle, quill_handle)>);
+static_assert(std::is_same_v<decltype(quill_add_menu_item), int32_t(quill_handle, quill_handle, int32_t)>);
+static_assert(std::is_same_v<decltype(quill_modify_menu_item), int32_t(quill_handle, quill_handle, int32_t)>);
+static_assert(std::is_same_v<decltype(quill_rename_menu_item), int32_t(quill_handle, const char*, quill_handle, int32_t)>);
+static_assert(std::is_same_v<decltype(quill_delete_menu_item), int32_t(quill_handle, const char*, int32_t)>);
+static_assert(std::is_same_v<decltype(quill_fast_item_add), int32_t(quill_handle, quill_handle, int32_t*)>);
+static_assert(std::is_same_v<decltype(quill_fast_item_remove), int32_t(quill_handle, quill_handle, int32_t*)>);
+static_assert(std::is_same_v<decltype(quill_fast_item_modify), int32_t(quill_handle, quill_handle, int32_t*)>);
+static_assert(std::is_same_v<decltype(quill_fast_item_rename), int32_t(quill_handle, const char*, quill_handle, int32_t*)>);
+static_assert(std::is_same_v<decltype(quill_create_menu_item), int32_t(quill_handle*)>);
+static_assert(std::is_same_v<decltype(quill_destroy_menu_item), int32_t(quill_handle)>);
+static_assert(std::is_same_v<decltype(quill_get_item_name), int32_t(quill_handle, char*, uint32_t*)>);
+static_assert(std::is_same_v<decltype(quill_ip_address), int32_t(quill_handle, char*, uint32_t*)>);
+static_assert(std::is_same_v<decltype(quill_path), int32_t(quill_handle, char*, uint32_t*)>);
+static_assert(std::is_same_v<decltype(quill_app_tag), int32_t(quill_handle, char*, uint32_t*)>);
+static_assert(std::is_same_v<decltype(quill_file_format), int32_t(quill_handle, uint32_t*)>);
+static_assert(std::is_same_v<decltype(quill_settings), int32_t(quill_handle, uint32_t*)>);
+static_assert(std::is_same_v<decltype(quill_set_name), int32_t(quill_handle, const char*)>);
+static_assert(std::is_same_v<decltype(quill_set_ip_address), int32_t(quill_handle, const char*)>);
+static_assert(std::is_same_v<decltype(quill_set_path), int32_t(quill_handle, const char*)>);
+static_assert(std::is_same_v<decltype(quill_set_app_tag), int32_t(quill_handle, const char*)>);
+static_assert(std::is_same_v<decltype(quill_set_file_format), int32_t(quill_handle, uint32_t)>);
+static_assert(std::is_same_v<decltype(quill_set_settings), int32_t(quill_handle, uint32_t)>);
+static_assert(std::is_same_v<decltype(quill_open_entries), int32_t(quill_handle, int32_t, const char*, quill_handle*)>);
+static_assert(std::is_same_v<decltype(quill_close_entries), int32_t(quill_handle)>);
+static_assert(std::is_same_v<decltype(quill_entry_count), int32_t(quill_handle, uint32_t*)>);
+static_assert(std::is_same_v<decltype(quill_read_entries), int32_t(quill_handle, const char*, const char*, int32_t, int32_t, quill_entry*, uint32_t*)>);
+static_assert(std::is_same_v<decltype(quill_read_entry), int32_t(quill_handle, const char*, quill_entry*)>);
+static_assert(std::is_same_v<decltype(quill_add_entry), int32_t(quill_handle, const quill_entry*)>);
+static_assert(std::is_same_v<decltype(quill_modify_entry), int32_t(quill_handle, const quill_entry*)>);
+static_assert(std::is_same_v<decltype(quill_rename_entry), int32_t(quill_handle, const char*, const quill_entry*)>);
+static_assert(std::is_same_v<decltype(quill_delete_entry), int32_t(quill_handle, const char*)>);
+static_assert(std::is_same_v<decltype(quill_enumerate_lists), int32_t(quill_handle, int32_t, quill_entry*, uint32_t*)>);
+static_assert(std::is_same_v<decltype(quill_create_list), int32_t(quill_handle)>);
+static_assert(std::is_same_v<decltype(quill_delete_list), int32_t(quill_handle)>);
+static_assert(std::is_same_v<decltype(quill_open_view), int32_t(quill_handle, int32_t, quill_handle*)>);
+static_assert(std::is_same_v<decltype(quill_close_view), int32_t(quill_handle)>);
+static_assert(std::is_same_v<decltype(quill_view_go), int32_t(quill_handle, int32_t, int32_t, quill_entry*)>);
+static_assert(std::is_same_v<decltype(quill_view_find), int32_t(quill_handle, int32_t, const char*, quill_entry*)>);
+static_assert(std::is_same_v<decltype(quill_import_address_book), int32_t(quill_handle, const char*, const quill_import_options*)>);
 
 }  // namespace
 }  // namespace quillkit
