@@ -1,7 +1,5 @@
 #include "fuzz/answering_server.h"
 
-#include <sanitizer/asan_interface.h>
-
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
@@ -158,9 +156,9 @@ Status Deliver(const Answer& answer, ABIdent* book, Row* rows, std::uint32_t* co
   const std::uint32_t capacity = *count;
   const std::size_t size = SizeOfRow(*book, rows);
   Require(rows != nullptr && capacity != 0, "there is a buffer for at least one record");
-  const char* const end = reinterpret_cast<const char*>(rows) + capacity * size;
-  Require(__asan_address_is_poisoned(rows) == 0 && __asan_address_is_poisoned(end - 1) == 0,
-          "the buffer has the size that the call reports");
+  // The sanitizer reports a buffer that is smaller than the call says.
+  volatile char* const last = reinterpret_cast<char*>(rows) + capacity * size - 1;
+  *last = *last;
   const std::uint32_t written = std::min(answer.number, capacity);
   char* const bytes = reinterpret_cast<char*>(rows);
   char* const first = direction == 0 ? bytes + (capacity - written) * size : bytes;

@@ -3,8 +3,6 @@
 
 #include "base/archive.h"
 
-#include <sanitizer/allocator_interface.h>
-
 #include <iterator>
 #include <string>
 #include <vector>
@@ -23,14 +21,13 @@
 #include "lists/fax_dl.h"
 #include "softkeys/soft_key.h"
 #include "tests/support/stream_form.h"
+#include "tests/support/wrapped_heap.h"
 
 namespace quillkit {
 namespace {
 
 // The number of bytes allocated since the start.
 std::size_t allocated = 0;
-[[maybe_unused]] const int counting = __sanitizer_install_malloc_and_free_hooks(
-    [](const volatile void*, std::size_t size) { allocated += size; }, [](const volatile void*) {});
 
 // The largest ratio of the size of a record to that of the shortest stream that contains it.
 constexpr std::size_t kMaxMemoryPerByte = 64;
@@ -70,6 +67,26 @@ constexpr void (*kChecks[])(std::string_view bytes) = {
 };
 
 }  // namespace
+
+void* AllocateOnHeap(std::size_t size) {
+  allocated += size;
+  return __real_malloc(size);
+}
+
+void* AllocateZeroedOnHeap(std::size_t size) {
+  allocated += size;
+  return __real_calloc(1, size);
+}
+
+void* ResizeOnHeap(void* block, std::size_t size) {
+  allocated += size;
+  return __real_realloc(block, size);
+}
+
+void FreeOnHeap(void* block) {
+  __real_free(block);
+}
+
 }  // namespace quillkit
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -115,6 +115,43 @@ check_interface() {
   echo "$1 ${2-} accepts $(grep -c '^static_assert' "$table") assertions about the interfaces"
 }
 
+# check_seeds FOLDER: runs each fuzz target, built in a build folder, with its seeds.
+check_seeds() {
+  local targets=(fuzz/seeds/*) target status
+  cmake --build "$1" --target quillkit_fuzz || return 1
+  for target in "${targets[@]##*/}"; do
+    status=0
+    "$1/fuzz/fuzz_$target" "fuzz/seeds/$target" || status=$?
+    echo "status $status"
+  done | compare_seeds "${targets[@]##*/}"
+}
+
+# check_seeds_exe FOLDER: the same for Windows, in one run of Wine, without the target `settings`: its
+# files and links in a folder exist only on POSIX.
+check_seeds_exe() {
+  local targets target
+  mapfile -t targets < <(find fuzz/seeds -mindepth 1 -maxdepth 1 ! -name settings -printf '%f\n' | sort)
+  cmake --build "$1" --target quillkit_fuzz || return 1
+  rm -rf "$1/fuzz/seeds"
+  cp -rL fuzz/seeds "$1/fuzz"
+  for target in "${targets[@]}"; do
+    printf '@fuzz_%s.exe seeds\\%s\r\n@echo status %%errorlevel%%\r\n' "$target" "$target"
+  done >"$1/fuzz/seeds.bat"
+  printf '@exit 0\r\n' >>"$1/fuzz/seeds.bat"
+  in_wine "$1/fuzz" cmd /c seeds.bat </dev/null | tr -d '\r' | compare_seeds "${targets[@]}"
+}
+
+# compare_seeds TARGET...: compares standard input with the names of the seeds of these targets.
+compare_seeds() {
+  local target expected
+  expected=$(for target; do LC_ALL=C ls "fuzz/seeds/$target" && echo "status 0"; done)
+  if ! diff <(echo "$expected") -; then
+    echo "fuzz targets fail, each at its first missing seed (< expected, > actual)"
+    return 1
+  fi
+  echo "seeds: $(grep -vc '^status' <<<"$expected") inputs of $# targets"
+}
+
 # check_threads SECONDS: calls quillkit_c from several threads under the thread sanitizer.
 check_threads() {
   configure threads build/threads
@@ -139,4 +176,5 @@ check_32_bits() {
   build sanitizers32 build/sanitizers32 -D QUILLKIT_BUILD_EXAMPLES=OFF
   run_tests "32 bits, tests" build/sanitizers32/bin/quillkit_tests
   run_tests "32 bits, memory" build/sanitizers32/bin/quillkit_memory_tests
+  check_seeds build/sanitizers32
 }
