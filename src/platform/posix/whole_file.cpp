@@ -129,7 +129,8 @@ int ReadFile(int folder, const char* name, void* bytes, std::uint32_t* size) {
   if (!file.IsOpen() || fstat(file.Descriptor(), &found) != 0) return errno;
   if (!S_ISREG(found.st_mode)) return ENOENT;
   const std::uint32_t room = *size;
-  *size = static_cast<std::uint32_t>(std::min<off_t>(found.st_size, UINT32_MAX));
+  const auto whole = static_cast<std::uint64_t>(found.st_size);
+  *size = static_cast<std::uint32_t>(std::min<std::uint64_t>(whole, UINT32_MAX));
   if (*size > room) return EOVERFLOW;
   if (file.Read(static_cast<char*>(bytes), *size) == *size) return 0;
   return file.HasFailed() ? errno : EIO;
