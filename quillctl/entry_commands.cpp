@@ -15,6 +15,7 @@
 #include "console/json_output.h"
 #include "console/options.h"
 #include "console/system/deferred_termination.h"
+#include "console/system/terminal.h"
 #include "console/text_file.h"
 #include "console/text_table.h"
 #include "quillctl/address_books.h"
@@ -83,6 +84,7 @@ class EntryPrinter {
   bool Add(console::Row row) {
     row = book.WithoutSecret(std::move(row));
     if (arguments.jsonLines) {
+      console::WaitForStdout();
       std::cout << console::ShownRow(book.fields, row).dump() << '\n';
     } else if (arguments.json) {
       entries.push_back(console::ShownRow(book.fields, row));

@@ -21,6 +21,10 @@ void ReadStdinAsBinary();
 // Runs the keep-alive of the session if it is due. Call it between the parts of long work.
 void KeepSessionAlive();
 
+// Waits until a line can be written to standard output, and keeps the session alive meanwhile: what
+// reads a pipe may pause. On Windows, only runs the keep-alive if it is due.
+void WaitForStdout();
+
 // Return the width of the terminal in columns; 0 if the stream is not a terminal.
 std::size_t StdoutColumns();
 std::size_t StderrColumns();

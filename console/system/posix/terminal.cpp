@@ -39,6 +39,15 @@ struct Actions {
 };
 std::optional<Actions> actions;  // set while the echo is off
 
+// Waits for an event of a descriptor, and runs the keep-alive meanwhile.
+void WaitFor(int descriptor, short events) {
+  pollfd sources[] = {{descriptor, events, 0}, {QuillkitEventDescriptor(), POLLIN, 0}};
+  while (sources[0].revents == 0) {
+    if (poll(sources, std::size(sources), -1) < 0 && errno != EINTR) break;
+    if (sources[1].revents != 0) QuillkitDispatchEvents();
+  }
+}
+
 std::size_t ColumnsOf(int descriptor) {
   if (isatty(descriptor) == 0) return 0;
   winsize size = {};
@@ -54,17 +63,17 @@ bool StdinIsTerminal() {
 
 // A terminal is readable when a whole line can be read.
 std::string ReadLineFromTerminal() {
-  pollfd sources[] = {{STDIN_FILENO, POLLIN, 0}, {QuillkitEventDescriptor(), POLLIN, 0}};
-  while (sources[0].revents == 0) {
-    if (poll(sources, std::size(sources), -1) < 0 && errno != EINTR) break;
-    QuillkitDispatchEvents();
-  }
+  WaitFor(STDIN_FILENO, POLLIN);
   std::string line;
   std::getline(std::cin, line);
   return line;
 }
 
 void ReadStdinAsBinary() {}
+
+void WaitForStdout() {
+  WaitFor(STDOUT_FILENO, POLLOUT);
+}
 
 void KeepSessionAlive() {
   QuillkitDispatchEvents();

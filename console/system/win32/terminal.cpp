@@ -59,6 +59,10 @@ void ReadStdinAsBinary() {
   _setmode(_fileno(stdin), _O_BINARY);
 }
 
+void WaitForStdout() {
+  KeepSessionAlive();
+}
+
 void KeepSessionAlive() {
   MSG message;
   while (PeekMessage(&message, nullptr, 0, 0, PM_REMOVE) != 0) DispatchMessage(&message);
