@@ -14,6 +14,7 @@
 #include "console/displayed_text.h"
 #include "console/json_output.h"
 #include "console/options.h"
+#include "console/progress.h"
 #include "console/system/deferred_termination.h"
 #include "console/system/terminal.h"
 #include "console/text_file.h"
@@ -139,14 +140,19 @@ void ListEntries(const Session& session, const Arguments& arguments) {
   const std::string from = console::StoredName(arguments.from, [&](const std::string& name) {
     return FindEntry(session, book, name).has_value();
   });
+  std::optional<console::Progress> progress;
+  const bool showsRows = arguments.jsonLines && console::StdoutColumns() != 0;
+  if (!showsRows) progress.emplace("Reading the " + TitleOf(book));
   for (const std::string& letter : console::FormsOf(arguments.letter)) {
     if (!printer.IsEmpty()) break;
     // The appliance selects by one byte.
     ForEachEntry(session, book, from, letter.substr(0, 1) + '*', [&](console::Row row) {
+      if (progress) progress->Step();
       const bool isWanted = letter.size() < 2 || row[0].starts_with(letter);
       return !isWanted || printer.Add(std::move(row));
     });
   }
+  progress.reset();
   printer.Finish();
 }
 
