@@ -34,9 +34,9 @@ CEmailAB* Book() {
 
 std::int32_t Walk(CEmailAB* book) {
   std::int32_t entries = 0;
-  std::uint32_t flags = 0;
+  std::int32_t flags = 0;
   for (const CEmailEntry* entry = book->First(); entry != nullptr; entry = book->Next()) {
-    flags += entry->flags;
+    flags |= entry->flags;
     ++entries;
   }
   benchmark::DoNotOptimize(flags);
@@ -50,12 +50,12 @@ std::int32_t WalkByHand(FindRead findRead) {
   ABIdent book(BookKind::kEmail, kEmailBook);
   KeyRange range;
   std::int32_t entries = 0;
-  std::uint32_t flags = 0;
+  std::int32_t flags = 0;
   for (;;) {
     std::uint32_t count = kPageSize;
     findRead()(&book, &range, page.data(), &count, 1);
     if (count == 0) break;
-    for (std::uint32_t i = 0; i < count; ++i) flags += page[i].flags;
+    for (std::uint32_t i = 0; i < count; ++i) flags |= page[i].flags;
     entries += static_cast<std::int32_t>(count);
     range.first = page[count - 1].name;
   }
