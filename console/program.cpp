@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "console/failure.h"
+#include "console/system/deferred_termination.h"
 
 namespace console {
 namespace {
@@ -22,7 +23,10 @@ int RunProgram(const char* name, const std::function<int()>& work) {
   programName = name;
   try {
     const int status = work();
-    if (std::cout.flush()) return status;
+    if (std::cout.flush()) {
+      if (status == kExitSuccess) TerminateIfRequested();
+      return status;
+    }
     return PrintError("cannot write to standard output; the command itself was executed",
                       kExitRefused);
   } catch (const Failure& error) {

@@ -59,12 +59,14 @@ std::string ReadTextFile(const std::string& path, std::size_t limit) {
 }
 
 void WriteTextFile(const std::string& path, const std::string& text, quillkit::Readers readers) {
-  const DeferredTermination termination("writing the file");  // leaves no part of it behind
   std::error_code failure;
   const auto found = std::filesystem::status(path, failure);
   if (std::filesystem::exists(found) && !std::filesystem::is_regular_file(found)) {
     if (!quillkit::WriteFileInPlace(path, text)) throw Refusal("cannot write " + Quoted(path));
-  } else if (!quillkit::WriteFileWhole(path, text, readers)) {
+    return;
+  }
+  const DeferredTermination termination("writing the file");  // leaves no draft behind
+  if (!quillkit::WriteFileWhole(path, text, readers)) {
     throw Refusal("cannot write " + Quoted(path) + "; an existing file was not changed");
   }
 }

@@ -98,9 +98,9 @@ CLI::App* CommandOf(CLI::App& app, const std::string& example) {
 }
 
 void CompleteCommands(CLI::App& app) {
+  console::RefuseValuesOfFlags(app);
   for (CLI::App* command : app.get_subcommands(nullptr)) {
     command->footer(command->get_footer() + kCommandFooter);
-    console::RefuseValuesOfFlags(*command);
     CompleteCommands(*command);
   }
 }

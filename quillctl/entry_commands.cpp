@@ -63,7 +63,7 @@ std::string DescribedEntry(const AddressBook& book, const std::string& name) {
 
 // Throws a Refusal unless the status is 0: a NotFound if the book has no such entry.
 void RequireEntry(std::int32_t status, const AddressBook& book, const std::string& name,
-                  const std::string& verb) {
+                  const std::string& verb, bool isChange = true) {
   if (status == quillkit::kDataNotFound) {
     throw NotFound("the " + TitleOf(book) + " has no entry " + console::Quoted(name));
   }
@@ -71,7 +71,7 @@ void RequireEntry(std::int32_t status, const AddressBook& book, const std::strin
   if (status == quillkit::kUnusableInput) {
     throw Refusal("cannot " + what + ": the appliance delivers another one");
   }
-  RequireChange(status, what);
+  isChange ? RequireChange(status, what) : RequireSuccess(status, what);
 }
 
 // Prints entries in the form that the arguments select. Add() prints a JSON line at once; Finish()
@@ -130,7 +130,7 @@ std::optional<console::Row> FindEntry(const Session& session, const AddressBook&
     return false;
   };
   const std::int32_t status = book.change(book, *session.Scanner(), name, keep);
-  if (status != quillkit::kDataNotFound) RequireEntry(status, book, name, "read");
+  if (status != quillkit::kDataNotFound) RequireEntry(status, book, name, "read", false);
   return found;
 }
 
@@ -141,8 +141,7 @@ void ListEntries(const Session& session, const Arguments& arguments) {
     return FindEntry(session, book, name).has_value();
   });
   std::optional<console::Progress> progress;
-  const bool showsRows = arguments.jsonLines && console::StdoutColumns() != 0;
-  if (!showsRows) progress.emplace("Reading the " + TitleOf(book));
+  if (!arguments.jsonLines) progress.emplace("Reading the " + TitleOf(book));
   for (const std::string& letter : console::FormsOf(arguments.letter)) {
     if (!printer.IsEmpty()) break;
     // The appliance selects by one byte.

@@ -159,10 +159,13 @@ void RequireOutcome(Prepared& prepared, const ImportRequest& request) {
   }
   if (rejected == 0 && status.empty()) return;
   const std::size_t good = request.dryRun ? run.ToSend() : run.Count(Outcome::kArrived);
+  if (good == 0 && prepared.wasCleared) {
+    throw PartialFailure("cannot import " + file + ": no row was imported" + status + "; " +
+                         Title(prepared) + " was cleared");
+  }
   if (good == 0 && run.Count(Outcome::kPresent) == 0) {
     throw Refusal("cannot import " + file + ": no row " +
-                  (run.Sent() == 0 && !prepared.wasCleared ? "is valid; nothing was sent"
-                                                           : "was imported" + status));
+                  (run.Sent() == 0 ? "is valid; nothing was sent" : "was imported" + status));
   }
   const char* const verb = rejected == 1 ? " was not imported" : " were not imported";
   throw PartialFailure(CountedRows(rejected, prepared) +
@@ -198,7 +201,7 @@ void Send(Prepared& prepared, const ImportRequest& request, const Session& sessi
   }
   run.Verify(scanner);
   Finish(prepared, request);
-}  // namespace
+}
 
 void Run(Prepared& prepared, const ImportRequest& request, const Session& session) {
   Import& run = prepared.run;
@@ -249,6 +252,9 @@ void SendScriptFile(const ImportFile& file, const Session& session) {
   options.format = quillkit::ImportFormatScript;
   const std::int32_t status =
       quillkit::ImportAddressBook(session.Scanner(), file.Path().c_str(), &options);
+  if (status == quillkit::kServerFailure || status == quillkit::kTimeoutExpired) {
+    throw UnknownResult("it is unknown what " + file.Name() + " changed: " + CodeAndText(status));
+  }
   if (status != 0) {
     throw Refusal("cannot import " + file.Name() + ": " + CodeAndText(status) +
                   "; the appliance keeps what it imported before the failure");
@@ -272,7 +278,8 @@ void RunImport(const ImportRequest& request, const Credentials& credentials) {
   if (request.format == kScript) {
     const ImportFile file(request.file, true);
     const Session session(credentials);
-    if (DoesMoreThanSet(file)) {
+    const bool isAdmin = quillkit::IsAdminConnected(session.Scanner()) != 0;
+    if (isAdmin && DoesMoreThanSet(file)) {
       console::Confirm(request.yes, "Run a script that does more than set entries?");
     }
     return SendScriptFile(file, session);

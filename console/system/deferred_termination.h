@@ -42,6 +42,11 @@ class DeferredTermination {
   bool isFirst;
 };
 
+// Ends the process as the last request that a DeferredTermination recorded would have done, so that
+// a shell stops, too. Returns if there was none. Call it after the work is done and its output is
+// written.
+void TerminateIfRequested();
+
 }  // namespace console
 
 #endif  // CONSOLE_SYSTEM_DEFERRED_TERMINATION_H_

@@ -37,6 +37,7 @@ std::optional<CaughtSignals> deletion;  // set while there are files, unless ter
 
 // Belong to the first DeferredTermination.
 volatile std::sig_atomic_t isRequested = 0;
+volatile std::sig_atomic_t lastRequest = 0;  // the number of its signal
 const char* announced = nullptr;
 
 void Print(const char* text) {
@@ -52,6 +53,7 @@ extern "C" void RecordRequest(int number) {
     Print("; a second interruption stops at once\n");
   }
   isRequested = 1;
+  lastRequest = number;
 }
 
 struct Actions {
@@ -95,6 +97,10 @@ DeferredTermination::~DeferredTermination() {
 
 bool DeferredTermination::IsRequested() const {
   return isRequested != 0;
+}
+
+void TerminateIfRequested() {
+  if (lastRequest != 0) Terminate(lastRequest);
 }
 
 }  // namespace console

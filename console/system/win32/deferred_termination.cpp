@@ -28,10 +28,12 @@ BOOL WINAPI DeleteFiles(DWORD) {
 // Belong to the first DeferredTermination.
 bool isDeferred = false;
 std::atomic<bool> isRequested = false;
+std::atomic<bool> wasRequested = false;  // by any of them
 const char* announced = nullptr;
 
 BOOL WINAPI RecordRequest(DWORD) {
   if (isRequested.exchange(true)) return FALSE;
+  wasRequested = true;
   if (announced != nullptr) {
     std::cerr << '\n'
               << ProgramName() << ": " << announced << "; a second interruption stops at once\n";
@@ -70,6 +72,11 @@ DeferredTermination::~DeferredTermination() {
 
 bool DeferredTermination::IsRequested() const {
   return isRequested;
+}
+
+void TerminateIfRequested() {
+  constexpr UINT kControlCExit = 0xC000013A;
+  if (wasRequested) ExitProcess(kControlCExit);
 }
 
 }  // namespace console
