@@ -5,6 +5,7 @@
 #include <utility>
 
 namespace console {
+
 CLI::Validator NumberInRange(std::uint32_t min, std::uint32_t max) {
   const auto fault = [min, max](const std::string& text) {
     std::string_view digits = text;
@@ -44,6 +45,7 @@ void RefuseValuesOfFlags(CLI::App& command) {
   for (CLI::Option* each : command.get_options()) {
     if (each->get_items_expected_max() == 0) each->disable_flag_override();
   }
+  for (CLI::App* each : command.get_subcommands(nullptr)) RefuseValuesOfFlags(*each);
 }
 
 void AddJson(CLI::App* command, bool& into) {

@@ -31,8 +31,8 @@ std::vector<std::string> OptionNames(const CLI::App& command, const CLI::App& pr
 // Returns the commands of a group, or of the program.
 std::vector<std::string> CommandNames(const CLI::App& group);
 
-// Makes every flag of the command refuse a value. Otherwise a message could repeat what follows a
-// mistyped "=".
+// Makes every flag of the command, and of the commands below it, refuse a value. Otherwise a
+// message could repeat what follows a mistyped "=".
 void RefuseValuesOfFlags(CLI::App& command);
 
 // Adds --json.

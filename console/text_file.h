@@ -17,7 +17,8 @@ std::string ReadTextFile(const std::string& path, std::size_t limit);
 
 // Replaces the file as a whole. On failure, also for a link without a target, throws a Refusal and
 // changes nothing. A file that exists and is not a regular file, such as a device, is written in
-// place. `readers` applies to a file that did not exist.
+// place. `readers` applies to a file that did not exist. A request to terminate the program waits
+// until a regular file is written.
 void WriteTextFile(const std::string& path, const std::string& text,
                    quillkit::Readers readers = quillkit::Readers::kUsual);
 

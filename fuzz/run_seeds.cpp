@@ -3,7 +3,7 @@
 // usage: fuzz_TARGET FOLDER
 //
 // Each file of the folder is an input. Prints the names of those that pass, and is aborted at the
-// first one that does not. Exits with 1 if there is none.
+// first one that does not. Exits with 1 if the folder is empty.
 
 #include <cstdint>
 #include <cstdio>

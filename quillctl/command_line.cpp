@@ -97,11 +97,10 @@ CLI::App* CommandOf(CLI::App& app, const std::string& example) {
   return command;
 }
 
-void CompleteCommands(CLI::App& app) {
-  console::RefuseValuesOfFlags(app);
+void AddCommandFooters(CLI::App& app) {
   for (CLI::App* command : app.get_subcommands(nullptr)) {
     command->footer(command->get_footer() + kCommandFooter);
-    CompleteCommands(*command);
+    AddCommandFooters(*command);
   }
 }
 
@@ -114,7 +113,7 @@ void AddHelpTexts(CLI::App& app) {
     const std::string own = command->get_footer();
     command->footer("Example: quillctl " + example + '\n' + (own.empty() ? "" : '\n' + own + '\n'));
   }
-  CompleteCommands(app);
+  AddCommandFooters(app);
 }
 
 class Parser {
@@ -150,6 +149,7 @@ Parser::Parser() {
     add(commands);
   }
   AddHelpTexts(app);
+  console::RefuseValuesOfFlags(app);
 }
 
 void Parser::Run(int argc, const char* const* argv) {
@@ -184,7 +184,6 @@ void Parser::AddOptions() {
                    ->excludes(option);
   app.add_flag("--password-stdin", passwordFromStdin,
                "Read the password from the first line of standard input")
-      ->disable_flag_override()
       ->excludes(option)
       ->excludes(file);
   app.add_option("--third", credentials.third,

@@ -63,7 +63,8 @@ std::string DescribedEntry(const AddressBook& book, const std::string& name) {
 
 // Throws a Refusal unless the status is 0: a NotFound if the book has no such entry.
 void RequireEntry(std::int32_t status, const AddressBook& book, const std::string& name,
-                  const std::string& verb, bool isChange = true) {
+                  const std::string& verb,
+                  void (*require)(std::int32_t, std::string_view) = RequireChange) {
   if (status == quillkit::kDataNotFound) {
     throw NotFound("the " + TitleOf(book) + " has no entry " + console::Quoted(name));
   }
@@ -71,7 +72,7 @@ void RequireEntry(std::int32_t status, const AddressBook& book, const std::strin
   if (status == quillkit::kUnusableInput) {
     throw Refusal("cannot " + what + ": the appliance delivers another one");
   }
-  isChange ? RequireChange(status, what) : RequireSuccess(status, what);
+  require(status, what);
 }
 
 // Prints entries in the form that the arguments select. Add() prints a JSON line at once; Finish()
@@ -130,7 +131,7 @@ std::optional<console::Row> FindEntry(const Session& session, const AddressBook&
     return false;
   };
   const std::int32_t status = book.change(book, *session.Scanner(), name, keep);
-  if (status != quillkit::kDataNotFound) RequireEntry(status, book, name, "read", false);
+  if (status != quillkit::kDataNotFound) RequireEntry(status, book, name, "read", RequireSuccess);
   return found;
 }
 

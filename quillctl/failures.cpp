@@ -3,6 +3,7 @@
 #include <map>
 
 #include "bridge/status.h"
+#include "console/displayed_text.h"
 #include "toolkit/quillkit.h"
 
 namespace quillctl {
@@ -54,6 +55,15 @@ void RequireChange(std::int32_t status, std::string_view what) {
                         ": " + CodeAndText(status));
   }
   RequireSuccess(status, what);
+}
+
+NotFound NoAccount(const std::string& name) {
+  return NotFound("the appliance has no account " + console::Quoted(name) +
+                  "; see quillctl user list");
+}
+
+void RequireNewName(const std::string& name, const std::string& newName) {
+  if (name == newName) throw UsageError("the new name is the old one");
 }
 
 void RequireStatus(std::int32_t status, std::int32_t expected) {

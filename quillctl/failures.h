@@ -73,6 +73,12 @@ void MakeChange(Call call, std::string_view what) {
   RequireChange(call(), what);
 }
 
+// Returns the failure for an account that does not exist.
+NotFound NoAccount(const std::string& name);
+
+// Throws a UsageError if something would get the name that it has.
+void RequireNewName(const std::string& name, const std::string& newName);
+
 // Throws a Refusal that gives both codes unless the status is the expected one.
 void RequireStatus(std::int32_t status, std::int32_t expected);
 

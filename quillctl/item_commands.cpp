@@ -106,7 +106,7 @@ void RenameItem(const Session& session, const ItemArguments& a) {
   quillkit::CSoftKey* found = FindKey(session.LoadKeys(true), a.key);
   ItemFields fields = ItemOf(found, a.name);
   const std::string name = std::exchange(fields.name, a.newName);
-  if (name == a.newName) throw UsageError("the new name is the old one");
+  RequireNewName(name, a.newName);
   const std::string what = DescribedItem(name, a.key);
   const OwnedItem item = MakeItem(fields);
   MakeChange([&] { return quillkit::RenameMenuItem(found, name, item.get(), 0); },

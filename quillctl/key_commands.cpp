@@ -51,7 +51,7 @@ namespace {
 void RenameKey(const Session& session, const KeyArguments& a) {
   quillkit::CTopLevelAB* book = session.LoadKeys(false);
   const std::string name = quillkit::GetKeyName(FindKey(book, a.name));
-  if (name == a.newName) throw UsageError("the new name is the old one");
+  RequireNewName(name, a.newName);
   const OwnedKey key = MakeKey(a.newName, book);
   const std::string what = "the key " + console::Quoted(name) + " to " + console::Quoted(a.newName);
   MakeChange([&] { return quillkit::RenameSoftKey(book, name, key.get()); }, "rename " + what);

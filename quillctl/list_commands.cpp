@@ -121,7 +121,7 @@ class Lists {
   }
 
   void Rename(const Arguments& a) {
-    if (a.name == a.newName) throw UsageError("the new name is the old one");
+    RequireNewName(a.name, a.newName);
     const std::string names = Named(a.name) + " to " + console::Quoted(a.newName);
     const std::set<console::Row> rows = RowsOf(ReadNamed(a.name));
     if (console::IsDryRun(a.consent, "Rename " + names)) return;

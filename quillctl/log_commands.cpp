@@ -50,7 +50,8 @@ bool MayExist(const Session& session, const std::string& name) {
 }
 
 // Reads the records of the user that the arguments name. Sets `user` to the name as the records
-// have it. Throws a NotFound if there are none and no such account.
+// have it. Throws a NotFound if there are none and no such account; for JSON, prints an empty list
+// first.
 std::vector<std::string> ReadLog(const Session& session, const Arguments& a, std::string& user) {
   std::vector<std::string> records;
   for (const std::string& each : console::FormsOf(a.user)) {
@@ -61,8 +62,7 @@ std::vector<std::string> ReadLog(const Session& session, const Arguments& a, std
     if (MayExist(session, each)) return records;
   }
   if (a.json) console::PrintJson(console::Json::array());
-  throw NotFound("the appliance has no account " + console::Quoted(a.user) +
-                 "; see quillctl user list");
+  throw NoAccount(a.user);
 }
 
 // Returns the bytes with a space in place of each group of zero bytes.

@@ -77,10 +77,7 @@ struct Account {
     name = console::StoredName(
         typed, [&](const std::string& form) { return FindUser(users, form) != nullptr; });
     const quillkit::CUserEntry* const found = FindUser(users, name);
-    if (found == nullptr) {
-      throw NotFound("the appliance has no account " + console::Quoted(typed) +
-                     "; see quillctl user list");
-    }
+    if (found == nullptr) throw NoAccount(typed);
     user.SetFrom(&book, *found);
     user.tag = found->tag;
   }
@@ -174,7 +171,7 @@ void EditUser(const Credentials& credentials, const Arguments& a) {
 }
 
 void RenameUser(const Session& session, const Arguments& a) {
-  if (a.name == a.newName) throw UsageError("the new name is the old one");
+  RequireNewName(a.name, a.newName);
   Account account(session, a.name);
   account.user.SetName(a.newName);
   account.Change("rename", [&] { return account.book.RenameUser(account.name, &account.user, 0); });
