@@ -19,7 +19,7 @@
 #include "capi/call_turn.h"
 #include "capi/handle_table.h"
 #include "capi/recorded_status.h"
-#include "platform/call_scope.h"
+#include "platform/thread_timer.h"
 #include "toolkit/quillkit.h"
 
 namespace quillkit {
@@ -240,7 +240,7 @@ std::int32_t InTurn(Work work, Arguments... arguments) noexcept {
     std::int32_t fault = turn.Fault();
     ((fault = fault != 0 ? fault : Check(arguments)), ...);
     if (fault != 0) return fault;
-    const CallScope scope;
+    EnterLibrary();
     if constexpr (std::is_void_v<decltype(work(ValueOf(arguments)...))>) {
       work(ValueOf(arguments)...);
       return 1;

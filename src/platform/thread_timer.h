@@ -19,6 +19,11 @@ TimerId StartThreadTimer(std::uint32_t period, TimerRoutine routine);
 // Stops a timer of the calling thread. Ignores an unknown id.
 void StopThreadTimer(TimerId timer);
 
+// Called at the start of every exported function. On POSIX it runs each due timer of the calling
+// thread once: if none is due, it costs a few nanoseconds. May run a timer a few milliseconds late.
+// On Windows it does nothing.
+void EnterLibrary();
+
 }  // namespace quillkit
 
 #endif  // QUILLKIT_PLATFORM_THREAD_TIMER_H_

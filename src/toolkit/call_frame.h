@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "base/secret.h"
-#include "platform/call_scope.h"
+#include "platform/thread_timer.h"
 
 namespace quillkit {
 
@@ -16,7 +16,7 @@ namespace quillkit {
 // copies are wiped: one may be a password. Exceptions of `work` pass through.
 template <class Work, class... Texts>
 auto InFrame(Work work, const Texts&... texts) {
-  const CallScope scope;
+  EnterLibrary();
   return work(SecretText(std::string_view(texts).substr(0, texts.find('\0')))...);
 }
 

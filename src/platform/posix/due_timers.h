@@ -9,10 +9,6 @@ namespace quillkit {
 // within a running timer does nothing and returns 0.
 int RunDueTimers();
 
-// The same, for frequent calls: costs a few nanoseconds if no timer is due. May run a timer a few
-// milliseconds late.
-void PollDueTimers();
-
 // Returns the descriptor that is readable while a timer of the calling thread is due, or -1.
 int TimerDescriptor();
 

@@ -106,4 +106,6 @@ void StopThreadTimer(TimerId timer) {
   if (routines != nullptr && routines->Remove(timer)) KillTimer(nullptr, timer);
 }
 
+void EnterLibrary() {}
+
 }  // namespace quillkit

@@ -10,7 +10,6 @@
 #include <chrono>
 #include <thread>
 
-#include "platform/call_scope.h"
 #include "platform/posix/event_loop.h"
 #include "platform/thread_timer.h"
 #include "tests/platform/process.h"
@@ -61,7 +60,7 @@ TEST_F(DueTimersTest, MissedPeriodsCauseOneRunAndTimerRunsDoNotNest) {
   timer = StartThreadTimer(kPeriod, [] {
     if (++runs == 1) std::this_thread::sleep_for(kSeveralPeriods);
     nested += RunDueTimers();
-    const CallScope scope;
+    EnterLibrary();
   });
   std::this_thread::sleep_for(3 * kSeveralPeriods);
   EXPECT_EQ(RunDueTimers(), 1);

@@ -1,7 +1,0 @@
-#include "platform/call_scope.h"
-
-namespace quillkit {
-
-CallScope::CallScope() = default;
-
-}  // namespace quillkit
