@@ -22,6 +22,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "base/entry_block.h"
 #include "base/secret.h"
 #include "bridge/agent.h"
 #include "bridge/records.h"
@@ -48,6 +49,17 @@ void TerminateDelivered(Row* rows, std::uint32_t capacity, std::uint32_t deliver
   if (rows == nullptr) return;
   Row* first = rows + (direction == 1 ? 0 : capacity - delivered);
   std::for_each(first, first + delivered, [](Row& each) { each.Terminate(); });
+}
+
+// Keeps the records that a read into the block delivered; see EntryBlock::KeepDelivered. A failed
+// read that leaves the count unchanged has delivered nothing: all records become blank.
+template <class Record>
+void KeepReply(EntryBlock<Record>& block, Status status, std::uint32_t count,
+               std::int32_t direction) {
+  const auto delivered = static_cast<std::int32_t>(count);
+  const bool isUnchanged = delivered == block.count();
+  block.KeepDelivered(delivered, direction);
+  if (isUnchanged && status != kNoError && status != kMoreData) block.BlankAll();
 }
 
 template <class Entry>

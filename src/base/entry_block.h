@@ -4,13 +4,12 @@
 //   1. data() is block() plus skip() records; both are null without a block.
 //   2. count() records from data() on are live, and are inside the block.
 //   3. Records are trivially copyable and are moved bytewise. The block comes from the C allocator,
-//      so that it can be resized in place. New records are blank, in case the server claims to have
-//      delivered records that it did not. In a new block and after Resize() they are zero. In a
-//      reused block, Allocate() calls Blank(), which may leave bytes of an earlier record after the
-//      NUL of a text; AllocateToRead() leaves earlier records until KeepDelivered().
-//   4. Records from `dirty` on are blank: AllocateToRead() does not touch them. The exception is a
-//      record that the server wrote beyond the count that it reported. A later read that counts the
-//      record and does not write it shows it.
+//      so that it can be resized in place. New records are zero in a new block and after Resize().
+//      In a reused block, Allocate() calls Blank(), which may leave bytes of an earlier record
+//      after the NUL of a text. AllocateToRead() leaves the records of earlier reads: one that the
+//      server counts and does not write is blank or from an earlier read.
+//   4. Records from `dirty` on are blank, except one that the server wrote beyond the count that it
+//      reported.
 //   5. A record with a password is wiped as soon as it is not live, and in the memory that it was
 //      moved from.
 //
@@ -72,34 +71,30 @@ class EntryBlock {
   // of it. Returns false and leaves no block if `count` is not above 0 or the allocation fails.
   bool Allocate(std::int32_t count) {
     if (!Renew(count)) return false;
-    Blank(begin(), end());
+    BlankAll();
     dirty = 0;
     return true;
   }
 
-  // Like Allocate(), for records that a read overwrites. In a reused block the records are only
-  // marked, in their first bytes. After the read, call KeepDelivered().
+  // Like Allocate(), for records that a read overwrites: in a reused block they keep what they
+  // held. After the read, call KeepDelivered().
   bool AllocateToRead(std::int32_t count) {
-    static_assert(!HoldsPassword<Record>, "a marked record is not wiped");
-    if (!Renew(count)) return false;
-    std::for_each(storage, storage + dirty,
-                  [](Record& each) { std::memcpy(Raw(&each), kMark, sizeof kMark); });
-    return true;
+    static_assert(!HoldsPassword<Record>, "the records are not wiped");
+    return Renew(count);
   }
 
-  // After a read into the records, keeps the `count` that it delivered, as Shrink(). Zeroes the
-  // others, and those that it counted but did not write.
+  // After a read into the records, keeps the `count` that it delivered, as Shrink(), and zeroes the
+  // others.
   bool KeepDelivered(std::int32_t count, std::int32_t direction) {
     if (!Keep(count, direction)) return false;
-    const Record* const first = begin();
-    const Record* const last = end();
-    for (Record* each = storage; each != storage + dirty; ++each) {
-      const bool isLive = each >= first && each < last;
-      if (!isLive || IsMarked(*each)) std::memset(Raw(each), 0, sizeof(Record));
-    }
+    Zero(storage, std::min(skipped, dirty));
+    if (dirty > skipped + live) Zero(data() + live, dirty - skipped - live);
     dirty = skipped + live;
     return true;
   }
+
+  // Makes all live records blank.
+  void BlankAll() { Blank(begin(), end()); }
 
   // Changes the number of live records to `count`; keeps skip() and the records that fit. Returns
   // false and changes nothing if `count` is not above 0 or the allocation fails.
@@ -107,7 +102,7 @@ class EntryBlock {
     if (!Fits(count) || count > INT32_MAX - skipped || !Fits(skipped + count)) return false;
     const bool hasRoom = count > live && skipped + count <= capacity;
     if (!hasRoom && !Reallocate(skipped + count)) return false;
-    if (count > live) std::memset(Raw(data() + live), 0, Bytes(count - live));
+    if (count > live) Zero(data() + live, count - live);
     live = count;
     dirty = DirtyOrLive();
     return true;
@@ -178,9 +173,6 @@ class EntryBlock {
   const Record* end() const { return data() + live; }
 
  private:
-  // An empty name, and bytes after it that no server sends.
-  static constexpr char kMark[] = "\0\xA5\x5A\xC3\x3C\x96\x69";
-
   static std::size_t Bytes(std::int32_t count) {
     return static_cast<std::size_t>(count) * sizeof(Record);
   }
@@ -229,8 +221,8 @@ class EntryBlock {
     return true;
   }
 
-  static bool IsMarked(const Record& record) {
-    return std::memcmp(&record, kMark, sizeof kMark) == 0;
+  static void Zero(Record* records, std::int32_t count) {
+    if (count > 0) std::memset(Raw(records), 0, Bytes(count));
   }
 
   static void Blank(Record* first, Record* last) {

@@ -74,7 +74,7 @@ Status CPrivEntryPage::Remove(CEmailEntry* entry, std::int32_t reload) {
 }
 
 Status CPrivEntryPage::LoadAll() {
-  Allocate(MaxPrivateEntries);
+  entries.AllocateToRead(MaxPrivateEntries);
   return Load({}, 1);
 }
 

@@ -165,7 +165,7 @@ Status ServerList<Entry, BookClass, kListKind>::FillMembers(std::uint32_t* deliv
   const std::int32_t size = members.count();
   auto count = static_cast<std::uint32_t>(size);
   const Status status = count != 0 ? Access().ReadAll(members.data(), &count) : kNoError;
-  members.KeepDelivered(static_cast<std::int32_t>(count), 1);
+  KeepReply(members, status, count, 1);
   if (members.count() < size) members.Resize(size);
   if (delivered != nullptr) *delivered = count;
   return status;

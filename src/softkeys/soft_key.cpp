@@ -28,7 +28,7 @@ Status CSoftKey::Load(const std::string& name, CTopLevelAB* newOwner, std::strin
   const Status status =
       owner->ReadUnterminatedItems(keyName, &range, items.data(), &count, direction);
   if (status == kDataNotFound) count = 0;
-  items.KeepDelivered(static_cast<std::int32_t>(count), direction);
+  KeepReply(items, status, count, direction);
   return count != 0 ? status : kNoError;
 }
 

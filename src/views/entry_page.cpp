@@ -23,6 +23,11 @@ void CEntryPage::Attach(std::int32_t capacity, const BookAccess<CEmailEntry>& ne
   if (!Allocate(capacity) && capacity > 0) throw std::bad_alloc();
 }
 
+void CEntryPage::AttachToRead(std::int32_t capacity, const BookAccess<CEmailEntry>& newBook) {
+  book.emplace(newBook);
+  if (!entries.AllocateToRead(capacity) && capacity > 0) throw std::bad_alloc();
+}
+
 int CEntryPage::UpdateAt(std::int32_t index, const CEmailEntry& entry) {
   CEmailEntry* slot = At(index);
   return slot != nullptr ? slot->SetFrom(entry) : 0;
@@ -80,7 +85,7 @@ Status CEntryPage::Fill(std::string_view key, std::string_view filter, std::int3
   auto delivered = static_cast<std::uint32_t>(Count());
   const Status status = book->Read(&range, Data(), &delivered, direction);
   if (status == kDataNotFound) delivered = 0;
-  entries.KeepDelivered(static_cast<std::int32_t>(delivered), direction);
+  KeepReply(entries, status, delivered, direction);
   return status;
 }
 

@@ -3,9 +3,9 @@
 // Invariants:
 //   1. The records are in one block (base/entry_block.h). After a short read backwards, Skip()
 //      unused records precede Data() in it.
-//   2. Between Allocate and Fill, Count() is the capacity, and all entries are blank. Fill asks the
-//      server for that number. A page that was read empty has no capacity: attach it again before
-//      the next Fill.
+//   2. Between Allocate and Fill, Count() is the capacity, and all entries are blank or, after
+//      AttachToRead, from an earlier read. Fill asks the server for that number. A page that was
+//      read empty has no capacity: attach it again before the next Fill.
 //
 // A pointer to an entry is valid until the next non-const call. Only Fill makes a server call.
 
@@ -31,6 +31,9 @@ class CEntryPage {
   // Stores the access to the book's entries, whose agent must outlive the page, and allocates.
   // Throws std::bad_alloc if a capacity above 0 cannot be allocated.
   void Attach(std::int32_t capacity, const BookAccess<CEmailEntry>& newBook);
+
+  // The same for a Fill that follows at once: the entries stay what they were.
+  void AttachToRead(std::int32_t capacity, const BookAccess<CEmailEntry>& newBook);
 
   // --- The block: as EntryBlock ---
 

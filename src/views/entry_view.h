@@ -143,9 +143,9 @@ class CEntryView {
   // Returns the filter that matches the names starting with a letter.
   static std::string LetterFilter(char letter) { return {letter, '*'}; }
 
-  // Attaches a page to the book, if there is one.
+  // Attaches a page to the book, if there is one, for a Fill that follows.
   void AttachPage(CEntryPage& page, std::int32_t capacity) const {
-    if (book != nullptr) page.Attach(capacity, book->Entries());
+    if (book != nullptr) page.AttachToRead(capacity, book->Entries());
   }
 
   // Returns the row of exactly this letter, or -1.

@@ -135,7 +135,9 @@ void CSlidingEntryView::Reset() {
 
 std::int32_t CSlidingEntryView::SetPageSize(std::int32_t size) {
   if (size <= 0) return 0;
-  AttachPages(size);
+  for (CEntryPage* page : {&lowPage, &midPage, &highPage}) {
+    if (book != nullptr) page->Attach(size, book->Entries());
+  }
   return size;
 }
 
@@ -181,15 +183,9 @@ bool CSlidingEntryView::IsSpanEmpty() const {
   return lowPage.IsEmpty() && midPage.IsEmpty() && highPage.IsEmpty();
 }
 
-void CSlidingEntryView::AttachPages(std::int32_t capacity) {
-  if (book == nullptr) return;
-  const BookAccess<CEmailEntry> entries = book->Entries();
-  for (CEntryPage* page : {&lowPage, &midPage, &highPage}) page->Attach(capacity, entries);
-}
-
 template <class Read>
 Status CSlidingEntryView::LoadSpan(Read read) {
-  AttachPages(GetPageSize());
+  for (CEntryPage* page : {&lowPage, &midPage, &highPage}) AttachPage(*page, GetPageSize());
   BeginAccess();
   const Status status = read();
   EndAccess();

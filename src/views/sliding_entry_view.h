@@ -118,7 +118,6 @@ class CSlidingEntryView : public CEntryView {
   static Status ReadOnward(CEntryPage& first, CEntryPage& second, CEntryPage& third,
                            const EntryKey& key, std::string_view filter, std::int32_t direction);
   Status ReadAround(std::string_view key, bool* endsAtKey);
-  void AttachPages(std::int32_t capacity);
 
   Status PositionAt(std::int32_t index);
   CEmailEntry* Seek(std::string_view key, std::int32_t exact);

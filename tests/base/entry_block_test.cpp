@@ -72,10 +72,14 @@ class EntryBlockWalk : public testing::TestWithParam<unsigned> {
     }
   }
 
-  // A read that counts some records and writes some of them.
+  // A read that counts some records and writes some of them. The others keep what they held: blanks
+  // or whole records.
   bool Read(std::int32_t number, std::int32_t direction) {
     const bool isAllocated = block.AllocateToRead(number);
-    ids.resize(static_cast<std::size_t>(Draw(0, Count())));
+    std::ranges::transform(block, ids.begin(), &Record::IdIfClean);
+    EXPECT_EQ(std::ranges::count(ids, -1), 0);
+    const auto unread = ids.begin() + Draw(0, Count());
+    ids.erase(direction == 0 ? ids.begin() : unread, direction == 0 ? unread : ids.end());
     const std::int32_t unused = std::max(number, 0) - Count();
     if (direction == 0 && Count() != 0) skip = unused;
     for (std::int32_t i = 0; i < Count(); ++i) {
