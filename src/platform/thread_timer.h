@@ -19,9 +19,9 @@ TimerId StartThreadTimer(std::uint32_t period, TimerRoutine routine);
 // Stops a timer of the calling thread. Ignores an unknown id.
 void StopThreadTimer(TimerId timer);
 
-// Called at the start of every exported function. On POSIX it runs each due timer of the calling
-// thread once: if none is due, it costs a few nanoseconds. May run a timer a few milliseconds late.
-// On Windows it does nothing.
+// Exported functions call this before their work. On POSIX it runs the due timers of the calling
+// thread, perhaps a few milliseconds late; it takes a few nanoseconds if none is due. On Windows it
+// does nothing.
 void EnterLibrary();
 
 }  // namespace quillkit

@@ -11,9 +11,9 @@
 
 namespace quillkit {
 
-// Calls `work` in the context of the library and returns its result. `work` gets a copy of each
-// text argument, up to the first NUL: the text may belong to an object that `work` changes. The
-// copies are wiped: one may be a password. Exceptions of `work` pass through.
+// Runs the due timers, then calls `work` and returns its result. `work` gets a copy of each text
+// argument, up to the first NUL: the text may belong to an object that `work` changes. The copies
+// are wiped: one may be a password. Exceptions of `work` pass through.
 template <class Work, class... Texts>
 auto InFrame(Work work, const Texts&... texts) {
   EnterLibrary();

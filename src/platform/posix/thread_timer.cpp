@@ -61,9 +61,9 @@ class ThreadTimers {
 };
 
 // The data of a thread. Neither variable has a destructor, so both can be read even while the
-// thread or the process ends. Every exported function reads the first one. This TLS model makes
-// that a load instead of a call. The library then takes 16 bytes of the space that the C library
-// reserves for such data of libraries that are loaded later.
+// thread or the process ends. Exported functions read the first one: with this TLS model, that is a
+// load and no call. It uses a few bytes of the static TLS space that the C library reserves for
+// libraries loaded with dlopen.
 [[gnu::tls_model("initial-exec")]] constinit thread_local Nanoseconds firstDue = kNever;
 // Null until the first timer is started.
 [[gnu::tls_model("initial-exec")]] constinit thread_local ThreadTimers* ownTimers = nullptr;
