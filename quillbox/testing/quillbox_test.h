@@ -51,7 +51,7 @@ class QuillboxTest : public testing::Test {
   // The calls since UseScenario, as "IMSPAbort = 0".
   static std::vector<std::string> Calls() {
     std::vector<std::string> calls;
-    calls.reserve(SimulatorCallCount());
+    calls.reserve(static_cast<std::size_t>(SimulatorCallCount()));
     for (std::int32_t i = 0; i < SimulatorCallCount(); ++i) {
       calls.push_back(std::string(SimulatorCallText(i)) + " = " +
                       std::to_string(SimulatorCallStatus(i)));
