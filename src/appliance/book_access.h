@@ -51,15 +51,19 @@ void TerminateDelivered(Row* rows, std::uint32_t capacity, std::uint32_t deliver
   std::for_each(first, first + delivered, [](Row& each) { each.Terminate(); });
 }
 
-// Keeps the records that a read into the block delivered; see EntryBlock::KeepDelivered. A failed
-// read that leaves the count unchanged has delivered nothing: all records become blank.
+// Keeps the records that a read into the block delivered; see EntryBlock::KeepDelivered. If a
+// failed read leaves the count and the record farthest from the key unchanged, it has delivered
+// nothing, and all records become blank.
 template <class Record>
 void KeepReply(EntryBlock<Record>& block, Status status, std::uint32_t count,
                std::int32_t direction) {
   const auto delivered = static_cast<std::int32_t>(count);
-  const bool isUnchanged = delivered == block.count();
+  const bool isRead = status == kNoError || status == kMoreData;
+  const Record* farthest = block.At(direction == 1 ? block.count() - 1 : 0);
+  const bool isUntouched =
+      !isRead && delivered == block.count() && farthest != nullptr && farthest->name.IsEmpty();
   block.KeepDelivered(delivered, direction);
-  if (isUnchanged && status != kNoError && status != kMoreData) block.BlankAll();
+  if (isUntouched) block.BlankAll();
 }
 
 template <class Entry>

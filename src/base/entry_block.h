@@ -7,9 +7,8 @@
 //      so that it can be resized in place. New records are zero in a new block and after Resize().
 //      In a reused block, Allocate() calls Blank(), which may leave bytes of an earlier record
 //      after the NUL of a text. AllocateToRead() leaves the records of earlier reads: one that the
-//      server counts and does not write is blank or from an earlier read.
-//   4. Records from `dirty` on are blank, except one that the server wrote beyond the count that it
-//      reported.
+//      server counts and does not write is blank or an earlier record, perhaps of another list.
+//   4. Records from `dirty` on are blank, except one that was written beyond the count of a read.
 //   5. A record with a password is wiped as soon as it is not live, and in the memory that it was
 //      moved from.
 //
@@ -76,15 +75,18 @@ class EntryBlock {
     return true;
   }
 
-  // Like Allocate(), for records that a read overwrites: in a reused block they keep what they
-  // held. After the read, call KeepDelivered().
+  // Like Allocate(), for records that a read overwrites: in a reused block all keep what they held,
+  // except the first and the last. After the read, call KeepDelivered().
   bool AllocateToRead(std::int32_t count) {
     static_assert(!HoldsPassword<Record>, "the records are not wiped");
-    return Renew(count);
+    if (!Renew(count)) return false;
+    Blank(begin(), begin() + 1);
+    Blank(end() - 1, end());
+    return true;
   }
 
   // After a read into the records, keeps the `count` that it delivered, as Shrink(), and zeroes the
-  // others.
+  // others that may not be blank.
   bool KeepDelivered(std::int32_t count, std::int32_t direction) {
     if (!Keep(count, direction)) return false;
     Zero(storage, std::min(skipped, dirty));

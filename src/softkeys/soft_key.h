@@ -44,9 +44,9 @@ class CSoftKey {
 
   // Reads up to 512 items of the key `name`, starting after `firstName`. Returns the status of the
   // read. A missing or empty book, or a failure that delivers nothing, returns 0 and leaves no
-  // items. After 21 or any other failure, the key holds what was delivered, or 512 blank items if
-  // the server left the count unchanged. An item that it counts but does not write is blank or from
-  // an earlier read.
+  // items. After 21 the key holds the first 512 items. After any other failure it holds what was
+  // delivered, or 512 blank items if the server changed neither the count nor the last item. An
+  // item that it counts but does not write is blank or an earlier one, perhaps of another key.
   // Returns -1 and makes no server call without an owner (no change), without memory (name and
   // owner are set, the items are released), and without a scanner (512 blank items).
   // Server calls: IMSPReadAB.

@@ -94,9 +94,8 @@ class CEntryPage {
   // Reads Count() entries that match `filter`, in `direction` (1: forward from after `key`, 0:
   // backward from before it). `key` and `filter` are truncated to 31 bytes. The page then holds
   // what was delivered, and nothing if the status is 4. If a failed call leaves the count
-  // unchanged, the page holds blank entries. Returns the status. Returns -1 and makes no server
-  // call if Count() is 0 or the page was never attached.
-  // Server calls: IMSPReadAB.
+  // and the entries unchanged, the page holds blank entries. Returns the status. Returns -1 and
+  // makes no server call if Count() is 0 or the page was never attached. Server calls: IMSPReadAB.
   Status Fill(std::string_view key, std::string_view filter, std::int32_t direction);
 
  protected:

@@ -130,6 +130,21 @@ TEST_P(EntryBlockWalk, HoldsTheSameRecordsAsAVectorAfterEachRandomChange) {
 
 INSTANTIATE_TEST_SUITE_P(Seeds, EntryBlockWalk, testing::Range(1U, 33U));
 
+TEST(EntryBlock, ARecordThatTheLatestReadDidNotDeliverIsBlankInTheNextOne) {
+  for (const std::int32_t direction : {0, 1}) {
+    EntryBlock<Record> block;
+    for (int read = 0; read < 2; ++read) {
+      ASSERT_TRUE(block.AllocateToRead(5));
+      for (Record& each : block) each.id = 7;
+      block.KeepDelivered(read == 0 ? 5 : 2, direction);
+    }
+    ASSERT_TRUE(block.AllocateToRead(5));
+    for (std::int32_t i = 0; i < 5; ++i) {
+      EXPECT_EQ(block.At(i)->IdIfClean(), i == (direction == 1 ? 1 : 3) ? 7 : 0) << "record " << i;
+    }
+  }
+}
+
 TEST(EntryBlock, RejectsASkipAndACountWhoseSumOverflows) {
   EntryBlock<Record> block;
   ASSERT_TRUE(block.Allocate(3));

@@ -76,6 +76,16 @@ TEST_F(EmailBookTest, PassesNavigationAndChangesToTheView) {
   EXPECT_STREQ(book.Find("Bo", 0)->Address(), "new");
 }
 
+TEST_F(EmailBookTest, AFailedReadThatDeliversNothingLeavesBlankEntriesInTheSpan) {
+  book.First();
+  SimulatorSetDefects(kDefectFailedCount);
+  SimulatorFail("IMSPReadAB", 0, kFault);
+  EXPECT_EQ(book.Find("Bo", 1), nullptr);
+  ASSERT_NE(book.Next(), nullptr);
+  EXPECT_TRUE(book.Prev()->IsBlank());
+  EXPECT_TRUE(book.Next()->IsBlank());
+}
+
 TEST_F(EmailBookTest, OnlyViewModeTwoChangesEntriesInPlace) {
   for (const std::int32_t mode : {0, 1, 2, 7}) {
     SCOPED_TRACE(testing::Message() << "view mode " << mode);

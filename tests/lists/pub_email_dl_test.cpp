@@ -48,6 +48,13 @@ TEST_F(PublicListTest, AReloadReadsMoreThan512Members) {
   EXPECT_EQ(withoutBook.AddMember(&entry, 0), kRefused) << "a full list also needs a book";
 }
 
+TEST_F(PublicListTest, AFailedReloadThatDeliversNothingLeavesBlankMembers) {
+  SimulatorSetDefects(kDefectFailedCount);
+  SimulatorFail("IMSPReadAB", 1, kFault);
+  EXPECT_EQ(list.Reload(), kFault);
+  EXPECT_EQ(Members(list), "=:0 =:0 =:0 ");
+}
+
 TEST_F(PublicListTest, RenamingReplacesTheMemberOfTheNewName) {
   PutTeam({"Dan"});
   box->PublicList("Team").Delete("Bea");

@@ -86,12 +86,12 @@ TEST_F(SoftKeyTest, LoadsFromANameInBothDirections) {
 
 TEST_F(SoftKeyTest, IsEmptyAfterALoadWithoutDataEvenIfTheServerLeavesTheCountUnchanged) {
   SimulatorSetDefects(kDefectFailedCount);
-  SimulatorFail("IMSPReadAB", 1, kDataNotFound);
-  EXPECT_EQ(key.Load("B", &book, {}, 1), kNoError);
-  EXPECT_TRUE(key.IsEmpty());
   SimulatorFail("IMSPReadAB", 1, kFault);
   EXPECT_EQ(key.Load("B", &book, {}, 1), kFault);
   EXPECT_EQ(NamesOf(key), Names(512));
+  SimulatorFail("IMSPReadAB", 1, kDataNotFound);
+  EXPECT_EQ(key.Load("B", &book, {}, 1), kNoError);
+  EXPECT_TRUE(key.IsEmpty());
 }
 
 TEST_F(SoftKeyTest, RefusesALoadWithoutAnOwnerOrAScanner) {
