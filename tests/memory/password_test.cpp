@@ -50,7 +50,7 @@ int CopiesIn(std::string_view bytes) {
 int CopiesInMemory() {
   static char block[1 << 20];                      // wiped after each search
   constexpr std::size_t kOverlap = kHalf - 1;      // a half may be in two blocks
-  constexpr std::uint64_t kLargest = 1ULL << 32U;  // larger regions belong to a sanitizer
+  constexpr std::uint64_t kLargest = 1ULL << 28U;  // larger regions belong to a sanitizer
   std::ifstream regions("/proc/self/maps");
   std::ifstream memory;
   memory.rdbuf()->pubsetbuf(nullptr, 0);
@@ -65,7 +65,8 @@ int CopiesInMemory() {
     for (; at + kOverlap < end; at += sizeof block - kOverlap) {
       memory.clear();
       memory.seekg(static_cast<std::streamoff>(at));
-      memory.read(block, static_cast<std::streamsize>(std::min(end - at, sizeof block)));
+      memory.read(block,
+                  static_cast<std::streamsize>(std::min<std::uint64_t>(end - at, sizeof block)));
       copies += CopiesIn({block, static_cast<std::size_t>(memory.gcount())});
       WipeBytes(block, sizeof block);
     }
