@@ -102,8 +102,8 @@ class ServerList : public DistributionList<Entry> {
   Status AllocateMembers(std::int32_t limit);
 
   // Reads the list into the allocated members, if there are any. The count stays, and members that
-  // were not delivered are blank. Stores the number that was delivered in `*delivered`, unless that
-  // is null. Returns the status. Server calls: IMSPReadAB.
+  // were not delivered are blank. Stores the number that the server reported in `*delivered`,
+  // unless that is null. Returns the status. Server calls: IMSPReadAB.
   Status FillMembers(std::uint32_t* delivered = nullptr);
 
   BookClass* book = nullptr;  // not owned
